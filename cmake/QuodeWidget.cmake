@@ -1,0 +1,20 @@
+# The widget, its views and its host are drawn with Qt; everything else is built without it.
+set(QUODE_WIDGET AUTO CACHE STRING "Build the widget and its host: ON, OFF, or AUTO for when Qt is installed")
+set_property(CACHE QUODE_WIDGET PROPERTY STRINGS AUTO ON OFF)
+
+set(QUODE_HAS_WIDGET OFF)
+if(QUODE_WIDGET STREQUAL "AUTO")
+  find_package(Qt6 6.4 QUIET COMPONENTS Widgets DBus)
+  set(QUODE_HAS_WIDGET ${Qt6_FOUND})
+elseif(QUODE_WIDGET)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets DBus)
+  set(QUODE_HAS_WIDGET ON)
+endif()
+
+if(QUODE_HAS_WIDGET)
+  message(STATUS "Widget: built with Qt ${Qt6_VERSION}")
+elseif(QUODE_WIDGET STREQUAL "AUTO")
+  message(STATUS "Widget: not built, because Qt 6.4 with Widgets and DBus was not found (package qt6-base-dev)")
+else()
+  message(STATUS "Widget: not built, as QUODE_WIDGET says")
+endif()
