@@ -1,0 +1,59 @@
+#pragma once
+
+#include "astro/VAKDate.h"
+
+namespace quode {
+
+/// Time arithmetic of the engine: Julian days, clock times, weekdays, summer time and the tabular Hijri calendar.
+/// Functions of their arguments alone, `GetCurrentDateTime` excepted.
+class AstroGlobalFuncs {
+  public:
+    /// Julian day of a civil date and time. The Julian calendar holds up to 14 October 1582, the Gregorian from then
+    /// on. year      without a year 0: the year before 1 is -1 month     1..12; day, hour, minute, second may lie
+    /// outside their ranges and carry over Returned: days; half a tenth of a millisecond is added so that the way back
+    /// never falls a second short. Source: Meeus, Astronomical Algorithms, chapter 7.
+    static double CalculateJulianDay(int year, int month, int day, int hour, int minute, int second);
+
+    /// Julian day of a record; its `MSeconds` are not read.
+    static double JulianDay(const VAKDate& date);
+
+    /// Fractional part, 0 <= result < 1, of negative numbers too.
+    static double frac(double x);
+
+    /// Splits decimal hours, after bringing them into 0..24, into whole hours, minutes and seconds (truncated).
+    static void ToHMS(double hours, int& hour, int& minute, int& second);
+
+    /// Angle of the point (x, y) in radians, 0 to 2 pi, in single precision. 0 for the point (0, 0).
+    static double ZArcTan2(double x, double y);
+
+    /// Calendar date of a Julian day. Returns the day of the month with its fraction; writes `date` only when `fill`.
+    static double JulianToCalendar(double julianDay, VAKDate& date, bool fill);
+
+    /// Weekday of a date, 0 = Sunday to 6 = Saturday.
+    static int DayOfWeek(int year, int month, int day);
+
+    /// Whether a date lies in summer time.
+    /// Rule months count from 0 = January. A rule day up to 30 is a day of the month counted from 0; above 30 it names
+    /// a weekday: 31 + 5 * weekday (0 = Sunday) + occurrence (0 first, 1 second, 2 third, 3 fourth, 4 last in the
+    /// month). A start month that is not before the stop month is a rule of the southern hemisphere. The start day lies
+    /// inside, the stop day outside. The two last arguments receive the day of the month on which a weekday rule starts
+    /// and stops in that year; -1 for fixed days, invalid rules and invalid dates.
+    static bool IsDSTDay(int startDay, int startMonth, int stopDay, int stopMonth, int year, int month, int day,
+                         int& startDayOfMonth, int& stopDayOfMonth);
+
+    /// x rounded to a number of decimals, in single precision.
+    static double Round(double x, int digits);
+
+    /// The present moment in the device's calendar and time zone.
+    static void GetCurrentDateTime(VAKDate& date);
+
+    /// Tabular Hijri date of a Julian day number; only `Years`, `Months` and `Days` are set. All three are -1 for days
+    /// before the Hijri era (day 1948440).
+    /// Source: the civil arithmetic calendar, cycle of 30 years with 11 leap years.
+    static VAKDate JulianToHicri(double julianDayNumber);
+
+    /// Tabular Hijri date of a civil date.
+    static VAKDate GregJulToHicri(int day, int month, int year);
+};
+
+}  // namespace quode

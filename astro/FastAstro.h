@@ -1,0 +1,484 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "astro/PrayTimes.h"
+#include "astro/SkyRecords.h"
+#include "astro/VAKDate.h"
+
+namespace quode {
+
+/// The two angles that `KibleAcisi` gives.
+struct KiblePair {
+    double i = 0.0;  ///< auxiliary angle of the qibla time, radians
+    double K = 0.0;  ///< qibla angle, degrees counter-clockwise from north (minus the azimuth, or 360 minus it)
+};
+
+/// Declination and equation of time at both ends of a day, with the sunrises and sunsets around it.
+struct SunInfoForPray {
+    double PrevDec = 0.0;      ///< declination at 0 h of the day, degrees
+    double CurrentDec = 0.0;   ///< never written
+    double NextDec = 0.0;      ///< declination at 0 h of the next day, degrees
+    double PrevTZ = 0.0;       ///< equation of time at 0 h of the day, hours
+    double CurrentTZ = 0.0;    ///< never written
+    double NextTZ = 0.0;       ///< equation of time at 0 h of the next day, hours
+    double SunRise = 0.0;      ///< of the previous day, universal time, or -1.0
+    double SunSet = 0.0;       ///< of the previous day, universal time, or -1.0
+    double SunNextRise = 0.0;  ///< of the day, universal time, or -1.0
+    double SunNextSet = 0.0;   ///< of the day, universal time, or -1.0
+};
+
+/// A place, its clock, and what has been computed for it.
+struct Place {
+    int ID = 0;
+    std::string CountryName, CityName, TownName, TownShipName;
+    double Latitude = 0.0;   ///< degrees, north positive
+    double Longitude = 0.0;  ///< degrees, east positive
+    double GMTValue = 0.0;   ///< hours east of Greenwich, summer time included while it is in force
+    bool DST = false;        ///< the place observes summer time
+    double DSTValue = 0.0;   ///< size of the shift, hours
+    int DSTStartDay = 0, DSTStartMonth = 0, DSTStopDay = 0, DSTStopMonth = 0;  ///< as `IsDSTDay` takes them
+    bool TemkinHeight = false;  ///< margin for 500 m of height; 250 m otherwise
+    bool isDSTTime = false;     ///< summer time is in force on the current date
+    PrayTimes TodayPrayTimes, NextPrayTimes;
+    KiblePair KibleAngle;
+};
+
+/// The astronomy engine for one place and one date: Sun, Moon, rise and set, prayer times and the Hijri date by
+/// visibility of the crescent.
+///
+/// Angles are degrees, times of day decimal hours, Julian days in universal time, longitudes east-positive, unless an
+/// operation says otherwise. A time that does not exist is -1.0 (Sun, prayers) or -1650.0 (Moon). Nothing throws; no
+/// result is a NaN or an infinity for latitudes -90..90, longitudes -180..180, zones -14..14 and years 1..9999.
+/// Operations communicate through the fields below: use one object from one thread at a time, and a fresh one for each
+/// place and day.
+///
+/// Many constants are published values rounded to single precision; some steps are taken in single precision. Both are
+/// part of the results.
+///
+/// Sources: J. Meeus, Astronomical Algorithms (chapters of the 2nd edition; the phases of the Moon with the
+/// coefficients of the 1st); O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer; P. Bretagnon and G.
+/// Francou, VSOP87 (1988); M. Chapront-Touze and J. Chapront, ELP-2000/82 (1983).
+class FastAstro {
+  public:
+    // ---- place and date ------------------------------------------------------------------------------------------
+
+    /// Sets the observer: degrees, north and east positive.
+    void SetLatLon(double latitude, double longitude);
+
+    /// Sets the date that is computed. Note the order day, month, year; the time of day stays.
+    void SetCurrentDate(int day, int month, int year);
+
+    /// Sets the date and time that are computed.
+    void SetCurrentDateTime(const VAKDate& date);
+
+    /// Sets the place. Give the date first: it decides whether summer time is in force.
+    /// latitude, longitude  degrees, north and east positive
+    /// GMT                  standard offset, hours east of Greenwich; half and quarter hours are kept
+    /// DST                  1 when the place observes summer time; the rule is then as `IsDSTDay` takes it
+    /// DSTValue             size of the shift in hours; `GMTValue` rises by exactly one hour whatever it says
+    /// temkin               1 for the margin of 500 m height, else that of 250 m
+    void SetPlace(double latitude, double longitude, double GMT, int DST, int startMonth, int startDay, int stopMonth,
+                  int stopDay, double DSTValue, int temkin);
+
+    /// Turns a local date and time into universal time, by the whole hours of the place's zone and its summer time.
+    void SetUniversalTime(VAKDate& date) const;
+
+    /// Turns universal hours of a date into local ones, by the whole hours of the zone and the summer time.
+    /// The result is not brought into 0..24. -1.0 stays.
+    void SetLocalTime(double& time, const VAKDate& date) const;
+
+    /// Moves a date and time by a number of days.
+    static void SetLocalTimeManual(VAKDate& date, double days);
+
+    /// Greenwich mean sidereal time in hours, not reduced.
+    static double GM_Sidereal_Time(double julianDay);
+
+    /// Local mean sidereal time, hours 0..24. The longitude counts positive to the west here.
+    static double LM_Sidereal_Time(double julianDay, double westLongitude);
+
+    // ---- Sun -----------------------------------------------------------------------------------------------------
+
+    /// Apparent place of the Sun from its mean elements, good to about 0.01 degree.
+    /// Sets `SunDec`, `SunRA` and `EclipticLongitude`. Source: Meeus, chapter 25.
+    void SunDecRA(double julianDay);
+
+    /// Apparent place of the Sun from the VSOP87 series of the Earth. Sets `SunDistance`, `SunDec` and `SunRA`.
+    void SunDecRAAccurate(double julianDay);
+
+    /// Mean longitude of the Sun, degrees 0..360. T in Julian centuries from J2000.
+    static double SunL(double T);
+
+    /// True obliquity of the ecliptic, degrees. T in Julian centuries from J2000. Source: Meeus, chapter 22.
+    static double Epsilon(double T);
+
+    /// Nutation in longitude, degrees. T in Julian centuries from J2000. Source: Meeus, chapter 22.
+    static double DeltaPSI(double T);
+
+    /// Equation of time in minutes (apparent less mean time) for the Sun's right ascension in hours.
+    /// Source: Meeus, chapter 28.
+    static double EquationOfTime(double julianDay, double rightAscension);
+
+    /// Altitude of the Sun in degrees. hourAngleOffset: hour angle at Greenwich, degrees.
+    double SunAltitude(double declination, double hourAngleOffset) const;
+
+    /// Azimuth of the Sun, degrees clockwise from north. Where there is none (in the zenith, at a pole): -1.0.
+    double SunAzimuth(double declination, double hourAngleOffset, double altitude) const;
+
+    /// Refraction in degrees at a true altitude in degrees; 0 where the formula has no value. Source: Saemundsson
+    /// (1986), in Meeus, chapter 16.
+    static double Refract(double altitude);
+
+    // ---- rise, set and transit -----------------------------------------------------------------------------------
+
+    /// Sine of the altitude of a body. The longitude counts positive to the west here; right ascension in hours.
+    static double SinElev(double julianDay, double latitude, double westLongitude, double declination,
+                          double rightAscension);
+
+    /// Altitude of a body in degrees; arguments as `SinElev`.
+    static double SunElev(double julianDay, double latitude, double westLongitude, double declination,
+                          double rightAscension);
+
+    /// Roots within -1..1 of the parabola through (-1, before), (0, middle) and (1, after).
+    /// Returns their number (0, 1 or 2) and sets `YE` (extreme value), `Zero1`, `Zero2` and `DX`.
+    /// Source: Montenbruck and Pfleger, chapter 3.
+    int Quad(double before, double after, double middle);
+
+    /// Looks for sunrise and sunset (altitude -50 arc minutes) from one hour before to one hour after the given hour.
+    /// Sets `UTRise`, `UTSet`, `Rise` and `Sett` for what it finds.
+    void RiseSet(int day, int month, int year, int hour);
+
+    /// Looks for sunrise and sunset through the place's civil day.
+    /// Sets `UTRise` and `UTSet` (universal time, hours, or -1.0) and the flags `Rise` and `Sett`.
+    void SunRiseSet(int day, int month, int year);
+
+    /// Sunrise, sunset, transit (universal time, hours) and equation of time of a date, written into the record, whose
+    /// right ascension is read.
+    void SunRiseSetTrans(const VAKDate& date, SunData& info);
+
+    // ---- prayer times --------------------------------------------------------------------------------------------
+
+    /// The times of the current date into the place's `TodayPrayTimes`, and the qibla. Returns the whole place.
+    const Place& CalculatePrayTimes();
+
+    /// The times of the next day into the place's `NextPrayTimes`, with the zone of the current date.
+    void CalculateNextPrayTimes();
+
+    /// The times of a date for the place's `GMTValue`.
+    /// latitude, longitude  degrees; temkin: margin for 500 m (else 250 m); times: what is filled; only its first flag
+    /// is cleared beforehand. hour, minute, second and zoneHours are not needed by the computation.
+    void CalculateAllPrayTimes(int day, int month, int year, int hour, int minute, int second, double latitude,
+                               double longitude, bool temkin, int zoneHours, PrayTimes& times, const KiblePair& kible);
+
+    /// Finds the time at which the Sun reaches an altitude, by iteration with the changing declination.
+    /// result               receives local hours, -1.0 when there are none; not to be used when 0 is returned
+    /// longitudeCorrection  -longitude / 15, hours
+    /// temkin               margin in hours, signed
+    /// angle                altitude in whole degrees; 1 and 2 stand for the shadow factors of the afternoon times
+    /// side                 -1 morning, +1 evening
+    /// Returned: 1 when the altitude is reached, else 0.
+    static int Iterasyon(double& result, double latitude, double longitudeCorrection, double temkin, double GMTValue,
+                         int angle, int side, const SunInfoForPray& sun);
+
+    /// Declinations, equations of time, sunrises and sunsets around a date, for the engine's place.
+    /// Returned and kept as `SunInfo`.
+    SunInfoForPray SunInformationForPray(int day, int month, int year);
+
+    /// The safety margin in hours for a latitude. The tables end at 60 degrees; beyond, their last row holds.
+    static double Temkin(double latitude, bool height500m);
+
+    /// Rounds a time to the minute, in single precision, with one second added so that it never shows as the minute
+    /// before.
+    static void MinuteCorrection(double& time);
+
+    /// The time cut to whole minutes, in single precision.
+    static double TimeToHourDeg(double time);
+
+    /// Adds a shift in hours to the times of the day (slots 0 to 12) that exist, and to `Gece2` and `Gece3`, whether
+    /// they exist or not.
+    static void SetPrayTimesToDSTTimes(PrayTimes& times, double shift);
+
+    /// The sunset-based time of a time: hours since the sunset before. The middle argument is not needed.
+    static double CalculateEzaniTimes(const PrayTimes& times, double ezani, double time);
+
+    /// Sets `EzaniAksam` to 12 and leaves the other sunset-based slots as they are.
+    static void CalculateAllEzaniTimes(PrayTimes& times);
+
+    // ---- qibla ---------------------------------------------------------------------------------------------------
+
+    /// Direction of the Kaaba from a place; see `KiblePair`. On the Kaaba's own meridian the angle is 0.
+    static KiblePair KibleAcisi(double latitude, double longitude);
+
+    // ---- Moon position -------------------------------------------------------------------------------------------
+
+    /// Place of the Moon from its largest terms, good to 0.07 degree in the first half of this century.
+    /// Sets `L_Moon` (radians, 0 to 2 pi), `B_Moon` (radians), `MoonDec` (degrees), `MoonRA` (hours, 0 <= x < 24) and
+    /// `MoonGHA` (degrees, 0..360). Source: Montenbruck and Pfleger, chapter 3.
+    void MoonDecRA(double julianDay);
+
+    /// Place of the Moon from 60 terms each of ELP-2000/82; see `MoonCompute::Moon_Coordinate`. Good to 0.02 degree and
+    /// 11 km in the first half of this century. Sets `MoonDec`, `MoonRA`, `MoonGHA` (ranges as with `MoonDecRA`) and
+    /// `MoonDist` (km).
+    void MoonDecRAAccurate(double julianDay);
+
+    /// Local mean sidereal time in hours 0..24 of a modified Julian day; longitude positive to the east.
+    /// The time of day also enters the slow terms, so that the result runs ahead during the day, by up to 4 minutes;
+    /// `LM_Sidereal_Time` does not. `MoonGHA`, `MoonTrueAltitude` and `SideRealTime` of the Sun inherit this.
+    static double LMST(double modifiedJulianDay, double longitude);
+
+    /// Local sidereal time of the engine's longitude, seconds of time within a day of 0; negative before 2000.
+    double MoonSideRealTime(double julianDay) const;
+
+    /// Distance of the Moon in km from a short series of its parallax, good to 1000 km.
+    static double MoonDistance(double julianDay);
+
+    /// Parallax in altitude, degrees, at an altitude in degrees and a distance in km.
+    static double MoonParallax(double altitude, double distance);
+
+    /// Geocentric altitude of the Moon, degrees; also kept as `MoonAlt`. Changes what `MoonDecRA` changes.
+    double MoonTrueAltitude(double julianDay);
+
+    /// Altitude of the Moon as the observer sees it (parallax and refraction), degrees. Changes what `MoonDecRA`
+    /// changes.
+    double MoonAppAltitude(const VAKDate& date);
+
+    /// Sets the observer's geocentric latitude `tLat` (degrees) and radius `trho` (Earth radii) from `Lat`.
+    void CalculateTLong();
+
+    /// Adds the diurnal aberration to right ascension and declination; all radians. Needs `CalculateTLong`.
+    void DiurnalAberration(double& rightAscension, double& declination, double siderealAngle) const;
+
+    /// Moves geocentric to topocentric coordinates; radians, distance in astronomical units. Nothing is done beyond
+    /// 1758.8 units. Needs `CalculateTLong`.
+    void DiurnalParallax(double& rightAscension, double& declination, double siderealAngle, double distance) const;
+
+    /// Topocentric altitude and azimuth in degrees of what the record `Moon` holds. Needs `CalculateTLong`.
+    void MoonAltitudeAzimuth(double& altitude, double& azimuth) const;
+
+    /// Azimuth in degrees clockwise from north; Greenwich hour angle and altitude in degrees. Where there is none (in
+    /// the zenith, at a pole): -1.0.
+    double MoonAzimuth(double declination, double greenwichHourAngle, double altitude) const;
+
+    /// Radians to degrees, made non-negative.
+    static double MoonLambda(double longitudeRad);
+
+    /// Angle between Moon and Sun seen from the Earth's centre, degrees 0..180. Changes what `MoonDecRA` changes.
+    double MoonElongation(double julianDay);
+
+    /// Illuminated fraction of the Moon, 0..1. T in Julian centuries from J2000. Source: Meeus, chapter 48.
+    static double Phase(double T);
+
+    /// An angle in degrees reduced into 0..360, with a single-precision step.
+    static double ToDeg(double angle);
+
+    /// Greenwich hour angle of the Sun, degrees, not above 360, for a date and universal hours.
+    static double ComputeGHA(int day, int month, int year, double universalTime);
+
+    // ---- Moon rise, set and information --------------------------------------------------------------------------
+
+    /// Looks for moonrise and moonset from one hour before to one hour after a universal hour.
+    /// Sets `MoonRise` and `MoonSet` for what it finds, as hours of the day that the hour falls on.
+    void MoonRiseSet(int day, int month, int year, int hour);
+
+    /// Sets `MoonRise` (universal hours, or -1650.0) for the place's civil day; may set `MoonSet` too.
+    void MoonRiseTime(int day, int month, int year);
+
+    /// Sets `MoonSet` (universal hours, or -1650.0) for the place's civil day; may set `MoonRise` too.
+    void MoonSetTime(int day, int month, int year);
+
+    /// A constant, 25.0166..., for every date; not a transit that can be shown. Changes what `MoonTrueAltitude`
+    /// changes.
+    double MoonTransTime(int day, int month, int year);
+
+    /// Fills `RiseTime`, `TransTime` and `SetTime` of a record for a date.
+    void MoonRiseSetTrans(const VAKDate& date, MoonInfo& moon);
+
+    /// Everything about the Moon at a universal date and time, seen from a place. Rise, transit and set are those that
+    /// the record `Moon` held before. Leaves `Lat` and `Lon` at that place.
+    MoonInfo MoonInformation(const VAKDate& date, double latitude, double longitude);
+
+    /// Fills the Moon's fields of a direction record; rise and set in local time. A missing one is -1650.0 moved by the
+    /// zone, which stays below -1000.
+    void MoonInformationForDirection(const VAKDate& date, DirectionInfo& info);
+
+    /// Fills the Moon's fields of a direction record; rise and set in universal time.
+    void MoonInformationForDirectionWithoutLocalTime(const VAKDate& date, DirectionInfo& info);
+
+    /// Fills the Moon's fields of a crescent record, for a date moved by a number of days.
+    void MoonInformationforCrescent(const VAKDate& date, int dayOffset, CrescentInfo& info);
+
+    /// Everything about the Sun at a universal date and time, seen from a place; rise and set in local time. Leaves
+    /// `Lat` and `Lon` at that place.
+    SunData SunInformation(const VAKDate& date, double latitude, double longitude);
+
+    /// Fills the Sun's fields of a direction record; rise and set in local time.
+    void SunInformationForDirection(const VAKDate& date, DirectionInfo& info);
+
+    /// Fills the Sun's fields of a crescent record; universal time.
+    void SunInformationForCrescent(const VAKDate& date, CrescentInfo& info);
+
+    /// The sky of the current date at the place: sunrise, sunset, moonrise, moonset in local hours, and the Moon's
+    /// apparent altitude at sunset. Moonrise and moonset may pass 24, when they fall on the next local day's clock; a
+    /// missing one is below -1000. Without sunrise or sunset both stay in universal time and the altitude is -1650.0.
+    WidgetSkyInfo getSomeInfoForQuodeWidget();
+
+    // ---- Hijri date by visibility of the crescent ------------------------------------------------------------------
+
+    /// Julian Ephemeris Day of the phase near a decimal year: 0 new, 1 first quarter, 2 full, 3 last quarter.
+    /// The epoch is rounded down by 0.09766 day, so phases come out some 140 minutes early. Source: Meeus, chapter 49.
+    static double MoonPhaze(double decimalYear, int phase);
+
+    /// Moves the record of a new moon (universal time) forward to the moment at which the Moon stands 7.97 degrees from
+    /// the Sun, far enough to be seen; that is 13 to 20 hours later. When there is no such moment within the next days
+    /// (the record was not that of a new moon, or lies thousands of years away) the last moment looked at is left and a
+    /// message goes to the log.
+    void GetCrescentDate(VAKDate& date);
+
+    /// Hijri date of a Gregorian day by visibility of the crescent at Mecca: its `Years`, `Months` and `Days` (1..31).
+    /// Before the Hijri era (July 622) month and year are -1. Leaves `Lat` and `Lon` at Mecca.
+    /// From the year 5500 on new moons and the Moon's place drift apart, and `GetCrescentDate` begins to give up.
+    void RealGregJulToHicri(int day, int month, int year, VAKDate& hijri);
+
+    /// `RealGregJulToHicri` without its correction of the month on a 30th day.
+    void RealGregJulToHicriUncorrected(int day, int month, int year, VAKDate& hijri);
+
+    /// The day in the Gregorian, Hijri (by crescent) and Rumi calendars, with its season. Leaves `Lat` and `Lon` at
+    /// Mecca.
+    void ConvertAllCalendar(const VAKDate& date, AllCalendarInfo& info);
+
+    /// Where a message goes that tells of a search that had to be given up; the standard error log when none is set.
+    void setLog(std::function<void(std::string_view)> log) { log_ = std::move(log); }
+
+    // ---- fields --------------------------------------------------------------------------------------------------
+
+    double Lat() const { return Lat_; }  ///< observer, degrees, north positive
+    void setLat(double value) { Lat_ = value; }
+    double Lon() const { return Lon_; }  ///< observer, degrees, east positive
+    void setLon(double value) { Lon_ = value; }
+    const VAKDate& iCurrentDate() const { return iCurrentDate_; }
+    void setICurrentDate(const VAKDate& value) { iCurrentDate_ = value; }
+    const Place& iPlace() const { return iPlace_; }
+    void setIPlace(const Place& value) { iPlace_ = value; }
+
+    double SunDec() const { return SunDec_; }  ///< declination of the Sun, degrees
+    void setSunDec(double value) { SunDec_ = value; }
+    double SunRA() const { return SunRA_; }  ///< right ascension of the Sun, hours
+    void setSunRA(double value) { SunRA_ = value; }
+    double EclipticLongitude() const { return EclipticLongitude_; }  ///< of the Sun, degrees
+    void setEclipticLongitude(double value) { EclipticLongitude_ = value; }
+    double SunDistance() const { return SunDistance_; }  ///< astronomical units
+    void setSunDistance(double value) { SunDistance_ = value; }
+
+    double YE() const { return YE_; }  ///< extreme value of the parabola of `Quad`
+    void setYE(double value) { YE_ = value; }
+    double Zero1() const { return Zero1_; }  ///< roots of the parabola, hours from the middle
+    void setZero1(double value) { Zero1_ = value; }
+    double Zero2() const { return Zero2_; }
+    void setZero2(double value) { Zero2_ = value; }
+    double DX() const { return DX_; }  ///< half the distance of the roots
+    void setDX(double value) { DX_ = value; }
+    double UTRise() const { return UTRise_; }  ///< sunrise, universal hours, or -1.0
+    void setUTRise(double value) { UTRise_ = value; }
+    double UTSet() const { return UTSet_; }  ///< sunset, universal hours, or -1.0
+    void setUTSet(double value) { UTSet_ = value; }
+    bool Rise() const { return Rise_; }  ///< a sunrise was found
+    void setRise(bool value) { Rise_ = value; }
+    bool Sett() const { return Sett_; }  ///< a sunset was found
+    void setSett(bool value) { Sett_ = value; }
+    const SunInfoForPray& SunInfo() const { return SunInfo_; }
+    void setSunInfo(const SunInfoForPray& value) { SunInfo_ = value; }
+
+    double tLat() const { return tLat_; }  ///< geocentric latitude, degrees
+    void setTLat(double value) { tLat_ = value; }
+    double trho() const { return trho_; }  ///< geocentric radius, Earth radii
+    void setTrho(double value) { trho_ = value; }
+    double MoonDec() const { return MoonDec_; }  ///< declination of the Moon, degrees
+    void setMoonDec(double value) { MoonDec_ = value; }
+    double MoonRA() const { return MoonRA_; }  ///< right ascension of the Moon, hours
+    void setMoonRA(double value) { MoonRA_ = value; }
+    double MoonGHA() const { return MoonGHA_; }  ///< Greenwich hour angle of the Moon, degrees
+    void setMoonGHA(double value) { MoonGHA_ = value; }
+    double MoonDist() const { return MoonDist_; }  ///< km
+    void setMoonDist(double value) { MoonDist_ = value; }
+    double MoonAlt() const { return MoonAlt_; }  ///< degrees
+    void setMoonAlt(double value) { MoonAlt_ = value; }
+    double L_Moon() const { return L_Moon_; }  ///< ecliptic longitude, radians
+    void setL_Moon(double value) { L_Moon_ = value; }
+    double B_Moon() const { return B_Moon_; }  ///< ecliptic latitude, radians
+    void setB_Moon(double value) { B_Moon_ = value; }
+    double SRT() const { return SRT_; }  ///< local sidereal time, hours
+    void setSRT(double value) { SRT_ = value; }
+    double MoonRise() const { return MoonRise_; }  ///< universal hours, or -1650.0
+    void setMoonRise(double value) { MoonRise_ = value; }
+    double MoonSet() const { return MoonSet_; }  ///< universal hours, or -1650.0
+    void setMoonSet(double value) { MoonSet_ = value; }
+    const MoonInfo& Moon() const { return Moon_; }
+    void setMoon(const MoonInfo& value) { Moon_ = value; }
+    const SunData& Sun() const { return Sun_; }
+    void setSun(const SunData& value) { Sun_ = value; }
+
+  private:
+    /// What the search for moonrise and moonset has computed for one hour. Both searches, and every later one of the
+    /// same day and place, look at the same hours.
+    struct MoonHour {
+        double julianDay = 0.0, Lat = 0.0, Lon = 0.0;    ///< what the rest was computed for
+        double before = 0.0, middle = 0.0, after = 0.0;  ///< sines of altitude above the rising Moon's
+        double L_Moon = 0.0, B_Moon = 0.0;               ///< the fields as the computation left them
+        double MoonDec = 0.0, MoonRA = 0.0, MoonGHA = 0.0;
+    };
+
+    /// What the search for sunrise and sunset has computed for one hour. Its intervals of two hours overlap.
+    struct SunHour {
+        double julianDay = 0.0, Lat = 0.0, Lon = 0.0;  ///< what the rest was computed for
+        double sinElev = 0.0;
+        double SunDec = 0.0, SunRA = 0.0, EclipticLongitude = 0.0;  ///< the fields as the computation left them
+    };
+
+    bool isDSTDate(const VAKDate& date) const;
+    void finishMoonCoordinates(double julianDay);
+    MoonHour computeMoonHour(double julianDay);
+    const MoonHour& moonHour(double julianDay, int hour);
+    void takeMoonCoordinates();
+    void takeMoonSiderealTime(double julianDay);
+    void fillMoonDirection(const VAKDate& date, bool localTime, DirectionInfo& info);
+    void takeSunriseAndSunset(const VAKDate& date);
+    void takeSunDirection(const VAKDate& date);
+    double elongationOf(VAKDate& date);
+    void reportMissingCrescent(const VAKDate& date) const;
+    std::optional<double> monthStartBefore(double newMoon, double day);
+    double monthStartAfterCrescent(const VAKDate& crescent);
+    SunHour computeSunHour(double julianDay);
+    double sinElevOfSun(double julianDay);
+    void readDailySun(int day, int month, int year, double& declination, double& equationHours);
+    void calculateDay(const VAKDate& day, PrayTimes& times);
+    void readSunLoweringLatitude(const VAKDate& day, double correction, double temkin, PrayTimes& times);
+    double timeOfAltitude(int angle, int side, double correction, double temkin, const SunInfoForPray& sun) const;
+    double timeOnNearestEarlierDay(const VAKDate& day, int angle, int side, double correction, double temkin,
+                                   bool& isEarlier);
+
+    double Lat_ = 0.0, Lon_ = 0.0;
+    VAKDate iCurrentDate_;
+    Place iPlace_;
+
+    double SunDec_ = 0.0, SunRA_ = 0.0, EclipticLongitude_ = 0.0, SunDistance_ = 0.0;
+    double YE_ = 0.0, Zero1_ = 0.0, Zero2_ = 0.0, DX_ = 0.0;
+    double UTRise_ = 0.0, UTSet_ = 0.0;
+    bool Rise_ = false, Sett_ = false;
+    std::array<SunHour, 32> sunHours_;
+    SunInfoForPray SunInfo_;
+
+    double tLat_ = 0.0, trho_ = 0.0;
+    double MoonDec_ = 0.0, MoonRA_ = 0.0, MoonGHA_ = 0.0, MoonDist_ = 0.0, MoonAlt_ = 0.0;
+    double L_Moon_ = 0.0, B_Moon_ = 0.0, SRT_ = 0.0;
+    double MoonRise_ = 0.0, MoonSet_ = 0.0;
+    std::array<MoonHour, 24> moonHours_;
+    MoonInfo Moon_;
+    SunData Sun_;
+    std::function<void(std::string_view)> log_;
+};
+
+}  // namespace quode

@@ -1,0 +1,145 @@
+// Places of the Sun, the equation of time, altitude, azimuth and refraction.
+#include <algorithm>
+#include <cmath>
+
+#include "astro/EarthCompute.h"
+#include "astro/FastAstro.h"
+#include "astro/angles.h"
+
+namespace quode {
+namespace {
+
+constexpr double twoDegrees = 0.03490658476948738;
+constexpr double threeDegrees = 0.05235987901687622;
+
+/// Brings an angle into 0..360.
+double fullCircle(double angle) {
+    const double rest = std::fmod(angle, 360.0);
+    return rest < 0.0 ? rest + 360.0 : rest;
+}
+
+/// Longitude of the Moon's ascending node, degrees, as the places of the Sun take it.
+double lunarNode(double T) {
+    return 125.04000091552734 - 1934.135986328125 * T;
+}
+
+double aberrationAndNutation(double node) {
+    return -0.005690000019967556 - 0.004780000075697899 * sinDeg(node);
+}
+
+double obliquity(double T, double node) {
+    return 23.433332443237305 +
+           (21.447999954223633 - 46.814998626708984 * T - 0.000590000010561198 * T * T +
+            0.0018129999516531825 * T * T * T) /
+               3600.0 +
+           0.0025599999353289604 * cosDeg(node);
+}
+
+struct Equatorial {
+    double declination;     // degrees
+    double rightAscension;  // hours
+};
+
+Equatorial equatorialOfSun(double longitude, double obliquityDegrees) {
+    const double sinLongitude = sinDeg(longitude);
+    const double declination = std::asin(sinDeg(obliquityDegrees) * sinLongitude) * degreesPerRadian;
+    double angle = std::atan2(cosDeg(obliquityDegrees) * sinLongitude, cosDeg(longitude)) * degreesPerRadian;
+    if (angle < 0.0) angle += 360.0;
+    return {declination, angle / 15.0};
+}
+
+/// The arguments that the obliquity and the nutation in longitude share, degrees.
+struct NutationArguments {
+    double node, sun, moon;
+};
+
+NutationArguments nutationArguments(double T) {
+    return {125.04451751708984 - 1934.13623046875 * T + 0.0020707999356091022 * T * T + T * T * T / 450000.0,
+            FastAstro::SunL(T), 218.31649780273438 + 481267.875 * T};
+}
+
+}  // namespace
+
+void FastAstro::SunDecRA(double julianDay) {
+    const double T = centuriesFromJ2000(julianDay);
+    const double T2 = T * T;
+    const double M =
+        357.52911376953125 + 35999.05078125 * T - 0.00015589999384246767 * T2 - 4.799999828719592e-07 * T2 * T;
+    const double centre = (1.9146000146865845 - 0.00481700012460351 * T - 1.4000000192027073e-05 * T2) * sinDeg(M) +
+                          (0.019992999732494354 - 0.00010099999781232327 * T) * std::sin(M * twoDegrees) +
+                          0.0002899999963119626 * std::sin(M * threeDegrees);
+    const double node = lunarNode(T);
+    const double longitude = fullCircle(280.4664611816406 + 36000.76953125 * T + 0.0003032000095117837 * T2 + centre +
+                                        aberrationAndNutation(node));
+    const Equatorial sun = equatorialOfSun(longitude, obliquity(T, node));
+    EclipticLongitude_ = longitude;
+    SunDec_ = sun.declination;
+    SunRA_ = sun.rightAscension;
+}
+
+void FastAstro::SunDecRAAccurate(double julianDay) {
+    const double B = EarthCompute::EarthB(julianDay);
+    const double L = EarthCompute::EarthL(julianDay);
+    const double R = EarthCompute::EarthR(julianDay);
+    double longitude = std::atan2(-R * std::cos(B) * std::sin(L), -R * std::cos(B) * std::cos(L)) * degreesPerRadian;
+    if (longitude < 0.0) longitude += 360.0;
+    const double T = centuriesFromJ2000(julianDay);
+    const double node = lunarNode(T);
+    longitude += aberrationAndNutation(node);
+    const Equatorial sun = equatorialOfSun(longitude, obliquity(T, node));
+    SunDistance_ = R;
+    SunDec_ = sun.declination;
+    SunRA_ = sun.rightAscension;
+}
+
+double FastAstro::SunL(double T) {
+    const double tau = T / 10.0;
+    const double tau2 = tau * tau, tau3 = tau2 * tau, tau4 = tau3 * tau, tau5 = tau4 * tau;
+    return fullCircle(280.4664611816406 + 360007.6875 * tau + 0.03032027930021286 * tau2 + tau3 / 49931.0 -
+                      tau4 / 15299.0 + tau5 / 1988000.0);
+}
+
+double FastAstro::Epsilon(double T) {
+    const auto [node, sun, moon] = nutationArguments(T);
+    const double nutation = 9.199999809265137 * cosDeg(node) + 0.5699999928474426 * cosDeg(2.0 * sun) +
+                            0.10000000149011612 * cosDeg(2.0 * moon) - 0.09000000357627869 * cosDeg(2.0 * node);
+    return 23.43929100036621 -
+           (46.814998626708984 * T + 0.000590000010561198 * T * T - 0.0018129999516531825 * T * T * T) / 3600.0 +
+           nutation / 3600.0;
+}
+
+double FastAstro::DeltaPSI(double T) {
+    const auto [node, sun, moon] = nutationArguments(T);
+    return (-17.200000762939453 * sinDeg(node) - 1.3200000524520874 * sinDeg(2.0 * sun) -
+            0.23000000417232513 * sinDeg(2.0 * fullCircle(moon)) + 0.20999999344348907 * sinDeg(2.0 * node)) /
+           3600.0;
+}
+
+double FastAstro::EquationOfTime(double julianDay, double rightAscension) {
+    const double T = centuriesFromJ2000(julianDay);
+    double equation = SunL(T) - 0.0057183001190423965 - 15.0 * rightAscension + DeltaPSI(T) * cosDeg(Epsilon(T));
+    if (equation > 5.0) equation -= 360.0;
+    return 4.0 * equation;
+}
+
+double FastAstro::SunAltitude(double declination, double hourAngleOffset) const {
+    return safeAsin(sinDeg(declination) * sinDeg(Lat_) +
+                    cosDeg(declination) * cosDeg(Lat_) * cosDeg(Lon_ + hourAngleOffset)) *
+           degreesPerRadian;
+}
+
+double FastAstro::SunAzimuth(double declination, double hourAngleOffset, double altitude) const {
+    const double horizontal = cosDeg(altitude) * cosDeg(Lat_);
+    if (std::abs(horizontal) < smallestHorizontal) return noDirection;
+    // On the meridian the rounding of the degree factors carries the sine past 1.
+    const double x = std::clamp((sinDeg(declination) - sinDeg(Lat_) * sinDeg(altitude)) / horizontal, -1.0, 1.0);
+    const double azimuth = (1.5707963705062866 - std::asin(x)) * degreesPerRadian;
+    return sinDeg(Lon_ + hourAngleOffset) > 0.0 ? 360.0 - azimuth : azimuth;
+}
+
+double FastAstro::Refract(double altitude) {
+    return realOr(0.0,
+                  1.0199999809265137 / tanDeg(altitude + 10.300000190734863 / (altitude + 5.110000133514404)) / 60.0);
+}
+
+}  // namespace quode

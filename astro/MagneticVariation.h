@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+
+namespace quode {
+
+/// Components of the geomagnetic field in nT: to the north, to the east, downward.
+struct FieldComponents {
+    double north = 0.0, east = 0.0, down = 0.0;
+};
+
+/// The Earth's main magnetic field, IGRF-11: the field of 2010.0 with its predicted change, extrapolated without limit.
+/// Good to about half a degree of declination around 2010-2015 away from the magnetic poles; the error grows by some
+/// tenths of a degree per decade.
+/// Source: International Geomagnetic Reference Field, 11th generation (Finlay et al. 2010); synthesis as in the
+/// public-domain geomag program of the US National Geophysical Data Center.
+class MagneticVariation {
+  public:
+    static constexpr int mainDegree = 13;   ///< degree and order of the main field
+    static constexpr int changeDegree = 8;  ///< degree and order of its change
+    static constexpr int coefficientCount = mainDegree * (mainDegree + 2);
+    static constexpr double modelEpoch = 2010.0;  ///< decimal year of the coefficients in use
+    using Coefficients = std::array<double, coefficientCount>;
+
+    /// Decimal year of a date. A leap day counts only from March on, in the length of the year too.
+    static double Julday(int day, int month, int year);
+
+    /// Degrees, minutes and seconds as decimal degrees; negative when the first of them that is not 0 is negative.
+    static double DegreesToDecimal(int degrees, int minutes, int seconds);
+
+    /// Fills a coefficient array for a decimal year: target 3 is `gha`, 4 is `ghb`. epoch: 2010.0, or 2005.0.
+    void ExtraPSH(double date, int mainFieldDegree, int changeFieldDegree, int target, double epoch);
+
+    /// Synthesises the field from a coefficient array.
+    /// coordinateSystem  1 geodetic (latitude and height over the ellipsoid), else geocentric (distance from the
+    /// centre) altitude          km. Latitudes and longitudes in degrees; the cosine of latitude is kept off the poles.
+    FieldComponents SHVAL3(int coordinateSystem, int maximumDegree, int target, double latitude, double longitude,
+                           double altitude);
+
+    /// Declination and inclination (radians), horizontal and total intensity (nT) of the last synthesis of an array,
+    /// into the fields for target 3, the `Temp` fields for 4. A declination that is undefined (no horizontal field) is
+    /// -1.0.
+    void DIHF(int target);
+
+    /// Magnetic declination in degrees, positive to the east, at a date, place and height in metres.
+    /// Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, those of `Temp` in radians.
+    double getMagneticVariation(int day, int month, int year, double latitude, double longitude, double altitude);
+
+    /// The same for coordinates in degrees, minutes and seconds.
+    double getMagneticVariation2(int day, int month, int year, int latitudeDegrees, int latitudeMinutes,
+                                 int latitudeSeconds, int longitudeDegrees, int longitudeMinutes, int longitudeSeconds,
+                                 double altitude);
+
+    const Coefficients& gha() const { return gha_; }  ///< the field at the date
+    const Coefficients& ghb() const { return ghb_; }  ///< the field one year later
+    double iDeclination() const { return now_.declination; }
+    double iInclination() const { return now_.inclination; }
+    double iHorizontalIntensity() const { return now_.horizontal; }
+    double iTotalIntensity() const { return now_.total; }
+    double iDeclinationTemp() const { return nextYear_.declination; }
+    double iInclinationTemp() const { return nextYear_.inclination; }
+    double iHorizontalIntensityTemp() const { return nextYear_.horizontal; }
+    double iTotalIntensityTemp() const { return nextYear_.total; }
+
+  private:
+    struct Elements {
+        double declination = 0.0, inclination = 0.0, horizontal = 0.0, total = 0.0;
+    };
+
+    Coefficients gha_{}, ghb_{};
+    FieldComponents componentsNow_, componentsNextYear_;
+    Elements now_, nextYear_;
+};
+
+}  // namespace quode

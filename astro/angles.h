@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cmath>
+
+namespace quode {
+
+/// Degrees to radians: pi / 180 in single precision. The engine's results depend on it.
+inline constexpr double degree = 0.01745329238474369;
+
+/// Radians to degrees, the engine's own inverse; used instead of a division.
+inline constexpr double degreesPerRadian = 57.295780181884766;
+
+inline double sinDeg(double angle) {
+    return std::sin(angle * degree);
+}
+inline double cosDeg(double angle) {
+    return std::cos(angle * degree);
+}
+inline double tanDeg(double angle) {
+    return std::tan(angle * degree);
+}
+
+/// Arc sine in radians. An argument that rounding has carried past 1 counts as 1; one that lies farther outside has no
+/// real angle and gives a NaN, which the caller turns into a mark.
+inline double safeAsin(double x) {
+    constexpr double rounding = 1e-9;
+    return std::asin(std::abs(x) > 1.0 && std::abs(x) < 1.0 + rounding ? std::copysign(1.0, x) : x);
+}
+
+/// Nearer to the zenith or to a pole than this, as the horizontal part of a unit vector, a direction has no azimuth.
+inline constexpr double smallestHorizontal = 1e-7;
+
+/// The value, or the mark where it is no real number.
+inline double realOr(double mark, double value) {
+    return std::isfinite(value) ? value : mark;
+}
+
+/// Julian centuries from J2000.
+constexpr double centuriesFromJ2000(double julianDay) {
+    return (julianDay - 2451545.0) / 36525.0;
+}
+
+}  // namespace quode

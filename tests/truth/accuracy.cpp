@@ -1,0 +1,8 @@
+// Writes the page docs/accuracy.md to standard output.
+#include <cstdio>
+
+#include "truth/comparison.h"
+
+int main() {
+    std::fputs(quode::truth::accuracyPage(quode::truth::allComparisons()).c_str(), stdout);
+}

@@ -1,0 +1,76 @@
+#include "truth/comparison.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <utility>
+
+namespace quode::truth {
+
+double Comparison::rms() const {
+    double sum = 0.0;
+    for (const double error : errors) sum += error * error;
+    return std::sqrt(sum / static_cast<double>(errors.size()));
+}
+
+double Comparison::largest() const {
+    double most = 0.0;
+    for (const double error : errors) most = std::max(most, std::abs(error));
+    return most;
+}
+
+double Comparison::bias() const {
+    double sum = 0.0;
+    for (const double error : errors) sum += error;
+    return sum / static_cast<double>(errors.size());
+}
+
+std::vector<std::vector<double>> rowsOf(const std::string& name) {
+    const std::string path = std::string(QUODE_FIXTURES) + "/truth/" + name + ".csv";
+    std::ifstream stream(path);
+    std::vector<std::vector<double>> rows;
+    bool headerSeen = false;
+    for (std::string line; std::getline(stream, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        if (!std::exchange(headerSeen, true)) continue;
+        std::vector<double> row;
+        for (std::size_t begin = 0; begin <= line.size();) {
+            const std::size_t end = std::min(line.find(',', begin), line.size());
+            row.push_back(std::strtod(line.substr(begin, end - begin).c_str(), nullptr));
+            begin = end + 1;
+        }
+        rows.push_back(row);
+    }
+    if (rows.empty()) throw std::runtime_error("no rows in " + path);
+    return rows;
+}
+
+std::vector<Comparison> allComparisons() {
+    std::vector<Comparison> all;
+    for (const auto& part : {sunComparisons(), moonComparisons(), magneticComparisons()})
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+std::string accuracyPage(const std::vector<Comparison>& comparisons) {
+    std::string page =
+        "# How accurate the engine is\n\n"
+        "The engine's values beside published ones. This page is written by `build/release/bin/accuracy` from the "
+        "values in\n"
+        "`tests/fixtures/truth`, each with its source; a test keeps it up to date and holds every value to its "
+        "tolerance.\n"
+        "The conformance tests are another thing: they hold the engine to its own definitions, to the last digit.\n\n"
+        "| quantity | unit | values | RMS | largest | bias | tolerance | source |\n"
+        "| --- | --- | ---: | ---: | ---: | ---: | ---: | --- |\n";
+    for (const Comparison& c : comparisons) {
+        page += fmt::format("| {} | {} | {} | {:.2g} | {:.2g} | {:+.1g} | {:g} | {} |\n", c.quantity, c.unit,
+                            c.errors.size(), c.rms(), c.largest(), c.bias(), c.tolerance, c.source);
+    }
+    return page;
+}
+
+}  // namespace quode::truth

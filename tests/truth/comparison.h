@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quode::truth {
+
+/// How the engine's values of one quantity stand to published ones.
+struct Comparison {
+    std::string quantity;
+    std::string unit;
+    std::string source;          ///< who published the values
+    double tolerance = 0.0;      ///< no value may be farther off
+    std::vector<double> errors;  ///< engine less published
+
+    double rms() const;
+    double largest() const;  ///< absolute
+    double bias() const;     ///< mean
+};
+
+/// The numeric rows of tests/fixtures/truth/NAME.csv; lines that begin with # and the header are left out, texts count
+/// as 0. Throws when the file cannot be read or has no row.
+std::vector<std::vector<double>> rowsOf(const std::string& name);
+
+/// The comparisons of each part of the engine.
+std::vector<Comparison> sunComparisons();
+std::vector<Comparison> moonComparisons();
+std::vector<Comparison> magneticComparisons();
+
+/// All of them, in the order of the table in docs/accuracy.md.
+std::vector<Comparison> allComparisons();
+
+/// The text of docs/accuracy.md.
+std::string accuracyPage(const std::vector<Comparison>& comparisons);
+
+}  // namespace quode::truth

@@ -1,0 +1,23 @@
+#include "astro/MagneticVariation.h"
+#include "astro/angles.h"
+#include "truth/comparison.h"
+
+namespace quode::truth {
+
+std::vector<Comparison> magneticComparisons() {
+    constexpr double tolerance = 0.1;  // degrees; the two models differ by some hundredths themselves
+    constexpr int geodetic = 1, target = 3;
+    Comparison c{
+        "magnetic declination, 2010 to 2012", "degrees", "World Magnetic Model 2010, test values", tolerance, {}};
+    for (const auto& row : rowsOf("magnetic_declination")) {
+        MagneticVariation model;
+        model.ExtraPSH(row[0], MagneticVariation::mainDegree, MagneticVariation::changeDegree, target,
+                       MagneticVariation::modelEpoch);
+        model.SHVAL3(geodetic, MagneticVariation::mainDegree, target, row[2], row[3], row[1]);
+        model.DIHF(target);
+        c.errors.push_back(model.iDeclination() * degreesPerRadian - row[4]);
+    }
+    return {c};
+}
+
+}  // namespace quode::truth
