@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quode {
+
+/// The habits of the device's locale. All texts are UTF-8.
+class Locale {
+  public:
+    virtual ~Locale() = default;
+
+    /// The sign of the hours before noon, such as "AM" or "ÖÖ".
+    virtual std::string amSymbol() const = 0;
+
+    /// The sign of the hours from noon on, such as "PM" or "ÖS".
+    virtual std::string pmSymbol() const = 0;
+
+    /// The full name of a Gregorian month 1..12; empty for another number.
+    virtual std::string monthName(int month) const = 0;
+
+    /// The abbreviated name of a Gregorian month 1..12; empty for another number.
+    virtual std::string shortMonthName(int month) const = 0;
+
+    /// The date pattern for an hour alone (template "j"): it holds an "a" where hours are told with an AM/PM sign.
+    virtual std::string hourPattern() const = 0;
+
+    /// The text in lower case, by the rules that hold for every language.
+    virtual std::string lowerCased(std::string_view text) const = 0;
+};
+
+}  // namespace quode

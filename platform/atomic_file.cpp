@@ -1,0 +1,223 @@
+#include "platform/atomic_file.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <ctime>
+#include <system_error>
+#include <thread>
+
+namespace quode {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string adviceFor(int error) {
+    switch (error) {
+        case ENOSPC:
+            return "Free some space on the disk.";
+        case EDQUOT:
+            return "Free some of your disk quota.";
+        case EACCES:
+        case EPERM:
+            return "Check the permissions of the file and of its folder.";
+        case EROFS:
+            return "Make its disk writable or choose another data folder.";
+        case EIO:
+            return "Check the disk.";
+        case EISDIR:
+        case ENOTDIR:
+            return "Move away what stands in its place.";
+        case EMFILE:
+        case ENFILE:
+            return "Close some programs.";
+        default:
+            return "Check the file and its folder.";
+    }
+}
+
+FileOutcome failure(std::string_view what, const fs::path& path, int error) {
+    return {false,
+            fmt::format("{} {}: {}. {}", what, path.string(), std::system_category().message(error), adviceFor(error))};
+}
+
+/// A file descriptor that is closed in any case.
+class OpenFile {
+  public:
+    OpenFile(FileCalls& calls, int file) : calls_(calls), file_(file) {}
+    ~OpenFile() {
+        if (file_ >= 0) calls_.close(file_);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    int get() const { return file_; }
+    int closeNow() {
+        const int result = calls_.close(file_);
+        file_ = -1;
+        return result;
+    }
+
+  private:
+    FileCalls& calls_;
+    int file_;
+};
+
+bool writeAll(FileCalls& calls, int file, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = calls.write(file, content.data(), content.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) {
+            if (written == 0) errno = ENOSPC;
+            return false;
+        }
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// Moves the modification time on when the old file was saved in the same second. An old time far in the future comes
+/// from a clock that was wrong; it differs from now anyway.
+void tellApart(FileCalls& calls, int file, const struct stat& old) {
+    constexpr std::time_t kFarFuture = 3600;
+    const std::time_t now = std::time(nullptr);
+    const std::time_t before = old.st_mtim.tv_sec;
+    if (before < now || before > now + kFarFuture) return;
+    // Only other programs would notice a failure, and late: no reason to give up the save.
+    calls.setModificationTime(file, {before + 1, 0});
+}
+
+/// Writes and synchronises the temporary file; false leaves the cause in errno.
+bool writeTemporary(FileCalls& calls, const fs::path& temporary, std::string_view content, const struct stat* old) {
+    OpenFile file(calls, calls.createFile(temporary, 0666));
+    if (file.get() < 0) return false;
+    if (old && calls.setOwnerAndMode(file.get(), old->st_uid, old->st_gid, old->st_mode & 07777U) < 0) return false;
+    if (!writeAll(calls, file.get(), content)) return false;
+    if (old) tellApart(calls, file.get(), *old);
+    return calls.sync(file.get()) == 0 && file.closeNow() == 0;
+}
+
+/// The old file gets a second name, so that it has one at every moment. Some file systems have no second names.
+bool keepOld(FileCalls& calls, const fs::path& path, const fs::path& keepOldAs) {
+    if (calls.link(path, keepOldAs) == 0) return true;
+    const bool noSecondNames = errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS || errno == EMLINK;
+    return noSecondNames && calls.rename(path, keepOldAs) == 0;
+}
+
+/// A rename or removal lasts through a power cut only once its folder is on the disk.
+FileOutcome syncFolder(FileCalls& calls, const fs::path& folder) {
+    OpenFile opened(calls, calls.openFolder(folder));
+    if (opened.get() >= 0 && calls.sync(opened.get()) == 0) return {};
+    if (errno == EINVAL || errno == ENOTSUP) return {};  // a file system that does not know the operation
+    FileOutcome outcome =
+        failure("The change is made but may not outlast a power cut; cannot synchronise", folder, errno);
+    outcome.ok = true;
+    return outcome;
+}
+
+fs::path withLinksFollowed(const fs::path& path) {
+    std::error_code error;
+    fs::path real = fs::weakly_canonical(path, error);
+    return error ? path : real;
+}
+
+}  // namespace
+
+FileContent readWholeFile(const fs::path& path, std::size_t limit) {
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // a pipe would wait for its writer
+    if (file < 0) {
+        if (errno == ENOENT) return {};
+        return {failure("Cannot read", path, errno), std::nullopt};
+    }
+    FileCalls calls;
+    const OpenFile closeAtEnd(calls, file);
+    struct stat facts {};
+    if (::fstat(file, &facts) != 0) return {failure("Cannot read", path, errno), std::nullopt};
+    if (!S_ISREG(facts.st_mode)) return {failure("This is not a file:", path, EISDIR), std::nullopt};
+    if (static_cast<std::size_t>(facts.st_size) > limit) return {failure("Cannot read", path, EFBIG), std::nullopt};
+
+    std::string bytes(static_cast<std::size_t>(facts.st_size), '\0');
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t got = ::read(file, bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return {failure("Cannot read", path, errno), std::nullopt};
+        if (got == 0) break;
+        filled += static_cast<std::size_t>(got);
+    }
+    bytes.resize(filled);
+    return {{}, std::move(bytes)};
+}
+
+FileOutcome replaceFile(FileCalls& calls, const fs::path& path, std::string_view content,
+                        const std::optional<fs::path>& keepOldAs) {
+    const fs::path target = withLinksFollowed(path);
+    const fs::path temporary = target.parent_path() / fmt::format(".{}.tmp", target.filename().string());
+    struct stat facts {};
+    const bool hasOld = ::stat(target.c_str(), &facts) == 0;
+
+    const auto giveUp = [&](int error) {
+        calls.unlink(temporary);
+        return failure("Cannot save", path, error);
+    };
+    if (calls.unlink(temporary) < 0 && errno != ENOENT) return failure("Cannot save", path, errno);
+    if (!writeTemporary(calls, temporary, content, hasOld ? &facts : nullptr)) return giveUp(errno);
+    if (hasOld && keepOldAs && !keepOld(calls, target, *keepOldAs)) return giveUp(errno);
+    if (calls.rename(temporary, target) < 0) return giveUp(errno);
+    return syncFolder(calls, target.parent_path());
+}
+
+FileOutcome removeFile(FileCalls& calls, const fs::path& path) {
+    if (calls.unlink(path) < 0) return errno == ENOENT ? FileOutcome{} : failure("Cannot remove", path, errno);
+    return syncFolder(calls, path.parent_path());
+}
+
+fs::path freeDamagedName(const fs::path& path) {
+    const fs::path target = withLinksFollowed(path);
+    for (int number = 1;; ++number) {
+        fs::path name = target;
+        name += fmt::format(".damaged-{}", number);
+        struct stat facts {};
+        if (::lstat(name.c_str(), &facts) != 0) return name;
+    }
+}
+
+FileOutcome makeFolder(const fs::path& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    return error ? failure("Cannot make the folder", folder, error.value()) : FileOutcome{};
+}
+
+FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience)
+    : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666)) {
+    if (file_ < 0) {
+        outcome_ = failure("Cannot write beside", lockFile, errno);
+        return;
+    }
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (::flock(file_, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            outcome_ = failure("Cannot lock", lockFile, errno);
+            return;
+        }
+        if (std::chrono::steady_clock::now() >= deadline) {
+            outcome_ = {false,
+                        fmt::format("Another program is writing to {} and does not finish. Try again, or end that "
+                                    "program.",
+                                    lockFile.parent_path().string())};
+            return;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
+FileLock::~FileLock() {
+    if (file_ >= 0) ::close(file_);
+}
+
+}  // namespace quode

@@ -1,0 +1,101 @@
+#include "platform/calendar_file.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include "platform/event_identifier.h"
+#include "platform/ical_component.h"
+
+namespace quode {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Thousands of times what the alarms need; a larger file is none of a calendar's.
+constexpr std::size_t kLargestFile = std::size_t{64} << 20U;
+
+StoreStatus startAnew(const fs::path& file, std::string_view damage, std::string_view content, FileCalls& calls) {
+    const fs::path aside = freeDamagedName(file);
+    StoreStatus status = asStatus(replaceFile(calls, file, content, aside));
+    if (!status.ok) return status;
+    addMessage(status, fmt::format("{} could not be read as a calendar: {}. It is kept as {}, and a new calendar has "
+                                   "been begun. Other events can be copied back from there.",
+                                   file.string(), damage, aside.filename().string()));
+    return status;
+}
+
+std::string unreadableEvent(std::string_view identifier, const fs::path& file, std::string_view problem) {
+    return fmt::format("The event {} in {} cannot be read: {}. Switch its alarm on again to repair it.", identifier,
+                       file.string(), problem);
+}
+
+}  // namespace
+
+LoadedCalendar loadCalendar(const fs::path& file) {
+    FileContent content = readWholeFile(file, kLargestFile);
+    if (!content.outcome.ok || !content.bytes) return {asStatus(content.outcome), std::nullopt, {}};
+    ScannedCalendar scanned = scanCalendar(std::move(*content.bytes));
+    if (scanned.calendar) return {{}, std::move(scanned.calendar), {}};
+    StoreStatus status{false, fmt::format("{} cannot be read as a calendar: {}. Repair it, or switch an alarm on: the "
+                                          "file is then kept aside and a new one begun.",
+                                          file.string(), scanned.problem)};
+    return {std::move(status), std::nullopt, std::move(scanned.problem)};
+}
+
+StoreStatus saveEventInFile(const fs::path& file, const LoadedCalendar& loaded, const CalendarEvent& event,
+                            const StoreSurroundings& surroundings) {
+    const bool damaged = !loaded.damage.empty();
+    if (!loaded.status.ok && !damaged) return loaded.status;
+
+    const CalendarText calendar = loaded.calendar ? *loaded.calendar : *scanCalendar(emptyCalendar()).calendar;
+    const auto parts = eventParts(calendar, event.identifier);
+    const auto described = std::ranges::find(parts, false, &CalendarComponent::isRecurrenceOverride);
+    const std::string_view oldText = described == parts.end() ? std::string_view{} : textOf(calendar, *described);
+    const std::string content =
+        withEventText(calendar, event.identifier, eventText(event, oldText, surroundings.now()));
+    if (damaged) return startAnew(file, loaded.damage, content, *surroundings.files);
+    return asStatus(replaceFile(*surroundings.files, file, content));
+}
+
+FoundEvent eventInCalendar(const CalendarText& calendar, std::string_view identifier, const fs::path& file) {
+    const auto parts = eventParts(calendar, identifier);
+    if (parts.empty()) return {};
+    const auto described = std::ranges::find(parts, false, &CalendarComponent::isRecurrenceOverride);
+    ReadEvent read = readEvent(calendar, described == parts.end() ? parts.front() : *described);
+    if (!read.event) return {{false, unreadableEvent(identifier, file, read.problem)}, std::nullopt};
+    return {{}, std::move(read.event)};
+}
+
+void addOwnEvents(const CalendarText& calendar, const fs::path& file, EventList& list) {
+    for (const CalendarComponent& component : calendar.components) {
+        const bool wanted = component.name == "VEVENT" && !component.isRecurrenceOverride;
+        if (!wanted || !isOwnIdentifier(component.uid)) continue;
+        ReadEvent read = readEvent(calendar, component);
+        if (read.event) {
+            list.events.push_back(std::move(*read.event));
+        } else {
+            addMessage(list.status, unreadableEvent(component.uid, file, read.problem));
+        }
+    }
+}
+
+void sortEvents(EventList& list) {
+    std::ranges::sort(list.events, {},
+                      [](const CalendarEvent& event) { return std::tie(event.start, event.identifier); });
+}
+
+void addMessage(StoreStatus& status, std::string_view message) {
+    if (!status.message.empty() && !message.empty()) status.message += ' ';
+    status.message += message;
+}
+
+StoreStatus asStatus(const FileOutcome& outcome) {
+    return {outcome.ok, outcome.message};
+}
+
+}  // namespace quode

@@ -1,0 +1,123 @@
+#include "platform/canberra_sound_player.h"
+
+#include <canberra.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <optional>
+
+namespace quode {
+namespace {
+
+using std::chrono::steady_clock;
+
+constexpr std::uint32_t soundNumber = 1;
+
+struct DestroyContext {
+    void operator()(ca_context* context) const { ca_context_destroy(context); }
+};
+struct DestroyProperties {
+    void operator()(ca_proplist* properties) const { ca_proplist_destroy(properties); }
+};
+using Context = std::unique_ptr<ca_context, DestroyContext>;
+using Properties = std::unique_ptr<ca_proplist, DestroyProperties>;
+
+Properties propertiesOf(const Sound& sound) {
+    ca_proplist* made = nullptr;
+    ca_proplist_create(&made);
+    Properties properties(made);
+    if (const auto* file = std::get_if<std::filesystem::path>(&sound)) {
+        ca_proplist_sets(made, CA_PROP_MEDIA_FILENAME, file->c_str());
+    } else {
+        ca_proplist_sets(made, CA_PROP_EVENT_ID, std::get<std::string>(sound).c_str());
+    }
+    ca_proplist_sets(made, CA_PROP_MEDIA_ROLE, "alarm");
+    ca_proplist_sets(made, CA_PROP_CANBERRA_CACHE_CONTROL, "never");
+    return properties;
+}
+
+class CanberraSoundPlayer : public SoundPlayer {
+  public:
+    explicit CanberraSoundPlayer(sd_event* loop) : wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+        sd_event_add_io(loop, &source_, wakeUp_, EPOLLIN, &CanberraSoundPlayer::ended, this);
+    }
+
+    ~CanberraSoundPlayer() override {
+        context_.reset();  // ends the thread that calls `finished`
+        sd_event_source_unref(source_);
+        ::close(wakeUp_);
+    }
+    CanberraSoundPlayer(const CanberraSoundPlayer&) = delete;
+    CanberraSoundPlayer& operator=(const CanberraSoundPlayer&) = delete;
+
+    void play(const Sound& sound, std::chrono::seconds atMost) override {
+        stop();
+        sound_ = sound;
+        end_ = steady_clock::now() + atMost;
+        playOnce();
+    }
+
+    void stop() override {
+        sound_.reset();
+        if (context_) ca_context_cancel(context_.get(), soundNumber);
+    }
+
+  private:
+    void playOnce() {
+        if (!context_) {
+            ca_context* made = nullptr;
+            ca_context_create(&made);
+            context_.reset(made);
+            ca_context_change_props(made, CA_PROP_APPLICATION_NAME, "Quode", CA_PROP_APPLICATION_ICON_NAME, "quode",
+                                    nullptr);
+        }
+        const int result = ca_context_play_full(context_.get(), soundNumber, propertiesOf(*sound_).get(),
+                                                &CanberraSoundPlayer::finished, this);
+        if (result != CA_SUCCESS) giveUp(result);
+    }
+
+    // A sound that fails is not tried again before the next ring, with a connection made anew.
+    void giveUp(int result) {
+        sound_.reset();
+        context_.reset();
+        if (onFailure) onFailure(std::string("The sound could not be played: ") + ca_strerror(result) + ".");
+    }
+
+    // Called on a thread of the library, where nothing may be asked of it.
+    static void finished(ca_context*, std::uint32_t, int result, void* self) {
+        auto* const player = static_cast<CanberraSoundPlayer*>(self);
+        player->lastResult_ = result;
+        const std::uint64_t one = 1;
+        [[maybe_unused]] const auto written = ::write(player->wakeUp_, &one, sizeof one);
+    }
+
+    static int ended(sd_event_source*, int descriptor, std::uint32_t, void* self) {
+        std::uint64_t count = 0;
+        [[maybe_unused]] const auto taken = ::read(descriptor, &count, sizeof count);
+        auto* const player = static_cast<CanberraSoundPlayer*>(self);
+        const int result = player->lastResult_;
+        if (!player->sound_ || result == CA_ERROR_CANCELED) return 0;
+        if (result != CA_SUCCESS) {
+            player->giveUp(result);
+        } else if (steady_clock::now() < player->end_) {
+            player->playOnce();
+        }
+        return 0;
+    }
+
+    int wakeUp_;
+    sd_event_source* source_ = nullptr;
+    Context context_;
+    std::optional<Sound> sound_;  // while it plays
+    steady_clock::time_point end_;
+    std::atomic<int> lastResult_ = CA_SUCCESS;
+};
+
+}  // namespace
+
+std::unique_ptr<SoundPlayer> canberraSoundPlayer(sd_event* loop) {
+    return std::make_unique<CanberraSoundPlayer>(loop);
+}
+
+}  // namespace quode

@@ -1,0 +1,24 @@
+#include "platform/system_platform.h"
+
+namespace quode {
+namespace {
+
+class DesktopDevice : public Device {
+  public:
+    // A panel on a desktop is laid out as on a phone: as wide as it is given, not as a tablet's fixed column.
+    std::optional<Idiom> idiom() const override { return Idiom::phone; }
+
+    // No version of a desktop tells what it can draw, so this one is beyond every bound.
+    std::string systemVersion() const override { return "9.0"; }
+
+    Rect screenBounds() const override { return {0.0, 0.0, 1280.0, 800.0}; }
+    double screenScale() const override { return 1.0; }
+};
+
+}  // namespace
+
+std::shared_ptr<Device> desktopDevice() {
+    return std::make_shared<DesktopDevice>();
+}
+
+}  // namespace quode

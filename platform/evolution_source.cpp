@@ -1,0 +1,86 @@
+#include "platform/evolution_source.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <string_view>
+#include <utility>
+
+namespace quode {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kLargestDescription = std::size_t{1} << 20U;
+constexpr std::chrono::seconds kLockPatience{5};
+constexpr std::string_view kRingsLine = "IncludeMe=true";
+
+bool standsInUriAsItIs(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+           std::string_view("-._~/").find(c) != std::string_view::npos;
+}
+
+/// RFC 8089: every byte outside the unreserved characters as a percent sign and two digits.
+std::string fileUri(const fs::path& path) {
+    std::string uri = "file://";
+    for (const char c : path.string()) {
+        uri += standsInUriAsItIs(c) ? std::string(1, c) : fmt::format("%{:02X}", static_cast<unsigned char>(c));
+    }
+    return uri;
+}
+
+std::string description(const fs::path& calendarFile, bool rings) {
+    return fmt::format(
+        "[Data Source]\nDisplayName=Quode\nEnabled=true\nParent=local-stub\n\n"
+        "[Local Backend]\nCustomFile={}\nWatch=true\nWritable=false\n\n"
+        "[Calendar]\nBackendName=local\nSelected=true\n\n"
+        "[Alarms]\n{}\n",
+        fileUri(calendarFile), rings ? kRingsLine : "IncludeMe=false");
+}
+
+bool hasLine(std::string_view text, std::string_view line) {
+    return fmt::format("\n{}\n", text).find(fmt::format("\n{}\n", line)) != std::string::npos;
+}
+
+}  // namespace
+
+EvolutionSource::EvolutionSource(fs::path configFolder, std::shared_ptr<FileCalls> files)
+    : folder_(std::move(configFolder) / "evolution" / "sources"), files_(std::move(files)) {}
+
+FileOutcome EvolutionSource::connect(const fs::path& calendarFile, bool rings) {
+    if (!calendarFile.is_absolute()) {
+        return {false, fmt::format("The calendar file {} has to be given with its whole path.", calendarFile.string())};
+    }
+    if (FileOutcome folder = makeFolder(folder_); !folder.ok) return folder;
+    const FileLock lock(folder_ / ".quode.lock", kLockPatience);
+    if (!lock.outcome().ok) return lock.outcome();
+
+    const FileContent old = readWholeFile(descriptionFile(), kLargestDescription);
+    if (!old.outcome.ok) return old.outcome;
+    const std::string wanted = description(calendarFile, rings);
+    // The server adds the user's choices, a colour for example, to the description: nothing to change, nothing lost.
+    const bool same = old.bytes && hasLine(*old.bytes, "CustomFile=" + fileUri(calendarFile)) &&
+                      hasLine(*old.bytes, kRingsLine) == rings;
+    return same ? FileOutcome{} : replaceFile(*files_, descriptionFile(), wanted);
+}
+
+FileOutcome EvolutionSource::disconnect() {
+    return removeFile(*files_, descriptionFile());
+}
+
+bool EvolutionSource::isConnected() const {
+    const FileContent content = readWholeFile(descriptionFile(), kLargestDescription);
+    return content.bytes && content.bytes->find("CustomFile=") != std::string::npos;
+}
+
+bool EvolutionSource::rings() const {
+    const FileContent content = readWholeFile(descriptionFile(), kLargestDescription);
+    return isConnected() && hasLine(*content.bytes, kRingsLine);
+}
+
+fs::path EvolutionSource::descriptionFile() const {
+    return folder_ / "quode.source";
+}
+
+}  // namespace quode

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/Environment.h"
+
+namespace quode {
+
+/// The folder of the user's files: $QUODE_DATA_DIR, else $XDG_DATA_HOME/Quode, else $HOME/.local/share/Quode; the
+/// folder need not exist. An empty variable counts as not set, and so does an $XDG_DATA_HOME that is no absolute path.
+/// Without any of the three it is "Quode" in the folder for temporary files.
+std::string dataFolderFrom(const Environment& environment);
+
+/// The folder of the bundle (language packs, images, city database): $QUODE_BUNDLE_DIR, else ../lib/quode/Quode.bundle
+/// beside the folder of the program. The folder need not exist.
+/// @param executable  the path of the program, as executablePath() gives it
+std::string bundleFolderFrom(const Environment& environment, const std::filesystem::path& executable);
+
+/// The path of the program that runs; empty when the system does not tell.
+std::filesystem::path executablePath();
+
+}  // namespace quode

@@ -1,0 +1,89 @@
+#include <unicode/dtfmtsym.h>
+#include <unicode/dtptngen.h>
+#include <unicode/locid.h>
+#include <unicode/unistr.h>
+
+#include "platform/system_platform.h"
+
+namespace quode {
+namespace {
+
+// The locale of a process that chose none. Its clock has 24 hours there, as the POSIX locale tells the time.
+constexpr const char* posixLocale = "en_US_POSIX@hours=h23";
+
+std::string utf8(const icu::UnicodeString& text) {
+    std::string bytes;
+    text.toUTF8String(bytes);
+    return bytes;
+}
+
+// The text at an index; empty outside the list.
+std::string entry(const icu::UnicodeString* texts, int count, int index) {
+    const bool isInside = texts != nullptr && index >= 0 && index < count;
+    return isInside ? utf8(texts[index]) : std::string();
+}
+
+icu::Locale localeOf(const std::string& name) {
+    const std::string language = name.substr(0, name.find_first_of(".@"));
+    const bool isPosix = language.empty() || language == "C" || language == "POSIX";
+    return icu::Locale::createCanonical(isPosix ? posixLocale : name.c_str());
+}
+
+class IcuLocale : public Locale {
+  public:
+    explicit IcuLocale(const std::string& name) : locale_(localeOf(name)), symbols_(locale_, status_) {}
+
+    std::string amSymbol() const override { return halfDaySymbol(0); }
+    std::string pmSymbol() const override { return halfDaySymbol(1); }
+
+    std::string monthName(int month) const override {
+        int count = 0;
+        const icu::UnicodeString* names = symbols_.getMonths(count);
+        return entry(names, count, month - 1);
+    }
+
+    std::string shortMonthName(int month) const override {
+        int count = 0;
+        const icu::UnicodeString* names = symbols_.getShortMonths(count);
+        return entry(names, count, month - 1);
+    }
+
+    std::string hourPattern() const override {
+        UErrorCode status = U_ZERO_ERROR;
+        const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+            icu::DateTimePatternGenerator::createInstance(locale_, status));
+        if (U_FAILURE(status)) return "HH";
+        return utf8(generator->getBestPattern("j", status));
+    }
+
+    std::string lowerCased(std::string_view text) const override {
+        const icu::StringPiece piece(text.data(), static_cast<int>(text.size()));
+        return utf8(icu::UnicodeString::fromUTF8(piece).toLower(icu::Locale::getRoot()));
+    }
+
+  private:
+    std::string halfDaySymbol(int half) const {
+        int count = 0;
+        const icu::UnicodeString* symbols = symbols_.getAmPmStrings(count);
+        return entry(symbols, count, half);
+    }
+
+    UErrorCode status_ = U_ZERO_ERROR;
+    icu::Locale locale_;
+    icu::DateFormatSymbols symbols_;
+};
+
+}  // namespace
+
+std::string localeNameFrom(const Environment& environment) {
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        if (auto name = nonEmpty(environment, variable)) return *name;
+    }
+    return "POSIX";
+}
+
+std::shared_ptr<Locale> icuLocale(const std::string& name) {
+    return std::make_shared<IcuLocale>(name.empty() ? localeNameFrom(processEnvironment()) : name);
+}
+
+}  // namespace quode

@@ -1,0 +1,11 @@
+#include "platform/system_platform.h"
+
+#include "platform/folders.h"
+
+namespace quode {
+
+Platform systemPlatform(const std::string& localeName) {
+    return {systemClock(), icuLocale(localeName), desktopDevice(), posixFiles(), dataFolderFrom(processEnvironment())};
+}
+
+}  // namespace quode

@@ -1,0 +1,36 @@
+// The device's calendar as a folder of one file per event, as programs that exchange calendars with a server want it.
+#pragma once
+
+#include "platform/EventStore.h"
+#include "platform/calendar_file.h"
+
+namespace quode {
+
+/// Keeps each event in a file "<identifier>.ics" of the folder, a "vdir", which vdirsyncer, khal and others read and
+/// write. Events that another program put there under other names are found and replaced in their own files.
+/// Each file is saved, kept aside and left alone as `IcalEventStore` does with its one.
+class VdirEventStore : public EventStore {
+  public:
+    explicit VdirEventStore(std::filesystem::path folder, StoreSurroundings surroundings = {});
+
+    FoundEvent findEvent(std::string_view identifier) override;
+    SavedEvent saveEvent(const CalendarEvent& event) override;
+    StoreStatus removeEvent(std::string_view identifier) override;
+    CalendarInfo defaultCalendar() const override;
+    EventList ownEvents() override;
+
+  private:
+    /// The file that holds the event. Without one, `file` is where a new event of this identifier belongs.
+    struct Place {
+        std::filesystem::path file;
+        LoadedCalendar loaded;
+        bool holdsEvent = false;
+    };
+    Place placeOf(std::string_view identifier) const;
+    std::filesystem::path lockFile() const;
+
+    std::filesystem::path folder_;
+    StoreSurroundings surroundings_;
+};
+
+}  // namespace quode

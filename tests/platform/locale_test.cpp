@@ -1,0 +1,85 @@
+// The facts of real locales.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "common/GlobalFuncs.h"
+#include "platform/system_platform.h"
+#include "support/environment_of.h"
+#include "support/fake_platform.h"
+#include "support/scoped_variable.h"
+
+namespace quode {
+namespace {
+
+using test::environmentOf;
+
+struct LocaleCase {
+    std::string name;
+    std::string am, pm;
+    std::string february, august;
+    std::string shortFebruary, shortAugust;
+    bool is24Hour;
+    int languageId;
+};
+
+class LocaleFacts : public testing::TestWithParam<LocaleCase> {};
+
+TEST_P(LocaleFacts, AreThoseOfThePeople) {
+    const LocaleCase& expected = GetParam();
+    const auto locale = icuLocale(expected.name);
+    EXPECT_EQ(locale->amSymbol(), expected.am);
+    EXPECT_EQ(locale->pmSymbol(), expected.pm);
+    EXPECT_EQ(locale->monthName(2), expected.february);
+    EXPECT_EQ(locale->monthName(8), expected.august);
+    EXPECT_EQ(locale->shortMonthName(2), expected.shortFebruary);
+    EXPECT_EQ(locale->shortMonthName(8), expected.shortAugust);
+    EXPECT_EQ(locale->monthName(0) + locale->monthName(13) + locale->shortMonthName(-1), "");
+
+    test::FakePlatform fake;
+    Platform platform = fake.platform();
+    platform.locale = locale;
+    const GlobalFuncs& services = GlobalFuncs::startUp(platform);
+    EXPECT_EQ(services.is24Hour(), expected.is24Hour);
+    EXPECT_EQ(services.languageId(), expected.languageId);
+    EXPECT_EQ(services.GetTextGregorianMonth(8), expected.august);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Countries, LocaleFacts,
+    testing::Values(LocaleCase{"tr_TR.UTF-8", "ÖÖ", "ÖS", "Şubat", "Ağustos", "Şub", "Ağu", true, 0},
+                    LocaleCase{"en_US.UTF-8", "AM", "PM", "February", "August", "Feb", "Aug", false, 1},
+                    LocaleCase{"en_GB", "am", "pm", "February", "August", "Feb", "Aug", true, 1},
+                    LocaleCase{"fr_FR.UTF-8", "AM", "PM", "février", "août", "févr.", "août", true, 1},
+                    LocaleCase{"de_DE@euro", "AM", "PM", "Februar", "August", "Feb.", "Aug.", true, 1},
+                    LocaleCase{"C.UTF-8", "AM", "PM", "February", "August", "Feb", "Aug", true, 1},
+                    LocaleCase{"POSIX", "AM", "PM", "February", "August", "Feb", "Aug", true, 1}),
+    [](const auto& tested) { return tested.param.name.substr(0, tested.param.name.find_first_of(".@")); });
+
+TEST(LocaleOfTurkey, HasTheSmallSymbolsOfTheServices) {
+    const auto locale = icuLocale("tr_TR");
+    EXPECT_EQ(locale->lowerCased(locale->amSymbol()), "öö");
+    EXPECT_EQ(locale->lowerCased(locale->pmSymbol()), "ös");
+}
+
+TEST(LowerCase, IsTheSameInEveryLocale) {
+    for (const char* name : {"tr_TR", "en_US", "POSIX"}) {
+        EXPECT_EQ(icuLocale(name)->lowerCased("IŞIK ÖÄ Am"), "işik öä am") << name;
+        EXPECT_EQ(icuLocale(name)->lowerCased(""), "");
+    }
+}
+
+TEST(LocaleOfTheProcess, ComesFromTheFirstVariableThatIsSet) {
+    EXPECT_EQ(localeNameFrom(environmentOf({{"LC_ALL", "tr_TR"}, {"LC_TIME", "fr_FR"}, {"LANG", "de_DE"}})), "tr_TR");
+    EXPECT_EQ(localeNameFrom(environmentOf({{"LC_ALL", ""}, {"LC_TIME", "fr_FR"}, {"LANG", "de_DE"}})), "fr_FR");
+    EXPECT_EQ(localeNameFrom(environmentOf({{"LANG", "de_DE.UTF-8"}})), "de_DE.UTF-8");
+    EXPECT_EQ(localeNameFrom(environmentOf({})), "POSIX");
+}
+
+TEST(LocaleOfTheProcess, IsUsedWhenNoneIsNamed) {
+    const test::ScopedVariable all("LC_ALL", "de_DE.UTF-8");
+    EXPECT_EQ(icuLocale()->monthName(2), "Februar");
+}
+
+}  // namespace
+}  // namespace quode
