@@ -1,0 +1,154 @@
+#include "common/GlobalFuncs.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+#include "common/color_schemes.h"
+
+namespace quode {
+namespace {
+
+constexpr double phoneMargin = 10.0;
+constexpr double tabletWidgetWidth = 480.0;
+constexpr double dayButtonHeight = 18.0;
+constexpr Size circleButton{40.0, 22.0};
+
+// The whole part of a length; 0 for NaN, the nearest int for what no int can hold.
+std::int32_t truncated(double length) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (std::isnan(length)) return 0;
+    if (length >= Limits::max()) return Limits::max();
+    if (length <= Limits::min()) return Limits::min();
+    return static_cast<std::int32_t>(length);
+}
+
+// The number that a version such as "8.1.2" begins with; 0 when it begins with none.
+float versionNumber(const std::string& version) {
+    float number = 0.0F;
+    std::from_chars(version.data(), version.data() + version.size(), number, std::chars_format::fixed);
+    return number;
+}
+
+}  // namespace
+
+std::optional<GlobalFuncs>& GlobalFuncs::shared() {
+    static std::optional<GlobalFuncs> object;
+    return object;
+}
+
+GlobalFuncs& GlobalFuncs::startUp(Platform platform) {
+    // The object is built in place, so that references to an earlier one stay good.
+    shared().reset();
+    return shared().emplace(Key{}, std::move(platform));
+}
+
+GlobalFuncs& GlobalFuncs::globalFuncs() {
+    if (!shared()) throw std::logic_error("GlobalFuncs::startUp must be called before GlobalFuncs::globalFuncs.");
+    return *shared();
+}
+
+GlobalFuncs::GlobalFuncs(Key, Platform platform) : platform_(std::move(platform)) {
+    generateMobilePath();
+    detectDeviceType();
+    measureScreen();
+    detectSystemVersion();
+    loadSettings();
+    updateUIColors();
+    getLangId();
+    getTimeFormat();
+}
+
+void GlobalFuncs::generateMobilePath() noexcept {
+    const std::string& folder = platform_.dataFolder;
+    try {
+        platform_.files->createFolders(folder);
+        if (!platform_.files->writable(folder)) {
+            dataFolderProblem_ =
+                "The data folder \"" + folder +
+                "\" cannot be written, so nothing can be kept. Give yourself the right to write there, "
+                "or name another folder in QUODE_DATA_DIR.";
+        }
+    } catch (const std::exception& error) {
+        dataFolderProblem_ = "The data folder \"" + folder + "\" cannot be made, so nothing can be kept (" +
+                             error.what() + "). Name another folder in QUODE_DATA_DIR.";
+    }
+}
+
+void GlobalFuncs::detectDeviceType() {
+    const std::optional<Idiom> idiom = platform_.device->idiom();
+    deviceType_ = idiom && *idiom != Idiom::phone ? 1 : 0;
+}
+
+void GlobalFuncs::measureScreen() {
+    screenSize_ = platform_.device->screenBounds();
+    widgetSize_ = screenSize_;
+    if (deviceType_ == 1) {
+        widgetSize_.x = screenSize_.width * 0.5 - tabletWidgetWidth * 0.5;
+        widgetSize_.width = tabletWidgetWidth;
+    } else {
+        widgetSize_.x = phoneMargin;
+    }
+}
+
+void GlobalFuncs::detectSystemVersion() {
+    const float version = versionNumber(platform_.device->systemVersion());
+    if (version >= 6.0F && version < 9.0F) iosVersion_ = static_cast<std::int32_t>(version) - 5;
+}
+
+void GlobalFuncs::getLangId() {
+    const Locale& locale = *platform_.locale;
+    clockConvention_.amSym = locale.lowerCased(locale.amSymbol());
+    clockConvention_.pmSym = locale.lowerCased(locale.pmSymbol());
+    const bool isTurkish = clockConvention_.amSym == "öö" && clockConvention_.pmSym == "ös";
+    languageId_ = isTurkish ? languageTurkish : languageEnglish;
+}
+
+bool GlobalFuncs::setLanguage(std::string_view name) {
+    const std::optional<int> id = languageIdOf(name);
+    if (id) languageId_ = *id;
+    return id.has_value();
+}
+
+void GlobalFuncs::getTimeFormat() {
+    clockConvention_.is24Hour = platform_.locale->hourPattern().find('a') == std::string::npos;
+}
+
+void GlobalFuncs::updateUIColors() {
+    colors_ = colorScheme(generalSettings_.uiControlColorId);
+}
+
+std::int32_t GlobalFuncs::getScreenWidth() const {
+    return truncated(screenSize_.width);
+}
+
+std::int32_t GlobalFuncs::getScreenHeight() const {
+    return truncated(screenSize_.height);
+}
+
+std::int32_t GlobalFuncs::getWidgetLeft() const {
+    return truncated(widgetSize_.x);
+}
+
+std::int32_t GlobalFuncs::getWidgetWidth() const {
+    return truncated(widgetSize_.width);
+}
+
+std::int32_t GlobalFuncs::getWidgetHeight() const {
+    return truncated(widgetSize_.height);
+}
+
+void GlobalFuncs::setZoomed(bool zoomed) {
+    isZoomed_ = zoomed;
+    reCalculateButtonWidthHeight();
+}
+
+void GlobalFuncs::reCalculateButtonWidthHeight() {
+    dayButtonSize_ = {std::trunc((getWidgetWidth() - 10.0) / (isZoomed_ ? 7.0 : 14.0)), dayButtonHeight};
+    circleButtonSize_ = circleButton;
+}
+
+}  // namespace quode

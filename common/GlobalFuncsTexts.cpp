@@ -1,0 +1,65 @@
+// The texts of the shared services: language pack and month names.
+#include <array>
+#include <exception>
+
+#include "common/GlobalFuncs.h"
+
+namespace quode {
+namespace {
+
+constexpr std::int32_t firstPrayerId = 200;
+constexpr std::array<std::string_view, 9> prayerKeys{"FAJR", "TULU",   "DHUHR",    "ASR",    "MAGHRIB",
+                                                     "ISHA", "ISHRAQ", "ASRTHANI", "I-SHAMS"};
+
+}  // namespace
+
+std::optional<std::string> GlobalFuncs::loadLanguageFile() noexcept {
+    langPack_ = LanguagePack();
+    std::string problem;
+    try {
+        const std::string path = appBundlePath_ + "/" + std::string(languageFile(languageId_));
+        problem = "Language file not found : " + path;
+        if (fileExists(path)) {
+            problem = "Language file cannot be used : " + path;
+            langPack_ = parseLanguagePack(platform_.files->read(path));
+            return std::nullopt;
+        }
+    } catch (const std::exception& error) {
+        problem += std::string(" : ") + error.what();
+    }
+    NSLogToFile(problem);
+    return problem;
+}
+
+std::optional<std::string> GlobalFuncs::GetTextPrayLabels(std::int32_t id) const {
+    if (id < firstPrayerId) return std::nullopt;
+    const auto index = static_cast<std::size_t>(id - firstPrayerId);
+    return index < prayerKeys.size() ? langPack_.text("PRAYERS", prayerKeys[index]) : std::nullopt;
+}
+
+std::optional<std::string> GlobalFuncs::GetTextHijriMonth(std::int32_t month) const {
+    return langPack_.text("HIJRI MONTHS", std::to_string(month));
+}
+
+std::optional<std::string> GlobalFuncs::GetTextHijriMonthShort(std::int32_t month) const {
+    return langPack_.text("HIJRI MONTHS SHORT", std::to_string(month));
+}
+
+std::optional<std::string> GlobalFuncs::GetKeyValue(std::int32_t id) {
+    try {
+        return langPack_.text("COMMON", std::to_string(id));
+    } catch (const std::exception& error) {
+        NSLogToFile(error.what());
+        return std::string();
+    }
+}
+
+std::string GlobalFuncs::GetTextGregorianMonth(std::int32_t month) const {
+    return platform_.locale->monthName(month);
+}
+
+std::string GlobalFuncs::GetTextGregorianMonthShort(std::int32_t month) const {
+    return platform_.locale->shortMonthName(month);
+}
+
+}  // namespace quode

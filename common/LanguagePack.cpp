@@ -1,0 +1,128 @@
+#include "common/LanguagePack.h"
+
+#include <plist/plist.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+
+#include "common/utf8.h"
+
+namespace quode {
+namespace {
+
+struct FreePlist {
+    void operator()(void* node) const { plist_free(node); }
+};
+using Plist = std::unique_ptr<void, FreePlist>;
+
+struct FreeMemory {
+    void operator()(void* memory) const { std::free(memory); }
+};
+template <typename T>
+using Owned = std::unique_ptr<T, FreeMemory>;
+
+std::string checkedText(const char* text) {
+    if (!isUtf8(text)) throw std::runtime_error("a text is not UTF-8");
+    return text;
+}
+
+std::string stringOf(plist_t node, const std::string& key) {
+    char* value = nullptr;
+    if (plist_get_node_type(node) == PLIST_STRING) plist_get_string_val(node, &value);
+    const Owned<char> owned(value);
+    if (!owned) throw std::runtime_error("the value of \"" + key + "\" is not a text");
+    return checkedText(owned.get());
+}
+
+// Calls visit(key, node) for each entry of a dictionary.
+template <typename Visit>
+void forEachEntry(plist_t dictionary, Visit visit) {
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(dictionary, &iterator);
+    const Owned<void> ownedIterator(iterator);
+    while (true) {
+        char* key = nullptr;
+        plist_t node = nullptr;
+        plist_dict_next_item(dictionary, iterator, &key, &node);
+        const Owned<char> ownedKey(key);
+        if (!ownedKey) return;
+        visit(checkedText(key), node);
+    }
+}
+
+LanguagePack::Section sectionOf(plist_t node, const std::string& name) {
+    if (plist_get_node_type(node) != PLIST_DICT) {
+        throw std::runtime_error("the section \"" + name + "\" is not a dictionary");
+    }
+    LanguagePack::Section section;
+    forEachEntry(node, [&](const std::string& key, plist_t value) { section[key] = stringOf(value, key); });
+    return section;
+}
+
+Plist parsedPlist(std::string_view bytes) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
+    if (bytes.empty()) throw std::runtime_error("it is empty");
+    if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) throw std::runtime_error("it is too large");
+    plist_t root = nullptr;
+    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    if (root == nullptr) throw std::runtime_error("it is not a property list, or it is damaged");
+    return Plist(root);
+}
+
+struct Language {
+    std::string_view name;
+    std::string_view file;
+};
+
+// In the order of the ids.
+constexpr std::array<Language, 4> languages{{
+    {"tr", "tr.lproj/tr.plist"},
+    {"en", "en.lproj/en.plist"},
+    {"fr", "Languages/fr.plist"},
+    {"de", "Languages/ge.plist"},
+}};
+
+const Language& languageOf(int id) {
+    const bool isKnown = id >= 0 && id < static_cast<int>(languages.size());
+    return languages[static_cast<std::size_t>(isKnown ? id : languageEnglish)];
+}
+
+}  // namespace
+
+std::optional<std::string> LanguagePack::text(std::string_view section, std::string_view key) const {
+    const auto texts = sections_.find(section);
+    if (texts == sections_.end()) return std::nullopt;
+    const auto text = texts->second.find(key);
+    if (text == texts->second.end()) return std::nullopt;
+    return text->second;
+}
+
+LanguagePack parseLanguagePack(std::string_view bytes) {
+    const Plist root = parsedPlist(bytes);
+    if (plist_get_node_type(root.get()) != PLIST_DICT) throw std::runtime_error("it is not a dictionary of sections");
+    LanguagePack::Sections sections;
+    forEachEntry(root.get(), [&](const std::string& name, plist_t node) { sections[name] = sectionOf(node, name); });
+    return LanguagePack(std::move(sections));
+}
+
+std::optional<int> languageIdOf(std::string_view name) {
+    for (std::size_t id = 0; id < languages.size(); ++id) {
+        if (languages[id].name == name) return static_cast<int>(id);
+    }
+    return std::nullopt;
+}
+
+std::string_view languageName(int languageId) {
+    return languageOf(languageId).name;
+}
+
+std::string_view languageFile(int languageId) {
+    return languageOf(languageId).file;
+}
+
+}  // namespace quode

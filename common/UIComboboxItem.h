@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quode {
+
+/// One entry of a pick list.
+struct UIComboboxItem {
+    std::int64_t itemID = 0;
+    std::string displayText;
+    std::string originalText;
+
+    friend bool operator==(const UIComboboxItem&, const UIComboboxItem&) = default;
+};
+
+}  // namespace quode

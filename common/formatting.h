@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Texts of times, zones and angles. A number that is not finite, or too large for the text, is shown as dashes.
+namespace quode::formatting {
+
+/// How a clock is told: with 24 hours, or with 12 and a sign for each half of the day.
+struct ClockConvention {
+    bool is24Hour = true;
+    std::string amSym;
+    std::string pmSym;
+};
+
+/// The clock text of a time of day in decimal hours, to the minute. Computed in single precision; more than 30 seconds
+/// round the minute up, exactly 30 do not. The mark -1.0 of a missing time is not for this function.
+std::string timeLeadingZero(double hours, const ClockConvention& convention);
+
+/// The clock text of an hour and a minute. With 12 hours the hour after midnight is 00 and the hour after noon is 12.
+std::string timeLeadingZero(int hour, int minute, const ClockConvention& convention);
+
+/// "hh:mm:ss", always with 24 hours.
+std::string timeLeadingZeroWithSeconds(int hour, int minute, int second);
+
+/// The text of an offset from UTC, such as "(+) 05:30"; " ☀" follows while summer time is in force.
+/// @param offset  hours, positive in the east
+std::string GetGMTValueStr(bool daylightSaving, double offset);
+
+/// Degrees and minutes with their sign, such as "+10°59'"; minutes are rounded, but never up to 60.
+std::string getDegMinStrWithMinusPlus(double degrees);
+
+/// The text of a qibla angle, such as "270°00'" for 90: an angle above 0 is counted the other way round the circle;
+/// minutes are truncated.
+std::string getQiblaAngleStr(double degrees);
+
+/// The decimal text, with six decimals, of "degrees;minutes;seconds" with an optional leading "-". The last field is
+/// always divided by 3600 and each one between first and last by 60, so "41;30" is 41 + 30/3600. An empty text gives
+/// "0.000000".
+std::string getFloatStr(std::string_view text);
+
+}  // namespace quode::formatting
