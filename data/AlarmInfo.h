@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace quode {
+
+/// What the user has set for the alarm of one prayer time.
+struct AlarmInfo {
+    int timeOffset = 0;      ///< minutes added to the prayer time; negative: before it
+    int melodyTime = 0;      ///< kept with the alarm, not used
+    std::string melodyName;  ///< the sound; empty for an alarm that has not been set up
+    bool active = false;     ///< the alarm is on
+
+    friend bool operator==(const AlarmInfo&, const AlarmInfo&) = default;
+};
+
+}  // namespace quode

@@ -1,0 +1,71 @@
+#include "data/City.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
+#include "common/GlobalFuncs.h"
+#include "data/city_day.h"
+#include "data/coordinates.h"
+#include "data/sqlite_reading.h"
+#include "data/user_places.h"
+
+namespace quode {
+namespace {
+
+// The runs of blanks belong to the text.
+constexpr const char* cityQuery =
+    "SELECT C.NAME, CP.NAME, CC.NAMEEN, CC.NAMETR, C.LAT, C.LON, CP.GMT, D.DST,"
+    "                           D.STARTMONTH, D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN"
+    "                           FROM CITY_PARENT CP, CITY C, DST D, COUNTRY CC"
+    "                           WHERE CP.PARENT = C.PARENT"
+    "                           AND   CC.CID = CP.CID"
+    "                           AND   CP.DSTID = D.DSTID"
+    "                           AND   C.ID=";
+
+// The whole number that a text begins with; 0 without one, the nearest end of the range when it is too large.
+int integerValue(const std::string& text) {
+    const long long value = std::strtoll(text.c_str(), nullptr, 10);
+    return static_cast<int>(
+        std::clamp<long long>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+}  // namespace
+
+City::City() : globalFuncs_(&GlobalFuncs::globalFuncs()) {}
+
+double City::getRelevantPrayerTime(int code) const {
+    return code >= firstPrayer && code <= lastPrayer ? timeOfPrayer(aNamazVakitleri_, code) : 0.0;
+}
+
+void City::changeTemkin() {
+    temkin_ = integerValue(temkin_) != 0 ? '0' : '1';
+}
+
+void City::getAllCityInfo(City& city) const {
+    const int id = integerValue(city.cityId_);
+    if (isUserPlace(id)) return fillWithUserPlace(city, id, globalFuncs_->dataFolder(), globalFuncs_->appBundlePath());
+    const sqlite::Database database = sqlite::openUnchanging(globalFuncs_->appBundlePath() + "/database/cities.sqlite");
+    if (!database) return;
+    const sqlite::Statement row = sqlite::prepare(database.get(), cityQuery + std::to_string(id));
+    if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
+    const auto column = [&row](int index) { return sqlite::text(row.get(), index); };
+    city.name_ = column(0);
+    city.nameParent_ = column(1);
+    city.countryNameEn_ = column(2);
+    city.countryNameTr_ = column(3);
+    city.latitude_ = globalFuncs_->getFloatStr(decipheredCoordinate(column(4)));
+    city.longitude_ = globalFuncs_->getFloatStr(decipheredCoordinate(column(5)));
+    city.GMT_ = column(6);
+    city.DST_ = column(7);
+    city.startMonth_ = column(8);
+    city.startDay_ = column(9);
+    city.stopMonth_ = column(10);
+    city.stopDay_ = column(11);
+    city.hour_ = column(12);
+    city.temkin_ = column(13);
+}
+
+}  // namespace quode

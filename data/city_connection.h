@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "data/CityDatabase.h"
+#include "data/sqlite_reading.h"
+
+namespace quode {
+
+/// The number that a text begins with, its decimal point a point in every locale; 0 for a text without one.
+double decimalNumber(const std::string& text);
+
+/// The open database behind `CityDatabase`. Every failure is a `CityDatabaseError`.
+class CityConnection {
+  public:
+    explicit CityConnection(const std::filesystem::path& file);
+
+    sqlite::Statement query(const std::string& sql) const;
+
+    /// Goes to the next row; false after the last one.
+    bool next(const sqlite::Statement& statement) const;
+
+    std::optional<CityRecord> record(int id);
+
+  private:
+    [[noreturn]] void failDamaged(const std::string& detail) const;
+    void checkEdition() const;
+    void checkTables() const;
+
+    std::filesystem::path file_;
+    sqlite::Database database_;
+    sqlite::Statement recordQuery_;  // kept, for a search reads many records
+};
+
+}  // namespace quode

@@ -1,0 +1,151 @@
+#include "data/city_day.h"
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+#include "astro/AstroGlobalFuncs.h"
+#include "astro/MagneticVariation.h"
+#include "common/formatting.h"
+
+namespace quode {
+namespace {
+
+// The field of the Earth is asked for at this height, whatever the place's own.
+constexpr double declinationHeight = 500.0;  // metres
+
+// Rules name days, not hours: nearly everywhere the clocks change within an hour of this time of the standard clock.
+constexpr std::chrono::hours changeOfClocks{2};
+
+using std::chrono::days;
+using std::chrono::floor;
+using std::chrono::minutes;
+using std::chrono::seconds;
+using std::chrono::sys_days;
+using std::chrono::sys_seconds;
+
+sys_days dayOf(const VAKDate& date) {
+    return std::chrono::year_month_day(std::chrono::year(date.Years), std::chrono::month(unsigned(date.Months)),
+                                       std::chrono::day(unsigned(date.Days)));
+}
+
+VAKDate recordOf(sys_seconds local) {
+    const auto day = floor<days>(local);
+    const std::chrono::year_month_day date(day);
+    const std::chrono::hh_mm_ss time(local - day);
+    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()),
+                       int(time.hours().count()), int(time.minutes().count()), int(time.seconds().count()));
+}
+
+seconds offsetOf(double hours) {
+    return seconds(std::lround(hours * 3600.0));
+}
+
+double number(const std::string& text) {
+    const double value = std::strtod(text.c_str(), nullptr);
+    return std::isfinite(value) ? value : 0.0;
+}
+
+int integer(const std::string& text) {
+    return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
+}
+
+}  // namespace
+
+Site siteOf(const CityRecord& city) {
+    return {city.latitude, city.longitude, city.rule, city.temkin};
+}
+
+Site siteOf(const City& city) {
+    Site site;
+    site.latitude = number(city.latitude());
+    site.longitude = number(city.longitude());
+    site.rule.gmt = number(city.GMT());
+    site.rule.dst = integer(city.DST()) == 1;
+    site.rule.startMonth = integer(city.startMonth());
+    site.rule.startDay = integer(city.startDay());
+    site.rule.stopMonth = integer(city.stopMonth());
+    site.rule.stopDay = integer(city.stopDay());
+    site.rule.hour = integer(city.hour());
+    site.temkin = integer(city.temkin()) == 1;
+    return site;
+}
+
+CityDay computeCityDay(const Site& site, const VAKDate& day) {
+    CityDay result;
+    result.date = VAKDateMake(day.Days, day.Months, day.Years, 0, 0, 0);
+    const ZoneRule& rule = site.rule;
+    FastAstro engine;
+    engine.SetCurrentDateTime(result.date);
+    engine.SetPlace(site.latitude, site.longitude, rule.gmt, rule.dst ? 1 : 0, rule.startMonth, rule.startDay,
+                    rule.stopMonth, rule.stopDay, rule.hour, site.temkin ? 1 : 0);
+    const Place& place = engine.CalculatePrayTimes();
+    result.times = place.TodayPrayTimes;
+    result.GMTValue = place.GMTValue;
+    result.isDSTTime = place.isDSTTime;
+    result.kible = place.KibleAngle;
+    result.sky = engine.getSomeInfoForQuodeWidget();
+    result.declination = MagneticVariation().getMagneticVariation(day.Days, day.Months, day.Years, site.latitude,
+                                                                  site.longitude, declinationHeight);
+    return result;
+}
+
+void computeCity(City& city, const VAKDate& day) {
+    const CityDay computed = computeCityDay(siteOf(city), day);
+    city.setPrayerTimes(computed.times);
+    city.setSomeAstroIfo(computed.sky);
+    city.setGMTStr(formatting::GetGMTValueStr(computed.isDSTTime, computed.GMTValue));
+    city.setQiblaAngle(computed.kible.K);
+    city.setMagneticVariation(computed.declination);
+}
+
+double timeOfPrayer(const PrayTimes& times, int code) {
+    using P = PrayTimes;
+    constexpr std::array<double P::*, 9> prayers = {&P::Imsak,    &P::Gunes, &P::Ogle,     &P::AsriEvvel,   &P::Aksam,
+                                                    &P::IsaEvvel, &P::Duha,  &P::AsriSani, &P::IsfirariSems};
+    if (code < firstPrayer || code > lastPrayer) return missingTime;
+    return times.*prayers[static_cast<std::size_t>(code - firstPrayer)];
+}
+
+double timeOfPrayer(const CityDay& day, int code) {
+    constexpr double hoursPerDay = 24.0;
+    const double hours = timeOfPrayer(day.times, code);
+    return hours == missingTime ? missingTime : hours - hoursPerDay * std::floor(day.times.Ogle / hoursPerDay);
+}
+
+int shownMinute(double hours) {
+    const std::string shown = formatting::timeLeadingZero(hours, {});  // "HH:MM"
+    const int minuteOfDay = std::stoi(shown) * 60 + std::stoi(shown.substr(shown.find(':') + 1));
+    // The text has lost its day: the nearest minute with that text is meant.
+    constexpr int minutesPerDay = 1440;
+    return minuteOfDay + minutesPerDay * static_cast<int>(std::lround((hours * 60.0 - minuteOfDay) / minutesPerDay));
+}
+
+sys_seconds instantOf(const CityDay& day, double hours) {
+    return sys_seconds(dayOf(day.date)) + minutes(shownMinute(hours)) - offsetOf(day.GMTValue);
+}
+
+VAKDate wallClock(const ZoneRule& rule, sys_seconds instant) {
+    const sys_seconds standard = instant + offsetOf(rule.gmt);
+    const auto ruleDay = floor<days>(standard - changeOfClocks);
+    const bool isSummer = isSummerTime(rule, std::chrono::year_month_day(ruleDay));
+    return recordOf(isSummer ? standard + std::chrono::hours(1) : standard);
+}
+
+std::optional<NextPrayer> nextPrayer(const Site& site, sys_seconds now) {
+    const VAKDate clock = wallClock(site.rule, now);
+    std::optional<NextPrayer> next;
+    for (const int offset : {-1, 0, 1}) {
+        const CityDay day = computeCityDay(site, recordOf(sys_seconds(dayOf(clock) + days(offset))));
+        for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+            const double hours = timeOfPrayer(day, code);
+            if (hours == missingTime) continue;
+            const sys_seconds instant = instantOf(day, hours);
+            if (instant > now && (!next || instant < next->instant)) next = NextPrayer{code, instant, hours, day.date};
+        }
+    }
+    return next;
+}
+
+}  // namespace quode

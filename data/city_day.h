@@ -1,0 +1,79 @@
+// One day at one place: its prayer times, sky, qibla and clock, computed afresh.
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+#include "astro/FastAstro.h"
+#include "data/City.h"
+#include "data/CityDatabase.h"
+#include "data/zone_rules.h"
+
+namespace quode {
+
+/// What the times of a place depend on.
+struct Site {
+    double latitude = 0.0;   ///< degrees, north positive
+    double longitude = 0.0;  ///< degrees, east positive
+    ZoneRule rule;
+    bool temkin = true;  ///< safety margin for 500 m of height; 250 m otherwise
+
+    friend bool operator==(const Site&, const Site&) = default;
+};
+
+Site siteOf(const CityRecord& city);
+
+/// The site of a city as the databases hold it, in texts; what is no number counts as 0.
+Site siteOf(const City& city);
+
+/// Everything that is computed for one day at one place.
+struct CityDay {
+    VAKDate date;              ///< the civil day, at 0 h
+    PrayTimes times;           ///< local decimal hours, -1.0 where there is none; the flags tell the fallbacks
+    WidgetSkyInfo sky;         ///< sunrise, sunset, moonrise, moonset (local), the Moon's altitude at sunset
+    double GMTValue = 0.0;     ///< hours east of Greenwich on that day, summer time included
+    bool isDSTTime = false;    ///< summer time is in force
+    KiblePair kible;           ///< the qibla, see `FastAstro::KibleAcisi`
+    double declination = 0.0;  ///< magnetic declination, degrees east of true north
+};
+
+/// Computes a day. Only the date of `day` counts.
+CityDay computeCityDay(const Site& site, const VAKDate& day);
+
+/// Computes the day of `day` and stores the results in the city: times, sky, offset text, qibla, declination.
+void computeCity(City& city, const VAKDate& day);
+
+/// The prayers with codes 200 (Imsak) to 208 (IsfirarSems), and the time of one in local hours; -1.0 when there is
+/// none.
+inline constexpr int firstPrayer = 200, lastMainPrayer = 205, lastPrayer = 208;
+double timeOfPrayer(const PrayTimes& times, int code);
+
+/// The same, counted from 0 h of the day itself: its noon lies within 0..24. The engine's own hours of a day reach a
+/// day too far where the clock is one day ahead of the longitude, as in Samoa, Tonga and the Line Islands.
+double timeOfPrayer(const CityDay& day, int code);
+
+/// The local minute that a time is shown as, in minutes after 0 h of its day; 1440 and more belong to the next day.
+/// Rounds exactly as `timeLeadingZero` does.
+int shownMinute(double hours);
+
+/// The instant of a time of a day, to the minute at which it is shown.
+std::chrono::sys_seconds instantOf(const CityDay& day, double hours);
+
+/// The wall clock of a place at an instant, by the rule with which its times are computed. On the days that a rule
+/// names the clocks change at two o'clock standard time; the prayer times count the whole of such a day as the new
+/// time.
+VAKDate wallClock(const ZoneRule& rule, std::chrono::sys_seconds instant);
+
+/// A coming prayer.
+struct NextPrayer {
+    int code = 0;                        ///< 200 (Imsak) to 205 (Yatsi)
+    std::chrono::sys_seconds instant{};  ///< when, to the minute
+    double hours = 0.0;                  ///< the local time of its day
+    VAKDate date;                        ///< the civil day that the time belongs to, at 0 h
+};
+
+/// The first of the six main times after an instant, of yesterday (a night prayer after midnight), today or tomorrow.
+/// Nothing when none of them exists.
+std::optional<NextPrayer> nextPrayer(const Site& site, std::chrono::sys_seconds now);
+
+}  // namespace quode

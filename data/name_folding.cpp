@@ -1,0 +1,182 @@
+#include "data/name_folding.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace quode {
+namespace {
+
+constexpr char32_t broken = 0xFFFFFFFF;
+
+// The base letter of each code point from U+00C0 on; '*' where there are several, '?' where the letter is its own base.
+constexpr std::string_view latinSupplement =
+    "aaaaaa*ceeeeiiiidnooooo ouuuuy**aaaaaa*ceeeeiiiidnooooo ouuuuy*y"
+    "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiii**jjkkklllllll"
+    "lllnnnnnnnnnoooooo**rrrrrrssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs"
+    "bb????occdddd?eaeffgg*iikkl??nnooo**ppr??s??tttuu?vyyzzz????????"
+    "????*********aaiioouuuuuuuuuueaaaa**ggggkkoooozzj***gg*?nnaa**oo"
+    "aaaaeeeeiiiioooorrrruuuussttgghhnd**zzaaeeooooooooyylntj**acclts"
+    "z??bu?eejjqqrryy";
+// The same from U+1E00 on.
+constexpr std::string_view latinAdditional =
+    "aabbbbbbccddddddddddeeeeeeeeeeffgghhhhhhhhhhiiiikkkkkkllllllllmm"
+    "mmmmnnnnnnnnoooooooopppprrrrrrrrssssssssssttttttttuuuuuuuuuuvvvv"
+    "wwwwwwwwwwxxxxyyzzzzzzhtwy?s??*?aaaaaaaaaaaaaaaaaaaaaaaaeeeeeeee"
+    "eeeeeeeeiiiioooooooooooooooooooooooouuuuuuuuuuuuuuyyyyyyyy??????";
+
+std::string_view severalLetters(char32_t c) {
+    switch (c) {
+        case U'Æ':
+        case U'æ':
+        case U'Ǣ':
+        case U'ǣ':
+        case U'Ǽ':
+        case U'ǽ':
+            return "ae";
+        case U'Œ':
+        case U'œ':
+            return "oe";
+        case U'ß':
+        case U'ẞ':
+            return "ss";
+        case U'Þ':
+        case U'þ':
+            return "th";
+        case U'Ĳ':
+        case U'ĳ':
+            return "ij";
+        case U'Ǆ':
+        case U'ǅ':
+        case U'ǆ':
+        case U'Ǳ':
+        case U'ǲ':
+        case U'ǳ':
+            return "dz";
+        case U'Ǉ':
+        case U'ǈ':
+        case U'ǉ':
+            return "lj";
+        case U'Ǌ':
+        case U'ǋ':
+        case U'ǌ':
+            return "nj";
+        case U'Ȣ':
+        case U'ȣ':
+            return "ou";
+        default:
+            return {};
+    }
+}
+
+char baseLetter(char32_t c) {
+    if (c >= 0xC0 && c < 0xC0 + latinSupplement.size()) return latinSupplement[c - 0xC0];
+    if (c >= 0x1E00 && c < 0x1E00 + latinAdditional.size()) return latinAdditional[c - 0x1E00];
+    if (c == U'ə') return 'a';
+    return '?';
+}
+
+bool vanishes(char32_t c) {
+    const bool apostrophe =
+        c == '\'' || c == '`' || c == 0xB4 || (c >= 0x2B9 && c <= 0x2BF) || (c >= 0x2018 && c <= 0x201B) || c == 0x2032;
+    const bool combining = (c >= 0x300 && c <= 0x36F) || (c >= 0x64B && c <= 0x65F);
+    const bool invisible = c == 0xAD || (c >= 0x200B && c <= 0x200F) || c == 0x2060 || c == 0xFEFF;
+    return apostrophe || combining || invisible;
+}
+
+bool separates(char32_t c) {
+    if (c < 0x80) return !((c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'));
+    return c < 0xC0 || (c >= 0x2000 && c <= 0x206F) || c == 0x3000 || c == broken;
+}
+
+// Takes the next code point off the text; `broken` for a byte that does not begin a well-formed one.
+char32_t takeCodePoint(std::string_view& text) {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned first = byte(0);
+    const std::size_t length = first < 0x80 ? 1 : first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    if ((first >= 0x80 && first < 0xC2) || first > 0xF4 || length > text.size()) {
+        text.remove_prefix(1);
+        return broken;
+    }
+    char32_t code = length == 1 ? first : first & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((byte(i) & 0xC0U) != 0x80) {
+            text.remove_prefix(1);
+            return broken;
+        }
+        code = (code << 6) | (byte(i) & 0x3FU);
+    }
+    text.remove_prefix(length);
+    return code;
+}
+
+void appendFolded(char32_t c, std::string_view original, std::string& folded) {
+    if (c < 0x80) {
+        folded += static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+        return;
+    }
+    const char base = baseLetter(c);
+    const std::string_view several = base == '*' ? severalLetters(c) : std::string_view();
+    if (!several.empty()) {
+        folded += several;
+    } else if (base == '?' || base == '*') {
+        folded += original;
+    } else {
+        folded += base;
+    }
+}
+
+}  // namespace
+
+std::string foldedName(std::string_view utf8) {
+    std::string folded;
+    folded.reserve(utf8.size());
+    bool blankDue = false;
+    while (!utf8.empty()) {
+        const std::string_view before = utf8;
+        const char32_t c = takeCodePoint(utf8);
+        if (vanishes(c)) continue;
+        if (separates(c) || baseLetter(c) == ' ') {
+            blankDue = true;
+            continue;
+        }
+        if (blankDue && !folded.empty()) folded += ' ';
+        blankDue = false;
+        appendFolded(c, before.substr(0, before.size() - utf8.size()), folded);
+    }
+    return folded;
+}
+
+int typingMistakes(std::string_view a, std::string_view b, int limit) {
+    if (a.size() > b.size()) std::swap(a, b);
+    if (b.size() - a.size() > static_cast<std::size_t>(limit)) return limit + 1;
+    // Rows of the edit table: mistakes between the first i letters of b and the first j of a; three rows for swaps.
+    const std::size_t width = a.size() + 1;
+    std::vector<int> table(3 * width);
+    int* previous = table.data();
+    int* current = previous + width;
+    int* beforePrevious = current + width;
+    for (std::size_t j = 0; j < width; ++j) previous[j] = static_cast<int>(j);
+    for (std::size_t i = 1; i <= b.size(); ++i) {
+        current[0] = static_cast<int>(i);
+        int smallest = current[0];
+        for (std::size_t j = 1; j < width; ++j) {
+            const bool same = a[j - 1] == b[i - 1];
+            current[j] = std::min({previous[j] + 1, current[j - 1] + 1, previous[j - 1] + (same ? 0 : 1)});
+            if (i > 1 && j > 1 && a[j - 1] == b[i - 2] && a[j - 2] == b[i - 1]) {
+                current[j] = std::min(current[j], beforePrevious[j - 2] + 1);
+            }
+            smallest = std::min(smallest, current[j]);
+        }
+        // Neighbouring rows differ by one at most, so the row before, to which a swap reaches back, is above the limit
+        // too.
+        if (smallest > limit + 1) return limit + 1;
+        int* const reused = beforePrevious;
+        beforePrevious = previous;
+        previous = current;
+        current = reused;
+    }
+    return std::min(previous[width - 1], limit + 1);
+}
+
+}  // namespace quode

@@ -1,0 +1,136 @@
+#include "data/system_zone.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+namespace quode {
+namespace {
+
+constexpr std::size_t headerSize = 44;
+
+// Big-endian numbers off the front of a file's bytes. After reading past the end everything is zero and `ok` is false.
+class Bytes {
+  public:
+    explicit Bytes(std::string_view bytes) : bytes_(bytes) {}
+
+    bool ok() const { return ok_; }
+    std::string_view rest() const { return bytes_; }
+
+    std::string_view take(std::uint64_t count) {
+        if (count > bytes_.size()) {
+            ok_ = false;
+            bytes_ = {};
+            return {};
+        }
+        const std::string_view taken = bytes_.substr(0, count);
+        bytes_.remove_prefix(count);
+        return taken;
+    }
+
+    std::int64_t number(std::size_t size) {
+        std::uint64_t value = 0;
+        const std::string_view taken = take(size);
+        for (const char c : taken) value = value << 8 | static_cast<unsigned char>(c);
+        if (size == 4) return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
+        return static_cast<std::int64_t>(value);
+    }
+
+  private:
+    std::string_view bytes_;
+    bool ok_ = true;
+};
+
+// How many there are of each kind of entry.
+struct Header {
+    char version = 0;
+    std::uint64_t utcFlags = 0, standardFlags = 0, leapSeconds = 0, transitions = 0, types = 0, letters = 0;
+
+    std::uint64_t dataSize(std::uint64_t timeSize) const {
+        return transitions * (timeSize + 1) + types * 6 + letters + leapSeconds * (timeSize + 4) + standardFlags +
+               utcFlags;
+    }
+};
+
+std::optional<Header> takeHeader(Bytes& bytes) {
+    Bytes header(bytes.take(headerSize));
+    if (header.take(4) != "TZif") return std::nullopt;
+    Header counts;
+    counts.version = header.take(1).front();
+    header.take(15);
+    for (std::uint64_t* count : {&counts.utcFlags, &counts.standardFlags, &counts.leapSeconds, &counts.transitions,
+                                 &counts.types, &counts.letters}) {
+        *count = static_cast<std::uint32_t>(header.number(4));
+    }
+    return counts;
+}
+
+// The line between two line ends at the end of the file.
+std::optional<std::string_view> footer(std::string_view rest) {
+    if (rest.size() < 2 || rest.front() != '\n' || rest.back() != '\n') return std::nullopt;
+    return rest.substr(1, rest.size() - 2);
+}
+
+}  // namespace
+
+std::optional<SystemZone> SystemZone::load(const std::filesystem::path& folder, std::string_view name) {
+    if (name.empty() || name.front() == '/' || name.find("..") != std::string_view::npos) return std::nullopt;
+    const std::filesystem::path path = folder / name;
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
+    std::ifstream stream(path, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+    return parse(bytes);
+}
+
+std::optional<SystemZone> SystemZone::parse(std::string_view file) {
+    Bytes bytes(file);
+    const std::optional<Header> old = takeHeader(bytes);
+    if (!old || old->version < '2') return std::nullopt;
+    bytes.take(old->dataSize(4));  // the same once more with short times, for old readers
+    const std::optional<Header> counts = takeHeader(bytes);
+    if (!counts || counts->types == 0 || counts->dataSize(8) > bytes.rest().size()) return std::nullopt;
+
+    Bytes times(bytes.take(counts->transitions * 8));
+    Bytes indexes(bytes.take(counts->transitions));
+    std::vector<int> offsets;
+    for (std::uint64_t i = 0; i < counts->types; ++i) {
+        offsets.push_back(static_cast<int>(bytes.number(4)));
+        bytes.take(2);  // whether it is summer time, and the abbreviation
+    }
+    bytes.take(counts->letters + counts->leapSeconds * 12 + counts->standardFlags + counts->utcFlags);
+
+    SystemZone zone;
+    zone.firstOffset_ = offsets.front();
+    for (std::uint64_t i = 0; i < counts->transitions; ++i) {
+        const std::chrono::sys_seconds moment{std::chrono::seconds(times.number(8))};
+        const auto type = static_cast<std::size_t>(indexes.number(1));
+        if (type >= offsets.size()) return std::nullopt;
+        if (!zone.transitions_.empty() && moment <= zone.transitions_.back().moment) return std::nullopt;
+        zone.transitions_.push_back({moment, offsets[type]});
+    }
+    const std::optional<std::string_view> line = footer(bytes.rest());
+    if (!bytes.ok() || !line) return std::nullopt;
+    if (line->empty()) return zone;
+    zone.afterwards_ = parsePosixZone(*line);
+    return zone.afterwards_ ? std::optional(zone) : std::nullopt;
+}
+
+int SystemZone::offsetAt(std::chrono::sys_seconds moment) const {
+    const auto after =
+        std::upper_bound(transitions_.begin(), transitions_.end(), moment,
+                         [](auto time, const Transition& transition) { return time < transition.moment; });
+    if (after == transitions_.end() && afterwards_) return afterwards_->offsetAt(moment);
+    return after == transitions_.begin() ? firstOffset_ : std::prev(after)->offset;
+}
+
+int SystemZone::offsetAtNoon(std::chrono::sys_days day) const {
+    // The moment of local noon depends on the offset that is sought. Begin with the offset at noon in Greenwich, and
+    // look again at the moment that follows from it; a change of the clocks in between makes the second look necessary.
+    const std::chrono::sys_seconds noon = day + std::chrono::hours(12);
+    int offset = offsetAt(noon);
+    for (int look = 0; look < 2; ++look) offset = offsetAt(noon - std::chrono::seconds(offset));
+    return offset;
+}
+
+}  // namespace quode

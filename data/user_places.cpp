@@ -1,0 +1,98 @@
+#include "data/user_places.h"
+
+#include <fmt/format.h>
+
+#include "data/sqlite_reading.h"
+
+namespace quode {
+namespace {
+
+constexpr const char* placeQuery = "SELECT NAME, LATITUDE, LONGITUDE, ZONE FROM USER_PLACE WHERE ID = ?1";
+constexpr int lockPatienceMs = 2000;
+
+struct KeptPlace {
+    std::string name;
+    double latitude = 0.0;
+    double longitude = 0.0;
+    std::string zone;
+};
+
+std::optional<KeptPlace> keptPlace(sqlite3* userDatabase, int id) {
+    const sqlite::Statement row = sqlite::prepare(userDatabase, placeQuery);
+    if (!row) return std::nullopt;
+    sqlite3_bind_int(row.get(), 1, id);
+    if (sqlite3_step(row.get()) != SQLITE_ROW) return std::nullopt;
+    return KeptPlace{sqlite::text(row.get(), 0), sqlite3_column_double(row.get(), 1),
+                     sqlite3_column_double(row.get(), 2), sqlite::text(row.get(), 3)};
+}
+
+}  // namespace
+
+std::filesystem::path userDatabaseFile(const std::filesystem::path& dataFolder) {
+    return dataFolder / "user.sqlite";
+}
+
+std::optional<CityRecord> userPlace(const std::filesystem::path& userDatabase, const CityDatabase& cities, int id) {
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(userDatabase.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
+    const sqlite::Database database(opened);
+    if (result != SQLITE_OK) return std::nullopt;
+    sqlite3_busy_timeout(database.get(), lockPatienceMs);
+    return userPlace(database.get(), cities, id);
+}
+
+std::optional<CityRecord> userPlace(sqlite3* userDatabase, const CityDatabase& cities, int id) {
+    const std::optional<KeptPlace> kept = keptPlace(userDatabase, id);
+    if (!kept) return std::nullopt;
+    const std::optional<NearestCity> nearest = cities.nearest(kept->latitude, kept->longitude);
+    if (!nearest) return std::nullopt;
+    CityRecord place = nearest->city;
+    place.id = id;
+    place.name = kept->name;
+    place.latitude = kept->latitude;
+    place.longitude = kept->longitude;
+    place.temkin = true;
+    place.population = 0;
+    place.elevation.reset();
+    // The clock of the zone comes from the city database, so that a newer edition of it mends old places too.
+    if (const std::optional<CityRecord> ofZone = cities.largestCityOfZone(kept->zone)) {
+        place.zone = ofZone->zone;
+        place.rule = ofZone->rule;
+    }
+    return place;
+}
+
+std::optional<CityRecord> placeById(const std::filesystem::path& userDatabase, const CityDatabase& cities, int id) {
+    return isUserPlace(id) ? userPlace(userDatabase, cities, id) : cities.city(id);
+}
+
+void fillCity(City& city, const CityRecord& record) {
+    const ZoneRule& rule = record.rule;
+    city.setName(record.name);
+    city.setNameParent(record.region);
+    city.setCountryNameEn(record.countryNameEn);
+    city.setCountryNameTr(record.countryNameTr);
+    city.setLatitude(fmt::format("{:f}", record.latitude));
+    city.setLongitude(fmt::format("{:f}", record.longitude));
+    city.setGMT(fmt::format("{}", rule.gmt));
+    city.setDST(rule.dst ? "1" : "0");
+    city.setStartMonth(std::to_string(rule.startMonth));
+    city.setStartDay(std::to_string(rule.startDay));
+    city.setStopMonth(std::to_string(rule.stopMonth));
+    city.setStopDay(std::to_string(rule.stopDay));
+    city.setHour(std::to_string(rule.hour));
+    city.setTemkin(record.temkin ? "1" : "0");
+}
+
+void fillWithUserPlace(City& city, int id, const std::filesystem::path& dataFolder,
+                       const std::filesystem::path& bundle) {
+    try {
+        const CityDatabase cities(CityDatabase::fileIn(bundle));
+        const std::optional<CityRecord> place = userPlace(userDatabaseFile(dataFolder), cities, id);
+        if (place) fillCity(city, *place);
+    } catch (const CityDatabaseError&) {
+        // Without the city database no city is filled; those who open it themselves tell the user.
+    }
+}
+
+}  // namespace quode

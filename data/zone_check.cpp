@@ -1,0 +1,82 @@
+#include "data/zone_check.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "data/system_zone.h"
+
+namespace quode {
+namespace {
+
+using std::chrono::days;
+using std::chrono::year_month_day;
+
+// One second; offsets are whole seconds.
+constexpr double smallestDifference = 1.0 / 3600.0;
+
+std::string dateText(year_month_day date) {
+    return fmt::format("{:04}-{:02}-{:02}", int(date.year()), unsigned(date.month()), unsigned(date.day()));
+}
+
+// "UTC+5:45", "UTC-8", "UTC+0".
+std::string offsetText(double hours) {
+    const long minutes = std::lround(std::abs(hours) * 60.0);
+    const std::string text = fmt::format("UTC{}{}", hours < 0 ? '-' : '+', minutes / 60);
+    return minutes % 60 == 0 ? text : text + fmt::format(":{:02}", minutes % 60);
+}
+
+}  // namespace
+
+DayRange twoYearsFrom(year_month_day first) {
+    const std::chrono::sys_days begin(first);
+    return {begin, begin + days(730)};
+}
+
+std::optional<ZoneDisagreement> checkZone(const StoredZone& zone, DayRange range,
+                                          const std::filesystem::path& zoneFolder) {
+    ZoneDisagreement found;
+    found.zone = zone.name;
+    const std::optional<SystemZone> system = SystemZone::load(zoneFolder, zone.name);
+    if (!system) {
+        found.unknownToSystem = true;
+        return found;
+    }
+    for (std::chrono::sys_days day = range.first; day <= range.last; day += days(1)) {
+        const double stored = offsetOn(zone.rule, year_month_day(day));
+        const double theirs = system->offsetAtNoon(day) / 3600.0;
+        if (std::abs(stored - theirs) < smallestDifference) continue;
+        if (found.days == 0) {
+            found.first = year_month_day(day);
+            found.storedHours = stored;
+            found.systemHours = theirs;
+        }
+        found.last = year_month_day(day);
+        ++found.days;
+    }
+    if (found.days == 0) return std::nullopt;
+    return found;
+}
+
+std::vector<ZoneDisagreement> checkZones(std::span<const StoredZone> zones, DayRange range,
+                                         const std::filesystem::path& zoneFolder) {
+    std::vector<ZoneDisagreement> disagreements;
+    for (const StoredZone& zone : zones) {
+        if (auto disagreement = checkZone(zone, range, zoneFolder)) disagreements.push_back(std::move(*disagreement));
+    }
+    return disagreements;
+}
+
+std::string describe(const ZoneDisagreement& disagreement) {
+    if (disagreement.unknownToSystem) {
+        return disagreement.zone + ": this system has no zone data of that name to compare with";
+    }
+    const std::string when = disagreement.days == 1
+                                 ? fmt::format("on {}", dateText(disagreement.first))
+                                 : fmt::format("on {} days ({} to {})", disagreement.days, dateText(disagreement.first),
+                                               dateText(disagreement.last));
+    return fmt::format("{}: stored {}, this system says {} {}", disagreement.zone, offsetText(disagreement.storedHours),
+                       offsetText(disagreement.systemHours), when);
+}
+
+}  // namespace quode

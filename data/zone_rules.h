@@ -1,0 +1,49 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+namespace quode {
+
+/// The clock of a zone as the engine takes it: the standard offset and the rule by which whole days are summer time.
+///
+/// Months count from 0 = January. A rule day up to 30 is a day of the month counted from 0; from 31 on it names a
+/// weekday, see `weekdayRule`. The start day is summer time from midnight on, the stop day is not any more. A start
+/// month that is not before the stop month is a rule of the southern hemisphere.
+struct ZoneRule {
+    double gmt = 0.0;    ///< hours east of Greenwich without summer time
+    bool dst = false;    ///< the zone has summer time; without it all that follows is 0
+    int startMonth = 0;  ///< 0..11
+    int startDay = 0;    ///< rule day
+    int stopMonth = 0;   ///< 0..11
+    int stopDay = 0;     ///< rule day
+    int hour = 0;        ///< hours by which the clocks are put forward
+
+    friend bool operator==(const ZoneRule&, const ZoneRule&) = default;
+};
+
+/// A change of the clocks: the first day of the new time.
+struct ClockChange {
+    std::chrono::year_month_day date;
+    bool toSummerTime = false;
+};
+
+/// The rule day of a weekday. weekday: 0 = Sunday .. 6 = Saturday; occurrence: 0 first .. 3 fourth, 4 last in the
+/// month.
+constexpr int weekdayRule(int weekday, int occurrence) {
+    return 31 + 5 * weekday + occurrence;
+}
+
+/// True when the engine can use the rule: offset within -14..14 hours, months within 0..11, rule days within 0..65.
+bool isValid(const ZoneRule& rule);
+
+/// Whether the engine counts a day as summer time. An impossible date is not.
+bool isSummerTime(const ZoneRule& rule, std::chrono::year_month_day date);
+
+/// Hours east of Greenwich that the engine uses on a day, summer time included.
+double offsetOn(const ZoneRule& rule, std::chrono::year_month_day date);
+
+/// The first change after a day; nothing when the clocks do not change within a year.
+std::optional<ClockChange> nextClockChange(const ZoneRule& rule, std::chrono::year_month_day after);
+
+}  // namespace quode

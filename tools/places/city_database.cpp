@@ -1,0 +1,213 @@
+#include "tools/places/city_database.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <map>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "data/city_database_schema.h"
+#include "data/coordinates.h"
+#include "data/name_folding.h"
+#include "tools/places/sqlite_writer.h"
+
+namespace quode::places {
+namespace {
+
+constexpr long marginUsed = 1;  // TEMKIN: the careful side, for prayers and for fasting
+
+// Rule columns of DST, then what a zone refers to them by.
+using DstKey = std::tuple<bool, int, int, int, int, int>;
+
+DstKey keyOf(const ZoneRule& rule) {
+    return {rule.dst, rule.startMonth, rule.startDay, rule.stopMonth, rule.stopDay, rule.hour};
+}
+
+// The number of a country: the two letters of its code, so that it stays the same in every edition.
+long countryNumber(const std::string& code) {
+    return (code.at(0) - 'A') * 26 + (code.at(1) - 'A') + 1;
+}
+
+// Whole hours without a point, others with the decimals they need: "3", "-3.5", "5.75".
+std::string hoursText(double hours) {
+    std::array<char, 32> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), hours).ptr;
+    return {buffer.data(), end};
+}
+
+class CityDatabaseWriter {
+  public:
+    CityDatabaseWriter(const SourceData& data, const std::filesystem::path& file) : data_(data), out_(file) {
+        long number = 0;
+        for (const auto& [name, rule] : data_.zones) {
+            zoneNumbers_[name] = ++number;
+            dstNumbers_[keyOf(rule)] = 0;
+        }
+        number = 0;
+        for (auto& [key, dstNumber] : dstNumbers_) dstNumber = ++number;
+    }
+
+    void write() {
+        out_.execute(
+            "PRAGMA page_size=4096; PRAGMA encoding='UTF-8'; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF;"
+            "PRAGMA application_id=" +
+            std::to_string(cityDatabaseApplicationId) + "; PRAGMA user_version=" + std::to_string(cityDatabaseEdition) +
+            ";");
+        out_.execute("BEGIN");
+        out_.execute(cityDatabaseTables);
+        writeCountries();
+        writeRules();
+        writeRegions();
+        writeCities();
+        writeZones();
+        writeNames();
+        writePoints();
+        writeEdition();
+        out_.execute("COMMIT");
+    }
+
+  private:
+    long dstNumber(const ZoneRule& rule) const { return dstNumbers_.at(keyOf(rule)); }
+    const Region& regionOf(const Place& place) const { return data_.regions[static_cast<std::size_t>(place.region)]; }
+    static long parentNumber(const Place& place) { return place.region + 1; }
+
+    void writeCountries() {
+        auto countries = out_.table("COUNTRY", 3);
+        for (const auto& [code, country] : data_.countries) {
+            countries.add({countryNumber(code), country.nameEn, country.nameTr});
+        }
+        auto facts = out_.table("COUNTRY_FACT", 4);
+        for (const auto& [code, country] : data_.countries) {
+            facts.add({countryNumber(code), code, foldedName(country.nameEn), foldedName(country.nameTr)});
+        }
+    }
+
+    void writeRules() {
+        auto rules = out_.table("DST", 7);
+        for (const auto& [key, number] : dstNumbers_) {
+            const auto [dst, startMonth, startDay, stopMonth, stopDay, hour] = key;
+            rules.add(
+                {number, long{dst}, long{startMonth}, long{startDay}, long{stopMonth}, long{stopDay}, long{hour}});
+        }
+    }
+
+    void writeRegions() {
+        auto parents = out_.table("CITY_PARENT", 5);
+        auto facts = out_.table("PARENT_FACT", 4);
+        long number = 0;
+        for (const Region& region : data_.regions) {
+            const ZoneRule& rule = data_.zones.at(region.zone);
+            parents.add({++number, region.name, hoursText(rule.gmt), countryNumber(region.country), dstNumber(rule)});
+        }
+        number = 0;
+        for (const Region& region : data_.regions) {
+            facts.add({++number, region.code, foldedName(region.name), zoneNumbers_.at(region.zone)});
+        }
+    }
+
+    void writeCities() {
+        auto cities = out_.table("CITY", 6);
+        for (const Place& place : data_.places) {
+            cities.add({long{place.id}, place.name, sexagesimalCoordinate(place.latitude),
+                        sexagesimalCoordinate(place.longitude), marginUsed, parentNumber(place)});
+        }
+        auto facts = out_.table("CITY_FACT", 3);
+        for (const Place& place : data_.places) {
+            if (place.population == 0 && !place.elevation) continue;
+            facts.add({long{place.id}, place.population, place.elevation ? Cell(long{*place.elevation}) : Cell()});
+        }
+    }
+
+    void writeZones() {
+        std::map<std::string, const Place*> largest;
+        for (const Place& place : data_.places) {
+            const Place*& known = largest[regionOf(place).zone];
+            if (!known || place.population > known->population) known = &place;
+        }
+        auto zones = out_.table("ZONE", 5);
+        std::map<std::string, long> names = zoneNumbers_;
+        for (const auto& [name, rule] : data_.zones) {
+            zones.add({zoneNumbers_.at(name), name, hoursText(rule.gmt), dstNumber(rule), long{largest.at(name)->id}});
+        }
+        for (const auto& [alias, zone] : data_.zoneAliases) names[alias] = zoneNumbers_.at(zone);
+        auto zoneNames = out_.table("ZONE_NAME", 2);
+        for (const auto& [name, number] : names) zoneNames.add({name, number});
+    }
+
+    struct NameRow {
+        std::string folded;
+        const Place* place;
+        NameKind kind;
+        auto key() const { return std::tuple<const std::string&, std::int32_t, NameKind>(folded, place->id, kind); }
+    };
+
+    // A spelling, and what remains of it from each later word on.
+    static void addSpelling(const Place& place, const std::string& name, bool own, std::vector<NameRow>& rows) {
+        std::string folded = foldedName(name);
+        if (folded.empty()) return;
+        const NameKind word = own ? NameKind::ownWord : NameKind::otherWord;
+        for (std::size_t blank = folded.find(' '); blank != std::string::npos; blank = folded.find(' ', blank + 1)) {
+            rows.push_back({folded.substr(blank + 1), &place, word});
+        }
+        rows.push_back({std::move(folded), &place, own ? NameKind::own : NameKind::other});
+    }
+
+    void writeNames() {
+        std::map<std::int32_t, const Place*> byId;
+        std::vector<NameRow> rows;
+        for (const Place& place : data_.places) {
+            byId.emplace_hint(byId.end(), place.id, &place);
+            addSpelling(place, place.name, true, rows);
+            addSpelling(place, place.asciiName, true, rows);
+        }
+        auto otherNames = out_.table("OTHER_NAME", 2);
+        for (const OtherName& other : data_.otherNames) {
+            const Place& place = *byId.at(other.id);
+            otherNames.add({long{other.id}, other.name});
+            addSpelling(place, other.name, false, rows);
+            addSpelling(place, other.asciiName, false, rows);
+        }
+        std::sort(rows.begin(), rows.end(), [](const NameRow& a, const NameRow& b) { return a.key() < b.key(); });
+        auto names = out_.table("CITY_NAME", 5);
+        const NameRow* before = nullptr;
+        for (const NameRow& row : rows) {
+            const bool twin = before && before->folded == row.folded && before->place == row.place;
+            if (!twin) {
+                names.add({row.folded, long{row.place->id}, static_cast<long>(row.kind), row.place->population,
+                           parentNumber(*row.place)});
+            }
+            before = &row;
+        }
+    }
+
+    void writePoints() {
+        std::set<std::tuple<long, long, long>> points;
+        for (const Place& place : data_.places) points.insert({place.latitude, place.longitude, place.id});
+        auto table = out_.table("CITY_POINT", 3);
+        for (const auto& [latitude, longitude, id] : points) table.add({latitude, longitude, id});
+    }
+
+    void writeEdition() {
+        auto table = out_.table("EDITION", 2);
+        for (const auto& [what, edition] : data_.edition) table.add({what, edition});
+    }
+
+    const SourceData& data_;
+    SqliteWriter out_;
+    std::map<std::string, long> zoneNumbers_;
+    std::map<DstKey, long> dstNumbers_;
+};
+
+}  // namespace
+
+void writeCityDatabase(const SourceData& data, const std::filesystem::path& file) {
+    std::filesystem::path unfinished = file;
+    unfinished += ".new";
+    CityDatabaseWriter(data, unfinished).write();
+    std::filesystem::rename(unfinished, file);
+}
+
+}  // namespace quode::places

@@ -1,0 +1,168 @@
+#include "tools/places/source_data.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <stdexcept>
+#include <tuple>
+
+#include "data/posix_zone.h"
+#include "tools/places/place_id.h"
+#include "tools/places/tsv.h"
+#include "tools/places/zone_encoding.h"
+
+namespace quode::places {
+namespace {
+
+// Rules that the engine cannot express exactly are fitted to the ten years after this edition of the zone data.
+constexpr Years fittedYears{2027, 2036};
+
+using Rows = std::vector<std::vector<std::string>>;
+using RegionKey = std::tuple<std::string, std::string, std::string>;  // country, code, zone
+
+long wholeNumber(const std::string& text, const std::string& what) {
+    long value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size()) {
+        throw std::runtime_error(what + ": \"" + text + "\" is not a whole number");
+    }
+    return value;
+}
+
+// Decimal degrees with at most five decimals, in hundred-thousandths; exact.
+long hundredThousandths(const std::string& text, long limitDegrees) {
+    const bool negative = text.starts_with('-');
+    const std::size_t start = negative ? 1 : 0;
+    const std::size_t point = std::min(text.find('.'), text.size());
+    const std::string decimals = point < text.size() ? text.substr(point + 1) : "";
+    if (decimals.size() > 5) throw std::runtime_error("the coordinate " + text + " has more than five decimals");
+    const std::string digits = text.substr(start, point - start) + decimals + std::string(5 - decimals.size(), '0');
+    const long value = wholeNumber(digits, "the coordinate " + text);
+    if (value < 0 || value > limitDegrees * 100000)
+        throw std::runtime_error("the coordinate " + text + " is too large");
+    return negative ? -value : value;
+}
+
+template <typename Map>
+const typename Map::mapped_type& required(const Map& map, const typename Map::key_type& key, const std::string& what) {
+    const auto found = map.find(key);
+    if (found == map.end()) throw std::runtime_error(what);
+    return found->second;
+}
+
+std::map<std::string, Country> readCountries(const std::filesystem::path& file) {
+    std::map<std::string, Country> countries;
+    for (const auto& row : readTable(file, 3)) countries[row[0]] = {row[1], row[2]};
+    return countries;
+}
+
+std::map<std::string, ZoneRule> readZones(const std::filesystem::path& file) {
+    std::map<std::string, ZoneRule> zones;
+    for (const auto& row : readTable(file, 4)) {
+        const auto zone = parsePosixZone(row[2]);
+        if (!zone) throw std::runtime_error(file.string() + ": the rule " + row[2] + " is not understood");
+        const ZoneRule rule = encoded(*zone, fittedYears);
+        if (std::abs(rule.gmt - std::stod(row[1])) > 1e-9 || rule.dst != (row[3] == "1")) {
+            throw std::runtime_error(file.string() + ": the columns of " + row[0] + " contradict each other");
+        }
+        zones[row[0]] = rule;
+    }
+    return zones;
+}
+
+std::map<std::string, std::string> readPairs(const std::filesystem::path& file) {
+    std::map<std::string, std::string> pairs;
+    for (const auto& row : readTable(file, 2)) pairs[row[0]] = row[1];
+    return pairs;
+}
+
+Place placeFrom(const std::vector<std::string>& row, int region) {
+    Place place;
+    place.id = row[0].empty() ? derivedId(row[5], row[1], row[3], row[4])
+                              : static_cast<std::int32_t>(wholeNumber(row[0], "the id of " + row[1]));
+    place.name = row[1];
+    place.asciiName = row[2];
+    place.latitude = hundredThousandths(row[3], 90);
+    place.longitude = hundredThousandths(row[4], 180);
+    place.region = region;
+    if (!row[8].empty()) place.population = wholeNumber(row[8], "the population of " + row[1]);
+    if (!row[9].empty()) place.elevation = static_cast<int>(wholeNumber(row[9], "the elevation of " + row[1]));
+    return place;
+}
+
+// One region for each pair of region and zone that a place lies in, numbered in order.
+std::map<RegionKey, int> addRegions(const Rows& placeRows, const std::filesystem::path& file, SourceData& data) {
+    std::map<std::pair<std::string, std::string>, std::string> names;
+    for (const auto& row : readTable(file, 3)) names[{row[0], row[1]}] = row[2];
+    std::map<RegionKey, int> numbers;
+    for (const auto& row : placeRows) numbers[{row[5], row[6], row[7]}] = 0;
+    for (auto& [key, number] : numbers) {
+        const auto& [country, code, zone] = key;
+        required(data.countries, country, "no country has the code " + country);
+        required(data.zones, zone, "no zone is called " + zone);
+        number = static_cast<int>(data.regions.size());
+        data.regions.push_back({country, code,
+                                required(names, {country, code}, "no region of " + country + " has the code " + code),
+                                zone});
+    }
+    return numbers;
+}
+
+void addPlaces(const std::filesystem::path& folder, SourceData& data) {
+    Rows rows = readTable(folder / "places.tsv.gz", 10);
+    Rows extra = readTable(folder / "places_extra.tsv.gz", 10);
+    std::move(extra.begin(), extra.end(), std::back_inserter(rows));
+    const std::map<RegionKey, int> regions = addRegions(rows, folder / "regions.tsv", data);
+    data.places.reserve(rows.size());
+    for (const auto& row : rows) data.places.push_back(placeFrom(row, regions.at({row[5], row[6], row[7]})));
+    std::sort(data.places.begin(), data.places.end(), [](const Place& a, const Place& b) { return a.id < b.id; });
+    const auto twin = std::adjacent_find(data.places.begin(), data.places.end(),
+                                         [](const Place& a, const Place& b) { return a.id == b.id; });
+    if (twin != data.places.end()) {
+        throw std::runtime_error("two places have the id " + std::to_string(twin->id) + ", one is " + twin->name);
+    }
+}
+
+// The most populous place of a country that bears a name.
+std::int32_t largestNamed(const SourceData& data, const std::string& country, const std::string& name) {
+    const Place* largest = nullptr;
+    for (const Place& place : data.places) {
+        if (place.name != name || data.regions[static_cast<std::size_t>(place.region)].country != country) continue;
+        if (!largest || place.population > largest->population) largest = &place;
+    }
+    if (!largest) throw std::runtime_error("no place of " + country + " is called " + name);
+    return largest->id;
+}
+
+void addOtherNames(const std::filesystem::path& folder, SourceData& data) {
+    for (const auto& row : readTable(folder / "former_names.tsv", 3)) {
+        data.otherNames.push_back({static_cast<std::int32_t>(wholeNumber(row[0], "former_names.tsv")), row[1], row[2]});
+    }
+    for (const auto& row : readTable(folder / "other_names.tsv", 3)) {
+        data.otherNames.push_back({largestNamed(data, row[0], row[1]), row[2], row[2]});
+    }
+    const auto key = [](const OtherName& name) { return std::tie(name.id, name.name); };
+    std::sort(data.otherNames.begin(), data.otherNames.end(),
+              [&](const OtherName& a, const OtherName& b) { return key(a) < key(b); });
+    const auto twins = std::unique(data.otherNames.begin(), data.otherNames.end(),
+                                   [&](const OtherName& a, const OtherName& b) { return key(a) == key(b); });
+    data.otherNames.erase(twins, data.otherNames.end());
+}
+
+}  // namespace
+
+SourceData readSourceData(const std::filesystem::path& folder) {
+    SourceData data;
+    data.edition = readPairs(folder / "edition.tsv");
+    data.countries = readCountries(folder / "countries.tsv");
+    data.zones = readZones(folder / "zones.tsv");
+    data.zoneAliases = readPairs(folder / "zone_aliases.tsv");
+    for (const auto& [alias, zone] : data.zoneAliases) {
+        required(data.zones, zone, "the zone " + alias + " points to " + zone + ", which no place lies in");
+    }
+    addPlaces(folder, data);
+    addOtherNames(folder, data);
+    return data;
+}
+
+}  // namespace quode::places

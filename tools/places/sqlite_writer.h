@@ -1,0 +1,48 @@
+#pragma once
+
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace quode::places {
+
+/// A value of a cell; std::monostate is NULL.
+using Cell = std::variant<std::monostate, long, std::string_view>;
+
+/// A database file that is being made anew. Everything it throws is std::runtime_error.
+class SqliteWriter {
+  public:
+    /// Creates an empty file; one of that name is removed.
+    explicit SqliteWriter(const std::filesystem::path& file);
+
+    void execute(const std::string& sql);
+
+    /// Adds rows to one table, in the order in which they shall lie in the file.
+    class Table {
+      public:
+        void add(std::initializer_list<Cell> row);
+
+      private:
+        friend class SqliteWriter;
+        struct Finalize {
+            void operator()(sqlite3_stmt* statement) const;
+        };
+        std::unique_ptr<sqlite3_stmt, Finalize> insert_;
+    };
+    Table table(const std::string& name, int columns);
+
+  private:
+    struct Close {
+        void operator()(sqlite3* database) const;
+    };
+    std::unique_ptr<sqlite3, Close> database_;
+};
+
+}  // namespace quode::places
