@@ -1,0 +1,107 @@
+#include "companion/RingRecords.h"
+
+#include <charconv>
+#include <cstdio>
+#include <string>
+
+#include "companion/UserDatabase.h"
+#include "companion/user_connection.h"
+
+namespace quode {
+namespace {
+
+using std::chrono::seconds;
+using std::chrono::sys_seconds;
+
+constexpr int codeBeforeFirst = 199;
+constexpr const char* columns = "TIMEID, DUE, PRAYER, HOURS, DAY, STATE, RINGAT, NOTIFICATION";
+constexpr const char* decidedName = "alarm.decided";
+constexpr long long week = 7 * 24 * 3600;
+
+long long secondsOf(sys_seconds moment) {
+    return moment.time_since_epoch().count();
+}
+
+sys_seconds momentOf(long long count) {
+    return sys_seconds(seconds(count));
+}
+
+std::string textOf(const VAKDate& date) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d", date.Years, date.Months, date.Days);
+    return text;
+}
+
+VAKDate dateOf(const std::string& text) {
+    VAKDate date;
+    std::sscanf(text.c_str(), "%d-%d-%d", &date.Years, &date.Months, &date.Days);
+    return date;
+}
+
+// The record of the present row.
+RingRecord recordOf(sqlite3_stmt* row) {
+    RingRecord record;
+    record.alarm.code = sqlite3_column_int(row, 0) + codeBeforeFirst;
+    record.alarm.due = momentOf(sqlite3_column_int64(row, 1));
+    record.alarm.prayer = momentOf(sqlite3_column_int64(row, 2));
+    record.alarm.hours = sqlite3_column_double(row, 3);
+    record.alarm.date = dateOf(sqlite::text(row, 4));
+    record.state = static_cast<RingState>(sqlite3_column_int(row, 5));
+    record.ringAt = momentOf(sqlite3_column_int64(row, 6));
+    record.notification = static_cast<std::uint32_t>(sqlite3_column_int64(row, 7));
+    return record;
+}
+
+}  // namespace
+
+std::optional<RingRecord> RingRecords::find(int code, sys_seconds due) const {
+    UserConnection& connection = database_->connection();
+    const sqlite::Statement row =
+        connection.query(std::string("SELECT ") + columns + " FROM USER_RING WHERE TIMEID = ? AND DUE = ?",
+                         {code - codeBeforeFirst, secondsOf(due)});
+    if (!connection.next(row)) return std::nullopt;
+    return recordOf(row.get());
+}
+
+std::vector<RingRecord> RingRecords::unfinished() const {
+    UserConnection& connection = database_->connection();
+    const sqlite::Statement row =
+        connection.query(std::string("SELECT ") + columns + " FROM USER_RING WHERE STATE IN (?, ?, ?) ORDER BY RINGAT",
+                         {int(RingState::begun), int(RingState::shown), int(RingState::snoozed)});
+    std::vector<RingRecord> records;
+    while (connection.next(row)) records.push_back(recordOf(row.get()));
+    return records;
+}
+
+void RingRecords::keep(const RingRecord& record) {
+    UserConnection& connection = database_->connection();
+    connection.change([&] {
+        connection.run(
+            std::string("INSERT OR REPLACE INTO USER_RING (") + columns + ") VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
+            {record.alarm.code - codeBeforeFirst, secondsOf(record.alarm.due), secondsOf(record.alarm.prayer),
+             record.alarm.hours, textOf(record.alarm.date), int(record.state), secondsOf(record.ringAt),
+             static_cast<long long>(record.notification)});
+    });
+}
+
+std::optional<sys_seconds> RingRecords::decidedUntil() const {
+    const std::string text = database_->setting(decidedName).value_or("");
+    long long count = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), count);
+    if (text.empty() || result.ec != std::errc{}) return std::nullopt;
+    return momentOf(count);
+}
+
+void RingRecords::setDecidedUntil(sys_seconds moment) {
+    database_->setSetting(decidedName, std::to_string(secondsOf(moment)));
+}
+
+void RingRecords::forgetFarFrom(sys_seconds moment) {
+    UserConnection& connection = database_->connection();
+    connection.change([&] {
+        connection.run("DELETE FROM USER_RING WHERE RINGAT NOT BETWEEN ? AND ?",
+                       {secondsOf(moment) - week, secondsOf(moment) + week});
+    });
+}
+
+}  // namespace quode

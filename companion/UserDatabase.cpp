@@ -1,0 +1,287 @@
+#include "companion/UserDatabase.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "companion/user_connection.h"
+#include "data/user_places.h"
+
+namespace quode {
+namespace {
+
+using std::chrono::sys_seconds;
+using Reason = UserDatabaseError::Reason;
+
+constexpr int codeBeforeFirst = 199;
+
+[[noreturn]] void refuse(const std::string& message) {
+    throw UserDatabaseError(Reason::refused, message);
+}
+
+void checkCode(int code) {
+    if (code < firstPrayer || code > lastMainPrayer)
+        refuse(fmt::format("There is no alarm for the prayer code {}.", code));
+}
+
+bool isBlank(const std::string& text) {
+    return text.find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+// The row of a city among the user's; refuses when it is not there.
+template <typename Rows>
+auto rowOf(Rows& rows, int id) {
+    const auto row = std::ranges::find(rows, id, [](const auto& each) { return each.id; });
+    if (row == rows.end()) refuse(fmt::format("The city with the number {} is not among your cities.", id));
+    return row;
+}
+
+}  // namespace
+
+UserDatabase::UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
+                           std::chrono::milliseconds patience)
+    : cities_(&cities),
+      device_(&device),
+      connection_(std::make_unique<UserConnection>(
+          userDatabaseFile(dataFolder), patience, [this] { return firstCity(); }, notices_)) {
+    if (connection_->isNew()) refreshPrayerTimes();
+}
+
+UserDatabase::UserDatabase(std::unique_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device)
+    : cities_(&cities), device_(&device), connection_(std::move(connection)) {}
+
+std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path& dataFolder,
+                                                     const CityDatabase& cities, const Clock& device,
+                                                     std::chrono::milliseconds patience) {
+    const std::filesystem::path file = userDatabaseFile(dataFolder);
+    std::error_code unreachable;  // such a file is told of when it is opened
+    if (!std::filesystem::exists(file, unreachable) && !unreachable) return std::nullopt;
+    auto connection = std::make_unique<UserConnection>(file, patience);
+    if (connection->isEmpty()) return std::nullopt;
+    return UserDatabase(std::move(connection), cities, device);
+}
+
+UserDatabase::~UserDatabase() = default;
+UserDatabase::UserDatabase(UserDatabase&&) noexcept = default;
+
+const std::filesystem::path& UserDatabase::file() const {
+    return connection_->file();
+}
+
+// The largest city of the device's zone. Without one the user is told.
+std::optional<int> UserDatabase::firstCity() {
+    const std::string zone = device_->zoneName();
+    if (const std::optional<CityRecord> city = cities_->largestCityOfZone(zone)) return city->id;
+    notices_.push_back("No city is known for the time zone \"" + zone + "\" of this device. Please add your city.");
+    return std::nullopt;
+}
+
+// --- cities
+
+std::vector<UserDatabase::CityRow> UserDatabase::cityRows() const {
+    std::vector<CityRow> rows;
+    const sqlite::Statement row = connection_->query("SELECT ID, SETASHOME FROM USER_CITY ORDER BY rowid");
+    while (connection_->next(row)) {
+        rows.push_back({sqlite3_column_int(row.get(), 0), sqlite3_column_int(row.get(), 1) == 1});
+    }
+    return rows;
+}
+
+// Writes all cities, with exactly one of them as home.
+void UserDatabase::writeCityRows(std::vector<CityRow> rows) {
+    auto home = std::ranges::find(rows, true, &CityRow::isHome);
+    if (home == rows.end()) home = rows.begin();
+    for (auto row = rows.begin(); row != rows.end(); ++row) row->isHome = row == home;
+    connection_->run("DELETE FROM USER_CITY");
+    for (const CityRow& row : rows) {
+        connection_->run("INSERT OR IGNORE INTO USER_CITY (ID, SETASHOME) VALUES (?, ?)", {row.id, row.isHome ? 1 : 0});
+    }
+    refreshPrayerTimes();
+}
+
+std::optional<CityRecord> UserDatabase::place(int id) const {
+    return isUserPlace(id) ? userPlace(connection_->handle(), *cities_, id) : cities_->city(id);
+}
+
+std::vector<UserCity> UserDatabase::cities() const {
+    std::vector<UserCity> cities;
+    for (const CityRow& row : cityRows()) cities.push_back({row.id, row.isHome, place(row.id)});
+    return cities;
+}
+
+std::optional<UserCity> UserDatabase::home() const {
+    const std::vector<CityRow> rows = cityRows();
+    if (rows.empty()) return std::nullopt;
+    auto home = std::ranges::find(rows, true, &CityRow::isHome);
+    if (home == rows.end()) home = rows.begin();
+    return UserCity{home->id, true, place(home->id)};
+}
+
+bool UserDatabase::addCity(int id) {
+    bool isAdded = false;
+    connection_->change([&] {
+        std::vector<CityRow> rows = cityRows();
+        if (std::ranges::find(rows, id, &CityRow::id) != rows.end()) return;
+        if (!place(id)) refuse(fmt::format("There is no city with the number {}.", id));
+        rows.push_back({id, rows.empty()});
+        writeCityRows(std::move(rows));
+        isAdded = true;
+    });
+    return isAdded;
+}
+
+int UserDatabase::addPlace(const NewPlace& newPlace) {
+    if (isBlank(newPlace.name)) refuse("A place needs a name.");
+    const std::optional<NearestCity> nearest = cities_->nearest(newPlace.latitude, newPlace.longitude);
+    if (!nearest) {
+        refuse(fmt::format(
+            "The coordinates {}, {} are no place: latitudes reach from -90 to 90, longitudes from -180 to 180.",
+            newPlace.latitude, newPlace.longitude));
+    }
+    if (!newPlace.zone.empty() && !cities_->largestCityOfZone(newPlace.zone)) {
+        refuse("There is no place in a time zone \"" + newPlace.zone + "\". Zones have names like Europe/Istanbul.");
+    }
+    int id = 0;
+    connection_->change([&] {
+        const sqlite::Statement lowest = connection_->query(
+            "SELECT MIN(0, COALESCE(MIN(ID), 0)) - 1 FROM (SELECT ID FROM USER_PLACE UNION ALL SELECT ID FROM "
+            "USER_CITY)");
+        connection_->next(lowest);
+        id = sqlite3_column_int(lowest.get(), 0);
+        connection_->run("INSERT INTO USER_PLACE (ID, NAME, LATITUDE, LONGITUDE, ZONE) VALUES (?, ?, ?, ?, ?)",
+                         {id, newPlace.name, newPlace.latitude, newPlace.longitude,
+                          newPlace.zone.empty() ? nearest->city.zone : newPlace.zone});
+        addCity(id);
+    });
+    return id;
+}
+
+void UserDatabase::removeCity(int id) {
+    connection_->change([&] {
+        std::vector<CityRow> rows = cityRows();
+        rows.erase(rowOf(rows, id));
+        connection_->run("DELETE FROM USER_PLACE WHERE ID = ?", {id});
+        writeCityRows(std::move(rows));
+    });
+}
+
+void UserDatabase::moveCity(int id, std::size_t position) {
+    connection_->change([&] {
+        std::vector<CityRow> rows = cityRows();
+        const auto row = rowOf(rows, id);
+        if (position >= rows.size()) {
+            refuse(fmt::format("There is no position {} among {} cities.", position + 1, rows.size()));
+        }
+        const CityRow moved = *row;
+        rows.erase(row);
+        rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(position), moved);
+        writeCityRows(std::move(rows));
+    });
+}
+
+void UserDatabase::chooseHome(int id) {
+    connection_->change([&] {
+        std::vector<CityRow> rows = cityRows();
+        const auto home = rowOf(rows, id);
+        for (CityRow& row : rows) row.isHome = false;
+        home->isHome = true;
+        writeCityRows(std::move(rows));
+    });
+}
+
+// --- alarms
+
+std::vector<UserAlarm> UserDatabase::readAlarms(const std::string& condition) const {
+    std::vector<UserAlarm> alarms;
+    const sqlite::Statement row =
+        connection_->query("SELECT TIMEID, MINUTE, PRAYTIME, MELODYNAME, ACTIVE, EVENTID FROM USER_ALARMS WHERE " +
+                           condition + " ORDER BY TIMEID");
+    while (connection_->next(row)) {
+        sqlite3_stmt* const columns = row.get();
+        alarms.push_back({sqlite3_column_int(columns, 0) + codeBeforeFirst, sqlite3_column_int(columns, 1),
+                          sqlite3_column_double(columns, 2), sqlite::text(columns, 3),
+                          sqlite3_column_int(columns, 4) != 0, sqlite::text(columns, 5)});
+    }
+    return alarms;
+}
+
+std::vector<UserAlarm> UserDatabase::alarms() const {
+    return readAlarms("TIMEID BETWEEN 1 AND 6");
+}
+
+UserAlarm UserDatabase::alarm(int code) const {
+    checkCode(code);
+    const std::vector<UserAlarm> found = readAlarms("TIMEID = " + std::to_string(code - codeBeforeFirst));
+    if (found.empty()) refuse(fmt::format("The alarm of the prayer code {} is missing.", code));
+    return found.front();
+}
+
+void UserDatabase::setUpAlarm(int code, int offset, const std::string& sound) {
+    checkCode(code);
+    if (std::abs(offset) > largestAlarmOffset) {
+        refuse(fmt::format("An alarm rings at most {} minutes before or after its time, not {}.", largestAlarmOffset,
+                           offset));
+    }
+    connection_->change([&] {
+        connection_->run("UPDATE USER_ALARMS SET MINUTE = ?, MELODYNAME = ? WHERE TIMEID = ?",
+                         {offset, sound, code - codeBeforeFirst});
+        refreshPrayerTimes();
+    });
+}
+
+void UserDatabase::forgetEvent(int code) {
+    checkCode(code);
+    connection_->change(
+        [&] { connection_->run("UPDATE USER_ALARMS SET EVENTID = '' WHERE TIMEID = ?", {code - codeBeforeFirst}); });
+}
+
+std::vector<AlarmOccurrence> UserDatabase::refreshPrayerTimes() {
+    const std::optional<UserCity> homeCity = home();
+    if (!homeCity || !homeCity->city) return {};
+    const sys_seconds now = std::chrono::floor<std::chrono::seconds>(device_->now());
+    std::vector<AlarmOccurrence> next;
+    std::vector<std::pair<int, double>> changed;
+    const std::vector<UserAlarm> all = alarms();
+    std::vector<AlarmRule> rules;
+    for (const UserAlarm& alarm : all) rules.push_back({alarm.code, alarm.offset});
+    const std::vector<AlarmOccurrence> ofTheDay =
+        alarmOccurrences(siteOf(*homeCity->city), rules, now, now + std::chrono::hours(25));
+    for (const UserAlarm& alarm : all) {
+        const auto first = std::ranges::find(ofTheDay, alarm.code, &AlarmOccurrence::code);
+        if (first == ofTheDay.end()) continue;
+        const std::optional<double> prayTime = prayTimeFor(*device_, now, first->due, alarm.offset);
+        if (!prayTime) continue;
+        next.push_back(*first);
+        if (*prayTime != alarm.prayTime) changed.emplace_back(alarm.code, *prayTime);
+    }
+    if (changed.empty()) return next;
+    connection_->change([&] {
+        for (const auto& [code, prayTime] : changed) {
+            connection_->run("UPDATE USER_ALARMS SET PRAYTIME = ? WHERE TIMEID = ?",
+                             {prayTime, code - codeBeforeFirst});
+        }
+    });
+    return next;
+}
+
+// --- settings
+
+std::optional<std::string> UserDatabase::setting(std::string_view name) const {
+    const sqlite::Statement row =
+        connection_->query("SELECT VALUE FROM USER_SETTING WHERE NAME = ?", {std::string(name)});
+    if (!connection_->next(row)) return std::nullopt;
+    return sqlite::text(row.get(), 0);
+}
+
+void UserDatabase::setSetting(std::string_view name, std::string_view value) {
+    connection_->change([&] {
+        connection_->run(
+            "INSERT INTO USER_SETTING (NAME, VALUE) VALUES (?, ?) ON CONFLICT (NAME) DO UPDATE SET VALUE = "
+            "excluded.VALUE",
+            {std::string(name), std::string(value)});
+    });
+}
+
+}  // namespace quode

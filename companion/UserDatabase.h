@@ -1,0 +1,165 @@
+// What the user has chosen: cities, home, alarms, settings. The widget reads this database, and switches alarms; here
+// it is created, changed and repaired.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "companion/alarm_times.h"
+#include "data/CityDatabase.h"
+#include "platform/Clock.h"
+
+namespace quode {
+
+class UserConnection;
+
+/// Why the user database could not be used or changed. The message says what to do about it; nothing has been changed.
+class UserDatabaseError : public std::runtime_error {
+  public:
+    enum class Reason {
+        refused,     ///< the request makes no sense: no such city, an offset out of range
+        locked,      ///< another program kept it locked for longer than one waits
+        unwritable,  ///< no right to write there, or the disk is mounted to be read only
+        full,        ///< no room on the disk
+        newer,       ///< a later edition of this system made it
+        failed,      ///< the disk or the system failed otherwise
+    };
+    UserDatabaseError(Reason reason, const std::string& message) : std::runtime_error(message), reason_(reason) {}
+    Reason reason() const { return reason_; }
+
+  private:
+    Reason reason_;
+};
+
+/// One of the user's cities.
+struct UserCity {
+    int id = 0;
+    bool isHome = false;
+    std::optional<CityRecord> city;  ///< nothing when neither database knows the place any more
+};
+
+/// A place to be added by coordinates.
+struct NewPlace {
+    std::string name;
+    double latitude = 0.0;   ///< degrees, -90..90, north positive
+    double longitude = 0.0;  ///< degrees, -180..180, east positive
+    std::string zone = {};   ///< IANA name; empty: that of the nearest place
+};
+
+/// The alarm of one prayer.
+struct UserAlarm {
+    int code = 0;                 ///< 200 (Imsak) to 205 (Yatsi)
+    int offset = 0;               ///< minutes added to the prayer time
+    double prayTime = 0.0;        ///< what the alarm operation goes by, see `UserDatabase::refreshPrayerTimes`
+    std::string sound;            ///< empty: not set up yet
+    bool isOn = false;            ///< a widget or a command switches it
+    std::string eventIdentifier;  ///< the calendar event; empty when there is none
+};
+
+/// The largest offset of an alarm, before and after the time.
+inline constexpr int largestAlarmOffset = 720;  // minutes
+
+/// The file "user.sqlite" of the data folder, opened for a task and closed again; programs that run for long open it
+/// anew for each task. Every operation that changes something either does so altogether or throws `UserDatabaseError`
+/// and changes nothing. One object is used by one thread; several programs may use the file at once.
+class UserDatabase {
+  public:
+    /// Opens the file, creating folder and file where there is none: with the largest city of the device's zone as
+    /// home, and six alarms that are off. A damaged file is kept aside as "user.sqlite.damaged-N" and a fresh one is
+    /// made; `notices` tells it. The city database and the clock must outlive the object.
+    /// patience    how long to wait for another program that keeps the file locked
+    UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
+                 std::chrono::milliseconds patience = std::chrono::seconds(3));
+    ~UserDatabase();
+    UserDatabase(UserDatabase&&) noexcept;
+
+    /// Opens the file only to read from it: nothing is made, changed or mended, and operations that change something
+    /// fail. Returned: nothing when there is no file, or one without any table. Throws `UserDatabaseError`, also for a
+    /// damaged file.
+    static std::optional<UserDatabase> openToRead(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                                  const Clock& device, std::chrono::milliseconds patience);
+
+    /// What the user should be told about opening the file: a damaged one kept aside, no city found for the zone.
+    const std::vector<std::string>& notices() const { return notices_; }
+
+    const std::filesystem::path& file() const;
+
+    // --- cities
+
+    /// The cities in the user's order.
+    std::vector<UserCity> cities() const;
+
+    /// The home city: the first that is marked so, else the first of all; nothing without cities.
+    std::optional<UserCity> home() const;
+
+    /// Adds a city of the city database, or a place added before, at the end; the first one becomes home.
+    /// Returned: false, and nothing is changed, when it is among them already.
+    bool addCity(int id);
+
+    /// Adds a place by its coordinates at the end of the cities. Returned: its number, which is negative.
+    int addPlace(const NewPlace& place);
+
+    /// Removes a city. When it was home, the first of the others becomes home. A place of the user's own is forgotten.
+    void removeCity(int id);
+
+    /// Moves a city to a position 0..(number of cities - 1).
+    void moveCity(int id, std::size_t position);
+
+    void chooseHome(int id);
+
+    // --- alarms
+
+    /// The six alarms in the order of the day.
+    std::vector<UserAlarm> alarms() const;
+
+    UserAlarm alarm(int code) const;
+
+    /// Sets offset and sound. Whether the alarm is on stays as it is; `DatabaseFunctions` switches it.
+    void setUpAlarm(int code, int offset, const std::string& sound);
+
+    /// Notes that the calendar holds no event for an alarm.
+    void forgetEvent(int code);
+
+    /// Writes the time of each prayer, by which `DatabaseFunctions::reCalculateAlarm` places the event: the wall
+    /// clock's time in the device's zone, in the middle of a minute, so that the next alarm from now on comes out at
+    /// its instant. Hours beyond 0..24 say that the prayer belongs to the day before or after. Every change of cities,
+    /// home or alarms does it too; otherwise it is to be called when the day, the clock or the zone of the device
+    /// changed. Returned: the alarms that ring within a day, whether they are on or off. For a prayer whose time does
+    /// not come about within that day nothing is returned and written.
+    std::vector<AlarmOccurrence> refreshPrayerTimes();
+
+    // --- settings
+
+    /// A setting; nothing when it was never set. See "companion/UserSettings.h" for those that have a meaning here.
+    std::optional<std::string> setting(std::string_view name) const;
+    void setSetting(std::string_view name, std::string_view value);
+
+    /// The connection, for the other records that are kept in the same file.
+    UserConnection& connection() { return *connection_; }
+
+  private:
+    UserDatabase(std::unique_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device);
+
+    struct CityRow {
+        int id = 0;
+        bool isHome = false;
+    };
+    std::vector<CityRow> cityRows() const;
+    void writeCityRows(std::vector<CityRow> rows);
+    std::optional<CityRecord> place(int id) const;
+    std::optional<int> firstCity();
+    std::vector<UserAlarm> readAlarms(const std::string& condition) const;
+
+    const CityDatabase* cities_;
+    const Clock* device_;
+    std::vector<std::string> notices_;
+    std::unique_ptr<UserConnection> connection_;
+};
+
+}  // namespace quode

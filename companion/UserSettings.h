@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+namespace quode {
+
+class UserDatabase;
+
+/// How the calendar keeps its events.
+enum class CalendarLayout {
+    ics,   ///< one file, "Quode.ics"
+    vdir,  ///< a folder with one file per event
+};
+
+/// Which program rings.
+enum class Ringer {
+    quode,      ///< the alarm service
+    evolution,  ///< the calendar's own reminders; the alarm service only renews the events
+};
+
+/// The user's settings, as far as they have a meaning for alarms.
+struct UserSettings {
+    std::string defaultSound = "chime";  ///< of alarms that are set up without one
+    CalendarLayout calendarLayout = CalendarLayout::ics;
+    Ringer ringer = Ringer::quode;
+
+    friend bool operator==(const UserSettings&, const UserSettings&) = default;
+};
+
+/// The settings of the user database; one that was never set, or holds what has no meaning, has its default.
+UserSettings loadSettings(const UserDatabase& database);
+void saveSettings(UserDatabase& database, const UserSettings& settings);
+
+}  // namespace quode

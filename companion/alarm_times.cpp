@@ -1,0 +1,82 @@
+#include "companion/alarm_times.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+
+#include "astro/PrayTimes.h"
+#include "data/alarm_moment.h"
+
+namespace quode {
+namespace {
+
+using namespace std::chrono;
+
+// The prayer's minute is written from its middle, so that neither truncating nor rounding leads to another one.
+constexpr double insideTheMinute = 0.25;
+constexpr int minutesPerDay = 1440;
+
+sys_days dayOf(const VAKDate& date) {
+    return year_month_day(year(date.Years), month(unsigned(date.Months)), day(unsigned(date.Days)));
+}
+
+VAKDate recordOf(sys_days day) {
+    const year_month_day date(day);
+    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
+}
+
+VAKDate recordOf(const CivilTime& time) {
+    return VAKDateMake(time.day, time.month, time.year, time.hour, time.minute, time.second);
+}
+
+bool sameMinute(const VAKDate& a, const VAKDate& b) {
+    return sameDay(a, b) && a.Hours == b.Hours && a.Minutes == b.Minutes;
+}
+
+// Decimal hours of a minute that is counted from 0 h of a day; negative on the day before.
+double hoursOfMinute(int minute) {
+    return (minute < 0 ? minute - insideTheMinute : minute + insideTheMinute) / 60.0;
+}
+
+void addOccurrences(const CityDay& day, std::span<const AlarmRule> alarms, sys_seconds after, sys_seconds until,
+                    std::vector<AlarmOccurrence>& found) {
+    for (const AlarmRule& alarm : alarms) {
+        const double hours = timeOfPrayer(day, alarm.code);
+        if (hours == missingTime) continue;
+        const sys_seconds prayer = instantOf(day, hours);
+        const sys_seconds due = prayer + minutes(alarm.offset);
+        if (due > after && due <= until) found.push_back({alarm.code, due, prayer, hours, day.date});
+    }
+}
+
+}  // namespace
+
+std::vector<AlarmOccurrence> alarmOccurrences(const Site& site, std::span<const AlarmRule> alarms, sys_seconds after,
+                                              sys_seconds until) {
+    int reach = 0;
+    for (const AlarmRule& alarm : alarms) reach = std::max(reach, std::abs(alarm.offset));
+    // A time of a day may lie on the next one, after midnight.
+    const sys_days first = dayOf(wallClock(site.rule, after - minutes(reach))) - days(1);
+    const sys_days last = dayOf(wallClock(site.rule, until + minutes(reach)));
+    std::vector<AlarmOccurrence> found;
+    for (sys_days day = first; day <= last; day += days(1)) {
+        addOccurrences(computeCityDay(site, recordOf(day)), alarms, after, until, found);
+    }
+    std::ranges::stable_sort(found, {}, &AlarmOccurrence::due);
+    return found;
+}
+
+std::optional<double> prayTimeFor(const Clock& device, sys_seconds now, sys_seconds due, int offsetMinutes) {
+    const VAKDate wallClockNow = recordOf(device.civilTime(now));
+    const VAKDate ring = recordOf(device.civilTime(due));
+    const int minuteOfRing = ring.Hours * 60 + ring.Minutes - offsetMinutes;
+    const int minuteOfPrayer = (minuteOfRing % minutesPerDay + minutesPerDay) % minutesPerDay;
+    for (const int shift : {0, 1, -1}) {
+        const double prayTime = hoursOfMinute(minuteOfPrayer + shift * minutesPerDay);
+        if (sameMinute(nextAlarmMoment(wallClockNow, prayTime, offsetMinutes), ring)) return prayTime;
+    }
+    return std::nullopt;
+}
+
+}  // namespace quode

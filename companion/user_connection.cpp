@@ -1,0 +1,287 @@
+#include "companion/user_connection.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <utility>
+
+#include "companion/UserDatabase.h"
+#include "companion/user_database_schema.h"
+
+namespace quode {
+namespace {
+
+namespace fs = std::filesystem;
+using Reason = UserDatabaseError::Reason;
+
+constexpr int toChange = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+
+int primaryCode(int code) {
+    return code & 0xFF;
+}
+
+bool meansDamage(int code) {
+    return primaryCode(code) == SQLITE_CORRUPT || primaryCode(code) == SQLITE_NOTADB;
+}
+
+// Keeps other programs from mending the same file at the same time. Without it nothing worse happens than that two
+// damaged copies are kept, so a lock that cannot be had is no failure.
+class FolderLock {
+  public:
+    explicit FolderLock(const fs::path& folder)
+        : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        if (descriptor_ >= 0) ::flock(descriptor_, LOCK_EX);
+    }
+    ~FolderLock() {
+        if (descriptor_ >= 0) ::close(descriptor_);
+    }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+  private:
+    int descriptor_;
+};
+
+void createFolder(const fs::path& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (!error) return;
+    throw UserDatabaseError(Reason::unwritable, "The folder " + folder.string() + " cannot be made (" +
+                                                    error.message() +
+                                                    "). Give yourself the right to write there, or name another folder "
+                                                    "in QUODE_DATA_DIR.");
+}
+
+void bind(sqlite3_stmt* statement, int index, const SqlValue& value) {
+    if (const auto* integer = std::get_if<long long>(&value)) sqlite3_bind_int64(statement, index, *integer);
+    if (const auto* real = std::get_if<double>(&value)) sqlite3_bind_double(statement, index, *real);
+    if (const auto* text = std::get_if<std::string>(&value)) {
+        sqlite3_bind_text(statement, index, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+    }
+}
+
+}  // namespace
+
+UserConnection::UserConnection(const fs::path& file, std::chrono::milliseconds patience, const FirstCity& firstCity,
+                               std::vector<std::string>& notices)
+    : file_(file), patience_(patience) {
+    createFolder(file.parent_path());
+    open(toChange);
+    if (check(firstCity) == Health::damaged) replaceDamaged(firstCity, notices);
+}
+
+// Opened for writing where that is allowed: a change that a crash has left half done is undone by whoever comes next.
+UserConnection::UserConnection(const fs::path& file, std::chrono::milliseconds patience)
+    : file_(file), patience_(patience), onlyReads_(true) {
+    open(SQLITE_OPEN_READWRITE);
+    checkToRead();
+    run("PRAGMA query_only = 1");
+}
+
+void UserConnection::open(int flags) {
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(file_.c_str(), &opened, flags, nullptr);
+    database_.reset(opened);
+    if (result != SQLITE_OK) fail(result);
+    sqlite3_extended_result_codes(database_.get(), 1);
+    sqlite3_busy_timeout(database_.get(), static_cast<int>(patience_.count()));
+}
+
+UserConnection::Health UserConnection::check(const FirstCity& firstCity) {
+    if (fault()) return Health::damaged;
+    const int edition = readInteger("PRAGMA user_version");
+    if (edition < 0) return Health::damaged;
+    refuseLaterEdition(edition);
+    if (edition < userDatabaseEdition) createTables(firstCity);
+    if (!hasAllColumns()) return Health::damaged;
+    if (!hasAllAlarms()) createTables(firstCity);
+    return Health::good;
+}
+
+void UserConnection::refuseLaterEdition(int edition) const {
+    if (edition <= userDatabaseEdition) return;
+    throw UserDatabaseError(Reason::newer, "The user database " + file_.string() +
+                                               " was made by a later edition of Quode. Install that edition, or move "
+                                               "the file away to begin anew.");
+}
+
+void UserConnection::checkToRead() const {
+    const int edition = readInteger("PRAGMA user_version");
+    refuseLaterEdition(edition);
+    if (isEmpty() || hasAllColumns()) return;
+    if (edition < 0 || edition == userDatabaseEdition) fail(SQLITE_CORRUPT);
+    throw UserDatabaseError(Reason::failed, "The user database " + file_.string() +
+                                                " was made by an earlier edition of Quode. The next change of a city "
+                                                "or an alarm brings it up to date.");
+}
+
+bool UserConnection::isEmpty() const {
+    return readInteger("SELECT COUNT(*) FROM sqlite_schema") == 0;
+}
+
+std::optional<std::string> UserConnection::fault() const {
+    const sqlite::Statement row = sqlite::prepare(database_.get(), "PRAGMA integrity_check(1)");
+    const int result = row ? sqlite3_step(row.get()) : sqlite3_extended_errcode(database_.get());
+    if (result != SQLITE_ROW && !meansDamage(result)) fail(result);
+    const std::string finding = result == SQLITE_ROW ? sqlite::text(row.get(), 0) : sqlite3_errstr(result);
+    if (finding == "ok") return std::nullopt;
+    return finding;
+}
+
+bool UserConnection::hasAllColumns() const {
+    for (const char* sql : userDatabaseColumns) {
+        if (sqlite::prepare(database_.get(), sql)) continue;
+        const int result = sqlite3_extended_errcode(database_.get());
+        if (result == SQLITE_ERROR || meansDamage(result)) return false;
+        fail(result);
+    }
+    return true;
+}
+
+bool UserConnection::hasAllAlarms() const {
+    return readInteger("SELECT COUNT(DISTINCT TIMEID) FROM USER_ALARMS WHERE TIMEID BETWEEN 1 AND 6") == 6;
+}
+
+// Makes what is missing and leaves what is there as it is.
+void UserConnection::createTables(const FirstCity& firstCity) {
+    change([&] {
+        isNew_ = isEmpty();
+        char* message = nullptr;
+        const int result = sqlite3_exec(database_.get(), userDatabaseTables, nullptr, nullptr, &message);
+        sqlite3_free(message);
+        if (result != SQLITE_OK) fail(result);
+        for (long long timeId = 1; timeId <= 6; ++timeId) run(userDatabaseAlarmRow, {timeId});
+        const std::optional<int> city = isNew_ ? firstCity() : std::nullopt;
+        if (city) run("INSERT INTO USER_CITY (ID, SETASHOME) VALUES (?, 1)", {*city});
+        run("PRAGMA user_version = " + std::to_string(userDatabaseEdition));
+    });
+}
+
+void UserConnection::replaceDamaged(const FirstCity& firstCity, std::vector<std::string>& notices) {
+    database_.reset();
+    const FolderLock lock(file_.parent_path());
+    open(toChange);
+    if (check(firstCity) == Health::good) return;  // another program was faster
+    database_.reset();
+    const fs::path fresh = makeFresh(firstCity);
+    const fs::path kept = keepAside();
+    std::error_code error;
+    fs::rename(fresh, file_, error);
+    if (error) fail(SQLITE_CANTOPEN);
+    open(toChange);
+    notices.push_back("Your cities and alarms could not be read: the file " + file_.string() +
+                      " was damaged. It is kept as " + kept.string() +
+                      ", and a fresh one was made. Please choose your cities and alarms again.");
+}
+
+// Gives the file a second name that is free; a journal that belongs to it moves there.
+fs::path UserConnection::keepAside() const {
+    fs::path kept;
+    int number = 0;
+    do {
+        kept = file_.string() + ".damaged-" + std::to_string(++number);
+    } while (fs::exists(kept));
+    std::error_code error;
+    fs::create_hard_link(file_, kept, error);
+    if (error) fs::copy_file(file_, kept, error);  // not every file system has second names
+    if (error) {
+        throw UserDatabaseError(Reason::unwritable, "The user database " + file_.string() +
+                                                        " is damaged and cannot be kept aside (" + error.message() +
+                                                        "). Make room and give yourself the right to write there.");
+    }
+    fs::rename(file_.string() + "-journal", kept.string() + "-journal", error);  // mostly there is none
+    return kept;
+}
+
+// Makes a fresh file beside the damaged one. It then takes its place in one step: another program that still has the
+// damaged one open would take the journal of a file that is made under the same name for its own.
+fs::path UserConnection::makeFresh(const FirstCity& firstCity) {
+    const fs::path fresh = file_.string() + ".new";
+    std::error_code error;
+    fs::remove(fresh, error);
+    const fs::path damaged = std::exchange(file_, fresh);
+    open(toChange);
+    createTables(firstCity);
+    database_.reset();
+    file_ = damaged;
+    return fresh;
+}
+
+void UserConnection::fail(int code) const {
+    const std::string name = "The user database " + file_.string();
+    const std::string detail = database_ ? sqlite3_errmsg(database_.get()) : sqlite3_errstr(code);
+    switch (primaryCode(code)) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            throw UserDatabaseError(
+                Reason::locked,
+                name + " is kept locked by another program. Close that program, or try again in a moment.");
+        case SQLITE_READONLY:
+        case SQLITE_CANTOPEN:
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            throw UserDatabaseError(Reason::unwritable,
+                                    name + " cannot be written (" + detail +
+                                        "). Give yourself the right to write to it and to its folder, or name another "
+                                        "folder in QUODE_DATA_DIR. Nothing was changed.");
+        case SQLITE_FULL:
+            throw UserDatabaseError(Reason::full, name +
+                                                      " cannot be changed, for the disk is full. Make room and try "
+                                                      "again. Nothing was changed.");
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            throw UserDatabaseError(Reason::failed,
+                                    name + " is damaged (" + detail + "). " +
+                                        (onlyReads_ ? "The next change of a city or an alarm keeps the file aside and "
+                                                      "makes a fresh one."
+                                                    : "Start again: the file is then kept aside and a fresh one "
+                                                      "made."));
+        default:
+            throw UserDatabaseError(Reason::failed, name + " cannot be used (" + detail + ").");
+    }
+}
+
+sqlite::Statement UserConnection::query(const std::string& sql, std::initializer_list<SqlValue> values) const {
+    sqlite::Statement statement = sqlite::prepare(database_.get(), sql);
+    if (!statement) fail(sqlite3_extended_errcode(database_.get()));
+    int index = 0;
+    for (const SqlValue& value : values) bind(statement.get(), ++index, value);
+    return statement;
+}
+
+// The statement is over afterwards: one that goes on would keep this connection from changing anything.
+int UserConnection::readInteger(const std::string& sql) const {
+    const sqlite::Statement row = query(sql);
+    return next(row) ? sqlite3_column_int(row.get(), 0) : 0;
+}
+
+bool UserConnection::next(const sqlite::Statement& statement) const {
+    const int result = sqlite3_step(statement.get());
+    if (result != SQLITE_ROW && result != SQLITE_DONE) fail(result);
+    return result == SQLITE_ROW;
+}
+
+void UserConnection::run(const std::string& sql, std::initializer_list<SqlValue> values) {
+    const sqlite::Statement statement = query(sql, values);
+    while (next(statement)) {
+    }
+}
+
+void UserConnection::change(const std::function<void()>& changes) {
+    if (isChanging_) return changes();
+    run("BEGIN IMMEDIATE");
+    isChanging_ = true;
+    try {
+        changes();
+        run("COMMIT");
+        isChanging_ = false;
+    } catch (...) {
+        isChanging_ = false;
+        // Some failures have undone the changes already; then there is nothing left to undo and this does nothing.
+        sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+}  // namespace quode

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "data/sqlite_reading.h"
+
+namespace quode {
+
+/// A value for a placeholder "?" of a statement.
+using SqlValue = std::variant<long long, double, std::string>;
+
+/// The open user database. Every failure is a `UserDatabaseError` whose message names the file.
+///
+/// Changes are kept by SQLite's rollback journal, not by a write-ahead log: other programs open the file for each
+/// single operation, so that the log would be made and cleared away each time; and a log cannot be read in a folder
+/// that may not be written.
+class UserConnection {
+  public:
+    using FirstCity = std::function<std::optional<int>()>;
+
+    /// Opens the file and sees to it that it is whole and has all tables; see `UserDatabase`. What the user should know
+    /// is added to `notices`. `patience` is how long to wait for
+    /// another program that keeps the file locked; `firstCity` names the city with which a new file begins.
+    UserConnection(const std::filesystem::path& file, std::chrono::milliseconds patience, const FirstCity& firstCity,
+                   std::vector<std::string>& notices);
+
+    /// Opens a file that is there, to read from it: nothing is made, changed or mended.
+    UserConnection(const std::filesystem::path& file, std::chrono::milliseconds patience);
+
+    /// Whether the file holds no table at all, as one does that is about to be made.
+    bool isEmpty() const;
+
+    /// The first fault that a check of the whole file finds; nothing when it is whole.
+    std::optional<std::string> fault() const;
+
+    /// Whether the file was made just now.
+    bool isNew() const { return isNew_; }
+    const std::filesystem::path& file() const { return file_; }
+
+    sqlite3* handle() const { return database_.get(); }
+
+    /// A query, to be stepped through with `next`.
+    sqlite::Statement query(const std::string& sql, std::initializer_list<SqlValue> values = {}) const;
+
+    /// Goes to the next row; false after the last one.
+    bool next(const sqlite::Statement& statement) const;
+
+    /// Runs one statement.
+    void run(const std::string& sql, std::initializer_list<SqlValue> values = {});
+
+    /// Does changes altogether, or none of them when one throws. Within another call it is part of that.
+    void change(const std::function<void()>& changes);
+
+  private:
+    enum class Health { good, damaged };
+
+    [[noreturn]] void fail(int code) const;
+    void open(int flags);
+    void checkToRead() const;
+    void refuseLaterEdition(int edition) const;
+    Health check(const FirstCity& firstCity);
+    bool hasAllColumns() const;
+    bool hasAllAlarms() const;
+    void createTables(const FirstCity& firstCity);
+    void replaceDamaged(const FirstCity& firstCity, std::vector<std::string>& notices);
+    std::filesystem::path keepAside() const;
+    std::filesystem::path makeFresh(const FirstCity& firstCity);
+    int readInteger(const std::string& sql) const;
+
+    std::filesystem::path file_;
+    std::chrono::milliseconds patience_;
+    sqlite::Database database_;
+    bool isNew_ = false;
+    bool onlyReads_ = false;
+    bool isChanging_ = false;
+};
+
+}  // namespace quode
