@@ -1,0 +1,110 @@
+#include "alarmd/AlarmService.h"
+
+#include <sys/inotify.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+
+#include "alarmd/ring_texts.h"
+
+namespace quode {
+namespace {
+
+constexpr std::uint64_t settlingUs = 100'000;
+constexpr std::uint64_t accuracyUs = 10'000;
+constexpr const char* databaseName = "user.sqlite";
+constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
+
+void check(int result, const char* what) {
+    if (result < 0) throw std::runtime_error(std::string(what) + ": " + std::strerror(-result));
+}
+
+}  // namespace
+
+AlarmService::AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationService& notifications,
+                           const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile)
+    : loop_(loop),
+      keeper_(&keeper),
+      notifications_(&notifications),
+      zoneFile_(zoneFile),
+      timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
+    check(timer_ < 0 ? -errno : 0, "No timer could be made");
+    check(sd_event_add_io(loop_, nullptr, timer_, EPOLLIN, &AlarmService::timerExpired, this),
+          "The timer is not heard");
+    check(sd_event_add_time_relative(loop_, &settling_, CLOCK_MONOTONIC, 0, accuracyUs, &AlarmService::choicesSettled,
+                                     this),
+          "No timer could be made");
+    sd_event_source_set_enabled(settling_, SD_EVENT_OFF);
+    watchFolder(dataFolder, &AlarmService::dataFolderChanged);
+    watchFolder(zoneFile_.parent_path(), &AlarmService::zoneFolderChanged);
+    notifications_->onAction = [this](std::uint32_t number, const std::string& key) {
+        if (key == snoozeAction) {
+            keeper_->snooze(number);
+        } else {
+            keeper_->stop(number);
+        }
+        wakeKeeper();
+    };
+    notifications_->onClosed = [this](std::uint32_t number) { keeper_->stop(number); };
+}
+
+AlarmService::~AlarmService() {
+    notifications_->onAction = nullptr;
+    notifications_->onClosed = nullptr;
+    sd_event_source_unref(settling_);
+    ::close(timer_);
+}
+
+// A folder that cannot be watched is no failure: the alarms ring, and changes are seen when the next one does.
+void AlarmService::watchFolder(const std::filesystem::path& folder, sd_event_inotify_handler_t handler) {
+    sd_event_add_inotify(loop_, nullptr, folder.c_str(), written | IN_ONLYDIR, handler, this);
+}
+
+int AlarmService::run() {
+    wakeKeeper();
+    const int result = sd_event_loop(loop_);
+    keeper_->rest();
+    return result;
+}
+
+void AlarmService::wakeKeeper() {
+    const std::chrono::sys_seconds next = keeper_->wake();
+    itimerspec when{};
+    when.it_value.tv_sec = static_cast<std::time_t>(next.time_since_epoch().count());
+    timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
+}
+
+// The moment has come, or the clock was set, which the reading reports as cancelled.
+int AlarmService::timerExpired(sd_event_source*, int descriptor, std::uint32_t, void* self) {
+    std::uint64_t count = 0;
+    if (::read(descriptor, &count, sizeof count) < 0 && errno == EAGAIN) return 0;
+    static_cast<AlarmService*>(self)->wakeKeeper();
+    return 0;
+}
+
+int AlarmService::dataFolderChanged(sd_event_source*, const inotify_event* event, void* self) {
+    const auto* const service = static_cast<AlarmService*>(self);
+    const bool overflow = (event->mask & IN_Q_OVERFLOW) != 0;
+    if (!overflow && (event->len == 0 || std::string_view(event->name) != databaseName)) return 0;
+    sd_event_source_set_time_relative(service->settling_, settlingUs);
+    sd_event_source_set_enabled(service->settling_, SD_EVENT_ONESHOT);
+    return 0;
+}
+
+int AlarmService::zoneFolderChanged(sd_event_source*, const inotify_event* event, void* self) {
+    auto* const service = static_cast<AlarmService*>(self);
+    if (event->len > 0 && service->zoneFile_.filename() == event->name) service->wakeKeeper();
+    return 0;
+}
+
+int AlarmService::choicesSettled(sd_event_source*, std::uint64_t, void* self) {
+    auto* const service = static_cast<AlarmService*>(self);
+    if (service->keeper_->choicesChanged()) service->wakeKeeper();
+    return 0;
+}
+
+}  // namespace quode

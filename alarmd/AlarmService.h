@@ -1,0 +1,46 @@
+#pragma once
+
+#include <systemd/sd-event.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+
+#include "alarmd/AlarmKeeper.h"
+#include "platform/NotificationService.h"
+
+namespace quode {
+
+/// Wakes the alarm keeper whenever something may have happened: at the moment that it named (also when that fell into a
+/// suspension of the machine), when the clock is set, when the zone changes, when the user chooses something, and when
+/// he answers a ring. It sleeps otherwise.
+class AlarmService {
+  public:
+    /// zoneFile   the file whose replacement means that the device has another zone
+    AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationService& notifications,
+                 const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile = "/etc/localtime");
+    ~AlarmService();
+    AlarmService(const AlarmService&) = delete;
+    AlarmService& operator=(const AlarmService&) = delete;
+
+    /// Serves until the process is told to end. Returned: 0, or a negative error of the loop.
+    int run();
+
+  private:
+    void wakeKeeper();
+    void watchFolder(const std::filesystem::path& folder, sd_event_inotify_handler_t handler);
+
+    static int timerExpired(sd_event_source* source, int descriptor, std::uint32_t events, void* self);
+    static int dataFolderChanged(sd_event_source* source, const inotify_event* event, void* self);
+    static int zoneFolderChanged(sd_event_source* source, const inotify_event* event, void* self);
+    static int choicesSettled(sd_event_source* source, std::uint64_t time, void* self);
+
+    sd_event* loop_;
+    AlarmKeeper* keeper_;
+    NotificationService* notifications_;
+    std::filesystem::path zoneFile_;
+    int timer_;
+    sd_event_source* settling_ = nullptr;  // waits until several changes of the user's have come together
+};
+
+}  // namespace quode

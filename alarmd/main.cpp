@@ -1,0 +1,104 @@
+// The alarm service: rings the alarms, and keeps their events in the calendar.
+#include <fmt/format.h>
+#include <signal.h>
+#include <systemd/sd-event.h>
+
+#include <cstdio>
+#include <exception>
+#include <string_view>
+
+#include "alarmd/AlarmKeeper.h"
+#include "alarmd/AlarmService.h"
+#include "alarmd/DesktopRingDesk.h"
+#include "alarmd/InstanceLock.h"
+#include "common/GlobalFuncs.h"
+#include "companion/UserEventStore.h"
+#include "platform/canberra_sound_player.h"
+#include "platform/folders.h"
+#include "platform/sdbus_notifications.h"
+#include "platform/system_platform.h"
+
+namespace quode {
+namespace {
+
+constexpr const char* help =
+    "Usage: quode-alarmd [--help | --version]\n"
+    "Rings the prayer alarms that are switched on, and keeps their events in the calendar. It runs until it is told "
+    "to\n"
+    "end; a second one ends at once. Files are kept in $QUODE_DATA_DIR, else in $XDG_DATA_HOME/Quode, else in\n"
+    "~/.local/share/Quode.\n";
+
+struct UnrefLoop {
+    void operator()(sd_event* loop) const { sd_event_unref(loop); }
+};
+using Loop = std::unique_ptr<sd_event, UnrefLoop>;
+
+// A loop that ends with the signals by which services are told to end.
+Loop newLoop() {
+    sigset_t ending;
+    sigemptyset(&ending);
+    sigaddset(&ending, SIGTERM);
+    sigaddset(&ending, SIGINT);
+    sigprocmask(SIG_BLOCK, &ending, nullptr);
+    sd_event* made = nullptr;
+    if (sd_event_new(&made) < 0) throw std::runtime_error("The system gives no event loop.");
+    sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
+    sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);
+    return Loop(made);
+}
+
+int serve() {
+    Platform platform = systemPlatform();
+    const std::shared_ptr<UserEventStore> calendar =
+        std::make_shared<UserEventStore>(platform.dataFolder, CalendarLayout::ics);
+    platform.eventStore = calendar;
+    const std::shared_ptr<Clock> clock = platform.clock;
+    GlobalFuncs& services = GlobalFuncs::startUp(std::move(platform));
+    services.setApplicationBundlePath(bundleFolderFrom(processEnvironment(), executablePath()));
+    services.loadLanguageFile();
+    const auto tell = [&services](std::string_view message) {
+        fmt::print(stderr, "quode-alarmd: {}\n", message);
+        services.NSLogToFile(message);
+    };
+
+    const InstanceLock lock(services.dataFolder());
+    if (!lock.isHeld()) {
+        fmt::print(stderr, "quode-alarmd: The alarm service is running already.\n");
+        return 0;
+    }
+    const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()));
+    const Loop loop = newLoop();
+    const auto notifications = sdBusNotifications(loop.get());
+    const auto player = canberraSoundPlayer(loop.get());
+    player->onFailure = [&services](std::string_view problem) { services.NSLogToFile(problem); };
+    DesktopRingDesk desk(*notifications, *player, services);
+    const auto changeLayout = [&calendar](CalendarLayout layout) { return calendar->changeLayout(layout); };
+    AlarmKeeper keeper({services.dataFolder(), &cities, clock.get(), calendar.get(), changeLayout, &desk, tell});
+    AlarmService service(loop.get(), keeper, *notifications, services.dataFolder());
+    return service.run() < 0 ? 1 : 0;
+}
+
+}  // namespace
+}  // namespace quode
+
+int main(int argc, char** argv) {
+    const std::string_view argument = argc > 1 ? argv[1] : "";
+    if (argument == "--help") {
+        fmt::print("{}", quode::help);
+        return 0;
+    }
+    if (argument == "--version") {
+        fmt::print("quode-alarmd {}\n", QUODE_VERSION);
+        return 0;
+    }
+    if (argc > 1) {
+        fmt::print(stderr, "quode-alarmd: unknown argument \"{}\".\n{}", argument, quode::help);
+        return 2;
+    }
+    try {
+        return quode::serve();
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "quode-alarmd: {}\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,540 @@
+#include "alarmd/AlarmKeeper.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <map>
+#include <set>
+
+#include "alarmd/ring_texts.h"
+#include "common/GlobalFuncs.h"
+#include "companion/UserSettings.h"
+#include "data/DatabaseFunctions.h"
+#include "platform/system_platform.h"
+#include "recording_desk.h"
+#include "support/fake_platform.h"
+#include "support/faulty_disk.h"
+#include "support/memory_event_store.h"
+#include "support/temporary_folder.h"
+#include "support/zoned_clock.h"
+
+namespace quode::test {
+namespace {
+
+using namespace std::chrono;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class AlarmKeeperTest : public testing::Test {
+  protected:
+    AlarmKeeperTest() {
+        Platform platform = FakePlatform().platform();
+        platform.clock = clock;
+        platform.files = posixFiles();
+        platform.dataFolder = folder.path();
+        platform.eventStore = calendar;
+        GlobalFuncs::startUp(platform);
+        clock->present = utc("2026-10-16 21:00:00");  // midnight in Istanbul
+        restart();
+    }
+
+    /// A process that knows nothing but what the files tell.
+    void restart() {
+        keeper = std::make_unique<AlarmKeeper>(AlarmSurroundings{
+            folder.path(), &cities, clock.get(), calendar.get(), [](CalendarLayout) { return StoreStatus{}; }, &desk,
+            [this](std::string_view message) { told += std::string(message) + "\n"; }, milliseconds(100)});
+    }
+
+    UserDatabase open() { return {folder.path(), cities, *clock}; }
+
+    void switchOn(int code, int offset = 0, const std::string& sound = "bell") {
+        open().setUpAlarm(code, offset, sound);
+        DatabaseFunctions().reCalculateAlarm(code);
+    }
+
+    /// Wakes the keeper at each moment that it asks for until the clock shows `end`.
+    void runUntil(sys_seconds end) {
+        sys_seconds next = keeper->wake();
+        while (next <= end) {
+            ASSERT_GT(next, clock->present) << "it asks for a moment that is over";
+            ++wakes;
+            clock->present = next;
+            next = keeper->wake();
+        }
+        clock->present = end;
+    }
+
+    /// The next ring of a prayer after the present moment.
+    sys_seconds dueOf(int code, int offset = 0) {
+        const sys_seconds now = floor<seconds>(clock->present);
+        const std::vector<AlarmRule> rules{{code, offset}};
+        return alarmOccurrences(siteOf(*open().home()->city), rules, now, now + hours(30)).at(0).due;
+    }
+
+    TemporaryFolder folder;
+    std::optional<FaultyDisk> disk{FaultyDisk::Fault::none};
+    CityDatabase cities{CityDatabase::fileIn(QUODE_BUNDLE)};
+    std::shared_ptr<ZonedClock> clock = std::make_shared<ZonedClock>("<+03>-3", "Europe/Istanbul");
+    std::shared_ptr<MemoryEventStore> calendar = std::make_shared<MemoryEventStore>();
+    RecordingDesk desk;
+    std::unique_ptr<AlarmKeeper> keeper;
+    std::string told;
+    int wakes = 0;
+};
+
+// --- ringing
+
+TEST_F(AlarmKeeperTest, RingsAtTheMinuteOfThePrayer) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    EXPECT_EQ(keeper->wake(), due);
+    clock->present = due - seconds(1);
+    EXPECT_EQ(keeper->wake(), due);
+    EXPECT_THAT(desk.rings, IsEmpty());
+    clock->present = due;
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].alarm.code, 202);
+    EXPECT_EQ(desk.rings[0].alarm.due, due);
+    EXPECT_EQ(desk.rings[0].city, "Istanbul");
+    EXPECT_EQ(desk.sounds, std::vector<std::string>{"bell"});
+    EXPECT_EQ(desk.rings[0].late, minutes(0));
+}
+
+TEST_F(AlarmKeeperTest, TakesTheDefaultSoundForAnAlarmWithoutOne) {
+    switchOn(202, 0, "");
+    clock->present = dueOf(202) - minutes(1);
+    runUntil(dueOf(202));
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.sounds, std::vector<std::string>{"chime"});
+}
+
+TEST_F(AlarmKeeperTest, RingsOnceHoweverOftenItIsWoken) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    keeper->wake();
+    for (int second = 0; second < 120; second += 7) {
+        clock->present = due + seconds(second);
+        keeper->wake();
+    }
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, RingsEachAlarmOfAMonthExactlyOnceADay) {
+    const std::map<int, int> offsets{{200, -30}, {201, 0}, {202, 10}, {203, 0}, {204, -5}, {205, 400}};
+    for (const auto& [code, offset] : offsets) switchOn(code, offset);
+    const sys_seconds start = floor<seconds>(clock->present);
+    keeper->wake();
+    clock->present = start + hours(8);  // past the night's ring of the day before
+    keeper->wake();
+    desk.rings.clear();
+    told.clear();
+    runUntil(start + hours(8) + days(31));
+
+    std::map<int, std::set<int>> daysOf;
+    for (const Ring& ring : desk.rings) {
+        EXPECT_TRUE(daysOf[ring.alarm.code].insert(ring.alarm.date.Months * 100 + ring.alarm.date.Days).second)
+            << "rung twice: " << ring.alarm.code;
+        EXPECT_EQ(ring.alarm.due - ring.alarm.prayer, minutes(offsets.at(ring.alarm.code)));
+        EXPECT_EQ(ring.late, minutes(0));
+    }
+    for (const auto& [code, offset] : offsets) EXPECT_EQ(daysOf[code].size(), 31U) << code;
+    EXPECT_LE(wakes, 7 * 31) << "it wakes for the rings and at midnight only";
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(AlarmKeeperTest, RingsOnceADayWhenItIsRestartedAllTheTime) {
+    switchOn(200, -30);
+    switchOn(204);
+    const sys_seconds end = floor<seconds>(clock->present) + days(7);
+    while (clock->present < end) {
+        restart();
+        keeper->wake();
+        clock->present += minutes(4);
+    }
+    std::set<std::pair<int, sys_seconds>> distinct;
+    for (const Ring& ring : desk.rings) distinct.insert({ring.alarm.code, ring.alarm.due});
+    EXPECT_EQ(distinct.size(), 14U);
+    EXPECT_EQ(desk.rings.size(), 14U);
+}
+
+TEST_F(AlarmKeeperTest, RingsAroundMidnight) {
+    // Offsets that bring the night prayer to 23:59, 00:00 and 00:01.
+    const sys_seconds midnight = utc("2026-10-17 21:00");
+    const sys_seconds prayer = dueOf(205);
+    for (const int minute : {-1, 0, 1}) {
+        const sys_seconds wanted = midnight + minutes(minute);
+        clock->present = wanted - hours(1);
+        switchOn(205, int(duration_cast<minutes>(wanted - prayer).count()));
+        desk.rings.clear();
+        runUntil(wanted + minutes(30));
+        ASSERT_EQ(desk.rings.size(), 1U) << minute;
+        EXPECT_EQ(desk.rings[0].alarm.due, wanted);
+        EXPECT_EQ(calendar->events.size(), 1U);
+        EXPECT_GT(calendar->events.begin()->second.start, wanted + hours(20)) << "renewed for the next day";
+        EXPECT_LT(calendar->events.begin()->second.start, wanted + hours(28));
+    }
+}
+
+TEST_F(AlarmKeeperTest, RingsOnceOnTheDaysWhenTheClocksChange) {
+    clock->setZone("CET-1CEST,M3.5.0,M10.5.0/3", "Europe/Berlin");
+    for (const char* evening : {"2026-03-28 12:00", "2026-10-24 12:00"}) {
+        std::filesystem::remove(folder.path() / "user.sqlite");
+        restart();
+        clock->present = utc(evening);
+        for (int code = 200; code <= 205; ++code) switchOn(code);
+        keeper->wake();
+        desk.rings.clear();
+        runUntil(utc(evening) + days(2));
+        std::map<int, int> count;
+        for (const Ring& ring : desk.rings) ++count[ring.alarm.code];
+        for (int code = 200; code <= 205; ++code) EXPECT_EQ(count[code], 2) << code << " after " << evening;
+    }
+}
+
+TEST_F(AlarmKeeperTest, FollowsAChangeOfTheZone) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    keeper->wake();
+    EXPECT_EQ(calendar->events.begin()->second.start, due);
+    clock->setZone("EST5EDT,M3.2.0,M11.1.0", "America/New_York");
+    keeper->wake();
+    EXPECT_EQ(calendar->events.begin()->second.start, due) << "the same instant by another wall clock";
+    runUntil(due + minutes(1));
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].alarm.due, due);
+}
+
+// --- late, missed, set clocks
+
+TEST_F(AlarmKeeperTest, RingsLateAndSaysSo) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202) + minutes(7) + seconds(30);  // the machine slept
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(7));
+}
+
+TEST_F(AlarmKeeperTest, DropsWhatIsTooLate) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due + minutes(16);
+    EXPECT_GT(keeper->wake(), due + minutes(16));
+    EXPECT_THAT(desk.rings, IsEmpty());
+    EXPECT_THAT(told, HasSubstr("missed by 16 minutes"));
+    clock->present = due + minutes(1);  // the clock is put back
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+}
+
+TEST_F(AlarmKeeperTest, RingsLateAfterALateStart) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due + minutes(10);
+    restart();
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(10));
+}
+
+TEST_F(AlarmKeeperTest, DoesNotRingForThePastWhenItStartsForTheFirstTime) {
+    switchOn(202);
+    clock->present = dueOf(202) + minutes(2);
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+}
+
+TEST_F(AlarmKeeperTest, DoesNotRingForAnAlarmThatIsSwitchedOnAfterItsMoment) {
+    keeper->wake();
+    clock->present = dueOf(202) + minutes(3);
+    keeper->wake();
+    switchOn(202);
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+}
+
+TEST_F(AlarmKeeperTest, RingsOnAfterAClockThatRanYearsAhead) {
+    switchOn(202);
+    clock->present = utc("2031-05-05 05:05");
+    keeper->wake();
+    clock->present = utc("2026-10-16 22:00");
+    restart();
+    const sys_seconds due = dueOf(202);
+    EXPECT_EQ(keeper->wake(), due);
+    runUntil(due);
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, DoesNotRingAgainWhenTheClockIsPutBack) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due + minutes(1));
+    clock->present = due - minutes(30);
+    runUntil(due + minutes(1));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+// --- stop and snooze
+
+TEST_F(AlarmKeeperTest, RingsAgainAfterASnooze) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due);
+    clock->present += seconds(20);
+    keeper->snooze(1);
+    EXPECT_EQ(desk.silenced, std::vector<std::uint32_t>{1});
+    EXPECT_EQ(keeper->wake(), due + seconds(20) + minutes(5));
+    runUntil(due + minutes(6));
+    ASSERT_EQ(desk.rings.size(), 2U);
+    EXPECT_EQ(desk.rings[1].alarm.due, due);
+    EXPECT_EQ(desk.rings[1].late, minutes(0)) << "it rings when it was asked to";
+    keeper->snooze(2);
+    runUntil(due + minutes(12));
+    EXPECT_EQ(desk.rings.size(), 3U);
+    keeper->stop(3);
+    runUntil(due + hours(1));
+    EXPECT_EQ(desk.rings.size(), 3U);
+}
+
+TEST_F(AlarmKeeperTest, KeepsASnoozeOverARestart) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due);
+    keeper->snooze(1);
+    restart();
+    EXPECT_EQ(keeper->wake(), due + minutes(5));
+    runUntil(due + minutes(5));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(AlarmKeeperTest, ForgetsASnoozeWhoseAlarmIsSwitchedOff) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due);
+    keeper->snooze(1);
+    DatabaseFunctions().deleteAlarm(202);
+    runUntil(due + minutes(6));
+    EXPECT_EQ(desk.rings.size(), 1U);
+    DatabaseFunctions().reCalculateAlarm(202);
+    runUntil(due + minutes(8));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, AnswersARingOfAnEarlierRun) {
+    switchOn(202);
+    runUntil(dueOf(202));
+    restart();
+    keeper->snooze(1);
+    EXPECT_EQ(desk.silenced, std::vector<std::uint32_t>{1});
+    runUntil(floor<seconds>(clock->present) + minutes(5));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(AlarmKeeperTest, IgnoresAnAnswerToANotificationOfOthers) {
+    switchOn(202);
+    runUntil(dueOf(202));
+    keeper->snooze(77);
+    keeper->stop(78);
+    EXPECT_THAT(desk.silenced, IsEmpty());
+}
+
+// --- killed at any moment
+
+TEST_F(AlarmKeeperTest, RepeatsARingThatMayNotHaveBeenSeen) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    desk.beforeRing = [] { throw std::runtime_error("killed"); };  // after the note, before the notification
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+    desk.beforeRing = nullptr;
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, TakesOverARingThatWasShownButNotNoted) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due;
+    // From the notification on nothing reaches the database, as if the process had been killed then.
+    desk.beforeRing = [this] { disk.emplace(FaultyDisk::Fault::full, 1); };
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    disk.emplace(FaultyDisk::Fault::none);
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    keeper->snooze(1);
+    runUntil(due + minutes(6));
+    EXPECT_EQ(desk.rings.size(), 1U + 1U);
+}
+
+// --- the calendar
+
+TEST_F(AlarmKeeperTest, KeepsTheEventAtTheNextRing) {
+    switchOn(200, -15);
+    for (int day = 0; day < 3; ++day) {
+        keeper->wake();
+        const sys_seconds due = dueOf(200, -15);
+        EXPECT_EQ(calendar->events.size(), 1U);
+        EXPECT_EQ(calendar->events.begin()->second.start, due);
+        clock->present = due;
+    }
+}
+
+TEST_F(AlarmKeeperTest, LeavesTheFilesAloneWhenNothingIsDue) {
+    switchOn(200);
+    switchOn(204);
+    keeper->wake();
+    const int saves = calendar->saves;
+    const auto written = std::filesystem::last_write_time(folder.path() / "user.sqlite");
+    for (int minute = 1; minute < 60; minute += 10) {
+        clock->present += minutes(10);
+        keeper->wake();
+        EXPECT_FALSE(keeper->choicesChanged());
+    }
+    EXPECT_EQ(calendar->saves, saves);
+    EXPECT_EQ(std::filesystem::last_write_time(folder.path() / "user.sqlite"), written);
+}
+
+TEST_F(AlarmKeeperTest, WritesAnEventAnewThatTheUserDeleted) {
+    switchOn(204);
+    keeper->wake();
+    calendar->events.clear();
+    keeper->wake();
+    EXPECT_EQ(calendar->events.size(), 1U);
+    EXPECT_EQ(calendar->events.begin()->second.start, dueOf(204));
+}
+
+TEST_F(AlarmKeeperTest, SeesWhatTheUserChooses) {
+    keeper->wake();
+    EXPECT_FALSE(keeper->choicesChanged());
+    switchOn(204);
+    EXPECT_TRUE(keeper->choicesChanged());
+    EXPECT_EQ(keeper->wake(), dueOf(204));
+    EXPECT_FALSE(keeper->choicesChanged());
+    open().addPlace({"Hut", 47.5, 11.25});
+    EXPECT_TRUE(keeper->choicesChanged());
+    keeper->wake();
+    open().chooseHome(-1);
+    EXPECT_TRUE(keeper->choicesChanged());
+    EXPECT_EQ(keeper->wake(), dueOf(204));
+    EXPECT_EQ(calendar->events.begin()->second.start, dueOf(204));
+    DatabaseFunctions().deleteAlarm(204);
+    EXPECT_TRUE(keeper->choicesChanged());
+    EXPECT_EQ(keeper->wake(), utc("2026-10-17 21:00")) << "midnight";
+}
+
+TEST_F(AlarmKeeperTest, RingsAlthoughTheCalendarFails) {
+    switchOn(202);
+    calendar->failing = true;
+    runUntil(dueOf(202));
+    EXPECT_EQ(desk.rings.size(), 1U);
+    EXPECT_THAT(told, HasSubstr("The calendar refuses."));
+}
+
+TEST_F(AlarmKeeperTest, OnlyRenewsTheEventsWhenAnotherProgramRings) {
+    switchOn(202);
+    {
+        UserDatabase database = open();
+        saveSettings(database, {"chime", CalendarLayout::ics, Ringer::evolution});
+    }
+    const sys_seconds due = dueOf(202);
+    runUntil(due + seconds(30));
+    EXPECT_THAT(desk.rings, IsEmpty());
+    EXPECT_EQ(calendar->events.begin()->second.start, due) << "it is left alone while the other program rings";
+    runUntil(due + minutes(5));
+    EXPECT_THAT(desk.rings, IsEmpty());
+    EXPECT_GT(calendar->events.begin()->second.start, due + hours(23));
+    {
+        UserDatabase database = open();
+        saveSettings(database, UserSettings{});
+    }
+    runUntil(due + minutes(10));
+    EXPECT_THAT(desk.rings, IsEmpty()) << "the other program has rung already";
+    runUntil(due + hours(25));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+// --- faults
+
+TEST_F(AlarmKeeperTest, RingsOnceOnAFullDisk) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    disk.emplace(FaultyDisk::Fault::full, 1);
+    for (int second = 0; second < 90; second += 30) {
+        clock->present = due + seconds(second);
+        EXPECT_LE(keeper->wake(), clock->present + seconds(30)) << "it tries again";
+    }
+    EXPECT_EQ(desk.rings.size(), 1U);
+    EXPECT_THAT(told, HasSubstr("the disk is full"));
+    EXPECT_EQ(told.find("disk is full", told.find("disk is full") + 1), std::string::npos) << "it is told once";
+    disk.emplace(FaultyDisk::Fault::none);
+    keeper->wake();
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U) << "the note was written once there was room";
+}
+
+TEST_F(AlarmKeeperTest, SnoozesOnAFullDisk) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    disk.emplace(FaultyDisk::Fault::full, 1);
+    keeper->wake();
+    keeper->snooze(1);
+    clock->present += minutes(5);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(AlarmKeeperTest, RingsLateWhenAnotherProgramHeldTheLock) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    sqlite3* opened = nullptr;
+    sqlite3_open((folder.path() / "user.sqlite").c_str(), &opened);
+    const sqlite::Database other(opened);
+    sqlite3_exec(opened, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    clock->present = due;
+    EXPECT_EQ(keeper->wake(), due + seconds(30)) << "it tries again";
+    EXPECT_THAT(told, HasSubstr("kept locked by another program"));
+    sqlite3_exec(opened, "COMMIT", nullptr, nullptr, nullptr);
+    clock->present += seconds(90);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, GoesOnWithAFreshDatabaseAfterDamage) {
+    switchOn(202);
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 5000);
+    keeper->wake();
+    EXPECT_THAT(told, HasSubstr("user.sqlite.damaged-1"));
+    switchOn(202);
+    runUntil(dueOf(202));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, RingsWithoutANotificationService) {
+    desk.hasService = false;
+    switchOn(202);
+    runUntil(dueOf(202) + minutes(2));
+    EXPECT_EQ(desk.rings.size(), 1U);
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+}  // namespace
+}  // namespace quode::test

@@ -1,0 +1,140 @@
+#include "alarmd/AlarmService.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "alarmd/ring_texts.h"
+#include "common/GlobalFuncs.h"
+#include "data/DatabaseFunctions.h"
+#include "platform/system_platform.h"
+#include "recording_desk.h"
+#include "support/fake_platform.h"
+#include "support/memory_event_store.h"
+#include "support/temporary_folder.h"
+#include "support/zoned_clock.h"
+
+namespace quode::test {
+namespace {
+
+using namespace std::chrono;
+using testing::ElementsAre;
+
+class SilentNotifications : public NotificationService {
+  public:
+    std::optional<std::uint32_t> show(const Notification&) override { return std::nullopt; }
+    void close(std::uint32_t) override {}
+};
+
+// The service with its loop; its clock stands still in a far future, so that no timer expires by itself.
+class AlarmServiceTest : public testing::Test {
+  protected:
+    AlarmServiceTest() {
+        Platform platform = FakePlatform().platform();
+        platform.clock = clock;
+        platform.files = posixFiles();
+        platform.dataFolder = folder.path();
+        platform.eventStore = calendar;
+        GlobalFuncs::startUp(platform);
+        clock->present = utc("2040-10-17 00:00");
+        std::filesystem::create_directory(zoneFile.parent_path());
+        sd_event_new(&loop);
+    }
+    ~AlarmServiceTest() override { sd_event_unref(loop); }
+
+    UserDatabase open() { return {folder.path(), cities, *clock}; }
+
+    /// Does something once the service sleeps, and lets it serve until a condition holds, or for two seconds.
+    bool serve(const std::function<void()>& action, const std::function<bool()>& condition) {
+        AlarmKeeper keeper({folder.path(), &cities, clock.get(), calendar.get(),
+                            [](CalendarLayout) { return StoreStatus{}; }, &desk, [](std::string_view) {}});
+        AlarmService service(loop, keeper, notifications, folder.path(), zoneFile);
+        steps = 0;
+        step = [&] {
+            if (++steps == 1) action();
+            if (condition() || steps > 100) sd_event_exit(loop, 0);
+        };
+        sd_event_source* ticking = nullptr;
+        sd_event_add_time_relative(loop, &ticking, CLOCK_MONOTONIC, 0, 0, &AlarmServiceTest::tick, this);
+        sd_event_source_set_enabled(ticking, SD_EVENT_ON);
+        EXPECT_EQ(service.run(), 0);
+        sd_event_source_unref(ticking);
+        return condition();
+    }
+
+    static int tick(sd_event_source* source, std::uint64_t, void* self) {
+        static_cast<AlarmServiceTest*>(self)->step();
+        sd_event_source_set_time_relative(source, 20'000);
+        return 0;
+    }
+
+    TemporaryFolder folder;
+    std::filesystem::path zoneFile = folder.path() / "etc" / "localtime";
+    CityDatabase cities{CityDatabase::fileIn(QUODE_BUNDLE)};
+    std::shared_ptr<ZonedClock> clock = std::make_shared<ZonedClock>("<+03>-3", "Europe/Istanbul");
+    std::shared_ptr<MemoryEventStore> calendar = std::make_shared<MemoryEventStore>();
+    RecordingDesk desk;
+    SilentNotifications notifications;
+    sd_event* loop = nullptr;
+    std::function<void()> step;
+    int steps = 0;
+};
+
+TEST_F(AlarmServiceTest, SeesAnAlarmThatIsSwitchedOn) {
+    open();
+    EXPECT_TRUE(serve([&] { DatabaseFunctions().executeSQL("UPDATE USER_ALARMS SET ACTIVE = 1 WHERE TIMEID = 3"); },
+                      [&] { return calendar->events.size() == 1; }));
+    EXPECT_LT(steps, 50);
+}
+
+TEST_F(AlarmServiceTest, SeesANewHomeCity) {
+    open().addCity(cities.search("Ankara").at(0).city.id);
+    DatabaseFunctions().reCalculateAlarm(202);
+    const auto istanbul = calendar->events.begin()->second.start;
+    EXPECT_TRUE(serve([&] { open().chooseHome(cities.search("Ankara").at(0).city.id); },
+                      [&] { return calendar->events.begin()->second.start < istanbul - minutes(10); }));
+}
+
+TEST_F(AlarmServiceTest, SeesANewZone) {
+    const double before = open().alarm(202).prayTime;
+    EXPECT_TRUE(serve(
+        [&] {
+            clock->setZone("CET-1CEST,M3.5.0,M10.5.0/3", "Europe/Berlin");
+            std::ofstream(zoneFile.string() + ".new") << "zone";
+            std::filesystem::rename(zoneFile.string() + ".new", zoneFile);  // as the system's tools do it
+        },
+        [&] { return open().alarm(202).prayTime < before - 0.9; }));
+}
+
+TEST_F(AlarmServiceTest, PassesTheUsersAnswersOn) {
+    open();
+    DatabaseFunctions().reCalculateAlarm(202);
+    {
+        UserDatabase database = open();
+        const auto now = floor<seconds>(clock->present);
+        RingRecords(database).keep(
+            {{202, now, now, 13.0, VAKDateMake(17, 10, 2040, 0, 0, 0)}, RingState::shown, now, 7});
+        RingRecords(database).keep(
+            {{203, now, now, 15.0, VAKDateMake(17, 10, 2040, 0, 0, 0)}, RingState::shown, now, 8});
+        RingRecords(database).keep(
+            {{204, now, now, 18.0, VAKDateMake(17, 10, 2040, 0, 0, 0)}, RingState::shown, now, 9});
+    }
+    serve(
+        [&] {
+            notifications.onAction(7, snoozeAction);
+            notifications.onAction(8, stopAction);
+            notifications.onClosed(9);
+        },
+        [&] { return steps > 1; });
+    EXPECT_THAT(desk.silenced, ElementsAre(7, 8, 9));
+    UserDatabase database = open();
+    const std::vector<RingRecord> left = RingRecords(database).unfinished();
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_EQ(left[0].alarm.code, 202);
+    EXPECT_EQ(left[0].state, RingState::snoozed);
+    EXPECT_EQ(left[0].ringAt, floor<seconds>(clock->present) + minutes(5));
+}
+
+}  // namespace
+}  // namespace quode::test
