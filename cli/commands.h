@@ -1,0 +1,41 @@
+#pragma once
+
+#include <vector>
+
+#include "cli/command.h"
+
+namespace quode::cli {
+
+// The commands of the files in cli/commands.
+Command todayCommand();
+Command nextCommand();
+Command monthCommand();
+Command yearCommand();
+Command qiblaCommand();
+Command hijriCommand();
+Command calendarCommand();
+Command moonCommand();
+Command skyCommand();
+Command citySearchCommand();
+Command cityShowCommand();
+Command cityListCommand();
+Command cityAddCommand();
+Command cityRemoveCommand();
+Command cityHomeCommand();
+Command cityMoveCommand();
+Command alarmListCommand();
+Command alarmSetCommand();
+Command alarmOnCommand();
+Command alarmOffCommand();
+Command alarmTestCommand();
+Command alarmUpcomingCommand();
+Command calendarConnectCommand();
+Command calendarDisconnectCommand();
+Command settingsCommand();
+Command doctorCommand();
+Command doctorZonesCommand();
+
+/// All commands, in the order of the help; the first one runs when none is named.
+std::vector<Command> allCommands();
+
+}  // namespace quode::cli

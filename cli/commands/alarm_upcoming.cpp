@@ -1,0 +1,57 @@
+// quode alarm upcoming: what will ring, when, and which program will ring it.
+#include <fmt/format.h>
+
+#include "cli/commands.h"
+#include "cli/place.h"
+#include "cli/ringer.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+#include "cli/user_alarms.h"
+#include "cli/user_texts.h"
+
+namespace quode::cli {
+namespace {
+
+void printRings(Session& session, const UserAlarms& all) {
+    using Align = TextTable::Align;
+    const UserTexts& texts = userTextsOf(session.services().languageId());
+    TextTable table({Align::right, Align::left, Align::left, Align::left, Align::left});
+    for (const AlarmOccurrence& ring : all.rings()) {
+        const bool isSnoozed = all.isSnoozed(ring);
+        table.add({clockAt(session, *all.city, ring.due), session.prayerName(ring.code),
+                   isSnoozed ? std::string(texts.snoozed) : offsetText(session, all.alarm(ring.code).offset),
+                   timeUntil(session, *all.city, ring.due), soundOf(all, all.alarm(ring.code))});
+    }
+    const std::vector<std::string> lines = table.lines();
+    for (std::size_t i = 0; i < lines.size(); ++i) session.print(i == 0 ? session.style().strong(lines[i]) : lines[i]);
+}
+
+void runUpcoming(Session& session, const Arguments&) {
+    const UserAlarms all = readAlarms(session);
+    const RingerState ringer = ringerState(session, all.settings);
+    if (session.wantsJson()) {
+        Json::Array rings;
+        if (all.city) {
+            for (const AlarmOccurrence& ring : all.rings()) rings.push_back(ringJson(session, all, ring));
+        }
+        return session.printJson(object(
+            {{"city", all.city ? cityJson(*all.city) : Json()}, {"rings", rings}, {"ringer", ringerJson(ringer)}}));
+    }
+    if (!all.anyIsOn() && all.snoozed.empty()) {
+        return session.print(userTextsOf(session.services().languageId()).noneOn);
+    }
+    if (all.city) {
+        printAlarmCity(session, all);
+        printRings(session, all);
+        session.print();
+    }
+    printRinger(session, ringer);
+}
+
+}  // namespace
+
+Command alarmUpcomingCommand() {
+    return {"upcoming", "What will ring within a day, and by whom", {}, runUpcoming};
+}
+
+}  // namespace quode::cli

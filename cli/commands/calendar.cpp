@@ -1,0 +1,87 @@
+// quode calendar: one day in several calendars.
+#include <fmt/format.h>
+
+#include "astro/FastAstro.h"
+#include "cli/commands.h"
+#include "cli/crescent_date.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+
+namespace quode::cli {
+namespace {
+
+struct CalendarDay {
+    VAKDate date;
+    std::optional<VAKDate> byTable;
+    std::optional<VAKDate> byCrescent;
+    AllCalendarInfo info;
+};
+
+CalendarDay calendarDayOf(const VAKDate& date) {
+    CalendarDay day{date, hijriByTable(date), hijriByCrescent(date), {}};
+    FastAstro engine;
+    engine.setLog([](std::string_view) {});  // the Hijri date of this record is not shown
+    engine.ConvertAllCalendar(date, day.info);
+    return day;
+}
+
+Json calendarJson(Session& session, const CalendarDay& day) {
+    const AllCalendarInfo& info = day.info;
+    Json rumi;
+    if (info.RumiYear > 0) {
+        rumi = object({{"year", info.RumiYear},
+                       {"month", info.RumiMonth},
+                       {"day", info.RumiDay},
+                       {"month_name", rumiMonth(info.RumiMonth)}});
+    }
+    return object(
+        {{"date", isoDate(day.date)},
+         {"calendar", isJulianCalendar(day.date) ? "julian" : "gregorian"},
+         {"weekday", weekdayOf(day.date)},
+         {"hijri",
+          Json(Json::Array{hijriJson(session, day.byTable, "table"), hijriJson(session, day.byCrescent, "crescent")})},
+         {"rumi", rumi},
+         {"season", object({{"half_year", info.isSummerSeason ? "summer" : "winter"}, {"day", info.DayOfSeason}})}});
+}
+
+void printCalendar(Session& session, const CalendarDay& day) {
+    const Texts& texts = session.texts();
+    const AllCalendarInfo& info = day.info;
+    TextTable table({TextTable::Align::left, TextTable::Align::left});
+    const auto add = [&table](std::string_view label, std::string value) {
+        table.add({std::string(label), std::move(value)});
+    };
+    add(isJulianCalendar(day.date) ? texts.julian : texts.gregorian, longDate(session, day.date));
+    add(texts.byTable, day.byTable ? hijriText(session, *day.byTable) : std::string(texts.outsideTable));
+    if (day.byCrescent) add(texts.byCrescent, hijriText(session, *day.byCrescent));
+    if (info.RumiYear > 0) {
+        add(texts.rumi, fmt::format("{} {} {}", info.RumiDay, rumiMonth(info.RumiMonth), info.RumiYear));
+    }
+    add(texts.season,
+        fmt::format(fmt::runtime(info.isSummerSeason ? texts.summerSeason : texts.winterSeason), info.DayOfSeason));
+    for (const std::string& line : table.lines()) session.print(line);
+}
+
+void runCalendar(Session& session, const Arguments& arguments) {
+    const auto date = arguments.text("DATE");
+    const CalendarDay day = calendarDayOf(
+        date ? parseDate(*date) : today(session, siteOf(choosePlace(session, arguments.text("city")).city)));
+    if (session.wantsJson()) {
+        session.printJson(calendarJson(session, day));
+    } else {
+        printCalendar(session, day);
+    }
+}
+
+}  // namespace
+
+Command calendarCommand() {
+    return {"calendar",
+            "A day in several calendars",
+            {{Parameter::Kind::word, "DATE", "", "Another day than today, YYYY-MM-DD"}, cityParameter()},
+            runCalendar};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,76 @@
+// quode calendar connect, disconnect: lets Evolution, and with it GNOME's calendar, show the alarms.
+#include "cli/commands.h"
+#include "cli/ringer.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+#include "cli/user_data.h"
+#include "companion/UserEventStore.h"
+
+namespace quode::cli {
+namespace {
+
+void check(const FileOutcome& outcome) {
+    if (!outcome.ok) throw Failure(ExitCode::userData, outcome.message);
+}
+
+Json connectionJson(Session& session, const UserSettings& settings) {
+    const EvolutionSource source = evolutionSource(session);
+    return object({{"connected", source.isConnected()},
+                   {"description", source.descriptionFile().string()},
+                   {"ringer", ringerJson(ringerState(session, settings))}});
+}
+
+void tell(Session& session, UserDatabase& database, const std::string& text) {
+    const UserSettings settings = loadSettings(database);
+    if (session.wantsJson()) return session.printJson(connectionJson(session, settings));
+    session.print(wrapped(text, pageWidth, 0));
+    session.print();
+    printRinger(session, ringerState(session, settings));
+}
+
+void runConnect(Session& session, const Arguments& arguments) {
+    if (arguments.text("PROGRAM") != "evolution") {
+        throw Failure(ExitCode::usage, "Only evolution can be connected: quode calendar connect evolution");
+    }
+    UserDatabase database = userDatabaseToChange(session);
+    const UserSettings settings = loadSettings(database);
+    if (settings.calendarLayout != CalendarLayout::ics) {
+        throw Failure(ExitCode::usage,
+                      "Evolution shows the alarms only where they are kept in one file. Choose that "
+                      "first: quode settings calendar ics");
+    }
+    const std::filesystem::path file =
+        UserEventStore(session.dataFolder(), CalendarLayout::ics).defaultCalendar().location;
+    const bool rings = arguments.has("ring") || settings.ringer == Ringer::evolution;
+    check(evolutionSource(session).connect(std::filesystem::absolute(file), rings));
+    setRinger(session, database, rings ? Ringer::evolution : Ringer::quode);
+    tell(session, database,
+         "Evolution and GNOME's calendar show the alarms as the calendar \"Quode\". They read " + file.string() +
+             " and do not change it. To undo this: quode calendar disconnect");
+}
+
+void runDisconnect(Session& session, const Arguments&) {
+    UserDatabase database = userDatabaseToChange(session);
+    const bool wasConnected = evolutionSource(session).isConnected();
+    setRinger(session, database, Ringer::quode);
+    check(evolutionSource(session).disconnect());
+    tell(session, database,
+         wasConnected ? "Evolution shows the alarms no more. The events stay where they are."
+                      : "Evolution was not connected.");
+}
+
+}  // namespace
+
+Command calendarConnectCommand() {
+    return {"connect",
+            "Let Evolution and GNOME's calendar show the alarms",
+            {{Parameter::Kind::word, "PROGRAM", "", "evolution", true},
+             {Parameter::Kind::toggle, "ring", "", "Let Evolution ring, in place of Quode"}},
+            runConnect};
+}
+
+Command calendarDisconnectCommand() {
+    return {"disconnect", "Undo connect; then Quode rings", {}, runDisconnect};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,125 @@
+// quode city add, remove, home, move: changes the user's cities. Each shows them afterwards.
+#include <fmt/format.h>
+
+#include "cli/alarm_calendar.h"
+#include "cli/commands.h"
+#include "cli/numbers.h"
+#include "cli/place.h"
+#include "cli/session.h"
+#include "cli/user_cities.h"
+#include "cli/user_data.h"
+#include "companion/user_connection.h"
+
+namespace quode::cli {
+namespace {
+
+Parameter cityWords(const std::string& help) {
+    return {Parameter::Kind::words, "CITY", "", help, true};
+}
+
+std::string wordsOf(const Arguments& arguments) {
+    return arguments.text("CITY").value_or("");
+}
+
+/// Does something with the user's cities, brings the alarms to the home that they then have, and shows the cities.
+template <typename Change>
+void changeCities(Session& session, const Change& change) {
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar calendar(session, database);
+    database.connection().change([&] { change(database); });
+    calendar.renew();
+    showCities(session, database.cities());
+}
+
+int addPoint(UserDatabase& database, const ChosenPlace& point, const Arguments& arguments) {
+    const std::optional<std::string> name = arguments.text("name");
+    if (!name) throw Failure(ExitCode::usage, "A place that is given by coordinates needs a name: --name NAME");
+    return database.addPlace(
+        {std::string(trimmed(*name)), point.city.latitude, point.city.longitude, arguments.text("zone").value_or("")});
+}
+
+/// Adds what was named. Returned: its id.
+int addCity(Session& session, UserDatabase& database, const Arguments& arguments) {
+    const ChosenPlace place = choosePlace(session, wordsOf(arguments));
+    if (place.nearest) return addPoint(database, place, arguments);
+    if (arguments.has("name") || arguments.has("zone")) {
+        throw Failure(ExitCode::usage,
+                      "--name and --zone are for places given by coordinates; the city database "
+                      "knows those of " +
+                          place.city.name + ".");
+    }
+    if (!database.addCity(place.city.id)) writeMessage(place.city.name + " is among your cities already.");
+    return place.city.id;
+}
+
+void runAdd(Session& session, const Arguments& arguments) {
+    changeCities(session, [&](UserDatabase& database) { addCity(session, database, arguments); });
+}
+
+void runRemove(Session& session, const Arguments& arguments) {
+    changeCities(session, [&](UserDatabase& database) {
+        database.removeCity(cityOfList(database.cities(), wordsOf(arguments)).id);
+    });
+}
+
+/// The id of a city among the user's; nothing when it is not there.
+std::optional<int> idInList(const UserDatabase& database, const std::string& wish) {
+    try {
+        return cityOfList(database.cities(), wish).id;
+    } catch (const Failure& failure) {
+        if (failure.code() != ExitCode::notFound) throw;
+        return std::nullopt;
+    }
+}
+
+void runHome(Session& session, const Arguments& arguments) {
+    changeCities(session, [&](UserDatabase& database) {
+        const std::optional<int> known = idInList(database, wordsOf(arguments));
+        database.chooseHome(known ? *known : addCity(session, database, arguments));
+    });
+}
+
+void runMove(Session& session, const Arguments& arguments) {
+    const std::string words(trimmed(wordsOf(arguments)));
+    const std::size_t blank = words.find_last_of(' ');
+    const std::optional<int> position =
+        blank == std::string::npos ? std::nullopt : numberOf<int>(std::string_view(words).substr(blank));
+    if (!position || *position < 1) {
+        throw Failure(ExitCode::usage,
+                      "Name a city of your list and its new position, such as: quode city move "
+                      "Ankara 1");
+    }
+    changeCities(session, [&](UserDatabase& database) {
+        const UserCity city = cityOfList(database.cities(), trimmed(words.substr(0, blank)));
+        database.moveCity(city.id, static_cast<std::size_t>(*position - 1));
+    });
+}
+
+std::vector<Parameter> additionParameters() {
+    return {cityWords("NAME, ID or LAT,LON"),
+            {Parameter::Kind::option, "name", "NAME", "The name of a place given by coordinates"},
+            {Parameter::Kind::option, "zone", "ZONE", "Its time zone, when not that of the nearest city"}};
+}
+
+}  // namespace
+
+Command cityAddCommand() {
+    return {"add", "Add a city or place to yours", additionParameters(), runAdd};
+}
+
+Command cityRemoveCommand() {
+    return {"remove", "Remove one of your cities", {cityWords("Its position, NAME or ID")}, runRemove};
+}
+
+Command cityHomeCommand() {
+    return {"home", "Choose the city whose times are shown and ring", additionParameters(), runHome};
+}
+
+Command cityMoveCommand() {
+    return {"move",
+            "Move one of your cities to another position",
+            {cityWords("Its position, NAME or ID; then its new position")},
+            runMove};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,82 @@
+// quode city search: finds cities by name.
+#include <fmt/format.h>
+
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/place.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+
+namespace quode::cli {
+namespace {
+
+constexpr int defaultLimit = 10, mostHits = 1000;
+
+int limitOf(const Arguments& arguments) {
+    const auto wish = arguments.text("limit");
+    if (!wish) return defaultLimit;
+    const bool isNumber =
+        !wish->empty() && wish->size() <= 4 && wish->find_first_not_of("0123456789") == std::string::npos;
+    const int limit = isNumber ? std::stoi(*wish) : 0;
+    if (limit >= 1 && limit <= mostHits) return limit;
+    throw Failure(ExitCode::usage, fmt::format("--limit is a number from 1 to {}, not \"{}\".", mostHits, *wish));
+}
+
+const char* matchName(CityMatch match) {
+    switch (match) {
+        case CityMatch::exact:
+            return "exact";
+        case CityMatch::prefix:
+            return "prefix";
+        case CityMatch::word:
+            return "word";
+        default:
+            return "typo";
+    }
+}
+
+Json hitsJson(const std::vector<CityHit>& hits) {
+    Json::Array cities;
+    for (const CityHit& hit : hits) {
+        cities.push_back(object({{"city", cityJson(hit.city)},
+                                 {"match", matchName(hit.match)},
+                                 {"other_name", hit.otherName.empty() ? Json() : Json(hit.otherName)}}));
+    }
+    return object({{"cities", cities}});
+}
+
+void printHits(Session& session, const std::vector<CityHit>& hits) {
+    using Align = TextTable::Align;
+    TextTable table({Align::right, Align::left, Align::left, Align::right, Align::left});
+    for (const CityHit& hit : hits) {
+        const std::string name = hit.otherName.empty() ? hit.city.name : hit.city.name + " (" + hit.otherName + ")";
+        table.add({std::to_string(hit.city.id), name, regionAndCountry(session, hit.city),
+                   hit.city.population > 0 ? std::to_string(hit.city.population) : "", hit.city.zone});
+    }
+    for (const std::string& line : table.lines()) session.print(line);
+}
+
+void runSearch(Session& session, const Arguments& arguments) {
+    const std::string text = arguments.text("TEXT").value_or("");
+    const std::vector<CityHit> hits = session.cities().search(text, limitOf(arguments));
+    if (hits.empty()) {
+        throw Failure(ExitCode::notFound, fmt::format("No city is called \"{}\", and none is called nearly so.", text));
+    }
+    if (session.wantsJson()) {
+        session.printJson(hitsJson(hits));
+    } else {
+        printHits(session, hits);
+    }
+}
+
+}  // namespace
+
+Command citySearchCommand() {
+    return {"search",
+            "Find cities by name",
+            {{Parameter::Kind::words, "TEXT", "", "A name; after a comma a country or region", true},
+             {Parameter::Kind::option, "limit", "N", "The most cities to show (10)"}},
+            runSearch};
+}
+
+}  // namespace quode::cli

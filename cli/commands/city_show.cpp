@@ -1,0 +1,69 @@
+// quode city show: all that is known of a city.
+#include <fmt/format.h>
+
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+
+namespace quode::cli {
+namespace {
+
+Json ruleJson(const ZoneRule& rule, std::optional<ClockChange> change) {
+    Json next;
+    if (change) next = object({{"date", isoDate(change->date)}, {"to_summer_time", change->toSummerTime}});
+    return object({{"standard_offset_hours", rule.gmt},
+                   {"has_summer_time", rule.dst},
+                   {"shift_hours", rule.dst ? rule.hour : 0},
+                   {"next_change", next}});
+}
+
+void printCity(Session& session, const ChosenPlace& place, std::optional<ClockChange> change) {
+    const Texts& texts = session.texts();
+    const CityRecord& city = place.city;
+    TextTable table({TextTable::Align::left, TextTable::Align::left});
+    const auto add = [&table](std::string_view label, std::string value) {
+        table.add({std::string(label), std::move(value)});
+    };
+    if (city.id != 0) add("ID", std::to_string(city.id));
+    add(texts.coordinates, coordinatesText(city.latitude, city.longitude));
+    if (city.elevation) add(texts.elevation, fmt::format("{} m", *city.elevation));
+    if (city.population > 0) add(texts.population, std::to_string(city.population));
+    const std::string clock = city.zone + "  " + formatting::GetGMTValueStr(false, city.rule.gmt);
+    add(session.caption(1003), clock);
+    const std::string_view format = change && change->toSummerTime ? texts.clocksForward : texts.clocksBack;
+    add("", change ? fmt::format(fmt::runtime(format), dayAndMonth(session, change->date))
+                   : std::string(texts.noSummerTime));
+    printPlace(session, place);
+    session.print();
+    for (const std::string& line : table.lines()) session.print("  " + line);
+}
+
+void runShow(Session& session, const Arguments& arguments) {
+    const ChosenPlace place = choosePlace(session, arguments.text("CITY").value_or(""));
+    const VAKDate present = today(session, siteOf(place.city));
+    const auto change = nextClockChange(place.city.rule, civilDate(present));
+    const std::vector<std::string> warnings = zoneProblems(place.city, present, present, present);
+    if (session.wantsJson()) {
+        Json::Array texts;
+        for (const std::string& warning : warnings) texts.emplace_back(warning);
+        session.printJson(
+            object({{"place", placeJson(place)}, {"clock", ruleJson(place.city.rule, change)}, {"warnings", texts}}));
+        return;
+    }
+    printCity(session, place, change);
+    if (!warnings.empty()) session.print();
+    printWarnings(session, warnings);
+}
+
+}  // namespace
+
+Command cityShowCommand() {
+    return {"show",
+            "Show what is known of a city",
+            {{Parameter::Kind::words, "CITY", "", "NAME, ID or LAT,LON", true}},
+            runShow};
+}
+
+}  // namespace quode::cli

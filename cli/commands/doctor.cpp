@@ -1,0 +1,76 @@
+// quode doctor: whether all is in order, and what to do where it is not.
+#include "cli/commands.h"
+#include "cli/doctor_checks.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+
+#include <algorithm>
+
+namespace quode::cli {
+namespace {
+
+constexpr std::size_t textColumn = 19;
+constexpr int nameWidth = 15;
+
+const char* stateName(Finding::State state) {
+    switch (state) {
+        case Finding::State::ok:
+            return "ok";
+        case Finding::State::note:
+            return "note";
+        default:
+            return "problem";
+    }
+}
+
+Json findingsJson(const std::vector<Finding>& findings, bool isWell) {
+    Json::Array checks;
+    for (const Finding& each : findings) {
+        checks.push_back(object({{"key", each.key},
+                                 {"name", each.name},
+                                 {"state", stateName(each.state)},
+                                 {"text", each.text},
+                                 {"advice", each.advice.empty() ? Json() : Json(each.advice)},
+                                 {"command", each.command.empty() ? Json() : Json(each.command)}}));
+    }
+    return object({{"ok", isWell}, {"checks", checks}});
+}
+
+/// A text in the column of the texts, in which its later lines begin too.
+std::string inColumn(const std::string& text) {
+    std::string lines = wrapped(text, pageWidth - static_cast<int>(textColumn), 0);
+    for (std::size_t at = lines.find('\n'); at != std::string::npos; at = lines.find('\n', at + 1)) {
+        lines.insert(at + 1, textColumn, ' ');
+    }
+    return lines;
+}
+
+void printFinding(Session& session, const Finding& finding) {
+    const Style& style = session.style();
+    const bool isProblem = finding.state == Finding::State::problem;
+    const char* mark = isProblem ? "!   " : finding.state == Finding::State::note ? "–   " : "ok  ";
+    const std::string line = mark + padRight(finding.name, nameWidth) + inColumn(finding.text);
+    session.print(isProblem ? style.warning(line) : line);
+    for (const std::string& text : {finding.advice, finding.command}) {
+        if (!text.empty()) session.print(std::string(textColumn, ' ') + inColumn(text));
+    }
+}
+
+void runDoctor(Session& session, const Arguments&) {
+    const std::vector<Finding> findings = examine(session);
+    const auto problems = std::ranges::count(findings, Finding::State::problem, &Finding::state);
+    if (session.wantsJson()) {
+        session.printJson(findingsJson(findings, problems == 0));
+    } else {
+        for (const Finding& each : findings) printFinding(session, each);
+    }
+    if (problems > 0) session.endWith(ExitCode::notFound);
+}
+
+}  // namespace
+
+Command doctorCommand() {
+    return {"doctor", "Check what times and alarms depend on", {}, runDoctor};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,49 @@
+// quode doctor zones: the stored clock rules against the system's zone data.
+#include <fmt/format.h>
+
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/session.h"
+#include "data/zone_check.h"
+
+namespace quode::cli {
+namespace {
+
+Json disagreementJson(const ZoneDisagreement& found) {
+    if (found.unknownToSystem) return object({{"zone", found.zone}, {"unknown_to_system", true}});
+    return object({{"zone", found.zone},
+                   {"unknown_to_system", false},
+                   {"first", isoDate(found.first)},
+                   {"last", isoDate(found.last)},
+                   {"days", found.days},
+                   {"stored_hours", found.storedHours},
+                   {"system_hours", found.systemHours}});
+}
+
+void runZones(Session& session, const Arguments&) {
+    const auto first = std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(session.now()));
+    const DayRange range = twoYearsFrom(first);
+    const std::vector<StoredZone> zones = session.cities().zones();
+    const std::vector<ZoneDisagreement> found = checkZones(zones, range);
+    const std::string begin = isoDate(std::chrono::year_month_day(range.first));
+    const std::string end = isoDate(std::chrono::year_month_day(range.last));
+    if (session.wantsJson()) {
+        Json::Array list;
+        for (const ZoneDisagreement& disagreement : found) list.push_back(disagreementJson(disagreement));
+        session.printJson(object(
+            {{"first", begin}, {"last", end}, {"zones", static_cast<long>(zones.size())}, {"disagreements", list}}));
+        return;
+    }
+    for (const ZoneDisagreement& disagreement : found) session.print(describe(disagreement));
+    if (!found.empty()) session.print();
+    session.print(fmt::format("{} of {} time zones disagree with this system's zone data between {} and {}.",
+                              found.size(), zones.size(), begin, end));
+}
+
+}  // namespace
+
+Command doctorZonesCommand() {
+    return {"zones", "List zones whose clock this system tells otherwise", {}, runZones};
+}
+
+}  // namespace quode::cli

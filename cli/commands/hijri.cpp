@@ -1,0 +1,83 @@
+// quode hijri: the Hijri date of a Gregorian day, and back.
+#include "cli/commands.h"
+#include "cli/crescent_date.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/session.h"
+#include "common/calendar.h"
+
+namespace quode::cli {
+namespace {
+
+struct HijriDay {
+    VAKDate gregorian;
+    VAKDate hijri;
+    bool isByCrescent = false;
+};
+
+HijriDay fromHijri(const std::string& text) {
+    const VAKDate hijri = parseHijriDate(text);
+    const VAKDate gregorian = calendar::JulianToGregorian(calendar::HijriDateToJulian(hijri));
+    return {VAKDateMake(gregorian.Days, gregorian.Months, gregorian.Years, 0, 0, 0), hijri};
+}
+
+std::string noCrescentDate(const VAKDate& date) {
+    constexpr int firstYear = 622;
+    if (date.Years <= firstYear) return isoDate(date) + " lies before the Hijri calendar begins, in 622.";
+    return "No crescent was found for " + isoDate(date) + ": the motion of the Moon is not known that far ahead.";
+}
+
+std::string notInTable(const VAKDate& date) {
+    const std::string day = isoDate(date);
+    return "The Hijri table does not hold " + day +
+           ": it goes from 2008-11-29 to 2048-10-08. For other days there is the crescent: quode hijri --crescent " +
+           day;
+}
+
+HijriDay fromGregorian(const VAKDate& date, bool byCrescent) {
+    const std::optional<VAKDate> hijri = byCrescent ? hijriByCrescent(date) : hijriByTable(date);
+    if (hijri) return {date, *hijri, byCrescent};
+    throw Failure(ExitCode::notFound, byCrescent ? noCrescentDate(date) : notInTable(date));
+}
+
+HijriDay dayOf(Session& session, const Arguments& arguments) {
+    const auto date = arguments.text("DATE");
+    if (const auto hijri = arguments.text("to-gregorian")) {
+        if (date || arguments.has("crescent")) {
+            throw Failure(ExitCode::usage, "--to-gregorian goes with the table, and with no other date.");
+        }
+        return fromHijri(*hijri);
+    }
+    if (date) return fromGregorian(parseDate(*date), arguments.has("crescent"));
+    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+    return fromGregorian(today(session, siteOf(place.city)), arguments.has("crescent"));
+}
+
+void runHijri(Session& session, const Arguments& arguments) {
+    const HijriDay day = dayOf(session, arguments);
+    if (session.wantsJson()) {
+        session.printJson(object({{"date", isoDate(day.gregorian)},
+                                  {"weekday", weekdayOf(day.gregorian)},
+                                  {"hijri", hijriJson(session, day.hijri, day.isByCrescent ? "crescent" : "table")}}));
+        return;
+    }
+    const Texts& texts = session.texts();
+    const std::string hijri =
+        hijriText(session, day.hijri) + " (" + std::string(day.isByCrescent ? texts.byCrescent : texts.byTable) + ")";
+    session.print(longDate(session, day.gregorian));
+    session.print(hijri);
+}
+
+}  // namespace
+
+Command hijriCommand() {
+    return {"hijri",
+            "The Hijri date of a day, and back",
+            {{Parameter::Kind::word, "DATE", "", "Another day than today, YYYY-MM-DD"},
+             {Parameter::Kind::toggle, "crescent", "", "By the visibility of the crescent at Mecca"},
+             {Parameter::Kind::option, "to-gregorian", "YYYY-MM-DD", "The Gregorian date of a Hijri day"},
+             cityParameter()},
+            runHijri};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,248 @@
+// quode moon: the Moon of a day, and the phases of a year.
+#include <fmt/format.h>
+
+#include <array>
+#include <cmath>
+
+#include "astro/AstroGlobalFuncs.h"
+#include "astro/MoonPhases.h"
+#include "astro/MoonTransit.h"
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/moon_picture.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+#include "common/calendar.h"
+
+namespace quode::cli {
+namespace {
+
+constexpr double hoursPerDay = 24.0, unixEpoch = 2440587.5;  // the epoch as a Julian day
+constexpr int pictureHeight = 9;
+constexpr std::array<const char*, 8> phaseKeys{"new_moon",  "waxing_crescent", "first_quarter", "waxing_gibbous",
+                                               "full_moon", "waning_gibbous",  "last_quarter",  "waning_crescent"};
+
+std::chrono::sys_seconds instantOfJulianDay(double julianDay) {
+    return std::chrono::sys_seconds(std::chrono::seconds(std::llround((julianDay - unixEpoch) * 86400.0)));
+}
+
+/// The date and time of day of a Julian day on a place's clock, to the minute.
+VAKDate localClock(const Site& site, double julianDay) {
+    constexpr double halfMinute = 0.5 / 1440.0, nudgeOfConversion = 1e-5;
+    const auto instant = instantOfJulianDay(julianDay);
+    const VAKDate clock = wallClock(site.rule, instant);
+    const auto shown = std::chrono::sys_days(civilDate(clock)) + std::chrono::hours(clock.Hours) +
+                       std::chrono::minutes(clock.Minutes) + std::chrono::seconds(clock.Seconds);
+    const double offset = std::chrono::duration<double>(shown - instant).count() / 86400.0;
+    return calendar::JulianToGregorian(julianDay + offset + halfMinute - nudgeOfConversion);
+}
+
+// --- the Moon of a day
+
+struct MoonPage {
+    ChosenPlace place;
+    Site site;
+    CityDay day;
+    VAKDate clock;  ///< the local moment for which the Moon is described
+    MoonInfo info;
+    MoonAge age;
+    double transit = missingMoonTime;
+    int phase = 0;  ///< 0..7, see phaseKeys
+};
+
+/// The phase of a day: one of the four that fall on it, else the one between them.
+int phaseOf(double dayBegin, const MoonInfo& info) {
+    const std::vector<MoonPhase> phases = moonPhasesBetween(dayBegin, dayBegin + 1.0);
+    if (!phases.empty()) return 2 * phases.front().phase;
+    constexpr double half = 50.0;
+    const bool isCrescent = info.IlluminatedFraction < half;
+    if (info.BrightInc) return isCrescent ? 1 : 3;
+    return isCrescent ? 7 : 5;
+}
+
+MoonPage moonPageOf(Session& session, const Arguments& arguments) {
+    const std::optional<VAKDate> wished = wishedDate(arguments);
+    MoonPage page;
+    page.place = choosePlace(session, arguments.text("city"));
+    page.site = siteOf(page.place.city);
+    const VAKDate present = wallClock(page.site.rule, session.now());
+    const VAKDate shown = wished.value_or(present);
+    const bool isToday = sameDay(shown, present);
+    // Another day than today is described at its noon.
+    page.clock = isToday ? present : VAKDateMake(shown.Days, shown.Months, shown.Years, 12, 0, 0);
+    page.day = computeCityDay(page.site, page.clock);
+
+    const double zone = page.day.GMTValue / hoursPerDay;
+    const double julianDay =
+        isToday ? std::chrono::duration<double>(session.now().time_since_epoch()).count() / 86400.0 + unixEpoch
+                : calendar::GregorianDateToJulian(page.clock) - zone;
+    VAKDate universal;
+    AstroGlobalFuncs::JulianToCalendar(julianDay, universal, true);
+    FastAstro engine;
+    page.info = engine.MoonInformation(universal, page.site.latitude, page.site.longitude);
+    page.age = moonAge(julianDay);
+    page.transit = moonTransit(page.day.date, page.site.longitude, page.day.GMTValue);
+    page.phase = phaseOf(calendar::GregorianDateToJulian(page.day.date) - zone, page.info);
+    return page;
+}
+
+/// Seen from the north the waxing Moon is lit on the right, seen from the south on the left.
+bool isLitOnTheRight(const MoonPage& page) {
+    return page.info.BrightInc == (page.site.latitude >= 0.0);
+}
+
+std::string_view litText(Session& session, const MoonPage& page) {
+    const Texts& texts = session.texts();
+    if (page.info.IlluminatedFraction < 1.0) return texts.notLit;
+    if (page.info.IlluminatedFraction > 99.0) return texts.fullyLit;
+    return isLitOnTheRight(page) ? texts.litRight : texts.litLeft;
+}
+
+std::vector<std::string> moonFacts(Session& session, const MoonPage& page) {
+    const Texts& texts = session.texts();
+    TextTable table({TextTable::Align::left, TextTable::Align::left});
+    const auto add = [&table](std::string_view label, std::string value) {
+        table.add({std::string(label), std::move(value)});
+    };
+    const double altitude = page.day.sky.MoonAltitudeOnSunSet;
+    add(texts.moonrise, skyClockText(session, page.day.sky.MoonRise));
+    add(texts.transit, skyClockText(session, page.transit));
+    add(texts.moonset, skyClockText(session, page.day.sky.MoonSet));
+    add(texts.illuminated,
+        fmt::format("{:.0f} %, {}", page.info.IlluminatedFraction, page.info.BrightInc ? texts.waxing : texts.waning));
+    add(texts.moonAtSunset, altitude == missingMoonTime ? "--:--" : formatting::getDegMinStrWithMinusPlus(altitude));
+    add(texts.elongation, fmt::format("{:.1f}°", page.info.Elongation));
+    add(texts.distance, fmt::format("{:.0f} km", page.info.Distance));
+    add(texts.age, fmt::format(fmt::runtime(texts.ageValue), page.age.sinceNewMoon));
+    add(texts.nextNewMoon, fmt::format(fmt::runtime(texts.nextNewMoonValue), page.age.toNewMoon));
+    return table.lines();
+}
+
+void printMoon(Session& session, const MoonPage& page, bool draws) {
+    const Texts& texts = session.texts();
+    const std::string_view phase = texts.moonPhases.at(static_cast<std::size_t>(page.phase));
+    printPlace(session, page.place);
+    session.print(longDate(session, page.day.date) + ", " +
+                  session.services().timeLeadingZero(page.clock.Hours, page.clock.Minutes));
+    session.print();
+    std::vector<std::string> facts = moonFacts(session, page);
+    if (!draws) {
+        session.print(fmt::format("{}, {}", phase, litText(session, page)));
+        for (const std::string& fact : facts) session.print("  " + fact);
+        return;
+    }
+    facts.insert(facts.begin(), {session.style().strong(phase), ""});
+    const auto picture = moonPicture(page.info.IlluminatedFraction / 100.0, isLitOnTheRight(page), pictureHeight);
+    for (std::size_t i = 0; i < std::max(facts.size(), picture.size()); ++i) {
+        // The picture is one line shorter than the facts above and below.
+        const std::size_t first = (facts.size() - picture.size()) / 2;
+        const bool isPicture = i >= first && i - first < picture.size();
+        session.print("  " + (isPicture ? picture[i - first] : std::string(std::size_t{2} * pictureHeight, ' ')) +
+                      "    " + (i < facts.size() ? facts[i] : ""));
+    }
+}
+
+Json moonJson(Session& session, const MoonPage& page) {
+    const auto phase = static_cast<std::size_t>(page.phase);
+    const double altitude = page.day.sky.MoonAltitudeOnSunSet;
+    return object({{"place", placeJson(page.place)},
+                   {"date", isoDate(page.day.date)},
+                   {"described_at", fmt::format("{:02}:{:02}", page.clock.Hours, page.clock.Minutes)},
+                   {"phase", object({{"key", phaseKeys.at(phase)}, {"name", session.texts().moonPhases.at(phase)}})},
+                   {"rise", skyTimeJson(page.day.sky.MoonRise)},
+                   {"transit", skyTimeJson(page.transit)},
+                   {"set", skyTimeJson(page.day.sky.MoonSet)},
+                   {"illuminated_percent", page.info.IlluminatedFraction},
+                   {"waxing", page.info.BrightInc},
+                   {"altitude_at_sunset", altitude == missingMoonTime ? Json() : Json(altitude)},
+                   {"altitude", page.info.AppAlt},
+                   {"azimuth", page.info.Azimuth},
+                   {"elongation", page.info.Elongation},
+                   {"distance_km", page.info.Distance},
+                   {"days_since_new_moon", page.age.sinceNewMoon},
+                   {"days_to_new_moon", page.age.toNewMoon}});
+}
+
+// --- the phases of a year
+
+struct PhaseLine {
+    MoonPhase phase;
+    VAKDate clock;
+};
+
+/// The phases that fall into a year on a place's clock.
+std::vector<PhaseLine> phasesOfYear(const Site& site, int year) {
+    const double begin = calendar::CalculateJulianDay(year, 1, 1, 0, 0, 0);
+    const double end = calendar::CalculateJulianDay(year, 12, 31, 0, 0, 0) + 1.0;
+    std::vector<PhaseLine> lines;
+    for (const MoonPhase& phase : moonPhasesBetween(begin - 1.0, end + 1.0)) {
+        const VAKDate clock = localClock(site, phase.julianDay);
+        const double day = calendar::CalculateJulianDay(clock.Years, clock.Months, clock.Days, 0, 0, 0);
+        if (day >= begin && day < end) lines.push_back({phase, clock});
+    }
+    return lines;
+}
+
+void printPhases(Session& session, const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
+    using Align = TextTable::Align;
+    const Texts& texts = session.texts();
+    TextTable table({Align::right, Align::left, Align::right, Align::left});
+    for (const PhaseLine& line : lines) {
+        table.add({std::to_string(line.clock.Days), session.monthName(line.clock.Months),
+                   session.services().timeLeadingZero(line.clock.Hours, line.clock.Minutes),
+                   std::string(texts.moonPhases.at(2 * static_cast<std::size_t>(line.phase.phase)))});
+    }
+    printPlace(session, place);
+    session.print(std::to_string(year));
+    session.print();
+    for (const std::string& line : table.lines()) session.print("  " + line);
+    printHowChosen(session, place);
+}
+
+Json phasesJson(Session& session, const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
+    Json::Array phases;
+    for (const PhaseLine& line : lines) {
+        const std::size_t phase = 2 * static_cast<std::size_t>(line.phase.phase);
+        phases.push_back(object({{"key", phaseKeys.at(phase)},
+                                 {"name", session.texts().moonPhases.at(phase)},
+                                 {"date", isoDate(line.clock)},
+                                 {"time", fmt::format("{:02}:{:02}", line.clock.Hours, line.clock.Minutes)},
+                                 {"instant", isoMoment(instantOfJulianDay(line.phase.julianDay))}}));
+    }
+    return object({{"place", placeJson(place)}, {"year", year}, {"phases", phases}});
+}
+
+void runPhases(Session& session, const Arguments& arguments, const std::string& yearText) {
+    if (arguments.has("date")) throw Failure(ExitCode::usage, "--phases is about a year: leave --date out.");
+    const int year = parseYear(yearText);
+    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+    const std::vector<PhaseLine> lines = phasesOfYear(siteOf(place.city), year);
+    if (session.wantsJson()) {
+        session.printJson(phasesJson(session, place, year, lines));
+    } else {
+        printPhases(session, place, year, lines);
+    }
+}
+
+void runMoon(Session& session, const Arguments& arguments) {
+    if (const auto year = arguments.text("phases")) return runPhases(session, arguments, *year);
+    const MoonPage page = moonPageOf(session, arguments);
+    if (session.wantsJson()) return session.printJson(moonJson(session, page));
+    printMoon(session, page, session.drawsOnTerminal() && !arguments.has("plain"));
+    printHowChosen(session, page.place);
+}
+
+}  // namespace
+
+Command moonCommand() {
+    return {"moon",
+            "The Moon of a day, or the phases of a year",
+            {cityParameter(),
+             dateParameter(),
+             {Parameter::Kind::option, "phases", "YYYY", "The phases of a year in the city's time"},
+             {Parameter::Kind::toggle, "plain", "", "Words only, no picture"}},
+            runMoon};
+}
+
+}  // namespace quode::cli

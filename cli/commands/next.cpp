@@ -1,0 +1,89 @@
+// quode next: the coming prayer, for status bars.
+#include <fmt/format.h>
+
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/next_prayer.h"
+#include "cli/session.h"
+
+namespace quode::cli {
+namespace {
+
+struct ComingPrayer {
+    ChosenPlace place;
+    Site site;
+    NextPrayer prayer;
+};
+
+std::string placeholderValue(Session& session, const ComingPrayer& coming, std::string_view name) {
+    const auto left = timeLeft(session, coming.prayer);
+    const auto minutes = std::chrono::ceil<std::chrono::minutes>(left).count();
+    if (name == "name") return session.prayerName(coming.prayer.code);
+    if (name == "key") return prayerKey(coming.prayer.code);
+    if (name == "time") return clockText(session, coming.prayer.hours);
+    if (name == "time24") return clock24(coming.prayer.hours);
+    if (name == "left") return durationText(session, left);
+    if (name == "countdown") return fmt::format("{}:{:02}", minutes / 60, minutes % 60);
+    if (name == "minutes") return std::to_string(minutes);
+    if (name == "seconds") return std::to_string(left.count());
+    if (name == "city") return coming.place.city.name;
+    if (name == "date") return isoDate(coming.prayer.date);
+    throw Failure(ExitCode::usage,
+                  fmt::format("--format has no placeholder {{{}}}. There are {{name}}, {{key}}, {{time}}, "
+                              "{{time24}}, {{left}}, {{countdown}}, {{minutes}}, {{seconds}}, {{city}} "
+                              "and {{date}}.",
+                              name));
+}
+
+/// The template with its placeholders filled; "{{" and "}}" stand for braces.
+std::string filled(Session& session, const ComingPrayer& coming, std::string_view format) {
+    std::string text;
+    while (!format.empty()) {
+        const std::size_t brace = format.find_first_of("{}");
+        text += format.substr(0, brace);
+        if (brace == std::string_view::npos) return text;
+        format.remove_prefix(brace);
+        if (format.starts_with("{{") || format.starts_with("}}")) {
+            text += format.front();
+            format.remove_prefix(2);
+            continue;
+        }
+        const std::size_t end = format.find('}');
+        if (format.front() == '}' || end == std::string_view::npos) {
+            throw Failure(ExitCode::usage, "--format has a brace without its partner. Write {{ or }} for a brace.");
+        }
+        text += placeholderValue(session, coming, format.substr(1, end - 1));
+        format.remove_prefix(end + 1);
+    }
+    return text;
+}
+
+void runNext(Session& session, const Arguments& arguments) {
+    ComingPrayer coming;
+    coming.place = choosePlace(session, arguments.text("city"));
+    coming.site = siteOf(coming.place.city);
+    const std::optional<NextPrayer> prayer = nextPrayer(coming.site, session.now());
+    if (!prayer) throw Failure(ExitCode::notFound, "No prayer time exists at this place today and tomorrow.");
+    coming.prayer = *prayer;
+    if (session.wantsJson()) {
+        session.printJson(object({{"place", placeJson(coming.place)}, {"next", nextPrayerJson(session, *prayer)}}));
+    } else if (const auto format = arguments.text("format")) {
+        session.print(filled(session, coming, *format));
+    } else {
+        session.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
+                      timeLeftText(session, coming.site, *prayer));
+    }
+}
+
+}  // namespace
+
+Command nextCommand() {
+    return {"next",
+            "The coming prayer and the time left, in one line",
+            {cityParameter(),
+             {Parameter::Kind::option, "format", "TEMPLATE", "The line, such as \"{name} {time} in {left}\""}},
+            runNext};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,95 @@
+// quode qibla: the direction of the Kaaba.
+#include <fmt/format.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/session.h"
+#include "cli/sun_direction.h"
+#include "cli/text_layout.h"
+
+namespace quode::cli {
+namespace {
+
+constexpr double kaabaLatitude = 21.4225, kaabaLongitude = 39.8262, earthRadiusKm = 6371.0;
+constexpr double fullCircle = 360.0;
+
+struct Qibla {
+    ChosenPlace place;
+    CityDay day;
+    double bearing = 0.0;  ///< degrees clockwise from true north
+    double compass = 0.0;  ///< degrees clockwise from magnetic north
+    double distanceKm = 0.0;
+    double sunTime = missingTime;  ///< when the Sun stands in the direction, local hours
+};
+
+double wrapped360(double degrees) {
+    return std::fmod(std::fmod(degrees, fullCircle) + fullCircle, fullCircle);
+}
+
+double distanceToKaaba(double latitude, double longitude) {
+    const auto radians = [](double degrees) { return degrees * std::numbers::pi / 180.0; };
+    const double halfLatitude = std::sin(radians(latitude - kaabaLatitude) / 2.0);
+    const double halfLongitude = std::sin(radians(longitude - kaabaLongitude) / 2.0);
+    const double h = halfLatitude * halfLatitude +
+                     std::cos(radians(latitude)) * std::cos(radians(kaabaLatitude)) * halfLongitude * halfLongitude;
+    return 2.0 * earthRadiusKm * std::asin(std::min(1.0, std::sqrt(h)));
+}
+
+Qibla qiblaOf(Session& session, const Arguments& arguments) {
+    const std::optional<VAKDate> wished = wishedDate(arguments);
+    Qibla qibla;
+    qibla.place = choosePlace(session, arguments.text("city"));
+    const Site site = siteOf(qibla.place.city);
+    qibla.day = computeCityDay(site, wished ? *wished : today(session, site));
+    qibla.bearing = bearingOf(qibla.day.kible);
+    qibla.compass = wrapped360(qibla.bearing - qibla.day.declination);
+    qibla.distanceKm = distanceToKaaba(site.latitude, site.longitude);
+    qibla.sunTime = timeOfSunInDirection(site, qibla.day, qibla.bearing);
+    return qibla;
+}
+
+void printQibla(Session& session, const Qibla& qibla) {
+    using Align = TextTable::Align;
+    const Texts& texts = session.texts();
+    TextTable table({Align::left, Align::right, Align::left});
+    const auto add = [&table](std::string_view label, std::string value, std::string_view remark) {
+        table.add({std::string(label), std::move(value), std::string(remark)});
+    };
+    add(texts.bearing, formatting::getQiblaAngleStr(qibla.day.kible.K), texts.fromNorth);
+    add(texts.compassBearing, fmt::format("{:.1f}°", qibla.compass), texts.compassRemark);
+    add(texts.declination, fmt::format("{:+.1f}°", qibla.day.declination),
+        fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
+    const bool hasTime = qibla.sunTime != missingTime;
+    add(session.caption(1000), hasTime ? clockText(session, qibla.sunTime) : "--:--",
+        hasTime ? texts.sunInQibla : texts.noSunInQibla);
+    add(texts.distance, fmt::format("{:.0f} km", qibla.distanceKm), texts.kaabaDistance);
+    printPlace(session, qibla.place);
+    session.print(longDate(session, qibla.day.date));
+    session.print();
+    for (const std::string& line : table.lines()) session.print("  " + line);
+    printHowChosen(session, qibla.place);
+}
+
+void runQibla(Session& session, const Arguments& arguments) {
+    const Qibla qibla = qiblaOf(session, arguments);
+    if (!session.wantsJson()) return printQibla(session, qibla);
+    session.printJson(object({{"place", placeJson(qibla.place)},
+                              {"date", isoDate(qibla.day.date)},
+                              {"qibla", qiblaJson(qibla.day)},
+                              {"compass_bearing", qibla.compass},
+                              {"magnetic_declination", declinationJson(qibla.day)},
+                              {"distance_km", qibla.distanceKm},
+                              {"sun_in_direction", timeJson(qibla.sunTime)}}));
+}
+
+}  // namespace
+
+Command qiblaCommand() {
+    return {"qibla", "The direction of the Kaaba", {cityParameter(), dateParameter()}, runQibla};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,148 @@
+// quode settings: what is kept of the user's wishes beside cities and alarms.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "cli/alarm_calendar.h"
+#include "cli/alarm_sounds.h"
+#include "cli/commands.h"
+#include "cli/numbers.h"
+#include "cli/ringer.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+#include "cli/user_data.h"
+#include "companion/user_connection.h"
+
+namespace quode::cli {
+namespace {
+
+struct Setting {
+    const char* key;
+    const char* meaning;
+    std::string (*value)(const UserSettings&);
+    std::string (*choices)(Session&);
+    void (*change)(Session&, const std::string& value);
+};
+
+// --- the values
+
+std::string layoutName(const UserSettings& settings) {
+    return settings.calendarLayout == CalendarLayout::vdir ? "vdir" : "ics";
+}
+
+std::string ringerName(const UserSettings& settings) {
+    return settings.ringer == Ringer::evolution ? "evolution" : "quode";
+}
+
+bool isOneOf(const std::string& value, const std::string& first, const std::string& second, const char* key) {
+    if (value == first || value == second) return value == second;
+    throw Failure(ExitCode::usage, fmt::format("{} is {} or {}, not \"{}\".", key, first, second, value));
+}
+
+// --- changing them
+
+void changeSound(Session& session, const std::string& value) {
+    const std::string sound = soundNamedByUser(session, value);
+    UserDatabase database = userDatabaseToChange(session);
+    UserSettings settings = loadSettings(database);
+    settings.defaultSound = sound;
+    saveSettings(database, settings);
+}
+
+void changeLayout(Session& session, const std::string& value) {
+    const bool wantsFolder = isOneOf(value, "ics", "vdir", "calendar");
+    if (wantsFolder && evolutionSource(session).isConnected()) {
+        throw Failure(ExitCode::usage,
+                      "Evolution shows the one file of the layout ics. Disconnect it first: quode "
+                      "calendar disconnect");
+    }
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar calendar(session, database);
+    UserSettings settings = loadSettings(database);
+    settings.calendarLayout = wantsFolder ? CalendarLayout::vdir : CalendarLayout::ics;
+    saveSettings(database, settings);
+    calendar.changeLayout(settings.calendarLayout);
+}
+
+void changeRinger(Session& session, const std::string& value) {
+    const bool wantsEvolution = isOneOf(value, "quode", "evolution", "ringer");
+    if (wantsEvolution && !evolutionSource(session).isConnected()) {
+        throw Failure(ExitCode::usage,
+                      "Evolution is not connected. Connect it and let it ring: quode calendar connect "
+                      "evolution --ring");
+    }
+    UserDatabase database = userDatabaseToChange(session);
+    setRinger(session, database, wantsEvolution ? Ringer::evolution : Ringer::quode);
+}
+
+const std::array<Setting, 3> settings{{
+    {"sound", "of alarms that have none of their own", [](const UserSettings& all) { return all.defaultSound; },
+     soundsToChoose, changeSound},
+    {"calendar", "how the events of the alarms are kept", layoutName,
+     [](Session&) { return std::string("ics (one file, Quode.ics) and vdir (a folder with a file for each event)"); },
+     changeLayout},
+    {"ringer", "the program that rings", ringerName,
+     [](Session&) {
+         return std::string("quode (the alarm service) and evolution (the reminders of Evolution, when connected)");
+     },
+     changeRinger},
+}};
+
+// --- showing them
+
+const Setting& settingNamed(const std::string& key) {
+    const auto found = std::ranges::find_if(settings, [&](const Setting& each) { return key == each.key; });
+    if (found != settings.end()) return *found;
+    std::string keys;
+    for (const Setting& each : settings) keys += (keys.empty() ? "" : ", ") + std::string(each.key);
+    throw Failure(ExitCode::usage, fmt::format("There is no setting \"{}\". There are {}.", key, keys));
+}
+
+UserSettings presentSettings(Session& session) {
+    const std::optional<UserDatabase> database = userDatabaseToRead(session);
+    return database ? loadSettings(*database) : UserSettings{};
+}
+
+void showAll(Session& session) {
+    const UserSettings present = presentSettings(session);
+    if (session.wantsJson()) {
+        Json::Object members;
+        for (const Setting& each : settings) members.emplace_back(each.key, each.value(present));
+        return session.printJson(object({{"settings", Json(std::move(members))}}));
+    }
+    using Align = TextTable::Align;
+    TextTable table({Align::left, Align::left, Align::left});
+    for (const Setting& each : settings) table.add({each.key, each.value(present), each.meaning});
+    for (const std::string& line : table.lines()) session.print(line);
+}
+
+void showOne(Session& session, const Setting& setting) {
+    const std::string value = setting.value(presentSettings(session));
+    if (session.wantsJson()) {
+        return session.printJson(object({{"settings", Json(Json::Object{{setting.key, value}})}}));
+    }
+    session.print(value);
+    session.print(session.style().dim(wrapped("There are " + setting.choices(session) + ".", pageWidth, 0)));
+}
+
+void runSettings(Session& session, const Arguments& arguments) {
+    const std::optional<std::string> key = arguments.text("KEY"), value = arguments.text("VALUE");
+    if (!key) return showAll(session);
+    const Setting& setting = settingNamed(*key);
+    if (!value) return showOne(session, setting);
+    setting.change(session, std::string(trimmed(*value)));
+    showAll(session);
+}
+
+}  // namespace
+
+Command settingsCommand() {
+    return {"settings",
+            "Show or change settings",
+            {{Parameter::Kind::word, "KEY", "", "sound, calendar or ringer"},
+             {Parameter::Kind::word, "VALUE", "", "What it is to be"}},
+            runSettings};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,272 @@
+// quode month and quode year: timetables.
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+
+namespace quode::cli {
+namespace {
+
+struct Timetable {
+    ChosenPlace place;
+    Site site;
+    VAKDate today;
+    std::vector<Month> months;
+    std::vector<std::string> warnings;
+    int lastCode = lastMainPrayer;  ///< the last prayer that has a column in the table
+};
+
+Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<Month> months) {
+    Timetable table;
+    table.place = choosePlace(session, arguments.text("city"));
+    table.site = siteOf(table.place.city);
+    table.today = today(session, table.site);
+    table.months = std::move(months);
+    if (arguments.has("all")) table.lastCode = lastPrayer;
+    return table;
+}
+
+void addWarnings(Timetable& table) {
+    const VAKDate first = daysOf(table.months.front()).front(), last = daysOf(table.months.back()).back();
+    table.warnings = zoneProblems(table.place.city, table.today, first, last);
+}
+
+// --- text
+
+/// What is explained below a table.
+struct TableNotes {
+    Footnotes earlierDay;
+    // The latitudes for which times were computed where the Sun does not rise and set.
+    std::optional<double> lowest, highest;
+
+    void addLatitude(double latitude) {
+        lowest = std::min(latitude, lowest.value_or(latitude));
+        highest = std::max(latitude, highest.value_or(latitude));
+    }
+};
+
+/// The Hijri months that a month meets, such as "Dhu al-Hijjah 1447 / Muharram 1448"; empty outside the table.
+std::string hijriMonths(Session& session, const std::vector<VAKDate>& days) {
+    std::vector<VAKDate> months;
+    for (const VAKDate& date : days) {
+        const std::optional<VAKDate> hijri = hijriByTable(date);
+        if (hijri && (months.empty() || months.back().Months != hijri->Months)) months.push_back(*hijri);
+    }
+    std::string text;
+    for (std::size_t i = 0; i < months.size(); ++i) {
+        const bool isLastOfYear = i + 1 == months.size() || months[i + 1].Years != months[i].Years;
+        if (i > 0) text += " / ";
+        text += session.hijriMonth(months[i].Months);
+        if (isLastOfYear) text += fmt::format(" {}", months[i].Years);
+    }
+    return text;
+}
+
+void printMonthHead(Session& session, const Month& month, const std::vector<VAKDate>& days) {
+    const std::string name = fmt::format("{} {}", session.monthName(month.month), month.year);
+    const std::string hijri = hijriMonths(session, days);
+    const std::string remark = hijri.empty() ? std::string(session.texts().outsideTable)
+                                             : fmt::format("{} ({})", hijri, session.texts().byTable);
+    session.print(session.style().strong(name) + "  " + session.style().dim(remark));
+    session.print();
+}
+
+std::vector<std::string> rowOf(Session& session, const Timetable& table, const CityDay& day, TableNotes& notes) {
+    const std::optional<VAKDate> hijri = hijriByTable(day.date);
+    std::vector<std::string> row{
+        std::string(session.texts().weekdaysShort.at(static_cast<std::size_t>(weekdayOf(day.date)))) + ' ' +
+            padLeft(std::to_string(day.date.Days), 2),
+        hijri ? std::to_string(hijri->Days) : "", ""};
+    if (const auto latitude = computedLatitude(day.times)) {
+        row.back() = "*";
+        notes.addLatitude(*latitude);
+    }
+    for (int code = firstPrayer; code <= table.lastCode; ++code) {
+        row.push_back(clockText(session, timeOfPrayer(day, code)) +
+                      notes.earlierDay.earlierDayMark(session, day.times, code));
+    }
+    return row;
+}
+
+// Marks make some cells wider; the digits shall stay below each other.
+void alignMarks(std::vector<std::vector<std::string>>& rows, std::size_t firstColumn) {
+    const auto isMarked = [](const std::string& cell) { return cell.ends_with("¹") || cell.ends_with("²"); };
+    for (std::size_t column = firstColumn; column < rows.front().size(); ++column) {
+        const auto isCellMarked = [&](const auto& row) { return isMarked(row[column]); };
+        if (std::none_of(rows.begin(), rows.end(), isCellMarked)) continue;
+        for (auto& row : rows) {
+            if (!isMarked(row[column])) row[column] += ' ';
+        }
+    }
+}
+
+void printMonth(Session& session, const Timetable& table, const Month& month, TableNotes& notes) {
+    using Align = TextTable::Align;
+    constexpr std::size_t dateColumns = 3;
+    std::vector<Align> columns{Align::right, Align::right, Align::left};
+    std::vector<std::string> head{"", "", ""};
+    for (int code = firstPrayer; code <= table.lastCode; ++code) {
+        columns.push_back(Align::right);
+        head.push_back(session.prayerName(code));
+    }
+    const std::vector<VAKDate> days = daysOf(month);
+    std::vector<std::vector<std::string>> rows;
+    for (const VAKDate& date : days) {
+        rows.push_back(rowOf(session, table, computeCityDay(table.site, date), notes));
+    }
+    alignMarks(rows, dateColumns);
+    TextTable text(columns);
+    text.add(head);
+    for (auto& row : rows) text.add(std::move(row));
+
+    const std::vector<std::string> lines = text.lines();
+    printMonthHead(session, month, days);
+    session.print(session.style().dim(lines.front()));
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        const bool isToday = sameDay(days[i - 1], table.today);
+        session.print(isToday ? session.style().strong(lines[i]) : lines[i]);
+    }
+    session.print();
+}
+
+void printClockChanges(Session& session, const Timetable& table) {
+    for (const Month& month : table.months) {
+        const VAKDate first = daysOf(month).front();
+        const auto begin = civilDate(first);
+        if (!begin.ok()) continue;
+        const std::chrono::year_month_day before(std::chrono::sys_days(begin) - std::chrono::days(1));
+        const auto change = nextClockChange(table.site.rule, before);
+        if (!change || change->date.year() != begin.year() || change->date.month() != begin.month()) continue;
+        const Texts& texts = session.texts();
+        const std::string_view format = change->toSummerTime ? texts.clocksForward : texts.clocksBack;
+        session.print("☀ " + fmt::format(fmt::runtime(format), dayAndMonth(session, change->date)));
+    }
+}
+
+void printTable(Session& session, const Timetable& table) {
+    printPlace(session, table.place);
+    session.print();
+    TableNotes notes;
+    for (const Month& month : table.months) printMonth(session, table, month, notes);
+    printClockChanges(session, table);
+    if (notes.lowest) {
+        const std::string note = "* " + latitudeNote(session, *notes.lowest, *notes.highest);
+        session.print(wrapped(note, pageWidth, 2));
+    }
+    for (const std::string& line : notes.earlierDay.lines()) session.print(wrapped(line, pageWidth, 2));
+    printWarnings(session, table.warnings);
+    printHowChosen(session, table.place);
+}
+
+// --- CSV and JSON
+
+std::vector<std::string> notesOf(const CityDay& day) {
+    const PrayTimes& times = day.times;
+    std::vector<std::string> notes;
+    constexpr int minutesPerDay = 1440;
+    if (times.isLatitudeChanged) notes.emplace_back("other_latitude");
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const double hours = timeOfPrayer(day, code);
+        if (hours == missingTime) continue;
+        if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
+        if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
+    }
+    return notes;
+}
+
+void printCsv(Session& session, const Timetable& table) {
+    std::string head = "date,weekday,hijri";
+    for (int code = firstPrayer; code <= lastPrayer; ++code) head.append(",").append(prayerKey(code));
+    session.print(head + ",utc_offset,notes");
+    for (const Month& month : table.months) {
+        for (const VAKDate& date : daysOf(month)) {
+            const CityDay day = computeCityDay(table.site, date);
+            const std::optional<VAKDate> hijri = hijriByTable(date);
+            std::string line = fmt::format("{},{},{}", isoDate(date), weekdayOf(date), hijri ? isoDate(*hijri) : "");
+            for (int code = firstPrayer; code <= lastPrayer; ++code) {
+                const double hours = timeOfPrayer(day, code);
+                line += ',';
+                if (hours != missingTime) line += clock24(hours);
+            }
+            session.print(fmt::format("{},{},{}", line, day.GMTValue, fmt::join(notesOf(day), " ")));
+        }
+    }
+}
+
+Json dayJson(Session& session, const CityDay& day) {
+    Json::Object times;
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        times.emplace_back(prayerKey(code), timeJson(timeOfPrayer(day, code)));
+    }
+    Json::Array notes;
+    for (const std::string& note : notesOf(day)) notes.emplace_back(note);
+    return object({{"date", isoDate(day.date)},
+                   {"weekday", weekdayOf(day.date)},
+                   {"hijri", hijriJson(session, hijriByTable(day.date), "table")},
+                   {"utc_offset", day.GMTValue},
+                   {"summer_time", day.isDSTTime},
+                   {"prayers", Json(std::move(times))},
+                   {"computed_latitude", computedLatitude(day.times)},
+                   {"notes", notes}});
+}
+
+void printJson(Session& session, const Timetable& table) {
+    Json::Array days;
+    for (const Month& month : table.months) {
+        for (const VAKDate& date : daysOf(month)) {
+            days.push_back(dayJson(session, computeCityDay(table.site, date)));
+        }
+    }
+    Json::Array warnings;
+    for (const std::string& warning : table.warnings) warnings.emplace_back(warning);
+    session.printJson(object({{"place", placeJson(table.place)}, {"days", days}, {"warnings", warnings}}));
+}
+
+void print(Session& session, const Arguments& arguments, Timetable table) {
+    if (arguments.text("format") == "csv" && !arguments.has("json")) return printCsv(session, table);
+    addWarnings(table);
+    if (session.wantsJson()) return printJson(session, table);
+    printTable(session, table);
+}
+
+void runMonth(Session& session, const Arguments& arguments) {
+    const std::optional<std::string> wish = arguments.text("YYYY-MM");
+    std::vector<Month> months;
+    if (wish) months.push_back(parseMonth(*wish));
+    Timetable table = timetableOf(session, arguments, months);
+    if (!wish) table.months = {{table.today.Years, table.today.Months}};
+    print(session, arguments, std::move(table));
+}
+
+void runYear(Session& session, const Arguments& arguments) {
+    const std::optional<std::string> wish = arguments.text("YYYY");
+    const int wishedYear = wish ? parseYear(*wish) : 0;
+    Timetable table = timetableOf(session, arguments, {});
+    const int year = wish ? wishedYear : table.today.Years;
+    for (int month = 1; month <= 12; ++month) table.months.push_back({year, month});
+    print(session, arguments, std::move(table));
+}
+
+std::vector<Parameter> parameters(const char* word, const char* help) {
+    return {{Parameter::Kind::word, word, "", help},
+            cityParameter(),
+            formatParameter(),
+            {Parameter::Kind::toggle, "all", "", "All nine times, not only the six main ones"}};
+}
+
+}  // namespace
+
+Command monthCommand() {
+    return {"month", "The timetable of a month", parameters("YYYY-MM", "Another month than this one"), runMonth};
+}
+
+Command yearCommand() {
+    return {"year", "The timetable of a year", parameters("YYYY", "Another year than this one"), runYear};
+}
+
+}  // namespace quode::cli

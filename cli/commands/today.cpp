@@ -1,0 +1,261 @@
+// quode today: one day at one place.
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "cli/commands.h"
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/next_prayer.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+
+namespace quode::cli {
+namespace {
+
+constexpr int marginHeight500 = 500, marginHeight250 = 250;  // metres, for the two tables of margins
+
+// Captions of the language packs.
+constexpr int sunCaption = 1000, moonCaption = 1001, moonAtSunsetCaption = 1002, zoneCaption = 1003,
+              qiblaCaption = 1013;
+
+struct DayPage {
+    ChosenPlace place;
+    Site site;
+    VAKDate today;
+    CityDay day;
+    std::optional<VAKDate> hijri;
+    std::optional<NextPrayer> next;  ///< only on the page of today
+    std::optional<ClockChange> change;
+    double marginHours = 0.0;
+    std::vector<std::string> warnings;
+    bool withSeconds = false;
+};
+
+DayPage pageOf(Session& session, const Arguments& arguments) {
+    DayPage page;
+    const std::optional<VAKDate> wished = wishedDate(arguments);
+    page.place = choosePlace(session, arguments.text("city"));
+    page.site = siteOf(page.place.city);
+    page.today = today(session, page.site);
+    page.day = computeCityDay(page.site, wished.value_or(page.today));
+    page.hijri = hijriByTable(page.day.date);
+    if (sameDay(page.day.date, page.today)) page.next = nextPrayer(page.site, session.now());
+    page.change = nextClockChange(page.site.rule, civilDate(page.day.date));
+    page.marginHours = FastAstro::Temkin(page.site.latitude, page.site.temkin);
+    page.warnings = zoneProblems(page.place.city, page.today, page.day.date, page.day.date);
+    page.withSeconds = arguments.has("seconds");
+    return page;
+}
+
+int marginHeight(const DayPage& page) {
+    return page.site.temkin ? marginHeight500 : marginHeight250;
+}
+
+// --- text
+
+void printHead(Session& session, const DayPage& page) {
+    printPlace(session, page.place, true);
+    const Texts& texts = session.texts();
+    const std::string hijri = page.hijri ? hijriText(session, *page.hijri) + " (" + std::string(texts.byTable) + ")"
+                                         : std::string(texts.outsideTable);
+    session.print();
+    session.print(longDate(session, page.day.date));
+    session.print(hijri);
+    session.print();
+}
+
+std::string remarkOf(Session& session, double hours) {
+    if (hours == missingTime) return "";
+    constexpr int minutesPerDay = 1440;
+    const int minute = shownMinute(hours);
+    if (minute >= minutesPerDay) return std::string(session.texts().afterMidnight);
+    return hours < 0.0 ? std::string(session.texts().dayBefore) : "";
+}
+
+/// Where the coming prayer stands in the table: in the row of its code, or in a row of its own before the first or
+/// after the last of the main ones.
+enum class NextRow { none, ofYesterday, ofToday, ofTomorrow };
+
+NextRow nextRowOf(const DayPage& page) {
+    if (!page.next) return NextRow::none;
+    const auto day = civilDate(page.next->date), shown = civilDate(page.day.date);
+    return day < shown ? NextRow::ofYesterday : day > shown ? NextRow::ofTomorrow : NextRow::ofToday;
+}
+
+struct Row {
+    std::vector<std::string> cells;
+    bool isNext = false;
+    bool isMain = true;
+};
+
+Row nextRow(Session& session, const DayPage& page) {
+    return {{"›", session.prayerName(page.next->code), clockText(session, page.next->hours, page.withSeconds), "",
+             timeLeftText(session, page.site, *page.next)},
+            true};
+}
+
+Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
+    const double hours = timeOfPrayer(page.day, code);
+    const bool isNext = nextRowOf(page) == NextRow::ofToday && page.next->code == code;
+    std::string remark = remarkOf(session, hours);
+    const PrayTimes& times = page.day.times;
+    std::string marks = notes.latitudeMark(session, times, code);  // the first to be numbered
+    marks += notes.earlierDayMark(session, times, code);
+    if (isNext) remark += (remark.empty() ? "" : ", ") + timeLeftText(session, page.site, *page.next);
+    return {{isNext ? "›" : " ", session.prayerName(code), clockText(session, hours, page.withSeconds), marks, remark},
+            isNext,
+            code <= lastMainPrayer};
+}
+
+std::vector<Row> rowsOf(Session& session, const DayPage& page, Footnotes& notes) {
+    std::vector<Row> rows;
+    if (nextRowOf(page) == NextRow::ofYesterday) rows.push_back(nextRow(session, page));
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        rows.push_back(rowOf(session, page, code, notes));
+        if (code == lastMainPrayer && nextRowOf(page) == NextRow::ofTomorrow) rows.push_back(nextRow(session, page));
+    }
+    return rows;
+}
+
+void printTimes(Session& session, const DayPage& page, Footnotes& notes) {
+    using Align = TextTable::Align;
+    const std::vector<Row> rows = rowsOf(session, page, notes);
+    TextTable table({Align::left, Align::left, Align::right, Align::left, Align::left});
+    for (const Row& row : rows) table.add(row.cells);
+    const std::vector<std::string> lines = table.lines();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!rows[i].isMain && rows[i - 1].isMain) session.print();
+        session.print(rows[i].isNext   ? session.style().strong(lines[i])
+                      : rows[i].isMain ? lines[i]
+                                       : session.style().dim(lines[i]));
+    }
+    session.print();
+}
+
+std::string zoneRemark(Session& session, const DayPage& page) {
+    const Texts& texts = session.texts();
+    if (!page.change) return std::string(texts.noSummerTime);
+    const std::string_view format = page.change->toSummerTime ? texts.clocksForward : texts.clocksBack;
+    return fmt::format(fmt::runtime(format), dayAndMonth(session, page.change->date));
+}
+
+std::string marginText(Session& session, const DayPage& page) {
+    const long seconds = std::lround(page.marginHours * 3600.0);
+    const Texts& texts = session.texts();
+    const std::string margin = fmt::format(fmt::runtime(texts.marginValue), seconds / 60, seconds % 60);
+    return fmt::format(fmt::runtime(texts.margin), margin, marginHeight(page));
+}
+
+void printFacts(Session& session, const DayPage& page) {
+    using Align = TextTable::Align;
+    const Texts& texts = session.texts();
+    const WidgetSkyInfo& sky = page.day.sky;
+    const auto clock = [&](double hours) { return skyClockText(session, hours, page.withSeconds); };
+    TextTable table({Align::left, Align::left, Align::left});
+    const auto add = [&table](std::string label, std::string value, std::string remark) {
+        table.add({std::move(label), std::move(value), std::move(remark)});
+    };
+    const SunTimes sun = sunTimesOf(page.day);
+    add(session.caption(sunCaption), clock(sun.rise) + " / " + clock(sun.set), "");
+    add(session.caption(moonCaption), clock(sky.MoonRise) + " / " + clock(sky.MoonSet), "");
+    const bool hasAltitude = sky.MoonAltitudeOnSunSet != missingMoonTime;
+    add(session.caption(moonAtSunsetCaption),
+        hasAltitude ? formatting::getDegMinStrWithMinusPlus(sky.MoonAltitudeOnSunSet) : "--:--", "");
+    add(session.caption(zoneCaption), formatting::GetGMTValueStr(page.day.isDSTTime, page.day.GMTValue),
+        zoneRemark(session, page));
+    add(session.caption(qiblaCaption), formatting::getQiblaAngleStr(page.day.kible.K), std::string(texts.fromNorth));
+    add(std::string(texts.declination), fmt::format("{:+.1f}°", page.day.declination),
+        fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
+    for (const std::string& line : table.lines()) session.print("   " + line);
+}
+
+void printNotes(Session& session, const DayPage& page, const Footnotes& notes) {
+    const Style& style = session.style();
+    session.print();
+    session.print(style.dim(wrapped(marginText(session, page), pageWidth, 0)));
+    for (const std::string& line : notes.lines()) session.print(wrapped(line, pageWidth, 2));
+    printWarnings(session, page.warnings);
+}
+
+void printPage(Session& session, const DayPage& page) {
+    Footnotes notes;
+    printHead(session, page);
+    printTimes(session, page, notes);
+    printFacts(session, page);
+    printNotes(session, page, notes);
+    printHowChosen(session, page.place);
+}
+
+// --- JSON
+
+Json prayersJson(Session& session, const CityDay& day) {
+    Json::Array prayers;
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const double hours = timeOfPrayer(day, code);
+        const bool isMissing = hours == missingTime;
+        const Fallbacks fallbacks = isMissing ? Fallbacks{} : fallbacksOf(day.times, code);
+        prayers.push_back(object({{"code", code},
+                                  {"key", prayerKey(code)},
+                                  {"name", session.prayerName(code)},
+                                  {"time", isMissing ? Json() : Json(clock24(hours))},
+                                  {"hours", isMissing ? Json() : Json(hours)},
+                                  {"instant", instantJson(day, hours)},
+                                  {"of_other_latitude", fallbacks.latitude},
+                                  {"of_earlier_day", fallbacks.earlierDay}}));
+    }
+    return prayers;
+}
+
+Json zoneJson(const DayPage& page) {
+    Json change;
+    if (page.change) {
+        change = object({{"date", isoDate(page.change->date)}, {"to_summer_time", page.change->toSummerTime}});
+    }
+    return object({{"name", page.place.city.zone},
+                   {"offset_hours", page.day.GMTValue},
+                   {"offset_text", formatting::GetGMTValueStr(page.day.isDSTTime, page.day.GMTValue)},
+                   {"summer_time", page.day.isDSTTime},
+                   {"next_change", change}});
+}
+
+Json pageJson(Session& session, const DayPage& page) {
+    Json::Array warnings;
+    for (const std::string& warning : page.warnings) warnings.emplace_back(warning);
+    const Json next = page.next ? nextPrayerJson(session, *page.next) : Json();
+    return object({{"place", placeJson(page.place)},
+                   {"date", isoDate(page.day.date)},
+                   {"weekday", weekdayOf(page.day.date)},
+                   {"is_today", sameDay(page.day.date, page.today)},
+                   {"hijri", hijriJson(session, page.hijri, "table")},
+                   {"prayers", prayersJson(session, page.day)},
+                   {"next", next},
+                   {"sky", skyJson(page.day)},
+                   {"zone", zoneJson(page)},
+                   {"qibla", qiblaJson(page.day)},
+                   {"magnetic_declination", declinationJson(page.day)},
+                   {"margin", object({{"minutes", page.marginHours * 60.0}, {"height_metres", marginHeight(page)}})},
+                   {"rounding", "31 seconds and more round the minute up"},
+                   {"computed_latitude", computedLatitude(page.day.times)},
+                   {"warnings", warnings}});
+}
+
+void runToday(Session& session, const Arguments& arguments) {
+    const DayPage page = pageOf(session, arguments);
+    if (session.wantsJson()) {
+        session.printJson(pageJson(session, page));
+    } else {
+        printPage(session, page);
+    }
+}
+
+}  // namespace
+
+Command todayCommand() {
+    return {"today",
+            "The times of a day (the default)",
+            {cityParameter(), dateParameter(), {Parameter::Kind::toggle, "seconds", "", "Show seconds, unrounded"}},
+            runToday};
+}
+
+}  // namespace quode::cli

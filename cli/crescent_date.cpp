@@ -1,0 +1,17 @@
+#include "cli/crescent_date.h"
+
+#include "astro/FastAstro.h"
+
+namespace quode::cli {
+
+std::optional<VAKDate> hijriByCrescent(const VAKDate& date) {
+    FastAstro engine;
+    bool gaveUp = false;
+    engine.setLog([&gaveUp](std::string_view) { gaveUp = true; });
+    VAKDate hijri;
+    engine.RealGregJulToHicri(date.Days, date.Months, date.Years, hijri);
+    if (gaveUp || hijri.Years < 1 || hijri.Months < 1 || hijri.Days < 1) return std::nullopt;
+    return hijri;
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,33 @@
+#include "cli/next_prayer.h"
+
+#include <fmt/format.h>
+
+#include "cli/dates.h"
+#include "cli/day_view.h"
+#include "cli/session.h"
+
+namespace quode::cli {
+
+std::chrono::seconds timeLeft(Session& session, const NextPrayer& next) {
+    return next.instant - session.now();
+}
+
+std::string timeLeftText(Session& session, const Site& site, const NextPrayer& next) {
+    const Texts& texts = session.texts();
+    const std::string left = fmt::format(fmt::runtime(texts.in), durationText(session, timeLeft(session, next)));
+    const bool isTomorrow = civilDate(next.date) > civilDate(today(session, site));
+    return isTomorrow ? std::string(texts.tomorrow) + ", " + left : left;
+}
+
+Json nextPrayerJson(Session& session, const NextPrayer& next) {
+    return object({{"code", next.code},
+                   {"key", prayerKey(next.code)},
+                   {"name", session.prayerName(next.code)},
+                   {"date", isoDate(next.date)},
+                   {"time", clock24(next.hours)},
+                   {"hours", next.hours},
+                   {"instant", isoMoment(next.instant)},
+                   {"seconds_left", timeLeft(session, next).count()}});
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,61 @@
+#include "cli/user_cities.h"
+
+#include <algorithm>
+
+#include "cli/place.h"
+#include "cli/session.h"
+#include "cli/text_layout.h"
+#include "cli/user_texts.h"
+
+namespace quode::cli {
+namespace {
+
+using Align = TextTable::Align;
+
+std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& cities, bool withZone) {
+    const UserTexts& texts = userTextsOf(session.services().languageId());
+    TextTable table({Align::right, Align::left, Align::left, Align::left, Align::right, Align::left});
+    for (const UserCity& each : cities) {
+        const std::string position = std::to_string(&each - cities.data() + 1);
+        const std::string id = std::to_string(each.id);
+        const std::string home(each.isHome ? texts.home : "");
+        if (each.city) {
+            table.add({position, each.city->name, regionAndCountry(session, *each.city),
+                       withZone ? each.city->zone : "", id, home});
+        } else {
+            table.add({position, "?", std::string(texts.unknownCity), "", id, home});
+        }
+    }
+    return table.lines();
+}
+
+void printCities(Session& session, const std::vector<UserCity>& cities) {
+    if (cities.empty()) return session.print(userTextsOf(session.services().languageId()).noCities);
+    std::vector<std::string> lines = linesOf(session, cities, true);
+    const bool isTooWide = std::ranges::any_of(lines, [](const auto& line) { return displayWidth(line) > pageWidth; });
+    if (isTooWide) lines = linesOf(session, cities, false);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        session.print(cities[i].isHome ? session.style().strong(lines[i]) : lines[i]);
+    }
+}
+
+Json citiesJson(const std::vector<UserCity>& cities) {
+    Json::Array list;
+    for (const UserCity& each : cities) {
+        list.push_back(
+            object({{"id", each.id}, {"is_home", each.isHome}, {"city", each.city ? cityJson(*each.city) : Json()}}));
+    }
+    return object({{"cities", list}});
+}
+
+}  // namespace
+
+void showCities(Session& session, const std::vector<UserCity>& cities) {
+    if (session.wantsJson()) {
+        session.printJson(citiesJson(cities));
+    } else {
+        printCities(session, cities);
+    }
+}
+
+}  // namespace quode::cli

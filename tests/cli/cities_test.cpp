@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program.h"
+
+namespace quode::test {
+namespace {
+
+using nlohmann::json;
+
+TEST(City, IsTheLargestOfTheSystemsZoneWhenNoneIsChosen) {
+    const Outcome run = Program().run({});
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_TRUE(run.out.starts_with("Istanbul  ")) << run.out;
+    EXPECT_NE(run.out.find("Europe/Istanbul"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("quode city home NAME"), std::string::npos) << run.out;
+    EXPECT_EQ(Program().run({"--json"}).json().at("place").at("chosen_by"), "system_zone");
+}
+
+TEST(City, IsMeccaInAZoneWithoutCities) {
+    Program program;
+    const Outcome run = program.with("TZ", "Etc/UTC").run({"--json"});
+    const json place = run.json().at("place");
+    EXPECT_EQ(place.at("chosen_by"), "fallback");
+    EXPECT_EQ(place.at("city").at("zone"), "Asia/Riyadh");
+    EXPECT_NE(program.run({}).out.find("belongs to no city"), std::string::npos);
+}
+
+TEST(City, IsTakenFromTheEnvironment) {
+    Program program;
+    const Outcome run = program.with("QUODE_CITY", "Ankara").run({});
+    EXPECT_TRUE(run.out.starts_with("Ankara  ")) << run.out;
+    EXPECT_EQ(run.out.find("--city"), std::string::npos) << "nothing to explain";
+    EXPECT_EQ(program.run({"--json"}).json().at("place").at("chosen_by"), "environment");
+    EXPECT_TRUE(program.run({"--city", "Izmir"}).out.starts_with("İzmir") ||
+                program.run({"--city", "Izmir"}).out.starts_with("Izmir"));
+}
+
+TEST(City, IsTheSameByNameByIdAndByAFormerName) {
+    const auto id = [](const char* wish) {
+        return Program().run({"city", "show", wish, "--json"}).json().at("place").at("city").at("id");
+    };
+    EXPECT_EQ(id("745044"), 745044);
+    EXPECT_EQ(id("istanbul"), 745044);
+    EXPECT_EQ(id("İSTANBUL"), 745044);
+    EXPECT_EQ(id("Bombay"), id("Mumbai"));
+}
+
+TEST(City, OfACountryIsChosenByTheTextAfterAComma) {
+    const auto country = [](const char* wish) {
+        return Program().run({"city", "show", wish, "--json"}).json().at("place").at("city").at("country_code");
+    };
+    EXPECT_EQ(country("London"), "GB");
+    EXPECT_EQ(country("London, Canada"), "CA");
+}
+
+TEST(City, NamesOfSeveralWordsNeedNoQuotes) {
+    const Outcome run = Program().run({"city", "show", "New", "York", "City", "--json"});
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_EQ(run.json().at("place").at("city").at("zone"), "America/New_York");
+}
+
+TEST(Coordinates, TakeTheClockOfTheNearestCityAndSayWhose) {
+    const json place = Program().run({"--city", "-33.87,151.21", "--json"}).json().at("place");
+    EXPECT_EQ(place.at("clock_of").at("name"), "Sydney");
+    EXPECT_LT(place.at("clock_of").at("distance_km").get<double>(), 5.0);
+    EXPECT_EQ(place.at("city").at("zone"), "Australia/Sydney");
+    EXPECT_EQ(place.at("city").at("latitude"), -33.87);
+    EXPECT_TRUE(place.at("city").at("id").is_null());
+    const Outcome text = Program().run({"city", "show", "-33.87,151.21"});
+    EXPECT_NE(text.out.find("clock of Sydney"), std::string::npos) << text.out;
+}
+
+TEST(Coordinates, ReachThePolesAndTheDateLine) {
+    for (const char* point : {"90,0", "-90,0", "0,180", "0,-180", "+52.5, 13.4"}) {
+        EXPECT_EQ(Program().run({"--city", point}).code, 0) << point;
+    }
+}
+
+TEST(CitySearch, RanksTheLargestExactNameFirst) {
+    const json cities = Program().run({"city", "search", "london", "--json"}).json().at("cities");
+    EXPECT_EQ(cities[0].at("city").at("country_code"), "GB");
+    EXPECT_EQ(cities[0].at("match"), "exact");
+}
+
+TEST(CitySearch, ToleratesATypo) {
+    const Outcome run = Program().run({"city", "search", "Istambul"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_NE(run.out.find("745044"), std::string::npos) << run.out;
+}
+
+TEST(CitySearch, ShowsNoMoreThanItIsAskedFor) {
+    EXPECT_EQ(Program().run({"city", "search", "San", "--limit", "3"}).lines().size(), 3u);
+    EXPECT_EQ(Program().run({"city", "search", "San"}).lines().size(), 10u);
+}
+
+TEST(DoctorZones, ListsTheZonesThatDisagree) {
+    const json report = Program().run({"doctor", "zones", "--json"}).json();
+    EXPECT_EQ(report.at("first"), "2026-11-21");
+    EXPECT_GT(report.at("zones").get<int>(), 300);
+    for (const json& zone : report.at("disagreements")) EXPECT_TRUE(zone.contains("unknown_to_system"));
+    const Outcome text = Program().run({"doctor", "zones"});
+    EXPECT_EQ(text.code, 0);
+    EXPECT_NE(text.out.find("time zones disagree"), std::string::npos) << text.out;
+}
+
+}  // namespace
+}  // namespace quode::test
