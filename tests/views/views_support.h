@@ -1,0 +1,61 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QColor>
+#include <QImage>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+#include "common/GlobalFuncs.h"
+#include "support/fake_platform.h"
+#include "views/View.h"
+
+namespace quode::test {
+
+/// The dark colour that the pictures of views are taken on.
+inline const QColor panelColor(28, 28, 30);
+
+/// Starts the shared services on a device of the test, in English and with 24 hours, with the texts that are shipped.
+class ViewsTest : public testing::Test {
+  protected:
+    ViewsTest();
+
+    /// Loads the texts of a language, "tr", "en", "fr" or "de".
+    void speak(const std::string& language);
+
+    FakePlatform device;
+    GlobalFuncs& globalFuncs;
+};
+
+/// The middle of a widget in its own points.
+QPoint middleOf(const QWidget& widget);
+
+/// What a person does with the left mouse button, a finger or a key.
+void click(QWidget& widget);
+void pressAt(QWidget& widget, QPoint place);
+void dragTo(QWidget& widget, QPoint place);
+void releaseAt(QWidget& widget, QPoint place);
+void pressKey(QWidget& widget, Qt::Key key);
+void releaseKey(QWidget& widget, Qt::Key key);
+
+/// What assistive technology tells of the view with a name, below and including `root`. Fails the test and throws when
+/// there is none or when several have the name.
+QAccessibleInterface& spokenAs(QWidget& root, const std::string& name);
+
+/// The names of everything that is told of, in the order in which it is told.
+std::vector<std::string> spokenNames(QWidget& root);
+
+/// Whether assistive technology is told of changes; waits for its bus where the platform has one.
+bool somethingListens();
+
+/// A picture of a view on the panel's colour.
+QImage pictureOf(QWidget& view, double pixelsPerPoint);
+
+/// How far two pictures of the same size are apart: the mean difference of a colour component, 0..255, over the pixels
+/// of which either differs from the panel's colour.
+double differenceOf(const QImage& a, const QImage& b);
+
+}  // namespace quode::test

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace quode {
+
+/// A place in a view, in points from its upper left corner.
+struct Point {
+    double x = 0.0;
+    double y = 0.0;
+
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+}  // namespace quode

@@ -1,0 +1,163 @@
+#pragma once
+
+#include <QPainterPath>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "common/Color.h"
+#include "views/Label.h"
+#include "views/View.h"
+
+class QPen;
+class QTouchEvent;
+
+namespace quode {
+
+class GlobalFuncs;
+struct Settings;
+class UIButtonX;
+
+/// Hears of the taps of a button.
+class UIButtonXDelegate {
+  public:
+    /// @param selected  the state of the button after the tap; always false for a button that is no toggle
+    virtual void delegateUIButtonXTapped(UIButtonX& button, bool selected) = 0;
+
+  protected:
+    ~UIButtonXDelegate() = default;
+};
+
+/// The tags by which the views know their buttons.
+enum ButtonTag : int { tagAlarmOnOff = 222, tagCityInfo = 224, tagShowAll = 225, tagCompass = 226 };
+
+/// A button that draws a frame and a glyph in the colours of the current scheme, and that may be a toggle.
+///
+/// It is worked by touch, by the left mouse button, by the Space and Enter keys and through the accessibility
+/// interface, where it is a check box when it is a toggle, else a push button, named by spokenName.
+///
+/// buttonType: 0 no frame, 1 ellipse, 2 circle, 3 rounded rectangle, 4 rectangle.
+/// buttonShape: 0 no glyph, 1 dots, 2 plus, 3 arrows outwards, 4 arrows inwards, 5 house, 6 stepped figure, 7 star of
+/// the compass, 8 information, 9 alarm on, 10 alarm off, 11 bell, 12 open circle. Other numbers draw nothing.
+class UIButtonX : public View {
+    Q_OBJECT
+
+  public:
+    explicit UIButtonX(const Rect& frame = {}, QWidget* parent = nullptr);
+
+    UIButtonXDelegate* delegate() const { return delegate_; }
+    /// The delegate is not owned; nothing hears of taps while it is null.
+    void setDelegate(UIButtonXDelegate* delegate) { delegate_ = delegate; }
+
+    std::int32_t buttonType() const { return buttonType_; }
+    void setButtonType(std::int32_t type);
+
+    /// Shapes 7 and 8 are signs that the caption shows; they take its place.
+    std::int32_t buttonShape() const { return buttonShape_; }
+    void setButtonShape(std::int32_t shape);
+
+    /// The caption.
+    Label* text() const { return text_; }
+    /// Puts another caption in the place of the present one, which is deleted.
+    void setText(std::unique_ptr<Label> text);
+
+    /// Whether the button is a toggle; false at first.
+    bool selectable() const { return selectable_; }
+    void setSelectable(bool value);
+
+    bool selected() const { return selected_; }
+    /// Does nothing unless the button is a toggle.
+    void setSelected(bool selected);
+
+    bool enabled() const { return isEnabled(); }
+
+    /// The stroke of a selected toggle.
+    const Color& selectedColor() const { return selectedColor_; }
+    void setSelectedColor(const Color& color);
+
+    /// The stroke of the frame while enabled.
+    const Color& enabledColor() const { return enabledColor_; }
+    void setEnabledColor(const Color& color);
+
+    /// Whether frame and glyph cast a shadow; true at first.
+    bool isShadow() const { return isShadow_; }
+    void setIsShadow(bool value);
+
+    /// A second number for the owner.
+    std::int32_t tag2() const { return tag2_; }
+    void setTag2(std::int32_t tag) { tag2_ = tag; }
+
+    /// The name by which assistive technology calls the button: what the function gives at that moment; the caption
+    /// where there is none.
+    std::string spokenName() const;
+    void setSpokenName(std::function<std::string()> name) { spokenName_ = std::move(name); }
+
+    /// A finger, the mouse button or the Space key is down inside the button.
+    bool isSelecting() const { return isSelecting_; }
+
+    /// Sets the frame; the caption fills the button but for its two lowest points.
+    void setFrame(const Rect& frame) override;
+
+    /// Does what a tap inside the button does. Nothing happens while the button is disabled.
+    void tap();
+
+    /// An arc about (10, 10) with radius 5, from the right clockwise over 135 degrees.
+    static QPainterPath createArcPath();
+
+    /// The colours of the present state, as frame and glyph are drawn.
+    Color frameColor() const;
+    Color glyphColor() const;
+
+  protected:
+    void touchesBegan(Point location) override;
+    void touchesMoved(Point location) override;
+    void touchesEnded(Point location) override;
+    void touchesCancelled() override;
+
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void initialize();
+    void setSelecting(bool value);
+    void setFocusRing(bool value);
+    void touchEvent(const QTouchEvent& event);
+    void showSign();
+    void clearSign();
+    void drawRect(QPainter& painter) const;
+    void drawPressed(QPainter& painter) const;
+    void drawFrame(QPainter& painter) const;
+    void drawGlyph(QPainter& painter) const;
+    void drawFocusRing(QPainter& painter) const;
+    void stroke(QPainter& painter, const QPainterPath& path, const QPen& pen, bool filled) const;
+
+    GlobalFuncs& globalFuncs_;
+    const Settings& glbSettings_;
+    bool isSelecting_ = false;
+    bool selectable_ = false;
+    bool selected_ = false;
+    bool isShadow_ = true;
+    bool isTouched_ = false;
+    bool hasFocusRing_ = false;
+    std::int32_t buttonType_ = 0;
+    std::int32_t buttonShape_ = 0;
+    std::int32_t tag2_ = 0;
+    UIButtonXDelegate* delegate_ = nullptr;
+    Label* text_ = nullptr;
+    Color selectedColor_;
+    Color enabledColor_;
+    std::function<std::string()> spokenName_;
+};
+
+}  // namespace quode

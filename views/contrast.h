@@ -1,0 +1,13 @@
+#pragma once
+
+#include "common/Color.h"
+
+namespace quode {
+
+/// The contrast of two opaque colours by the Web Content Accessibility Guidelines 2.1: 1 (none) to 21 (black on white).
+double contrastRatio(const Color& a, const Color& b);
+
+/// What a colour looks like on an opaque one that shines through as its alpha lets it.
+Color over(const Color& front, const Color& back);
+
+}  // namespace quode
