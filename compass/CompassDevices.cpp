@@ -1,0 +1,12 @@
+#include "compass/CompassDevices.h"
+
+#include "compass/screensaver_keeper.h"
+#include "compass/sensor_proxy_heading.h"
+
+namespace quode {
+
+CompassDevices systemCompassDevices(const std::string& reason) {
+    return {sensorProxyHeading(), screenSaverKeeper("Quode", reason), {}};
+}
+
+}  // namespace quode

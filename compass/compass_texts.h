@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/GlobalFuncs.h"
+#include "common/text_format.h"
+
+namespace quode {
+
+/// The numbers of the compass's texts in the language pack.
+namespace compass_text {
+enum Id : int {
+    title = 1100,
+    close = 1101,
+    north = 1102,  // the letters of the dial
+    east = 1103,
+    south = 1104,
+    west = 1105,
+    bearing = 1106,
+    magneticBearing = 1107,
+    declination = 1108,
+    model = 1109,
+    heading = 1110,
+    northUp = 1111,
+    turnByHand = 1112,
+    waiting = 1113,
+    calibrate = 1114,
+    noSensor = 1115,
+    accessDenied = 1116,
+    noAnswer = 1117,
+};
+}
+
+/// An angle 0 up to a full circle with minutes, such as "5°07'"; rounded to the minute.
+std::string degreesAndMinutes(double degrees);
+
+/// A direction in whole degrees 0..359, such as "152°".
+std::string wholeDegrees(double degrees);
+
+/// The text of a number with its values filled in. Nothing where the pack lacks it, or has it with other placeholders,
+/// which is logged.
+std::optional<std::string> compassText(GlobalFuncs& services, compass_text::Id id,
+                                       std::initializer_list<FormatValue> values = {});
+
+/// What the compass knows in numbers, a line each: the qibla from true north and from magnetic north, the declination,
+/// and the model that it comes from.
+/// @param qiblaAngle   degrees from north, counter-clockwise
+/// @param declination  degrees, positive in the east
+std::vector<std::string> compassNumbers(GlobalFuncs& services, double qiblaAngle, double declination);
+
+/// The letters for north, east, south and west; empty where the pack lacks them.
+std::array<std::string, 4> cardinalLetters(GlobalFuncs& services);
+
+}  // namespace quode

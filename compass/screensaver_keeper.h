@@ -1,0 +1,15 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/ScreenKeeper.h"
+
+namespace quode {
+
+/// Keeps the screen awake through the session's screen-saver service, org.freedesktop.ScreenSaver. The request ends
+/// with letGo, with the object, and, because the service watches whoever asked it, with the process.
+/// @param application, reason  what the desktop shows to the user who asks why the screen stays on
+std::unique_ptr<ScreenKeeper> screenSaverKeeper(std::string application, std::string reason);
+
+}  // namespace quode
