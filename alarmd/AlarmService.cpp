@@ -31,16 +31,11 @@ AlarmService::AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationServ
       keeper_(&keeper),
       notifications_(&notifications),
       zoneFile_(zoneFile),
-      timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
-    check(timer_ < 0 ? -errno : 0, "No timer could be made");
-    check(sd_event_add_io(loop_, nullptr, timer_, EPOLLIN, &AlarmService::timerExpired, this),
-          "The timer is not heard");
-    check(sd_event_add_time_relative(loop_, &settling_, CLOCK_MONOTONIC, 0, accuracyUs, &AlarmService::choicesSettled,
-                                     this),
-          "No timer could be made");
-    sd_event_source_set_enabled(settling_, SD_EVENT_OFF);
-    watchFolder(dataFolder, &AlarmService::dataFolderChanged);
-    watchFolder(zoneFile_.parent_path(), &AlarmService::zoneFolderChanged);
+      timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
+      expiry_(hearTimer()),
+      settling_(makeSettling()),
+      dataFolderWatch_(watchFolder(dataFolder, &AlarmService::dataFolderChanged)),
+      zoneFolderWatch_(watchFolder(zoneFile_.parent_path(), &AlarmService::zoneFolderChanged)) {
     notifications_->onAction = [this](std::uint32_t number, const std::string& key) {
         if (key == snoozeAction) {
             keeper_->snooze(number);
@@ -55,13 +50,31 @@ AlarmService::AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationServ
 AlarmService::~AlarmService() {
     notifications_->onAction = nullptr;
     notifications_->onClosed = nullptr;
-    sd_event_source_unref(settling_);
+    expiry_.reset();  // before its descriptor goes
     ::close(timer_);
 }
 
+AlarmService::Source AlarmService::hearTimer() {
+    check(timer_ < 0 ? -errno : 0, "No timer could be made");
+    sd_event_source* made = nullptr;
+    check(sd_event_add_io(loop_, &made, timer_, EPOLLIN, &AlarmService::timerExpired, this), "The timer is not heard");
+    return Source(made);
+}
+
+AlarmService::Source AlarmService::makeSettling() {
+    sd_event_source* made = nullptr;
+    check(sd_event_add_time_relative(loop_, &made, CLOCK_MONOTONIC, 0, accuracyUs, &AlarmService::choicesSettled, this),
+          "No timer could be made");
+    sd_event_source_set_enabled(made, SD_EVENT_OFF);
+    return Source(made);
+}
+
 // A folder that cannot be watched is no failure: the alarms ring, and changes are seen when the next one does.
-void AlarmService::watchFolder(const std::filesystem::path& folder, sd_event_inotify_handler_t handler) {
-    sd_event_add_inotify(loop_, nullptr, folder.c_str(), written | IN_ONLYDIR, handler, this);
+AlarmService::Source AlarmService::watchFolder(const std::filesystem::path& folder,
+                                               sd_event_inotify_handler_t handler) {
+    sd_event_source* made = nullptr;
+    sd_event_add_inotify(loop_, &made, folder.c_str(), written | IN_ONLYDIR, handler, this);
+    return Source(made);
 }
 
 int AlarmService::run() {
@@ -87,11 +100,11 @@ int AlarmService::timerExpired(sd_event_source*, int descriptor, std::uint32_t, 
 }
 
 int AlarmService::dataFolderChanged(sd_event_source*, const inotify_event* event, void* self) {
-    const auto* const service = static_cast<AlarmService*>(self);
+    sd_event_source* const settling = static_cast<AlarmService*>(self)->settling_.get();
     const bool overflow = (event->mask & IN_Q_OVERFLOW) != 0;
     if (!overflow && (event->len == 0 || std::string_view(event->name) != databaseName)) return 0;
-    sd_event_source_set_time_relative(service->settling_, settlingUs);
-    sd_event_source_set_enabled(service->settling_, SD_EVENT_ONESHOT);
+    sd_event_source_set_time_relative(settling, settlingUs);
+    sd_event_source_set_enabled(settling, SD_EVENT_ONESHOT);
     return 0;
 }
 

@@ -27,8 +27,15 @@ class AlarmService {
     int run();
 
   private:
+    struct Unref {
+        void operator()(sd_event_source* source) const { sd_event_source_unref(source); }
+    };
+    using Source = std::unique_ptr<sd_event_source, Unref>;
+
     void wakeKeeper();
-    void watchFolder(const std::filesystem::path& folder, sd_event_inotify_handler_t handler);
+    Source hearTimer();
+    Source makeSettling();
+    Source watchFolder(const std::filesystem::path& folder, sd_event_inotify_handler_t handler);
 
     static int timerExpired(sd_event_source* source, int descriptor, std::uint32_t events, void* self);
     static int dataFolderChanged(sd_event_source* source, const inotify_event* event, void* self);
@@ -40,7 +47,10 @@ class AlarmService {
     NotificationService* notifications_;
     std::filesystem::path zoneFile_;
     int timer_;
-    sd_event_source* settling_ = nullptr;  // waits until several changes of the user's have come together
+    Source expiry_;
+    Source settling_;  // waits until several changes of the user's have come together
+    Source dataFolderWatch_;
+    Source zoneFolderWatch_;
 };
 
 }  // namespace quode

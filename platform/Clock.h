@@ -20,7 +20,8 @@ struct CivilTime {
 /// The device's clock and the time zone it is set to.
 class Clock {
   public:
-    using TimePoint = std::chrono::system_clock::time_point;
+    /// Finer than anything shown, and coarse enough for every year of the calendar.
+    using TimePoint = std::chrono::sys_time<std::chrono::microseconds>;
 
     virtual ~Clock() = default;
 

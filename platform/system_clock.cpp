@@ -8,7 +8,9 @@ namespace {
 
 class SystemClock : public Clock {
   public:
-    TimePoint now() const override { return std::chrono::system_clock::now(); }
+    TimePoint now() const override {
+        return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+    }
 
     CivilTime civilTime(TimePoint moment) const override {
         const std::tm local = localTime(moment);

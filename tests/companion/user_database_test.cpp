@@ -211,7 +211,8 @@ class PrayerTimesTest : public CompanionTest {
         for (const AlarmOccurrence& alarm : next) {
             EXPECT_GT(alarm.due, shared->present);
             EXPECT_EQ(eventOf(alarm.code), alarm.due)
-                << "prayer " << alarm.code << " at " << std::chrono::system_clock::to_time_t(shared->present);
+                << "prayer " << alarm.code << " at second "
+                << std::chrono::floor<std::chrono::seconds>(shared->present).time_since_epoch().count();
         }
     }
 
