@@ -104,7 +104,15 @@ void GlobalFuncs::getLangId() {
     clockConvention_.amSym = locale.lowerCased(locale.amSymbol());
     clockConvention_.pmSym = locale.lowerCased(locale.pmSymbol());
     const bool isTurkish = clockConvention_.amSym == "öö" && clockConvention_.pmSym == "ös";
-    languageId_ = isTurkish ? languageTurkish : languageEnglish;
+    languageId_ = chosenLanguageId_.value_or(isTurkish ? languageTurkish : languageEnglish);
+}
+
+bool GlobalFuncs::chooseLanguage(std::string_view name) {
+    const std::optional<int> id = languageIdOf(name);
+    if (!id && !name.empty()) return false;
+    chosenLanguageId_ = id;
+    getLangId();
+    return true;
 }
 
 bool GlobalFuncs::setLanguage(std::string_view name) {

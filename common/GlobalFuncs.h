@@ -54,8 +54,15 @@ class GlobalFuncs {
     void loadSettings() {}
 
     /// Takes AM and PM symbols, in lower case, from the locale; the language is Turkish (0) when they are "öö" and
-    /// "ös", else English (1). Other languages are chosen with setLanguageId or setLanguage.
+    /// "ös", else English (1); a language chosen by chooseLanguage stays. Other languages are set with setLanguageId or
+    /// setLanguage, until this is called again.
     void getLangId();
+
+    /// Keeps to a language of the user's own choice, whatever the locale's is: getLangId yields it from now on. Its
+    /// texts are there after loadLanguageFile.
+    /// @param name  "tr", "en", "fr" or "de"; empty to follow the locale again
+    /// @return false, and nothing is changed, when the name is another one
+    bool chooseLanguage(std::string_view name);
 
     /// Chooses a language by its name "tr", "en", "fr" or "de"; its texts are there after loadLanguageFile.
     /// @return false, and nothing is changed, when the name is another one
@@ -266,6 +273,7 @@ class GlobalFuncs {
     Size circleButtonSize_;
     LanguagePack langPack_;
     std::int32_t languageId_ = languageEnglish;
+    std::optional<std::int32_t> chosenLanguageId_;  // the user's own choice; none: the locale's
     std::string appBundlePath_;
     Settings generalSettings_;
     formatting::ClockConvention clockConvention_;

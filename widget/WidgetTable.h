@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QPointer>
+#include <cstddef>
+#include <vector>
+
+#include "views/View.h"
+
+namespace quode {
+
+/// A row of a table, both counted from 0.
+struct IndexPath {
+    int section = 0;
+    int row = 0;
+};
+
+/// What a row shows. A cell belongs to its row and keeps what it was given until it is given something else.
+struct WidgetTableCell {
+    int tag = 0;
+    QPointer<View> accessoryView;  ///< shown at the right end of the row; not owned; null for an empty row
+};
+
+/// Tells a table of its rows.
+class WidgetTableSource {
+  public:
+    virtual int numberOfSectionsInTableView() const = 0;
+    virtual int numberOfRowsInSection(int section) const = 0;
+    virtual double heightForRowAtIndexPath(IndexPath path) const = 0;
+    /// Fills the cell of a row, which is a new one at first.
+    virtual void cellForRowAtIndexPath(WidgetTableCell& cell, IndexPath path) const = 0;
+
+  protected:
+    ~WidgetTableSource() = default;
+};
+
+/// Distances from the edges of a row.
+struct EdgeInsets {
+    double top = 0.0, left = 0.0, bottom = 0.0, right = 0.0;
+
+    friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
+};
+
+/// A plain table: rows one below the other on a clear background, with a fine line under each. It neither scrolls nor
+/// lets rows be selected; what does not fit is not seen. A row of almost no height, such as 0.01, is a hidden one.
+///
+/// An accessory view keeps its size. It stands in the middle of the height of its row and `accessoryMargin` from the
+/// right edge: a view as wide as the table hangs over the left edge by as much.
+class WidgetTable final : public View {
+    Q_OBJECT
+
+  public:
+    static constexpr double accessoryMargin = 15.0;
+
+    explicit WidgetTable(const Rect& frame, QWidget* parent = nullptr);
+
+    /// The source is not owned. The rows are asked for at the next layout: when the table is given a frame, or when
+    /// the event loop is reached.
+    void setDataSource(const WidgetTableSource* source);
+
+    /// Asks the source for all rows again, at once.
+    void reloadData();
+
+    const EdgeInsets& separatorInset() const { return separatorInset_; }
+    void setSeparatorInset(const EdgeInsets& inset) { separatorInset_ = inset; }
+
+    int numberOfRows() const { return static_cast<int>(rows_.size()); }
+    const WidgetTableCell& cellForRow(int row) const { return rows_.at(static_cast<std::size_t>(row)).cell; }
+
+    /// Where a row lies, counted over all sections; it may reach below the table.
+    Rect rectForRow(int row) const;
+
+    void setFrame(const Rect& frame) override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    struct Row {
+        WidgetTableCell cell;
+        double y = 0.0;
+        double height = 0.0;
+    };
+
+    void layoutSubviews();
+    void placeRows();
+
+    const WidgetTableSource* source_ = nullptr;
+    bool needsReload_ = false;
+    EdgeInsets separatorInset_;
+    std::vector<Row> rows_;
+};
+
+}  // namespace quode
