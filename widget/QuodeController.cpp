@@ -28,6 +28,7 @@ constexpr auto tickInterval = 100ms;
 constexpr int rowReligious = 0, rowCityName = 1, rowCityInfo = 2, rowFirstTime = 3, rowFirstOtherTime = 9,
               rowFooter = 12, rowCount = 13;
 constexpr int cityNameTag = 101;
+constexpr int footerTag = 0;
 
 double heightOf(const View* view) {
     return view == nullptr ? 0.0 : view->frame().height;
@@ -210,21 +211,24 @@ double QuodeController::heightForRowAtIndexPath(IndexPath path) const {
 void QuodeController::cellForRowAtIndexPath(WidgetTableCell& cell, IndexPath path) const {
     switch (path.row) {
         case rowReligious:
-            cell.accessoryView = religiousView_->religiousDaysArray().empty() ? nullptr : religiousView_.get();
+            cell.setAccessoryView(religiousView_->religiousDaysArray().empty() ? nullptr : religiousView_.get());
             break;
         case rowCityName:
-            cell = {cityNameTag, cityNameView_.get()};
+            cell.setAccessoryView(cityNameView_.get());
+            cell.setTag(cityNameTag);
             break;
         case rowCityInfo:
-            cell.accessoryView = isCityInfoShown() ? cityInfoView_.get() : nullptr;
+            cell.setAccessoryView(isCityInfoShown() ? cityInfoView_.get() : nullptr);
             break;
         case rowFooter:
-            cell = {0, footerView_.get()};
+            cell.setAccessoryView(footerView_.get());
+            cell.setTag(footerTag);
             break;
         default:
             const int code = codeOfRow(path.row);
             const bool isShown = path.row < rowFirstOtherTime || showOtherTimes_;
-            cell = {code, isShown ? timesView(code) : nullptr};
+            cell.setAccessoryView(isShown ? timesView(code) : nullptr);
+            cell.setTag(code);
     }
 }
 

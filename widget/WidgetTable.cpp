@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QPainter>
-#include <algorithm>
 #include <cmath>
+#include <memory>
 #include <utility>
 
 #include "common/GlobalFuncs.h"
@@ -18,6 +18,35 @@ constexpr double separatorOpacity = 0.25;
 
 }  // namespace
 
+// --- a cell ----------------------------------------------------------------------------------------------------------
+
+// A view that stays in its row keeps its parent, and with it the keyboard's focus.
+void WidgetTableCell::setAccessoryView(View* view) {
+    if (accessoryView_ != view && accessoryView_ && accessoryView_->parentWidget() == this) {
+        accessoryView_->setParent(nullptr);
+    }
+    accessoryView_ = view;
+    setVisible(view != nullptr);
+    if (view == nullptr) return;
+    if (view->parentWidget() != this) view->setParent(this);
+    placeAccessoryView();
+    view->show();
+}
+
+void WidgetTableCell::setFrame(const Rect& frame) {
+    View::setFrame(frame);
+    placeAccessoryView();
+}
+
+void WidgetTableCell::placeAccessoryView() {
+    if (!accessoryView_) return;
+    const Size size{accessoryView_->frame().width, accessoryView_->frame().height};
+    accessoryView_->setFrame(
+        {frame().width - accessoryMargin - size.width, (frame().height - size.height) * 0.5, size.width, size.height});
+}
+
+// --- the table -------------------------------------------------------------------------------------------------------
+
 WidgetTable::WidgetTable(const Rect& frame, QWidget* parent) : View(frame, parent) {}
 
 void WidgetTable::setDataSource(const WidgetTableSource* source) {
@@ -28,41 +57,26 @@ void WidgetTable::setDataSource(const WidgetTableSource* source) {
 
 void WidgetTable::reloadData() {
     needsReload_ = false;
-    std::vector<Row> before = std::move(rows_);
-    rows_.clear();
+    std::vector<Row> rows;
     double y = 0.0;
     for (int section = 0; source_ != nullptr && section < source_->numberOfSectionsInTableView(); ++section) {
         for (int row = 0; row < source_->numberOfRowsInSection(section); ++row) {
-            Row next;
-            if (rows_.size() < before.size()) next.cell = before[rows_.size()].cell;
-            source_->cellForRowAtIndexPath(next.cell, {section, row});
-            next.y = y;
-            next.height = source_->heightForRowAtIndexPath({section, row});
-            y += next.height;
-            rows_.push_back(next);
+            const double height = source_->heightForRowAtIndexPath({section, row});
+            WidgetTableCell* cell = cellToReuse(rows.size());
+            cell->setFrame({0.0, y, frame().width, height});
+            source_->cellForRowAtIndexPath(*cell, {section, row});
+            rows.push_back({cell, y, height});
+            y += height;
         }
     }
-    for (const Row& row : before) {
-        View* view = row.cell.accessoryView;
-        const auto showsIt = [view](const Row& other) { return other.cell.accessoryView == view; };
-        if (view != nullptr && std::ranges::none_of(rows_, showsIt)) view->setParent(nullptr);
-    }
-    placeRows();
+    for (std::size_t row = rows.size(); row < rows_.size(); ++row) delete rows_[row].cell;
+    rows_ = std::move(rows);
+    update();
 }
 
-// A view that stays in its row keeps its parent, and with it the keyboard's focus.
-void WidgetTable::placeRows() {
-    for (const Row& row : rows_) {
-        View* view = row.cell.accessoryView;
-        if (view == nullptr) continue;
-        if (view->parentWidget() != this) view->setParent(this);
-        const Size size{view->frame().width, view->frame().height};
-        view->setFrame({frame().width - accessoryMargin - size.width, row.y + (row.height - size.height) * 0.5,
-                        size.width, size.height});
-        view->raise();  // the order of the rows is the order of reading
-        view->show();
-    }
-    update();
+// Each row has its own cell again, so that nothing moves between cells.
+WidgetTableCell* WidgetTable::cellToReuse(std::size_t row) {
+    return row < rows_.size() ? rows_[row].cell : addSubview(*this, std::make_unique<WidgetTableCell>());
 }
 
 Rect WidgetTable::rectForRow(int row) const {
@@ -78,9 +92,9 @@ void WidgetTable::setFrame(const Rect& frame) {
 void WidgetTable::layoutSubviews() {
     if (needsReload_) {
         reloadData();
-    } else {
-        placeRows();
+        return;
     }
+    for (const Row& row : rows_) row.cell->setFrame({0.0, row.y, frame().width, row.height});
 }
 
 bool WidgetTable::event(QEvent* event) {

@@ -14,10 +14,28 @@ struct IndexPath {
     int row = 0;
 };
 
-/// What a row shows. A cell belongs to its row and keeps what it was given until it is given something else.
-struct WidgetTableCell {
-    int tag = 0;
-    QPointer<View> accessoryView;  ///< shown at the right end of the row; not owned; null for an empty row
+/// The cell of a row. It keeps its tag and its view until it is given others.
+///
+/// The accessory view keeps its size. It stands in the middle of the height of the cell and `accessoryMargin` from its
+/// right edge: a view as wide as the cell hangs over the left edge by as much.
+class WidgetTableCell final : public View {
+    Q_OBJECT
+
+  public:
+    static constexpr double accessoryMargin = 15.0;
+
+    using View::View;
+
+    /// Not owned; null for an empty row, which is not shown.
+    View* accessoryView() const { return accessoryView_.data(); }
+    void setAccessoryView(View* view);
+
+    void setFrame(const Rect& frame) override;
+
+  private:
+    void placeAccessoryView();
+
+    QPointer<View> accessoryView_;
 };
 
 /// Tells a table of its rows.
@@ -26,7 +44,7 @@ class WidgetTableSource {
     virtual int numberOfSectionsInTableView() const = 0;
     virtual int numberOfRowsInSection(int section) const = 0;
     virtual double heightForRowAtIndexPath(IndexPath path) const = 0;
-    /// Fills the cell of a row, which is a new one at first.
+    /// Fills the cell of a row, which is an empty one with tag 0 at first.
     virtual void cellForRowAtIndexPath(WidgetTableCell& cell, IndexPath path) const = 0;
 
   protected:
@@ -42,15 +60,10 @@ struct EdgeInsets {
 
 /// A plain table: rows one below the other on a clear background, with a fine line under each. It neither scrolls nor
 /// lets rows be selected; what does not fit is not seen. A row of almost no height, such as 0.01, is a hidden one.
-///
-/// An accessory view keeps its size. It stands in the middle of the height of its row and `accessoryMargin` from the
-/// right edge: a view as wide as the table hangs over the left edge by as much.
 class WidgetTable final : public View {
     Q_OBJECT
 
   public:
-    static constexpr double accessoryMargin = 15.0;
-
     explicit WidgetTable(const Rect& frame, QWidget* parent = nullptr);
 
     /// The source is not owned. The rows are asked for at the next layout: when the table is given a frame, or when
@@ -64,7 +77,7 @@ class WidgetTable final : public View {
     void setSeparatorInset(const EdgeInsets& inset) { separatorInset_ = inset; }
 
     int numberOfRows() const { return static_cast<int>(rows_.size()); }
-    const WidgetTableCell& cellForRow(int row) const { return rows_.at(static_cast<std::size_t>(row)).cell; }
+    const WidgetTableCell& cellForRow(int row) const { return *rows_.at(static_cast<std::size_t>(row)).cell; }
 
     /// Where a row lies, counted over all sections; it may reach below the table.
     Rect rectForRow(int row) const;
@@ -77,13 +90,13 @@ class WidgetTable final : public View {
 
   private:
     struct Row {
-        WidgetTableCell cell;
+        WidgetTableCell* cell = nullptr;
         double y = 0.0;
         double height = 0.0;
     };
 
+    WidgetTableCell* cellToReuse(std::size_t row);
     void layoutSubviews();
-    void placeRows();
 
     const WidgetTableSource* source_ = nullptr;
     bool needsReload_ = false;
