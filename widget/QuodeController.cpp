@@ -149,7 +149,7 @@ void QuodeController::startTimer() {
 }
 
 void QuodeController::finalizeButtonStateInViews() {
-    footerView_->setButtonShowAllState(showOtherTimes_);
+    if (footerView_) footerView_->setButtonShowAllState(showOtherTimes_);
 }
 
 // --- heights ---------------------------------------------------------------------------------------------------------

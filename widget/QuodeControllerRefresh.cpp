@@ -126,6 +126,7 @@ void QuodeController::setDatesInfo() {
 }
 
 void QuodeController::refreshDateLabels() {
+    if (!cityInfoView_) return;
     const VAKDate& miladi = currentInfo_.MiladiDate;
     const VAKDate& hijri = currentInfo_.HijriDate;
     cityInfoView_->labelMiladi()->setText(
@@ -164,7 +165,7 @@ void QuodeController::calculatePrayerTimes() noexcept {
 void QuodeController::updatePrayerTimes() noexcept {
     guarded(globalFuncs_, "showPrayerTimes", [this] {
         const City* city = currentCity();
-        if (city == nullptr) return;
+        if (city == nullptr || !cityNameView_) return;
         cityNameView_->labelCityName()->setText(city->name());
         for (int code = firstPrayer; code <= lastPrayer; ++code) {
             const double time = city->getRelevantPrayerTime(code);
@@ -177,6 +178,7 @@ void QuodeController::updatePrayerTimes() noexcept {
 
 void QuodeController::updateCityInfo() noexcept {
     guarded(globalFuncs_, "showPrayerTimes", [this] {
+        if (!cityNameView_ || !cityInfoView_) return;
         if (currentCityId_ < 0 || userCities_.empty()) {
             cityNameView_->labelCityName()->setText(globalFuncs_.GetKeyValue(keyNoCity));
         } else if (const City* city = currentCity()) {

@@ -174,6 +174,25 @@ TEST_F(SharedServices, TakeALanguageByItsName) {
     EXPECT_EQ(services.languageId(), 3);
 }
 
+TEST_F(SharedServices, KeepToTheLanguageThatTheUserChose) {
+    fake.locale->am = "ÖÖ";
+    fake.locale->pm = "ÖS";
+    GlobalFuncs& services = started();
+    EXPECT_TRUE(services.chooseLanguage("de"));
+    EXPECT_EQ(services.languageId(), 3);
+    services.getLangId();
+    EXPECT_EQ(services.languageId(), 3);
+    EXPECT_EQ(services.amSym(), "öö");  // the symbols are still the locale's
+    EXPECT_FALSE(services.chooseLanguage("xx"));
+    services.getLangId();
+    EXPECT_EQ(services.languageId(), 3);
+    EXPECT_TRUE(services.chooseLanguage(""));
+    EXPECT_EQ(services.languageId(), 0);
+    services.setLanguage("fr");  // no choice: it lasts until the locale is asked again
+    services.getLangId();
+    EXPECT_EQ(services.languageId(), 0);
+}
+
 TEST_F(SharedServices, FindTheClockConventionInTheHourPattern) {
     fake.locale->pattern = "HH 'Uhr'";
     EXPECT_TRUE(started().is24Hour());
