@@ -2,7 +2,8 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
-#include <charconv>
+#include <algorithm>
+#include <cstdlib>
 #include <exception>
 #include <string_view>
 
@@ -37,10 +38,8 @@ void guarded(GlobalFuncs& globalFuncs, std::string_view name, Operation operatio
     }
 }
 
-int integerOf(const std::string& text) {
-    int value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
-    return value;
+bool isHome(const City& city) {
+    return std::strtol(city.setAsHome().c_str(), nullptr, 10) == 1;
 }
 
 sqlite::Database openDatabase(const std::string& path) {
@@ -93,7 +92,6 @@ void QuodeController::loadAllUserCities() {
 bool QuodeController::findHomeCityId() {
     currentCityId_ = nextCityId_ = prevCityId_ = -1;
     if (userCities_.empty()) return false;
-    const auto isHome = [](const City& city) { return integerOf(city.setAsHome()) == 1; };
     const auto home = std::ranges::find_if(userCities_, isHome);
     currentCityId_ = home == userCities_.end() ? 0 : static_cast<std::int32_t>(home - userCities_.begin());
     return true;

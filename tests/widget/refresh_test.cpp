@@ -134,6 +134,16 @@ TEST_F(Refresh, ReadsTheCitiesAnewAtEveryPresentation) {
     expectNoCity();
 }
 
+TEST_F(Refresh, ShowsAPlaceOfTheUsersOwn) {
+    keepCities({{-1, 1}});
+    runOnUserDatabase(
+        "CREATE TABLE USER_PLACE (ID INTEGER PRIMARY KEY, NAME TEXT, LATITUDE REAL, LONGITUDE REAL, ZONE TEXT);"
+        "INSERT INTO USER_PLACE VALUES (-1, 'Summer house', 40.9, 29.1, 'Europe/Istanbul')");
+    makeWidget();
+    EXPECT_EQ("Summer house", cityName());
+    EXPECT_THAT(times().front(), testing::StartsWith("06:0"));
+}
+
 TEST_F(Refresh, ShowsACityThatTheDatabaseDoesNotKnowWithoutItsName) {
     keepCities({{2000000000, 1}});
     makeWidget();
