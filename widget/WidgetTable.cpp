@@ -28,7 +28,7 @@ void WidgetTableCell::setAccessoryView(View* view) {
     accessoryView_ = view;
     setVisible(view != nullptr);
     if (view == nullptr) return;
-    if (view->parentWidget() != this) view->setParent(this);
+    view->setParent(this);
     placeAccessoryView();
     view->show();
 }

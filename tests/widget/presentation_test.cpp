@@ -135,7 +135,7 @@ TEST_F(Presentation, ShowsTheRowsInTheirOrder) {
     double top = 0.0;
     for (int row = 0; row < 13; ++row) {
         const View* view = views[std::size_t(row)];
-        EXPECT_EQ(view, widget->mainTable()->cellForRow(row).accessoryView()) << row;
+        ASSERT_EQ(view, widget->mainTable()->cellForRow(row).accessoryView()) << row;
         EXPECT_EQ(top, widget->mainTable()->rectForRow(row).y) << row;
         EXPECT_EQ(QPoint(-15, int(top)), view->mapTo(widget->view(), QPoint())) << row;
         top += widget->heightForRowAtIndexPath({0, row});
