@@ -2,7 +2,7 @@
 #include <fmt/format.h>
 
 #include "cli/commands.h"
-#include "cli/dates.h"
+#include "cli/numbers.h"
 #include "cli/place.h"
 #include "cli/session.h"
 #include "cli/text_layout.h"
@@ -57,7 +57,8 @@ void printHits(Session& session, const std::vector<CityHit>& hits) {
 }
 
 void runSearch(Session& session, const Arguments& arguments) {
-    const std::string text = arguments.text("TEXT").value_or("");
+    const std::string text(trimmed(arguments.text("TEXT").value_or("")));
+    if (text.empty()) throw Failure(ExitCode::usage, "The name of the city is empty.");
     const std::vector<CityHit> hits = session.cities().search(text, limitOf(arguments));
     if (hits.empty()) {
         throw Failure(ExitCode::notFound, fmt::format("No city is called \"{}\", and none is called nearly so.", text));

@@ -32,7 +32,9 @@ TEST(Failures, OfImpossiblePlaces) {
     expectFailure({"--city", "91,0"}, 2, "no latitude of 91");
     expectFailure({"--city", "-90.5,0"}, 2, "no latitude of -90.5");
     expectFailure({"city", "show", "10,181"}, 2, "no longitude of 181");
-    expectFailure({"--city", ""}, 2, "empty");
+    expectFailure({"--city", ""}, 2, "The name of the city is empty.");
+    expectFailure({"city", "search", ""}, 2, "The name of the city is empty.");
+    expectFailure({"city", "search", " "}, 2, "The name of the city is empty.");
     expectFailure({"--city", "nan,0"}, 2, "no latitude");
 }
 
