@@ -4,9 +4,15 @@
 #include <utility>
 
 #include "cli/session.h"
+#include "companion/user_connection.h"
 #include "data/DatabaseFunctions.h"
 
 namespace quode::cli {
+namespace {
+
+constexpr int codeBeforeFirst = 199;
+
+}  // namespace
 
 /// The calendar, which remembers the last failure: the operations that write events tell of none.
 class AlarmCalendar::Store : public EventStore {
@@ -57,21 +63,13 @@ AlarmCalendar::~AlarmCalendar() = default;
 
 void AlarmCalendar::switchOn(int code) {
     writeEvent(code, database_->refreshPrayerTimes());
-    if (!database_->alarm(code).isOn) {
-        throw Failure(ExitCode::userData,
-                      "The alarm could not be switched on: another program keeps the user database locked, or the disk "
-                      "is full. Try again in a moment.");
-    }
+    seeToIt(code, true);
     complainOfFailures();
 }
 
 void AlarmCalendar::switchOff(int code) {
     DatabaseFunctions().deleteAlarm(code);
-    if (database_->alarm(code).isOn) {
-        throw Failure(ExitCode::userData,
-                      "The alarm could not be switched off: another program keeps the user database locked, or the "
-                      "disk is full. Try again in a moment.");
-    }
+    seeToIt(code, false);
     complainOfFailures();
 }
 
@@ -86,6 +84,17 @@ void AlarmCalendar::renew() {
 void AlarmCalendar::changeLayout(CalendarLayout layout) {
     store_->changeLayout(layout);
     renew();
+}
+
+// The operations that switch alarms tell of no failure. Where one has failed, the same change is tried by a connection
+// that throws and says why; it may be that the hindrance is gone by now.
+void AlarmCalendar::seeToIt(int code, bool isOn) {
+    if (database_->alarm(code).isOn == isOn) return;
+    UserConnection& connection = database_->connection();
+    connection.setPatience({});  // the operation has waited already
+    connection.change([&] {
+        connection.run("UPDATE USER_ALARMS SET ACTIVE = ? WHERE TIMEID = ?", {isOn ? 1 : 0, code - codeBeforeFirst});
+    });
 }
 
 // A prayer whose time does not come about within a day has no event.

@@ -35,6 +35,7 @@ class AlarmCalendar {
     class Store;
 
     void writeEvent(int code, const std::vector<AlarmOccurrence>& next);
+    void seeToIt(int code, bool isOn);
     void complainOfFailures();
 
     Session* session_;

@@ -26,6 +26,7 @@ using State = Finding::State;
 /// What several checks go by; each part is missing where it could not be read.
 struct Known {
     bool hasCityDatabase = false;
+    bool hasUserDatabase = true;  ///< there is one, though perhaps it cannot be read
     std::vector<UserCity> cities;
     std::optional<UserAlarms> alarms;
 
@@ -87,6 +88,7 @@ std::string summaryOf(const Known& known, const std::optional<UserCity>& home) {
 void readUserDatabase(Session& session, Known& known, Finding& found) {
     std::optional<UserDatabase> database = userDatabaseToRead(session);
     if (!database) {
+        known.hasUserDatabase = false;
         found.state = State::note;
         found.text = "none yet; it is made with the first city or alarm";
         return;
@@ -237,7 +239,8 @@ Finding checkAlarmService(Session& session, const Known& known) {
         found.command = state.remedy;
     } else if (!state.serviceRuns) {
         found.state = State::note;
-        found.text += ", and no alarm is on";
+        found.text +=
+            known.alarms || !known.hasUserDatabase ? ", and no alarm is on" : "; whether an alarm is on is not known";
     }
     return found;
 }
@@ -274,7 +277,7 @@ Finding checkZoneRules(Session& session, const Known& known) {
         if (!each.unknownToSystem) found.state = State::problem;
     }
     if (problems.empty()) {
-        found.text = (names.empty() ? std::string("no zone") : names) + " as in this system's zone data";
+        found.text = names.empty() ? "no city to compare the clock of" : names + " as in this system's zone data";
         return found;
     }
     found.text = found.state == State::problem ? "times may be an hour off" : "not to be compared";

@@ -12,7 +12,10 @@ namespace {
 
 using Align = TextTable::Align;
 
-std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& cities, bool withZone) {
+/// What a line tells of a city beside its name, where there is room.
+enum class Width { withZone, withRegion, nameOnly };
+
+std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& cities, Width width) {
     const UserTexts& texts = userTextsOf(session.services().languageId());
     TextTable table({Align::right, Align::left, Align::left, Align::left, Align::right, Align::left});
     for (const UserCity& each : cities) {
@@ -20,8 +23,8 @@ std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& 
         const std::string id = std::to_string(each.id);
         const std::string home(each.isHome ? texts.home : "");
         if (each.city) {
-            table.add({position, each.city->name, regionAndCountry(session, *each.city),
-                       withZone ? each.city->zone : "", id, home});
+            table.add({position, each.city->name, width == Width::nameOnly ? "" : regionAndCountry(session, *each.city),
+                       width == Width::withZone ? each.city->zone : "", id, home});
         } else {
             table.add({position, "?", std::string(texts.unknownCity), "", id, home});
         }
@@ -31,9 +34,11 @@ std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& 
 
 void printCities(Session& session, const std::vector<UserCity>& cities) {
     if (cities.empty()) return session.print(userTextsOf(session.services().languageId()).noCities);
-    std::vector<std::string> lines = linesOf(session, cities, true);
-    const bool isTooWide = std::ranges::any_of(lines, [](const auto& line) { return displayWidth(line) > pageWidth; });
-    if (isTooWide) lines = linesOf(session, cities, false);
+    std::vector<std::string> lines;
+    for (const Width width : {Width::withZone, Width::withRegion, Width::nameOnly}) {
+        lines = linesOf(session, cities, width);
+        if (std::ranges::all_of(lines, [](const auto& line) { return displayWidth(line) <= pageWidth; })) break;
+    }
     for (std::size_t i = 0; i < lines.size(); ++i) {
         session.print(cities[i].isHome ? session.style().strong(lines[i]) : lines[i]);
     }

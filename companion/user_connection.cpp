@@ -85,7 +85,12 @@ void UserConnection::open(int flags) {
     database_.reset(opened);
     if (result != SQLITE_OK) fail(result);
     sqlite3_extended_result_codes(database_.get(), 1);
-    sqlite3_busy_timeout(database_.get(), static_cast<int>(patience_.count()));
+    setPatience(patience_);
+}
+
+void UserConnection::setPatience(std::chrono::milliseconds patience) {
+    patience_ = patience;
+    sqlite3_busy_timeout(database_.get(), static_cast<int>(patience.count()));
 }
 
 UserConnection::Health UserConnection::check(const FirstCity& firstCity) {
@@ -221,6 +226,11 @@ void UserConnection::fail(int code) const {
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
         case SQLITE_AUTH:
+            if (onlyReads_) {
+                throw UserDatabaseError(Reason::unwritable, name + " cannot be opened (" + detail +
+                                                                "). Give yourself the right to read it and its folder, "
+                                                                "or name another folder in QUODE_DATA_DIR.");
+            }
             throw UserDatabaseError(Reason::unwritable,
                                     name + " cannot be written (" + detail +
                                         "). Give yourself the right to write to it and to its folder, or name another "

@@ -44,6 +44,9 @@ class UserConnection {
     bool isNew() const { return isNew_; }
     const std::filesystem::path& file() const { return file_; }
 
+    /// How long to wait from now on for another program that keeps the file locked.
+    void setPatience(std::chrono::milliseconds patience);
+
     sqlite3* handle() const { return database_.get(); }
 
     /// A query, to be stepped through with `next`.

@@ -32,6 +32,9 @@ class Program {
     /// Sets a variable of the environment.
     Program& with(const std::string& name, const std::string& value);
 
+    /// Runs the program as somebody to whom the folder does not belong. To be used after its rights are set.
+    Program& asSomebodyElse();
+
     Outcome run(const std::vector<std::string>& arguments) const;
 
     /// Runs a line of a shell, in which "quode" is the program and "onTerminal" the program on a terminal.
@@ -49,6 +52,7 @@ class Program {
   private:
     std::filesystem::path folder_;
     std::map<std::string, std::string> environment_;
+    bool isSomebodyElse_ = false;
 };
 
 /// The columns that a line of the output takes in a terminal.

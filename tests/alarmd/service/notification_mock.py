@@ -1,5 +1,7 @@
 """A notification service that writes down what it is told, one JSON object per line on its standard output.
 
+With the argument "described" it tells its name and what it can do; else it refuses to.
+
 Commands on its standard input: "action NUMBER KEY" and "closed NUMBER" send the signals of a user's answer.
 """
 import json
@@ -15,6 +17,9 @@ INTERFACE = f"""<node><interface name="{NAME}">
  <arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
  <arg type="s" direction="in"/><arg type="as" direction="in"/><arg type="a{{sv}}" direction="in"/><arg type="i" direction="in"/>
  <arg type="u" direction="out"/></method>
+<method name="GetCapabilities"><arg type="as" direction="out"/></method>
+<method name="GetServerInformation"><arg type="s" direction="out"/><arg type="s" direction="out"/>
+ <arg type="s" direction="out"/><arg type="s" direction="out"/></method>
 <method name="CloseNotification"><arg type="u" direction="in"/></method>
 <signal name="ActionInvoked"><arg type="u"/><arg type="s"/></signal>
 <signal name="NotificationClosed"><arg type="u"/><arg type="u"/></signal>
@@ -25,6 +30,13 @@ last_number = 0
 
 def tell(**facts):
     print(json.dumps(facts), flush=True)
+
+
+def answer_if_described(invocation, answer):
+    if "described" in sys.argv:
+        invocation.return_value(answer)
+    else:
+        invocation.return_dbus_error("org.freedesktop.DBus.Error.UnknownMethod", "This service does not describe itself.")
 
 
 def call(connection, sender, path, interface, method, arguments, invocation):
@@ -41,6 +53,10 @@ def call(connection, sender, path, interface, method, arguments, invocation):
         invocation.return_value(GLib.Variant("(u)", (last_number,)))
         tell(call="Notify", number=last_number, at=time.time(), title=unpacked[3], body=unpacked[4], actions=unpacked[5],
              hints=hints, expire=unpacked[7])
+    elif method == "GetCapabilities":
+        answer_if_described(invocation, GLib.Variant("(as)", (["actions", "body"],)))
+    elif method == "GetServerInformation":
+        answer_if_described(invocation, GLib.Variant("(ssss)", ("Paper", "Quode", "1.0", "1.2")))
     else:
         tell(call="CloseNotification", number=arguments.unpack()[0])
         invocation.return_value(None)

@@ -1,0 +1,182 @@
+// quode doctor and quode alarm test: what the desktop has to say.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+
+#include "private_bus.h"
+#include "program.h"
+
+namespace quode::test {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+/// What the doctor has found under a key.
+json checkOf(const Program& program, const std::string& key) {
+    const json checks = program.run({"doctor", "--json"}).json()["checks"];
+    for (const json& check : checks) {
+        if (check["key"] == key) return check;
+    }
+    return {};
+}
+
+TEST(Doctor, ChecksAllThatTimesAndAlarmsDependOn) {
+    const Program program;
+    const json report = program.run({"doctor", "--json"}).json();
+    std::vector<std::string> keys;
+    for (const json& check : report["checks"]) keys.push_back(check["key"]);
+    EXPECT_EQ(keys, (std::vector<std::string>{"data_folder", "city_database", "user_database", "calendar", "sounds",
+                                              "notifications", "alarm_service", "zone_rules"}));
+    EXPECT_EQ(report["ok"], true) << "nobody wants to be rung yet";
+    EXPECT_EQ(program.run({"doctor"}).code, 0);
+}
+
+TEST(Doctor, MakesNothing) {
+    const Program program;
+    program.run({"doctor"});
+    EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite"));
+    EXPECT_FALSE(fs::exists(program.dataFolder() / "Quode.ics"));
+}
+
+TEST(Doctor, SaysWhatToDoForAlarmsThatAreOn) {
+    const Program program;
+    program.run({"alarm", "on", "all"});
+    const Outcome run = program.run({"doctor"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.lineWith("User database"), "ok  User database  1 city, home Istanbul; 6 alarms on");
+    EXPECT_EQ(run.lineWith("Calendar"), "ok  Calendar       Quode.ics, 6 events");
+    EXPECT_EQ(run.lineWith("Sounds"), "ok  Sounds         chime");
+    EXPECT_EQ(run.lineWith("Notifications"), "!   Notifications  no session bus");
+    EXPECT_EQ(run.lineWith("Alarm service"),
+              "!   Alarm service  The alarm service is not running: nothing rings. Start it:");
+    EXPECT_EQ(run.lineWith("systemctl"), "                   systemctl --user enable --now quode-alarmd");
+    EXPECT_EQ(run.lineWith("Zone rules"), "ok  Zone rules     Europe/Istanbul as in this system's zone data");
+    for (const std::string& line : run.lines()) EXPECT_LE(widthOf(line), 80) << line;
+    const json service = checkOf(program, "alarm_service");
+    EXPECT_EQ(service["state"], "problem");
+    EXPECT_EQ(service["command"], "systemctl --user enable --now quode-alarmd");
+}
+
+TEST(Doctor, FindsEventsThatAreMissing) {
+    const Program program;
+    program.run({"alarm", "on", "fajr"});
+    fs::remove(program.dataFolder() / "Quode.ics");
+    const json check = checkOf(program, "calendar");
+    EXPECT_EQ(check["state"], "note");
+    EXPECT_EQ(check["advice"], "The events of Fajr are not up to date. The alarm service renews them when it runs.");
+}
+
+TEST(Doctor, FindsASoundThatIsGone) {
+    const Program program;
+    const fs::path file = program.folder() / "ring.ogg";
+    program.runShell("printf 'OggS12345678' > '" + file.string() + "'");
+    program.run({"alarm", "set", "fajr", "--sound", file.string()});
+    program.run({"alarm", "on", "fajr"});
+    EXPECT_EQ(checkOf(program, "sounds")["state"], "ok");
+    fs::remove(file);
+    const json check = checkOf(program, "sounds");
+    EXPECT_EQ(check["state"], "problem");
+    EXPECT_EQ(check["command"], "quode alarm set PRAYER --sound NAME");
+}
+
+TEST(Doctor, FindsAHomeThatIsGone) {
+    const Program program;
+    program.run({"city", "home", "Berlin"});
+    program.runShell("python3 -c \"import sqlite3; c = sqlite3.connect('" +
+                     (program.dataFolder() / "user.sqlite").string() +
+                     "'); c.execute('UPDATE USER_CITY SET ID = 999999999 WHERE SETASHOME = 1'); c.commit()\"");
+    const json check = checkOf(program, "user_database");
+    EXPECT_EQ(check["state"], "problem");
+    EXPECT_EQ(check["command"], "quode city home NAME");
+    EXPECT_NE(program.run({"city", "list"}).out.find("not in the city database any more"), std::string::npos);
+    const Outcome today = program.run({"next"});
+    EXPECT_EQ(today.code, 6);
+    EXPECT_NE(today.err.find("Choose another one: quode city home NAME"), std::string::npos) << today.err;
+}
+
+// --- the desktop
+
+TEST(Desktop, WithoutABusIsToldAtOnce) {
+    const Program program;
+    const auto start = std::chrono::steady_clock::now();
+    const json check = checkOf(program, "notifications");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_EQ(check["state"], "note") << "no alarm is on";
+    EXPECT_EQ(check["text"], "no session bus");
+    EXPECT_NE(check["advice"].get<std::string>().find("Run quode within your desktop's session."), std::string::npos);
+}
+
+TEST(Desktop, WithABusThatNobodyAnswersIsToldAtOnce) {
+    Program program;
+    program.with("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (program.folder() / "nobody").string());
+    EXPECT_EQ(checkOf(program, "notifications")["text"], "no session bus");
+    program.with("DBUS_SESSION_BUS_ADDRESS", "nonsense");
+    EXPECT_EQ(checkOf(program, "notifications")["text"], "no session bus");
+}
+
+TEST(Desktop, WithoutAServiceIsToldWithWhatToDo) {
+    const PrivateBus bus;
+    Program program;
+    program.with("DBUS_SESSION_BUS_ADDRESS", bus.address());
+    const json check = checkOf(program, "notifications");
+    EXPECT_EQ(check["text"], "no service");
+    EXPECT_NE(check["advice"].get<std::string>().find("install one, such as dunst"), std::string::npos);
+    const Outcome test = program.run({"alarm", "test", "--seconds", "1"});
+    EXPECT_EQ(test.code, 1);
+    EXPECT_NE(test.err.find("No notification service showed it."), std::string::npos) << test.err;
+}
+
+TEST(Desktop, WithAServiceIsNamed) {
+    PrivateBus bus;
+    bus.startNotifications("described");
+    Program program;
+    program.with("DBUS_SESSION_BUS_ADDRESS", bus.address());
+    const json check = checkOf(program, "notifications");
+    EXPECT_EQ(check["state"], "ok");
+    EXPECT_EQ(check["text"], "Paper 1.0");
+}
+
+TEST(Desktop, WithAServiceThatIsSilentIsToldToBeRestarted) {
+    PrivateBus bus;
+    bus.startNotifications("plain");
+    Program program;
+    program.with("DBUS_SESSION_BUS_ADDRESS", bus.address());
+    const json check = checkOf(program, "notifications");
+    EXPECT_EQ(check["state"], "problem");
+    EXPECT_EQ(check["text"], "the service does not answer");
+}
+
+TEST(AlarmTest, IsShownAndClosed) {
+    PrivateBus bus;
+    bus.startNotifications("plain");
+    Program program;
+    program.with("DBUS_SESSION_BUS_ADDRESS", bus.address()).with("CANBERRA_DRIVER", "null");
+    const Outcome test = program.run({"alarm", "test", "isha", "--seconds", "1", "--json"});
+    EXPECT_EQ(test.json()["prayer"], "Isha");
+    EXPECT_EQ(test.json()["shown"], true) << test.err;
+    EXPECT_EQ(test.json()["sound"], "chime");
+    EXPECT_EQ(test.json()["stopped_by_user"], false);
+    const json shown = bus.nextCall();
+    EXPECT_EQ(shown["call"], "Notify");
+    EXPECT_EQ(shown["title"], "Isha");
+    EXPECT_EQ(shown["body"], "Istanbul\nA test of the alarm");
+    EXPECT_EQ(shown["actions"], (json{"stop", "Stop"}));
+    EXPECT_EQ(bus.nextCall()["call"], "CloseNotification");
+}
+
+TEST(AlarmTest, WithoutDesktopAndSoundSaysSoAtOnce) {
+    Program program;
+    program.with("CANBERRA_DRIVER", "nosuch");
+    const auto start = std::chrono::steady_clock::now();
+    const Outcome test = program.run({"alarm", "test", "--json"});
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    EXPECT_EQ(test.code, 1);
+    EXPECT_EQ(test.json()["shown"], false);
+    EXPECT_TRUE(test.json()["sound_problem"].is_string());
+    EXPECT_NE(test.err.find("Is the sound of this system on?"), std::string::npos) << test.err;
+}
+
+}  // namespace
+}  // namespace quode::test

@@ -1,0 +1,127 @@
+// quode settings, quode calendar connect and disconnect.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program.h"
+
+namespace quode::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::size_t filesIn(const fs::path& folder) {
+    std::size_t count = 0;
+    if (!fs::exists(folder)) return 0;
+    for (const auto& entry : fs::directory_iterator(folder)) count += entry.path().extension() == ".ics" ? 1 : 0;
+    return count;
+}
+
+void expectRefusal(const std::vector<std::string>& words, int code, const std::string& message) {
+    const Program program;
+    const Outcome run = program.run(words);
+    EXPECT_EQ(run.code, code) << run.err;
+    EXPECT_EQ(run.out, "");
+    EXPECT_NE(run.err.find(message), std::string::npos) << run.err;
+}
+
+TEST(Settings, AreShownWithTheirMeaning) {
+    const Program program;
+    EXPECT_EQ(program.run({"settings"}).out,
+              "sound     chime  of alarms that have none of their own\n"
+              "calendar  ics    how the events of the alarms are kept\n"
+              "ringer    quode  the program that rings\n");
+    const auto settings = program.run({"settings", "--json"}).json()["settings"];
+    EXPECT_EQ(settings, (nlohmann::json{{"sound", "chime"}, {"calendar", "ics"}, {"ringer", "quode"}}));
+    EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite")) << "looking makes nothing";
+}
+
+TEST(Settings, OneIsShownWithItsChoices) {
+    const Outcome sound = Program().run({"settings", "sound"});
+    EXPECT_EQ(sound.lines().at(0), "chime");
+    for (const char* name : {"bell", "chime", "gong", "morning"}) {
+        EXPECT_NE(sound.out.find(name), std::string::npos) << sound.out;
+    }
+    EXPECT_EQ(Program().run({"settings", "ringer", "--json"}).json()["settings"]["ringer"], "quode");
+}
+
+TEST(Settings, AreKept) {
+    const Program program;
+    EXPECT_EQ(program.run({"settings", "sound", "gong"}).code, 0);
+    EXPECT_EQ(program.run({"settings", "sound"}).lines().at(0), "gong");
+    EXPECT_EQ(program.run({"alarm", "list", "--json"}).json()["alarms"][0]["sound"], "gong");
+}
+
+TEST(Settings, AreRefusedWhenUnknown) {
+    expectRefusal({"settings", "colour"}, 2, "There is no setting \"colour\". There are sound, calendar, ringer.");
+    expectRefusal({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
+    expectRefusal({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
+    expectRefusal({"settings", "sound", "nosuch"}, 1, "There is no sound \"nosuch\"");
+    expectRefusal({"settings", "ringer", "evolution"}, 2, "quode calendar connect evolution --ring");
+}
+
+TEST(Settings, TheLayoutOfTheCalendarTakesTheEventsAlong) {
+    const Program program;
+    program.run({"alarm", "on", "all"});
+    EXPECT_TRUE(fs::exists(program.dataFolder() / "Quode.ics"));
+    EXPECT_EQ(program.run({"settings", "calendar", "vdir"}).code, 0);
+    EXPECT_EQ(filesIn(program.dataFolder() / "calendar"), 6U);
+    const auto doctor = program.run({"doctor", "--json"}).json()["checks"][3];
+    EXPECT_EQ(doctor["key"], "calendar");
+    EXPECT_EQ(doctor["state"], "ok");
+    EXPECT_EQ(doctor["text"], "calendar, 6 events");
+    EXPECT_EQ(program.run({"settings", "calendar", "ics"}).code, 0);
+    EXPECT_EQ(filesIn(program.dataFolder() / "calendar"), 0U);
+    EXPECT_EQ(program.run({"doctor", "--json"}).json()["checks"][3]["text"], "Quode.ics, 6 events");
+}
+
+// --- Evolution
+
+TEST(CalendarConnection, IsMadeAndUndone) {
+    const Program program;
+    const Outcome connect = program.run({"calendar", "connect", "evolution", "--json"});
+    EXPECT_EQ(connect.code, 0) << connect.err;
+    EXPECT_EQ(connect.json()["connected"], true);
+    EXPECT_EQ(connect.json()["ringer"]["program"], "quode") << "it only shows, unless it is told to ring";
+    const fs::path description = connect.json()["description"].get<std::string>();
+    EXPECT_TRUE(fs::exists(description));
+    EXPECT_TRUE(description.string().starts_with(program.folder().string()));
+
+    const Outcome undone = program.run({"calendar", "disconnect"});
+    EXPECT_EQ(undone.code, 0);
+    EXPECT_NE(undone.out.find("Evolution shows the alarms no more."), std::string::npos) << undone.out;
+    EXPECT_FALSE(fs::exists(description));
+    EXPECT_NE(program.run({"calendar", "disconnect"}).out.find("was not connected"), std::string::npos);
+}
+
+TEST(CalendarConnection, LetsExactlyOneProgramRing) {
+    const Program program;
+    program.run({"alarm", "on", "all"});
+    EXPECT_EQ(program.run({"calendar", "connect", "evolution", "--ring", "--json"}).json()["ringer"]["program"],
+              "evolution");
+    EXPECT_EQ(program.run({"settings", "--json"}).json()["settings"]["ringer"], "evolution");
+    EXPECT_EQ(program.run({"settings", "ringer", "quode", "--json"}).json()["settings"]["ringer"], "quode");
+    EXPECT_EQ(program.run({"settings", "ringer", "evolution", "--json"}).json()["settings"]["ringer"], "evolution");
+    EXPECT_EQ(program.run({"calendar", "disconnect", "--json"}).json()["ringer"]["program"], "quode");
+}
+
+TEST(CalendarConnection, NeedsTheLayoutOfOneFile) {
+    const Program program;
+    program.run({"settings", "calendar", "vdir"});
+    const Outcome refused = program.run({"calendar", "connect", "evolution"});
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_NE(refused.err.find("quode settings calendar ics"), std::string::npos) << refused.err;
+    program.run({"settings", "calendar", "ics"});
+    program.run({"calendar", "connect", "evolution"});
+    const Outcome layout = program.run({"settings", "calendar", "vdir"});
+    EXPECT_EQ(layout.code, 2);
+    EXPECT_NE(layout.err.find("calendar disconnect"), std::string::npos) << layout.err;
+}
+
+TEST(CalendarConnection, IsOfEvolutionOnly) {
+    expectRefusal({"calendar", "connect", "kmail"}, 2, "Only evolution can be connected");
+    expectRefusal({"calendar", "connect"}, 2, "PROGRAM is required");
+}
+
+}  // namespace
+}  // namespace quode::test
