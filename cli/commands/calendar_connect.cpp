@@ -1,4 +1,6 @@
 // quode calendar connect, disconnect: lets Evolution, and with it GNOME's calendar, show the alarms.
+#include <algorithm>
+
 #include "cli/commands.h"
 #include "cli/ringer.h"
 #include "cli/session.h"
@@ -24,6 +26,7 @@ void tell(Session& session, UserDatabase& database, const std::string& text) {
     const UserSettings settings = loadSettings(database);
     if (session.wantsJson()) return session.printJson(connectionJson(session, settings));
     session.print(wrapped(text, pageWidth, 0));
+    if (std::ranges::none_of(database.alarms(), &UserAlarm::isOn)) return;
     session.print();
     printRinger(session, ringerState(session, settings));
 }
