@@ -273,6 +273,43 @@ TEST_F(PrayerTimesTest, LeadThereFromAnotherZoneAndWhereTheClocksChange) {
     goThrough("2026-03-07 12:00", 40);
 }
 
+// There the engine counts the times from the day before or after; the alarm must not come a day late for that.
+TEST_F(PrayerTimesTest, LeadToTheSameDayBeyondTheDateLine) {
+    struct Case {
+        const char* rule;
+        const char* zone;
+        const char* city;
+        const char* midnight;  ///< just after it there, in universal time
+    };
+    for (const Case& place : {Case{"<+13>-13", "Pacific/Apia", "Apia", "2026-11-20 11:00"},
+                              Case{"<+14>-14", "Pacific/Kiritimati", "Kiritimati", "2026-11-20 10:00"},
+                              Case{"<+13>-13", "Pacific/Tongatapu", "Nuku'alofa", "2026-06-20 11:00"},
+                              Case{"<-11>11", "Pacific/Pago_Pago", "Pago Pago", "2026-11-21 11:00"}}) {
+        SCOPED_TRACE(place.city);
+        for (const bool isAtHome : {true, false}) {
+            std::filesystem::remove(file());
+            shared->setZone(place.rule, place.zone);
+            shared->present = utc(place.midnight);
+            UserDatabase database = openShared();
+            const std::optional<UserCity> home = database.home();
+            ASSERT_TRUE(home && home->city);
+            EXPECT_EQ(home->city->zone, place.zone);
+            if (!isAtHome) shared->setZone(berlinRule, "Europe/Berlin");
+            const auto today = wallClock(home->city->rule, utc(place.midnight));
+            for (const AlarmOccurrence& alarm : database.refreshPrayerTimes()) {
+                EXPECT_EQ(alarm.date, VAKDateMake(today.Days, today.Months, today.Years, 0, 0, 0)) << alarm.code;
+                EXPECT_LT(alarm.due, shared->present + std::chrono::hours(24)) << alarm.code;
+                EXPECT_GT(alarm.hours, 0.0);
+                EXPECT_LT(alarm.hours, 24.0);
+            }
+            for (int hour = 0; hour < 26; hour += 2) {
+                expectEventsAtTheirInstants(database);
+                shared->present += std::chrono::minutes(121);
+            }
+        }
+    }
+}
+
 TEST_F(PrayerTimesTest, FollowAChangeOfTheZoneWhileRunning) {
     shared->present = utc("2026-10-17 00:00");
     UserDatabase database = openShared();
