@@ -229,10 +229,9 @@ void printHowChosen(Session& session, const ChosenPlace& place) {
     const Texts& texts = session.texts();
     const std::string_view format =
         place.source == PlaceSource::systemZone ? texts.chosenByZone : texts.chosenByDefault;
-    const std::string zone = session.systemZone();
     session.print();
     session.print(session.style().dim(
-        wrapped(fmt::format(fmt::runtime(format), place.city.name, zone.empty() ? "?" : zone), pageWidth, 0)));
+        wrapped(fmt::format(fmt::runtime(format), place.city.name, session.systemZoneText()), pageWidth, 0)));
 }
 
 }  // namespace quode::cli

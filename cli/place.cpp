@@ -8,6 +8,8 @@
 #include "cli/session.h"
 #include "cli/text_layout.h"
 #include "cli/user_data.h"
+#include "common/LanguagePack.h"
+#include "data/posix_zone.h"
 
 namespace quode::cli {
 namespace {
@@ -100,8 +102,19 @@ ChosenPlace placeOfVariable(Session& session, const std::string& value) {
     }
 }
 
+/// A clock that TZ gives without naming a zone, or that the system makes UTC because it names none, has no place.
+void tellOfNamelessZone(Session& session) {
+    const std::optional<std::string> value = session.variable("TZ");
+    const std::string remedy = " Name a zone, such as TZ=Europe/Istanbul, or choose your city: quode city home NAME";
+    if (!value) return writeMessage("The system does not tell the name of its time zone." + remedy);
+    const bool isRule = parsePosixZone(*value).has_value();
+    const char* problem = isRule ? "tells a clock, but no place" : "is no time zone that this system knows";
+    writeMessage(fmt::format("TZ is \"{}\", which {}.{}", *value, problem, remedy));
+}
+
 ChosenPlace placeOfSystem(Session& session) {
     const std::string zone = session.systemZone();
+    if (zone.empty()) tellOfNamelessZone(session);
     if (const auto city = session.cities().largestCityOfZone(zone)) return {*city, PlaceSource::systemZone, {}};
     const auto city = session.cities().city(mecca);
     if (!city) throw Failure(ExitCode::notFound, "Choose a city: quode city home NAME");

@@ -83,6 +83,11 @@ std::string Session::systemZone() {
     return clock().zoneName();
 }
 
+std::string Session::systemZoneText() {
+    const std::string zone = systemZone();
+    return zone.empty() ? variable("TZ").value_or("?") : zone;
+}
+
 std::filesystem::path Session::dataFolder() const {
     return dataFolderFrom(environment_);
 }

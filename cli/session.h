@@ -37,6 +37,9 @@ class Session {
     /// The name of the system's time zone; empty when it has none.
     std::string systemZone();
 
+    /// The system's time zone as messages tell it: its name, else what TZ says.
+    std::string systemZoneText();
+
     const CityDatabase& cities();
 
     /// The clock of this system, stopped at $QUODE_NOW when that is set.

@@ -74,7 +74,9 @@ const std::filesystem::path& UserDatabase::file() const {
 std::optional<int> UserDatabase::firstCity() {
     const std::string zone = device_->zoneName();
     if (const std::optional<CityRecord> city = cities_->largestCityOfZone(zone)) return city->id;
-    notices_.push_back("No city is known for the time zone \"" + zone + "\" of this device. Please add your city.");
+    const std::string problem = zone.empty() ? std::string("The time zone of this device has no name")
+                                             : "No city is known for the time zone \"" + zone + "\" of this device";
+    notices_.push_back(problem + ". Please add your city.");
     return std::nullopt;
 }
 

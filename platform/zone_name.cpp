@@ -8,20 +8,31 @@ namespace quode {
 namespace {
 
 constexpr std::string_view databaseFolder = "zoneinfo/";
+constexpr const char* localTime = "etc/localtime";
 
-// The part of a path below the time-zone database; the whole text when the path does not lead there.
-std::string belowDatabase(const std::string& path) {
-    const std::size_t found = path.rfind(databaseFolder);
-    return found == std::string::npos ? path : path.substr(found + databaseFolder.size());
+// The name of a zone in the time-zone database; "posix/" and "right/" hold the same zones once more.
+std::string plainName(const std::string& name) {
+    for (const std::string_view copy : {"posix/", "right/"}) {
+        if (name.starts_with(copy)) return name.substr(copy.size());
+    }
+    return name;
 }
 
-std::string nameFromVariable(std::string value, const std::filesystem::path& root) {
-    if (value.starts_with(':')) value.erase(0, 1);
-    if (value.empty()) return "UTC";
-    std::string name = belowDatabase(value);
+// The zone to whose file a path leads; empty when it does not lead into the database.
+std::string nameOfPath(const std::string& path) {
+    const std::size_t found = path.rfind(databaseFolder);
+    return found == std::string::npos ? std::string() : plainName(path.substr(found + databaseFolder.size()));
+}
+
+std::string nameOfLink(const std::filesystem::path& link) {
     std::error_code error;
-    const bool isName = std::filesystem::is_regular_file(root / "usr/share/zoneinfo" / name, error);
-    return isName ? name : std::string();
+    return nameOfPath(std::filesystem::read_symlink(link, error).string());
+}
+
+bool isInDatabase(const std::string& name, const std::filesystem::path& root) {
+    std::error_code error;
+    const bool climbs = name.find("..") != std::string::npos;
+    return !name.empty() && !climbs && std::filesystem::is_regular_file(root / "usr/share/zoneinfo" / name, error);
 }
 
 std::string firstLine(const std::filesystem::path& path) {
@@ -31,16 +42,29 @@ std::string firstLine(const std::filesystem::path& path) {
     return line;
 }
 
+std::string nameOfSystem(const std::filesystem::path& root) {
+    std::error_code error;
+    const std::filesystem::path link = root / localTime;
+    if (std::string name = nameOfLink(link); !name.empty()) return name;
+    if (!std::filesystem::exists(link, error)) return "UTC";
+    return firstLine(root / "etc/timezone");
+}
+
+std::string nameFromVariable(std::string value, const std::filesystem::path& root) {
+    if (value.starts_with(':')) value.erase(0, 1);
+    if (value.empty()) return "UTC";
+    const std::filesystem::path path = std::filesystem::path(value).lexically_normal();
+    if (path.relative_path() == localTime && path.is_absolute()) return nameOfSystem(root);
+    std::string name = path.is_absolute() ? nameOfPath(path.string()) : plainName(value);
+    if (path.is_absolute() && name.empty()) name = nameOfLink(root / path.relative_path());
+    return isInDatabase(name, root) ? name : std::string();
+}
+
 }  // namespace
 
 std::string zoneNameFrom(const Environment& environment, const std::filesystem::path& root) {
     if (const auto value = environment("TZ")) return nameFromVariable(*value, root);
-    std::error_code error;
-    const std::filesystem::path localTime = root / "etc/localtime";
-    const std::string target = std::filesystem::read_symlink(localTime, error).string();
-    if (target.find(databaseFolder) != std::string::npos) return belowDatabase(target);
-    if (!std::filesystem::exists(localTime, error)) return "UTC";
-    return firstLine(root / "etc/timezone");
+    return nameOfSystem(root);
 }
 
 }  // namespace quode

@@ -107,3 +107,42 @@ TEST(DoctorZones, ListsTheZonesThatDisagree) {
 
 }  // namespace
 }  // namespace quode::test
+/// The city that is shown in a time zone.
+std::string cityOf(const std::string& zone) {
+    Program program;
+    return program.with("TZ", zone).run({"--json"}).json()["place"]["city"]["name"].get<std::string>();
+}
+
+TEST(SystemZone, MayBeWrittenInEveryWayThatNamesOne) {
+    for (const char* zone : {"Europe/Berlin", ":Europe/Berlin", "/usr/share/zoneinfo/Europe/Berlin",
+                             ":/usr/share/zoneinfo/Europe/Berlin", "posix/Europe/Berlin"}) {
+        EXPECT_EQ(cityOf(zone), "Berlin") << zone;
+        EXPECT_EQ(Program().with("TZ", zone).run({"next"}).err, "") << zone;
+    }
+}
+
+TEST(SystemZone, ThatNamesNoPlaceIsTold) {
+    Program rule;
+    const Outcome clock = rule.with("TZ", "CET-1CEST,M3.5.0,M10.5.0/3").run({"next"});
+    EXPECT_EQ(clock.err,
+              "quode: TZ is \"CET-1CEST,M3.5.0,M10.5.0/3\", which tells a clock, but no place. Name a zone, such as "
+              "TZ=Europe/Istanbul, or choose your city: quode city home NAME\n");
+    for (const char* zone : {"nonsense", "Europe/Nowhere", "Europe/", "../../etc/passwd", ":/etc/passwd"}) {
+        Program program;
+        const Outcome run = program.with("TZ", zone).run({"next"});
+        EXPECT_NE(run.err.find("which is no time zone that this system knows"), std::string::npos) << zone << run.err;
+        EXPECT_NE(program.run({}).out.find(zone), std::string::npos) << "what was meant stands below the day";
+    }
+}
+
+TEST(SystemZone, ThatNamesNoPlaceDoesNotMatterWhereACityIsChosen) {
+    Program program;
+    program.with("TZ", "nonsense");
+    EXPECT_EQ(program.run({"next", "--city", "Berlin"}).err, "");
+    EXPECT_EQ(program.run({"city", "home", "Berlin"}).err,
+              "quode: The time zone of this device has no name. Please add your city.\n");
+    const Outcome home = program.run({"next"});
+    EXPECT_EQ(home.err, "");
+    EXPECT_EQ(home.out, Program().run({"next", "--city", "Berlin"}).out);
+}
+

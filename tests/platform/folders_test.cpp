@@ -100,6 +100,32 @@ TEST_F(ZoneName, ComesFromTheVariable) {
     EXPECT_EQ(nameWith(""), "UTC");
 }
 
+TEST_F(ZoneName, ComesFromAPathThatTheVariableNames) {
+    fs::create_symlink("/usr/share/zoneinfo/Europe/Istanbul", root / "etc/localtime");
+    EXPECT_EQ(nameWith(":/etc/localtime"), "Europe/Istanbul");
+    EXPECT_EQ(nameWith("/etc/localtime"), "Europe/Istanbul");
+    EXPECT_EQ(nameWith(":/usr/share/zoneinfo/Asia/Kathmandu"), "Asia/Kathmandu");
+    EXPECT_EQ(nameWith("/usr/share/zoneinfo/posix/Asia/Kathmandu"), "Asia/Kathmandu");
+    EXPECT_EQ(nameWith("right/Asia/Kathmandu"), "Asia/Kathmandu");
+    fs::create_symlink("/usr/share/zoneinfo/Asia/Kathmandu", root / "etc/home-zone");
+    EXPECT_EQ(nameWith("/etc/home-zone"), "Asia/Kathmandu");
+}
+
+TEST_F(ZoneName, OfACopiedLocalTimeIsTheOneKeptBesideIt) {
+    write("etc/localtime", "TZif");
+    write("etc/timezone", "Europe/Paris\n");
+    EXPECT_EQ(nameWith(":/etc/localtime"), "Europe/Paris");
+}
+
+TEST_F(ZoneName, IsEmptyForAPathThatLeadsElsewhere) {
+    write("etc/passwd", "x");
+    EXPECT_EQ(nameWith("/etc/passwd"), "");
+    EXPECT_EQ(nameWith(":/etc/passwd"), "");
+    EXPECT_EQ(nameWith("../../../etc/passwd"), "");
+    EXPECT_EQ(nameWith("/usr/share/zoneinfo/../../../etc/passwd"), "");
+    EXPECT_EQ(nameWith("/usr/share/zoneinfo/No/Such_Zone"), "");
+}
+
 TEST_F(ZoneName, IsEmptyForARuleWithoutAName) {
     EXPECT_EQ(nameWith("<+0545>-5:45"), "");
     EXPECT_EQ(nameWith("No/Such_Zone"), "");
