@@ -90,23 +90,34 @@ TEST(CitySearch, ToleratesATypo) {
     EXPECT_NE(run.out.find("745044"), std::string::npos) << run.out;
 }
 
+TEST(CitySearch, KnowsFormerNamesOfGreatCities) {
+    const std::vector<std::pair<const char*, const char*>> names{
+        {"Konstantinopel", "Istanbul"},
+        {"Constantinople", "Istanbul"},
+        {"Byzantium", "Istanbul"},
+        {"Saigon", "Ho Chi Minh City"},
+        {"Leningrad", "Saint Petersburg"},
+        {"Rangoon", "Yangon"},
+        {"Königsberg", "Kaliningrad"},
+        {"Trebizond", "Trabzon"},
+        {"Saloniki", "Thessaloníki"},
+        {"Alma-Ata", "Almaty"},
+        {"Dacca", "Dhaka"},
+        {"Leopoldville", "Kinshasa"},
+    };
+    for (const auto& [former, present] : names) {
+        const json hit = Program().run({"city", "search", former, "--limit", "1", "--json"}).json()["cities"][0];
+        EXPECT_EQ(hit["city"]["name"], present) << former;
+        EXPECT_EQ(hit["match"], "exact") << former;
+        EXPECT_TRUE(hit["other_name"].is_string()) << former;
+    }
+}
+
 TEST(CitySearch, ShowsNoMoreThanItIsAskedFor) {
     EXPECT_EQ(Program().run({"city", "search", "San", "--limit", "3"}).lines().size(), 3u);
     EXPECT_EQ(Program().run({"city", "search", "San"}).lines().size(), 10u);
 }
 
-TEST(DoctorZones, ListsTheZonesThatDisagree) {
-    const json report = Program().run({"doctor", "zones", "--json"}).json();
-    EXPECT_EQ(report.at("first"), "2026-11-21");
-    EXPECT_GT(report.at("zones").get<int>(), 300);
-    for (const json& zone : report.at("disagreements")) EXPECT_TRUE(zone.contains("unknown_to_system"));
-    const Outcome text = Program().run({"doctor", "zones"});
-    EXPECT_EQ(text.code, 0);
-    EXPECT_NE(text.out.find("time zones disagree"), std::string::npos) << text.out;
-}
-
-}  // namespace
-}  // namespace quode::test
 /// The city that is shown in a time zone.
 std::string cityOf(const std::string& zone) {
     Program program;
@@ -146,3 +157,15 @@ TEST(SystemZone, ThatNamesNoPlaceDoesNotMatterWhereACityIsChosen) {
     EXPECT_EQ(home.out, Program().run({"next", "--city", "Berlin"}).out);
 }
 
+TEST(DoctorZones, ListsTheZonesThatDisagree) {
+    const json report = Program().run({"doctor", "zones", "--json"}).json();
+    EXPECT_EQ(report.at("first"), "2026-11-21");
+    EXPECT_GT(report.at("zones").get<int>(), 300);
+    for (const json& zone : report.at("disagreements")) EXPECT_TRUE(zone.contains("unknown_to_system"));
+    const Outcome text = Program().run({"doctor", "zones"});
+    EXPECT_EQ(text.code, 0);
+    EXPECT_NE(text.out.find("time zones disagree"), std::string::npos) << text.out;
+}
+
+}  // namespace
+}  // namespace quode::test
