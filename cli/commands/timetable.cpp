@@ -76,7 +76,13 @@ void printMonthHead(Session& session, const Month& month, const std::vector<VAKD
     session.print();
 }
 
-std::vector<std::string> rowOf(Session& session, const Timetable& table, const CityDay& day, TableNotes& notes) {
+/// The prayers that have a column.
+struct Columns {
+    int first = firstPrayer;
+    int last = lastPrayer;
+};
+
+std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns prayers, TableNotes& notes) {
     const std::optional<VAKDate> hijri = hijriByTable(day.date);
     std::vector<std::string> row{
         std::string(session.texts().weekdaysShort.at(static_cast<std::size_t>(weekdayOf(day.date)))) + ' ' +
@@ -86,7 +92,7 @@ std::vector<std::string> rowOf(Session& session, const Timetable& table, const C
         row.back() = "*";
         notes.addLatitude(*latitude);
     }
-    for (int code = firstPrayer; code <= table.lastCode; ++code) {
+    for (int code = prayers.first; code <= prayers.last; ++code) {
         row.push_back(clockText(session, timeOfPrayer(day, code)) +
                       notes.earlierDay.earlierDayMark(session, day.times, code));
     }
@@ -105,33 +111,47 @@ void alignMarks(std::vector<std::vector<std::string>>& rows, std::size_t firstCo
     }
 }
 
-void printMonth(Session& session, const Timetable& table, const Month& month, TableNotes& notes) {
+/// The head of the columns, and a line for each day.
+std::vector<std::string> linesOf(Session& session, const std::vector<CityDay>& days, Columns prayers,
+                                 TableNotes& notes) {
     using Align = TextTable::Align;
     constexpr std::size_t dateColumns = 3;
     std::vector<Align> columns{Align::right, Align::right, Align::left};
     std::vector<std::string> head{"", "", ""};
-    for (int code = firstPrayer; code <= table.lastCode; ++code) {
+    for (int code = prayers.first; code <= prayers.last; ++code) {
         columns.push_back(Align::right);
         head.push_back(session.prayerName(code));
     }
-    const std::vector<VAKDate> days = daysOf(month);
     std::vector<std::vector<std::string>> rows;
-    for (const VAKDate& date : days) {
-        rows.push_back(rowOf(session, table, computeCityDay(table.site, date), notes));
-    }
+    for (const CityDay& day : days) rows.push_back(rowOf(session, day, prayers, notes));
     alignMarks(rows, dateColumns);
     TextTable text(columns);
     text.add(head);
     for (auto& row : rows) text.add(std::move(row));
+    return text.lines();
+}
 
-    const std::vector<std::string> lines = text.lines();
-    printMonthHead(session, month, days);
+void printLines(Session& session, const Timetable& table, const std::vector<CityDay>& days,
+                const std::vector<std::string>& lines) {
     session.print(session.style().dim(lines.front()));
     for (std::size_t i = 1; i < lines.size(); ++i) {
-        const bool isToday = sameDay(days[i - 1], table.today);
+        const bool isToday = sameDay(days[i - 1].date, table.today);
         session.print(isToday ? session.style().strong(lines[i]) : lines[i]);
     }
     session.print();
+}
+
+void printMonth(Session& session, const Timetable& table, const Month& month, TableNotes& notes) {
+    const std::vector<VAKDate> dates = daysOf(month);
+    std::vector<CityDay> days;
+    for (const VAKDate& date : dates) days.push_back(computeCityDay(table.site, date));
+    printMonthHead(session, month, dates);
+    const std::vector<std::string> lines = linesOf(session, days, {firstPrayer, table.lastCode}, notes);
+    const bool isTooWide = std::ranges::any_of(lines, [](const auto& line) { return displayWidth(line) > pageWidth; });
+    if (!isTooWide || table.lastCode == lastMainPrayer) return printLines(session, table, days, lines);
+    // What does not stand side by side stands one below the other.
+    printLines(session, table, days, linesOf(session, days, {firstPrayer, lastMainPrayer}, notes));
+    printLines(session, table, days, linesOf(session, days, {lastMainPrayer + 1, table.lastCode}, notes));
 }
 
 void printClockChanges(Session& session, const Timetable& table) {

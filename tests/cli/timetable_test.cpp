@@ -96,6 +96,32 @@ TEST(Timetable, ShowsAllNineTimesOnRequest) {
     EXPECT_NE(Program().run({"month", "2026-06", "--city", "Ankara", "--all"}).out.find("Ishraq"), std::string::npos);
 }
 
+TEST(Timetable, OfAllNineTimesFitsATerminal) {
+    for (const char* language : {"tr", "en", "fr", "de"}) {
+        for (const char* locale : {"en_GB.UTF-8", "en_US.UTF-8"}) {
+            Program program;
+            const Outcome run = program.with("LC_ALL", locale)
+                                    .run({"month", "2026-06", "--city", "Tromsø", "--all", "--lang", language});
+            for (const std::string& line : run.lines()) EXPECT_LE(widthOf(line), 80) << line;
+        }
+    }
+}
+
+TEST(Timetable, OfAllNineTimesHoldsEachDayTwiceWhereItIsBroken) {
+    const Outcome run = Program().run({"month", "2026-11", "--city", "Ankara", "--all"});
+    const std::vector<std::string> lines = run.lines();
+    const auto rows =
+        std::count_if(lines.begin(), lines.end(), [](const auto& line) { return line.starts_with("Sat 21"); });
+    EXPECT_EQ(rows, 2) << run.out;
+    EXPECT_LT(run.out.find("Isha"), run.out.find("Ishraq"));
+    const auto whole = Program().run({"--city", "Ankara"});
+    const std::string duha = whole.lineWith("Ishraq");
+    const std::string time = duha.substr(duha.find(':') - 2, 5);
+    const std::string second = run.out.substr(run.out.find("Ishraq"));
+    const std::string row = second.substr(second.find("Sat 21"));
+    EXPECT_LT(row.find(time), row.find('\n')) << run.out;
+}
+
 TEST(Timetable, IsThatOfThePresentWhenNothingElseIsAsked) {
     EXPECT_EQ(Program().run({"month", "--json"}).json().at("days")[0].at("date"), "2026-11-01");
     EXPECT_EQ(Program().run({"year", "--json"}).json().at("days")[0].at("date"), "2026-01-01");
