@@ -52,6 +52,11 @@ constexpr Texts english{
     .moonPhases = {"New Moon", "Waxing crescent", "First quarter", "Waxing gibbous", "Full Moon", "Waning gibbous",
                    "Last quarter", "Waning crescent"},
     .transit = "Transit",
+    .kaabaMeridian =
+        "This place lies on the meridian of the Kaaba. The formula gives 0° on both sides of it; the Kaaba lies due "
+        "{}.",
+    .dueNorth = "north",
+    .dueSouth = "south",
     .illuminated = "Illuminated",
     .waxing = "waxing",
     .waning = "waning",
@@ -127,6 +132,9 @@ constexpr Texts turkish{
     .elongation = "Uzanım",
     .age = "Yaş",
     .ageValue = "{:.1f} gün",
+    .kaabaMeridian = "Burası Kâbe’nin boylamındadır. Formül iki yanda da 0° verir; Kâbe tam {} yönündedir.",
+    .dueNorth = "kuzey",
+    .dueSouth = "güney",
     .nextNewMoon = "Yeni ay",
     .nextNewMoonValue = "{:.1f} gün sonra",
     .litRight = "sağ yanı aydınlık",
@@ -210,6 +218,10 @@ constexpr Texts french{
     .fullyLit = "entièrement éclairée",
     .gregorian = "Grégorien",
     .julian = "Julien",
+    .kaabaMeridian =
+        "Ce lieu est sur le méridien de la Kaaba. La formule y donne 0° des deux côtés\u00a0; la Kaaba est plein {}.",
+    .dueNorth = "nord",
+    .dueSouth = "sud",
     .rumi = "Rumi",
     .season = "Saison",
     .summerSeason = "jour {} du semestre d’été, depuis le 6 mai",
@@ -291,6 +303,11 @@ constexpr Texts german{
     .winterSeason = "Tag {} des Winterhalbjahres, ab 8. November",
     .coordinates = "Koordinaten",
     .elevation = "Höhe",
+    .kaabaMeridian =
+        "Dieser Ort liegt auf dem Meridian der Kaaba. Die Formel gibt auf beiden Seiten 0°; die Kaaba liegt genau im "
+        "{}.",
+    .dueNorth = "Norden",
+    .dueSouth = "Süden",
     .population = "Einwohner",
 };
 

@@ -33,6 +33,7 @@ struct Texts {
     std::string_view transit, illuminated, waxing, waning, elongation, age, ageValue, nextNewMoon, nextNewMoonValue;
     std::string_view litRight, litLeft, notLit, fullyLit;
 
+    std::string_view kaabaMeridian, dueNorth, dueSouth;
     // calendars
     std::string_view gregorian, julian, rumi, season, summerSeason, winterSeason;
 

@@ -52,6 +52,15 @@ Qibla qiblaOf(Session& session, const Arguments& arguments) {
     return qibla;
 }
 
+/// Whether the direction is told to be north only because the arctangent of zero is zero; it may be south as well.
+bool isOnKaabaMeridian(const Qibla& qibla) {
+    return qibla.bearing == 0.0;
+}
+
+bool isNorthOfKaaba(const Qibla& qibla) {
+    return qibla.place.city.latitude > kaabaLatitude;
+}
+
 void printQibla(Session& session, const Qibla& qibla) {
     using Align = TextTable::Align;
     const Texts& texts = session.texts();
@@ -71,19 +80,27 @@ void printQibla(Session& session, const Qibla& qibla) {
     session.print(longDate(session, qibla.day.date));
     session.print();
     for (const std::string& line : table.lines()) session.print("  " + line);
+    if (isOnKaabaMeridian(qibla)) {
+        const std::string note =
+            fmt::format(fmt::runtime(texts.kaabaMeridian), isNorthOfKaaba(qibla) ? texts.dueSouth : texts.dueNorth);
+        session.print();
+        session.print(session.style().warning(wrapped("! " + note, pageWidth, 2)));
+    }
     printHowChosen(session, qibla.place);
 }
 
 void runQibla(Session& session, const Arguments& arguments) {
     const Qibla qibla = qiblaOf(session, arguments);
     if (!session.wantsJson()) return printQibla(session, qibla);
-    session.printJson(object({{"place", placeJson(qibla.place)},
-                              {"date", isoDate(qibla.day.date)},
-                              {"qibla", qiblaJson(qibla.day)},
-                              {"compass_bearing", qibla.compass},
-                              {"magnetic_declination", declinationJson(qibla.day)},
-                              {"distance_km", qibla.distanceKm},
-                              {"sun_in_direction", timeJson(qibla.sunTime)}}));
+    session.printJson(
+        object({{"place", placeJson(qibla.place)},
+                {"date", isoDate(qibla.day.date)},
+                {"qibla", qiblaJson(qibla.day)},
+                {"compass_bearing", qibla.compass},
+                {"magnetic_declination", declinationJson(qibla.day)},
+                {"distance_km", qibla.distanceKm},
+                {"kaaba_due", isOnKaabaMeridian(qibla) ? Json(isNorthOfKaaba(qibla) ? "south" : "north") : Json()},
+                {"sun_in_direction", timeJson(qibla.sunTime)}}));
 }
 
 }  // namespace

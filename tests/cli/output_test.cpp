@@ -39,7 +39,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Answer{{"year"}, {"place", "days", "warnings"}},
                     Answer{{"qibla"},
                            {"place", "date", "qibla", "compass_bearing", "magnetic_declination", "distance_km",
-                            "sun_in_direction"}},
+                            "kaaba_due", "sun_in_direction"}},
                     Answer{{"moon"},
                            {"place", "date", "described_at", "phase", "rise", "transit", "set", "illuminated_percent",
                             "waxing", "altitude_at_sunset", "altitude", "azimuth", "elongation", "distance_km",

@@ -105,6 +105,24 @@ TEST(Qibla, IsTheDirectionOfTheKaaba) {
     EXPECT_NEAR(bearing("28.6,77.2"), 266.63, 0.005);
 }
 
+TEST(Qibla, OnTheMeridianOfTheKaabaSaysWhereItLies) {
+    const std::string north = "40,39.81999969482422", south = "-10,39.81999969482422";
+    const Outcome page = Program().run({"qibla", "--city", north});
+    EXPECT_NE(page.out.find("! This place lies on the meridian of the Kaaba."), std::string::npos) << page.out;
+    EXPECT_NE(page.out.find("lies due south."), std::string::npos) << page.out;
+    EXPECT_NE(Program().run({"qibla", "--city", south}).out.find("lies due north."), std::string::npos);
+    EXPECT_EQ(Program().run({"qibla", "--city", north, "--json"}).json()["kaaba_due"], "south");
+    EXPECT_EQ(Program().run({"qibla", "--city", south, "--json"}).json()["kaaba_due"], "north");
+    for (const char* elsewhere : {"40,39.82", "40,39.81", "Berlin", "-10,39.9"}) {
+        EXPECT_EQ(Program().run({"qibla", "--city", elsewhere, "--json"}).json()["kaaba_due"], nullptr) << elsewhere;
+    }
+    for (const char* language : {"tr", "fr", "de"}) {
+        const Outcome other = Program().run({"qibla", "--city", north, "--lang", language});
+        EXPECT_NE(other.out.find("\n! "), std::string::npos) << other.out;
+        for (const std::string& line : other.lines()) EXPECT_LE(widthOf(line), 80) << line;
+    }
+}
+
 TEST(Qibla, OnACompassLessTheDeclination) {
     const json qibla = Program().run({"qibla", "--city", "Ankara", "--json"}).json();
     const double bearing = qibla.at("qibla").at("bearing"), compass = qibla.at("compass_bearing");
