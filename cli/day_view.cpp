@@ -10,7 +10,6 @@
 #include "cli/session.h"
 #include "cli/text_layout.h"
 #include "common/calendar.h"
-#include "data/zone_check.h"
 
 namespace quode::cli {
 namespace {
@@ -29,6 +28,21 @@ std::string withSecondsText(double hours) {
 // A time of the evening before, which no clock text can hold, is brought into the day.
 double shownHours(double hours) {
     return hours < 0.0 ? hours + hoursPerDay : hours;
+}
+
+std::string dayOfMonth(const Texts& texts, int day) {
+    return day == 1 ? std::string(texts.firstOfMonth) : std::to_string(day);
+}
+
+std::string dateText(const Texts& texts, int day, const std::string& month, int year) {
+    return fmt::format(fmt::runtime(texts.date), "", dayOfMonth(texts, day), month, year);
+}
+
+std::string daysText(Session& session, const ZoneDisagreement& problem) {
+    const Texts& texts = session.texts();
+    const std::string first = dayAndMonth(session, problem.first), last = dayAndMonth(session, problem.last);
+    if (problem.days == 1) return fmt::format(fmt::runtime(texts.zoneWarningDay), first);
+    return fmt::format(fmt::runtime(texts.zoneWarningDays), problem.days, first, last);
 }
 
 std::string superscript(std::size_t number) {
@@ -201,13 +215,13 @@ std::vector<std::string> Footnotes::lines() const {
     return lines;
 }
 
-std::vector<std::string> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
-                                      const VAKDate& last) {
+std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
+                                           const VAKDate& last) {
     const auto begin = civilDate(first), end = civilDate(last), present = civilDate(now);
-    std::vector<std::string> problems;
+    std::vector<ZoneDisagreement> problems;
     const auto check = [&](DayRange range) {
         const auto found = checkZone({city.zone, city.rule}, range);
-        if (found && !found->unknownToSystem) problems.push_back(describe(*found));
+        if (found && !found->unknownToSystem) problems.push_back(*found);
     };
     if (!present.ok() || !begin.ok() || !end.ok()) return problems;
     const DayRange coming = twoYearsFrom(present);
@@ -217,14 +231,22 @@ std::vector<std::string> zoneProblems(const CityRecord& city, const VAKDate& now
     return problems;
 }
 
-void printWarnings(Session& session, const std::vector<std::string>& problems) {
-    for (const std::string& problem : problems) {
-        const std::string text = "! " + fmt::format(fmt::runtime(session.texts().zoneWarning), problem);
-        session.print(session.style().warning(text));
+void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems) {
+    for (const ZoneDisagreement& problem : problems) {
+        const std::string text =
+            fmt::format(fmt::runtime(session.texts().zoneWarning), problem.zone, utcOffsetText(problem.storedHours),
+                        utcOffsetText(problem.systemHours), daysText(session, problem));
+        session.print(session.style().warning(wrapped("! " + text, pageWidth, 2)));
     }
 }
 
 void printHowChosen(Session& session, const ChosenPlace& place) {
+Json warningsJson(const std::vector<ZoneDisagreement>& problems) {
+    Json::Array warnings;
+    for (const ZoneDisagreement& problem : problems) warnings.emplace_back(describe(problem));
+    return warnings;
+}
+
     if (place.source != PlaceSource::systemZone && place.source != PlaceSource::fallback) return;
     const Texts& texts = session.texts();
     const std::string_view format =

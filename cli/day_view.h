@@ -11,6 +11,7 @@
 #include "cli/json.h"
 #include "cli/place.h"
 #include "data/city_day.h"
+#include "data/zone_check.h"
 
 namespace quode::cli {
 
@@ -96,13 +97,14 @@ class Footnotes {
     std::vector<std::string> texts_;
 };
 
-/// What is wrong with the stored clock rule of a city, one line for each: in the two years from `now` on, and in a
-/// range of days that is shown.
-std::vector<std::string> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
-                                      const VAKDate& last);
+/// Where the stored clock rule of a city differs from the system's: in the two years from `now` on, and in a range of
+/// days that is shown.
+std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
+                                           const VAKDate& last);
 
 /// Prints these problems as warnings.
-void printWarnings(Session& session, const std::vector<std::string>& problems);
+void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems);
+Json warningsJson(const std::vector<ZoneDisagreement>& problems);
 
 /// Prints how the city was chosen when nobody named it.
 void printHowChosen(Session& session, const ChosenPlace& place);

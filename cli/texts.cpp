@@ -36,7 +36,9 @@ constexpr Texts english{
     .chosenByDefault =
         "{} is shown because this system's time zone, {}, belongs to no city. To choose one: quode city home NAME.",
     .clockOfNearest = "clock of {}, {} km away",
-    .zoneWarning = "Times may be an hour off: {}.",
+    .zoneWarning = "{0}: its stored clock is {1}, that of this system {2}, {3}. The times follow the stored one.",
+    .zoneWarningDay = "on {}",
+    .zoneWarningDays = "on {0} days from {1} to {2}",
     .bearing = "Qibla",
     .compassBearing = "Compass",
     .compassRemark = "on a magnetic compass",
@@ -110,7 +112,9 @@ constexpr Texts turkish{
         "{} gösteriliyor, çünkü bu sistemin saat dilimi ({}) hiçbir şehre ait değil. Seçmek için: quode "
         "city home AD.",
     .clockOfNearest = "{} saatiyle, {} km uzakta",
-    .zoneWarning = "Vakitler bir saat yanlış olabilir: {}.",
+    .zoneWarning = "{0}: kayıtlı saat {1}, bu sisteminki {2} ({3}). Vakitler kayıtlı saate göredir.",
+    .zoneWarningDay = "{}",
+    .zoneWarningDays = "{1} – {2} arasında {0} gün",
     .bearing = "Kıble",
     .compassBearing = "Pusula",
     .compassRemark = "manyetik pusulada",
@@ -188,7 +192,11 @@ constexpr Texts french{
         "{} est affichée parce que le fuseau horaire de ce système, {}, n’a aucune ville. Pour en choisir "
         "une\u00a0: quode city home NOM.",
     .clockOfNearest = "heure de {}, à {} km",
-    .zoneWarning = "Les heures peuvent être décalées d’une heure\u00a0: {}.",
+    .zoneWarning =
+        "{0}\u00a0: l’heure enregistrée est {1}, celle de ce système {2}, {3}. Les heures suivent celle qui est "
+        "enregistrée.",
+    .zoneWarningDay = "le {}",
+    .zoneWarningDays = "pendant {0} jours, du {1} au {2}",
     .bearing = "Qibla",
     .compassBearing = "Boussole",
     .compassRemark = "sur une boussole magnétique",
@@ -267,7 +275,9 @@ constexpr Texts german{
         "{} wird gezeigt, weil zur Zeitzone dieses Systems, {}, keine Stadt gehört. Eine wählen: quode city "
         "home NAME.",
     .clockOfNearest = "Uhr von {}, {} km entfernt",
-    .zoneWarning = "Die Zeiten können eine Stunde falsch sein: {}.",
+    .zoneWarning = "{0}: Gespeichert ist die Uhr {1}, dieses System hat {2}, {3}. Die Zeiten folgen der gespeicherten.",
+    .zoneWarningDay = "am {}",
+    .zoneWarningDays = "an {0} Tagen vom {1} bis {2}",
     .bearing = "Qibla",
     .compassBearing = "Kompass",
     .compassRemark = "auf einem Magnetkompass",

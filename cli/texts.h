@@ -22,7 +22,8 @@ struct Texts {
     std::string_view declination, declinationRemark;
     std::string_view margin, marginValue;
     std::string_view fallbackLatitude, fallbackImsak, fallbackYatsi;
-    std::string_view chosenByZone, chosenByDefault, clockOfNearest, zoneWarning;
+    std::string_view chosenByZone, chosenByDefault, clockOfNearest;
+    std::string_view zoneWarning, zoneWarningDay, zoneWarningDays;
 
     // the qibla
     std::string_view bearing, compassBearing, compassRemark, distance, kaabaDistance, sunInQibla, noSunInQibla;

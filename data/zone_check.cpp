@@ -19,14 +19,15 @@ std::string dateText(year_month_day date) {
     return fmt::format("{:04}-{:02}-{:02}", int(date.year()), unsigned(date.month()), unsigned(date.day()));
 }
 
-// "UTC+5:45", "UTC-8", "UTC+0".
-std::string offsetText(double hours) {
-    const long minutes = std::lround(std::abs(hours) * 60.0);
-    const std::string text = fmt::format("UTC{}{}", hours < 0 ? '-' : '+', minutes / 60);
-    return minutes % 60 == 0 ? text : text + fmt::format(":{:02}", minutes % 60);
-}
-
 }  // namespace
+
+std::string utcOffsetText(double hours) {
+    const long seconds = std::lround(std::abs(hours) * 3600.0);
+    std::string text = fmt::format("UTC{}{}", hours < 0 ? '-' : '+', seconds / 3600);
+    if (seconds % 3600 != 0) text += fmt::format(":{:02}", seconds / 60 % 60);
+    if (seconds % 60 != 0) text += fmt::format(":{:02}", seconds % 60);
+    return text;
+}
 
 DayRange twoYearsFrom(year_month_day first) {
     const std::chrono::sys_days begin(first);
@@ -75,8 +76,8 @@ std::string describe(const ZoneDisagreement& disagreement) {
                                  ? fmt::format("on {}", dateText(disagreement.first))
                                  : fmt::format("on {} days ({} to {})", disagreement.days, dateText(disagreement.first),
                                                dateText(disagreement.last));
-    return fmt::format("{}: stored {}, this system says {} {}", disagreement.zone, offsetText(disagreement.storedHours),
-                       offsetText(disagreement.systemHours), when);
+    return fmt::format("{}: stored {}, this system says {} {}", disagreement.zone,
+                       utcOffsetText(disagreement.storedHours), utcOffsetText(disagreement.systemHours), when);
 }
 
 }  // namespace quode

@@ -44,6 +44,9 @@ std::optional<ZoneDisagreement> checkZone(const StoredZone& zone, DayRange range
 std::vector<ZoneDisagreement> checkZones(std::span<const StoredZone> zones, DayRange range,
                                          const std::filesystem::path& zoneFolder = systemZoneFolder);
 
+/// An offset from Greenwich such as "UTC+5:45"; seconds are told where there are any.
+std::string utcOffsetText(double hours);
+
 /// A disagreement in one line, for example
 /// "America/Vancouver: stored UTC-7, this system says UTC-8 on 127 days (2026-11-21 to 2027-03-13)".
 std::string describe(const ZoneDisagreement& disagreement);

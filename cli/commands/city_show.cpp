@@ -44,13 +44,11 @@ void runShow(Session& session, const Arguments& arguments) {
     const ChosenPlace place = choosePlace(session, arguments.text("CITY").value_or(""));
     const VAKDate present = today(session, siteOf(place.city));
     const auto change = nextClockChange(place.city.rule, civilDate(present));
-    const std::vector<std::string> warnings = zoneProblems(place.city, present, present, present);
+    const std::vector<ZoneDisagreement> warnings = zoneProblems(place.city, present, present, present);
     if (session.wantsJson()) {
-        Json::Array texts;
-        for (const std::string& warning : warnings) texts.emplace_back(warning);
-        session.printJson(
-            object({{"place", placeJson(place)}, {"clock", ruleJson(place.city.rule, change)}, {"warnings", texts}}));
-        return;
+        return session.printJson(object({{"place", placeJson(place)},
+                                         {"clock", ruleJson(place.city.rule, change)},
+                                         {"warnings", warningsJson(warnings)}}));
     }
     printCity(session, place, change);
     if (!warnings.empty()) session.print();

@@ -17,7 +17,7 @@ struct Timetable {
     Site site;
     VAKDate today;
     std::vector<Month> months;
-    std::vector<std::string> warnings;
+    std::vector<ZoneDisagreement> warnings;
     int lastCode = lastMainPrayer;  ///< the last prayer that has a column in the table
 };
 
@@ -242,9 +242,8 @@ void printJson(Session& session, const Timetable& table) {
             days.push_back(dayJson(session, computeCityDay(table.site, date)));
         }
     }
-    Json::Array warnings;
-    for (const std::string& warning : table.warnings) warnings.emplace_back(warning);
-    session.printJson(object({{"place", placeJson(table.place)}, {"days", days}, {"warnings", warnings}}));
+    session.printJson(
+        object({{"place", placeJson(table.place)}, {"days", days}, {"warnings", warningsJson(table.warnings)}}));
 }
 
 void print(Session& session, const Arguments& arguments, Timetable table) {

@@ -28,7 +28,7 @@ struct DayPage {
     std::optional<NextPrayer> next;  ///< only on the page of today
     std::optional<ClockChange> change;
     double marginHours = 0.0;
-    std::vector<std::string> warnings;
+    std::vector<ZoneDisagreement> warnings;
     bool withSeconds = false;
 };
 
@@ -237,7 +237,7 @@ Json pageJson(Session& session, const DayPage& page) {
                    {"margin", object({{"minutes", page.marginHours * 60.0}, {"height_metres", marginHeight(page)}})},
                    {"rounding", "31 seconds and more round the minute up"},
                    {"computed_latitude", computedLatitude(page.day.times)},
-                   {"warnings", warnings}});
+                   {"warnings", warningsJson(page.warnings)}});
 }
 
 void runToday(Session& session, const Arguments& arguments) {

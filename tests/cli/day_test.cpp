@@ -153,10 +153,49 @@ TEST(Day, ShowsSecondsOnRequest) {
 TEST(Day, WarnsWhenTheSystemKnowsAnotherClock) {
     // Turkey put its clocks forward in the summer of 2010; the rule of today knows nothing of that.
     const Outcome run = Program().run({"--city", "Ankara", "--date", "2010-01-15"});
-    EXPECT_NE(run.out.find("Times may be an hour off: Europe/Istanbul: stored UTC+3, this system says UTC+2"),
+    EXPECT_NE(run.out.find("\n! Europe/Istanbul: its stored clock is UTC+3, that of this system UTC+2, on 15\n"
+                           "  January 2010. The times follow the stored one.\n"),
               std::string::npos)
         << run.out;
-    EXPECT_EQ(Program().run({"--city", "Ankara", "--date", "2026-01-15"}).out.find("an hour off"), std::string::npos);
+    EXPECT_EQ(Program().run({"--city", "Ankara", "--date", "2026-01-15"}).out.find("stored"), std::string::npos);
+}
+
+TEST(Day, WarnsOfAnotherClockInEachLanguage) {
+    const std::vector<std::pair<const char*, const char*>> warnings{
+        {"tr", "! Europe/Istanbul: kayıtlı saat UTC+3, bu sisteminki UTC+2 (15 Ocak 2010).\n  Vakitler"},
+        {"fr",
+         "! Europe/Istanbul\u00a0: l’heure enregistrée est UTC+3, celle de ce système UTC+2,\n  le 15 janvier 2010."},
+        {"de", "! Europe/Istanbul: Gespeichert ist die Uhr UTC+3, dieses System hat UTC+2, am"},
+    };
+    for (const auto& [language, warning] : warnings) {
+        const Outcome run = Program().run({"--city", "Ankara", "--date", "2010-01-15", "--lang", language});
+        EXPECT_NE(run.out.find(warning), std::string::npos) << run.out;
+        EXPECT_EQ(run.out.find("stored"), std::string::npos) << run.out;
+        for (const std::string& line : run.lines()) EXPECT_LE(widthOf(line), 80) << line;
+    }
+}
+
+TEST(Day, TellsTheSecondsOfAnOldClock) {
+    const Outcome run = Program().run({"--city", "Istanbul", "--date", "1890-01-15"});
+    EXPECT_NE(run.out.find("that of this system UTC+1:56:56"), std::string::npos) << run.out;
+}
+
+TEST(Day, WritesDatesAndNumbersAsEachLanguageDoes) {
+    const auto page = [](const char* language, const char* date) {
+        return Program().run({"--city", "Berlin", "--lang", language, "--date", date}).out;
+    };
+    EXPECT_NE(page("de", "2026-11-21").find("\nSamstag, 21. November 2026\n12. Dschumada ath-Thaniya 1448"),
+              std::string::npos);
+    EXPECT_NE(page("tr", "2026-11-21").find("\n21 Kasım 2026 Cumartesi\n12 Cemaziyelahir 1448"), std::string::npos);
+    EXPECT_NE(page("fr", "2027-01-01").find("\nvendredi 1er janvier 2027\n"), std::string::npos);
+    EXPECT_NE(page("fr", "2026-11-11").find("\nmercredi 11 novembre 2026\n"), std::string::npos);
+    EXPECT_NE(page("en", "2027-01-01").find("\nFriday 1 January 2027\n"), std::string::npos);
+    EXPECT_NE(page("de", "2026-11-21").find("Uhr vor am 28. März 2027"), std::string::npos);
+    for (const char* language : {"tr", "fr", "de"}) {
+        EXPECT_NE(page(language, "2026-11-21").find("52,5244° N  13,4105° E"), std::string::npos) << language;
+        EXPECT_NE(page(language, "2026-11-21").find("+5,0°"), std::string::npos) << language;
+    }
+    EXPECT_NE(page("en", "2026-11-21").find("+5.0°"), std::string::npos);
 }
 
 TEST(Day, FitsATerminalInEveryLanguage) {

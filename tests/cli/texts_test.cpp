@@ -17,8 +17,9 @@ std::span<const std::string_view> all(const Texts& texts) {
     return {reinterpret_cast<const std::string_view*>(&texts), sizeof(Texts) / sizeof(std::string_view)};
 }
 
-std::string placeholders(std::string_view text) {
-    std::string found;
+/// Numbered ones may stand in another order.
+std::multiset<std::string> placeholders(std::string_view text) {
+    std::multiset<std::string> found;
     for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
         found += text.substr(at, text.find('}', at) - at + 1);
     }
