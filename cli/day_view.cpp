@@ -100,13 +100,14 @@ VAKDate today(Session& session, const Site& site) {
 }
 
 std::string longDate(Session& session, const VAKDate& date) {
-    return fmt::format("{} {} {} {}", session.texts().weekdays.at(static_cast<std::size_t>(weekdayOf(date))), date.Days,
-                       session.monthName(date.Months), date.Years);
+    const Texts& texts = session.texts();
+    return fmt::format(fmt::runtime(texts.longDate), texts.weekdays.at(static_cast<std::size_t>(weekdayOf(date))),
+                       dayOfMonth(texts, date.Days), session.monthName(date.Months), date.Years);
 }
 
 std::string dayAndMonth(Session& session, std::chrono::year_month_day date) {
-    return fmt::format("{} {} {}", unsigned(date.day()), session.monthName(static_cast<int>(unsigned(date.month()))),
-                       int(date.year()));
+    const int day = static_cast<int>(unsigned(date.day())), month = static_cast<int>(unsigned(date.month()));
+    return dateText(session.texts(), day, session.monthName(month), int(date.year()));
 }
 
 std::optional<VAKDate> hijriByTable(const VAKDate& date) {
@@ -116,7 +117,7 @@ std::optional<VAKDate> hijriByTable(const VAKDate& date) {
 }
 
 std::string hijriText(Session& session, const VAKDate& hijri) {
-    return fmt::format("{} {} {}", hijri.Days, session.hijriMonth(hijri.Months), hijri.Years);
+    return dateText(session.texts(), hijri.Days, session.hijriMonth(hijri.Months), hijri.Years);
 }
 
 Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char* calendar) {
@@ -182,8 +183,8 @@ std::optional<double> computedLatitude(const PrayTimes& times) {
 }
 
 std::string latitudeNote(Session& session, double lowest, double highest) {
-    const auto text = [](double latitude) {
-        return fmt::format("{:.1f}° {}", std::abs(latitude), latitude < 0.0 ? 'S' : 'N');
+    const auto text = [&session](double latitude) {
+        return fmt::format("{}° {}", decimal(session.texts(), std::abs(latitude), 1), latitude < 0.0 ? 'S' : 'N');
     };
     const std::string latitudes = lowest == highest ? text(lowest) : text(lowest) + " – " + text(highest);
     return fmt::format(fmt::runtime(session.texts().fallbackLatitude), latitudes);
@@ -240,13 +241,13 @@ void printWarnings(Session& session, const std::vector<ZoneDisagreement>& proble
     }
 }
 
-void printHowChosen(Session& session, const ChosenPlace& place) {
 Json warningsJson(const std::vector<ZoneDisagreement>& problems) {
     Json::Array warnings;
     for (const ZoneDisagreement& problem : problems) warnings.emplace_back(describe(problem));
     return warnings;
 }
 
+void printHowChosen(Session& session, const ChosenPlace& place) {
     if (place.source != PlaceSource::systemZone && place.source != PlaceSource::fallback) return;
     const Texts& texts = session.texts();
     const std::string_view format =

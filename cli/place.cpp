@@ -45,7 +45,7 @@ ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
     place.nearest = cities.nearest(point.latitude, point.longitude);
     if (!place.nearest) throw Failure(ExitCode::notFound, "There is no city whose clock could be used there.");
     const CityRecord& nearest = place.nearest->city;
-    place.city.name = coordinatesText(point.latitude, point.longitude);
+    place.city.name = coordinatesText(textsOf(languageEnglish), point.latitude, point.longitude);  // also in JSON
     place.city.latitude = point.latitude;
     place.city.longitude = point.longitude;
     place.city.zone = nearest.zone;
@@ -163,11 +163,12 @@ void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates
     if (place.nearest) {
         const std::string clock = fmt::format(fmt::runtime(session.texts().clockOfNearest), place.nearest->city.name,
                                               std::lround(place.nearest->distanceKm));
-        session.print(style.strong(city.name) + "  " + style.dim(clock));
+        const std::string coordinates = coordinatesText(session.texts(), city.latitude, city.longitude);
+        session.print(style.strong(coordinates) + "  " + style.dim(clock));
         return;
     }
     const std::string where = regionAndCountry(session, city);
-    const std::string coordinates = coordinatesText(city.latitude, city.longitude);
+    const std::string coordinates = coordinatesText(session.texts(), city.latitude, city.longitude);
     const int used = displayWidth(city.name) + 2 + displayWidth(where);
     if (!withCoordinates) return session.print(style.strong(city.name) + "  " + where);
     const bool fits = used + 2 + displayWidth(coordinates) <= pageWidth;
@@ -176,9 +177,9 @@ void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates
     if (!fits) session.print(style.dim(coordinates));
 }
 
-std::string coordinatesText(double latitude, double longitude) {
-    return fmt::format("{:.4f}° {}  {:.4f}° {}", std::abs(latitude), latitude < 0.0 ? 'S' : 'N', std::abs(longitude),
-                       longitude < 0.0 ? 'W' : 'E');
+std::string coordinatesText(const Texts& texts, double latitude, double longitude) {
+    return fmt::format("{}° {}  {}° {}", decimal(texts, std::abs(latitude), 4), latitude < 0.0 ? 'S' : 'N',
+                       decimal(texts, std::abs(longitude), 4), longitude < 0.0 ? 'W' : 'E');
 }
 
 Json cityJson(const CityRecord& city) {

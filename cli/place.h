@@ -10,6 +10,7 @@
 namespace quode::cli {
 
 class Session;
+struct Texts;
 
 /// Why a place is shown.
 enum class PlaceSource {
@@ -40,7 +41,7 @@ std::string fullName(Session& session, const CityRecord& city);
 void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates = false);
 
 /// "41.0138° N  28.9497° E".
-std::string coordinatesText(double latitude, double longitude);
+std::string coordinatesText(const Texts& texts, double latitude, double longitude);
 
 Json placeJson(const ChosenPlace& place);
 Json cityJson(const CityRecord& city);

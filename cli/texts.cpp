@@ -1,5 +1,7 @@
 #include "cli/texts.h"
 
+#include <fmt/format.h>
+
 #include "common/LanguagePack.h"
 
 namespace quode::cli {
@@ -8,6 +10,10 @@ namespace {
 constexpr Texts english{
     .weekdays = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"},
     .weekdaysShort = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"},
+    .longDate = "{0} {1} {2} {3}",
+    .date = "{1} {2} {3}",
+    .firstOfMonth = "1",
+    .decimalMark = ".",
     .hoursMinutes = "{} h {} min",
     .minutes = "{} min",
     .in = "in {}",
@@ -46,6 +52,11 @@ constexpr Texts english{
     .kaabaDistance = "to the Kaaba",
     .sunInQibla = "the Sun stands in this direction",
     .noSunInQibla = "the Sun is never in this direction that day",
+    .kaabaMeridian =
+        "This place lies on the meridian of the Kaaba. The formula gives 0° on both sides of it; the Kaaba lies due "
+        "{}.",
+    .dueNorth = "north",
+    .dueSouth = "south",
     .sunrise = "Sunrise",
     .sunset = "Sunset",
     .moonrise = "Moonrise",
@@ -54,19 +65,14 @@ constexpr Texts english{
     .moonPhases = {"New Moon", "Waxing crescent", "First quarter", "Waxing gibbous", "Full Moon", "Waning gibbous",
                    "Last quarter", "Waning crescent"},
     .transit = "Transit",
-    .kaabaMeridian =
-        "This place lies on the meridian of the Kaaba. The formula gives 0° on both sides of it; the Kaaba lies due "
-        "{}.",
-    .dueNorth = "north",
-    .dueSouth = "south",
     .illuminated = "Illuminated",
     .waxing = "waxing",
     .waning = "waning",
     .elongation = "Elongation",
     .age = "Age",
-    .ageValue = "{:.1f} days",
+    .ageValue = "{} days",
     .nextNewMoon = "New Moon",
-    .nextNewMoonValue = "in {:.1f} days",
+    .nextNewMoonValue = "in {} days",
     .litRight = "lit on the right",
     .litLeft = "lit on the left",
     .notLit = "not lit",
@@ -85,6 +91,10 @@ constexpr Texts english{
 constexpr Texts turkish{
     .weekdays = {"Pazar", "Pazartesi", "Salı", "Çarşamba", "Perşembe", "Cuma", "Cumartesi"},
     .weekdaysShort = {"Paz", "Pzt", "Sal", "Çar", "Per", "Cum", "Cmt"},
+    .longDate = "{1} {2} {3} {0}",
+    .date = "{1} {2} {3}",
+    .firstOfMonth = "1",
+    .decimalMark = ",",
     .hoursMinutes = "{} sa {} dk",
     .minutes = "{} dk",
     .in = "{} sonra",
@@ -122,6 +132,9 @@ constexpr Texts turkish{
     .kaabaDistance = "Kâbe’ye",
     .sunInQibla = "güneş kıble yönünde",
     .noSunInQibla = "güneş o gün kıble yönüne gelmez",
+    .kaabaMeridian = "Burası Kâbe’nin boylamındadır. Formül iki yanda da 0° verir; Kâbe tam {} yönündedir.",
+    .dueNorth = "kuzey",
+    .dueSouth = "güney",
     .sunrise = "Güneşin doğuşu",
     .sunset = "Güneşin batışı",
     .moonrise = "Ayın doğuşu",
@@ -135,12 +148,9 @@ constexpr Texts turkish{
     .waning = "küçülüyor",
     .elongation = "Uzanım",
     .age = "Yaş",
-    .ageValue = "{:.1f} gün",
-    .kaabaMeridian = "Burası Kâbe’nin boylamındadır. Formül iki yanda da 0° verir; Kâbe tam {} yönündedir.",
-    .dueNorth = "kuzey",
-    .dueSouth = "güney",
+    .ageValue = "{} gün",
     .nextNewMoon = "Yeni ay",
-    .nextNewMoonValue = "{:.1f} gün sonra",
+    .nextNewMoonValue = "{} gün sonra",
     .litRight = "sağ yanı aydınlık",
     .litLeft = "sol yanı aydınlık",
     .notLit = "karanlık",
@@ -159,6 +169,10 @@ constexpr Texts turkish{
 constexpr Texts french{
     .weekdays = {"dimanche", "lundi", "mardi", "mercredi", "jeudi", "vendredi", "samedi"},
     .weekdaysShort = {"dim", "lun", "mar", "mer", "jeu", "ven", "sam"},
+    .longDate = "{0} {1} {2} {3}",
+    .date = "{1} {2} {3}",
+    .firstOfMonth = "1er",
+    .decimalMark = ",",
     .hoursMinutes = "{} h {} min",
     .minutes = "{} min",
     .in = "dans {}",
@@ -204,6 +218,10 @@ constexpr Texts french{
     .kaabaDistance = "jusqu’à la Kaaba",
     .sunInQibla = "le Soleil est dans cette direction",
     .noSunInQibla = "le Soleil n’y passe pas ce jour-là",
+    .kaabaMeridian =
+        "Ce lieu est sur le méridien de la Kaaba. La formule y donne 0° des deux côtés\u00a0; la Kaaba est plein {}.",
+    .dueNorth = "nord",
+    .dueSouth = "sud",
     .sunrise = "Lever du Soleil",
     .sunset = "Coucher du Soleil",
     .moonrise = "Lever de la Lune",
@@ -217,19 +235,15 @@ constexpr Texts french{
     .waning = "décroissante",
     .elongation = "Élongation",
     .age = "Âge",
-    .ageValue = "{:.1f} jours",
+    .ageValue = "{} jours",
     .nextNewMoon = "Nouvelle Lune",
-    .nextNewMoonValue = "dans {:.1f} jours",
+    .nextNewMoonValue = "dans {} jours",
     .litRight = "éclairée à droite",
     .litLeft = "éclairée à gauche",
     .notLit = "non éclairée",
     .fullyLit = "entièrement éclairée",
     .gregorian = "Grégorien",
     .julian = "Julien",
-    .kaabaMeridian =
-        "Ce lieu est sur le méridien de la Kaaba. La formule y donne 0° des deux côtés\u00a0; la Kaaba est plein {}.",
-    .dueNorth = "nord",
-    .dueSouth = "sud",
     .rumi = "Rumi",
     .season = "Saison",
     .summerSeason = "jour {} du semestre d’été, depuis le 6 mai",
@@ -242,6 +256,10 @@ constexpr Texts french{
 constexpr Texts german{
     .weekdays = {"Sonntag", "Montag", "Dienstag", "Mittwoch", "Donnerstag", "Freitag", "Samstag"},
     .weekdaysShort = {"So", "Mo", "Di", "Mi", "Do", "Fr", "Sa"},
+    .longDate = "{0}, {1}. {2} {3}",
+    .date = "{1}. {2} {3}",
+    .firstOfMonth = "1",
+    .decimalMark = ",",
     .hoursMinutes = "{} Std. {} Min.",
     .minutes = "{} Min.",
     .in = "in {}",
@@ -285,6 +303,11 @@ constexpr Texts german{
     .kaabaDistance = "bis zur Kaaba",
     .sunInQibla = "steht die Sonne in dieser Richtung",
     .noSunInQibla = "die Sonne steht an diesem Tag nicht dort",
+    .kaabaMeridian =
+        "Dieser Ort liegt auf dem Meridian der Kaaba. Die Formel gibt auf beiden Seiten 0°; die Kaaba liegt genau im "
+        "{}.",
+    .dueNorth = "Norden",
+    .dueSouth = "Süden",
     .sunrise = "Sonnenaufgang",
     .sunset = "Sonnenuntergang",
     .moonrise = "Mondaufgang",
@@ -298,9 +321,9 @@ constexpr Texts german{
     .waning = "abnehmend",
     .elongation = "Elongation",
     .age = "Alter",
-    .ageValue = "{:.1f} Tage",
+    .ageValue = "{} Tage",
     .nextNewMoon = "Neumond",
-    .nextNewMoonValue = "in {:.1f} Tagen",
+    .nextNewMoonValue = "in {} Tagen",
     .litRight = "rechts beleuchtet",
     .litLeft = "links beleuchtet",
     .notLit = "unbeleuchtet",
@@ -313,11 +336,6 @@ constexpr Texts german{
     .winterSeason = "Tag {} des Winterhalbjahres, ab 8. November",
     .coordinates = "Koordinaten",
     .elevation = "Höhe",
-    .kaabaMeridian =
-        "Dieser Ort liegt auf dem Meridian der Kaaba. Die Formel gibt auf beiden Seiten 0°; die Kaaba liegt genau im "
-        "{}.",
-    .dueNorth = "Norden",
-    .dueSouth = "Süden",
     .population = "Einwohner",
 };
 
@@ -334,6 +352,12 @@ const Texts& textsOf(int languageId) {
         default:
             return english;
     }
+}
+
+std::string decimal(const Texts& texts, double value, int places, bool withSign) {
+    std::string text = withSign ? fmt::format("{:+.{}f}", value, places) : fmt::format("{:.{}f}", value, places);
+    if (places > 0) text.replace(text.find('.'), 1, texts.decimalMark);
+    return text;
 }
 
 std::string_view rumiMonth(int month) {

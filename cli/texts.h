@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace quode::cli {
@@ -10,6 +11,11 @@ namespace quode::cli {
 struct Texts {
     std::array<std::string_view, 7> weekdays;       ///< from Sunday
     std::array<std::string_view, 7> weekdaysShort;  ///< from Sunday
+
+    /// 0: the weekday, 1: the day, 2: the month, 3: the year
+    std::string_view longDate, date;
+    std::string_view firstOfMonth;  ///< how the day is written that begins a month
+    std::string_view decimalMark;
 
     // durations
     std::string_view hoursMinutes, minutes, in;
@@ -27,6 +33,7 @@ struct Texts {
 
     // the qibla
     std::string_view bearing, compassBearing, compassRemark, distance, kaabaDistance, sunInQibla, noSunInQibla;
+    std::string_view kaabaMeridian, dueNorth, dueSouth;
 
     // the sky and the Moon
     std::string_view sunrise, sunset, moonrise, moonset, moonAtSunset;
@@ -34,7 +41,6 @@ struct Texts {
     std::string_view transit, illuminated, waxing, waning, elongation, age, ageValue, nextNewMoon, nextNewMoonValue;
     std::string_view litRight, litLeft, notLit, fullyLit;
 
-    std::string_view kaabaMeridian, dueNorth, dueSouth;
     // calendars
     std::string_view gregorian, julian, rumi, season, summerSeason, winterSeason;
 
@@ -44,6 +50,9 @@ struct Texts {
 
 /// The words of a language by the id of "common/LanguagePack.h"; an unknown id reads as English.
 const Texts& textsOf(int languageId);
+
+/// A number with a fixed count of decimals, as a language writes it.
+std::string decimal(const Texts& texts, double value, int places, bool withSign = false);
 
 /// The months of the Rumi calendar, the first being March.
 std::string_view rumiMonth(int month);

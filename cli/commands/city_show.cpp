@@ -27,7 +27,7 @@ void printCity(Session& session, const ChosenPlace& place, std::optional<ClockCh
         table.add({std::string(label), std::move(value)});
     };
     if (city.id != 0) add("ID", std::to_string(city.id));
-    add(texts.coordinates, coordinatesText(city.latitude, city.longitude));
+    add(texts.coordinates, coordinatesText(texts, city.latitude, city.longitude));
     if (city.elevation) add(texts.elevation, fmt::format("{} m", *city.elevation));
     if (city.population > 0) add(texts.population, std::to_string(city.population));
     const std::string clock = city.zone + "  " + formatting::GetGMTValueStr(false, city.rule.gmt);

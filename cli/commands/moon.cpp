@@ -112,10 +112,10 @@ std::vector<std::string> moonFacts(Session& session, const MoonPage& page) {
     add(texts.illuminated,
         fmt::format("{:.0f} %, {}", page.info.IlluminatedFraction, page.info.BrightInc ? texts.waxing : texts.waning));
     add(texts.moonAtSunset, altitude == missingMoonTime ? "--:--" : formatting::getDegMinStrWithMinusPlus(altitude));
-    add(texts.elongation, fmt::format("{:.1f}°", page.info.Elongation));
+    add(texts.elongation, decimal(texts, page.info.Elongation, 1) + "°");
     add(texts.distance, fmt::format("{:.0f} km", page.info.Distance));
-    add(texts.age, fmt::format(fmt::runtime(texts.ageValue), page.age.sinceNewMoon));
-    add(texts.nextNewMoon, fmt::format(fmt::runtime(texts.nextNewMoonValue), page.age.toNewMoon));
+    add(texts.age, fmt::format(fmt::runtime(texts.ageValue), decimal(texts, page.age.sinceNewMoon, 1)));
+    add(texts.nextNewMoon, fmt::format(fmt::runtime(texts.nextNewMoonValue), decimal(texts, page.age.toNewMoon, 1)));
     return table.lines();
 }
 

@@ -69,8 +69,8 @@ void printQibla(Session& session, const Qibla& qibla) {
         table.add({std::string(label), std::move(value), std::string(remark)});
     };
     add(texts.bearing, formatting::getQiblaAngleStr(qibla.day.kible.K), texts.fromNorth);
-    add(texts.compassBearing, fmt::format("{:.1f}°", qibla.compass), texts.compassRemark);
-    add(texts.declination, fmt::format("{:+.1f}°", qibla.day.declination),
+    add(texts.compassBearing, decimal(texts, qibla.compass, 1) + "°", texts.compassRemark);
+    add(texts.declination, decimal(texts, qibla.day.declination, 1, true) + "°",
         fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
     const bool hasTime = qibla.sunTime != missingTime;
     add(session.caption(1000), hasTime ? clockText(session, qibla.sunTime) : "--:--",

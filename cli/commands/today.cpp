@@ -165,7 +165,7 @@ void printFacts(Session& session, const DayPage& page) {
     add(session.caption(zoneCaption), formatting::GetGMTValueStr(page.day.isDSTTime, page.day.GMTValue),
         zoneRemark(session, page));
     add(session.caption(qiblaCaption), formatting::getQiblaAngleStr(page.day.kible.K), std::string(texts.fromNorth));
-    add(std::string(texts.declination), fmt::format("{:+.1f}°", page.day.declination),
+    add(std::string(texts.declination), decimal(texts, page.day.declination, 1, true) + "°",
         fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
     for (const std::string& line : table.lines()) session.print("   " + line);
 }
@@ -220,8 +220,6 @@ Json zoneJson(const DayPage& page) {
 }
 
 Json pageJson(Session& session, const DayPage& page) {
-    Json::Array warnings;
-    for (const std::string& warning : page.warnings) warnings.emplace_back(warning);
     const Json next = page.next ? nextPrayerJson(session, *page.next) : Json();
     return object({{"place", placeJson(page.place)},
                    {"date", isoDate(page.day.date)},

@@ -49,6 +49,17 @@ INSTANTIATE_TEST_SUITE_P(
                     Answer{{"calendar"}, {"date", "calendar", "weekday", "hijri", "rumi", "season"}},
                     Answer{{"city", "search", "Ankara"}, {"cities"}},
                     Answer{{"city", "show", "Ankara"}, {"place", "clock", "warnings"}},
+                    Answer{{"city", "list"}, {"cities"}}, Answer{{"city", "add", "Ankara"}, {"cities"}},
+                    Answer{{"city", "home", "Ankara"}, {"cities"}},
+                    Answer{{"alarm", "list"}, {"city", "alarms", "ringer"}},
+                    Answer{{"alarm", "set", "1", "--offset", "-5"}, {"city", "alarms", "ringer"}},
+                    Answer{{"alarm", "on", "all"}, {"city", "alarms", "ringer"}},
+                    Answer{{"alarm", "off", "6"}, {"city", "alarms", "ringer"}},
+                    Answer{{"alarm", "upcoming"}, {"city", "rings", "ringer"}}, Answer{{"settings"}, {"settings"}},
+                    Answer{{"settings", "calendar", "vdir"}, {"settings"}},
+                    Answer{{"calendar", "connect", "evolution"}, {"connected", "description", "ringer"}},
+                    Answer{{"calendar", "disconnect"}, {"connected", "description", "ringer"}},
+                    Answer{{"doctor"}, {"ok", "checks"}},
                     Answer{{"doctor", "zones"}, {"first", "last", "zones", "disagreements"}}));
 
 TEST(JsonOutput, TellsTimesWith24HoursInEveryLocale) {

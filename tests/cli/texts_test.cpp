@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <set>
 #include <span>
 
 #include "common/LanguagePack.h"
@@ -21,7 +21,7 @@ std::span<const std::string_view> all(const Texts& texts) {
 std::multiset<std::string> placeholders(std::string_view text) {
     std::multiset<std::string> found;
     for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
-        found += text.substr(at, text.find('}', at) - at + 1);
+        found.emplace(text.substr(at, text.find('}', at) - at + 1));
     }
     return found;
 }
@@ -40,6 +40,14 @@ TEST(Texts, AreThereInEveryLanguageWithTheSamePlaceholders) {
 
 TEST(Texts, OfAnUnknownLanguageAreEnglish) {
     EXPECT_EQ(textsOf(17).weekdays[0], "Sunday");
+}
+
+TEST(Decimal, IsWrittenAsTheLanguageDoes) {
+    EXPECT_EQ(decimal(textsOf(languageEnglish), 3.25, 2), "3.25");
+    EXPECT_EQ(decimal(textsOf(languageGerman), 3.25, 2), "3,25");
+    EXPECT_EQ(decimal(textsOf(languageFrench), 3.26, 1, true), "+3,3");
+    EXPECT_EQ(decimal(textsOf(languageTurkish), -3.26, 1, true), "-3,3");
+    EXPECT_EQ(decimal(textsOf(languageGerman), 3.25, 0), "3");
 }
 
 TEST(RumiMonths, BeginWithMarch) {
