@@ -280,7 +280,7 @@ Finding checkZoneRules(Session& session, const Known& known) {
         found.text = names.empty() ? "no city to compare the clock of" : names + " as in this system's zone data";
         return found;
     }
-    found.text = found.state == State::problem ? "times may be an hour off" : "not to be compared";
+    found.text = found.state == State::problem ? "a stored clock differs from this system's" : "not to be compared";
     if (found.state == State::ok) found.state = State::note;
     found.advice = problems + ". Bring Quode and the system's zone data (tzdata) up to date.";
     return found;

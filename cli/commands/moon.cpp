@@ -110,7 +110,8 @@ std::vector<std::string> moonFacts(Session& session, const MoonPage& page) {
     add(texts.transit, skyClockText(session, page.transit));
     add(texts.moonset, skyClockText(session, page.day.sky.MoonSet));
     add(texts.illuminated,
-        fmt::format("{:.0f} %, {}", page.info.IlluminatedFraction, page.info.BrightInc ? texts.waxing : texts.waning));
+        fmt::format(fmt::runtime(texts.illuminatedValue), decimal(texts, page.info.IlluminatedFraction, 0),
+                    page.info.BrightInc ? texts.waxing : texts.waning));
     add(texts.moonAtSunset, altitude == missingMoonTime ? "--:--" : formatting::getDegMinStrWithMinusPlus(altitude));
     add(texts.elongation, decimal(texts, page.info.Elongation, 1) + "°");
     add(texts.distance, fmt::format("{:.0f} km", page.info.Distance));

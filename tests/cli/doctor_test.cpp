@@ -96,6 +96,19 @@ TEST(Doctor, FindsAHomeThatIsGone) {
     EXPECT_NE(today.err.find("Choose another one: quode city home NAME"), std::string::npos) << today.err;
 }
 
+TEST(Doctor, FindsAHomeWhoseClockThisSystemTellsOtherwise) {
+    const Program program;
+    const json zones = program.run({"doctor", "zones", "--json"}).json()["disagreements"];
+    if (zones.empty() || zones[0]["unknown_to_system"]) GTEST_SKIP() << "this system's zone data agree";
+    const std::string zone = zones[0]["zone"];
+    program.run({"city", "home", "10,10", "--name", "Here", "--zone", zone});
+    const json check = checkOf(program, "zone_rules");
+    EXPECT_EQ(check["state"], "problem");
+    EXPECT_EQ(check["text"], "a stored clock differs from this system's");
+    EXPECT_NE(check["advice"].get<std::string>().find(zone + ": stored UTC"), std::string::npos) << check;
+    EXPECT_NE(check["advice"].get<std::string>().find("(tzdata) up to date"), std::string::npos) << check;
+}
+
 // --- the desktop
 
 TEST(Desktop, WithoutABusIsToldAtOnce) {

@@ -57,6 +57,18 @@ TEST(Moon, IsToldInWordsWhereNothingCanBeDrawn) {
     EXPECT_NE(Program().run({"moon", "--city", "Sydney"}).out.find("lit on the left"), std::string::npos);
 }
 
+TEST(Moon, WritesItsNumbersAsEachLanguageDoes) {
+    const auto page = [](const char* language) {
+        return Program().run({"moon", "--city", "Berlin", "--date", "2026-11-21", "--lang", language}).out;
+    };
+    EXPECT_NE(page("en").find("85 %, waxing"), std::string::npos) << page("en");
+    EXPECT_NE(page("tr").find("%85, büyüyor"), std::string::npos) << page("tr");
+    EXPECT_NE(page("fr").find("85\u00a0%, croissante"), std::string::npos) << page("fr");
+    EXPECT_NE(page("de").find(",4°\n"), std::string::npos) << page("de");
+    EXPECT_NE(page("de").find(" Tage\n"), std::string::npos);
+    EXPECT_EQ(page("de").find("3.4°"), std::string::npos) << page("de");
+}
+
 TEST(Moon, CarriesTheNameOfAPhaseOnItsDay) {
     const auto phase = [](const char* date) {
         return Program().run({"moon", "--city", "London", "--date", date, "--json"}).json().at("phase").at("key");
