@@ -51,6 +51,14 @@ TEST(ZoneCheck, ASingleDayIsNamedAlone) {
     EXPECT_EQ(describe(*found), "Europe/Berlin: stored UTC+1, this system says UTC+1:30 on 2027-01-05");
 }
 
+TEST(ZoneCheck, WritesAnOffsetAsExactlyAsItIs) {
+    EXPECT_EQ(utcOffsetText(0.0), "UTC+0");
+    EXPECT_EQ(utcOffsetText(5.75), "UTC+5:45");
+    EXPECT_EQ(utcOffsetText(-3.5), "UTC-3:30");
+    EXPECT_EQ(utcOffsetText(1.0 + 56.0 / 60.0 + 56.0 / 3600.0), "UTC+1:56:56");
+    EXPECT_EQ(utcOffsetText(2.0 - 1.0 / 3600.0), "UTC+1:59:59");
+}
+
 TEST(ZoneCheck, LooksOnlyAtTheRange) {
     const test::TemporaryFolder folder;
     test::writeFile(folder, "America/Vancouver", tzif(-28800, {}, "PST8PDT,M3.2.0,M11.1.0"));
