@@ -38,7 +38,8 @@ struct Texts {
     // the sky and the Moon
     std::string_view sunrise, sunset, moonrise, moonset, moonAtSunset;
     std::array<std::string_view, 8> moonPhases;  ///< new, waxing crescent, first quarter ... waning crescent
-    std::string_view transit, illuminated, illuminatedValue, waxing, waning, elongation, age, ageValue, nextNewMoon, nextNewMoonValue;
+    std::string_view transit, illuminated, illuminatedValue, waxing, waning, elongation, age, ageValue, nextNewMoon,
+        nextNewMoonValue;
     std::string_view litRight, litLeft, notLit, fullyLit;
 
     // calendars
