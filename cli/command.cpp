@@ -22,11 +22,15 @@ Parameter formatParameter() {
     return parameter;
 }
 
+Parameter languageParameter() {
+    Parameter parameter{Parameter::Kind::option, "lang", "LANGUAGE", "The language: tr, en, fr or de"};
+    parameter.choices = {"tr", "en", "fr", "de"};
+    return parameter;
+}
+
 std::vector<Parameter> commonParameters() {
-    Parameter language{Parameter::Kind::option, "lang", "LANGUAGE", "The language: tr, en, fr or de"};
-    language.choices = {"tr", "en", "fr", "de"};
     return {{Parameter::Kind::toggle, "json", "", "Print JSON"},
-            language,
+            languageParameter(),
             {Parameter::Kind::toggle, "no-color", "", "Print without colours"}};
 }
 

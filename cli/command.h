@@ -59,6 +59,7 @@ struct Command {
 Parameter cityParameter();
 Parameter dateParameter();
 Parameter formatParameter();
+Parameter languageParameter();
 
 /// The parameters that every command has.
 std::vector<Parameter> commonParameters();

@@ -104,14 +104,14 @@ Arguments argumentsOf(const Slots& slots) {
 /// The parser for a set of commands, with the values it fills.
 class Parser {
   public:
-    Parser(const std::vector<Command>& commands, const Command& defaultCommand)
-        : common_(commonParameters()), app_(description, "quode") {
+    Parser(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand)
+        : common_(program.parameters), app_(program.description, program.name) {
         prepare(app_);
-        version_ = app_.add_flag("--version", wantsVersion_, "Show the version and the sources of the data");
+        version_ = app_.add_flag("--version", wantsVersion_, program.versionHelp);
         fill(app_, defaultCommand);
         addChildren(app_, commands);
-        app_.require_subcommand(0, 1);
-        app_.footer(footer);  // after the commands, which would take it over
+        if (!commands.empty()) app_.require_subcommand(0, 1);
+        app_.footer(program.footer);  // after the commands, which would take it over
     }
 
     void parse(std::vector<std::string> arguments) {
@@ -126,8 +126,8 @@ class Parser {
     Invocation invocation() const {
         const Slots& chosen = deepest();
         if (chosen.command->run) return {chosen.command, mergedArguments(chosen)};
-        throw Failure(ExitCode::usage, "quode " + chosen.command->name + " needs the name of what to do. Try: quode " +
-                                           chosen.command->name + " --help");
+        throw Failure(ExitCode::usage,
+                      commandPath() + " needs the name of what to do. Try: " + commandPath() + " --help");
     }
 
     /// The first argument that nothing could be made of.
@@ -135,7 +135,7 @@ class Parser {
 
     std::string commandPath() const {
         const Slots& chosen = deepest();
-        return chosen.app == &app_ ? "quode" : "quode " + pathOf(*chosen.app);
+        return chosen.app == &app_ ? app_.get_name() : app_.get_name() + " " + pathOf(*chosen.app);
     }
 
   private:
@@ -253,11 +253,16 @@ std::string sentence(std::string text) {
 
 }  // namespace
 
-ParsedLine parseCommandLine(const std::vector<Command>& commands, const Command& defaultCommand,
+const Program& quodeProgram() {
+    static const Program program{"quode", description, footer, commonParameters()};
+    return program;
+}
+
+ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
                             std::vector<std::string> arguments) {
     checkEncoding(arguments);
     shieldNumbers(arguments);
-    Parser parser(commands, defaultCommand);
+    Parser parser(program, commands, defaultCommand);
     try {
         parser.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {

@@ -22,10 +22,23 @@ struct VersionWish {};
 
 using ParsedLine = std::variant<Invocation, HelpText, VersionWish>;
 
-/// Reads a command line. Throws `Failure` (usage) when it cannot be understood.
-/// commands        all commands; the one given without any name is `defaultCommand`, which is one of them
+/// A program as its help tells of it.
+struct Program {
+    std::string name;
+    std::string description;
+    std::string footer;                 ///< what the help ends with
+    std::vector<Parameter> parameters;  ///< that every command has
+    std::string versionHelp = "Show the version and the sources of the data";
+};
+
+/// The program `quode`.
+const Program& quodeProgram();
+
+/// Reads the command line of a program. Throws `Failure` (usage) when it cannot be understood.
+/// commands        all commands; may be empty
+/// defaultCommand  the one that runs when none is named
 /// arguments       without the program's name
-ParsedLine parseCommandLine(const std::vector<Command>& commands, const Command& defaultCommand,
+ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
                             std::vector<std::string> arguments);
 
 }  // namespace quode::cli

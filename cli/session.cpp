@@ -25,6 +25,24 @@ class StoppedClock : public Clock {
     std::chrono::sys_seconds moment_;
 };
 
+/// The habits of one locale with the month names of another.
+class TranslatedLocale : public Locale {
+  public:
+    TranslatedLocale(std::shared_ptr<Locale> habits, std::shared_ptr<Locale> names)
+        : habits_(std::move(habits)), names_(std::move(names)) {}
+
+    std::string amSymbol() const override { return habits_->amSymbol(); }
+    std::string pmSymbol() const override { return habits_->pmSymbol(); }
+    std::string monthName(int month) const override { return names_->monthName(month); }
+    std::string shortMonthName(int month) const override { return names_->shortMonthName(month); }
+    std::string hourPattern() const override { return habits_->hourPattern(); }
+    std::string lowerCased(std::string_view text) const override { return habits_->lowerCased(text); }
+
+  private:
+    std::shared_ptr<Locale> habits_;
+    std::shared_ptr<Locale> names_;
+};
+
 /// "tr" for "tr_TR.UTF-8".
 std::string languageOfLocale(const std::string& locale) {
     return locale.substr(0, locale.find_first_of("_.@-"));
@@ -68,9 +86,9 @@ Session::~Session() = default;
 Clock& Session::clock() {
     if (!clock_) {
         clock_ = systemClock();
-        if (const auto moment = variable("QUODE_NOW")) {
-            clock_ = std::make_shared<StoppedClock>(clock_, parseMoment(*moment));
-        }
+        std::optional<std::chrono::sys_seconds> moment = wishes_.moment;
+        if (const auto value = variable("QUODE_NOW"); value && !moment) moment = parseMoment(*value);
+        if (moment) clock_ = std::make_shared<StoppedClock>(clock_, *moment);
     }
     return *clock_;
 }
@@ -119,8 +137,11 @@ GlobalFuncs& Session::services() {
     Platform platform = systemPlatform();
     platform.clock = clock_;
     platform.eventStore = calendar_;
-    const bool isOfLocale = language.empty() || language == languageOfLocale(locale);
-    monthNames_ = isOfLocale ? platform.locale : icuLocale(language);
+    platform.dataFolder = dataFolder().string();
+    if (device_) platform.device = device_;
+    if (!language.empty() && language != languageOfLocale(locale)) {
+        platform.locale = std::make_shared<TranslatedLocale>(platform.locale, icuLocale(language));
+    }
     services_ = &GlobalFuncs::startUp(platform);
     services_->setApplicationBundlePath(bundle().string());
     if (const auto& problem = services_->dataFolderProblem()) writeMessage(*problem);
@@ -169,8 +190,7 @@ std::string Session::caption(int textId) {
 }
 
 std::string Session::monthName(int month) {
-    services();
-    return monthNames_->monthName(month);
+    return services().GetTextGregorianMonth(month);
 }
 
 void Session::complain(std::string_view message, ExitCode code) {

@@ -13,6 +13,7 @@
 #include "cli/texts.h"
 #include "common/GlobalFuncs.h"
 #include "data/CityDatabase.h"
+#include "platform/Device.h"
 #include "platform/Environment.h"
 #include "platform/EventStore.h"
 
@@ -26,6 +27,7 @@ class Session {
         std::optional<std::string> language;  ///< "tr", "en", "fr" or "de"
         bool json = false;
         bool noColours = false;
+        std::optional<std::chrono::sys_seconds> moment = {};  ///< taken for now, before $QUODE_NOW
     };
 
     Session(Environment environment, const Wishes& wishes);
@@ -53,6 +55,10 @@ class Session {
 
     /// The calendar to which the shared services write alarms; to be told before they are first asked for.
     void setCalendar(std::shared_ptr<EventStore> calendar) { calendar_ = std::move(calendar); }
+
+    /// The screen that the shared services measure, of a program that draws; to be told before they are first asked
+    /// for.
+    void setDevice(std::shared_ptr<Device> device) { device_ = std::move(device); }
 
     /// The shared services, in the language that was chosen.
     GlobalFuncs& services();
@@ -101,7 +107,7 @@ class Session {
     Style style_;
     std::shared_ptr<Clock> clock_;
     std::shared_ptr<EventStore> calendar_;
-    std::shared_ptr<Locale> monthNames_;
+    std::shared_ptr<Device> device_;
     std::optional<CityDatabase> cities_;
     GlobalFuncs* services_ = nullptr;
     bool textsAreLoaded_ = false;

@@ -61,7 +61,7 @@ WriteResult writeOutput(std::string_view text) {
 }
 
 void writeMessage(std::string_view text) {
-    writeAll(STDERR_FILENO, "quode: " + std::string(text) + "\n");
+    writeAll(STDERR_FILENO, std::string(program_invocation_short_name) + ": " + std::string(text) + "\n");
 }
 
 }  // namespace quode::cli

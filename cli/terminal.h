@@ -29,7 +29,7 @@ enum class WriteResult { written, readerGone, failed };
 /// Writes everything to the standard output. After `failed`, errno tells why.
 WriteResult writeOutput(std::string_view text);
 
-/// Writes a line "quode: ..." to the standard error.
+/// Writes a line "quode: ..." to the standard error, with the name of the program.
 void writeMessage(std::string_view text);
 
 }  // namespace quode::cli

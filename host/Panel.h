@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <functional>
+
+#include "host/MomentWatch.h"
+#include "host/PanelWindow.h"
+#include "platform/Clock.h"
+#include "widget/WidgetViewController.h"
+
+namespace quode::host {
+
+/// Presents the widget in its window and dismisses it. While it is presented, a change of day, of the clock or of its
+/// zone, and the end of a sleep of the device present it anew, so that nobody sees the times of another day. While it
+/// is dismissed nothing runs.
+class Panel : public QObject, private WidgetHost {
+    Q_OBJECT
+
+  public:
+    /// All but `prepare` are kept by the caller for as long as the panel lives.
+    /// @param prepare  called before each presentation, also before one anew
+    Panel(WidgetViewController& widget, PanelWindow& window, const Clock& clock, MomentWatch& watch,
+          std::function<void()> prepare);
+    ~Panel() override;
+
+    bool isPresented() const { return isPresented_; }
+
+    /// Presents the widget; one that is presented comes to the front.
+    void present(QPoint pointer);
+    void dismiss();
+
+    /// What a click on the icon in the tray does. The click itself takes the focus from a presented panel, which is
+    /// dismissed by that, and is not to be presented again by the same click.
+    void toggle(QPoint pointer);
+
+  Q_SIGNALS:
+    void dismissed();
+
+  private:
+    void invalidatePreferredViewSize() override;
+    void showWidget();
+    void hideWidget();
+    void presentAnew();
+    void dismissByUser();
+
+    WidgetViewController& widget_;
+    PanelWindow& window_;
+    const Clock& clock_;
+    MomentWatch& watch_;
+    std::function<void()> prepare_;
+    bool isPresented_ = false;
+    bool isAttached_ = false;
+    QElapsedTimer sinceDismissal_;
+};
+
+/// The first moment of the next day by a clock, whatever its zone does in that night.
+Clock::TimePoint nextDay(const Clock& clock);
+
+}  // namespace quode::host

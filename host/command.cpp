@@ -1,0 +1,101 @@
+#include "host/command.h"
+
+#include "cli/dates.h"
+#include "cli/failure.h"
+#include "cli/numbers.h"
+
+namespace quode::host {
+namespace {
+
+using cli::Arguments;
+using cli::ExitCode;
+using cli::Failure;
+using cli::Parameter;
+
+constexpr const char* footer = R"(The picture is drawn without a display. It shows the city of --city, of
+$QUODE_CITY, or the home city.
+
+Environment:
+  QUODE_CITY        the city of a picture when --city is not given
+  QUODE_LANG        the language when --lang is not given
+  QUODE_NOW         the moment taken for now, such as 2026-11-21T04:00:00Z
+  QUODE_BUNDLE_DIR  the folder with widget, city database and language files
+  QUODE_DATA_DIR    the folder of the user's files
+
+Exit codes:
+  0  done
+  1  not found: no such city, no display
+  2  the command line cannot be understood, or names something impossible
+  3  a file of the installation is missing or damaged
+  4  the picture could not be written
+  5  something unexpected
+  6  the user's files cannot be read or changed)";
+
+cli::Program panelProgram() {
+    return {"quode-panel",
+            "The prayer times in a panel on the desktop: from an icon in the tray, or in a\n"
+            "window where there is no tray. A second start opens the panel of the first.",
+            footer,
+            {cli::languageParameter()}};
+}
+
+cli::Command panelCommand() {
+    const auto toggle = [](const char* name, const char* help) {
+        return Parameter{Parameter::Kind::toggle, name, "", help};
+    };
+    return {"",
+            "",
+            {{Parameter::Kind::option, "screenshot", "FILE", "Draw the panel into a PNG file instead"},
+             {Parameter::Kind::option, "scale", "FACTOR", "Pixels per point of the picture, 1 to 4"},
+             toggle("info", "The picture shows the lines about the city"),
+             toggle("all", "The picture shows the further times"),
+             toggle("compass", "The picture shows the compass"),
+             cli::cityParameter(),
+             cli::dateParameter()},
+            [](cli::Session&, const Arguments&) {}};
+}
+
+double scaleOf(const Arguments& arguments) {
+    const std::string text = arguments.text("scale").value_or("1");
+    const std::optional<double> scale = cli::numberOf<double>(text);
+    if (scale && *scale >= 1.0 && *scale <= 4.0) return *scale;
+    throw Failure(ExitCode::usage, "--scale is a number from 1 to 4, not \"" + text + "\".");
+}
+
+void refuseWithoutPicture(const Arguments& arguments) {
+    for (const char* name : {"scale", "info", "all", "compass", "city", "date"}) {
+        if (!arguments.has(name)) continue;
+        throw Failure(ExitCode::usage, std::string("--") + name + " is for a picture: add --screenshot FILE.");
+    }
+}
+
+std::optional<ScreenshotWish> screenshotOf(const Arguments& arguments) {
+    const std::optional<std::string> file = arguments.text("screenshot");
+    if (!file) {
+        refuseWithoutPicture(arguments);
+        return std::nullopt;
+    }
+    if (file->empty()) throw Failure(ExitCode::usage, "--screenshot needs the name of a file.");
+    ScreenshotWish wish;
+    wish.file = *file;
+    wish.scale = scaleOf(arguments);
+    wish.info = arguments.has("info");
+    wish.all = arguments.has("all");
+    wish.compass = arguments.has("compass");
+    wish.city = arguments.text("city");
+    if (const auto date = arguments.text("date")) wish.date = cli::parseDate(*date);
+    return wish;
+}
+
+}  // namespace
+
+std::variant<PanelWish, cli::HelpText, cli::VersionWish> readCommandLine(const std::vector<std::string>& arguments) {
+    const cli::Command command = panelCommand();
+    cli::ParsedLine line = cli::parseCommandLine(panelProgram(), {}, command, arguments);
+    if (auto* help = std::get_if<cli::HelpText>(&line)) return std::move(*help);
+    if (std::holds_alternative<cli::VersionWish>(line)) return cli::VersionWish{};
+    const Arguments& given = std::get<cli::Invocation>(line).arguments;
+    return PanelWish{given.text("lang"), screenshotOf(given)};
+}
+
+}  // namespace quode::host

@@ -1,0 +1,87 @@
+#include "host/desktop.h"
+
+#include <QApplication>
+#include <QCursor>
+
+#include "cli/session.h"
+#include "companion/UserEventStore.h"
+#include "data/user_places.h"
+#include "host/Instance.h"
+#include "host/Panel.h"
+#include "host/PanelDevice.h"
+#include "host/PanelTray.h"
+#include "host/WidgetBundle.h"
+#include "host/display.h"
+#include "host/texts.h"
+#include "host/user_choices.h"
+#include "views/accessibility.h"
+
+namespace quode::host {
+namespace {
+
+using cli::ExitCode;
+using cli::Failure;
+using cli::Session;
+
+ExitCode presentOther(const Instance& instance) {
+    if (instance.presentOther()) return ExitCode::ok;
+    throw Failure(ExitCode::notFound, "The panel runs already, but does not answer. End that program and try again.");
+}
+
+ExitCode serve(QApplication& application, Session& session, const Instance& instance) {
+    const auto calendar = std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
+    session.setDevice(panelDevice());
+    session.setCalendar(calendar);
+    session.services();
+
+    const bool hasTray = QSystemTrayIcon::isSystemTrayAvailable();
+    PanelWindow window(hasTray ? PanelStyle::popover : PanelStyle::window, isComposited());
+    const auto prepare = [&] { window.setNotice(prepareUserChoices(session, *calendar)); };
+    prepare();  // the widget reads the user's cities as soon as it is made
+    WidgetBundle bundle(session.bundle().string());
+    const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
+    const auto dayWatch = systemMomentWatch({zoneFile});
+    Panel panel(*widget, window, session.deviceClock(), *dayWatch, prepare);
+    const auto present = [&panel] { panel.present(QCursor::pos()); };
+    QObject::connect(&instance, &Instance::presentAsked, &panel, present);
+
+    std::unique_ptr<MomentWatch> trayWatch;
+    std::unique_ptr<PanelTray> tray;
+    if (hasTray) {
+        trayWatch = systemMomentWatch({zoneFile, userDatabaseFile(session.dataFolder())});
+        tray = std::make_unique<PanelTray>([&session] { return comingPrayer(session); }, *trayWatch,
+                                           textsOf(session.services().languageId()));
+        QObject::connect(tray.get(), &PanelTray::clicked, &panel, [&panel] { panel.toggle(QCursor::pos()); });
+        QObject::connect(tray.get(), &PanelTray::openAsked, &panel, present);
+        QObject::connect(tray.get(), &PanelTray::quitAsked, &application, &QCoreApplication::quit);
+    } else {
+        QObject::connect(&panel, &Panel::dismissed, &application, &QCoreApplication::quit);
+    }
+    present();
+    QApplication::exec();
+    return ExitCode::ok;
+}
+
+}  // namespace
+
+ExitCode runOnDesktop(const Environment& environment, const std::optional<std::string>& language) {
+    if (!hasDisplay(environment)) {
+        throw Failure(ExitCode::notFound,
+                      "There is no display to open the panel on. To draw it into a picture: quode-panel --screenshot "
+                      "FILE. To print the times: quode");
+    }
+    int count = 1;
+    char name[] = "quode-panel";
+    char* arguments[] = {name, nullptr};
+    QApplication application(count, arguments);
+    QGuiApplication::setApplicationDisplayName("Quode");
+    QGuiApplication::setDesktopFileName("quode-panel");
+    QApplication::setQuitOnLastWindowClosed(false);
+    installAccessibility();
+    const Instance instance;
+    if (!instance.isFirst()) return presentOther(instance);
+    Session session(environment, {language});
+    return serve(application, session, instance);
+}
+
+}  // namespace quode::host

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QIcon>
+
+namespace quode::host {
+
+/// The sign of this program, a crescent and a star: the desktop theme's where it has one, else drawn here.
+QIcon quodeIcon();
+
+}  // namespace quode::host

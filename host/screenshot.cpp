@@ -1,0 +1,139 @@
+#include "host/screenshot.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QEventLoop>
+#include <QImage>
+#include <QSaveFile>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "cli/place.h"
+#include "cli/session.h"
+#include "compass/CompassViewOverlayWindow.h"
+#include "host/Panel.h"
+#include "host/PanelDevice.h"
+#include "host/WidgetBundle.h"
+#include "host/user_choices.h"
+#include "platform/system_platform.h"
+#include "views/UIButtonX.h"
+#include "views/accessibility.h"
+
+namespace quode::host {
+namespace {
+
+using cli::ExitCode;
+using cli::Failure;
+using cli::Session;
+
+constexpr QSize screenSize{400, 1000};  // points; the whole panel fits
+constexpr QSize compassSize{360, 640};
+constexpr int compassAppears = 1500;  // ms, until its animations have ended
+
+/// The environment with another value for one variable.
+Environment with(Environment environment, std::string name, std::string value) {
+    return [environment = std::move(environment), name = std::move(name),
+            value = std::move(value)](std::string_view asked) -> std::optional<std::string> {
+        return asked == name ? value : environment(asked);
+    };
+}
+
+/// Noon of a day by the wall clock of this machine.
+std::chrono::sys_seconds noonOf(const VAKDate& date, const Clock& clock) {
+    const std::chrono::year_month_day day{std::chrono::year(date.Years), std::chrono::month(unsigned(date.Months)),
+                                          std::chrono::day(unsigned(date.Days))};
+    const std::chrono::sys_seconds noon = std::chrono::sys_days(day) + std::chrono::hours(12);
+    return noon - clock.utcOffset(noon);
+}
+
+/// What makes the pictures of all machines alike.
+void prepareQt(const ScreenshotWish& wish, const QTemporaryDir& folder) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(wish.scale));
+    qputenv("QT_FONT_DPI", "96");
+}
+
+class NeverWatch : public MomentWatch {
+  public:
+    void watchFor(std::optional<Clock::TimePoint>) override {}
+};
+
+void tap(const QWidget& view, int tag) {
+    for (UIButtonX* const button : view.findChildren<UIButtonX*>()) {
+        if (button->tag() == tag) return button->tap();
+    }
+    throw std::logic_error("The widget has no button " + std::to_string(tag) + ".");
+}
+
+void wait(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+QImage pictureOfCompass() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        auto* const compass = qobject_cast<CompassViewOverlayWindow*>(window);
+        if (compass == nullptr || !compass->isVisible()) continue;
+        compass->showNormal();
+        compass->setGeometry(QRect({0, 0}, compassSize));
+        wait(compassAppears);
+        return compass->grab().toImage();
+    }
+    throw std::logic_error("The widget shows no compass.");
+}
+
+QImage picture(const ScreenshotWish& wish, Session& session) {
+    WidgetBundle bundle(session.bundle().string());
+    const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
+    PanelWindow window(PanelStyle::popover, true);
+    NeverWatch watch;
+    Panel panel(*widget, window, session.deviceClock(), watch, [] {});
+    panel.present({0, 0});
+    if (wish.info) tap(*widget->view(), tagCityInfo);
+    if (wish.all) tap(*widget->view(), tagShowAll);
+    if (wish.compass) tap(*widget->view(), tagCompass);
+    QCoreApplication::processEvents();
+    if (wish.compass) return pictureOfCompass();
+    window.setWindowOpacity(1.0);
+    return window.grab().toImage();
+}
+
+void save(const QImage& image, const std::string& name) {
+    QSaveFile file(QString::fromStdString(name));
+    const bool isSaved = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
+    if (isSaved) return;
+    throw Failure(ExitCode::outputFailed,
+                  "The picture \"" + name + "\" could not be written: " + file.errorString().toStdString() + ".");
+}
+
+}  // namespace
+
+ExitCode takeScreenshot(const Environment& environment, const std::optional<std::string>& language,
+                        const ScreenshotWish& wish) {
+    Session::Wishes wishes{language};
+    if (wish.date) wishes.moment = noonOf(*wish.date, *systemClock());
+    Session user(environment, wishes);
+    const cli::ChosenPlace place = cli::choosePlace(user, wish.city);
+
+    const QTemporaryDir folder;
+    if (!folder.isValid()) throw Failure(ExitCode::outputFailed, "No temporary folder could be made.");
+    prepareQt(wish, folder);
+    int count = 1;
+    char name[] = "quode-panel";
+    char* arguments[] = {name, nullptr};
+    const QApplication application(count, arguments);
+    installAccessibility();
+
+    // The widget reads its cities from the user's files; another city is put into files of its own.
+    const bool isHome = place.source == cli::PlaceSource::home;
+    Session session(isHome ? environment : with(environment, "QUODE_DATA_DIR", folder.path().toStdString()), wishes);
+    session.setDevice(std::make_shared<PanelDevice>(Idiom::phone, screenSize, wish.scale));
+    session.services();
+    if (!isHome) makeUserDatabase(session, place.city);
+    save(picture(wish, session), wish.file);
+    return user.exitCode();
+}
+
+}  // namespace quode::host

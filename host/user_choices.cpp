@@ -1,0 +1,37 @@
+#include "host/user_choices.h"
+
+#include "companion/UserDatabase.h"
+#include "companion/UserSettings.h"
+#include "data/user_places.h"
+#include "host/texts.h"
+
+namespace quode::host {
+
+QString prepareUserChoices(cli::Session& session, UserEventStore& calendar) {
+    GlobalFuncs& services = session.services();
+    QStringList notices;
+    if (services.dataFolderProblem()) notices << QString::fromStdString(*services.dataFolderProblem());
+    try {
+        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+        for (const std::string& notice : database.notices()) notices << QString::fromStdString(notice);
+        if (database.cities().empty()) notices << textsOf(services.languageId()).addCity;
+        database.refreshPrayerTimes();
+        const StoreStatus moved = calendar.changeLayout(loadSettings(database).calendarLayout);
+        if (!moved.ok) notices << QString::fromStdString(moved.message);
+    } catch (const UserDatabaseError& error) {
+        notices << error.what();
+    }
+    return notices.join('\n');
+}
+
+void makeUserDatabase(cli::Session& session, const CityRecord& city) {
+    UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+    const bool isKnown = city.id > 0;
+    if (isKnown) database.addCity(city.id);
+    const int wanted = isKnown ? city.id : database.addPlace({city.name, city.latitude, city.longitude, city.zone});
+    for (const UserCity& each : database.cities()) {
+        if (each.id != wanted) database.removeCity(each.id);
+    }
+}
+
+}  // namespace quode::host

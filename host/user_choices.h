@@ -1,0 +1,18 @@
+// What the user has chosen, as it has to be when the widget reads it.
+#pragma once
+
+#include <QString>
+
+#include "cli/session.h"
+#include "companion/UserEventStore.h"
+
+namespace quode::host {
+
+/// Makes the user database when there is none, and brings up to date what the widget goes by: the prayer times of the
+/// alarms, and the layout of the calendar. Returned: what the user should be told; empty when all is well.
+QString prepareUserChoices(cli::Session& session, UserEventStore& calendar);
+
+/// Makes a user database in an empty folder whose only city is this one.
+void makeUserDatabase(cli::Session& session, const CityRecord& city);
+
+}  // namespace quode::host
