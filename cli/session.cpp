@@ -145,7 +145,7 @@ GlobalFuncs& Session::services() {
     services_ = &GlobalFuncs::startUp(platform);
     services_->setApplicationBundlePath(bundle().string());
     if (const auto& problem = services_->dataFolderProblem()) writeMessage(*problem);
-    services_->setLanguage(language.empty() ? languageOfLocale(locale) : language);
+    services_->chooseLanguage(language.empty() ? languageOfLocale(locale) : language);
     return *services_;
 }
 

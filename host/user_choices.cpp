@@ -1,5 +1,7 @@
 #include "host/user_choices.h"
 
+#include <QStringList>
+
 #include "companion/UserDatabase.h"
 #include "companion/UserSettings.h"
 #include "data/user_places.h"

@@ -1,0 +1,67 @@
+#include "host/command.h"
+
+#include <gtest/gtest.h>
+
+namespace quode::host {
+namespace {
+
+using cli::ExitCode;
+
+PanelWish wishOf(const std::vector<std::string>& arguments) {
+    return std::get<PanelWish>(readCommandLine(arguments));
+}
+
+void expectUsageError(const std::vector<std::string>& arguments, const std::string& part) {
+    try {
+        readCommandLine(arguments);
+        ADD_FAILURE() << arguments.front() << " was understood";
+    } catch (const cli::Failure& failure) {
+        EXPECT_EQ(failure.code(), ExitCode::usage);
+        EXPECT_NE(std::string(failure.what()).find(part), std::string::npos) << failure.what();
+    }
+}
+
+TEST(PanelCommandLine, OpensThePanelWithoutArguments) {
+    const PanelWish wish = wishOf({});
+    EXPECT_FALSE(wish.screenshot);
+    EXPECT_FALSE(wish.language);
+    EXPECT_EQ(wishOf({"--lang", "tr"}).language, "tr");
+}
+
+TEST(PanelCommandLine, TakesWhatAPictureIsToShow) {
+    const auto wish = wishOf({"--screenshot", "a.png", "--scale", "1.5", "--info", "--all", "--compass", "--city",
+                              "-33.87,151.21", "--date", "2026-11-21", "--lang", "de"});
+    ASSERT_TRUE(wish.screenshot);
+    EXPECT_EQ(wish.screenshot->file, "a.png");
+    EXPECT_EQ(wish.screenshot->scale, 1.5);
+    EXPECT_TRUE(wish.screenshot->info && wish.screenshot->all && wish.screenshot->compass);
+    EXPECT_EQ(wish.screenshot->city->substr(wish.screenshot->city->find('-')), "-33.87,151.21");
+    EXPECT_EQ(wish.screenshot->date->Days, 21);
+    EXPECT_EQ(wish.language, "de");
+    EXPECT_EQ(wishOf({"--screenshot", "a.png"}).screenshot->scale, 1.0);
+}
+
+TEST(PanelCommandLine, SaysWhatCannotBeUnderstood) {
+    expectUsageError({"--nonsense"}, "quode-panel does not know \"--nonsense\". Try: quode-panel --help");
+    expectUsageError({"--screenshot"}, "--help");
+    expectUsageError({"--screenshot", ""}, "name of a file");
+    expectUsageError({"--screenshot", "a.png", "--scale", "9"}, "from 1 to 4, not \"9\"");
+    expectUsageError({"--screenshot", "a.png", "--scale", "large"}, "from 1 to 4");
+    expectUsageError({"--screenshot", "a.png", "--date", "2026-02-30"}, "There is no day");
+    expectUsageError({"--lang", "xx"}, "--lang is one of tr, en, fr, de");
+    expectUsageError({"--info"}, "--info is for a picture: add --screenshot FILE.");
+    expectUsageError({"--city", "Ankara"}, "--city is for a picture");
+}
+
+TEST(PanelCommandLine, HelpNamesEveryArgument) {
+    const auto line = readCommandLine({"--help"});
+    const std::string help = std::get<cli::HelpText>(line).text;
+    for (const char* name :
+         {"--screenshot", "--scale", "--info", "--all", "--compass", "--city", "--date", "--lang", "--version"}) {
+        EXPECT_NE(help.find(name), std::string::npos) << name;
+    }
+    EXPECT_TRUE(std::holds_alternative<cli::VersionWish>(readCommandLine({"--version"})));
+}
+
+}  // namespace
+}  // namespace quode::host

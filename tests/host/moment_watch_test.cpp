@@ -1,0 +1,73 @@
+#include "host/MomentWatch.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <fstream>
+
+#include "support/temporary_folder.h"
+
+namespace quode::test {
+namespace {
+
+using host::MomentWatch;
+using namespace std::chrono_literals;
+
+constexpr int aMoment = 100;  // ms in which nothing happens
+
+class Watch : public testing::Test {
+  protected:
+    void write(const std::string& name) { std::ofstream(folder.path() / name) << "x"; }
+
+    TemporaryFolder folder;
+    std::unique_ptr<MomentWatch> watch = host::systemMomentWatch({folder.path() / "zone"});
+    QSignalSpy stirred{watch.get(), &MomentWatch::stirred};
+};
+
+TEST_F(Watch, TellsThatTheMomentHasCome) {
+    const auto wanted = std::chrono::ceil<std::chrono::seconds>(std::chrono::system_clock::now() + 100ms);
+    watch->watchFor(wanted);
+    ASSERT_TRUE(stirred.wait(3000));
+    EXPECT_GE(std::chrono::system_clock::now(), wanted);
+    EXPECT_EQ(stirred.count(), 1);
+}
+
+TEST_F(Watch, TellsAtOnceThatAMomentHasPassed) {
+    watch->watchFor(std::chrono::system_clock::now() - 24h);
+    EXPECT_TRUE(stirred.wait(1000));
+    watch->watchFor(Clock::TimePoint(-24h));
+    EXPECT_TRUE(stirred.wait(1000));
+}
+
+TEST_F(Watch, TellsThatAFileWasWrittenOrReplaced) {
+    watch->watchFor(std::chrono::system_clock::now() + 24h);
+    write("zone");
+    EXPECT_TRUE(stirred.wait(1000));
+    write("new");
+    EXPECT_FALSE(stirred.wait(aMoment));
+    std::filesystem::rename(folder.path() / "new", folder.path() / "zone");
+    EXPECT_TRUE(stirred.wait(1000));
+    std::filesystem::remove(folder.path() / "zone");
+    std::filesystem::create_symlink("/etc/hostname", folder.path() / "zone");
+    EXPECT_TRUE(stirred.wait(1000));
+}
+
+TEST_F(Watch, IsSilentWithoutAMoment) {
+    watch->watchFor(std::chrono::system_clock::now() + 1s);
+    watch->watchFor(std::nullopt);
+    write("zone");
+    EXPECT_FALSE(stirred.wait(1200));
+    watch->watchFor(std::chrono::system_clock::now() + 24h);
+    write("zone");
+    EXPECT_TRUE(stirred.wait(1000));
+}
+
+TEST(WatchOfNothing, DoesWithoutFoldersThatAreMissing) {
+    const auto watch = host::systemMomentWatch({"/nowhere/at/all"});
+    QSignalSpy stirred(watch.get(), &MomentWatch::stirred);
+    watch->watchFor(std::chrono::system_clock::now());
+    EXPECT_TRUE(stirred.wait(2000));
+}
+
+}  // namespace
+}  // namespace quode::test

@@ -1,0 +1,227 @@
+#include "host/Panel.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+#include "host/fake_widget.h"
+#include "host/placement.h"
+#include "support/fake_platform.h"
+#include "support/zoned_clock.h"
+
+namespace quode::test {
+namespace {
+
+using host::Panel;
+using host::PanelStyle;
+using host::PanelWindow;
+
+constexpr int padding = 16;  // above and below the widget together
+
+class PanelTest : public testing::Test {
+  protected:
+    explicit PanelTest(PanelStyle style = PanelStyle::popover)
+        : window(style, true), panel(widget, window, clock, watch, [this] { ++preparations; }) {
+        clock.show(2026, 11, 21, 14, 30, 0);
+    }
+
+    void present() {
+        panel.present(pointer);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    QPoint pointer{700, 790};
+    FixedClock clock;
+    FakeWatch watch;
+    FakeWidget widget;
+    PanelWindow window;
+    int preparations = 0;
+    Panel panel;
+};
+
+class PanelAsWindow : public PanelTest {
+  protected:
+    PanelAsWindow() : PanelTest(PanelStyle::window) {}
+};
+
+TEST_F(PanelTest, ShowsTheWholeWidgetBesideThePointer) {
+    present();
+    EXPECT_TRUE(panel.isPresented());
+    EXPECT_TRUE(widget.view()->isVisible());
+    const QRect available = window.screen()->availableGeometry();
+    EXPECT_EQ(window.geometry(), host::popoverFrame({340, 400 + padding}, pointer, available));
+    EXPECT_EQ(window.accessibleName(), "Quode");
+}
+
+TEST_F(PanelTest, IsReadyBeforeTheWidgetReads) {
+    EXPECT_EQ(preparations, 0);
+    present();
+    EXPECT_EQ(preparations, 1);
+    EXPECT_EQ(widget.presented, 1);
+}
+
+TEST_F(PanelTest, IsDismissedByEscapeWhateverHasTheFocus) {
+    present();
+    widget.field()->setFocus();
+    QTest::keyClick(widget.field(), Qt::Key_Escape);
+    EXPECT_FALSE(panel.isPresented());
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(widget.dismissed, 1);
+    EXPECT_EQ(widget.view(), nullptr);
+
+    present();
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(PanelTest, IsDismissedWhenTheUserTurnsToAnotherProgram) {
+    present();
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_FALSE(panel.isPresented());
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(PanelTest, StaysWhenAWindowOfThisProgramCoversIt) {
+    present();
+    QWidget compass;
+    compass.show();
+    QApplication::setActiveWindow(&compass);
+    EXPECT_TRUE(panel.isPresented());
+    QApplication::setActiveWindow(&window);
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_FALSE(panel.isPresented());
+}
+
+TEST_F(PanelAsWindow, StaysWhenTheUserTurnsToAnotherProgram) {
+    present();
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_TRUE(panel.isPresented());
+    EXPECT_TRUE(window.close() || !panel.isPresented());
+    EXPECT_FALSE(panel.isPresented());
+}
+
+TEST_F(PanelTest, IsOpenedAndClosedByTheIcon) {
+    panel.toggle(pointer);
+    EXPECT_TRUE(panel.isPresented());
+    panel.toggle(pointer);
+    EXPECT_FALSE(panel.isPresented());
+    panel.toggle(pointer);
+    EXPECT_TRUE(panel.isPresented());
+}
+
+TEST_F(PanelTest, IsNotOpenedAgainByTheClickThatTookItsFocus) {
+    present();
+    QApplication::setActiveWindow(nullptr);
+    panel.toggle(pointer);
+    EXPECT_FALSE(panel.isPresented());
+    panel.toggle(pointer);
+    EXPECT_TRUE(panel.isPresented());
+}
+
+TEST_F(PanelTest, ComesToTheFrontWhenItIsPresentedTwice) {
+    present();
+    panel.present({0, 0});
+    EXPECT_EQ(widget.presented, 1);
+    EXPECT_TRUE(panel.isPresented());
+}
+
+TEST_F(PanelTest, GrowsAwayFromThePointer) {
+    present();
+    const QRect before = window.geometry();
+    widget.grow(520.0);
+    EXPECT_EQ(window.height(), 520 + padding);
+    EXPECT_EQ(window.geometry().bottom(), before.bottom());
+}
+
+TEST_F(PanelTest, ScrollsWhereTheScreenIsLower) {
+    widget.size.height = 3000.0;
+    present();
+    EXPECT_LT(window.height(), window.screen()->availableGeometry().height());
+    const auto* scroll = window.findChild<QScrollArea*>();
+    EXPECT_TRUE(scroll->verticalScrollBar()->isVisible());
+    EXPECT_GE(scroll->viewport()->width(), 340);  // nothing is cut off beside the bar
+    EXPECT_EQ(scroll->verticalScrollBar()->maximum(), 3000 - scroll->viewport()->height());
+}
+
+TEST_F(PanelTest, ShowsAMessageAboveTheWidget) {
+    window.setNotice("No city is known for the time zone of this device. Please add your city.");
+    present();
+    EXPECT_GT(window.height(), 400 + padding);
+    EXPECT_EQ(window.findChild<QScrollArea*>()->viewport()->height(), 400);
+    window.setNotice("");
+    panel.dismiss();
+    present();
+    EXPECT_EQ(window.height(), 400 + padding);
+}
+
+TEST_F(PanelTest, PresentsTheWidgetAnewWhenTheDayChanges) {
+    present();
+    ASSERT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-22 00:00")));
+    clock.show(2026, 11, 22, 0, 0, 0);
+    Q_EMIT watch.stirred();
+    EXPECT_EQ(widget.presented, 2);
+    EXPECT_EQ(widget.dismissed, 1);
+    EXPECT_EQ(preparations, 2);
+    EXPECT_TRUE(widget.view()->isVisible());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-23 00:00")));
+}
+
+TEST_F(PanelTest, PresentsTheWidgetAnewWhenTheZoneChanges) {
+    present();
+    clock.offset = std::chrono::hours(9);
+    Q_EMIT watch.stirred();
+    EXPECT_EQ(widget.presented, 2);
+    EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-22 15:00")));
+}
+
+TEST_F(PanelTest, WatchesNothingWhileItIsDismissed) {
+    EXPECT_EQ(watch.moment, std::nullopt);
+    present();
+    panel.dismiss();
+    EXPECT_EQ(watch.moment, std::nullopt);
+    Q_EMIT watch.stirred();
+    EXPECT_EQ(widget.presented, 1);
+    EXPECT_EQ(preparations, 1);
+}
+
+TEST_F(PanelTest, CanBePresentedAHundredTimes) {
+    present();
+    panel.dismiss();
+    const auto children = window.findChildren<QObject*>().size();
+    const auto windows = QApplication::topLevelWidgets().size();
+    for (int time = 0; time < 100; ++time) {
+        panel.present(pointer);
+        panel.dismiss();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(widget.presented, 101);
+    EXPECT_EQ(widget.dismissed, 101);
+    EXPECT_LE(window.findChildren<QObject*>().size(), children);
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), windows);
+}
+
+TEST(NextDay, IsTheFirstMomentWithAnotherDate) {
+    ZonedClock clock("CET-1CEST,M3.5.0,M10.5.0/3", "Europe/Berlin");
+    clock.present = utc("2026-11-21 22:59:59");
+    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-11-21 23:00")));
+    clock.present = utc("2026-11-21 23:00");
+    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-11-22 23:00")));
+    clock.present = utc("2026-03-28 23:00");  // a day of 23 hours
+    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-03-29 22:00")));
+    clock.present = utc("2026-10-24 22:00");  // a day of 25 hours
+    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-10-25 23:00")));
+}
+
+TEST(NextDay, BeginsAtOneWhereTheClocksSkipMidnight) {
+    ZonedClock clock("<-03>3<-02>,M10.3.0/0,M2.3.0/0", "America/Sao_Paulo");
+    clock.present = utc("2026-10-17 15:00");
+    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-10-18 03:00")));  // 01:00 by the clock
+}
+
+}  // namespace
+}  // namespace quode::test
