@@ -1,12 +1,12 @@
 #include "host/screenshot.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QEventLoop>
 #include <QImage>
 #include <QSaveFile>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <cstdio>
 
 #include "cli/place.h"
 #include "cli/session.h"
@@ -26,8 +26,7 @@ using cli::ExitCode;
 using cli::Failure;
 using cli::Session;
 
-constexpr QSize screenSize{400, 1000};  // points; the whole panel fits
-constexpr QSize compassSize{360, 640};
+constexpr QSize screenSize{360, 640};  // points
 constexpr int compassAppears = 1500;  // ms, until its animations have ended
 
 /// The environment with another value for one variable.
@@ -46,12 +45,19 @@ std::chrono::sys_seconds noonOf(const VAKDate& date, const Clock& clock) {
     return noon - clock.utcOffset(noon);
 }
 
+/// Drops what the platform without a screen says of its nature.
+void passMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (text.startsWith("This plugin does not support")) return;
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
 /// What makes the pictures of all machines alike.
 void prepareQt(const ScreenshotWish& wish, const QTemporaryDir& folder) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
     qputenv("QT_SCALE_FACTOR", QByteArray::number(wish.scale));
     qputenv("QT_FONT_DPI", "96");
+    qInstallMessageHandler(passMessage);
 }
 
 class NeverWatch : public MomentWatch {
@@ -77,7 +83,7 @@ QImage pictureOfCompass() {
         auto* const compass = qobject_cast<CompassViewOverlayWindow*>(window);
         if (compass == nullptr || !compass->isVisible()) continue;
         compass->showNormal();
-        compass->setGeometry(QRect({0, 0}, compassSize));
+        compass->setGeometry(QRect({0, 0}, screenSize));
         wait(compassAppears);
         return compass->grab().toImage();
     }
@@ -94,9 +100,9 @@ QImage picture(const ScreenshotWish& wish, Session& session) {
     if (wish.info) tap(*widget->view(), tagCityInfo);
     if (wish.all) tap(*widget->view(), tagShowAll);
     if (wish.compass) tap(*widget->view(), tagCompass);
-    QCoreApplication::processEvents();
     if (wish.compass) return pictureOfCompass();
-    window.setWindowOpacity(1.0);
+    window.resize(window.wantedSize());  // the picture shows everything, whatever the screen
+    QCoreApplication::processEvents();
     return window.grab().toImage();
 }
 

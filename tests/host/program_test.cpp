@@ -1,0 +1,171 @@
+// The program, run as a user runs it on a machine without a display.
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <QImage>
+#include <QProcess>
+#include <QProcessEnvironment>
+
+#include "support/temporary_folder.h"
+
+namespace quode::test {
+namespace {
+
+constexpr int patience = 20000;  // ms
+
+struct Outcome {
+    int code = -1;
+    std::string out, err;
+};
+
+class PanelProgram : public testing::Test {
+  protected:
+    PanelProgram() {
+        const QString home = path("home");
+        std::filesystem::create_directory(home.toStdString());
+        for (const auto& [name, value] : std::initializer_list<std::pair<QString, QString>>{
+                 {"HOME", home},
+                 {"PATH", "/usr/bin:/bin"},
+                 {"LC_ALL", "en_GB.UTF-8"},
+                 {"TZ", "Europe/Istanbul"},
+                 {"QUODE_NOW", "2026-11-21T04:00:00Z"}}) {
+            environment.insert(name, value);
+        }
+    }
+
+    QString path(const char* name) const { return QString::fromStdString((folder.path() / name).string()); }
+
+    Outcome run(const QStringList& arguments) const {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QUODE_PANEL, arguments);
+        EXPECT_TRUE(process.waitForFinished(patience));
+        const int code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        return {code, process.readAllStandardOutput().toStdString(), process.readAllStandardError().toStdString()};
+    }
+
+    /// The picture that the program draws with these arguments, without saying anything.
+    QImage picture(QStringList arguments) const {
+        const QString file = path("panel.png");
+        const Outcome outcome = run(QStringList{"--screenshot", file} + arguments);
+        EXPECT_EQ(outcome.code, 0) << outcome.err;
+        EXPECT_EQ(outcome.out + outcome.err, "");
+        return QImage(file).convertToFormat(QImage::Format_ARGB32);
+    }
+
+    void expectFailure(const QStringList& arguments, int code, const std::string& part) const {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.code, code);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_TRUE(outcome.err.starts_with("quode-panel: ")) << outcome.err;
+        EXPECT_NE(outcome.err.find(part), std::string::npos) << outcome.err;
+    }
+
+    /// How many pixels of an area are nearer to a colour than to black.
+    static int count(const QImage& image, const QRect& area, QColor colour) {
+        int found = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                const int distance = std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) +
+                                     std::abs(pixel.blue() - colour.blue());
+                if (distance < 60) ++found;
+            }
+        }
+        return found;
+    }
+
+    TemporaryFolder folder;
+    QProcessEnvironment environment;
+};
+
+// City, times and footer, and the padding around them. The row of the religious days may add to it.
+constexpr int plainHeight = 40 + 240 + 37 + 16;
+
+TEST_F(PanelProgram, DrawsThePanelInItsWholeSize) {
+    const QImage image = picture({"--city", "Istanbul"});
+    EXPECT_EQ(image.width(), 340);
+    EXPECT_GE(image.height(), plainHeight);
+    EXPECT_LE(image.height(), plainHeight + 40);
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);  // outside the round corner
+    EXPECT_EQ(image.pixelColor(25, 4), QColor(28, 28, 30, 230));
+    // The city's name in the lightest colour of the scheme, and the frame of the first bell in the third.
+    EXPECT_GT(count(image, {50, 8, 100, 40}, QColor(219, 238, 226)), 40);
+    EXPECT_GT(count(image, {290, 48, 40, 40}, QColor(119, 196, 211)), 40);
+}
+
+TEST_F(PanelProgram, DrawsTheSamePictureEveryTime) {
+    EXPECT_EQ(picture({"--city", "Istanbul"}), picture({"--city", "Istanbul"}));
+    EXPECT_NE(picture({"--city", "Istanbul"}), picture({"--city", "Ankara"}));
+    EXPECT_NE(picture({"--city", "Istanbul"}), picture({"--city", "Istanbul", "--date", "2026-06-21"}));
+    EXPECT_NE(picture({"--city", "Istanbul"}), picture({"--city", "Istanbul", "--lang", "tr"}));
+}
+
+TEST_F(PanelProgram, DrawsLargerPixels) {
+    const QSize plain = picture({"--city", "Istanbul"}).size();
+    EXPECT_EQ(picture({"--city", "Istanbul", "--scale", "2"}).size(), plain * 2);
+}
+
+TEST_F(PanelProgram, OpensTheRowsThatAreAskedFor) {
+    const int plain = picture({"--city", "Istanbul"}).height();
+    EXPECT_EQ(picture({"--city", "Istanbul", "--info"}).height(), plain + 280);
+    EXPECT_EQ(picture({"--city", "Istanbul", "--all"}).height(), plain + 120);
+    EXPECT_EQ(picture({"--city", "Istanbul", "--info", "--all"}).height(), plain + 400);
+}
+
+TEST_F(PanelProgram, DrawsTheCompass) {
+    const QImage image = picture({"--city", "Istanbul", "--compass"});
+    EXPECT_EQ(image.size(), QSize(360, 640));
+    EXPECT_GT(count(image, {150, 170, 60, 40}, QColor(255, 127, 100)), 10);  // the mark of the north, at the top
+}
+
+TEST_F(PanelProgram, LeavesTheUsersFilesAlone) {
+    picture({"--city", "Istanbul"});
+    picture({});
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path() / "home"));
+}
+
+TEST_F(PanelProgram, ShowsTheCityOfTheSystemsZoneWithoutAnother) {
+    const QImage ofZone = picture({});
+    EXPECT_EQ(ofZone, picture({"--city", "Istanbul"}));
+    environment.insert("QUODE_CITY", "Ankara");
+    EXPECT_EQ(picture({}), picture({"--city", "Ankara"}));
+}
+
+TEST_F(PanelProgram, ReplacesAnOlderPicture) {
+    const QImage first = picture({"--city", "Ankara"});
+    EXPECT_NE(first, picture({"--city", "Istanbul"}));
+}
+
+TEST_F(PanelProgram, SaysWhatIsWrong) {
+    const QString file = path("panel.png");
+    expectFailure({"--screenshot", file, "--city", "Nowheretown"}, 1, "No city is called \"Nowheretown\"");
+    expectFailure({"--screenshot", file, "--city", "91,0"}, 2, "There is no latitude");
+    expectFailure({"--screenshot", file, "--date", "21.11.2026"}, 2, "YYYY-MM-DD");
+    expectFailure({"--screenshot", path("no/such/folder.png"), "--city", "Istanbul"}, 4, "could not be written");
+    expectFailure({"--all"}, 2, "add --screenshot FILE");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "panel.png"));
+}
+
+TEST_F(PanelProgram, SaysThatTheBundleIsMissing) {
+    environment.insert("QUODE_BUNDLE_DIR", path("nowhere"));
+    expectFailure({"--screenshot", path("panel.png"), "--city", "Istanbul"}, 3, "Install Quode again");
+}
+
+TEST_F(PanelProgram, SaysThatThereIsNoDisplay) {
+    expectFailure({}, 1, "There is no display");
+    environment.insert("DISPLAY", ":4711");
+    expectFailure({}, 1, "--screenshot");
+}
+
+TEST_F(PanelProgram, ExplainsItself) {
+    const Outcome help = run({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_NE(help.out.find("--screenshot FILE"), std::string::npos) << help.out;
+    const Outcome version = run({"--version"});
+    EXPECT_EQ(version.code, 0);
+    EXPECT_TRUE(version.out.starts_with("quode-panel ")) << version.out;
+}
+
+}  // namespace
+}  // namespace quode::test

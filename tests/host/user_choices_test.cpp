@@ -1,0 +1,101 @@
+#include "host/user_choices.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "companion/UserDatabase.h"
+#include "companion/UserSettings.h"
+#include "data/user_places.h"
+#include "support/environment_of.h"
+#include "support/temporary_folder.h"
+
+namespace quode::test {
+namespace {
+
+using cli::Session;
+
+constexpr int istanbul = 745044;
+
+class UserChoicesTest : public testing::Test {
+  protected:
+    Session session() {
+        return Session(environmentOf({{"QUODE_DATA_DIR", folder.path().string()},
+                                      {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
+                                      {"QUODE_NOW", "2026-11-21T04:00:00Z"}}),
+                       {});
+    }
+    UserDatabase open(Session& of) { return UserDatabase(of.dataFolder(), of.cities(), of.deviceClock()); }
+
+    TemporaryFolder folder;
+    UserEventStore calendar{folder.path(), CalendarLayout::ics};
+};
+
+TEST_F(UserChoicesTest, MakeTheDatabaseOfAFreshMachineWithTheCityOfItsZone) {
+    Session fresh = session();
+    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "");
+    const auto home = open(fresh).home();
+    ASSERT_TRUE(home && home->city);
+    EXPECT_EQ(home->city->zone, "Asia/Kathmandu");  // the zone that the tests run in
+}
+
+TEST_F(UserChoicesTest, TellHowToChooseACityWhenThereIsNone) {
+    Session fresh = session();
+    {
+        UserDatabase database = open(fresh);
+        for (const UserCity& city : database.cities()) database.removeCity(city.id);
+    }
+    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "Choose your city in a terminal: quode city add NAME");
+}
+
+TEST_F(UserChoicesTest, TellThatADamagedDatabaseWasKeptAside) {
+    std::ofstream(userDatabaseFile(folder.path())) << std::string(5000, 'x');
+    Session damaged = session();
+    const QString notice = host::prepareUserChoices(damaged, calendar);
+    EXPECT_TRUE(notice.contains("damaged")) << notice.toStdString();
+    EXPECT_TRUE(open(damaged).home());
+}
+
+TEST_F(UserChoicesTest, BringThePrayerTimesOfTheAlarmsUpToDate) {
+    Session fresh = session();
+    host::prepareUserChoices(fresh, calendar);
+    for (const UserAlarm& alarm : open(fresh).alarms()) EXPECT_GT(alarm.prayTime, 0.0) << alarm.code;
+}
+
+TEST_F(UserChoicesTest, FollowTheLayoutOfTheCalendar) {
+    Session fresh = session();
+    {
+        UserDatabase database = open(fresh);
+        UserSettings settings;
+        settings.calendarLayout = CalendarLayout::vdir;
+        saveSettings(database, settings);
+    }
+    host::prepareUserChoices(fresh, calendar);
+    EXPECT_EQ(calendar.layout(), CalendarLayout::vdir);
+}
+
+TEST_F(UserChoicesTest, PutOneCityIntoADatabaseOfItsOwn) {
+    Session fresh = session();
+    host::makeUserDatabase(fresh, *fresh.cities().city(istanbul));
+    const std::vector<UserCity> cities = open(fresh).cities();
+    ASSERT_EQ(cities.size(), 1U);
+    EXPECT_EQ(cities[0].id, istanbul);
+    EXPECT_TRUE(cities[0].isHome);
+}
+
+TEST_F(UserChoicesTest, PutAPointIntoADatabaseOfItsOwn) {
+    Session fresh = session();
+    CityRecord point = *fresh.cities().city(istanbul);
+    point.id = 0;
+    point.name = "A point";
+    point.latitude = 41.5;
+    host::makeUserDatabase(fresh, point);
+    const std::vector<UserCity> cities = open(fresh).cities();
+    ASSERT_EQ(cities.size(), 1U);
+    EXPECT_EQ(cities[0].city->name, "A point");
+    EXPECT_EQ(cities[0].city->latitude, 41.5);
+    EXPECT_EQ(cities[0].city->zone, "Europe/Istanbul");
+}
+
+}  // namespace
+}  // namespace quode::test
