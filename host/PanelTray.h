@@ -26,7 +26,7 @@ class PanelTray : public QObject {
     PanelTray(std::function<ComingPrayer()> coming, MomentWatch& watch, const Texts& texts);
 
     QString toolTip() const { return icon_.toolTip(); }
-    const QMenu& menu() const { return menu_; }
+    QMenu& menu() { return menu_; }
 
   Q_SIGNALS:
     /// The icon was clicked.

@@ -27,7 +27,7 @@ using cli::Failure;
 using cli::Session;
 
 constexpr QSize screenSize{360, 640};  // points
-constexpr int compassAppears = 1500;  // ms, until its animations have ended
+constexpr int compassAppears = 1500;   // ms, until its animations have ended
 
 /// The environment with another value for one variable.
 Environment with(Environment environment, std::string name, std::string value) {

@@ -20,20 +20,20 @@ constexpr int istanbul = 745044;
 
 class ComingPrayerTest : public testing::Test {
   protected:
-    Session session(const std::string& now, const std::string& language = "en") {
-        return Session(environmentOf({{"QUODE_DATA_DIR", folder.path().string()},
-                                      {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
-                                      {"QUODE_NOW", now},
-                                      {"LC_ALL", "en_GB.UTF-8"}}),
-                       {language});
+    std::unique_ptr<Session> session(const std::string& now, const std::string& language = "en") {
+        return std::make_unique<Session>(environmentOf({{"QUODE_DATA_DIR", folder.path().string()},
+                                                        {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
+                                                        {"QUODE_NOW", now},
+                                                        {"LC_ALL", "en_GB.UTF-8"}}),
+                                         Session::Wishes{language});
     }
 
     /// The same with Istanbul as the only city.
-    Session inIstanbul(const std::string& now, const std::string& language = "en") {
-        Session made = session(now, language);
-        const auto city = made.cities().city(istanbul);
+    std::unique_ptr<Session> inIstanbul(const std::string& now, const std::string& language = "en") {
+        auto made = session(now, language);
+        const auto city = made->cities().city(istanbul);
         EXPECT_TRUE(city && city->name == "Istanbul");
-        host::makeUserDatabase(made, *city);
+        host::makeUserDatabase(*made, *city);
         return made;
     }
 
@@ -41,38 +41,38 @@ class ComingPrayerTest : public testing::Test {
 };
 
 TEST_F(ComingPrayerTest, TellsTheTimeLeftExactlyAndBounded) {
-    Session morning = inIstanbul("2026-11-21T04:00:00Z");
-    const auto coming = comingPrayer(morning);
+    const auto morning = inIstanbul("2026-11-21T04:00:00Z");
+    const auto coming = comingPrayer(*morning);
     EXPECT_EQ(coming.exact, "Sunrise 07:52, in 52 min");
     EXPECT_EQ(coming.lasting, "Istanbul: Sunrise 07:52, within 1 h");
     EXPECT_EQ(coming.changesAt, utc("2026-11-21 04:22"));  // half an hour before
 }
 
 TEST_F(ComingPrayerTest, LooksIntoTheNextDay) {
-    Session night = inIstanbul("2026-11-21T18:00:00Z");
-    const auto coming = comingPrayer(night);
+    const auto night = inIstanbul("2026-11-21T18:00:00Z");
+    const auto coming = comingPrayer(*night);
     EXPECT_EQ(coming.exact, "Fajr 06:07, tomorrow, in 9 h 7 min");
     EXPECT_EQ(coming.lasting, "Istanbul: Fajr 06:07, within 10 h");
     EXPECT_EQ(coming.changesAt, utc("2026-11-21 18:07"));
 }
 
 TEST_F(ComingPrayerTest, ChangesAtThePrayerItselfInTheEnd) {
-    Session before = inIstanbul("2026-11-21T04:45:00Z");
-    EXPECT_EQ(comingPrayer(before).lasting, "Istanbul: Sunrise 07:52, within 10 min");
-    EXPECT_EQ(comingPrayer(before).changesAt, utc("2026-11-21 04:52"));
-    Session then = inIstanbul("2026-11-21T04:52:00Z");
-    EXPECT_EQ(comingPrayer(then).exact, "Dhuhr 13:01, in 5 h 9 min");
+    const auto before = inIstanbul("2026-11-21T04:45:00Z");
+    EXPECT_EQ(comingPrayer(*before).lasting, "Istanbul: Sunrise 07:52, within 10 min");
+    EXPECT_EQ(comingPrayer(*before).changesAt, utc("2026-11-21 04:52"));
+    const auto then = inIstanbul("2026-11-21T04:52:00Z");
+    EXPECT_EQ(comingPrayer(*then).exact, "Dhuhr 13:01, in 5 h 9 min");
 }
 
 TEST_F(ComingPrayerTest, SpeaksTheLanguageThatWasChosen) {
-    Session turkish = inIstanbul("2026-11-21T04:00:00Z", "tr");
-    EXPECT_EQ(comingPrayer(turkish).exact, "Güneş 07:52, 52 dk sonra");
-    EXPECT_EQ(comingPrayer(turkish).lasting, "Istanbul: Güneş 07:52, 1 saat içinde");
+    const auto turkish = inIstanbul("2026-11-21T04:00:00Z", "tr");
+    EXPECT_EQ(comingPrayer(*turkish).exact, "Güneş 07:52, 52 dk sonra");
+    EXPECT_EQ(comingPrayer(*turkish).lasting, "Istanbul: Güneş 07:52, 1 saat içinde");
 }
 
 TEST_F(ComingPrayerTest, SaysThatThereIsNoCity) {
-    Session fresh = session("2026-11-21T04:00:00Z");
-    const auto coming = comingPrayer(fresh);
+    const auto fresh = session("2026-11-21T04:00:00Z");
+    const auto coming = comingPrayer(*fresh);
     EXPECT_EQ(coming.exact, "No city was chosen");
     EXPECT_EQ(coming.lasting, "No city was chosen");
     EXPECT_FALSE(coming.changesAt);

@@ -23,12 +23,12 @@ class PanelProgram : public testing::Test {
     PanelProgram() {
         const QString home = path("home");
         std::filesystem::create_directory(home.toStdString());
-        for (const auto& [name, value] : std::initializer_list<std::pair<QString, QString>>{
-                 {"HOME", home},
-                 {"PATH", "/usr/bin:/bin"},
-                 {"LC_ALL", "en_GB.UTF-8"},
-                 {"TZ", "Europe/Istanbul"},
-                 {"QUODE_NOW", "2026-11-21T04:00:00Z"}}) {
+        for (const auto& [name, value] :
+             std::initializer_list<std::pair<QString, QString>>{{"HOME", home},
+                                                                {"PATH", "/usr/bin:/bin"},
+                                                                {"LC_ALL", "en_GB.UTF-8"},
+                                                                {"TZ", "Europe/Istanbul"},
+                                                                {"QUODE_NOW", "2026-11-21T04:00:00Z"}}) {
             environment.insert(name, value);
         }
     }
