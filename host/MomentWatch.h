@@ -25,7 +25,9 @@ class MomentWatch : public QObject {
 };
 
 /// By this machine's clock. Also tells of files that were written, such as the one that names the zone.
-std::unique_ptr<MomentWatch> systemMomentWatch(std::vector<std::filesystem::path> files);
+/// @param clock  what the moments are told by; one that is stopped, or set to another time, is waited for as long as if
+///               it went on from there
+std::unique_ptr<MomentWatch> systemMomentWatch(const Clock& clock, std::vector<std::filesystem::path> files);
 
 /// The file that names the zone of this machine.
 inline constexpr const char* zoneFile = "/etc/localtime";

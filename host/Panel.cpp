@@ -42,6 +42,7 @@ void Panel::dismiss() {
 }
 
 void Panel::dismissByUser() {
+    if (!isPresented_) return;
     sinceDismissal_.start();
     dismiss();
 }

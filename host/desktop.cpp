@@ -40,7 +40,7 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
     prepare();  // the widget reads the user's cities as soon as it is made
     WidgetBundle bundle(session.bundle().string());
     const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
-    const auto dayWatch = systemMomentWatch({zoneFile});
+    const auto dayWatch = systemMomentWatch(session.deviceClock(), {zoneFile});
     Panel panel(*widget, window, session.deviceClock(), *dayWatch, prepare);
     const auto present = [&panel] { panel.present(QCursor::pos()); };
     QObject::connect(&instance, &Instance::presentAsked, &panel, present);
@@ -48,7 +48,7 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
     std::unique_ptr<MomentWatch> trayWatch;
     std::unique_ptr<PanelTray> tray;
     if (hasTray) {
-        trayWatch = systemMomentWatch({zoneFile, userDatabaseFile(session.dataFolder())});
+        trayWatch = systemMomentWatch(session.deviceClock(), {zoneFile, userDatabaseFile(session.dataFolder())});
         tray = std::make_unique<PanelTray>([&session] { return comingPrayer(session); }, *trayWatch,
                                            textsOf(session.services().languageId()));
         QObject::connect(tray.get(), &PanelTray::clicked, &panel, [&panel] { panel.toggle(QCursor::pos()); });
@@ -74,7 +74,7 @@ ExitCode runOnDesktop(const Environment& environment, const std::optional<std::s
     char name[] = "quode-panel";
     char* arguments[] = {name, nullptr};
     QApplication application(count, arguments);
-    QGuiApplication::setApplicationDisplayName("Quode");
+    QCoreApplication::setApplicationName("Quode");  // the title of the icon in the tray
     QGuiApplication::setDesktopFileName("quode-panel");
     QApplication::setQuitOnLastWindowClosed(false);
     installAccessibility();

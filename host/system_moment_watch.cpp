@@ -33,7 +33,8 @@ class Descriptor {
 
 class SystemMomentWatch : public MomentWatch {
   public:
-    explicit SystemMomentWatch(std::vector<std::filesystem::path> files) : files_(std::move(files)) {
+    SystemMomentWatch(const Clock& clock, std::vector<std::filesystem::path> files)
+        : clock_(clock), files_(std::move(files)) {
         connect(&timerNotifier_, &QSocketNotifier::activated, this, &SystemMomentWatch::readTimer);
         connect(&fileNotifier_, &QSocketNotifier::activated, this, &SystemMomentWatch::readFileEvents);
     }
@@ -42,8 +43,9 @@ class SystemMomentWatch : public MomentWatch {
         watchFiles(moment.has_value());
         itimerspec when{};
         if (moment) {
-            // A moment that has passed already is reached at once; 0 would stop the timer.
-            const auto seconds = std::chrono::ceil<std::chrono::seconds>(moment->time_since_epoch()).count();
+            // Moments are whole seconds. One that has passed already is reached at once; 0 would stop the timer.
+            const auto byMachine = std::chrono::system_clock::now() + (*moment - clock_.now());
+            const auto seconds = std::chrono::round<std::chrono::seconds>(byMachine.time_since_epoch()).count();
             when.it_value.tv_sec = std::max<std::time_t>(1, static_cast<std::time_t>(seconds));
         }
         timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
@@ -51,7 +53,7 @@ class SystemMomentWatch : public MomentWatch {
 
   private:
     // The folders are watched, for files are replaced as often as they are written. A folder that cannot be watched is
-    // no failure: the change is seen at the next moment.
+    // no failure: the change is seen at the next moment. Closing a file counts for nothing: readers close it too.
     void watchFiles(bool wanted) {
         if (wanted == !folders_.empty()) return;
         if (!wanted) {
@@ -59,7 +61,7 @@ class SystemMomentWatch : public MomentWatch {
             folders_.clear();
             return;
         }
-        constexpr std::uint32_t written = IN_CLOSE_WRITE | IN_CREATE | IN_MOVED_TO | IN_ONLYDIR;
+        constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_ONLYDIR;
         for (const std::filesystem::path& file : files_) {
             const int number = inotify_add_watch(changes_, file.parent_path().c_str(), written);
             if (number >= 0) folders_.emplace(number, file.filename());
@@ -89,6 +91,7 @@ class SystemMomentWatch : public MomentWatch {
         if (isTouched) Q_EMIT stirred();
     }
 
+    const Clock& clock_;
     std::vector<std::filesystem::path> files_;
     Descriptor timer_{timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK), "No timer can be had"};
     Descriptor changes_{inotify_init1(IN_CLOEXEC | IN_NONBLOCK), "Files cannot be watched"};
@@ -99,8 +102,8 @@ class SystemMomentWatch : public MomentWatch {
 
 }  // namespace
 
-std::unique_ptr<MomentWatch> systemMomentWatch(std::vector<std::filesystem::path> files) {
-    return std::make_unique<SystemMomentWatch>(std::move(files));
+std::unique_ptr<MomentWatch> systemMomentWatch(const Clock& clock, std::vector<std::filesystem::path> files) {
+    return std::make_unique<SystemMomentWatch>(clock, std::move(files));
 }
 
 }  // namespace quode::host

@@ -151,6 +151,10 @@ class Desktop(unittest.TestCase):
         self.programs.append(subprocess.Popen([program], env=self.environment))
         return self.programs[-1]
 
+    def click_on_other_window(self):
+        rest(0.2)  # a user needs longer to move the hand
+        xdotool("mousemove", 100, 100, "click", 1)
+
     def assert_shown(self):
         return wait_for(lambda: windows("^Quode$"), "the panel is shown")
 
@@ -185,12 +189,12 @@ class Desktop(unittest.TestCase):
         with self.subTest("a click elsewhere closes it"):
             self.start(OTHER)
             wait_for(lambda: windows("Another program"), "another window")
-            self.assert_hidden()  # the new window has taken the focus
+            self.click_on_other_window()
+            self.assert_hidden()
             rest(0.4)
             tray.click()
             self.assert_shown()
-            rest(0.2)
-            xdotool("mousemove", 100, 100, "click", 1)
+            self.click_on_other_window()
             self.assert_hidden()
 
         with self.subTest("a second start opens the first"):
@@ -231,9 +235,10 @@ class Desktop(unittest.TestCase):
         window = self.assert_shown()[0]
         self.start(OTHER)
         wait_for(lambda: windows("Another program"), "another window")
+        self.click_on_other_window()
         rest(0.3)
         self.assert_shown()  # an ordinary window stays
-        xdotool("key", "--window", 0, "alt+F4")
+        xdotool("windowactivate", "--sync", window, "key", "alt+F4")
         wait_for(lambda: panel.poll() is not None, "the program ends")
         self.assertEqual(panel.returncode, 0)
 

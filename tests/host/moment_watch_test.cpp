@@ -5,6 +5,8 @@
 #include <QSignalSpy>
 #include <fstream>
 
+#include "platform/system_platform.h"
+#include "support/fake_platform.h"
 #include "support/temporary_folder.h"
 
 namespace quode::test {
@@ -20,7 +22,8 @@ class Watch : public testing::Test {
     void write(const std::string& name) { std::ofstream(folder.path() / name) << "x"; }
 
     TemporaryFolder folder;
-    std::unique_ptr<MomentWatch> watch = host::systemMomentWatch({folder.path() / "zone"});
+    std::shared_ptr<Clock> clock = systemClock();
+    std::unique_ptr<MomentWatch> watch = host::systemMomentWatch(*clock, {folder.path() / "zone"});
     QSignalSpy stirred{watch.get(), &MomentWatch::stirred};
 };
 
@@ -35,7 +38,7 @@ TEST_F(Watch, TellsThatTheMomentHasCome) {
 TEST_F(Watch, TellsAtOnceThatAMomentHasPassed) {
     watch->watchFor(std::chrono::system_clock::now() - 24h);
     EXPECT_TRUE(stirred.wait(1000));
-    watch->watchFor(Clock::TimePoint(-24h));
+    watch->watchFor(Clock::TimePoint(24h));
     EXPECT_TRUE(stirred.wait(1000));
 }
 
@@ -52,6 +55,13 @@ TEST_F(Watch, TellsThatAFileWasWrittenOrReplaced) {
     EXPECT_TRUE(stirred.wait(1000));
 }
 
+TEST_F(Watch, IsSilentWhenAFileIsOnlyOpened) {
+    write("zone");
+    watch->watchFor(std::chrono::system_clock::now() + 24h);
+    std::fstream(folder.path() / "zone", std::ios::in | std::ios::out).peek();
+    EXPECT_FALSE(stirred.wait(aMoment));
+}
+
 TEST_F(Watch, IsSilentWithoutAMoment) {
     watch->watchFor(std::chrono::system_clock::now() + 1s);
     watch->watchFor(std::nullopt);
@@ -62,8 +72,20 @@ TEST_F(Watch, IsSilentWithoutAMoment) {
     EXPECT_TRUE(stirred.wait(1000));
 }
 
+TEST(WatchByAStoppedClock, WaitsAsLongAsIfTheClockWentOn) {
+    FixedClock clock;
+    clock.show(2001, 1, 1, 0, 0, 0);
+    const auto watch = host::systemMomentWatch(clock, {});
+    QSignalSpy stirred(watch.get(), &MomentWatch::stirred);
+    watch->watchFor(clock.now() + 1h);
+    EXPECT_FALSE(stirred.wait(aMoment));
+    watch->watchFor(clock.now() + 1s);
+    EXPECT_TRUE(stirred.wait(3000));
+}
+
 TEST(WatchOfNothing, DoesWithoutFoldersThatAreMissing) {
-    const auto watch = host::systemMomentWatch({"/nowhere/at/all"});
+    const auto clock = systemClock();
+    const auto watch = host::systemMomentWatch(*clock, {"/nowhere/at/all"});
     QSignalSpy stirred(watch.get(), &MomentWatch::stirred);
     watch->watchFor(std::chrono::system_clock::now());
     EXPECT_TRUE(stirred.wait(2000));

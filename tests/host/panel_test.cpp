@@ -176,7 +176,7 @@ TEST_F(PanelTest, PresentsTheWidgetAnewWhenTheZoneChanges) {
     clock.offset = std::chrono::hours(9);
     Q_EMIT watch.stirred();
     EXPECT_EQ(widget.presented, 2);
-    EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-22 15:00")));
+    EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-21 15:00")));
 }
 
 TEST_F(PanelTest, WatchesNothingWhileItIsDismissed) {
