@@ -11,6 +11,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "host/icon.h"
@@ -23,6 +24,7 @@ constexpr double cornerRadius = 14.0;
 constexpr int padding = 8;         // above and below the widget
 constexpr int noticeMargin = 14;   // beside the text of a message
 constexpr int fadeDuration = 150;  // ms
+constexpr int secondRequest = 60;  // ms after the first request for the focus
 constexpr QColor opaqueColor(28, 28, 30), translucentColor(28, 28, 30, 230), edgeColor(255, 255, 255, 34),
     textColor(236, 236, 236), noticeColor(255, 211, 78);
 
@@ -140,6 +142,13 @@ void PanelWindow::open(QPoint pointer) {
     raise();
     activateWindow();
     setFocus();
+    QTimer::singleShot(secondRequest, this, &PanelWindow::insistOnFocus);
+}
+
+// A click in the tray is no event of this program's own, so a window manager that guards the focus finds the request
+// older than the user's last deed elsewhere. Showing the window has brought newer events.
+void PanelWindow::insistOnFocus() {
+    if (isVisible() && !isActiveWindow() && QApplication::activeWindow() == nullptr) activateWindow();
 }
 
 void PanelWindow::fadeIn() {

@@ -60,6 +60,7 @@ class PanelWindow : public QWidget {
     bool isRounded() const { return style_ == PanelStyle::popover; }
     void place();
     void fadeIn();
+    void insistOnFocus();
 
     PanelStyle style_;
     bool translucent_;

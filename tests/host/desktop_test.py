@@ -78,6 +78,7 @@ class Tray:
         return ask(self.bus, self.item(), path, interface, method, arguments)
 
     def click(self):
+        rest(0.4)  # a user needs longer between two clicks
         self.ask("/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate", GLib.Variant("(ii)", (1200, 990)))
 
     def fact(self, name):
@@ -152,7 +153,7 @@ class Desktop(unittest.TestCase):
         return self.programs[-1]
 
     def click_on_other_window(self):
-        rest(0.2)  # a user needs longer to move the hand
+        rest(0.2)
         xdotool("mousemove", 100, 100, "click", 1)
 
     def assert_shown(self):
@@ -171,7 +172,6 @@ class Desktop(unittest.TestCase):
             self.assert_hidden()
 
         with self.subTest("the icon opens and closes it"):
-            rest(0.3)
             tray.click()
             self.assert_shown()
             tray.click()
@@ -191,7 +191,6 @@ class Desktop(unittest.TestCase):
             wait_for(lambda: windows("Another program"), "another window")
             self.click_on_other_window()
             self.assert_hidden()
-            rest(0.4)
             tray.click()
             self.assert_shown()
             self.click_on_other_window()
@@ -212,7 +211,7 @@ class Desktop(unittest.TestCase):
             self.assert_hidden()
             rest(0.8)
             before = voluntary_switches(panel.pid)
-            time.sleep(1.5)
+            time.sleep(1.0)
             self.assertEqual(voluntary_switches(panel.pid), before)
 
         with self.subTest("tool tip and menu tell the coming prayer"):
