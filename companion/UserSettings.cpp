@@ -9,6 +9,18 @@ namespace {
 constexpr const char* soundName = "alarm.sound";
 constexpr const char* layoutName = "calendar.layout";
 constexpr const char* ringerName = "alarm.ringer";
+constexpr const char* panelName = "panel.layout";
+
+const char* valueOf(PanelLayout layout) {
+    switch (layout) {
+        case PanelLayout::phone:
+            return "phone";
+        case PanelLayout::tablet:
+            return "tablet";
+        default:
+            return "auto";
+    }
+}
 
 }  // namespace
 
@@ -18,6 +30,9 @@ UserSettings loadSettings(const UserDatabase& database) {
     if (!sound.empty()) settings.defaultSound = sound;
     if (database.setting(layoutName) == "vdir") settings.calendarLayout = CalendarLayout::vdir;
     if (database.setting(ringerName) == "evolution") settings.ringer = Ringer::evolution;
+    for (const PanelLayout layout : {PanelLayout::phone, PanelLayout::tablet}) {
+        if (database.setting(panelName) == valueOf(layout)) settings.panelLayout = layout;
+    }
     return settings;
 }
 
@@ -26,6 +41,7 @@ void saveSettings(UserDatabase& database, const UserSettings& settings) {
         database.setSetting(soundName, settings.defaultSound);
         database.setSetting(layoutName, settings.calendarLayout == CalendarLayout::vdir ? "vdir" : "ics");
         database.setSetting(ringerName, settings.ringer == Ringer::evolution ? "evolution" : "quode");
+        database.setSetting(panelName, valueOf(settings.panelLayout));
     });
 }
 

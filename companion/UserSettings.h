@@ -18,11 +18,19 @@ enum class Ringer {
     evolution,  ///< the calendar's own reminders; the alarm service only renews the events
 };
 
-/// The user's settings, as far as they have a meaning for alarms.
+/// How the panel is laid out.
+enum class PanelLayout {
+    automatic,  ///< as for a tablet on a large screen that is worked by touch alone, else as for a phone
+    phone,
+    tablet,
+};
+
+/// The user's settings, as far as they have a meaning here.
 struct UserSettings {
     std::string defaultSound = "chime";  ///< of alarms that are set up without one
     CalendarLayout calendarLayout = CalendarLayout::ics;
     Ringer ringer = Ringer::quode;
+    PanelLayout panelLayout = PanelLayout::automatic;
 
     friend bool operator==(const UserSettings&, const UserSettings&) = default;
 };

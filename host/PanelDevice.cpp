@@ -27,14 +27,15 @@ PanelDevice::PanelDevice(Idiom idiom, QSize screen, double scale)
     if (idiom == Idiom::phone) bounds_.width = std::min(panelWidth, screen.width());
 }
 
-Idiom idiomOf(QSize screen, bool onlyTouch) {
+Idiom idiomOf(PanelLayout layout, QSize screen, bool onlyTouch) {
+    if (layout != PanelLayout::automatic) return layout == PanelLayout::tablet ? Idiom::tablet : Idiom::phone;
     const bool isLarge = std::min(screen.width(), screen.height()) >= smallestTablet;
     return onlyTouch && isLarge ? Idiom::tablet : Idiom::phone;
 }
 
-std::shared_ptr<Device> panelDevice() {
+std::shared_ptr<Device> panelDevice(PanelLayout layout) {
     const QScreen& screen = *QGuiApplication::primaryScreen();
-    const Idiom idiom = idiomOf(screen.size(), isWorkedByTouchAlone());
+    const Idiom idiom = idiomOf(layout, screen.size(), isWorkedByTouchAlone());
     return std::make_shared<PanelDevice>(idiom, screen.size(), screen.devicePixelRatio());
 }
 

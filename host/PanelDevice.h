@@ -3,6 +3,7 @@
 #include <QSize>
 #include <memory>
 
+#include "companion/UserSettings.h"
 #include "platform/Device.h"
 
 namespace quode::host {
@@ -26,10 +27,12 @@ class PanelDevice : public Device {
     double scale_;
 };
 
-/// A tablet is a device that is worked by touch alone and whose screen is at least 600 points wide and high.
-Idiom idiomOf(QSize screen, bool onlyTouch);
+/// What a device is: as the user chose, else a tablet when it is worked by touch alone and its screen is at least 600
+/// points wide and high.
+Idiom idiomOf(PanelLayout layout, QSize screen, bool onlyTouch);
 
 /// The device on whose primary screen this application is shown.
-std::shared_ptr<Device> panelDevice();
+/// @param layout  the user's own choice
+std::shared_ptr<Device> panelDevice(PanelLayout layout);
 
 }  // namespace quode::host

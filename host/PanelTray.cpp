@@ -24,10 +24,7 @@ void PanelTray::refresh() {
     const ComingPrayer coming = coming_();
     next_->setText(QString::fromStdString(coming.exact));
     icon_.setToolTip(QString::fromStdString(coming.lasting));
-    // Without a prayer to wait for it is enough to hear of changes.
-    constexpr std::chrono::hours aDay{24};
-    watch_.watchFor(
-        coming.changesAt.value_or(std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now() + aDay)));
+    watch_.watchFor(coming.changesAt);
 }
 
 void PanelTray::refreshMenu() {

@@ -23,10 +23,11 @@ TimeBound boundOf(std::chrono::seconds left) {
 ComingPrayer comingPrayer(cli::Session& session) {
     const Texts& texts = textsOf(session.services().languageId());
     const std::optional<CityRecord> city = cli::homeCity(session);
-    if (!city) return {texts.noCity, texts.noCity, std::nullopt};
+    const std::chrono::sys_seconds nextDay = session.now() + 24h;  // without a prayer nothing changes so soon
+    if (!city) return {texts.noCity, texts.noCity, nextDay};
     const Site site = siteOf(*city);
     const std::optional<NextPrayer> next = nextPrayer(site, session.now());
-    if (!next) return {city->name, city->name, std::nullopt};
+    if (!next) return {city->name, city->name, nextDay};
 
     const std::string prayer = session.prayerName(next->code) + " " + cli::clockText(session, next->hours);
     const TimeBound bound = boundOf(cli::timeLeft(session, *next));

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <chrono>
-#include <optional>
 #include <string>
 
 #include "cli/session.h"
@@ -13,7 +12,7 @@ namespace quode::host {
 struct ComingPrayer {
     std::string exact;    ///< "Dhuhr 13:01, in 2 h 13 min": for what is shown for a moment, such as a menu
     std::string lasting;  ///< "Istanbul: Dhuhr 13:01, within 3 h": for what stays, and is true until `changesAt`
-    std::optional<std::chrono::sys_seconds> changesAt;  ///< nothing when no prayer is coming
+    std::chrono::sys_seconds changesAt{};
 };
 
 ComingPrayer comingPrayer(cli::Session& session);

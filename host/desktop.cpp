@@ -30,7 +30,7 @@ ExitCode presentOther(const Instance& instance) {
 
 ExitCode serve(QApplication& application, Session& session, const Instance& instance) {
     const auto calendar = std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
-    session.setDevice(panelDevice());
+    session.setDevice(panelDevice(chosenLayout(session)));
     session.setCalendar(calendar);
     session.services();
 

@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
+#include "cli/user_data.h"
 #include "companion/UserDatabase.h"
-#include "companion/UserSettings.h"
 #include "data/user_places.h"
 #include "host/texts.h"
 
@@ -24,6 +24,15 @@ QString prepareUserChoices(cli::Session& session, UserEventStore& calendar) {
         notices << error.what();
     }
     return notices.join('\n');
+}
+
+PanelLayout chosenLayout(cli::Session& session) {
+    try {
+        const std::optional<UserDatabase> database = cli::userDatabaseToRead(session);
+        return database ? loadSettings(*database).panelLayout : PanelLayout::automatic;
+    } catch (const UserDatabaseError&) {
+        return PanelLayout::automatic;  // what is wrong is told with the panel
+    }
 }
 
 void makeUserDatabase(cli::Session& session, const CityRecord& city) {

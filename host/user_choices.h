@@ -5,12 +5,16 @@
 
 #include "cli/session.h"
 #include "companion/UserEventStore.h"
+#include "companion/UserSettings.h"
 
 namespace quode::host {
 
 /// Makes the user database when there is none, and brings up to date what the widget goes by: the prayer times of the
 /// alarms, and the layout of the calendar. Returned: what the user should be told; empty when all is well.
 QString prepareUserChoices(cli::Session& session, UserEventStore& calendar);
+
+/// The layout that the user has chosen for the panel; automatic when that cannot be read.
+PanelLayout chosenLayout(cli::Session& session);
 
 /// Makes a user database in an empty folder whose only city is this one.
 void makeUserDatabase(cli::Session& session, const CityRecord& city);

@@ -35,6 +35,15 @@ std::string ringerName(const UserSettings& settings) {
     return settings.ringer == Ringer::evolution ? "evolution" : "quode";
 }
 
+constexpr std::array<std::pair<const char*, PanelLayout>, 3> panelLayouts{
+    {{"auto", PanelLayout::automatic}, {"phone", PanelLayout::phone}, {"tablet", PanelLayout::tablet}}};
+
+std::string panelName(const UserSettings& settings) {
+    const auto* const layout =
+        std::ranges::find(panelLayouts, settings.panelLayout, [](auto& each) { return each.second; });
+    return layout->first;
+}
+
 bool isOneOf(const std::string& value, const std::string& first, const std::string& second, const char* key) {
     if (value == first || value == second) return value == second;
     throw Failure(ExitCode::usage, fmt::format("{} is {} or {}, not \"{}\".", key, first, second, value));
@@ -76,7 +85,18 @@ void changeRinger(Session& session, const std::string& value) {
     setRinger(session, database, wantsEvolution ? Ringer::evolution : Ringer::quode);
 }
 
-const std::array<Setting, 3> settings{{
+void changePanel(Session& session, const std::string& value) {
+    const auto* const layout = std::ranges::find(panelLayouts, value, [](auto& each) { return each.first; });
+    if (layout == panelLayouts.end()) {
+        throw Failure(ExitCode::usage, fmt::format("panel is auto, phone or tablet, not \"{}\".", value));
+    }
+    UserDatabase database = userDatabaseToChange(session);
+    UserSettings settings = loadSettings(database);
+    settings.panelLayout = layout->second;
+    saveSettings(database, settings);
+}
+
+const std::array<Setting, 4> settings{{
     {"sound", "of alarms that have none of their own", [](const UserSettings& all) { return all.defaultSound; },
      soundsToChoose, changeSound},
     {"calendar", "how the events of the alarms are kept", layoutName,
@@ -87,6 +107,9 @@ const std::array<Setting, 3> settings{{
          return std::string("quode (the alarm service) and evolution (the reminders of Evolution, when connected)");
      },
      changeRinger},
+    {"panel", "the layout of the panel", panelName,
+     [](Session&) { return std::string("auto (by the screen), phone and tablet; a panel that runs keeps its own"); },
+     changePanel},
 }};
 
 // --- showing them
@@ -140,7 +163,7 @@ void runSettings(Session& session, const Arguments& arguments) {
 Command settingsCommand() {
     return {"settings",
             "Show or change settings",
-            {{Parameter::Kind::word, "KEY", "", "sound, calendar or ringer"},
+            {{Parameter::Kind::word, "KEY", "", "sound, calendar, ringer or panel"},
              {Parameter::Kind::word, "VALUE", "", "What it is to be"}},
             runSettings};
 }

@@ -20,10 +20,16 @@ TEST(PanelDevice, HasTheWholeScreenOfATablet) {
 }
 
 TEST(PanelDevice, IsATabletWhenItIsLargeAndWorkedByTouchAlone) {
-    EXPECT_EQ(idiomOf({600, 1000}, true), Idiom::tablet);
-    EXPECT_EQ(idiomOf({1000, 600}, true), Idiom::tablet);
-    EXPECT_EQ(idiomOf({599, 1000}, true), Idiom::phone);
-    EXPECT_EQ(idiomOf({1920, 1080}, false), Idiom::phone);
+    constexpr auto automatic = PanelLayout::automatic;
+    EXPECT_EQ(idiomOf(automatic, {600, 1000}, true), Idiom::tablet);
+    EXPECT_EQ(idiomOf(automatic, {1000, 600}, true), Idiom::tablet);
+    EXPECT_EQ(idiomOf(automatic, {599, 1000}, true), Idiom::phone);
+    EXPECT_EQ(idiomOf(automatic, {1920, 1080}, false), Idiom::phone);
+}
+
+TEST(PanelDevice, IsWhatTheUserChoseInstead) {
+    EXPECT_EQ(idiomOf(PanelLayout::tablet, {1920, 1080}, false), Idiom::tablet);
+    EXPECT_EQ(idiomOf(PanelLayout::phone, {1000, 1000}, true), Idiom::phone);
 }
 
 }  // namespace

@@ -28,22 +28,22 @@ class Watch : public testing::Test {
 };
 
 TEST_F(Watch, TellsThatTheMomentHasCome) {
-    const auto wanted = std::chrono::ceil<std::chrono::seconds>(std::chrono::system_clock::now() + 100ms);
+    const auto wanted = std::chrono::ceil<std::chrono::seconds>(clock->now() + 100ms);
     watch->watchFor(wanted);
     ASSERT_TRUE(stirred.wait(3000));
-    EXPECT_GE(std::chrono::system_clock::now(), wanted);
+    EXPECT_GE(clock->now(), wanted);
     EXPECT_EQ(stirred.count(), 1);
 }
 
 TEST_F(Watch, TellsAtOnceThatAMomentHasPassed) {
-    watch->watchFor(std::chrono::system_clock::now() - 24h);
+    watch->watchFor(clock->now() - 24h);
     EXPECT_TRUE(stirred.wait(1000));
     watch->watchFor(Clock::TimePoint(24h));
     EXPECT_TRUE(stirred.wait(1000));
 }
 
 TEST_F(Watch, TellsThatAFileWasWrittenOrReplaced) {
-    watch->watchFor(std::chrono::system_clock::now() + 24h);
+    watch->watchFor(clock->now() + 24h);
     write("zone");
     EXPECT_TRUE(stirred.wait(1000));
     write("new");
@@ -57,17 +57,17 @@ TEST_F(Watch, TellsThatAFileWasWrittenOrReplaced) {
 
 TEST_F(Watch, IsSilentWhenAFileIsOnlyOpened) {
     write("zone");
-    watch->watchFor(std::chrono::system_clock::now() + 24h);
+    watch->watchFor(clock->now() + 24h);
     std::fstream(folder.path() / "zone", std::ios::in | std::ios::out).peek();
     EXPECT_FALSE(stirred.wait(aMoment));
 }
 
 TEST_F(Watch, IsSilentWithoutAMoment) {
-    watch->watchFor(std::chrono::system_clock::now() + 1s);
+    watch->watchFor(clock->now() + 1s);
     watch->watchFor(std::nullopt);
     write("zone");
     EXPECT_FALSE(stirred.wait(1200));
-    watch->watchFor(std::chrono::system_clock::now() + 24h);
+    watch->watchFor(clock->now() + 24h);
     write("zone");
     EXPECT_TRUE(stirred.wait(1000));
 }
@@ -87,7 +87,7 @@ TEST(WatchOfNothing, DoesWithoutFoldersThatAreMissing) {
     const auto clock = systemClock();
     const auto watch = host::systemMomentWatch(*clock, {"/nowhere/at/all"});
     QSignalSpy stirred(watch.get(), &MomentWatch::stirred);
-    watch->watchFor(std::chrono::system_clock::now());
+    watch->watchFor(clock->now());
     EXPECT_TRUE(stirred.wait(2000));
 }
 

@@ -50,12 +50,6 @@ TEST_F(TrayTest, RenewsTheToolTipWhenItsTruthEnds) {
     EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-21 09:31")));
 }
 
-TEST_F(TrayTest, GoesOnWatchingWhenNoPrayerComes) {
-    coming = {"No city was chosen", "No city was chosen", std::nullopt};
-    Q_EMIT watch.stirred();
-    EXPECT_TRUE(watch.moment);
-}
-
 TEST_F(TrayTest, OpensThePanelAndEndsTheProgramByItsMenu) {
     QSignalSpy open(&tray, &PanelTray::openAsked), quit(&tray, &PanelTray::quitAsked);
     entry(0)->trigger();

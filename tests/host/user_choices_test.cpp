@@ -74,6 +74,18 @@ TEST_F(UserChoicesTest, FollowTheLayoutOfTheCalendar) {
     EXPECT_EQ(calendar.layout(), CalendarLayout::vdir);
 }
 
+TEST_F(UserChoicesTest, TellTheLayoutOfThePanel) {
+    Session fresh = session();
+    EXPECT_EQ(host::chosenLayout(fresh), PanelLayout::automatic);
+    {
+        UserDatabase database = open(fresh);
+        UserSettings settings;
+        settings.panelLayout = PanelLayout::tablet;
+        saveSettings(database, settings);
+    }
+    EXPECT_EQ(host::chosenLayout(fresh), PanelLayout::tablet);
+}
+
 TEST_F(UserChoicesTest, PutOneCityIntoADatabaseOfItsOwn) {
     Session fresh = session();
     host::makeUserDatabase(fresh, *fresh.cities().city(istanbul));
