@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <utility>
 
 #include "cli/session.h"
 #include "companion/UserEventStore.h"
@@ -36,8 +37,12 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
 
     const bool hasTray = QSystemTrayIcon::isSystemTrayAvailable();
     PanelWindow window(hasTray ? PanelStyle::popover : PanelStyle::window, isComposited());
-    const auto prepare = [&] { window.setNotice(prepareUserChoices(session, *calendar)); };
-    prepare();  // the widget reads the user's cities as soon as it is made
+    // The widget reads the user's cities as soon as it is made. What is to be told then is told with the first panel.
+    QString told = prepareUserChoices(session, *calendar);
+    const auto prepare = [&] {
+        const QString present = prepareUserChoices(session, *calendar);
+        window.setNotice(told.isEmpty() ? present : std::exchange(told, {}));
+    };
     WidgetBundle bundle(session.bundle().string());
     const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
     const auto dayWatch = systemMomentWatch(session.deviceClock(), {zoneFile});
