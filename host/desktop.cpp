@@ -24,6 +24,23 @@ using cli::ExitCode;
 using cli::Failure;
 using cli::Session;
 
+// Leaves the choice to Qt where there is one.
+void chooseDisplay(const Environment& environment) {
+    const std::string wanted = nonEmpty(environment, "QT_QPA_PLATFORM").value_or("xcb;wayland");
+    const bool needsDisplay = wanted.find("xcb") != std::string::npos || wanted.find("wayland") != std::string::npos;
+    if (!needsDisplay) return;
+    const Displays displays = answeringDisplays(environment);
+    if (!displays.x && !displays.wayland) {
+        std::string problem = "There is no display to open the panel on.";
+        if (nonEmpty(environment, "WAYLAND_DISPLAY")) problem += " Under Wayland the package qt6-wayland is needed.";
+        throw Failure(ExitCode::notFound, problem +
+                                              " To draw it into a picture: quode-panel --screenshot FILE. To print the "
+                                              "times: quode");
+    }
+    if (!displays.x) qputenv("QT_QPA_PLATFORM", "wayland");
+    if (!displays.wayland) qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
 ExitCode presentOther(const Instance& instance) {
     if (instance.presentOther()) return ExitCode::ok;
     throw Failure(ExitCode::notFound, "The panel runs already, but does not answer. End that program and try again.");
@@ -70,11 +87,7 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
 }  // namespace
 
 ExitCode runOnDesktop(const Environment& environment, const std::optional<std::string>& language) {
-    if (!hasDisplay(environment)) {
-        throw Failure(ExitCode::notFound,
-                      "There is no display to open the panel on. To draw it into a picture: quode-panel --screenshot "
-                      "FILE. To print the times: quode");
-    }
+    chooseDisplay(environment);
     int count = 1;
     char name[] = "quode-panel";
     char* arguments[] = {name, nullptr};

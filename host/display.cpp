@@ -1,9 +1,15 @@
 #include "host/display.h"
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
 
+#include <QDir>
 #include <QGuiApplication>
+#include <QLibraryInfo>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -42,11 +48,34 @@ bool hasCompositor(const Display& display) {
     return owner && owner->owner != XCB_NONE;
 }
 
+bool qtKnowsWayland() {
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
+    return !plugins.entryList({"libqwayland*.so"}, QDir::Files).isEmpty();
+}
+
+bool waylandAnswers(const Environment& environment) {
+    const auto name = nonEmpty(environment, "WAYLAND_DISPLAY");
+    if (!name) return false;
+    const auto folder = std::filesystem::path(nonEmpty(environment, "XDG_RUNTIME_DIR").value_or(""));
+    const std::string path = folder / *name;  // the name alone when it is a whole path
+    sockaddr_un address{};
+    if (path.size() >= sizeof address.sun_path) return false;
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, path.size());
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (socket < 0) return false;
+    const bool answers = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(socket);
+    return answers;
+}
+
 }  // namespace
 
-bool hasDisplay(const Environment& environment) {
-    if (nonEmpty(environment, "QT_QPA_PLATFORM") || nonEmpty(environment, "WAYLAND_DISPLAY")) return true;
-    return nonEmpty(environment, "DISPLAY") && Display().answers();
+Displays answeringDisplays(const Environment& environment) {
+    Displays displays;
+    displays.x = nonEmpty(environment, "DISPLAY") && Display().answers();
+    displays.wayland = qtKnowsWayland() && waylandAnswers(environment);
+    return displays;
 }
 
 bool isComposited() {

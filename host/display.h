@@ -5,8 +5,12 @@
 
 namespace quode::host {
 
-/// Whether there is a display to open a window on. Throws nothing: a display that does not answer is none.
-bool hasDisplay(const Environment& environment);
+/// The displays that answer. To be asked before the application object is made: Qt ends the program when it finds none.
+struct Displays {
+    bool x = false;
+    bool wayland = false;  ///< and Qt can use it
+};
+Displays answeringDisplays(const Environment& environment);
 
 /// Whether windows may be translucent, for something composes them with what lies behind. To be asked once the
 /// application object was made.

@@ -53,7 +53,7 @@ void passMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
 
 /// What makes the pictures of all machines alike.
 void prepareQt(const ScreenshotWish& wish, const QTemporaryDir& folder) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
     qputenv("QT_SCALE_FACTOR", QByteArray::number(wish.scale));
     qputenv("QT_FONT_DPI", "96");

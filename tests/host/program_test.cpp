@@ -137,6 +137,11 @@ TEST_F(PanelProgram, ReplacesAnOlderPicture) {
     EXPECT_NE(first, picture({"--city", "Istanbul"}));
 }
 
+TEST_F(PanelProgram, DrawsWithoutADisplayWhateverQtIsToldToUse) {
+    environment.insert("QT_QPA_PLATFORM", "xcb");
+    EXPECT_EQ(picture({}).width(), 340);
+}
+
 TEST_F(PanelProgram, SaysWhatIsWrong) {
     const QString file = path("panel.png");
     expectFailure({"--screenshot", file, "--city", "Nowheretown"}, 1, "No city is called \"Nowheretown\"");
@@ -156,6 +161,11 @@ TEST_F(PanelProgram, SaysThatThereIsNoDisplay) {
     expectFailure({}, 1, "There is no display");
     environment.insert("DISPLAY", ":4711");
     expectFailure({}, 1, "--screenshot");
+    environment.insert("QT_QPA_PLATFORM", "xcb");
+    expectFailure({}, 1, "To print the times: quode");
+    environment.insert("QT_QPA_PLATFORM", "wayland");
+    environment.insert("WAYLAND_DISPLAY", "wayland-4711");
+    expectFailure({}, 1, "qt6-wayland");
 }
 
 TEST_F(PanelProgram, ExplainsItself) {
