@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <stdexcept>
+
 #include "cli/day_view.h"
 #include "cli/next_prayer.h"
 #include "cli/user_data.h"
@@ -10,7 +12,6 @@
 namespace quode::host {
 
 using namespace std::chrono_literals;
-using std::chrono::minutes;
 
 TimeBound boundOf(std::chrono::seconds left) {
     if (left <= 10min) return {10min, 0min};
@@ -20,14 +21,17 @@ TimeBound boundOf(std::chrono::seconds left) {
     return {hours, hours - 1h};
 }
 
-ComingPrayer comingPrayer(cli::Session& session) {
+namespace {
+
+constexpr auto lookAgain = 24h;  // where no prayer is waited for
+
+ComingPrayer foundComingPrayer(cli::Session& session) {
     const Texts& texts = textsOf(session.services().languageId());
     const std::optional<CityRecord> city = cli::homeCity(session);
-    const std::chrono::sys_seconds nextDay = session.now() + 24h;  // without a prayer nothing changes so soon
-    if (!city) return {texts.noCity, texts.noCity, nextDay};
+    if (!city) return {texts.noCity, texts.noCity, session.now() + lookAgain};
     const Site site = siteOf(*city);
     const std::optional<NextPrayer> next = nextPrayer(site, session.now());
-    if (!next) return {city->name, city->name, nextDay};
+    if (!next) return {city->name, city->name, session.now() + lookAgain};
 
     const std::string prayer = session.prayerName(next->code) + " " + cli::clockText(session, next->hours);
     const TimeBound bound = boundOf(cli::timeLeft(session, *next));
@@ -36,6 +40,16 @@ ComingPrayer comingPrayer(cli::Session& session) {
                                            isHours ? bound.bound / 1h : bound.bound / 1min);
     return {prayer + ", " + cli::timeLeftText(session, site, *next), city->name + ": " + prayer + ", " + within,
             next->instant - bound.next};
+}
+
+}  // namespace
+
+ComingPrayer comingPrayer(cli::Session& session) {
+    try {
+        return foundComingPrayer(session);
+    } catch (const std::runtime_error& error) {
+        return {error.what(), error.what(), session.now() + lookAgain};
+    }
 }
 
 }  // namespace quode::host

@@ -15,6 +15,7 @@ struct ComingPrayer {
     std::chrono::sys_seconds changesAt{};
 };
 
+/// What is wrong with the databases takes the place of the texts.
 ComingPrayer comingPrayer(cli::Session& session);
 
 /// How a text that stays tells the time left: the smallest of 10 min, 30 min, 1 h, 2 h ... that it does not exceed.

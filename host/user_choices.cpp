@@ -1,6 +1,7 @@
 #include "host/user_choices.h"
 
 #include <QStringList>
+#include <stdexcept>
 
 #include "cli/user_data.h"
 #include "companion/UserDatabase.h"
@@ -20,7 +21,7 @@ QString prepareUserChoices(cli::Session& session, UserEventStore& calendar) {
         database.refreshPrayerTimes();
         const StoreStatus moved = calendar.changeLayout(loadSettings(database).calendarLayout);
         if (!moved.ok) notices << QString::fromStdString(moved.message);
-    } catch (const UserDatabaseError& error) {
+    } catch (const std::runtime_error& error) {  // of either database; the panel is shown all the same
         notices << error.what();
     }
     return notices.join('\n');

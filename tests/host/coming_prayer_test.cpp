@@ -78,6 +78,11 @@ TEST_F(ComingPrayerTest, SaysThatThereIsNoCity) {
     EXPECT_EQ(coming.changesAt, utc("2026-11-22 04:00"));  // to look again
 }
 
+TEST_F(ComingPrayerTest, TellsThatTheCitiesCannotBeRead) {
+    Session broken(environmentOf({{"QUODE_DATA_DIR", folder.path().string()}, {"QUODE_BUNDLE_DIR", "/nowhere"}}), {});
+    EXPECT_NE(comingPrayer(broken).exact.find("/nowhere"), std::string::npos) << comingPrayer(broken).exact;
+}
+
 TEST(TimeBound, IsTheSmallestOfFewThatIsNotExceeded) {
     const auto expect = [](std::chrono::seconds left, std::chrono::minutes bound, std::chrono::minutes next) {
         EXPECT_EQ(boundOf(left).bound, bound) << left.count();
