@@ -20,6 +20,11 @@ PanelTray::PanelTray(std::function<ComingPrayer()> coming, MomentWatch& watch, c
     icon_.show();
 }
 
+// A menu that is emptied takes its entries back from the desktop; one that is deleted leaves them there.
+PanelTray::~PanelTray() {
+    menu_.clear();
+}
+
 void PanelTray::refresh() {
     const ComingPrayer coming = coming_();
     next_->setText(QString::fromStdString(coming.exact));

@@ -24,6 +24,7 @@ class PanelTray : public QObject {
     /// @param coming  gives the coming prayer at the present moment
     /// @param watch   kept by the caller for as long as the tray lives
     PanelTray(std::function<ComingPrayer()> coming, MomentWatch& watch, const Texts& texts);
+    ~PanelTray() override;
 
     QString toolTip() const { return icon_.toolTip(); }
     QMenu& menu() { return menu_; }
