@@ -108,7 +108,7 @@ const std::array<Setting, 4> settings{{
      },
      changeRinger},
     {"panel", "the layout of the panel", panelName,
-     [](Session&) { return std::string("auto (by the screen), phone and tablet; a panel that runs keeps its own"); },
+     [](Session&) { return std::string("auto (by the screen), phone and tablet, from the next start of the panel"); },
      changePanel},
 }};
 

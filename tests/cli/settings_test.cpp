@@ -30,9 +30,11 @@ TEST(Settings, AreShownWithTheirMeaning) {
     EXPECT_EQ(program.run({"settings"}).out,
               "sound     chime  of alarms that have none of their own\n"
               "calendar  ics    how the events of the alarms are kept\n"
-              "ringer    quode  the program that rings\n");
+              "ringer    quode  the program that rings\n"
+              "panel     auto   the layout of the panel\n");
     const auto settings = program.run({"settings", "--json"}).json()["settings"];
-    EXPECT_EQ(settings, (nlohmann::json{{"sound", "chime"}, {"calendar", "ics"}, {"ringer", "quode"}}));
+    EXPECT_EQ(settings,
+              (nlohmann::json{{"sound", "chime"}, {"calendar", "ics"}, {"ringer", "quode"}, {"panel", "auto"}}));
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite")) << "looking makes nothing";
 }
 
@@ -49,13 +51,18 @@ TEST(Settings, AreKept) {
     const Program program;
     EXPECT_EQ(program.run({"settings", "sound", "gong"}).code, 0);
     EXPECT_EQ(program.run({"settings", "sound"}).lines().at(0), "gong");
+    EXPECT_EQ(program.run({"settings", "panel", "tablet"}).code, 0);
+    EXPECT_EQ(program.run({"settings", "panel"}).lines().at(0), "tablet");
+    EXPECT_EQ(program.run({"settings", "panel", "auto", "--json"}).json()["settings"]["panel"], "auto");
     EXPECT_EQ(program.run({"alarm", "list", "--json"}).json()["alarms"][0]["sound"], "gong");
 }
 
 TEST(Settings, AreRefusedWhenUnknown) {
-    expectRefusal({"settings", "colour"}, 2, "There is no setting \"colour\". There are sound, calendar, ringer.");
+    expectRefusal({"settings", "colour"}, 2,
+                  "There is no setting \"colour\". There are sound, calendar, ringer, panel.");
     expectRefusal({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
     expectRefusal({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
+    expectRefusal({"settings", "panel", "huge"}, 2, "panel is auto, phone or tablet, not \"huge\".");
     expectRefusal({"settings", "sound", "nosuch"}, 1, "There is no sound \"nosuch\"");
     expectRefusal({"settings", "ringer", "evolution"}, 2, "quode calendar connect evolution --ring");
 }
