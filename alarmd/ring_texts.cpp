@@ -29,16 +29,7 @@ constexpr Texts german{"Gebetszeit", "{} Min. vor der Zeit", "{} Min. nach der Z
                        "Stopp",      "In {} Min. erneut"};
 
 const Texts& textsOf(std::int32_t language) {
-    switch (language) {
-        case languageTurkish:
-            return turkish;
-        case languageFrench:
-            return french;
-        case languageGerman:
-            return german;
-        default:
-            return english;
-    }
+    return inLanguage(language, turkish, english, french, german);
 }
 
 }  // namespace

@@ -121,7 +121,7 @@ class Parser {
 
     bool wantsVersion() const { return version_->count() > 0; }
 
-    std::string help() const { return deepest().app->help(); }
+    std::string help() const { return app_.help(); }
 
     Invocation invocation() const {
         const Slots& chosen = deepest();

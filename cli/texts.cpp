@@ -346,16 +346,7 @@ constexpr Texts german{
 }  // namespace
 
 const Texts& textsOf(int languageId) {
-    switch (languageId) {
-        case languageTurkish:
-            return turkish;
-        case languageFrench:
-            return french;
-        case languageGerman:
-            return german;
-        default:
-            return english;
-    }
+    return inLanguage(languageId, turkish, english, french, german);
 }
 
 std::string decimal(const Texts& texts, double value, int places, bool withSign) {

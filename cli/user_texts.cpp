@@ -76,16 +76,7 @@ constexpr UserTexts german{
 }  // namespace
 
 const UserTexts& userTextsOf(int languageId) {
-    switch (languageId) {
-        case languageTurkish:
-            return turkish;
-        case languageFrench:
-            return french;
-        case languageGerman:
-            return german;
-        default:
-            return english;
-    }
+    return inLanguage(languageId, turkish, english, french, german);
 }
 
 }  // namespace quode::cli

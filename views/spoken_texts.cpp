@@ -19,16 +19,7 @@ constexpr Names german{"Wecker für %@",        "Qibla-Kompass",  "Angaben zum O
                        "Einzelheiten zum Ort", "Religiöse Tage", "Weitere Gebetszeiten"};
 
 const Names& namesOf(int languageId) {
-    switch (languageId) {
-        case languageTurkish:
-            return turkish;
-        case languageFrench:
-            return french;
-        case languageGerman:
-            return german;
-        default:
-            return english;
-    }
+    return inLanguage(languageId, turkish, english, french, german);
 }
 
 }  // namespace

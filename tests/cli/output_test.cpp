@@ -117,6 +117,7 @@ TEST(Output, OfTheHelpFitsATerminal) {
         EXPECT_EQ(run.code, 0);
         for (const std::string& line : run.lines()) EXPECT_LE(widthOf(line), 80) << line;
     }
+    EXPECT_NE(Program().run({"city", "search", "--help"}).out.find("Usage: quode city search "), std::string::npos);
     const std::string help = Program().run({"--help"}).out;
     for (const char* text : {"Exit codes:", "QUODE_CITY", "QUODE_NOW", "doctor"}) {
         EXPECT_NE(help.find(text), std::string::npos) << text;
