@@ -12,6 +12,7 @@
 #include "host/PanelDevice.h"
 #include "host/PanelTray.h"
 #include "host/WidgetBundle.h"
+#include "host/alarm_service.h"
 #include "host/display.h"
 #include "host/texts.h"
 #include "host/user_choices.h"
@@ -80,6 +81,7 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
         QObject::connect(&panel, &Panel::dismissed, &application, &QCoreApplication::quit);
     }
     present();
+    startAlarmService(session.dataFolder());
     QApplication::exec();
     return ExitCode::ok;
 }

@@ -132,11 +132,27 @@ def sleeps(pid):
     return counts
 
 
+def alarm_services(folder):
+    """The numbers of the alarm services that run for a data folder."""
+    found = []
+    for number in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            with open("/proc/%s/environ" % number, "rb") as variables:
+                is_of_folder = ("QUODE_DATA_DIR=" + folder).encode() in variables.read().split(b"\0")
+            with open("/proc/%s/comm" % number) as name:
+                if is_of_folder and name.read().strip() == "quode-alarmd":
+                    found.append(int(number))
+        except OSError:  # it has ended, or is somebody else's
+            pass
+    return found
+
+
 class Desktop(unittest.TestCase):
     def setUp(self):
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         self.folder = tempfile.TemporaryDirectory()
-        self.environment = dict(os.environ, HOME=self.folder.name, QUODE_DATA_DIR=self.folder.name + "/data",
+        self.data = self.folder.name + "/data"
+        self.environment = dict(os.environ, HOME=self.folder.name, QUODE_DATA_DIR=self.data,
                                 QUODE_NOW="2026-11-21T04:00:00Z", LC_ALL="en_GB.UTF-8", TZ="Europe/Istanbul",
                                 XDG_RUNTIME_DIR=self.folder.name)
         self.programs = []
@@ -146,6 +162,8 @@ class Desktop(unittest.TestCase):
             if program.poll() is None:
                 program.kill()
             program.wait()
+        for number in alarm_services(self.data):
+            os.kill(number, signal.SIGKILL)
         self.folder.cleanup()
 
     def start(self, program):
@@ -166,6 +184,10 @@ class Desktop(unittest.TestCase):
         tray = Tray(self.bus)
         panel = self.start(PROGRAM)
         self.assert_shown()
+
+        with self.subTest("alarms ring: the service is there"):
+            service = wait_for(lambda: alarm_services(self.data), "the alarm service runs")
+            self.assertEqual(len(service), 1)
 
         with self.subTest("Escape dismisses the panel"):
             xdotool("key", "Escape")
@@ -202,6 +224,7 @@ class Desktop(unittest.TestCase):
             self.assertEqual(second.returncode, 0)
             self.assert_shown()
             self.assertIsNone(panel.poll())
+            self.assertEqual(alarm_services(self.data), service)
 
         with self.subTest("everything in it has a name and a role"):
             self.check_accessibility()
@@ -228,6 +251,7 @@ class Desktop(unittest.TestCase):
             tray.choose(entries["Quit"])
             wait_for(lambda: panel.poll() is not None, "the program ends")
             self.assertEqual(panel.returncode, 0)
+            self.assertEqual(alarm_services(self.data), service)  # alarms ring without the panel
         tray.close()
 
     def test_without_a_tray(self):

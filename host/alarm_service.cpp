@@ -1,0 +1,20 @@
+#include "host/alarm_service.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QProcess>
+
+#include "companion/alarm_service.h"
+
+namespace quode::host {
+
+void startAlarmService(const std::filesystem::path& dataFolder) {
+    const QFileInfo program(QCoreApplication::applicationDirPath() + "/quode-alarmd");
+    if (!program.isExecutable() || alarmServiceRuns(dataFolder)) return;
+    QProcess service;
+    service.setProgram(program.filePath());
+    service.setStandardInputFile(QProcess::nullDevice());
+    service.startDetached();
+}
+
+}  // namespace quode::host

@@ -1,0 +1,12 @@
+// The alarm service, which rings what is switched on in the panel.
+#pragma once
+
+#include <filesystem>
+
+namespace quode::host {
+
+/// Starts the service that is installed beside this program, unless one runs for the data folder already. It goes on
+/// when this program ends. Without such a program nothing happens.
+void startAlarmService(const std::filesystem::path& dataFolder);
+
+}  // namespace quode::host
