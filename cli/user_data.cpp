@@ -46,17 +46,18 @@ UserDatabase userDatabaseToChange(Session& session) {
     return database;
 }
 
+std::string lostHome(int id) {
+    return fmt::format(
+        "Your home city, number {}, is not in the city database any more. Choose another one: quode city home NAME",
+        id);
+}
+
 std::optional<CityRecord> homeCity(Session& session) {
     try {
         const std::optional<UserDatabase> database = userDatabaseToRead(session);
         const std::optional<UserCity> home = database ? database->home() : std::nullopt;
         if (!home) return std::nullopt;
-        if (!home->city) {
-            session.complain(fmt::format("Your home city, number {}, is not in the city database any more. Choose "
-                                         "another one: quode city home NAME",
-                                         home->id),
-                             ExitCode::userData);
-        }
+        if (!home->city) session.complain(lostHome(home->id), ExitCode::userData);
         return home->city;
     } catch (const UserDatabaseError& error) {
         session.complain(std::string("Your home city is not known. ") + error.what(), ExitCode::userData);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +18,9 @@ std::optional<UserDatabase> userDatabaseToRead(Session& session);
 /// The user database, to be changed; it is made when there is none. What the user should know about it is told. Throws
 /// `UserDatabaseError`.
 UserDatabase userDatabaseToChange(Session& session);
+
+/// What the user is told whose home city, a number, neither database knows any more.
+std::string lostHome(int id);
 
 /// The user's home city; nothing when none was chosen. A database that cannot be read, and a city that is not known any
 /// more, are complained of.

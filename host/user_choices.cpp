@@ -17,6 +17,8 @@ QString prepareUserChoices(cli::Session& session, UserEventStore& calendar) {
     try {
         UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
         for (const std::string& notice : database.notices()) notices << QString::fromStdString(notice);
+        const std::optional<UserCity> home = database.home();
+        if (home && !home->city) notices << QString::fromStdString(cli::lostHome(home->id));
         if (database.cities().empty()) notices << textsOf(services.languageId()).addCity;
         database.refreshPrayerTimes();
         const StoreStatus moved = calendar.changeLayout(loadSettings(database).calendarLayout);

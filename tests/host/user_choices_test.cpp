@@ -6,6 +6,7 @@
 
 #include "companion/UserDatabase.h"
 #include "companion/UserSettings.h"
+#include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
 #include "support/environment_of.h"
 #include "support/temporary_folder.h"
@@ -46,6 +47,15 @@ TEST_F(UserChoicesTest, TellHowToChooseACityWhenThereIsNone) {
         for (const UserCity& city : database.cities()) database.removeCity(city.id);
     }
     EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "Choose your city in a terminal: quode city add NAME");
+}
+
+TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {
+    Session fresh = session();
+    fresh.services();
+    open(fresh);
+    ASSERT_TRUE(DatabaseFunctions().executeSQL("UPDATE USER_CITY SET ID = 99999999"));
+    const QString notice = host::prepareUserChoices(fresh, calendar);
+    EXPECT_TRUE(notice.contains("99999999") && notice.contains("quode city home")) << notice.toStdString();
 }
 
 TEST_F(UserChoicesTest, TellThatADamagedDatabaseWasKeptAside) {
