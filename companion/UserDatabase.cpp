@@ -202,7 +202,10 @@ std::vector<UserAlarm> UserDatabase::readAlarms(const std::string& condition) co
                            condition + " ORDER BY TIMEID");
     while (connection_->next(row)) {
         sqlite3_stmt* const columns = row.get();
-        alarms.push_back({sqlite3_column_int(columns, 0) + codeBeforeFirst, sqlite3_column_int(columns, 1),
+        // A number that another program wrote may be any.
+        const auto offset =
+            std::clamp<long long>(sqlite3_column_int64(columns, 1), -largestAlarmOffset, largestAlarmOffset);
+        alarms.push_back({sqlite3_column_int(columns, 0) + codeBeforeFirst, static_cast<int>(offset),
                           sqlite3_column_double(columns, 2), sqlite::text(columns, 3),
                           sqlite3_column_int(columns, 4) != 0, sqlite::text(columns, 5)});
     }

@@ -5,6 +5,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "companion/UserSettings.h"
+#include "companion/user_connection.h"
 #include "data/DatabaseFunctions.h"
 #include "data/alarm_moment.h"
 #include "fixture.h"
@@ -145,6 +146,15 @@ TEST_F(UserDatabaseTest, RefusesAnAlarmThatMakesNoSense) {
     EXPECT_REFUSED(database.setUpAlarm(200, -721, "chime"));
     EXPECT_REFUSED(database.alarm(0));
     EXPECT_NO_THROW(database.setUpAlarm(200, -720, "chime"));
+}
+
+TEST_F(UserDatabaseTest, HoldsAnOffsetOfAnotherProgramWithinItsRange) {
+    UserDatabase database = open();
+    for (const auto& [written, read] : {std::pair{"2147483647", 720}, {"-99999999999", -720}, {"'soon'", 0}}) {
+        database.connection().run(std::string("UPDATE USER_ALARMS SET MINUTE = ") + written);
+        EXPECT_EQ(database.alarm(200).offset, read);
+        EXPECT_EQ(database.refreshPrayerTimes().size(), 6U);
+    }
 }
 
 TEST_F(UserDatabaseTest, KeepsSettings) {
