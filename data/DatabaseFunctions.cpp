@@ -64,6 +64,10 @@ sqlite::Statement firstRow(sqlite3* database, const std::string& sql) {
     throw std::runtime_error(sqlite3_errmsg(database));
 }
 
+bool hasQuote(const std::string& text) {
+    return text.find('\'') != std::string::npos;
+}
+
 VAKDate oneMinuteLater(VAKDate date) {
     ++date.Minutes;
     return calendar::JulianToGregorian(calendar::GregorianDateToJulian(date));
@@ -237,7 +241,10 @@ std::string DatabaseFunctions::saveEvent(const AlarmRow& alarm) {
 
     EventStore* const store = globalFuncs_->platform().eventStore.get();
     if (!store) return alarm.eventIdentifier;
-    CalendarEvent event = store->findEvent(alarm.eventIdentifier).event.value_or(CalendarEvent{});
+    const FoundEvent found = store->findEvent(alarm.eventIdentifier);
+    CalendarEvent event = found.event.value_or(CalendarEvent{});
+    // A calendar that cannot be read now may hold the event all the same: it is not to be left behind in there.
+    if (!found.status.ok && !hasQuote(alarm.eventIdentifier)) event.identifier = alarm.eventIdentifier;
     event.title = "Prayer Alarm";
     event.location = "Quode";
     event.start = *startInstant;
@@ -250,7 +257,7 @@ std::string DatabaseFunctions::saveEvent(const AlarmRow& alarm) {
 
 // An identifier with a quote would end the text of the statement early.
 void DatabaseFunctions::storeEventIdentifier(int timeId, const std::string& identifier) {
-    if (identifier.find('\'') != std::string::npos) {
+    if (hasQuote(identifier)) {
         throw std::runtime_error("the calendar gave the event an identifier with a quote, which cannot be kept: " +
                                  identifier);
     }

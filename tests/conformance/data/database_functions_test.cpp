@@ -346,6 +346,19 @@ TEST_F(DatabaseFunctionsTest, SwitchesTheAlarmOnAlthoughTheCalendarFails) {
     EXPECT_EQ(log(), "");
 }
 
+TEST_F(DatabaseFunctionsTest, KeepsToTheEventOfACalendarThatCannotBeReadForAWhile) {
+    createAlarm(1, 0, 5.25);
+    functions->reCalculateAlarm(200);
+    const std::string identifier = eventId();
+    store->failing = true;
+    functions->reCalculateAlarm(200);
+    EXPECT_EQ(eventId(), identifier);
+    store->failing = false;
+    functions->reCalculateAlarm(200);
+    EXPECT_EQ(eventId(), identifier);
+    EXPECT_EQ(store->events.size(), 1U) << "none is left behind";
+}
+
 TEST_F(DatabaseFunctionsTest, RefusesAnIdentifierWithAQuote) {
     clock->present = utc("2026-10-17 03:00");
     createAlarm(1, 0, 5.25);
