@@ -212,7 +212,9 @@ void AlarmKeeper::keep(UserDatabase& database, const RingRecord& record) {
 void AlarmKeeper::renewEvents(UserDatabase& database, const UserSettings& settings, sys_seconds now) {
     renewAgainAt_.reset();
     const std::vector<AlarmOccurrence> next = database.refreshPrayerTimes();
-    for (const UserAlarm& alarm : database.alarms()) {
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        // Read as late as possible: the user may switch it off while the events of the others are written.
+        const UserAlarm alarm = database.alarm(code);
         if (settings.ringer == Ringer::evolution && mayStillRing(alarm, now)) {
             renewAgainAt_ = now + timeToRing;
         } else {

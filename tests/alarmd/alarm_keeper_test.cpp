@@ -442,6 +442,17 @@ TEST_F(AlarmKeeperTest, RingsAlthoughTheCalendarFails) {
     EXPECT_THAT(told, HasSubstr("The calendar refuses."));
 }
 
+TEST_F(AlarmKeeperTest, LeavesAnAlarmOffThatIsSwitchedOffWhileItWrites) {
+    switchOn(202);
+    switchOn(203);
+    calendar->events.clear();  // so that both events have to be written
+    calendar->beforeSave = [] { DatabaseFunctions().deleteAlarm(203); };
+    keeper->wake();
+    EXPECT_TRUE(open().alarm(202).isOn);
+    EXPECT_FALSE(open().alarm(203).isOn);
+    EXPECT_EQ(calendar->events.size(), 1U);
+}
+
 TEST_F(AlarmKeeperTest, OnlyRenewsTheEventsWhenAnotherProgramRings) {
     switchOn(202);
     {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 
 #include "platform/EventStore.h"
 
@@ -14,6 +16,7 @@ class MemoryEventStore : public EventStore {
     std::map<std::string, CalendarEvent> events;
     bool failing = false;                    ///< nothing can be read or written
     std::string nextIdentifier = "event-1";  ///< the identifier of the next new event
+    std::function<void()> beforeSave;        ///< done once, by the next save
     int saves = 0;
 
     FoundEvent findEvent(std::string_view identifier) override {
@@ -23,6 +26,7 @@ class MemoryEventStore : public EventStore {
     }
 
     SavedEvent saveEvent(const CalendarEvent& event) override {
+        if (const auto action = std::exchange(beforeSave, nullptr)) action();
         if (failing) return {failure(), {}};
         ++saves;
         CalendarEvent kept = event;
