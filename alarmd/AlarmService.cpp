@@ -85,10 +85,14 @@ int AlarmService::run() {
 }
 
 void AlarmService::wakeKeeper() {
-    const std::chrono::sys_seconds next = keeper_->wake();
-    itimerspec when{};
-    when.it_value.tv_sec = static_cast<std::time_t>(next.time_since_epoch().count());
-    timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
+    // Arming the timer takes back a report that the clock was set meanwhile, and fails then.
+    int result = 0;
+    do {
+        const std::chrono::sys_seconds next = keeper_->wake();
+        itimerspec when{};
+        when.it_value.tv_sec = static_cast<std::time_t>(next.time_since_epoch().count());
+        result = timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
+    } while (result < 0 && errno == ECANCELED);
 }
 
 // The moment has come, or the clock was set, which the reading reports as cancelled.

@@ -1,8 +1,11 @@
 #include "alarmd/AlarmService.h"
 
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/timerfd.h>
 
+#include <cerrno>
 #include <fstream>
 
 #include "alarmd/ring_texts.h"
@@ -14,6 +17,23 @@
 #include "support/memory_event_store.h"
 #include "support/temporary_folder.h"
 #include "support/zoned_clock.h"
+
+namespace {
+
+std::function<void()> clockSetter;  // sets the clock just before the next timer is armed
+
+}  // namespace
+
+// As the system does it: the timer is armed, and the call fails when the clock was set since the last one.
+extern "C" int timerfd_settime(int timer, int flags, const itimerspec* value, itimerspec* former) noexcept {
+    static const auto real =
+        reinterpret_cast<int (*)(int, int, const itimerspec*, itimerspec*)>(dlsym(RTLD_NEXT, "timerfd_settime"));
+    const int result = real(timer, flags, value, former);
+    if ((flags & TFD_TIMER_CANCEL_ON_SET) == 0 || !clockSetter) return result;
+    std::exchange(clockSetter, nullptr)();
+    errno = ECANCELED;
+    return -1;
+}
 
 namespace quode::test {
 namespace {
@@ -105,6 +125,15 @@ TEST_F(AlarmServiceTest, SeesANewZone) {
             std::filesystem::rename(zoneFile.string() + ".new", zoneFile);  // as the system's tools do it
         },
         [&] { return open().alarm(202).prayTime < before - 0.9; }));
+}
+
+TEST_F(AlarmServiceTest, SeesThatTheClockIsSetWhileItIsAwake) {
+    open();
+    DatabaseFunctions().reCalculateAlarm(202);
+    const auto event = [&] { return calendar->events.begin()->second.start; };
+    const auto before = event();
+    clockSetter = [&] { clock->present -= days(3); };
+    EXPECT_TRUE(serve([] {}, [&] { return event() < before - days(2); }));
 }
 
 TEST_F(AlarmServiceTest, PassesTheUsersAnswersOn) {
