@@ -11,6 +11,7 @@ namespace quode::cli {
 namespace {
 
 constexpr int codeBeforeFirst = 199;
+constexpr const char* noEvent = "The alarm has no event in the calendar.";
 
 }  // namespace
 
@@ -64,13 +65,13 @@ AlarmCalendar::~AlarmCalendar() = default;
 void AlarmCalendar::switchOn(int code) {
     writeEvent(code, database_->refreshPrayerTimes());
     seeToIt(code, true);
-    complainOfFailures();
+    complainOfFailures(noEvent);
 }
 
 void AlarmCalendar::switchOff(int code) {
     DatabaseFunctions().deleteAlarm(code);
     seeToIt(code, false);
-    complainOfFailures();
+    complainOfFailures("The event of the alarm may still stand in the calendar.");
 }
 
 void AlarmCalendar::renew() {
@@ -78,7 +79,7 @@ void AlarmCalendar::renew() {
     for (const UserAlarm& alarm : database_->alarms()) {
         if (alarm.isOn) writeEvent(alarm.code, next);
     }
-    complainOfFailures();
+    complainOfFailures(noEvent);
 }
 
 void AlarmCalendar::changeLayout(CalendarLayout layout) {
@@ -111,11 +112,11 @@ void AlarmCalendar::writeEvent(int code, const std::vector<AlarmOccurrence>& nex
     database_->forgetEvent(code);
 }
 
-void AlarmCalendar::complainOfFailures() {
+void AlarmCalendar::complainOfFailures(const std::string& consequence) {
     const StoreStatus status = store_->takeStatus();
     if (status.message.empty()) return;
     if (status.ok) return writeMessage(status.message);
-    session_->complain("The alarm has no event in the calendar. " + status.message, ExitCode::userData);
+    session_->complain(consequence + " " + status.message, ExitCode::userData);
 }
 
 }  // namespace quode::cli

@@ -36,7 +36,7 @@ class AlarmCalendar {
 
     void writeEvent(int code, const std::vector<AlarmOccurrence>& next);
     void seeToIt(int code, bool isOn);
-    void complainOfFailures();
+    void complainOfFailures(const std::string& consequence);
 
     Session* session_;
     UserDatabase* database_;

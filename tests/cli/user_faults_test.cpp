@@ -109,6 +109,9 @@ TEST_F(UserFaults, ACalendarThatCannotBeWrittenLeavesTheAlarmOnAndSaysSo) {
     expectMessage(off, 6, "The alarm has no event in the calendar.");
     EXPECT_EQ(program.run({"alarm", "list", "--json"}).json()["alarms"][0]["offset_minutes"], 7);
     EXPECT_EQ(stateOf("calendar"), "problem");
+    const Outcome switchedOff = program.run({"alarm", "off", "fajr"});
+    expectMessage(switchedOff, 6, "The event of the alarm may still stand in the calendar.");
+    EXPECT_EQ(program.run({"alarm", "list", "--json"}).json()["alarms"][0]["on"], false);
 }
 
 // --- another program that holds the lock
