@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <limits>
 #include <optional>
 #include <stdexcept>
@@ -13,6 +14,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "common/calendar.h"
+#include "data/AlarmLock.h"
 #include "data/alarm_moment.h"
 #include "platform/EventStore.h"
 
@@ -158,6 +160,7 @@ void DatabaseFunctions::reCalculateAlarm(int code) noexcept {
     if (!globalFuncs_->fileExists(userDBPath_)) return;
     try {
         const int timeId = code - codeBeforeFirst;
+        const AlarmLock lock(std::filesystem::path(userDBPath_).parent_path());
         const AlarmRow alarm = readAlarmRow(timeId);
         executeSQL(fmt::format(activeUpdate, 1, timeId));
         storeEventIdentifier(timeId, saveEvent(alarm));
@@ -170,6 +173,7 @@ void DatabaseFunctions::deleteAlarm(int code) noexcept {
     if (!globalFuncs_->fileExists(userDBPath_)) return;
     try {
         const int timeId = code - codeBeforeFirst;
+        const AlarmLock lock(std::filesystem::path(userDBPath_).parent_path());
         const AlarmRow alarm = readAlarmRow(timeId);
         EventStore* const store = globalFuncs_->platform().eventStore.get();
         if (store && store->findEvent(alarm.eventIdentifier).event) store->removeEvent(alarm.eventIdentifier);

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <chrono>
 #include <fstream>
+#include <future>
 
 #include "common/GlobalFuncs.h"
 #include "data/alarm_moment.h"
@@ -357,6 +359,20 @@ TEST_F(DatabaseFunctionsTest, KeepsToTheEventOfACalendarThatCannotBeReadForAWhil
     functions->reCalculateAlarm(200);
     EXPECT_EQ(eventId(), identifier);
     EXPECT_EQ(store->events.size(), 1U) << "none is left behind";
+}
+
+TEST_F(DatabaseFunctionsTest, MakesOneEventWhenTwoProgramsSwitchTheAlarmOnAtOnce) {
+    createAlarm(1, 0, 5.25);
+    std::future<void> other;
+    store->beforeSave = [&other] {
+        other = std::async(std::launch::async, [] { DatabaseFunctions().reCalculateAlarm(200); });
+        other.wait_for(std::chrono::milliseconds(200));  // far longer than it takes if nothing holds it up
+    };
+    functions->reCalculateAlarm(200);
+    other.get();
+    EXPECT_EQ(store->saves, 2);
+    ASSERT_EQ(store->events.size(), 1U);
+    EXPECT_EQ(store->events.begin()->first, eventId());
 }
 
 TEST_F(DatabaseFunctionsTest, RefusesAnIdentifierWithAQuote) {
