@@ -86,23 +86,38 @@ void AlarmKeeper::decideDue(UserDatabase& database, sys_seconds now) {
     // A clock that was put back has left the future undecided.
     const sys_seconds since = std::clamp(decidedUntil_.value_or(noted.value_or(now)), now - farBack, now);
     const std::optional<UserCity> home = database.home();
-    bool anyDecided = !noted || *noted > now || now - *noted > noteInterval;
+    // An alarm that is new must not ring for the past after a crash.
+    const bool choseAnew = choicesIn(database) != choices_;
+    bool anyDecided = choseAnew || !noted || *noted > now || now - *noted > noteInterval;
     takeOverShown(database);
+    const std::vector<AlarmRule> rules = rulesOf(database.alarms());
     if (home && home->city) {
         std::vector<RingRecord> due = unfinished(database);
         std::erase_if(due, [&](const RingRecord& each) { return each.state == RingState::shown || each.ringAt > now; });
-        for (const AlarmOccurrence& alarm :
-             alarmOccurrences(siteOf(*home->city), rulesOf(database.alarms()), since, now)) {
-            if (!isKnown(database, alarm)) due.push_back({alarm, RingState::begun, alarm.due, 0});
+        for (const AlarmOccurrence& alarm : alarmOccurrences(siteOf(*home->city), rules, since, now)) {
+            const bool counts = wasChosen(alarm) || now - alarm.due < stillInTime;
+            if (counts && !isKnown(database, alarm)) due.push_back({alarm, RingState::begun, alarm.due, 0});
         }
         for (const RingRecord& record : due) decide(database, *home, record, now);
         anyDecided = anyDecided || !due.empty();
     }
     decidedUntil_ = now;
+    decidedFor_ = home ? home->city : std::nullopt;
+    decidedRules_ = rules;
     for (const auto& [key, record] : std::map(unsaved_)) keep(database, record);
     if (!anyDecided) return;
     records.setDecidedUntil(now);
     records.forgetFarFrom(now);
+}
+
+// Whether an alarm was to ring already when all was decided last: one that the user has switched on, or moved, after
+// its moment is not late but comes tomorrow. What was chosen before this process began is not known.
+bool AlarmKeeper::wasChosen(const AlarmOccurrence& alarm) const {
+    if (!decidedUntil_) return true;
+    if (!decidedFor_) return false;
+    const std::vector<AlarmOccurrence> former =
+        alarmOccurrences(siteOf(*decidedFor_), decidedRules_, alarm.due - seconds(1), alarm.due);
+    return std::ranges::find(former, alarm) != former.end();
 }
 
 void AlarmKeeper::decide(UserDatabase& database, const UserCity& home, RingRecord record, sys_seconds now) {

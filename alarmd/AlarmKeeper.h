@@ -67,6 +67,7 @@ class AlarmKeeper {
 
     UserDatabase openDatabase();
     void decideDue(UserDatabase& database, std::chrono::sys_seconds now);
+    bool wasChosen(const AlarmOccurrence& alarm) const;
     void decide(UserDatabase& database, const UserCity& home, RingRecord record, std::chrono::sys_seconds now);
     void takeOverShown(UserDatabase& database);
     void ring(UserDatabase& database, const UserCity& home, RingRecord record, std::chrono::minutes late);
@@ -86,6 +87,8 @@ class AlarmKeeper {
     AlarmSurroundings with_;
     ShownMark mark_;
     std::optional<std::chrono::sys_seconds> decidedUntil_;
+    std::optional<CityRecord> decidedFor_;  // home and alarms at that time
+    std::vector<AlarmRule> decidedRules_;
     std::map<RingKey, RingRecord> unsaved_;                 // notes that could not be written yet
     std::optional<std::chrono::sys_seconds> renewAgainAt_;  // an event was left to ring first
     std::string choices_;                                   // what the user had chosen at the last wake

@@ -257,6 +257,44 @@ TEST_F(AlarmKeeperTest, DoesNotRingForAnAlarmThatIsSwitchedOnAfterItsMoment) {
     EXPECT_THAT(desk.rings, IsEmpty());
 }
 
+TEST_F(AlarmKeeperTest, DoesNotRingForThePastOfAnAlarmThatIsNew) {
+    keeper->wake();  // at midnight; nothing wakes it until the user switches the alarm on
+    clock->present = dueOf(202) + minutes(3);
+    switchOn(202);
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+    runUntil(floor<seconds>(clock->present) + hours(25));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, DoesNotRingForThePastOfAnAlarmThatIsMoved) {
+    switchOn(202, 30);
+    keeper->wake();
+    clock->present = dueOf(202) + minutes(3);
+    open().setUpAlarm(202, 0, "bell");
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+}
+
+TEST_F(AlarmKeeperTest, RingsForAnAlarmThatIsSwitchedOnWithinItsMinute) {
+    keeper->wake();
+    clock->present = dueOf(202) + seconds(20);
+    switchOn(202);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(AlarmKeeperTest, DoesNotRingForThePastOfANewAlarmAfterACrash) {
+    keeper->wake();
+    clock->present = dueOf(202) + minutes(5);
+    switchOn(202);
+    keeper->wake();  // it sees the new alarm, and dies
+    restart();
+    clock->present += minutes(3);
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+}
+
 TEST_F(AlarmKeeperTest, RingsOnAfterAClockThatRanYearsAhead) {
     switchOn(202);
     clock->present = utc("2031-05-05 05:05");
