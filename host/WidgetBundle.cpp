@@ -14,8 +14,9 @@ WidgetPlugin* loadedPlugin(const std::string& bundlePath) {
     QPluginLoader loader(QString::fromStdString(module));
     auto* const plugin = qobject_cast<WidgetPlugin*>(loader.instance());
     if (plugin != nullptr) return plugin;
-    const std::string reason =
-        loader.isLoaded() ? "it holds no widget of this edition" : loader.errorString().toStdString();
+    std::string reason = "it holds no widget of this edition";
+    if (!loader.isLoaded()) reason = loader.errorString().toStdString();
+    if (reason.ends_with('.')) reason.pop_back();  // some of Qt's are whole sentences
     throw cli::Failure(cli::ExitCode::damagedData, "The widget \"" + module + "\" cannot be used: " + reason +
                                                        ". Install Quode again, or name the folder of its bundle in "
                                                        "QUODE_BUNDLE_DIR.");

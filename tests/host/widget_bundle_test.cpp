@@ -40,6 +40,7 @@ TEST(WidgetBundleTest, GivesTheWidgetOfTheRealModule) {
 TEST(WidgetBundleTest, SaysThatThereIsNoModule) {
     const TemporaryFolder folder;
     expectDamaged(folder.path(), "QUODE_BUNDLE_DIR");
+    expectDamaged(folder.path(), "not found. Install Quode again");
 }
 
 TEST(WidgetBundleTest, SaysThatTheModuleIsAnotherThing) {
