@@ -53,14 +53,14 @@ class SystemMomentWatch : public MomentWatch {
 
   private:
     // The folders are watched, for files are replaced as often as they are written. A folder that cannot be watched is
-    // no failure: the change is seen at the next moment. Closing a file counts for nothing: readers close it too.
+    // no failure: the change is seen at the next moment. Closing a file counts for nothing: readers close it too. Each
+    // time anew, for a folder may have been deleted and made again; one that is watched already stays so.
     void watchFiles(bool wanted) {
-        if (wanted == !folders_.empty()) return;
         if (!wanted) {
             for (const auto& folder : folders_) inotify_rm_watch(changes_, folder.first);
-            folders_.clear();
-            return;
         }
+        folders_.clear();
+        if (!wanted) return;
         constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_ONLYDIR;
         for (const std::filesystem::path& file : files_) {
             const int number = inotify_add_watch(changes_, file.parent_path().c_str(), written);
@@ -83,7 +83,8 @@ class SystemMomentWatch : public MomentWatch {
                 const auto* const event = reinterpret_cast<const inotify_event*>(&buffer[at]);
                 const auto [first, last] = folders_.equal_range(event->wd);
                 for (auto each = first; each != last; ++each) {
-                    isTouched = isTouched || (event->len > 0 && each->second == event->name);
+                    const bool isFolderGone = (event->mask & IN_IGNORED) != 0;
+                    isTouched = isTouched || isFolderGone || (event->len > 0 && each->second == event->name);
                 }
                 at += sizeof(inotify_event) + event->len;
             }

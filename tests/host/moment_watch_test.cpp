@@ -55,6 +55,21 @@ TEST_F(Watch, TellsThatAFileWasWrittenOrReplaced) {
     EXPECT_TRUE(stirred.wait(1000));
 }
 
+TEST_F(Watch, TellsThatAFolderWasDeletedAndOfFilesInTheOneMadeInstead) {
+    const auto file = folder.path() / "inner" / "zone";
+    std::filesystem::create_directory(file.parent_path());
+    const auto inner = host::systemMomentWatch(*clock, {folder.path() / "zone", file});
+    QSignalSpy told(inner.get(), &MomentWatch::stirred);
+    inner->watchFor(clock->now() + 24h);
+    std::filesystem::remove(file.parent_path());
+    EXPECT_TRUE(told.wait(1000));
+    std::filesystem::create_directory(file.parent_path());
+    inner->watchFor(clock->now() + 24h);
+    EXPECT_FALSE(told.wait(aMoment));
+    std::ofstream(file) << "x";
+    EXPECT_TRUE(told.wait(1000));
+}
+
 TEST_F(Watch, IsSilentWhenAFileIsOnlyOpened) {
     write("zone");
     watch->watchFor(clock->now() + 24h);
