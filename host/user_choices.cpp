@@ -35,6 +35,8 @@ PanelLayout chosenLayout(cli::Session& session) {
         return database ? loadSettings(*database).panelLayout : PanelLayout::automatic;
     } catch (const UserDatabaseError&) {
         return PanelLayout::automatic;  // what is wrong is told with the panel
+    } catch (const CityDatabaseError&) {
+        return PanelLayout::automatic;
     }
 }
 

@@ -96,6 +96,17 @@ TEST_F(UserChoicesTest, TellTheLayoutOfThePanel) {
     EXPECT_EQ(host::chosenLayout(fresh), PanelLayout::tablet);
 }
 
+TEST_F(UserChoicesTest, AreUnknownButNoObstacleWithoutTheCities) {
+    Session intact = session();
+    open(intact).addCity(istanbul);
+    Session broken(environmentOf({{"QUODE_DATA_DIR", folder.path().string()},
+                                  {"QUODE_BUNDLE_DIR", folder.path().string()},
+                                  {"QUODE_NOW", "2026-11-21T04:00:00Z"}}),
+                   {});
+    EXPECT_EQ(host::chosenLayout(broken), PanelLayout::automatic);
+    EXPECT_TRUE(host::prepareUserChoices(broken, calendar).contains("Install Quode again"));
+}
+
 TEST_F(UserChoicesTest, PutOneCityIntoADatabaseOfItsOwn) {
     Session fresh = session();
     host::makeUserDatabase(fresh, *fresh.cities().city(istanbul));
