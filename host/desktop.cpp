@@ -7,6 +7,7 @@
 #include "cli/session.h"
 #include "companion/UserEventStore.h"
 #include "data/user_places.h"
+#include "host/HomeWatch.h"
 #include "host/Instance.h"
 #include "host/Panel.h"
 #include "host/PanelDevice.h"
@@ -63,8 +64,10 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
     };
     WidgetBundle bundle(session.bundle().string());
     const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
-    const auto dayWatch = systemMomentWatch(session.deviceClock(), {zoneFile});
-    Panel panel(*widget, window, session.deviceClock(), *dayWatch, prepare);
+    HomeWatch watch(systemMomentWatch(session.deviceClock(), {zoneFile}),
+                    systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
+                    [&session] { return homeNumber(session); });
+    Panel panel(*widget, window, session.deviceClock(), watch, prepare);
     const auto present = [&panel] { panel.present(QCursor::pos()); };
     QObject::connect(&instance, &Instance::presentAsked, &panel, present);
 

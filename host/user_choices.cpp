@@ -40,6 +40,16 @@ PanelLayout chosenLayout(cli::Session& session) {
     }
 }
 
+std::optional<int> homeNumber(cli::Session& session) {
+    try {
+        const std::optional<UserDatabase> database = cli::userDatabaseToRead(session);
+        const std::optional<UserCity> home = database ? database->home() : std::nullopt;
+        return home ? std::optional(home->id) : std::nullopt;
+    } catch (const std::runtime_error&) {
+        return std::nullopt;  // what is wrong is told with the panel
+    }
+}
+
 void makeUserDatabase(cli::Session& session, const CityRecord& city) {
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
     const bool isKnown = city.id > 0;

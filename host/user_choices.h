@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "cli/session.h"
 #include "companion/UserEventStore.h"
@@ -15,6 +16,9 @@ QString prepareUserChoices(cli::Session& session, UserEventStore& calendar);
 
 /// The layout that the user has chosen for the panel; automatic when that cannot be read.
 PanelLayout chosenLayout(cli::Session& session);
+
+/// The number of the home city; nothing when there is none, or when that cannot be read.
+std::optional<int> homeNumber(cli::Session& session);
 
 /// Makes a user database in an empty folder whose only city is this one.
 void makeUserDatabase(cli::Session& session, const CityRecord& city);

@@ -2,11 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPointer>
 #include <QSet>
 #include <QTest>
 #include <fstream>
 
 #include "companion/UserDatabase.h"
+#include "data/user_places.h"
+#include "host/HomeWatch.h"
 #include "host/Panel.h"
 #include "host/WidgetBundle.h"
 #include "host/fake_widget.h"
@@ -20,6 +23,7 @@
 namespace quode::test {
 namespace {
 
+constexpr int ankara = 323786;
 constexpr int istanbul = 745044;
 constexpr int ikindi = 203;
 
@@ -130,6 +134,24 @@ TEST_F(RealWidget, ShowsTheTimesOfTheNewDayAfterMidnight) {
     clock->show(2026, 11, 22, 0, 0, 0);
     Q_EMIT watch.stirred();
     EXPECT_EQ(timeShown(*widget->view(), 200), "06:07");
+}
+
+TEST_F(RealWidget, ShowsTheCityThatIsMadeHomeElsewhereAndStaysAsItIsOtherwise) {
+    host::HomeWatch homeWatch(std::make_unique<FakeWatch>(),
+                              host::systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
+                              [this] { return host::homeNumber(session); });
+    panel = std::make_unique<host::Panel>(*widget, window, session.deviceClock(), homeWatch, [] {});
+    panel->present({0, 0});
+    const QPointer<QWidget> before = widget->view();
+    alarmButton(*widget->view(), ikindi)->tap();
+    QTest::qWait(100);
+    EXPECT_EQ(widget->view(), before);
+
+    open().addCity(ankara);
+    open().chooseHome(ankara);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return timeShown(*widget->view(), 200) == "05:50"; }, 3000))
+        << timeShown(*widget->view(), 200);
+    panel.reset();
 }
 
 TEST_F(RealWidget, IsPresentedAHundredTimesWithoutGrowth) {

@@ -58,6 +58,19 @@ TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {
     EXPECT_TRUE(notice.contains("99999999") && notice.contains("quode city home")) << notice.toStdString();
 }
 
+TEST_F(UserChoicesTest, TellTheHomeCity) {
+    Session fresh = session();
+    EXPECT_EQ(host::homeNumber(fresh), std::nullopt);
+    {
+        UserDatabase database = open(fresh);
+        database.addCity(istanbul);
+        database.chooseHome(istanbul);
+    }
+    EXPECT_EQ(host::homeNumber(fresh), istanbul);
+    std::ofstream(userDatabaseFile(folder.path())) << std::string(5000, 'x');
+    EXPECT_EQ(host::homeNumber(fresh), std::nullopt);
+}
+
 TEST_F(UserChoicesTest, TellThatADamagedDatabaseWasKeptAside) {
     std::ofstream(userDatabaseFile(folder.path())) << std::string(5000, 'x');
     Session damaged = session();
@@ -104,6 +117,7 @@ TEST_F(UserChoicesTest, AreUnknownButNoObstacleWithoutTheCities) {
                                   {"QUODE_NOW", "2026-11-21T04:00:00Z"}}),
                    {});
     EXPECT_EQ(host::chosenLayout(broken), PanelLayout::automatic);
+    EXPECT_EQ(host::homeNumber(broken), std::nullopt);
     EXPECT_TRUE(host::prepareUserChoices(broken, calendar).contains("Install Quode again"));
 }
 

@@ -1,0 +1,76 @@
+#include "host/HomeWatch.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+
+#include "host/fake_widget.h"
+
+namespace quode::test {
+namespace {
+
+using host::HomeWatch;
+
+constexpr int ankara = 323786;
+constexpr int istanbul = 745044;
+
+class HomeWatchTest : public testing::Test {
+  protected:
+    FakeWatch* days = new FakeWatch;
+    FakeWatch* choices = new FakeWatch;
+    std::optional<int> home = istanbul;
+    HomeWatch watch{std::unique_ptr<FakeWatch>(days), std::unique_ptr<FakeWatch>(choices), [this] { return home; }};
+    QSignalSpy stirred{&watch, &HomeWatch::stirred};
+    const Clock::TimePoint moment{std::chrono::hours(24)};
+};
+
+TEST_F(HomeWatchTest, WatchesBothOrNeither) {
+    watch.watchFor(moment);
+    EXPECT_EQ(days->moment, moment);
+    EXPECT_TRUE(choices->moment);
+    watch.watchFor(std::nullopt);
+    EXPECT_EQ(days->moment, std::nullopt);
+    EXPECT_EQ(choices->moment, std::nullopt);
+}
+
+TEST_F(HomeWatchTest, TellsWhatTheOtherTells) {
+    watch.watchFor(moment);
+    Q_EMIT days->stirred();
+    EXPECT_EQ(stirred.count(), 1);
+}
+
+TEST_F(HomeWatchTest, TellsOnceThatAnotherCityIsHome) {
+    watch.watchFor(moment);
+    home = ankara;
+    Q_EMIT choices->stirred();
+    Q_EMIT choices->stirred();
+    EXPECT_EQ(stirred.count(), 1);
+}
+
+TEST_F(HomeWatchTest, TellsOfTheFirstCityAndOfTheEndOfTheLast) {
+    home.reset();
+    watch.watchFor(moment);
+    home = istanbul;
+    Q_EMIT choices->stirred();
+    EXPECT_EQ(stirred.count(), 1);
+    home.reset();
+    Q_EMIT choices->stirred();
+    EXPECT_EQ(stirred.count(), 2);
+}
+
+TEST_F(HomeWatchTest, IsSilentWhenOtherChoicesWereWritten) {
+    watch.watchFor(moment);
+    Q_EMIT choices->stirred();
+    EXPECT_EQ(stirred.count(), 0);
+}
+
+TEST_F(HomeWatchTest, ComparesWithTheHomeOfTheLastWatching) {
+    watch.watchFor(moment);
+    home = ankara;
+    watch.watchFor(moment);
+    Q_EMIT choices->stirred();
+    EXPECT_EQ(stirred.count(), 0);
+}
+
+}  // namespace
+}  // namespace quode::test
