@@ -71,6 +71,8 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
     const auto present = [&panel] { panel.present(QCursor::pos()); };
     QObject::connect(&instance, &Instance::presentAsked, &panel, present);
 
+    // Not by quit, which gives up when a window will not close: panel and compass are dismissed instead.
+    const auto end = [] { QCoreApplication::exit(); };
     std::unique_ptr<MomentWatch> trayWatch;
     std::unique_ptr<PanelTray> tray;
     if (hasTray) {
@@ -79,9 +81,9 @@ ExitCode serve(QApplication& application, Session& session, const Instance& inst
                                            textsOf(session.services().languageId()));
         QObject::connect(tray.get(), &PanelTray::clicked, &panel, [&panel] { panel.toggle(QCursor::pos()); });
         QObject::connect(tray.get(), &PanelTray::openAsked, &panel, present);
-        QObject::connect(tray.get(), &PanelTray::quitAsked, &application, &QCoreApplication::quit);
+        QObject::connect(tray.get(), &PanelTray::quitAsked, &application, end);
     } else {
-        QObject::connect(&panel, &Panel::dismissed, &application, &QCoreApplication::quit);
+        QObject::connect(&panel, &Panel::dismissed, &application, end);
     }
     present();
     startAlarmService(session.dataFolder());

@@ -244,10 +244,13 @@ class Desktop(unittest.TestCase):
             labels = [label for _, label in tray.menu()]
             self.assertEqual(labels, ["Sunrise 07:52, in 52 min", "", "Show prayer times", "Quit"])
 
-        with self.subTest("the menu opens it and ends the program"):
+        with self.subTest("the menu opens it and ends the program, also when the compass covers it"):
             entries = {label: number for number, label in tray.menu()}
             tray.choose(entries["Show prayer times"])
-            self.assert_shown()
+            window = self.assert_shown()[0]
+            rest(0.3)
+            xdotool("mousemove", "--window", window, 260, 28, "click", 1)
+            wait_for(lambda: windows("compass"), "the compass is shown")
             tray.choose(entries["Quit"])
             wait_for(lambda: panel.poll() is not None, "the program ends")
             self.assertEqual(panel.returncode, 0)
