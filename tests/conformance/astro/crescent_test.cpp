@@ -45,8 +45,7 @@ Numbers yearMonthDay(const VAKDate& date) {
 
 TEST(MoonPhase, AgreesWithTheReference) {
     for (const Vector& v : vectorsOf("crescent", "MoonPhaze")) {
-        EXPECT_NEAR(v.out[0], FastAstro::MoonPhaze(v.in[0], whole(v.in[1])), 1e-9)
-            << v.describe();
+        EXPECT_NEAR(v.out[0], FastAstro::MoonPhaze(v.in[0], whole(v.in[1])), 1e-9) << v.describe();
     }
 }
 
