@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quode {
+
+/// Which plural form belongs to a number: the expression in the "Plural-Forms" field of a catalogue, such as
+/// "n%10==1 && n%100!=11 ? 0 : 1". Without an expression the rule is that of English.
+class PluralRule {
+  public:
+    PluralRule() = default;
+
+    /// @param expression  ends at the first semicolon
+    /// @throw std::runtime_error  when the expression cannot be read
+    explicit PluralRule(std::string_view expression);
+
+    unsigned long form(unsigned long number) const;
+
+  private:
+    std::string expression_ = "n!=1";
+};
+
+}  // namespace quode

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+namespace quode::test {
+
+/// Compiles a catalogue with msgfmt, as the build does.
+/// @param entries  what follows the header in the .po file
+inline void compileCatalogue(const std::filesystem::path& file, const std::string& language, const std::string& plural,
+                             const std::string& entries) {
+    std::filesystem::create_directories(file.parent_path());
+    const std::filesystem::path source = file.string() + ".po";
+    std::ofstream(source) << "msgid \"\"\nmsgstr \"\"\n\"Language: " << language << "\\n\"\n"
+                          << "\"Content-Type: text/plain; charset=UTF-8\\n\"\n"
+                          << "\"Plural-Forms: " << plural << "\\n\"\n\n"
+                          << entries;
+    const std::string command =
+        std::string(QUODE_MSGFMT) + " --endianness=little -o '" + file.string() + "' '" + source.string() + "'";
+    if (std::system(command.c_str()) != 0) throw std::runtime_error("msgfmt failed");
+}
+
+}  // namespace quode::test
