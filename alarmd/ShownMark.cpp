@@ -5,8 +5,10 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstdio>
 #include <string>
+#include <string_view>
+
+#include "common/numbers.h"
 
 namespace quode {
 namespace {
@@ -15,6 +17,12 @@ namespace {
 std::string textOf(const RingRecord& record) {
     return fmt::format("{:3d} {:20d} {:10d}\n", record.alarm.code, record.ringAt.time_since_epoch().count(),
                        record.notification);
+}
+
+template <typename Number>
+std::optional<Number> nextNumber(std::string_view& text) {
+    text = trimmed(text);
+    return takeNumber<Number>(text);
 }
 
 }  // namespace
@@ -34,10 +42,10 @@ void ShownMark::set(const RingRecord& record) {
 std::optional<std::uint32_t> ShownMark::find(const RingRecord& record) const {
     std::array<char, 64> text{};
     if (::pread(descriptor_, text.data(), text.size() - 1, 0) <= 0) return std::nullopt;
-    int code = 0;
-    long long ringAt = 0;
-    std::uint32_t number = 0;
-    if (std::sscanf(text.data(), "%d %lld %u", &code, &ringAt, &number) != 3) return std::nullopt;
+    std::string_view rest = text.data();
+    const auto code = nextNumber<int>(rest);
+    const auto ringAt = nextNumber<long long>(rest);
+    const auto number = nextNumber<std::uint32_t>(rest);
     if (code != record.alarm.code || ringAt != record.ringAt.time_since_epoch().count()) return std::nullopt;
     return number;
 }

@@ -3,11 +3,11 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <charconv>
 #include <optional>
 
 #include "cli/failure.h"
 #include "common/calendar.h"
+#include "common/numbers.h"
 
 namespace quode::cli {
 namespace {
@@ -16,11 +16,8 @@ constexpr int lastYear = 9999;
 constexpr int reformYear = 1582, reformMonth = 10, firstSkippedDay = 5, lastSkippedDay = 14;
 
 std::optional<int> number(std::string_view digits) {
-    int value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    const bool isPlain = !digits.empty() && digits.front() != '-' && end == digits.data() + digits.size();
-    if (!isPlain || error != std::errc()) return std::nullopt;
-    return value;
+    const bool isPlain = !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return isPlain ? numberOf<int>(digits) : std::nullopt;
 }
 
 /// The numbers between the dashes; empty when the text is anything else.

@@ -4,11 +4,11 @@
 
 #include <cmath>
 
-#include "cli/numbers.h"
 #include "cli/session.h"
 #include "cli/text_layout.h"
 #include "cli/user_data.h"
 #include "common/LanguagePack.h"
+#include "common/numbers.h"
 #include "data/posix_zone.h"
 
 namespace quode::cli {

@@ -10,9 +10,9 @@
 #include <string>
 
 #include "cli/day_view.h"
-#include "cli/numbers.h"
 #include "cli/session.h"
 #include "common/LanguagePack.h"
+#include "common/numbers.h"
 #include "data/name_folding.h"
 
 namespace quode::cli {

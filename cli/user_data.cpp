@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "cli/numbers.h"
 #include "cli/session.h"
+#include "common/numbers.h"
 #include "data/name_folding.h"
 #include "data/user_places.h"
 

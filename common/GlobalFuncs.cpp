@@ -1,6 +1,5 @@
 #include "common/GlobalFuncs.h"
 
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -8,6 +7,7 @@
 #include <utility>
 
 #include "common/color_schemes.h"
+#include "common/numbers.h"
 
 namespace quode {
 namespace {
@@ -24,13 +24,6 @@ std::int32_t truncated(double length) {
     if (length >= Limits::max()) return Limits::max();
     if (length <= Limits::min()) return Limits::min();
     return static_cast<std::int32_t>(length);
-}
-
-// The number that a version such as "8.1.2" begins with; 0 when it begins with none.
-float versionNumber(const std::string& version) {
-    float number = 0.0F;
-    std::from_chars(version.data(), version.data() + version.size(), number, std::chars_format::fixed);
-    return number;
 }
 
 }  // namespace
@@ -95,7 +88,7 @@ void GlobalFuncs::measureScreen() {
 }
 
 void GlobalFuncs::detectSystemVersion() {
-    const float version = versionNumber(platform_.device->systemVersion());
+    const float version = leadingNumber<float>(platform_.device->systemVersion());
     if (version >= 6.0F && version < 9.0F) iosVersion_ = static_cast<std::int32_t>(version) - 5;
 }
 

@@ -1,11 +1,11 @@
 // The files, the image paths and the debug log of the shared services.
 #include <fmt/format.h>
 
-#include <charconv>
 #include <exception>
 #include <utility>
 
 #include "common/GlobalFuncs.h"
+#include "common/numbers.h"
 
 namespace quode {
 namespace {
@@ -14,12 +14,6 @@ constexpr std::string_view logFileName = "QuodeLog.txt";
 
 // The version from which on images of double resolution are looked for.
 constexpr int firstVersionWithDoubleImages = 4;
-
-int majorVersion(const std::string& version) {
-    int number = 0;
-    std::from_chars(version.data(), version.data() + version.size(), number);
-    return number;
-}
 
 }  // namespace
 
@@ -42,7 +36,7 @@ void GlobalFuncs::deleteFileOnMobilePath(const std::string& fileName) noexcept {
 }
 
 bool GlobalFuncs::hasDoubleImages() const {
-    return majorVersion(platform_.device->systemVersion()) >= firstVersionWithDoubleImages &&
+    return leadingNumber<int>(platform_.device->systemVersion()) >= firstVersionWithDoubleImages &&
            platform_.device->screenScale() > 1.0;
 }
 

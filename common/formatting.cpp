@@ -2,9 +2,10 @@
 
 #include <fmt/format.h>
 
-#include <charconv>
 #include <cmath>
 #include <limits>
+
+#include "common/numbers.h"
 
 namespace quode::formatting {
 namespace {
@@ -16,18 +17,6 @@ constexpr std::string_view noAngle = "--°--'";
 // True when the whole part of x fits an int; false for NaN and infinities.
 bool fitsInt(double x) {
     return std::abs(x) < std::numeric_limits<int>::max();
-}
-
-// The number that a text begins with, read the same in every locale; 0 when it begins with none.
-double leadingNumber(std::string_view text) {
-    const std::size_t start = text.find_first_not_of(" \t\n\r");
-    if (start == std::string_view::npos) return 0.0;
-    text.remove_prefix(start);
-    if (text.front() == '+') text.remove_prefix(1);
-    if (text.find_first_of("0123456789") == std::string_view::npos) return 0.0;
-    double value = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
-    return std::isfinite(value) ? value : 0.0;
 }
 
 }  // namespace
@@ -98,13 +87,13 @@ std::string getFloatStr(std::string_view text) {
     double value = 0.0;
     bool isFirst = true;
     for (std::size_t end = text.find(';'); end != std::string_view::npos; end = text.find(';')) {
-        const double field = leadingNumber(text.substr(0, end));
+        const double field = leadingNumber<double>(text.substr(0, end));
         value = isFirst ? field : value + field / 60.0;
         isFirst = false;
         text.remove_prefix(end + 1);
     }
-    value += leadingNumber(text) / 3600.0;
-    return fmt::format("{:f}", isNegative ? -value : value);
+    value += leadingNumber<double>(text) / 3600.0;
+    return fixedText(isNegative ? -value : value, 6);
 }
 
 }  // namespace quode::formatting

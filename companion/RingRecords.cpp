@@ -1,9 +1,11 @@
 #include "companion/RingRecords.h"
 
-#include <charconv>
-#include <cstdio>
-#include <string>
+#include <fmt/format.h>
 
+#include <string>
+#include <string_view>
+
+#include "common/numbers.h"
 #include "companion/UserDatabase.h"
 #include "companion/user_connection.h"
 
@@ -27,14 +29,16 @@ sys_seconds momentOf(long long count) {
 }
 
 std::string textOf(const VAKDate& date) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", date.Years, date.Months, date.Days);
-    return text;
+    return fmt::format("{:04d}-{:02d}-{:02d}", date.Years, date.Months, date.Days);
 }
 
 VAKDate dateOf(const std::string& text) {
     VAKDate date;
-    std::sscanf(text.c_str(), "%d-%d-%d", &date.Years, &date.Months, &date.Days);
+    std::string_view rest = text;
+    for (int VAKDate::*part : {&VAKDate::Years, &VAKDate::Months, &VAKDate::Days}) {
+        date.*part = takeNumber<int>(rest).value_or(0);
+        if (!rest.empty()) rest.remove_prefix(1);  // the dash
+    }
     return date;
 }
 
@@ -86,10 +90,8 @@ void RingRecords::keep(const RingRecord& record) {
 
 std::optional<sys_seconds> RingRecords::decidedUntil() const {
     const std::string text = database_->setting(decidedName).value_or("");
-    long long count = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), count);
-    if (text.empty() || result.ec != std::errc{}) return std::nullopt;
-    return momentOf(count);
+    const std::optional<long long> count = numberOf<long long>(text);
+    return count ? std::optional(momentOf(*count)) : std::nullopt;
 }
 
 void RingRecords::setDecidedUntil(sys_seconds moment) {

@@ -2,11 +2,8 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <limits>
-
 #include "common/GlobalFuncs.h"
+#include "common/numbers.h"
 #include "data/city_day.h"
 #include "data/coordinates.h"
 #include "data/sqlite_reading.h"
@@ -25,13 +22,6 @@ constexpr const char* cityQuery =
     "                           AND   CP.DSTID = D.DSTID"
     "                           AND   C.ID=";
 
-// The whole number that a text begins with; 0 without one, the nearest end of the range when it is too large.
-int integerValue(const std::string& text) {
-    const long long value = std::strtoll(text.c_str(), nullptr, 10);
-    return static_cast<int>(
-        std::clamp<long long>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
-
 }  // namespace
 
 City::City() : globalFuncs_(&GlobalFuncs::globalFuncs()) {}
@@ -41,15 +31,15 @@ double City::getRelevantPrayerTime(int code) const {
 }
 
 void City::changeTemkin() {
-    temkin_ = integerValue(temkin_) != 0 ? '0' : '1';
+    temkin_ = leadingNumber<int>(temkin_) != 0 ? '0' : '1';
 }
 
 void City::getAllCityInfo(City& city) const {
-    const int id = integerValue(city.cityId_);
+    const int id = leadingNumber<int>(city.cityId_);
     if (isUserPlace(id)) return fillWithUserPlace(city, id, globalFuncs_->dataFolder(), globalFuncs_->appBundlePath());
     const sqlite::Database database = sqlite::openUnchanging(globalFuncs_->appBundlePath() + "/database/cities.sqlite");
     if (!database) return;
-    const sqlite::Statement row = sqlite::prepare(database.get(), cityQuery + std::to_string(id));
+    const sqlite::Statement row = sqlite::prepare(database.get(), cityQuery + numberText(id));
     if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
     const auto column = [&row](int index) { return sqlite::text(row.get(), index); };
     city.name_ = column(0);

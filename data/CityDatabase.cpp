@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "common/numbers.h"
 #include "data/city_connection.h"
 
 namespace quode {
@@ -91,7 +92,7 @@ std::vector<StoredZone> CityDatabase::zones() const {
     const auto integer = [&row](int column) { return sqlite3_column_int(row.get(), column); };
     while (connection_->next(row)) {
         zones.push_back({sqlite::text(row.get(), 0),
-                         {decimalNumber(sqlite::text(row.get(), 1)), integer(2) != 0, integer(3), integer(4),
+                         {leadingNumber<double>(sqlite::text(row.get(), 1)), integer(2) != 0, integer(3), integer(4),
                           integer(5), integer(6), integer(7)}});
     }
     return zones;

@@ -2,18 +2,15 @@
 
 #include <fmt/format.h>
 
-#include <charconv>
-#include <cmath>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
-#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
 
 #include "common/GlobalFuncs.h"
 #include "common/calendar.h"
+#include "common/numbers.h"
 #include "data/AlarmLock.h"
 #include "data/alarm_moment.h"
 #include "platform/EventStore.h"
@@ -33,30 +30,6 @@ constexpr const char* alarmInfoQuery =
 constexpr const char* alarmRowQuery = " SELECT MINUTE, PRAYTIME, EVENTID FROM USER_ALARMS WHERE TIMEID = {} ";
 constexpr const char* activeUpdate = " UPDATE USER_ALARMS SET ACTIVE = {}  WHERE TIMEID = {} ";
 constexpr const char* eventUpdate = " UPDATE USER_ALARMS SET EVENTID = '{}'  WHERE TIMEID = {} ";
-
-constexpr std::string_view blanks = " \t\n\v\f\r";
-
-// What of a text can be a number: without blanks and a plus sign in front.
-std::string_view numberPart(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-    return text;
-}
-
-int integerValue(std::string_view text) {
-    text = numberPart(text);
-    int value = 0;
-    const std::from_chars_result result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc::result_out_of_range) return value;
-    return text.front() == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
-}
-
-double decimalValue(std::string_view text) {
-    text = numberPart(text);
-    double value = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
-    return std::isfinite(value) ? value : 0.0;
-}
 
 sqlite::Statement firstRow(sqlite3* database, const std::string& sql) {
     sqlite::Statement row = sqlite::prepare(database, sql);
@@ -84,7 +57,7 @@ DatabaseFunctions::~DatabaseFunctions() = default;
 
 int DatabaseFunctions::asInteger(sqlite3_stmt* row, int column) const noexcept {
     try {
-        return integerValue(sqlite::text(row, column));
+        return leadingNumber<int>(sqlite::text(row, column));
     } catch (const std::exception& error) {
         logFailure("asInteger", error.what());
         return 0;
@@ -97,7 +70,7 @@ bool DatabaseFunctions::asBoolean(sqlite3_stmt* row, int column) const noexcept 
 
 double DatabaseFunctions::asFloat(sqlite3_stmt* row, int column) const noexcept {
     try {
-        return decimalValue(sqlite::text(row, column));
+        return leadingNumber<double>(sqlite::text(row, column));
     } catch (const std::exception& error) {
         logFailure("asFloat", error.what());
         return 0.0;

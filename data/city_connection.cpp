@@ -1,11 +1,11 @@
 #include "data/city_connection.h"
 
 #include <array>
-#include <charconv>
 #include <cstdint>
 #include <fstream>
 
 #include "common/formatting.h"
+#include "common/numbers.h"
 #include "data/city_database_schema.h"
 #include "data/coordinates.h"
 
@@ -39,12 +39,6 @@ bool isWhole(const std::filesystem::path& file) {
 }
 
 }  // namespace
-
-double decimalNumber(const std::string& text) {
-    double value = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
-    return value;
-}
 
 CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) {
     std::error_code ignored;
@@ -106,7 +100,7 @@ std::optional<CityRecord> CityConnection::record(int id) {
     const auto text = [row](int column) { return sqlite::text(row, column); };
     const auto integer = [row](int column) { return sqlite3_column_int(row, column); };
     const auto degrees = [&text](int column) {
-        return decimalNumber(formatting::getFloatStr(decipheredCoordinate(text(column))));
+        return leadingNumber<double>(formatting::getFloatStr(decipheredCoordinate(text(column))));
     };
     CityRecord city;
     city.id = id;
@@ -119,8 +113,13 @@ std::optional<CityRecord> CityConnection::record(int id) {
     city.latitude = degrees(6);
     city.longitude = degrees(7);
     city.zone = text(8);
-    city.rule = {
-        decimalNumber(text(9)), integer(10) != 0, integer(11), integer(12), integer(13), integer(14), integer(15)};
+    city.rule = {leadingNumber<double>(text(9)),
+                 integer(10) != 0,
+                 integer(11),
+                 integer(12),
+                 integer(13),
+                 integer(14),
+                 integer(15)};
     city.temkin = integer(16) != 0;
     city.population = static_cast<long>(sqlite3_column_int64(row, 17));
     if (sqlite3_column_type(row, 18) != SQLITE_NULL) city.elevation = integer(18);

@@ -9,9 +9,6 @@
 
 namespace quode {
 
-/// The number that a text begins with, its decimal point a point in every locale; 0 for a text without one.
-double decimalNumber(const std::string& text);
-
 /// The open database behind `CityDatabase`. Every failure is a `CityDatabaseError`.
 class CityConnection {
   public:

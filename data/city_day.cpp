@@ -2,12 +2,12 @@
 
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <string>
 
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/MagneticVariation.h"
 #include "common/formatting.h"
+#include "common/numbers.h"
 
 namespace quode {
 namespace {
@@ -42,15 +42,6 @@ seconds offsetOf(double hours) {
     return seconds(std::lround(hours * 3600.0));
 }
 
-double number(const std::string& text) {
-    const double value = std::strtod(text.c_str(), nullptr);
-    return std::isfinite(value) ? value : 0.0;
-}
-
-int integer(const std::string& text) {
-    return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
-}
-
 }  // namespace
 
 Site siteOf(const CityRecord& city) {
@@ -59,16 +50,16 @@ Site siteOf(const CityRecord& city) {
 
 Site siteOf(const City& city) {
     Site site;
-    site.latitude = number(city.latitude());
-    site.longitude = number(city.longitude());
-    site.rule.gmt = number(city.GMT());
-    site.rule.dst = integer(city.DST()) == 1;
-    site.rule.startMonth = integer(city.startMonth());
-    site.rule.startDay = integer(city.startDay());
-    site.rule.stopMonth = integer(city.stopMonth());
-    site.rule.stopDay = integer(city.stopDay());
-    site.rule.hour = integer(city.hour());
-    site.temkin = integer(city.temkin()) == 1;
+    site.latitude = leadingNumber<double>(city.latitude());
+    site.longitude = leadingNumber<double>(city.longitude());
+    site.rule.gmt = leadingNumber<double>(city.GMT());
+    site.rule.dst = leadingNumber<int>(city.DST()) == 1;
+    site.rule.startMonth = leadingNumber<int>(city.startMonth());
+    site.rule.startDay = leadingNumber<int>(city.startDay());
+    site.rule.stopMonth = leadingNumber<int>(city.stopMonth());
+    site.rule.stopDay = leadingNumber<int>(city.stopDay());
+    site.rule.hour = leadingNumber<int>(city.hour());
+    site.temkin = leadingNumber<int>(city.temkin()) == 1;
     return site;
 }
 
@@ -116,7 +107,7 @@ double timeOfPrayer(const CityDay& day, int code) {
 
 int shownMinute(double hours) {
     const std::string shown = formatting::timeLeadingZero(hours, {});  // "HH:MM"
-    const int minuteOfDay = std::stoi(shown) * 60 + std::stoi(shown.substr(shown.find(':') + 1));
+    const int minuteOfDay = leadingNumber<int>(shown) * 60 + leadingNumber<int>(shown.substr(shown.find(':') + 1));
     // The text has lost its day: the nearest minute with that text is meant.
     constexpr int minutesPerDay = 1440;
     return minuteOfDay + minutesPerDay * static_cast<int>(std::lround((hours * 60.0 - minuteOfDay) / minutesPerDay));

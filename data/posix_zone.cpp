@@ -1,6 +1,6 @@
 #include "data/posix_zone.h"
 
-#include <charconv>
+#include "common/numbers.h"
 
 namespace quode {
 namespace {
@@ -19,11 +19,8 @@ class Reader {
     }
 
     std::optional<int> takeNumber(int least, int most) {
-        int value = 0;
-        const auto [end, error] = std::from_chars(text_.data(), text_.data() + text_.size(), value);
-        if (error != std::errc() || value < least || value > most) return std::nullopt;
-        text_.remove_prefix(static_cast<std::size_t>(end - text_.data()));
-        return value;
+        const std::optional<int> value = quode::takeNumber<int>(text_);
+        return value && *value >= least && *value <= most ? value : std::nullopt;
     }
 
     // An abbreviation: three letters or more, or anything between angle brackets.

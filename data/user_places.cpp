@@ -1,7 +1,6 @@
 #include "data/user_places.h"
 
-#include <fmt/format.h>
-
+#include "common/numbers.h"
 #include "data/sqlite_reading.h"
 
 namespace quode {
@@ -72,15 +71,15 @@ void fillCity(City& city, const CityRecord& record) {
     city.setNameParent(record.region);
     city.setCountryNameEn(record.countryNameEn);
     city.setCountryNameTr(record.countryNameTr);
-    city.setLatitude(fmt::format("{:f}", record.latitude));
-    city.setLongitude(fmt::format("{:f}", record.longitude));
-    city.setGMT(fmt::format("{}", rule.gmt));
+    city.setLatitude(fixedText(record.latitude, 6));
+    city.setLongitude(fixedText(record.longitude, 6));
+    city.setGMT(numberText(rule.gmt));
     city.setDST(rule.dst ? "1" : "0");
-    city.setStartMonth(std::to_string(rule.startMonth));
-    city.setStartDay(std::to_string(rule.startDay));
-    city.setStopMonth(std::to_string(rule.stopMonth));
-    city.setStopDay(std::to_string(rule.stopDay));
-    city.setHour(std::to_string(rule.hour));
+    city.setStartMonth(numberText(rule.startMonth));
+    city.setStartDay(numberText(rule.startDay));
+    city.setStopMonth(numberText(rule.stopMonth));
+    city.setStopDay(numberText(rule.stopDay));
+    city.setHour(numberText(rule.hour));
     city.setTemkin(record.temkin ? "1" : "0");
 }
 

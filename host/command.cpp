@@ -2,7 +2,7 @@
 
 #include "cli/dates.h"
 #include "cli/failure.h"
-#include "cli/numbers.h"
+#include "common/numbers.h"
 
 namespace quode::host {
 namespace {
@@ -57,7 +57,7 @@ cli::Command panelCommand() {
 
 double scaleOf(const Arguments& arguments) {
     const std::string text = arguments.text("scale").value_or("1");
-    const std::optional<double> scale = cli::numberOf<double>(text);
+    const std::optional<double> scale = numberOf<double>(text);
     if (scale && *scale >= 1.0 && *scale <= 4.0) return *scale;
     throw Failure(ExitCode::usage, "--scale is a number from 1 to 4, not \"" + text + "\".");
 }

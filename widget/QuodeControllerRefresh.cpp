@@ -3,11 +3,11 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <exception>
 #include <string_view>
 
 #include "common/GlobalFuncs.h"
+#include "common/numbers.h"
 #include "common/text_format.h"
 #include "data/city_day.h"
 #include "data/sqlite_reading.h"
@@ -39,7 +39,7 @@ void guarded(GlobalFuncs& globalFuncs, std::string_view name, Operation operatio
 }
 
 bool isHome(const City& city) {
-    return std::strtol(city.setAsHome().c_str(), nullptr, 10) == 1;
+    return leadingNumber<int>(city.setAsHome()) == 1;
 }
 
 sqlite::Database openDatabase(const std::string& path) {

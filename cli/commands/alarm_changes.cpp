@@ -4,11 +4,11 @@
 #include "cli/alarm_calendar.h"
 #include "cli/alarm_sounds.h"
 #include "cli/commands.h"
-#include "cli/numbers.h"
 #include "cli/prayer_names.h"
 #include "cli/session.h"
 #include "cli/user_alarms.h"
 #include "cli/user_data.h"
+#include "common/numbers.h"
 #include "companion/user_connection.h"
 
 namespace quode::cli {

@@ -4,11 +4,11 @@
 #include "cli/alarm_sounds.h"
 #include "cli/commands.h"
 #include "cli/desktop.h"
-#include "cli/numbers.h"
 #include "cli/prayer_names.h"
 #include "cli/session.h"
 #include "cli/user_alarms.h"
 #include "cli/user_texts.h"
+#include "common/numbers.h"
 #include "companion/sounds.h"
 
 namespace quode::cli {

@@ -3,11 +3,11 @@
 
 #include "cli/alarm_calendar.h"
 #include "cli/commands.h"
-#include "cli/numbers.h"
 #include "cli/place.h"
 #include "cli/session.h"
 #include "cli/user_cities.h"
 #include "cli/user_data.h"
+#include "common/numbers.h"
 #include "companion/user_connection.h"
 
 namespace quode::cli {

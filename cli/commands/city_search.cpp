@@ -2,10 +2,10 @@
 #include <fmt/format.h>
 
 #include "cli/commands.h"
-#include "cli/numbers.h"
 #include "cli/place.h"
 #include "cli/session.h"
 #include "cli/text_layout.h"
+#include "common/numbers.h"
 
 namespace quode::cli {
 namespace {
@@ -17,7 +17,7 @@ int limitOf(const Arguments& arguments) {
     if (!wish) return defaultLimit;
     const bool isNumber =
         !wish->empty() && wish->size() <= 4 && wish->find_first_not_of("0123456789") == std::string::npos;
-    const int limit = isNumber ? std::stoi(*wish) : 0;
+    const int limit = isNumber ? leadingNumber<int>(*wish) : 0;
     if (limit >= 1 && limit <= mostHits) return limit;
     throw Failure(ExitCode::usage, fmt::format("--limit is a number from 1 to {}, not \"{}\".", mostHits, *wish));
 }

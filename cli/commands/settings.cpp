@@ -7,11 +7,11 @@
 #include "cli/alarm_calendar.h"
 #include "cli/alarm_sounds.h"
 #include "cli/commands.h"
-#include "cli/numbers.h"
 #include "cli/ringer.h"
 #include "cli/session.h"
 #include "cli/text_layout.h"
 #include "cli/user_data.h"
+#include "common/numbers.h"
 #include "companion/user_connection.h"
 
 namespace quode::cli {

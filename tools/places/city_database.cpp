@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <map>
 #include <set>
 #include <string>
 #include <tuple>
 #include <vector>
 
+#include "common/numbers.h"
 #include "data/city_database_schema.h"
 #include "data/coordinates.h"
 #include "data/name_folding.h"
@@ -29,13 +29,6 @@ DstKey keyOf(const ZoneRule& rule) {
 // The number of a country: the two letters of its code, so that it stays the same in every edition.
 long countryNumber(const std::string& code) {
     return (code.at(0) - 'A') * 26 + (code.at(1) - 'A') + 1;
-}
-
-// Whole hours without a point, others with the decimals they need: "3", "-3.5", "5.75".
-std::string hoursText(double hours) {
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), hours).ptr;
-    return {buffer.data(), end};
 }
 
 class CityDatabaseWriter {
@@ -100,7 +93,7 @@ class CityDatabaseWriter {
         long number = 0;
         for (const Region& region : data_.regions) {
             const ZoneRule& rule = data_.zones.at(region.zone);
-            parents.add({++number, region.name, hoursText(rule.gmt), countryNumber(region.country), dstNumber(rule)});
+            parents.add({++number, region.name, numberText(rule.gmt), countryNumber(region.country), dstNumber(rule)});
         }
         number = 0;
         for (const Region& region : data_.regions) {
@@ -130,7 +123,7 @@ class CityDatabaseWriter {
         auto zones = out_.table("ZONE", 5);
         std::map<std::string, long> names = zoneNumbers_;
         for (const auto& [name, rule] : data_.zones) {
-            zones.add({zoneNumbers_.at(name), name, hoursText(rule.gmt), dstNumber(rule), long{largest.at(name)->id}});
+            zones.add({zoneNumbers_.at(name), name, numberText(rule.gmt), dstNumber(rule), long{largest.at(name)->id}});
         }
         for (const auto& [alias, zone] : data_.zoneAliases) names[alias] = zoneNumbers_.at(zone);
         auto zoneNames = out_.table("ZONE_NAME", 2);

@@ -1,11 +1,11 @@
 #include "tools/places/source_data.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <stdexcept>
 #include <tuple>
 
+#include "common/numbers.h"
 #include "data/posix_zone.h"
 #include "tools/places/place_id.h"
 #include "tools/places/tsv.h"
@@ -21,12 +21,9 @@ using Rows = std::vector<std::vector<std::string>>;
 using RegionKey = std::tuple<std::string, std::string, std::string>;  // country, code, zone
 
 long wholeNumber(const std::string& text, const std::string& what) {
-    long value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        throw std::runtime_error(what + ": \"" + text + "\" is not a whole number");
-    }
-    return value;
+    const std::optional<long> value = numberOf<long>(text);
+    if (!value) throw std::runtime_error(what + ": \"" + text + "\" is not a whole number");
+    return *value;
 }
 
 // Decimal degrees with at most five decimals, in hundred-thousandths; exact.
@@ -62,7 +59,7 @@ std::map<std::string, ZoneRule> readZones(const std::filesystem::path& file) {
         const auto zone = parsePosixZone(row[2]);
         if (!zone) throw std::runtime_error(file.string() + ": the rule " + row[2] + " is not understood");
         const ZoneRule rule = encoded(*zone, fittedYears);
-        if (std::abs(rule.gmt - std::stod(row[1])) > 1e-9 || rule.dst != (row[3] == "1")) {
+        if (std::abs(rule.gmt - numberOf<double>(row[1]).value_or(100.0)) > 1e-9 || rule.dst != (row[3] == "1")) {
             throw std::runtime_error(file.string() + ": the columns of " + row[0] + " contradict each other");
         }
         zones[row[0]] = rule;

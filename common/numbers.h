@@ -1,0 +1,81 @@
+// Numbers read from text and written to it, the same in every locale: the decimal point is a point, nothing groups
+// digits. All of Quode reads and writes numbers by these functions; {fmt}, which also ignores the locale, lays them out
+// within longer texts.
+#pragma once
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <concepts>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quode {
+
+/// A text without the blanks around it.
+inline std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\n\v\f\r";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// Takes a number off the front of a text, without blanks or a plus sign before it.
+/// Returned: nothing when the text begins with none, or with one that is not finite or that the type cannot hold; the
+/// text stays as it was then.
+template <typename Number>
+std::optional<Number> takeNumber(std::string_view& text) {
+    Number value{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc()) return std::nullopt;
+    if constexpr (std::floating_point<Number>) {
+        if (!std::isfinite(value)) return std::nullopt;
+    }
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    return value;
+}
+
+/// The finite number that a text is; nothing when it is anything else. Blanks around it and a plus sign are allowed.
+template <typename Number>
+std::optional<Number> numberOf(std::string_view text) {
+    text = trimmed(text);
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
+    const std::optional<Number> value = takeNumber<Number>(text);
+    return text.empty() ? value : std::nullopt;
+}
+
+/// The number that a text begins with, after blanks and a plus sign: 0 when it begins with none. A whole number that is
+/// too large becomes the nearest end of the range; a decimal number that is too large, or not finite, counts as 0.
+template <typename Number>
+Number leadingNumber(std::string_view text) {
+    text = trimmed(text);
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
+    if constexpr (std::integral<Number>) {
+        Number value{};
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+        if (error != std::errc::result_out_of_range) return value;
+        return text.front() == '-' ? std::numeric_limits<Number>::min() : std::numeric_limits<Number>::max();
+    } else {
+        return takeNumber<Number>(text).value_or(Number{});
+    }
+}
+
+/// The shortest text that reads back as the same number: "3", "-3.5", "5.75".
+template <typename Number>
+std::string numberText(Number value) {
+    std::array<char, 32> text{};
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
+}
+
+/// A number with a fixed count of decimals, rounded as "%f" does: "41.013840".
+inline std::string fixedText(double value, int decimals) {
+    // The largest double has 309 digits before the point.
+    std::array<char, 400> text{};
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
+    return error == std::errc() ? std::string(text.data(), end) : numberText(value);
+}
+
+}  // namespace quode
