@@ -1,0 +1,19 @@
+// Random operations on an engine.
+#pragma once
+
+#include "astro/FastAstro.h"
+#include "digest.h"
+#include "random_sky.h"
+
+namespace quode::test {
+
+/// Sets date and place of an engine.
+void set(FastAstro& engine, const RandomPlace& place, const VAKDate& day);
+
+/// Sets any date and place.
+void setAnywhere(FastAstro& engine, RandomNumbers& random);
+
+/// Makes one operation, chosen at random among those that set fields or read them, and adds what it returns.
+void operate(FastAstro& engine, RandomNumbers& random, Digest& digest);
+
+}  // namespace quode::test
