@@ -35,6 +35,9 @@ class TranslatedLocale : public Locale {
     std::string pmSymbol() const override { return habits_->pmSymbol(); }
     std::string monthName(int month) const override { return names_->monthName(month); }
     std::string shortMonthName(int month) const override { return names_->shortMonthName(month); }
+    std::string weekdayName(int weekday) const override { return names_->weekdayName(weekday); }
+    std::string shortWeekdayName(int weekday) const override { return names_->shortWeekdayName(weekday); }
+    std::string decimalMark() const override { return names_->decimalMark(); }
     std::string hourPattern() const override { return habits_->hourPattern(); }
     std::string lowerCased(std::string_view text) const override { return habits_->lowerCased(text); }
 

@@ -22,6 +22,15 @@ class Locale {
     /// The abbreviated name of a Gregorian month 1..12; empty for another number.
     virtual std::string shortMonthName(int month) const = 0;
 
+    /// The full name of a day of the week, 0 = Sunday .. 6 = Saturday; empty for another number.
+    virtual std::string weekdayName(int weekday) const = 0;
+
+    /// The abbreviated name of a day of the week, as it stands alone in a column.
+    virtual std::string shortWeekdayName(int weekday) const = 0;
+
+    /// The sign between a whole number and its decimals. Digits are always 0 to 9, as in the times.
+    virtual std::string decimalMark() const = 0;
+
     /// The date pattern for an hour alone (template "j"): it holds an "a" where hours are told with an AM/PM sign.
     virtual std::string hourPattern() const = 0;
 

@@ -1,3 +1,4 @@
+#include <unicode/dcfmtsym.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>
 #include <unicode/locid.h>
@@ -26,7 +27,9 @@ std::string entry(const icu::UnicodeString* texts, int count, int index) {
 icu::Locale localeOf(const std::string& name) {
     const std::string language = name.substr(0, name.find_first_of(".@"));
     const bool isPosix = language.empty() || language == "C" || language == "POSIX";
-    return icu::Locale::createCanonical(isPosix ? posixLocale : name.c_str());
+    const icu::Locale locale = icu::Locale::createCanonical(isPosix ? posixLocale : name.c_str());
+    // A name that is none, such as "american english", is taken for POSIX, as the C library does.
+    return locale.isBogus() ? icu::Locale::createCanonical(posixLocale) : locale;
 }
 
 class IcuLocale : public Locale {
@@ -48,6 +51,19 @@ class IcuLocale : public Locale {
         return entry(names, count, month - 1);
     }
 
+    std::string weekdayName(int weekday) const override {
+        return weekdayOf(weekday, icu::DateFormatSymbols::FORMAT, icu::DateFormatSymbols::WIDE);
+    }
+
+    std::string shortWeekdayName(int weekday) const override {
+        return weekdayOf(weekday, icu::DateFormatSymbols::STANDALONE, icu::DateFormatSymbols::ABBREVIATED);
+    }
+
+    std::string decimalMark() const override {
+        if (!decimalMark_) decimalMark_ = readDecimalMark();
+        return *decimalMark_;
+    }
+
     std::string hourPattern() const override {
         UErrorCode status = U_ZERO_ERROR;
         const std::unique_ptr<icu::DateTimePatternGenerator> generator(
@@ -62,6 +78,22 @@ class IcuLocale : public Locale {
     }
 
   private:
+    std::string weekdayOf(int weekday, icu::DateFormatSymbols::DtContextType context,
+                          icu::DateFormatSymbols::DtWidthType width) const {
+        int count = 0;
+        const icu::UnicodeString* names = symbols_.getWeekdays(count, context, width);
+        return weekday < 0 ? "" : entry(names, count, weekday + 1);  // the list begins with an empty text
+    }
+
+    std::string readDecimalMark() const {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::Locale latinDigits = locale_;
+        latinDigits.setKeywordValue("numbers", "latn", status);
+        const icu::DecimalFormatSymbols symbols(latinDigits, status);
+        if (U_FAILURE(status)) return ".";
+        return utf8(symbols.getConstSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol));
+    }
+
     std::string halfDaySymbol(int half) const {
         int count = 0;
         const icu::UnicodeString* symbols = symbols_.getAmPmStrings(count);
@@ -71,6 +103,7 @@ class IcuLocale : public Locale {
     UErrorCode status_ = U_ZERO_ERROR;
     icu::Locale locale_;
     icu::DateFormatSymbols symbols_;
+    mutable std::optional<std::string> decimalMark_;
 };
 
 }  // namespace

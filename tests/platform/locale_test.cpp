@@ -69,6 +69,34 @@ TEST(LowerCase, IsTheSameInEveryLocale) {
     }
 }
 
+TEST(LocaleNames, OfWeekdaysAreThoseOfThePeople) {
+    EXPECT_EQ(icuLocale("de_DE")->weekdayName(6), "Samstag");
+    EXPECT_EQ(icuLocale("tr")->weekdayName(0), "Pazar");
+    EXPECT_EQ(icuLocale("fr")->shortWeekdayName(1), "lun.");
+    EXPECT_EQ(icuLocale("de")->shortWeekdayName(1), "Mo");
+    EXPECT_EQ(icuLocale("ar")->weekdayName(5), "الجمعة");
+    EXPECT_EQ(icuLocale("en")->weekdayName(7) + icuLocale("en")->weekdayName(-1), "");
+}
+
+TEST(DecimalMark, GoesWithLatinDigits) {
+    EXPECT_EQ(icuLocale("de")->decimalMark(), ",");
+    EXPECT_EQ(icuLocale("en")->decimalMark(), ".");
+    EXPECT_EQ(icuLocale("tr_TR.UTF-8")->decimalMark(), ",");
+    EXPECT_EQ(icuLocale("fa")->decimalMark(), ".");
+}
+
+TEST(MalformedLocale, IsTakenForPosix) {
+    for (const char* name :
+         {"american english", "@@@", "x\xFFy", "a_very_long_name_that_no_locale_in_this_world_could_have"}) {
+        const auto locale = icuLocale(name);
+        EXPECT_EQ(locale->monthName(2), "February") << name;
+        EXPECT_EQ(locale->weekdayName(6), "Saturday") << name;
+        EXPECT_EQ(locale->amSymbol(), "AM") << name;
+        EXPECT_FALSE(locale->decimalMark().empty()) << name;
+    }
+    EXPECT_EQ(icuLocale("american english")->hourPattern(), icuLocale("POSIX")->hourPattern());
+}
+
 TEST(LocaleOfTheProcess, ComesFromTheFirstVariableThatIsSet) {
     EXPECT_EQ(localeNameFrom(environmentOf({{"LC_ALL", "tr_TR"}, {"LC_TIME", "fr_FR"}, {"LANG", "de_DE"}})), "tr_TR");
     EXPECT_EQ(localeNameFrom(environmentOf({{"LC_ALL", ""}, {"LC_TIME", "fr_FR"}, {"LANG", "de_DE"}})), "fr_FR");

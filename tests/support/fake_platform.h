@@ -59,6 +59,14 @@ class FixedLocale : public Locale {
         return month >= 1 && month <= 12 ? months[static_cast<std::size_t>(month) - 1] : "";
     }
 
+    std::string weekdayName(int weekday) const override {
+        constexpr std::array<const char*, 7> names{"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                   "Thursday", "Friday", "Saturday"};
+        return weekday >= 0 && weekday < 7 ? names[static_cast<std::size_t>(weekday)] : "";
+    }
+    std::string shortWeekdayName(int weekday) const override { return weekdayName(weekday).substr(0, 3); }
+    std::string decimalMark() const override { return "."; }
+
     /// Knows the letters A to Z, Ö and Ş.
     std::string lowerCased(std::string_view text) const override {
         std::string lower(text);
