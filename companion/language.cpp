@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "common/translation.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "common/MessageCatalogue.h"
+#include "texts/MessageCatalogue.h"
 #include "compiled_catalogue.h"
 #include "support/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "common/translation.h"
+#include "texts/translation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "common/translation.h"
+#include "texts/translation.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,7 @@
 #include <mutex>
 #include <stdexcept>
 
-#include "common/MessageCatalogue.h"
+#include "texts/MessageCatalogue.h"
 
 namespace quode {
 namespace {

@@ -1,4 +1,4 @@
-#include "common/plural_rule.h"
+#include "texts/plural_rule.h"
 
 #include <array>
 #include <stdexcept>

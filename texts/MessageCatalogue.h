@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/plural_rule.h"
+#include "texts/plural_rule.h"
 
 namespace quode {
 

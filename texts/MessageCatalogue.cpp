@@ -1,4 +1,4 @@
-#include "common/MessageCatalogue.h"
+#include "texts/MessageCatalogue.h"
 
 #include <algorithm>
 #include <stdexcept>
