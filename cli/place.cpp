@@ -65,10 +65,9 @@ std::string suggestions(Session& session, const std::vector<CityHit>& hits) {
 }
 
 CityRecord cityNamed(Session& session, std::string_view name) {
+    const std::vector<CityHit> named = session.cities().named(name, 1);
+    if (!named.empty()) return named.front().city;
     const std::vector<CityHit> hits = session.cities().search(name, suggestionCount);
-    for (const CityHit& hit : hits) {
-        if (hit.match == CityMatch::exact) return hit.city;
-    }
     throw Failure(ExitCode::notFound, fmt::format("No city is called \"{}\".{}", name, suggestions(session, hits)));
 }
 

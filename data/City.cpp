@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "data/city_day.h"
 #include "data/coordinates.h"
+#include "data/row_checksum.h"
 #include "data/sqlite_reading.h"
 #include "data/user_places.h"
 
@@ -21,6 +22,14 @@ constexpr const char* cityQuery =
     "                           AND   CC.CID = CP.CID"
     "                           AND   CP.DSTID = D.DSTID"
     "                           AND   C.ID=";
+
+// A damaged page would give wrong times. A database without checksums has the tables of the query alone.
+bool recordIsIntact(sqlite3* database, int id) {
+    const sqlite::Statement record = sqlite::prepare(database, cityRecordSql);
+    if (!record) return true;
+    sqlite3_bind_int(record.get(), 1, id);
+    return sqlite3_step(record.get()) == SQLITE_ROW && isIntact(record.get());
+}
 
 }  // namespace
 
@@ -41,6 +50,11 @@ void City::getAllCityInfo(City& city) const {
     if (!database) return;
     const sqlite::Statement row = sqlite::prepare(database.get(), cityQuery + numberText(id));
     if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
+    if (!recordIsIntact(database.get(), id)) {
+        GlobalFuncs::globalFuncs().NSLogToFile("Error in City -> getAllCityInfo: the record of city " + numberText(id) +
+                                               " has a wrong checksum. Install Quode again.");
+        return;
+    }
     const auto column = [&row](int index) { return sqlite::text(row.get(), index); };
     city.name_ = column(0);
     city.nameParent_ = column(1);

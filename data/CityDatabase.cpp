@@ -30,6 +30,8 @@ double distanceDegrees(double latitude1, double longitude1, double latitude2, do
 
 struct Nearest {
     int id = 0;
+    int latitude = 0;  // hundred-thousandths of a degree
+    int longitude = 0;
     double degrees = 360.0;
 };
 
@@ -41,9 +43,12 @@ Nearest nearestWithin(const CityConnection& connection, double latitude, double 
     sqlite3_bind_double(row.get(), 2, (latitude + reach) * 1e5);
     Nearest nearest;
     while (connection.next(row)) {
-        const double degrees = distanceDegrees(latitude, longitude, sqlite3_column_int(row.get(), 0) / 1e5,
-                                               sqlite3_column_int(row.get(), 1) / 1e5);
-        if (degrees < nearest.degrees) nearest = {sqlite3_column_int(row.get(), 2), degrees};
+        const int pointLatitude = sqlite3_column_int(row.get(), 0);
+        const int pointLongitude = sqlite3_column_int(row.get(), 1);
+        const double degrees = distanceDegrees(latitude, longitude, pointLatitude / 1e5, pointLongitude / 1e5);
+        if (degrees < nearest.degrees) {
+            nearest = {sqlite3_column_int(row.get(), 2), pointLatitude, pointLongitude, degrees};
+        }
     }
     return nearest;
 }
@@ -66,22 +71,18 @@ std::optional<CityRecord> CityDatabase::city(int id) const {
 std::optional<NearestCity> CityDatabase::nearest(double latitude, double longitude) const {
     if (!(std::abs(latitude) <= 90.0 && std::abs(longitude) <= 180.0)) return std::nullopt;
     // A place that is nearer than the reach is the nearest of all: every other one within its distance was looked at
-    // too.
-    for (const double reach : {0.1, 0.5, 2.0, 8.0, 30.0, 180.0}) {
+    // too. The steps keep the work small where places are rare, as at the poles.
+    for (const double reach : {0.1, 0.5, 2.0, 8.0, 20.0, 40.0, 60.0, 180.0}) {
         const Nearest nearest = nearestWithin(*connection_, latitude, longitude, reach);
         if (nearest.degrees > reach) continue;
-        const std::optional<CityRecord> city = connection_->record(nearest.id);
-        if (city) return NearestCity{*city, nearest.degrees * kmPerDegree};
+        return NearestCity{connection_->recordAt(nearest.id, nearest.latitude, nearest.longitude),
+                           nearest.degrees * kmPerDegree};
     }
     return std::nullopt;
 }
 
 std::optional<CityRecord> CityDatabase::largestCityOfZone(std::string_view zone) const {
-    const sqlite::Statement row =
-        connection_->query("SELECT Z.LARGEST FROM ZONE_NAME N JOIN ZONE Z ON Z.ZONE = N.ZONE WHERE N.NAME = ?1");
-    sqlite3_bind_text(row.get(), 1, zone.data(), static_cast<int>(zone.size()), SQLITE_STATIC);
-    if (!connection_->next(row)) return std::nullopt;
-    return connection_->record(sqlite3_column_int(row.get(), 0));
+    return connection_->largestCityOfZone(zone);
 }
 
 std::vector<StoredZone> CityDatabase::zones() const {

@@ -97,6 +97,10 @@ class CityDatabase {
     ///           typing mistake away only when there is little else. Empty for a text without any letter or digit.
     std::vector<CityHit> search(std::string_view text, int limit = 10) const;
 
+    /// The places that have exactly this name, the most populous first; the text is read as by `search`. A short name is
+    /// found too, however many longer ones begin with it.
+    std::vector<CityHit> named(std::string_view text, int limit = 10) const;
+
     /// The place nearest to a point. latitude -90..90, longitude -180..180 (degrees); nothing outside these ranges.
     std::optional<NearestCity> nearest(double latitude, double longitude) const;
 

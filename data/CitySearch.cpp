@@ -68,6 +68,18 @@ class CitySearch {
   public:
     explicit CitySearch(CityConnection& connection) : connection_(connection) {}
 
+    std::vector<CityHit> findNamed(std::string_view text, std::size_t limit) {
+        const Wanted wanted = split(text);
+        if (wanted.name.empty()) return {};
+        collectNames(wanted, wanted.name + '\0');
+        if (found_.empty() && !wanted.qualifiers.empty()) {
+            const std::string whole = foldedName(text);
+            collectNames({whole, {}}, whole + '\0');
+        }
+        std::erase_if(found_, [](const auto& entry) { return entry.second.match != CityMatch::exact; });
+        return best(limit);
+    }
+
     std::vector<CityHit> find(std::string_view text, std::size_t limit) {
         const Wanted wanted = split(text);
         if (wanted.name.empty()) return {};
@@ -110,13 +122,16 @@ class CitySearch {
         return !allowed || (parent < allowed->size() && (*allowed)[parent]);
     }
 
-    void collectNames(const Wanted& wanted) {
+    // Everything that begins with the name.
+    void collectNames(const Wanted& wanted) { collectNames(wanted, wanted.name + "\xF4\x8F\xBF\xBF"); }
+
+    // The names from the wanted one up to the end, which does not belong to them.
+    void collectNames(const Wanted& wanted, const std::string& end) {
         const auto allowed = allowedParents(wanted.qualifiers);
         const sqlite::Statement row = connection_.query(
             "SELECT FOLDED, ID, KIND, POPULATION, PARENT FROM CITY_NAME WHERE FOLDED >= ?1 AND FOLDED < ?2");
-        const std::string end = wanted.name + "\xF4\x8F\xBF\xBF";  // after everything that begins with the name
         sqlite3_bind_text(row.get(), 1, wanted.name.c_str(), -1, SQLITE_STATIC);
-        sqlite3_bind_text(row.get(), 2, end.c_str(), -1, SQLITE_STATIC);
+        sqlite3_bind_text(row.get(), 2, end.data(), static_cast<int>(end.size()), SQLITE_STATIC);
         while (connection_.next(row)) {
             if (allows(allowed, row.get())) addName(row.get(), wanted.name);
         }
@@ -205,6 +220,11 @@ class CitySearch {
 };
 
 }  // namespace
+
+std::vector<CityHit> CityDatabase::named(std::string_view text, int limit) const {
+    if (text.size() > longestText || limit <= 0) return {};
+    return CitySearch(*connection_).findNamed(text, static_cast<std::size_t>(limit));
+}
 
 std::vector<CityHit> CityDatabase::search(std::string_view text, int limit) const {
     if (text.size() > longestText || limit <= 0) return {};

@@ -1,6 +1,7 @@
 #include "data/city_connection.h"
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <fstream>
 
@@ -8,6 +9,7 @@
 #include "common/numbers.h"
 #include "data/city_database_schema.h"
 #include "data/coordinates.h"
+#include "data/row_checksum.h"
 
 namespace quode {
 namespace {
@@ -15,13 +17,6 @@ namespace {
 using Reason = CityDatabaseError::Reason;
 
 constexpr const char* remedy = "Install Quode again.";
-
-constexpr const char* recordSql =
-    "SELECT C.NAME, P.NAME, F.CODE, K.CODE, O.NAMEEN, O.NAMETR, C.LAT, C.LON, Z.NAME, P.GMT, D.DST, D.STARTMONTH, "
-    "D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN, A.POPULATION, A.ELEVATION FROM CITY C "
-    "JOIN CITY_PARENT P ON P.PARENT = C.PARENT JOIN PARENT_FACT F ON F.PARENT = C.PARENT "
-    "JOIN COUNTRY O ON O.CID = P.CID JOIN COUNTRY_FACT K ON K.CID = P.CID JOIN ZONE Z ON Z.ZONE = F.ZONE "
-    "JOIN DST D ON D.DSTID = P.DSTID LEFT JOIN CITY_FACT A ON A.ID = C.ID WHERE C.ID = ?1";
 
 // Whether the file has the length that its first page announces; a file cut short otherwise shows only much later.
 bool isWhole(const std::filesystem::path& file) {
@@ -50,7 +45,7 @@ CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) 
     if (!database_) failDamaged("it cannot be opened");
     checkEdition();
     checkTables();
-    recordQuery_ = query(recordSql);
+    recordQuery_ = query(cityRecordSql);
 }
 
 void CityConnection::failDamaged(const std::string& detail) const {
@@ -97,6 +92,7 @@ std::optional<CityRecord> CityConnection::record(int id) {
     sqlite3_reset(row);
     sqlite3_bind_int(row, 1, id);
     if (!next(recordQuery_)) return std::nullopt;
+    if (!isIntact(row)) failDamaged("the record of place " + std::to_string(id) + " has a wrong checksum");
     const auto text = [row](int column) { return sqlite::text(row, column); };
     const auto integer = [row](int column) { return sqlite3_column_int(row, column); };
     const auto degrees = [&text](int column) {
@@ -104,27 +100,46 @@ std::optional<CityRecord> CityConnection::record(int id) {
     };
     CityRecord city;
     city.id = id;
-    city.name = text(0);
-    city.region = text(1);
-    city.regionCode = text(2);
-    city.countryCode = text(3);
-    city.countryNameEn = text(4);
-    city.countryNameTr = text(5);
-    city.latitude = degrees(6);
-    city.longitude = degrees(7);
-    city.zone = text(8);
-    city.rule = {leadingNumber<double>(text(9)),
-                 integer(10) != 0,
-                 integer(11),
+    city.name = text(1);
+    city.region = text(2);
+    city.regionCode = text(3);
+    city.countryCode = text(4);
+    city.countryNameEn = text(5);
+    city.countryNameTr = text(6);
+    city.latitude = degrees(7);
+    city.longitude = degrees(8);
+    city.zone = text(9);
+    city.rule = {leadingNumber<double>(text(10)),
+                 integer(11) != 0,
                  integer(12),
                  integer(13),
                  integer(14),
-                 integer(15)};
-    city.temkin = integer(16) != 0;
-    city.population = static_cast<long>(sqlite3_column_int64(row, 17));
-    if (sqlite3_column_type(row, 18) != SQLITE_NULL) city.elevation = integer(18);
+                 integer(15),
+                 integer(16)};
+    city.temkin = integer(17) != 0;
+    city.population = static_cast<long>(sqlite3_column_int64(row, 18));
+    if (sqlite3_column_type(row, 19) != SQLITE_NULL) city.elevation = integer(19);
     sqlite3_reset(row);
+    if (!(std::abs(city.latitude) <= 90.0 && std::abs(city.longitude) <= 180.0)) {
+        failDamaged("the coordinates of place " + std::to_string(id) + " are out of range");
+    }
     return city;
+}
+
+std::optional<CityRecord> CityConnection::largestCityOfZone(std::string_view zone) {
+    const sqlite::Statement row = query(zoneCitySql);
+    sqlite3_bind_text(row.get(), 1, zone.data(), static_cast<int>(zone.size()), SQLITE_STATIC);
+    if (!next(row)) return std::nullopt;
+    if (!isIntact(row.get())) failDamaged("the zone " + std::string(zone) + " has a wrong checksum");
+    return record(sqlite3_column_int(row.get(), 2));
+}
+
+CityRecord CityConnection::recordAt(int id, int latitude, int longitude) {
+    const std::optional<CityRecord> city = record(id);
+    const bool fits =
+        city && std::lround(city->latitude * 1e5) == latitude && std::lround(city->longitude * 1e5) == longitude;
+    if (!fits) failDamaged("the coordinates of place " + std::to_string(id) + " contradict each other");
+    return *city;
 }
 
 }  // namespace quode

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "data/CityDatabase.h"
 #include "data/sqlite_reading.h"
@@ -19,7 +20,14 @@ class CityConnection {
     /// Goes to the next row; false after the last one.
     bool next(const sqlite::Statement& statement) const;
 
+    /// The record of a place, its checksum verified.
     std::optional<CityRecord> record(int id);
+
+    /// The record of the place that the table of points has at a point, in hundred-thousandths of a degree.
+    CityRecord recordAt(int id, int latitude, int longitude);
+
+    /// The largest place of a zone or of an older name of it.
+    std::optional<CityRecord> largestCityOfZone(std::string_view zone);
 
   private:
     [[noreturn]] void failDamaged(const std::string& detail) const;

@@ -5,7 +5,7 @@ namespace quode {
 /// What a city database of this program is known by: SQLite's `application_id` and `user_version`. The edition changes
 /// with every change of the tables or of the folding of names.
 inline constexpr int cityDatabaseApplicationId = 0x51554F44;  // "QUOD"
-inline constexpr int cityDatabaseEdition = 1;
+inline constexpr int cityDatabaseEdition = 2;
 
 /// What a row of CITY_NAME stands for.
 enum class NameKind {
@@ -17,7 +17,7 @@ enum class NameKind {
 
 /// The tables. The first four are the facts of a `City`; the others serve search, display and the check of the zones.
 /// FOLDED columns hold names as `foldedName` gives them. LATITUDE and LONGITUDE of CITY_POINT count hundred-thousandths
-/// of a degree.
+/// of a degree. CHECKSUM columns hold the `rowChecksum` of `cityRecordSql` and of `zoneCitySql`.
 inline constexpr const char* cityDatabaseTables = R"sql(
 CREATE TABLE CITY (ID INTEGER PRIMARY KEY, NAME TEXT NOT NULL, LAT TEXT NOT NULL, LON TEXT NOT NULL,
   TEMKIN INTEGER NOT NULL, PARENT INTEGER NOT NULL);
@@ -32,7 +32,8 @@ CREATE TABLE PARENT_FACT (PARENT INTEGER PRIMARY KEY, CODE TEXT NOT NULL, FOLDED
 CREATE TABLE COUNTRY_FACT (CID INTEGER PRIMARY KEY, CODE TEXT NOT NULL, FOLDEDEN TEXT NOT NULL, FOLDEDTR TEXT NOT NULL);
 CREATE TABLE ZONE (ZONE INTEGER PRIMARY KEY, NAME TEXT NOT NULL, GMT TEXT NOT NULL, DSTID INTEGER NOT NULL,
   LARGEST INTEGER NOT NULL);
-CREATE TABLE ZONE_NAME (NAME TEXT PRIMARY KEY, ZONE INTEGER NOT NULL) WITHOUT ROWID;
+CREATE TABLE ZONE_NAME (NAME TEXT PRIMARY KEY, ZONE INTEGER NOT NULL, CHECKSUM INTEGER NOT NULL) WITHOUT ROWID;
+CREATE TABLE CITY_CHECKSUM (ID INTEGER PRIMARY KEY, CHECKSUM INTEGER NOT NULL);
 CREATE TABLE CITY_NAME (FOLDED TEXT NOT NULL, ID INTEGER NOT NULL, KIND INTEGER NOT NULL, POPULATION INTEGER NOT NULL,
   PARENT INTEGER NOT NULL, PRIMARY KEY (FOLDED, ID)) WITHOUT ROWID;
 CREATE TABLE OTHER_NAME (ID INTEGER NOT NULL, NAME TEXT NOT NULL, PRIMARY KEY (ID, NAME)) WITHOUT ROWID;

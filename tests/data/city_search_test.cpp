@@ -25,6 +25,17 @@ class CitySearch : public testing::Test {
     }
 };
 
+TEST_F(CitySearch, FindsAShortNameAmongManyThatBeginWithIt) {
+    for (const char* text : {"Aar", "Abs", "aar, SO"}) {
+        for (const CityHit& hit : database.named(text)) EXPECT_EQ(hit.match, CityMatch::exact) << text;
+    }
+    EXPECT_EQ(database.named("Abs").at(0).city.countryCode, "YE");
+    EXPECT_EQ(database.named("Istanbul").at(0).city.id, 745044);
+    EXPECT_TRUE(database.named("Istanbu").empty());
+    EXPECT_TRUE(database.named("London, XX").empty());
+    EXPECT_TRUE(database.named("").empty());
+}
+
 TEST_F(CitySearch, IgnoresCaseAndDiacritics) {
     for (const char* text : {"istanbul", "İSTANBUL", "ISTANBUL", "Istanbul", "ıstanbul", " istanbul  "}) {
         EXPECT_EQ(best(text), "Istanbul, Istanbul, TR") << text;

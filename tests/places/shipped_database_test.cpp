@@ -12,6 +12,7 @@
 #include "common/GlobalFuncs.h"
 #include "common/utf8.h"
 #include "data/City.h"
+#include "data/CityDatabase.h"
 #include "data/zone_rules.h"
 #include "support/fake_platform.h"
 #include "tools/places/place_id.h"
@@ -93,6 +94,19 @@ std::string faultOf(const std::array<std::string, 14>& row) {
                       isValid({gmt, true, startMonth, startDay, stopMonth, stopDay, hour});
     if (!none && !some) return "rule of DST " + row[7];
     return row[13] == "0" || row[13] == "1" ? "" : "temkin " + row[13];
+}
+
+TEST_F(ShippedDatabase, FindsEveryPlaceByItsName) {
+    const CityDatabase cities(QUODE_CITY_DATABASE);
+    const Statement row = query("SELECT DISTINCT NAME FROM CITY");
+    int lost = 0;
+    while (sqlite3_step(row.get()) == SQLITE_ROW) {
+        const std::string name = text(row, 0);
+        if (!cities.named(name, 1).empty()) continue;
+        ++lost;
+        ADD_FAILURE() << name;
+        if (lost > 20) break;
+    }
 }
 
 TEST_F(ShippedDatabase, EveryCityIsSoundThroughTheCitysOwnQuery) {

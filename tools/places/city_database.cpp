@@ -12,6 +12,7 @@
 #include "data/city_database_schema.h"
 #include "data/coordinates.h"
 #include "data/name_folding.h"
+#include "data/row_checksum.h"
 #include "tools/places/sqlite_writer.h"
 
 namespace quode::places {
@@ -59,6 +60,7 @@ class CityDatabaseWriter {
         writeNames();
         writePoints();
         writeEdition();
+        writeChecksums();
         out_.execute("COMMIT");
     }
 
@@ -126,8 +128,11 @@ class CityDatabaseWriter {
             zones.add({zoneNumbers_.at(name), name, numberText(rule.gmt), dstNumber(rule), long{largest.at(name)->id}});
         }
         for (const auto& [alias, zone] : data_.zoneAliases) names[alias] = zoneNumbers_.at(zone);
-        auto zoneNames = out_.table("ZONE_NAME", 2);
-        for (const auto& [name, number] : names) zoneNames.add({name, number});
+        auto zoneNames = out_.table("ZONE_NAME", 3);
+        for (const auto& [name, number] : names) {
+            zoneNames.add({name, number, 0L});
+            zoneNames_.push_back(name);
+        }
     }
 
     struct NameRow {
@@ -188,8 +193,21 @@ class CityDatabaseWriter {
         for (const auto& [what, edition] : data_.edition) table.add({what, edition});
     }
 
+    // Over what the readers' own queries give.
+    void writeChecksums() {
+        auto record = out_.query(cityRecordSql);
+        auto sums = out_.table("CITY_CHECKSUM", 2);
+        for (const Place& place : data_.places) {
+            sums.add({long{place.id}, long{rowChecksum(record.first({long{place.id}}))}});
+        }
+        auto zone = out_.query(zoneCitySql);
+        auto update = out_.query("UPDATE ZONE_NAME SET CHECKSUM = ?2 WHERE NAME = ?1");
+        for (const std::string& name : zoneNames_) update.first({name, long{rowChecksum(zone.first({name}))}});
+    }
+
     const SourceData& data_;
     SqliteWriter out_;
+    std::vector<std::string> zoneNames_;
     std::map<std::string, long> zoneNumbers_;
     std::map<DstKey, long> dstNumbers_;
 };

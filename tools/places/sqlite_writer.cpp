@@ -26,7 +26,7 @@ void bind(sqlite3_stmt* statement, int index, const Cell& cell) {
 void SqliteWriter::Close::operator()(sqlite3* database) const {
     sqlite3_close(database);
 }
-void SqliteWriter::Table::Finalize::operator()(sqlite3_stmt* statement) const {
+void SqliteWriter::Finalize::operator()(sqlite3_stmt* statement) const {
     sqlite3_finalize(statement);
 }
 
@@ -46,13 +46,35 @@ SqliteWriter::Table SqliteWriter::table(const std::string& name, int columns) {
     std::string sql = "INSERT INTO " + name + " VALUES(?";
     for (int i = 1; i < columns; ++i) sql += ",?";
     sql += ")";
-    sqlite3_stmt* prepared = nullptr;
-    if (sqlite3_prepare_v2(database_.get(), sql.c_str(), -1, &prepared, nullptr) != SQLITE_OK) {
+    Table table;
+    table.insert_ = prepared(sql);
+    return table;
+}
+
+SqliteWriter::Query SqliteWriter::query(const std::string& sql) {
+    Query query;
+    query.statement_ = prepared(sql);
+    return query;
+}
+
+std::unique_ptr<sqlite3_stmt, SqliteWriter::Finalize> SqliteWriter::prepared(const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(database_.get(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
         fail(database_.get(), sql);
     }
-    Table table;
-    table.insert_.reset(prepared);
-    return table;
+    return std::unique_ptr<sqlite3_stmt, Finalize>(statement);
+}
+
+sqlite3_stmt* SqliteWriter::Query::first(std::initializer_list<Cell> values) {
+    sqlite3_stmt* const statement = statement_.get();
+    sqlite3_reset(statement);
+    int index = 0;
+    for (const Cell& cell : values) bind(statement, ++index, cell);
+    const bool reads = sqlite3_stmt_readonly(statement) != 0;
+    if (sqlite3_step(statement) != (reads ? SQLITE_ROW : SQLITE_DONE)) {
+        fail(sqlite3_db_handle(statement), sqlite3_sql(statement));
+    }
+    return statement;
 }
 
 void SqliteWriter::Table::add(std::initializer_list<Cell> row) {
