@@ -8,6 +8,7 @@
 
 #include "common/color_schemes.h"
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -61,13 +62,15 @@ void GlobalFuncs::generateMobilePath() noexcept {
         platform_.files->createFolders(folder);
         if (!platform_.files->writable(folder)) {
             dataFolderProblem_ =
-                "The data folder \"" + folder +
-                "\" cannot be written, so nothing can be kept. Give yourself the right to write there, "
-                "or name another folder in QUODE_DATA_DIR.";
+                _("The data folder \"{}\" cannot be written, so nothing can be stored. Give yourself write permission, "
+                  "or set QUODE_DATA_DIR to another folder.",
+                  folder);
         }
     } catch (const std::exception& error) {
-        dataFolderProblem_ = "The data folder \"" + folder + "\" cannot be made, so nothing can be kept (" +
-                             error.what() + "). Name another folder in QUODE_DATA_DIR.";
+        dataFolderProblem_ =
+            _("The data folder \"{}\" cannot be created, so nothing can be stored: {}. Set QUODE_DATA_DIR to another "
+              "folder.",
+              folder, error.what());
     }
 }
 

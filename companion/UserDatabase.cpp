@@ -8,6 +8,7 @@
 
 #include "companion/user_connection.h"
 #include "data/user_places.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -22,8 +23,7 @@ constexpr int codeBeforeFirst = 199;
 }
 
 void checkCode(int code) {
-    if (code < firstPrayer || code > lastMainPrayer)
-        refuse(fmt::format("There is no alarm for the prayer code {}.", code));
+    if (code < firstPrayer || code > lastMainPrayer) refuse(_("There is no alarm for the prayer code {}.", code));
 }
 
 bool isBlank(const std::string& text) {
@@ -34,7 +34,7 @@ bool isBlank(const std::string& text) {
 template <typename Rows>
 auto rowOf(Rows& rows, int id) {
     const auto row = std::ranges::find(rows, id, [](const auto& each) { return each.id; });
-    if (row == rows.end()) refuse(fmt::format("The city with the number {} is not among your cities.", id));
+    if (row == rows.end()) refuse(_("City {} is not in your list. Show your cities: quode city list.", id));
     return row;
 }
 
@@ -74,9 +74,10 @@ const std::filesystem::path& UserDatabase::file() const {
 std::optional<int> UserDatabase::firstCity() {
     const std::string zone = device_->zoneName();
     if (const std::optional<CityRecord> city = cities_->largestCityOfZone(zone)) return city->id;
-    const std::string problem = zone.empty() ? std::string("The time zone of this device has no name")
-                                             : "No city is known for the time zone \"" + zone + "\" of this device";
-    notices_.push_back(problem + ". Please add your city.");
+    notices_.push_back(
+        zone.empty()
+            ? std::string(_("The time zone of this device has no name. Add your city: quode city add NAME."))
+            : _("There is no city in the time zone of this device, {}. Add your city: quode city add NAME.", zone));
     return std::nullopt;
 }
 
@@ -126,7 +127,7 @@ bool UserDatabase::addCity(int id) {
     connection_->change([&] {
         std::vector<CityRow> rows = cityRows();
         if (std::ranges::find(rows, id, &CityRow::id) != rows.end()) return;
-        if (!place(id)) refuse(fmt::format("There is no city with the number {}.", id));
+        if (!place(id)) refuse(_("There is no city with the number {}.", id));
         rows.push_back({id, rows.empty()});
         writeCityRows(std::move(rows));
         isAdded = true;
@@ -135,15 +136,14 @@ bool UserDatabase::addCity(int id) {
 }
 
 int UserDatabase::addPlace(const NewPlace& newPlace) {
-    if (isBlank(newPlace.name)) refuse("A place needs a name.");
+    if (isBlank(newPlace.name)) refuse(_("A place needs a name."));
     const std::optional<NearestCity> nearest = cities_->nearest(newPlace.latitude, newPlace.longitude);
     if (!nearest) {
-        refuse(fmt::format(
-            "The coordinates {}, {} are no place: latitudes reach from -90 to 90, longitudes from -180 to 180.",
-            newPlace.latitude, newPlace.longitude));
+        refuse(_("The coordinates {}, {} are out of range: latitudes are -90 to 90, longitudes -180 to 180.",
+                 newPlace.latitude, newPlace.longitude));
     }
     if (!newPlace.zone.empty() && !cities_->largestCityOfZone(newPlace.zone)) {
-        refuse("There is no place in a time zone \"" + newPlace.zone + "\". Zones have names like Europe/Istanbul.");
+        refuse(_("There is no time zone \"{}\" with cities. Use a name such as Europe/Istanbul.", newPlace.zone));
     }
     int id = 0;
     connection_->change([&] {
@@ -174,7 +174,7 @@ void UserDatabase::moveCity(int id, std::size_t position) {
         std::vector<CityRow> rows = cityRows();
         const auto row = rowOf(rows, id);
         if (position >= rows.size()) {
-            refuse(fmt::format("There is no position {} among {} cities.", position + 1, rows.size()));
+            refuse(_("Position {} is out of range (1–{}).", position + 1, rows.size()));
         }
         const CityRow moved = *row;
         rows.erase(row);
@@ -219,15 +219,14 @@ std::vector<UserAlarm> UserDatabase::alarms() const {
 UserAlarm UserDatabase::alarm(int code) const {
     checkCode(code);
     const std::vector<UserAlarm> found = readAlarms("TIMEID = " + std::to_string(code - codeBeforeFirst));
-    if (found.empty()) refuse(fmt::format("The alarm of the prayer code {} is missing.", code));
+    if (found.empty()) refuse(_("The alarm of the prayer code {} is missing.", code));
     return found.front();
 }
 
 void UserDatabase::setUpAlarm(int code, int offset, const std::string& sound) {
     checkCode(code);
     if (std::abs(offset) > largestAlarmOffset) {
-        refuse(fmt::format("An alarm rings at most {} minutes before or after its time, not {}.", largestAlarmOffset,
-                           offset));
+        refuse(_("An alarm rings at most {} minutes before or after its time, not {}.", largestAlarmOffset, offset));
     }
     connection_->change([&] {
         connection_->run("UPDATE USER_ALARMS SET MINUTE = ?, MELODYNAME = ? WHERE TIMEID = ?",

@@ -8,6 +8,7 @@
 
 #include "companion/UserDatabase.h"
 #include "companion/user_database_schema.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -47,10 +48,9 @@ void createFolder(const fs::path& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (!error) return;
-    throw UserDatabaseError(Reason::unwritable, "The folder " + folder.string() + " cannot be made (" +
-                                                    error.message() +
-                                                    "). Give yourself the right to write there, or name another folder "
-                                                    "in QUODE_DATA_DIR.");
+    throw UserDatabaseError(Reason::unwritable, _("The folder {} cannot be created: {}. Give yourself write "
+                                                  "permission, or set QUODE_DATA_DIR to another folder.",
+                                                  folder.string(), error.message()));
 }
 
 void bind(sqlite3_stmt* statement, int index, const SqlValue& value) {
@@ -106,9 +106,9 @@ UserConnection::Health UserConnection::check(const FirstCity& firstCity) {
 
 void UserConnection::refuseLaterEdition(int edition) const {
     if (edition <= userDatabaseEdition) return;
-    throw UserDatabaseError(Reason::newer, "The user database " + file_.string() +
-                                               " was made by a later edition of Quode. Install that edition, or move "
-                                               "the file away to begin anew.");
+    throw UserDatabaseError(Reason::newer, _("The user database {} was written by a later version of Quode. Install "
+                                             "that version, or move the file away to start with a new one.",
+                                             file_.string()));
 }
 
 void UserConnection::checkToRead() const {
@@ -116,9 +116,9 @@ void UserConnection::checkToRead() const {
     refuseLaterEdition(edition);
     if (isEmpty() || hasAllColumns()) return;
     if (edition < 0 || edition == userDatabaseEdition) fail(SQLITE_CORRUPT);
-    throw UserDatabaseError(Reason::failed, "The user database " + file_.string() +
-                                                " was made by an earlier edition of Quode. The next change of a city "
-                                                "or an alarm brings it up to date.");
+    throw UserDatabaseError(Reason::failed, _("The user database {} was written by an earlier version of Quode. The "
+                                              "next change of a city or an alarm updates it.",
+                                              file_.string()));
 }
 
 bool UserConnection::isEmpty() const {
@@ -175,9 +175,10 @@ void UserConnection::replaceDamaged(const FirstCity& firstCity, std::vector<std:
     fs::rename(fresh, file_, error);
     if (error) fail(SQLITE_CANTOPEN);
     open(toChange);
-    notices.push_back("Your cities and alarms could not be read: the file " + file_.string() +
-                      " was damaged. It is kept as " + kept.string() +
-                      ", and a fresh one was made. Please choose your cities and alarms again.");
+    notices.push_back(
+        _("Your cities and alarms cannot be read: the file {} is damaged. It is kept as {}, and a new one is created. "
+          "Choose your cities and alarms again.",
+          file_.string(), kept.string()));
 }
 
 // Gives the file a second name that is free; a journal that belongs to it moves there.
@@ -191,9 +192,9 @@ fs::path UserConnection::keepAside() const {
     fs::create_hard_link(file_, kept, error);
     if (error) fs::copy_file(file_, kept, error);  // not every file system has second names
     if (error) {
-        throw UserDatabaseError(Reason::unwritable, "The user database " + file_.string() +
-                                                        " is damaged and cannot be kept aside (" + error.message() +
-                                                        "). Make room and give yourself the right to write there.");
+        throw UserDatabaseError(Reason::unwritable, _("The user database {} is damaged and cannot be kept aside: {}. "
+                                                      "Free some space and give yourself write permission.",
+                                                      file_.string(), error.message()));
     }
     fs::rename(file_.string() + "-journal", kept.string() + "-journal", error);  // mostly there is none
     return kept;
@@ -214,41 +215,45 @@ fs::path UserConnection::makeFresh(const FirstCity& firstCity) {
 }
 
 void UserConnection::fail(int code) const {
-    const std::string name = "The user database " + file_.string();
+    const std::string name = file_.string();
     const std::string detail = database_ ? sqlite3_errmsg(database_.get()) : sqlite3_errstr(code);
     switch (primaryCode(code)) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             throw UserDatabaseError(
                 Reason::locked,
-                name + " is kept locked by another program. Close that program, or try again in a moment.");
+                _("The user database {} is locked by another program. Close that program, or try again in a moment.",
+                  name));
         case SQLITE_READONLY:
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
         case SQLITE_AUTH:
             if (onlyReads_) {
-                throw UserDatabaseError(Reason::unwritable, name + " cannot be opened (" + detail +
-                                                                "). Give yourself the right to read it and its folder, "
-                                                                "or name another folder in QUODE_DATA_DIR.");
+                throw UserDatabaseError(Reason::unwritable,
+                                        _("The user database {} cannot be opened: {}. Give yourself read permission "
+                                          "for it and its folder, or set QUODE_DATA_DIR to another folder.",
+                                          name, detail));
             }
-            throw UserDatabaseError(Reason::unwritable,
-                                    name + " cannot be written (" + detail +
-                                        "). Give yourself the right to write to it and to its folder, or name another "
-                                        "folder in QUODE_DATA_DIR. Nothing was changed.");
+            throw UserDatabaseError(
+                Reason::unwritable,
+                _("The user database {} cannot be written: {}. Nothing was changed. Give yourself write permission for "
+                  "it and its folder, or set QUODE_DATA_DIR to another folder.",
+                  name, detail));
         case SQLITE_FULL:
-            throw UserDatabaseError(Reason::full, name +
-                                                      " cannot be changed, for the disk is full. Make room and try "
-                                                      "again. Nothing was changed.");
+            throw UserDatabaseError(Reason::full, _("The user database {} cannot be changed: the disk is full. Nothing "
+                                                    "was changed. Free some space and try again.",
+                                                    name));
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
             throw UserDatabaseError(Reason::failed,
-                                    name + " is damaged (" + detail + "). " +
-                                        (onlyReads_ ? "The next change of a city or an alarm keeps the file aside and "
-                                                      "makes a fresh one."
-                                                    : "Start again: the file is then kept aside and a fresh one "
-                                                      "made."));
+                                    onlyReads_ ? _("The user database {} is damaged: {}. The next change of a city or "
+                                                   "an alarm keeps the file aside and creates a new one.",
+                                                   name, detail)
+                                               : _("The user database {} is damaged: {}. Start again: the file is then "
+                                                   "kept aside and a new one created.",
+                                                   name, detail));
         default:
-            throw UserDatabaseError(Reason::failed, name + " cannot be used (" + detail + ").");
+            throw UserDatabaseError(Reason::failed, _("The user database {} cannot be used: {}.", name, detail));
     }
 }
 

@@ -10,13 +10,13 @@
 #include "data/city_database_schema.h"
 #include "data/coordinates.h"
 #include "data/row_checksum.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
 
 using Reason = CityDatabaseError::Reason;
 
-constexpr const char* remedy = "Install Quode again.";
 
 // Whether the file has the length that its first page announces; a file cut short otherwise shows only much later.
 bool isWhole(const std::filesystem::path& file) {
@@ -38,11 +38,12 @@ bool isWhole(const std::filesystem::path& file) {
 CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) {
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(file, ignored)) {
-        throw CityDatabaseError(Reason::missing, "The city database is missing: " + file.string() + ". " + remedy);
+        throw CityDatabaseError(Reason::missing,
+                                _("The city database is missing: {}. Install Quode again.", file.string()));
     }
-    if (!isWhole(file)) failDamaged("it is cut short or no database");
+    if (!isWhole(file)) failDamaged(_("it is cut short or not a database"));
     database_ = sqlite::openUnchanging(file);
-    if (!database_) failDamaged("it cannot be opened");
+    if (!database_) failDamaged(_("it cannot be opened"));
     checkEdition();
     checkTables();
     recordQuery_ = query(cityRecordSql);
@@ -50,7 +51,7 @@ CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) 
 
 void CityConnection::failDamaged(const std::string& detail) const {
     throw CityDatabaseError(Reason::damaged,
-                            "The city database is damaged: " + file_.string() + " (" + detail + "). " + remedy);
+                            _("The city database {} is damaged: {}. Install Quode again.", file_.string(), detail));
 }
 
 void CityConnection::checkEdition() const {
@@ -58,12 +59,13 @@ void CityConnection::checkEdition() const {
         const sqlite::Statement row = query(std::string("PRAGMA ") + name);
         return next(row) ? sqlite3_column_int(row.get(), 0) : 0;
     };
-    if (pragma("application_id") != cityDatabaseApplicationId) failDamaged("it is another kind of database");
+    if (pragma("application_id") != cityDatabaseApplicationId) failDamaged(_("it is another kind of database"));
     const int edition = pragma("user_version");
     if (edition == cityDatabaseEdition) return;
-    throw CityDatabaseError(Reason::wrongEdition, "The city database " + file_.string() + " has edition " +
-                                                      std::to_string(edition) + ", this program reads edition " +
-                                                      std::to_string(cityDatabaseEdition) + ". " + remedy);
+    throw CityDatabaseError(
+        Reason::wrongEdition,
+        _("The city database {} has edition {}, this program reads edition {}. Install Quode again.", file_.string(),
+          edition, cityDatabaseEdition));
 }
 
 void CityConnection::checkTables() const {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "data/system_zone.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -70,14 +71,13 @@ std::vector<ZoneDisagreement> checkZones(std::span<const StoredZone> zones, DayR
 
 std::string describe(const ZoneDisagreement& disagreement) {
     if (disagreement.unknownToSystem) {
-        return disagreement.zone + ": this system has no zone data of that name to compare with";
+        return _("{}: this system has no zone data of that name to compare with", disagreement.zone);
     }
-    const std::string when = disagreement.days == 1
-                                 ? fmt::format("on {}", dateText(disagreement.first))
-                                 : fmt::format("on {} days ({} to {})", disagreement.days, dateText(disagreement.first),
-                                               dateText(disagreement.last));
-    return fmt::format("{}: stored {}, this system says {} {}", disagreement.zone,
-                       utcOffsetText(disagreement.storedHours), utcOffsetText(disagreement.systemHours), when);
+    const std::string when = disagreement.days == 1 ? _("on {}", dateText(disagreement.first))
+                                                    : _("on {} days ({} to {})", disagreement.days,
+                                                        dateText(disagreement.first), dateText(disagreement.last));
+    return _("{}: stored {}, this system says {} {}", disagreement.zone, utcOffsetText(disagreement.storedHours),
+             utcOffsetText(disagreement.systemHours), when);
 }
 
 }  // namespace quode

@@ -11,6 +11,8 @@
 #include <system_error>
 #include <thread>
 
+#include "texts/translation.h"
+
 namespace quode {
 
 namespace fs = std::filesystem;
@@ -20,30 +22,31 @@ namespace {
 std::string adviceFor(int error) {
     switch (error) {
         case ENOSPC:
-            return "Free some space on the disk.";
+            return _("Free some space on the disk.");
         case EDQUOT:
-            return "Free some of your disk quota.";
+            return _("Free some of your disk quota.");
         case EACCES:
         case EPERM:
-            return "Check the permissions of the file and of its folder.";
+            return _("Check the permissions of the file and of its folder.");
         case EROFS:
-            return "Make its disk writable or choose another data folder.";
+            return _("Make its disk writable or choose another data folder.");
         case EIO:
-            return "Check the disk.";
+            return _("Check the disk.");
         case EISDIR:
         case ENOTDIR:
-            return "Move away what stands in its place.";
+            return _("Move away what is in its place.");
         case EMFILE:
         case ENFILE:
-            return "Close some programs.";
+            return _("Close some programs.");
         default:
-            return "Check the file and its folder.";
+            return _("Check the file and its folder.");
     }
 }
 
+/// @param what  a translated text that ends where the path follows
 FileOutcome failure(std::string_view what, const fs::path& path, int error) {
-    return {false,
-            fmt::format("{} {}: {}. {}", what, path.string(), std::system_category().message(error), adviceFor(error))};
+    return {false, fmt::format("{} {}: {}. {}", what, isolated(path.string()),
+                               isolated(std::system_category().message(error)), adviceFor(error))};
 }
 
 /// A file descriptor that is closed in any case.
@@ -115,7 +118,7 @@ FileOutcome syncFolder(FileCalls& calls, const fs::path& folder) {
     if (opened.get() >= 0 && calls.sync(opened.get()) == 0) return {};
     if (errno == EINVAL || errno == ENOTSUP) return {};  // a file system that does not know the operation
     FileOutcome outcome =
-        failure("The change is made but may not outlast a power cut; cannot synchronise", folder, errno);
+        failure(_("The change is made but may not survive a power cut: cannot synchronise"), folder, errno);
     outcome.ok = true;
     return outcome;
 }
@@ -132,21 +135,21 @@ FileContent readWholeFile(const fs::path& path, std::size_t limit) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // a pipe would wait for its writer
     if (file < 0) {
         if (errno == ENOENT) return {};
-        return {failure("Cannot read", path, errno), std::nullopt};
+        return {failure(_("Cannot read"), path, errno), std::nullopt};
     }
     FileCalls calls;
     const OpenFile closeAtEnd(calls, file);
     struct stat facts {};
-    if (::fstat(file, &facts) != 0) return {failure("Cannot read", path, errno), std::nullopt};
-    if (!S_ISREG(facts.st_mode)) return {failure("This is not a file:", path, EISDIR), std::nullopt};
-    if (static_cast<std::size_t>(facts.st_size) > limit) return {failure("Cannot read", path, EFBIG), std::nullopt};
+    if (::fstat(file, &facts) != 0) return {failure(_("Cannot read"), path, errno), std::nullopt};
+    if (!S_ISREG(facts.st_mode)) return {failure(_("This is not a file:"), path, EISDIR), std::nullopt};
+    if (static_cast<std::size_t>(facts.st_size) > limit) return {failure(_("Cannot read"), path, EFBIG), std::nullopt};
 
     std::string bytes(static_cast<std::size_t>(facts.st_size), '\0');
     std::size_t filled = 0;
     while (filled < bytes.size()) {
         const ssize_t got = ::read(file, bytes.data() + filled, bytes.size() - filled);
         if (got < 0 && errno == EINTR) continue;
-        if (got < 0) return {failure("Cannot read", path, errno), std::nullopt};
+        if (got < 0) return {failure(_("Cannot read"), path, errno), std::nullopt};
         if (got == 0) break;
         filled += static_cast<std::size_t>(got);
     }
@@ -163,9 +166,9 @@ FileOutcome replaceFile(FileCalls& calls, const fs::path& path, std::string_view
 
     const auto giveUp = [&](int error) {
         calls.unlink(temporary);
-        return failure("Cannot save", path, error);
+        return failure(_("Cannot save"), path, error);
     };
-    if (calls.unlink(temporary) < 0 && errno != ENOENT) return failure("Cannot save", path, errno);
+    if (calls.unlink(temporary) < 0 && errno != ENOENT) return failure(_("Cannot save"), path, errno);
     if (!writeTemporary(calls, temporary, content, hasOld ? &facts : nullptr)) return giveUp(errno);
     if (hasOld && keepOldAs && !keepOld(calls, target, *keepOldAs)) return giveUp(errno);
     if (calls.rename(temporary, target) < 0) return giveUp(errno);
@@ -173,7 +176,7 @@ FileOutcome replaceFile(FileCalls& calls, const fs::path& path, std::string_view
 }
 
 FileOutcome removeFile(FileCalls& calls, const fs::path& path) {
-    if (calls.unlink(path) < 0) return errno == ENOENT ? FileOutcome{} : failure("Cannot remove", path, errno);
+    if (calls.unlink(path) < 0) return errno == ENOENT ? FileOutcome{} : failure(_("Cannot remove"), path, errno);
     return syncFolder(calls, path.parent_path());
 }
 
@@ -190,26 +193,25 @@ fs::path freeDamagedName(const fs::path& path) {
 FileOutcome makeFolder(const fs::path& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
-    return error ? failure("Cannot make the folder", folder, error.value()) : FileOutcome{};
+    return error ? failure(_("Cannot create the folder"), folder, error.value()) : FileOutcome{};
 }
 
 FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience)
     : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666)) {
     if (file_ < 0) {
-        outcome_ = failure("Cannot write beside", lockFile, errno);
+        outcome_ = failure(_("Cannot write beside"), lockFile, errno);
         return;
     }
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (::flock(file_, LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR) {
-            outcome_ = failure("Cannot lock", lockFile, errno);
+            outcome_ = failure(_("Cannot lock"), lockFile, errno);
             return;
         }
         if (std::chrono::steady_clock::now() >= deadline) {
             outcome_ = {false,
-                        fmt::format("Another program is writing to {} and does not finish. Try again, or end that "
-                                    "program.",
-                                    lockFile.parent_path().string())};
+                        _("Another program is writing to {} and does not finish. Try again, or end that program.",
+                          lockFile.parent_path().string())};
             return;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(10));

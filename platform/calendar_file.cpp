@@ -9,6 +9,7 @@
 
 #include "platform/event_identifier.h"
 #include "platform/ical_component.h"
+#include "texts/translation.h"
 
 namespace quode {
 
@@ -19,19 +20,19 @@ namespace {
 // Thousands of times what the alarms need; a larger file is none of a calendar's.
 constexpr std::size_t kLargestFile = std::size_t{64} << 20U;
 
-StoreStatus startAnew(const fs::path& file, std::string_view damage, std::string_view content, FileCalls& calls) {
+StoreStatus startAgain(const fs::path& file, std::string_view damage, std::string_view content, FileCalls& calls) {
     const fs::path aside = freeDamagedName(file);
     StoreStatus status = asStatus(replaceFile(calls, file, content, aside));
     if (!status.ok) return status;
-    addMessage(status, fmt::format("{} could not be read as a calendar: {}. It is kept as {}, and a new calendar has "
-                                   "been begun. Other events can be copied back from there.",
-                                   file.string(), damage, aside.filename().string()));
+    addMessage(status, _("{} cannot be read as a calendar: {}. It is kept as {}, and a new calendar is started. Copy "
+                         "other events back from there.",
+                         file.string(), damage, aside.filename().string()));
     return status;
 }
 
 std::string unreadableEvent(std::string_view identifier, const fs::path& file, std::string_view problem) {
-    return fmt::format("The event {} in {} cannot be read: {}. Switch its alarm on again to repair it.", identifier,
-                       file.string(), problem);
+    return _("The event {} in {} cannot be read: {}. Switch its alarm on again to repair it.", identifier,
+             file.string(), problem);
 }
 
 }  // namespace
@@ -41,9 +42,9 @@ LoadedCalendar loadCalendar(const fs::path& file) {
     if (!content.outcome.ok || !content.bytes) return {asStatus(content.outcome), std::nullopt, {}};
     ScannedCalendar scanned = scanCalendar(std::move(*content.bytes));
     if (scanned.calendar) return {{}, std::move(scanned.calendar), {}};
-    StoreStatus status{false, fmt::format("{} cannot be read as a calendar: {}. Repair it, or switch an alarm on: the "
-                                          "file is then kept aside and a new one begun.",
-                                          file.string(), scanned.problem)};
+    StoreStatus status{false, _("{} cannot be read as a calendar: {}. Repair it, or switch an alarm on: the file is "
+                                "then kept aside and a new one started.",
+                                file.string(), scanned.problem)};
     return {std::move(status), std::nullopt, std::move(scanned.problem)};
 }
 
@@ -58,7 +59,7 @@ StoreStatus saveEventInFile(const fs::path& file, const LoadedCalendar& loaded, 
     const std::string_view oldText = described == parts.end() ? std::string_view{} : textOf(calendar, *described);
     const std::string content =
         withEventText(calendar, event.identifier, eventText(event, oldText, surroundings.now()));
-    if (damaged) return startAnew(file, loaded.damage, content, *surroundings.files);
+    if (damaged) return startAgain(file, loaded.damage, content, *surroundings.files);
     return asStatus(replaceFile(*surroundings.files, file, content));
 }
 

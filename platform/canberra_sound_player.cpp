@@ -7,6 +7,8 @@
 #include <atomic>
 #include <optional>
 
+#include "texts/translation.h"
+
 namespace quode {
 namespace {
 
@@ -81,7 +83,7 @@ class CanberraSoundPlayer : public SoundPlayer {
     void giveUp(int result) {
         sound_.reset();
         context_.reset();
-        if (onFailure) onFailure(std::string("The sound could not be played: ") + ca_strerror(result) + ".");
+        if (onFailure) onFailure(_("The sound cannot be played: {}.", ca_strerror(result)));
     }
 
     // Called on a thread of the library, where nothing may be asked of it.

@@ -6,6 +6,8 @@
 #include <array>
 #include <random>
 
+#include "texts/translation.h"
+
 namespace quode {
 
 namespace {
@@ -42,17 +44,14 @@ bool isOwnIdentifier(std::string_view identifier) {
 
 std::optional<std::string> problemOfIdentifier(std::string_view identifier) {
     if (identifier.size() > kLongestIdentifier) {
-        return "The event's identifier is longer than 255 bytes and is not used; switch the alarm off and on.";
+        return _("The identifier of the event is longer than 255 bytes. Switch the alarm off and on.");
     }
     if (identifier.find_first_of("'\"") == std::string_view::npos && std::ranges::none_of(identifier, isControl)) {
         return std::nullopt;
     }
     std::string shown(identifier);
     std::ranges::replace_if(shown, isControl, '?');
-    return fmt::format(
-        "The event identifier {} contains a quote or a control character and is not used; switch the "
-        "alarm off and on.",
-        shown);
+    return _("The event identifier {} contains a quote or a control character. Switch the alarm off and on.", shown);
 }
 
 }  // namespace quode

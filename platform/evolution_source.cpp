@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "texts/translation.h"
+
 namespace quode {
 
 namespace fs = std::filesystem;
@@ -50,7 +52,8 @@ EvolutionSource::EvolutionSource(fs::path configFolder, std::shared_ptr<FileCall
 
 FileOutcome EvolutionSource::connect(const fs::path& calendarFile, bool rings) {
     if (!calendarFile.is_absolute()) {
-        return {false, fmt::format("The calendar file {} has to be given with its whole path.", calendarFile.string())};
+        return {false, _("The calendar file {} has no absolute path. Use one that starts with a slash.",
+                         calendarFile.string())};
     }
     if (FileOutcome folder = makeFolder(folder_); !folder.ok) return folder;
     const FileLock lock(folder_ / ".quode.lock", kLockPatience);

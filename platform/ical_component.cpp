@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/event_identifier.h"
+#include "texts/translation.h"
 
 namespace quode {
 
@@ -216,14 +217,14 @@ std::string orEmpty(const char* text) {
 ReadEvent fromComponent(icalcomponent* component, std::string_view text) {
     CalendarEvent event;
     icalproperty* const start = icalcomponent_get_first_property(component, ICAL_DTSTART_PROPERTY);
-    if (!start) return {std::nullopt, "it has no start"};
+    if (!start) return {std::nullopt, _("it has no start")};
     const auto startTime = timeOf(start, component);
-    if (!startTime) return {std::nullopt, "its start cannot be read"};
+    if (!startTime) return {std::nullopt, _("its start cannot be read")};
     event.start = *startTime;
     event.allDay = icalproperty_get_dtstart(start).is_date != 0;
 
     const auto endTime = endOf(component, event);
-    if (!endTime) return {std::nullopt, "its end cannot be read"};
+    if (!endTime) return {std::nullopt, _("its end cannot be read")};
     event.end = *endTime;
     event.title = orEmpty(icalcomponent_get_summary(component));
     event.location = orEmpty(icalcomponent_get_location(component));
@@ -239,12 +240,12 @@ std::optional<std::string> problemOfEvent(const CalendarEvent& event) {
     // Calendar programs take a time after the year 2582 for none at all.
     constexpr sys_seconds earliest = sys_days(year(1) / 1 / 1);
     constexpr sys_seconds past = sys_days(year(2501) / 1 / 1);
-    if (event.allDay) return "An alarm cannot last all day; give it a time.";
+    if (event.allDay) return _("An alarm cannot last all day. Give it a time.");
     if (event.start < earliest || event.start >= past || event.end < earliest || event.end >= past) {
-        return "The alarm's time lies outside the years 1 to 2500; check the date of this device.";
+        return _("The time of the alarm is outside the years 1 to 2500. Check the date of this device.");
     }
     const bool farAlarm = event.alarmOffset && std::chrono::abs(*event.alarmOffset) > std::chrono::days(366);
-    if (farAlarm) return "The alarm lies more than a year from its event; choose a smaller offset.";
+    if (farAlarm) return _("The alarm is more than a year from its event. Choose a smaller offset.");
     return problemOfIdentifier(event.identifier);
 }
 
@@ -285,7 +286,7 @@ ReadEvent readEvent(const CalendarText& calendar, const CalendarComponent& compo
     icalerror_set_errors_are_fatal(0);
     const OwnedComponent root(icalparser_parse_string(whole.c_str()));
     icalcomponent* const vevent = root ? icalcomponent_get_first_component(root.get(), ICAL_VEVENT_COMPONENT) : nullptr;
-    if (!vevent) return {std::nullopt, "its text cannot be read"};
+    if (!vevent) return {std::nullopt, _("its text cannot be read")};
     ReadEvent read = fromComponent(vevent, text);
     if (read.event) read.event->identifier = component.uid;
     return read;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "texts/translation.h"
+
 namespace quode {
 
 namespace {
@@ -51,7 +53,7 @@ class Scanner {
         } else if (line.name == "END") {
             close(line);
         } else if (nesting_.empty()) {
-            problem_ = "it is not an iCalendar file";
+            problem_ = _("it is not an iCalendar file");
         } else if (nesting_.size() == 2) {
             if (line.name == "UID") component_.uid = unescapedText(trimmed(line.value));
             if (line.name == "RECURRENCE-ID") component_.isRecurrenceOverride = true;
@@ -59,8 +61,8 @@ class Scanner {
     }
 
     std::string finish() {
-        if (problem_.empty() && !nesting_.empty()) problem_ = "it is cut off inside a " + nesting_.back();
-        if (problem_.empty() && result.calendarEnds.empty()) problem_ = "it holds no calendar";
+        if (problem_.empty() && !nesting_.empty()) problem_ = _("it is cut off inside a {}", nesting_.back());
+        if (problem_.empty() && result.calendarEnds.empty()) problem_ = _("it holds no calendar");
         return problem_;
     }
 
@@ -70,7 +72,7 @@ class Scanner {
     void open(const ContentLine& line) {
         const std::string name = componentName(line);
         if (nesting_.empty() != (name == "VCALENDAR") || nesting_.size() == kDeepestNesting) {
-            problem_ = "its components are wrongly nested";
+            problem_ = _("its components are wrongly nested");
             return;
         }
         if (nesting_.size() == 1) {
@@ -85,7 +87,7 @@ class Scanner {
     void close(const ContentLine& line) {
         const std::string name = componentName(line);
         if (nesting_.empty() || nesting_.back() != name) {
-            problem_ = "its components are wrongly nested";
+            problem_ = _("its components are wrongly nested");
             return;
         }
         nesting_.pop_back();
@@ -144,7 +146,7 @@ void forEachContentLine(std::string_view text, const std::function<void(const Co
 }
 
 ScannedCalendar scanCalendar(std::string text) {
-    if (text.find('\0') != std::string::npos) return {std::nullopt, "it holds bytes that no text has"};
+    if (text.find('\0') != std::string::npos) return {std::nullopt, _("it holds bytes that are not text")};
     Scanner scanner;
     forEachContentLine(text, [&scanner](const ContentLine& line) { scanner.take(line); });
     std::string problem = scanner.finish();

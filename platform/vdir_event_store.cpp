@@ -8,6 +8,7 @@
 
 #include "platform/event_identifier.h"
 #include "platform/ical_component.h"
+#include "texts/translation.h"
 
 namespace quode {
 
@@ -31,8 +32,8 @@ FolderListing eventFiles(const fs::path& folder) {
         if (isEventFile(entry->path())) listing.files.push_back(entry->path());
     }
     if (error && error != std::errc::no_such_file_or_directory) {
-        listing.status = {
-            false, "Cannot read the folder " + folder.string() + ": " + error.message() + ". Check its permissions."};
+        listing.status = {false,
+                          _("Cannot read the folder {}: {}. Check its permissions.", folder.string(), error.message())};
     }
     std::ranges::sort(listing.files);
     return listing;

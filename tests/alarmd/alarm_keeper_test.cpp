@@ -557,7 +557,7 @@ TEST_F(AlarmKeeperTest, RingsLateWhenAnotherProgramHeldTheLock) {
     sqlite3_exec(opened, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
     clock->present = due;
     EXPECT_EQ(keeper->wake(), due + seconds(30)) << "it tries again";
-    EXPECT_THAT(told, HasSubstr("kept locked by another program"));
+    EXPECT_THAT(told, HasSubstr("locked by another program"));
     sqlite3_exec(opened, "COMMIT", nullptr, nullptr, nullptr);
     clock->present += seconds(90);
     keeper->wake();

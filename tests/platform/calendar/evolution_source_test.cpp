@@ -64,7 +64,7 @@ TEST_F(EvolutionSourceTest, ConnectingAgainKeepsWhatTheServerAdded) {
 TEST_F(EvolutionSourceTest, ARelativePathIsRefused) {
     const FileOutcome outcome = source.connect("Quode.ics", true);
     EXPECT_FALSE(outcome.ok);
-    EXPECT_THAT(outcome.message, HasSubstr("whole path"));
+    EXPECT_THAT(outcome.message, HasSubstr("no absolute path"));
     EXPECT_FALSE(source.isConnected());
 }
 
