@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "alarmd/DesktopRingDesk.h"
 
 #include "alarmd/ring_texts.h"

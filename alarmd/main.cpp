@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The alarm service: rings the alarms, and keeps their events in the calendar.
 #include <fmt/format.h>
 #include <signal.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The Hijri date by first visibility of the crescent, and the phases of the Moon that it starts from.
 #include <cmath>
 #include <iostream>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Where the Moon stands: coordinates, distance, parallax, altitude, azimuth, elongation and phase.
 #include <algorithm>
 #include <cmath>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Rise and set of the Moon, and the records that gather what is known of Sun and Moon at a moment.
 #include <cmath>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The direction of the Kaaba.
 #include "astro/FastAstro.h"
 #include "astro/angles.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The search for sunrise and sunset, and the transit.
 #include <cmath>
 #include <cstdint>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Places of the Sun, the equation of time, altitude, azimuth and refraction.
 #include <algorithm>
 #include <cmath>

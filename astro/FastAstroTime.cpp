@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Place, date, clock and sidereal time.
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/FastAstro.h"

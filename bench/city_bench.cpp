@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Cities: their computed days, their facts from the database, and the search.
 #include <benchmark/benchmark.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The Moon: one city's sky summary, one Hijri date by the crescent, and a year of them.
 #include <benchmark/benchmark.h>
 

@@ -1,10 +1,14 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <vector>
 
-#include "cli/command.h"
+#include "app/command_line.h"
 
 namespace quode::cli {
+
+using namespace app;
 
 // The commands of the files in cli/commands.
 Command todayCommand();
@@ -34,6 +38,9 @@ Command calendarDisconnectCommand();
 Command settingsCommand();
 Command doctorCommand();
 Command doctorZonesCommand();
+
+/// The program `quode`.
+const Program& quodeProgram();
 
 /// All commands, in the order of the help; the first one runs when none is named.
 std::vector<Command> allCommands();

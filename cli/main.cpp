@@ -1,13 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The command line of Quode.
-#include "cli/command_line.h"
+#include "app/reporting.h"
+#include "app/session.h"
+#include "app/terminal.h"
 #include "cli/commands.h"
-#include "cli/reporting.h"
-#include "cli/session.h"
-#include "cli/terminal.h"
 
 namespace {
 
 using namespace quode;
+using namespace quode::app;
 using namespace quode::cli;
 
 Session::Wishes wishesOf(const Arguments& arguments) {

@@ -1,13 +1,18 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "cli/user_cities.h"
 
 #include <algorithm>
 
-#include "cli/place.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
-#include "cli/user_texts.h"
+#include "app/place.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_texts.h"
 
 namespace quode::cli {
+
+using namespace app;
+
 namespace {
 
 using Align = TextTable::Align;

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 # What every target of the project is built with.
 option(QUODE_TESTS "Build the tests" ON)
 option(QUODE_BENCH "Build the benchmarks" OFF)

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 # What another project needs to use the engine: find_package(Quode), then target_link_libraries(app Quode::astro).
 include(CMakePackageConfigHelpers)
 

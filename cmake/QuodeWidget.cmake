@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 # The widget, its views and its host are drawn with Qt; everything else is built without it.
 set(QUODE_WIDGET AUTO CACHE STRING "Build the widget and its host: ON, OFF, or AUTO for when Qt is installed")
 set_property(CACHE QUODE_WIDGET PROPERTY STRINGS AUTO ON OFF)

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The clock of the shared services, and the calendar arithmetic and the formatting that they offer.
 #include <cmath>
 

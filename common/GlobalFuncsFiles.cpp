@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The files, the image paths and the debug log of the shared services.
 #include <fmt/format.h>
 

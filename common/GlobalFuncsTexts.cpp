@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The texts of the shared services: language pack and month names.
 #include <array>
 #include <exception>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Numbers read from text and written to it, the same in every locale: the decimal point is a point, nothing groups
 // digits. All of Quode reads and writes numbers by these functions; {fmt}, which also ignores the locale, lays them out
 // within longer texts.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What has rung. Kept in the user database, so that a restart neither loses a ring nor repeats it.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What the user has chosen: cities, home, alarms, settings. The widget reads this database, and switches alarms; here
 // it is created, changed and repaired.
 #pragma once

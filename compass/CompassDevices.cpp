@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "compass/CompassDevices.h"
 
 #include "compass/screensaver_keeper.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What taps, drags and keys do to the compass.
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The texts around the dial: what guides it, the heading, and the numbers.
 #include <algorithm>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "compass/compass_texts.h"
 
 #include <fmt/format.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "compass/sensor_proxy_heading.h"
 
 #include <QDBusError>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Keeps two programs from writing the event of an alarm at the same time.
 #pragma once
 

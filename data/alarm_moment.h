@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // When a prayer alarm rings, by the device's calendar.
 #pragma once
 

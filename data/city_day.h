@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // One day at one place: its prayer times, sky, qibla and clock, computed afresh.
 #pragma once
 

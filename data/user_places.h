@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Places that the user added by coordinates, for the city database does not know them. They are kept in the user
 // database and have negative numbers, so that one number names a place of either kind everywhere.
 #pragma once

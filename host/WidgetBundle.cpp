@@ -1,8 +1,10 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/WidgetBundle.h"
 
 #include <QPluginLoader>
 
-#include "cli/failure.h"
+#include "app/failure.h"
 
 namespace quode::host {
 namespace {
@@ -17,7 +19,7 @@ WidgetPlugin* loadedPlugin(const std::string& bundlePath) {
     std::string reason = "it holds no widget of this edition";
     if (!loader.isLoaded()) reason = loader.errorString().toStdString();
     if (reason.ends_with('.')) reason.pop_back();  // some of Qt's are whole sentences
-    throw cli::Failure(cli::ExitCode::damagedData, "The widget \"" + module + "\" cannot be used: " + reason +
+    throw app::Failure(app::ExitCode::damagedData, "The widget \"" + module + "\" cannot be used: " + reason +
                                                        ". Install Quode again, or name the folder of its bundle in "
                                                        "QUODE_BUNDLE_DIR.");
 }

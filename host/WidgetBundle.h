@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <memory>
@@ -10,7 +12,7 @@ namespace quode::host {
 /// The module of a bundle, "quode-widget.so", loaded into this process and kept in it until the end.
 class WidgetBundle {
   public:
-    /// Throws `cli::Failure` (damagedData) when the bundle has no module, or one that this program cannot use.
+    /// Throws `app::Failure` (damagedData) when the bundle has no module, or one that this program cannot use.
     explicit WidgetBundle(std::string path);
 
     std::unique_ptr<WidgetViewController> makeWidget() { return plugin_->makeWidget(path_); }

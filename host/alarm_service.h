@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The alarm service, which rings what is switched on in the panel.
 #pragma once
 

@@ -1,12 +1,14 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/coming_prayer.h"
 
 #include <fmt/format.h>
 
 #include <stdexcept>
 
-#include "cli/day_view.h"
-#include "cli/next_prayer.h"
-#include "cli/user_data.h"
+#include "app/day_view.h"
+#include "app/next_prayer.h"
+#include "app/user_data.h"
 #include "host/texts.h"
 
 namespace quode::host {
@@ -25,26 +27,26 @@ namespace {
 
 constexpr auto lookAgain = 24h;  // where no prayer is waited for
 
-ComingPrayer foundComingPrayer(cli::Session& session) {
+ComingPrayer foundComingPrayer(app::Session& session) {
     const Texts& texts = textsOf(session.services().languageId());
-    const std::optional<CityRecord> city = cli::homeCity(session);
+    const std::optional<CityRecord> city = app::homeCity(session);
     if (!city) return {texts.noCity, texts.noCity, session.now() + lookAgain};
     const Site site = siteOf(*city);
     const std::optional<NextPrayer> next = nextPrayer(site, session.now());
     if (!next) return {city->name, city->name, session.now() + lookAgain};
 
-    const std::string prayer = session.prayerName(next->code) + " " + cli::clockText(session, next->hours);
-    const TimeBound bound = boundOf(cli::timeLeft(session, *next));
+    const std::string prayer = session.prayerName(next->code) + " " + app::clockText(session, next->hours);
+    const TimeBound bound = boundOf(app::timeLeft(session, *next));
     const bool isHours = bound.bound >= 1h;
     const std::string within = fmt::format(fmt::runtime(isHours ? texts.withinHours : texts.withinMinutes),
                                            isHours ? bound.bound / 1h : bound.bound / 1min);
-    return {prayer + ", " + cli::timeLeftText(session, site, *next), city->name + ": " + prayer + ", " + within,
+    return {prayer + ", " + app::timeLeftText(session, site, *next), city->name + ": " + prayer + ", " + within,
             next->instant - bound.next};
 }
 
 }  // namespace
 
-ComingPrayer comingPrayer(cli::Session& session) {
+ComingPrayer comingPrayer(app::Session& session) {
     try {
         return foundComingPrayer(session);
     } catch (const std::runtime_error& error) {

@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The coming prayer, as the icon in the tray tells of it.
 #pragma once
 
 #include <chrono>
 #include <string>
 
-#include "cli/session.h"
+#include "app/session.h"
 
 namespace quode::host {
 
@@ -16,7 +18,7 @@ struct ComingPrayer {
 };
 
 /// What is wrong with the databases takes the place of the texts.
-ComingPrayer comingPrayer(cli::Session& session);
+ComingPrayer comingPrayer(app::Session& session);
 
 /// How a text that stays tells the time left: the smallest of 10 min, 30 min, 1 h, 2 h ... that it does not exceed.
 struct TimeBound {

@@ -1,16 +1,18 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/command.h"
 
-#include "cli/dates.h"
-#include "cli/failure.h"
+#include "app/dates.h"
+#include "app/failure.h"
 #include "common/numbers.h"
 
 namespace quode::host {
 namespace {
 
-using cli::Arguments;
-using cli::ExitCode;
-using cli::Failure;
-using cli::Parameter;
+using app::Arguments;
+using app::ExitCode;
+using app::Failure;
+using app::Parameter;
 
 constexpr const char* footer = R"(The picture is drawn without a display. It shows the city of --city, of
 $QUODE_CITY, or the home city.
@@ -31,15 +33,15 @@ Exit codes:
   5  something unexpected
   6  the user's files cannot be read or changed)";
 
-cli::Program panelProgram() {
+app::Program panelProgram() {
     return {"quode-panel",
             "The prayer times in a panel on the desktop: from an icon in the tray, or in a\n"
             "window where there is no tray. A second start opens the panel of the first.",
             footer,
-            {cli::languageParameter()}};
+            {app::languageParameter()}};
 }
 
-cli::Command panelCommand() {
+app::Command panelCommand() {
     const auto toggle = [](const char* name, const char* help) {
         return Parameter{Parameter::Kind::toggle, name, "", help};
     };
@@ -50,9 +52,9 @@ cli::Command panelCommand() {
              toggle("info", "The picture shows the lines about the city"),
              toggle("all", "The picture shows the further times"),
              toggle("compass", "The picture shows the compass"),
-             cli::cityParameter(),
-             cli::dateParameter()},
-            [](cli::Session&, const Arguments&) {}};
+             app::cityParameter(),
+             app::dateParameter()},
+            [](app::Session&, const Arguments&) {}};
 }
 
 double scaleOf(const Arguments& arguments) {
@@ -83,18 +85,18 @@ std::optional<ScreenshotWish> screenshotOf(const Arguments& arguments) {
     wish.all = arguments.has("all");
     wish.compass = arguments.has("compass");
     wish.city = arguments.text("city");
-    if (const auto date = arguments.text("date")) wish.date = cli::parseDate(*date);
+    if (const auto date = arguments.text("date")) wish.date = app::parseDate(*date);
     return wish;
 }
 
 }  // namespace
 
-std::variant<PanelWish, cli::HelpText, cli::VersionWish> readCommandLine(const std::vector<std::string>& arguments) {
-    const cli::Command command = panelCommand();
-    cli::ParsedLine line = cli::parseCommandLine(panelProgram(), {}, command, arguments);
-    if (auto* help = std::get_if<cli::HelpText>(&line)) return std::move(*help);
-    if (std::holds_alternative<cli::VersionWish>(line)) return cli::VersionWish{};
-    const Arguments& given = std::get<cli::Invocation>(line).arguments;
+std::variant<PanelWish, app::HelpText, app::VersionWish> readCommandLine(const std::vector<std::string>& arguments) {
+    const app::Command command = panelCommand();
+    app::ParsedLine line = app::parseCommandLine(panelProgram(), {}, command, arguments);
+    if (auto* help = std::get_if<app::HelpText>(&line)) return std::move(*help);
+    if (std::holds_alternative<app::VersionWish>(line)) return app::VersionWish{};
+    const Arguments& given = std::get<app::Invocation>(line).arguments;
     return PanelWish{given.text("lang"), screenshotOf(given)};
 }
 

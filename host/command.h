@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The command line of the panel.
 #pragma once
 
 #include <optional>
 #include <string>
 
-#include "cli/command_line.h"
+#include "app/command_line.h"
 #include "host/screenshot.h"
 
 namespace quode::host {
@@ -15,7 +17,7 @@ struct PanelWish {
     std::optional<ScreenshotWish> screenshot;  ///< nothing: open the panel
 };
 
-/// Reads a command line. Returned: the wish, or the help or version that was asked for. Throws `cli::Failure` (usage).
-std::variant<PanelWish, cli::HelpText, cli::VersionWish> readCommandLine(const std::vector<std::string>& arguments);
+/// Reads a command line. Returned: the wish, or the help or version that was asked for. Throws `app::Failure` (usage).
+std::variant<PanelWish, app::HelpText, app::VersionWish> readCommandLine(const std::vector<std::string>& arguments);
 
 }  // namespace quode::host

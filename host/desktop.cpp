@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/desktop.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <utility>
 
-#include "cli/session.h"
+#include "app/session.h"
 #include "companion/UserEventStore.h"
 #include "data/user_places.h"
 #include "host/HomeWatch.h"
@@ -22,9 +24,9 @@
 namespace quode::host {
 namespace {
 
-using cli::ExitCode;
-using cli::Failure;
-using cli::Session;
+using app::ExitCode;
+using app::Failure;
+using app::Session;
 
 // Leaves the choice to Qt where there is one.
 void chooseDisplay(const Environment& environment) {

@@ -1,16 +1,18 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The panel on the desktop.
 #pragma once
 
 #include <optional>
 #include <string>
 
-#include "cli/failure.h"
+#include "app/failure.h"
 #include "platform/Environment.h"
 
 namespace quode::host {
 
 /// Opens the panel and serves it until the user ends it; where another process of the session does that already, the
-/// panel of that one is opened. Makes the application object itself, once in a process. Throws `cli::Failure`.
-cli::ExitCode runOnDesktop(const Environment& environment, const std::optional<std::string>& language);
+/// panel of that one is opened. Makes the application object itself, once in a process. Throws `app::Failure`.
+app::ExitCode runOnDesktop(const Environment& environment, const std::optional<std::string>& language);
 
 }  // namespace quode::host

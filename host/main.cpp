@@ -1,7 +1,9 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The panel of Quode.
-#include "cli/reporting.h"
-#include "cli/session.h"
-#include "cli/terminal.h"
+#include "app/reporting.h"
+#include "app/session.h"
+#include "app/terminal.h"
 #include "host/command.h"
 #include "host/desktop.h"
 
@@ -9,14 +11,14 @@ namespace {
 
 using namespace quode;
 
-cli::ExitCode run(const std::vector<std::string>& arguments) {
+app::ExitCode run(const std::vector<std::string>& arguments) {
     const auto line = host::readCommandLine(arguments);
-    if (const auto* help = std::get_if<cli::HelpText>(&line)) {
-        return cli::writtenOrFailed(help->text, cli::ExitCode::ok);
+    if (const auto* help = std::get_if<app::HelpText>(&line)) {
+        return app::writtenOrFailed(help->text, app::ExitCode::ok);
     }
-    if (std::holds_alternative<cli::VersionWish>(line)) {
-        cli::Session session(processEnvironment(), {});
-        return cli::writtenOrFailed(cli::versionText(session, "quode-panel " QUODE_VERSION), cli::ExitCode::ok);
+    if (std::holds_alternative<app::VersionWish>(line)) {
+        app::Session session(processEnvironment(), {});
+        return app::writtenOrFailed(app::versionText(session, "quode-panel " QUODE_VERSION), app::ExitCode::ok);
     }
     const auto& wish = std::get<host::PanelWish>(line);
     if (wish.screenshot) return host::takeScreenshot(processEnvironment(), wish.language, *wish.screenshot);
@@ -26,7 +28,7 @@ cli::ExitCode run(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int count, char** values) {
-    quode::cli::guardStandardStreams();
+    quode::app::guardStandardStreams();
     const std::vector<std::string> arguments(values + 1, values + count);
-    return static_cast<int>(quode::cli::runReportingFailures([&] { return run(arguments); }));
+    return static_cast<int>(quode::app::runReportingFailures([&] { return run(arguments); }));
 }

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/screenshot.h"
 
 #include <QApplication>
@@ -8,8 +10,8 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "cli/place.h"
-#include "cli/session.h"
+#include "app/place.h"
+#include "app/session.h"
 #include "compass/CompassViewOverlayWindow.h"
 #include "host/Panel.h"
 #include "host/PanelDevice.h"
@@ -22,9 +24,9 @@
 namespace quode::host {
 namespace {
 
-using cli::ExitCode;
-using cli::Failure;
-using cli::Session;
+using app::ExitCode;
+using app::Failure;
+using app::Session;
 
 constexpr QSize screenSize{360, 640};  // points
 constexpr int compassAppears = 1500;   // ms, until its animations have ended
@@ -121,7 +123,7 @@ ExitCode takeScreenshot(const Environment& environment, const std::optional<std:
     Session::Wishes wishes{language};
     if (wish.date) wishes.moment = noonOf(*wish.date, *systemClock());
     Session user(environment, wishes);
-    const cli::ChosenPlace place = cli::choosePlace(user, wish.city);
+    const app::ChosenPlace place = app::choosePlace(user, wish.city);
 
     const QTemporaryDir folder;
     if (!folder.isValid()) throw Failure(ExitCode::outputFailed, "No temporary folder could be made.");
@@ -133,7 +135,7 @@ ExitCode takeScreenshot(const Environment& environment, const std::optional<std:
     installAccessibility();
 
     // The widget reads its cities from the user's files; another city is put into files of its own.
-    const bool isHome = place.source == cli::PlaceSource::home;
+    const bool isHome = place.source == app::PlaceSource::home;
     Session session(isHome ? environment : with(environment, "QUODE_DATA_DIR", folder.path().toStdString()), wishes);
     session.setDevice(std::make_shared<PanelDevice>(Idiom::phone, screenSize, wish.scale));
     session.services();

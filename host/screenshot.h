@@ -1,11 +1,13 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Pictures of the panel, drawn without a display.
 #pragma once
 
 #include <optional>
 #include <string>
 
+#include "app/failure.h"
 #include "astro/VAKDate.h"
-#include "cli/failure.h"
 #include "platform/Environment.h"
 
 namespace quode::host {
@@ -22,8 +24,8 @@ struct ScreenshotWish {
 };
 
 /// Draws the panel, or the compass, into a file. Makes the application object itself, once in a process. Throws
-/// `cli::Failure`.
-cli::ExitCode takeScreenshot(const Environment& environment, const std::optional<std::string>& language,
+/// `app::Failure`.
+app::ExitCode takeScreenshot(const Environment& environment, const std::optional<std::string>& language,
                              const ScreenshotWish& wish);
 
 }  // namespace quode::host

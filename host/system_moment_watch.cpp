@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include <sys/inotify.h>
 #include <sys/timerfd.h>
 #include <unistd.h>

@@ -1,16 +1,18 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/user_choices.h"
 
 #include <QStringList>
 #include <stdexcept>
 
-#include "cli/user_data.h"
+#include "app/user_data.h"
 #include "companion/UserDatabase.h"
 #include "data/user_places.h"
 #include "host/texts.h"
 
 namespace quode::host {
 
-QString prepareUserChoices(cli::Session& session, UserEventStore& calendar) {
+QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
     GlobalFuncs& services = session.services();
     QStringList notices;
     if (services.dataFolderProblem()) notices << QString::fromStdString(*services.dataFolderProblem());
@@ -18,7 +20,7 @@ QString prepareUserChoices(cli::Session& session, UserEventStore& calendar) {
         UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
         for (const std::string& notice : database.notices()) notices << QString::fromStdString(notice);
         const std::optional<UserCity> home = database.home();
-        if (home && !home->city) notices << QString::fromStdString(cli::lostHome(home->id));
+        if (home && !home->city) notices << QString::fromStdString(app::lostHome(home->id));
         if (database.cities().empty()) notices << textsOf(services.languageId()).addCity;
         database.refreshPrayerTimes();
         const StoreStatus moved = calendar.changeLayout(loadSettings(database).calendarLayout);
@@ -29,9 +31,9 @@ QString prepareUserChoices(cli::Session& session, UserEventStore& calendar) {
     return notices.join('\n');
 }
 
-PanelLayout chosenLayout(cli::Session& session) {
+PanelLayout chosenLayout(app::Session& session) {
     try {
-        const std::optional<UserDatabase> database = cli::userDatabaseToRead(session);
+        const std::optional<UserDatabase> database = app::userDatabaseToRead(session);
         return database ? loadSettings(*database).panelLayout : PanelLayout::automatic;
     } catch (const UserDatabaseError&) {
         return PanelLayout::automatic;  // what is wrong is told with the panel
@@ -40,9 +42,9 @@ PanelLayout chosenLayout(cli::Session& session) {
     }
 }
 
-std::optional<int> homeNumber(cli::Session& session) {
+std::optional<int> homeNumber(app::Session& session) {
     try {
-        const std::optional<UserDatabase> database = cli::userDatabaseToRead(session);
+        const std::optional<UserDatabase> database = app::userDatabaseToRead(session);
         const std::optional<UserCity> home = database ? database->home() : std::nullopt;
         return home ? std::optional(home->id) : std::nullopt;
     } catch (const std::runtime_error&) {
@@ -50,7 +52,7 @@ std::optional<int> homeNumber(cli::Session& session) {
     }
 }
 
-void makeUserDatabase(cli::Session& session, const CityRecord& city) {
+void makeUserDatabase(app::Session& session, const CityRecord& city) {
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
     const bool isKnown = city.id > 0;
     if (isKnown) database.addCity(city.id);

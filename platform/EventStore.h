@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The device's calendar, as far as prayer alarms need it: events that ring at their start.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The desktop's notifications, as far as ringing needs them.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The desktop's sound, as far as ringing needs it.
 #pragma once
 

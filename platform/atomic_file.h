@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Files that are replaced as a whole: at every moment, a power cut included, the old content or the new one is there.
 #pragma once
 

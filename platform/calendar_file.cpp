@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "platform/calendar_file.h"
 
 #include <fmt/format.h>

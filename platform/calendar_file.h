@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // A calendar file on the disk: read, changed by one event, saved again.
 #pragma once
 

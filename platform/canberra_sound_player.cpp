@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "platform/canberra_sound_player.h"
 
 #include <canberra.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Lets GNOME's calendar server show our calendar file, by a source description in its settings folder.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The system calls that a safe save is made of, one operation each, so that a test can make any of them fail.
 #pragma once
 

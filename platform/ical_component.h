@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // One calendar event as the text of a VEVENT component (RFC 5545, section 3.6.1), and back.
 #pragma once
 

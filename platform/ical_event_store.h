@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The device's calendar as one iCalendar file, which desktop calendars can show.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The text of an iCalendar file, taken apart by lines only as far as needed to exchange one event for another.
 // Every byte that is not part of the exchanged event stays as it was, whatever program wrote it.
 // The format: RFC 5545, section 3.1 (content lines and their folding) and 3.4 to 3.6 (objects and components).

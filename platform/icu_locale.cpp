@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include <unicode/dcfmtsym.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>

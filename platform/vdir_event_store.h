@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The device's calendar as a folder of one file per event, as programs that exchange calendars with a server want it.
 #pragma once
 

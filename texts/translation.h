@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Every text that a user reads, outside the language packs of the widget, is written in English where it is used and
 // translated by the catalogue of the chosen language ("po/de.po"):
 //

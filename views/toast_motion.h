@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// How a toast moves. Times are in seconds; every movement begins and ends slowly.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What the widget shows: the user's cities, the day of one of them, and the labels.
 #include <fmt/format.h>
 #include <sqlite3.h>

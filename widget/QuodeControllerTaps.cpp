@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What the buttons of the widget do.
 #include "common/GlobalFuncs.h"
 #include "data/DatabaseFunctions.h"

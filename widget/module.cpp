@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The face of the bundle's module to the host that loads it.
 #include <QObject>
 

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 # Turns the number tables (*.csv in this folder) into constexpr arrays. The numbers are copied as they are printed.
 
 # quode_table(NAME ROW_TYPE [GROUPED] [PREFIX p] [DROP n]): writes generated/astro/tables/NAME.inc with the rows of NAME.csv.

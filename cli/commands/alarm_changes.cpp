@@ -1,13 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode alarm set, on, off: sets alarms up and switches them. Each shows the alarms afterwards.
 #include <fmt/format.h>
 
-#include "cli/alarm_calendar.h"
-#include "cli/alarm_sounds.h"
+#include "app/alarm_calendar.h"
+#include "app/alarm_sounds.h"
+#include "app/prayer_names.h"
+#include "app/session.h"
+#include "app/user_alarms.h"
+#include "app/user_data.h"
 #include "cli/commands.h"
-#include "cli/prayer_names.h"
-#include "cli/session.h"
-#include "cli/user_alarms.h"
-#include "cli/user_data.h"
 #include "common/numbers.h"
 #include "companion/user_connection.h"
 

@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode alarm list: the six alarms.
+#include "app/place.h"
+#include "app/ringer.h"
+#include "app/session.h"
+#include "app/user_alarms.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
-#include "cli/place.h"
-#include "cli/ringer.h"
-#include "cli/session.h"
-#include "cli/user_alarms.h"
-#include "cli/user_texts.h"
 
 namespace quode::cli {
 namespace {

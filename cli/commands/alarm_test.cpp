@@ -1,13 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode alarm test: rings at once, as an alarm does.
 #include <fmt/format.h>
 
-#include "cli/alarm_sounds.h"
+#include "app/alarm_sounds.h"
+#include "app/desktop.h"
+#include "app/prayer_names.h"
+#include "app/session.h"
+#include "app/user_alarms.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
-#include "cli/desktop.h"
-#include "cli/prayer_names.h"
-#include "cli/session.h"
-#include "cli/user_alarms.h"
-#include "cli/user_texts.h"
 #include "common/numbers.h"
 #include "companion/sounds.h"
 

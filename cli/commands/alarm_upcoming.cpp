@@ -1,13 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode alarm upcoming: what will ring, when, and which program will ring it.
 #include <fmt/format.h>
 
+#include "app/place.h"
+#include "app/ringer.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_alarms.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
-#include "cli/place.h"
-#include "cli/ringer.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
-#include "cli/user_alarms.h"
-#include "cli/user_texts.h"
 
 namespace quode::cli {
 namespace {

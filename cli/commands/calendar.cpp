@@ -1,13 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode calendar: one day in several calendars.
 #include <fmt/format.h>
 
+#include "app/crescent_date.h"
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/session.h"
+#include "app/text_layout.h"
 #include "astro/FastAstro.h"
 #include "cli/commands.h"
-#include "cli/crescent_date.h"
-#include "cli/dates.h"
-#include "cli/day_view.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
 
 namespace quode::cli {
 namespace {

@@ -1,11 +1,13 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode calendar connect, disconnect: lets Evolution, and with it GNOME's calendar, show the alarms.
 #include <algorithm>
 
+#include "app/ringer.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_data.h"
 #include "cli/commands.h"
-#include "cli/ringer.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
-#include "cli/user_data.h"
 #include "companion/UserEventStore.h"
 
 namespace quode::cli {

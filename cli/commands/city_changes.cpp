@@ -1,12 +1,14 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode city add, remove, home, move: changes the user's cities. Each shows them afterwards.
 #include <fmt/format.h>
 
-#include "cli/alarm_calendar.h"
+#include "app/alarm_calendar.h"
+#include "app/place.h"
+#include "app/session.h"
+#include "app/user_data.h"
 #include "cli/commands.h"
-#include "cli/place.h"
-#include "cli/session.h"
 #include "cli/user_cities.h"
-#include "cli/user_data.h"
 #include "common/numbers.h"
 #include "companion/user_connection.h"
 

@@ -1,8 +1,10 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode city list: the user's cities.
+#include "app/session.h"
+#include "app/user_data.h"
 #include "cli/commands.h"
-#include "cli/session.h"
 #include "cli/user_cities.h"
-#include "cli/user_data.h"
 
 namespace quode::cli {
 namespace {

@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode city search: finds cities by name.
 #include <fmt/format.h>
 
+#include "app/place.h"
+#include "app/session.h"
+#include "app/text_layout.h"
 #include "cli/commands.h"
-#include "cli/place.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
 #include "common/numbers.h"
 
 namespace quode::cli {

@@ -1,8 +1,10 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode doctor: whether all is in order, and what to do where it is not.
+#include "app/doctor_checks.h"
+#include "app/session.h"
+#include "app/text_layout.h"
 #include "cli/commands.h"
-#include "cli/doctor_checks.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
 
 #include <algorithm>
 

@@ -1,9 +1,11 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode doctor zones: the stored clock rules against the system's zone data.
 #include <fmt/format.h>
 
+#include "app/dates.h"
+#include "app/session.h"
 #include "cli/commands.h"
-#include "cli/dates.h"
-#include "cli/session.h"
 #include "data/zone_check.h"
 
 namespace quode::cli {

@@ -1,9 +1,11 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode hijri: the Hijri date of a Gregorian day, and back.
+#include "app/crescent_date.h"
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/session.h"
 #include "cli/commands.h"
-#include "cli/crescent_date.h"
-#include "cli/dates.h"
-#include "cli/day_view.h"
-#include "cli/session.h"
 #include "common/calendar.h"
 
 namespace quode::cli {

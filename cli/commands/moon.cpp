@@ -1,18 +1,20 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode moon: the Moon of a day, and the phases of a year.
 #include <fmt/format.h>
 
 #include <array>
 #include <cmath>
 
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/session.h"
+#include "app/text_layout.h"
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/MoonPhases.h"
 #include "astro/MoonTransit.h"
 #include "cli/commands.h"
-#include "cli/dates.h"
-#include "cli/day_view.h"
 #include "cli/moon_picture.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
 #include "common/calendar.h"
 
 namespace quode::cli {

@@ -1,11 +1,13 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode next: the coming prayer, for status bars.
 #include <fmt/format.h>
 
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/next_prayer.h"
+#include "app/session.h"
 #include "cli/commands.h"
-#include "cli/dates.h"
-#include "cli/day_view.h"
-#include "cli/next_prayer.h"
-#include "cli/session.h"
 
 namespace quode::cli {
 namespace {

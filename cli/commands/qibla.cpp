@@ -1,15 +1,17 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode qibla: the direction of the Kaaba.
 #include <fmt/format.h>
 
 #include <cmath>
 #include <numbers>
 
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/session.h"
+#include "app/sun_direction.h"
+#include "app/text_layout.h"
 #include "cli/commands.h"
-#include "cli/dates.h"
-#include "cli/day_view.h"
-#include "cli/session.h"
-#include "cli/sun_direction.h"
-#include "cli/text_layout.h"
 
 namespace quode::cli {
 namespace {

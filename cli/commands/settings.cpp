@@ -1,16 +1,18 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode settings: what is kept of the user's wishes beside cities and alarms.
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 
-#include "cli/alarm_calendar.h"
-#include "cli/alarm_sounds.h"
+#include "app/alarm_calendar.h"
+#include "app/alarm_sounds.h"
+#include "app/ringer.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_data.h"
 #include "cli/commands.h"
-#include "cli/ringer.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
-#include "cli/user_data.h"
 #include "common/numbers.h"
 #include "companion/user_connection.h"
 

@@ -1,13 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode month and quode year: timetables.
 #include <fmt/format.h>
 
 #include <algorithm>
 
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/session.h"
+#include "app/text_layout.h"
 #include "cli/commands.h"
-#include "cli/dates.h"
-#include "cli/day_view.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
 
 namespace quode::cli {
 namespace {

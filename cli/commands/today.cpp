@@ -1,14 +1,16 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode today: one day at one place.
 #include <fmt/format.h>
 
 #include <cmath>
 
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/next_prayer.h"
+#include "app/session.h"
+#include "app/text_layout.h"
 #include "cli/commands.h"
-#include "cli/dates.h"
-#include "cli/day_view.h"
-#include "cli/next_prayer.h"
-#include "cli/session.h"
-#include "cli/text_layout.h"
 
 namespace quode::cli {
 namespace {

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Checksums over the bits of the engine's results, to notice that any of them changes.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Every bit of the engine's results is what it was when the checksums were taken.
 #include "engine_bits.h"
 

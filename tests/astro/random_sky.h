@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Random places and dates for comparing bits: the same ones on every machine, with every compiler and library.
 #pragma once
 

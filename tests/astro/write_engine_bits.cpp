@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Writes the checksums of this build's engine in the form of tests/fixtures/engine_bits.
 #include <cstdio>
 

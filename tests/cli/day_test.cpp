@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The page of a day: its times against the reference values, and what it says about them.
 #include <gtest/gtest.h>
 
@@ -5,7 +7,7 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "cli/text_layout.h"
+#include "app/text_layout.h"
 #include "program.h"
 #include "support/vectors.h"
 

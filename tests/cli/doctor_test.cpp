@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode doctor and quode alarm test: what the desktop has to say.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What the documents show is what the program prints.
 #include <gtest/gtest.h>
 

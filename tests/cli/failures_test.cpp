@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Bad input and a damaged installation: a message that says what to do, and the documented exit code.
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -1,10 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "cli/moon_picture.h"
 
 #include <gtest/gtest.h>
 
-#include "cli/text_layout.h"
+#include "app/text_layout.h"
 
 namespace quode::cli {
+
+using namespace app;
+
 namespace {
 
 constexpr int height = 9;

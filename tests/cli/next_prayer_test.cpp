@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The coming prayer around midnight, where it is easily wrong.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // JSON keys, colours, help and version.
 #include <gtest/gtest.h>
 

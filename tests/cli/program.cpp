@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "program.h"
 
 #include <fcntl.h>
@@ -10,7 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "cli/text_layout.h"
+#include "app/text_layout.h"
 
 namespace quode::test {
 namespace {
@@ -129,7 +131,7 @@ Outcome Program::runShell(const std::string& text) const {
 }
 
 int widthOf(const std::string& line) {
-    return cli::displayWidth(line);
+    return app::displayWidth(line);
 }
 
 }  // namespace quode::test

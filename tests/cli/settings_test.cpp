@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode settings, quode calendar connect and disconnect.
 #include <gtest/gtest.h>
 

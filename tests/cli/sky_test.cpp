@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Moon, qibla and calendars on the command line.
 #include <gtest/gtest.h>
 

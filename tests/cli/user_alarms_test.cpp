@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode alarm: set up, switched, shown, and written to the calendar.
 #include <gtest/gtest.h>
 #include <libical/ical.h>

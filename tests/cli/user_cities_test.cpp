@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode city list, add, remove, home, move: the user's own cities.
 #include <gtest/gtest.h>
 

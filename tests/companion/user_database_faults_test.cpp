@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What befalls a user database: full disks, folders that may not be written, damage, other programs.
 #include <gmock/gmock.h>
 #include <sqlite3.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The real clients of the sensor service and of the screen-saver service, against services on a bus of the test's own.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

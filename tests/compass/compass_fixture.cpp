@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "compass/compass_fixture.h"
 
 #include <QAbstractButton>

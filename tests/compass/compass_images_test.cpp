@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The pictures of the dial and the arrow.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The compass's texts and numbers, in every language of the bundle.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The dial and the arrow under the readings of a sensor.
 #include "compass/CompassView.h"
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The compass without a sensor: it says so, and is turned by hand.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The window of the compass: how it comes, what it holds of the device, and the ways in which it goes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,6 @@
 #!/usr/bin/python3
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """A screen-saver service on the session bus. Prints every request; obeys "leave" and "come", which give the service's name
 up and take it again."""
 import sys

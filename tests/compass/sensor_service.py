@@ -1,4 +1,6 @@
 #!/usr/bin/python3
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """A sensor service on the system bus, as the compass sees the real one. Obeys the lines that it reads:
 
   compass yes|no     whether there is a compass

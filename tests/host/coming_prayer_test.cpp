@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/coming_prayer.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +14,7 @@ namespace quode::test {
 namespace {
 
 using namespace std::chrono_literals;
-using cli::Session;
+using app::Session;
 using host::boundOf;
 using host::comingPrayer;
 

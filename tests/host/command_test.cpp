@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/command.h"
 
 #include <gtest/gtest.h>
@@ -5,7 +7,7 @@
 namespace quode::host {
 namespace {
 
-using cli::ExitCode;
+using app::ExitCode;
 
 PanelWish wishOf(const std::vector<std::string>& arguments) {
     return std::get<PanelWish>(readCommandLine(arguments));
@@ -15,7 +17,7 @@ void expectUsageError(const std::vector<std::string>& arguments, const std::stri
     try {
         readCommandLine(arguments);
         ADD_FAILURE() << arguments.front() << " was understood";
-    } catch (const cli::Failure& failure) {
+    } catch (const app::Failure& failure) {
         EXPECT_EQ(failure.code(), ExitCode::usage);
         EXPECT_NE(std::string(failure.what()).find(part), std::string::npos) << failure.what();
     }
@@ -55,12 +57,12 @@ TEST(PanelCommandLine, SaysWhatCannotBeUnderstood) {
 
 TEST(PanelCommandLine, HelpNamesEveryArgument) {
     const auto line = readCommandLine({"--help"});
-    const std::string help = std::get<cli::HelpText>(line).text;
+    const std::string help = std::get<app::HelpText>(line).text;
     for (const char* name :
          {"--screenshot", "--scale", "--info", "--all", "--compass", "--city", "--date", "--lang", "--version"}) {
         EXPECT_NE(help.find(name), std::string::npos) << name;
     }
-    EXPECT_TRUE(std::holds_alternative<cli::VersionWish>(readCommandLine({"--version"})));
+    EXPECT_TRUE(std::holds_alternative<app::VersionWish>(readCommandLine({"--version"})));
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """The panel on a desktop: the icon in the tray opens it, a click elsewhere closes it, a second start opens the first.
 
 desktop_test.py PROGRAM OTHER_PROGRAM, on a display with a window manager and a session bus.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Another program on the desktop: a plain window that the user can turn to.
 #include <QGuiApplication>
 #include <QRasterWindow>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The program, run as a user runs it on a machine without a display.
 #include <gtest/gtest.h>
 

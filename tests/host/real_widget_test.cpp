@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The real widget in its panel, on the files of a user.
 #include <gtest/gtest.h>
 
@@ -61,7 +63,7 @@ class RealWidget : public testing::Test {
 
     TemporaryFolder folder;
     std::shared_ptr<UserEventStore> calendar = std::make_shared<UserEventStore>(folder.path(), CalendarLayout::ics);
-    cli::Session session{environmentOf({{"QUODE_DATA_DIR", folder.path().string()},
+    app::Session session{environmentOf({{"QUODE_DATA_DIR", folder.path().string()},
                                         {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
                                         {"QUODE_NOW", "2026-11-21T04:00:00Z"}}),
                          {}};

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/user_choices.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +16,7 @@
 namespace quode::test {
 namespace {
 
-using cli::Session;
+using app::Session;
 
 constexpr int istanbul = 745044;
 

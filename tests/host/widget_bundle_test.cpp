@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "host/WidgetBundle.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 
-#include "cli/failure.h"
+#include "app/failure.h"
 #include "common/GlobalFuncs.h"
 #include "support/fake_platform.h"
 #include "support/temporary_folder.h"
@@ -18,8 +20,8 @@ void expectDamaged(const std::filesystem::path& bundle, const std::string& part)
     try {
         WidgetBundle made(bundle.string());
         ADD_FAILURE() << "the bundle was taken";
-    } catch (const cli::Failure& failure) {
-        EXPECT_EQ(failure.code(), cli::ExitCode::damagedData);
+    } catch (const app::Failure& failure) {
+        EXPECT_EQ(failure.code(), app::ExitCode::damagedData);
         const std::string text = failure.what();
         EXPECT_NE(text.find((bundle / "quode-widget.so").string()), std::string::npos) << text;
         EXPECT_NE(text.find(part), std::string::npos) << text;

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Every row of the database that is shipped.
 #include <gtest/gtest.h>
 #include <sqlite3.h>

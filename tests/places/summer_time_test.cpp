@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Both change days of every zone with summer time, as the engine counts them, against the rules of the zone data. The
 // days are worked out here from the rule's text by plain calendar arithmetic, apart from the code that made the
 // database.

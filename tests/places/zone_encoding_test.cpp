@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "tools/places/zone_encoding.h"
 
 #include <gtest/gtest.h>

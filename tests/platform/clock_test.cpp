@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The real clock, in several zones.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The real files, in a temporary folder.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What holds for the Moon over every place on Earth and every year, whatever the numbers are.
 #include <gtest/gtest.h>
 

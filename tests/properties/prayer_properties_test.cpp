@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What holds for every place on Earth and every day, whatever the numbers are.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The searches keep what they have computed for an hour. Here the plain searches stand beside them, written without any
 // memory: every result and every field must be the same to the last bit.
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "support/faulty_disk.h"
 
 #include <sqlite3.h>

@@ -1,12 +1,14 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
-#include "texts/MessageCatalogue.h"
 #include "compiled_catalogue.h"
 #include "support/temporary_folder.h"
+#include "texts/MessageCatalogue.h"
 
 namespace quode {
 namespace {

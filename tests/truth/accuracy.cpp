@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Writes the page docs/accuracy.md to standard output.
 #include <cstdio>
 

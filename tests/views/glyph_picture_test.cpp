@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Every glyph in every state, and every frame, compared with pictures that were looked at. To take them anew, run this
 // program with QUODE_TAKE_PICTURES=1 and look at tests/fixtures/glyphs.
 #include <QPainter>

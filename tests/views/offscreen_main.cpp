@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Runs the tests of views in an application without a screen, the same on every machine.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The alarm buttons of the prayer rows.
 #include "views/MessageView.h"
 #include "widget/widget_fixture.h"

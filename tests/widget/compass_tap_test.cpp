@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The button that opens the compass.
 #include <QApplication>
 #include <QTest>

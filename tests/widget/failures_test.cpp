@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What goes wrong stays where it happens, and the debug log tells of it.
 #include <filesystem>
 #include <fstream>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The module of the bundle, as a host loads it.
 #include <QPluginLoader>
 

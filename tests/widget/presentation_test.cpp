@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The widget as its host knows it: made, presented, dismissed, presented again.
 #include <QApplication>
 

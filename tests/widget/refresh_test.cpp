@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What the widget shows of the user's cities and of the day.
 #include <filesystem>
 #include <fstream>

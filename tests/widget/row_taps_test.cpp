@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The buttons that open and close rows.
 #include <QApplication>
 #include <QTest>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The plain table by itself.
 #include <QCoreApplication>
 #include <QPainter>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "widget/widget_fixture.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode_compass_images FOLDER: draws the pictures of the compass into an existing folder.
 #include <QString>
 #include <array>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // quode-build-cities DATA_FOLDER DATABASE: makes the city database from the place data.
 #include <cstdio>
 #include <exception>

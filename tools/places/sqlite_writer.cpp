@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "tools/places/sqlite_writer.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Writes the sounds of the bundle as WAV files into a folder.
 #include <cstdio>
 #include <filesystem>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Runs a program that is killed (signal SYS) as soon as it asks for a socket of the internet or of another network.
 //   no_internet PROGRAM [ARGUMENT...]
 #include <linux/audit.h>

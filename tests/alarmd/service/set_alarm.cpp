@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Sets an alarm that rings at the next full minute, as a user would with the next prayer and an offset.
 //   set_alarm BUNDLE [SOUND]
 // Prints the moment of the ring in seconds since 1970. The data folder is that of the environment.

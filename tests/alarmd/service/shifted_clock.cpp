@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Preloaded into a program, moves its wall clock by $SHIFT_SECONDS: what the program asks for the time and the timers
 // that it sets by it. So an alarm can be due within seconds, whatever the time of day.
 #include <dlfcn.h>

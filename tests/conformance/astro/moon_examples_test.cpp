@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The worked examples of J. Meeus, Astronomical Algorithms. The engine takes single-precision constants and
 // trigonometry, and exchanges two small terms of the Moon; the tolerances are what that allows, as is said beside them.
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The number tables as the engine holds them, against the files they are made from and the published rows.
 #include <gtest/gtest.h>
 

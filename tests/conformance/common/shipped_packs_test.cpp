@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The language packs as they are shipped in the bundle.
 #include <gtest/gtest.h>
 

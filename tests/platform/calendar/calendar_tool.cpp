@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Drives the calendar stores from the command line, for the tests that bring in other programs.
 #include <cstdlib>
 #include <iostream>

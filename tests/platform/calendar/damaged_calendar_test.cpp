@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Damaged calendar files: nothing that was in them is lost, and the alarm is saved all the same.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

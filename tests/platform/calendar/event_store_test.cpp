@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What every calendar store does, shown with each of them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The description that lets GNOME's calendar server show our file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

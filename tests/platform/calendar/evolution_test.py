@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """GNOME's calendar server, in a private session: it lists our event, follows a change, and its reminder service rings."""
 import os
 import subprocess

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What other programs keep in the same calendar: it survives, and what they make of our events is understood.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

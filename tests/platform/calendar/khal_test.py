@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """khal lists the events of our vdir, and imports our single file."""
 import subprocess
 

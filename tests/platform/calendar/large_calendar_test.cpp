@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Calendars of thousands of events.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """python3-icalendar reads our file: times, texts, alarm."""
 from datetime import timedelta
 

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """What the tests with real calendar programs share."""
 import os
 import shutil

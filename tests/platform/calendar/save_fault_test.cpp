@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Saves that go wrong: the calendar is then the old one or the new one, never less.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
 """vdirsyncer carries our events to a CalDAV server on this machine (radicale) and back."""
 import socket
 import subprocess

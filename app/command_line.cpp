@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <list>
+
+#include "app/failure.h"
+#include "common/utf8.h"
+
+namespace quode::app {
+namespace {
+
+constexpr std::size_t helpColumn = 30;
+
+/// The values that one command receives from the parser.
+struct Slots {
+    const Command* command = nullptr;
+    CLI::App* app = nullptr;
+    struct Slot {
+        const Parameter* parameter = nullptr;
+        CLI::Option* option = nullptr;
+        std::string value;
+        std::vector<std::string> words;
+        bool isSet = false;
+    };
+    std::list<Slot> slots;  // a list, for the parser keeps references
+};
+
+void addParameter(CLI::App& app, const Parameter& parameter, Slots::Slot& slot) {
+    slot.parameter = &parameter;
+    switch (parameter.kind) {
+        case Parameter::Kind::toggle:
+            slot.option = app.add_flag("--" + parameter.name, slot.isSet, parameter.help);
+            break;
+        case Parameter::Kind::option:
+            slot.option = app.add_option("--" + parameter.name, slot.value, parameter.help);
+            slot.option->type_name(parameter.value);
+            break;
+        case Parameter::Kind::word:
+            slot.option = app.add_option(parameter.name, slot.value, parameter.help);
+            slot.option->type_name("");
+            break;
+        case Parameter::Kind::words:
+            slot.option = app.add_option(parameter.name, slot.words, parameter.help);
+            slot.option->type_name("");
+            break;
+    }
+    slot.option->required(parameter.required);
+}
+
+void prepare(CLI::App& app) {
+    app.get_formatter()->column_width(helpColumn);
+    app.get_formatter()->label("REQUIRED", "(required)");
+    app.get_formatter()->label("OPTIONS", "OPTIONS");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("SUBCOMMANDS", "COMMANDS");
+    app.set_help_flag("-h,--help", "Explain the command");
+}
+
+void checkChoices(const Parameter& parameter, const std::string& value) {
+    const auto& choices = parameter.choices;
+    if (choices.empty() || std::find(choices.begin(), choices.end(), value) != choices.end()) return;
+    std::string list;
+    for (const std::string& choice : choices) list += (list.empty() ? "" : ", ") + choice;
+    throw Failure(ExitCode::usage, "--" + parameter.name + " is one of " + list + ", not \"" + value + "\".");
+}
+
+Arguments argumentsOf(const Slots& slots) {
+    Arguments arguments;
+    for (const Slots::Slot& slot : slots.slots) {
+        if (slot.option->count() == 0) continue;
+        std::string value = slot.value;
+        for (const std::string& word : slot.words) value += (value.empty() ? "" : " ") + word;
+        checkChoices(*slot.parameter, value);
+        arguments.set(slot.parameter->name, value);
+    }
+    return arguments;
+}
+
+/// The parser for a set of commands, with the values it fills.
+class Parser {
+  public:
+    Parser(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand)
+        : common_(program.parameters), app_(program.description, program.name) {
+        prepare(app_);
+        version_ = app_.add_flag("--version", wantsVersion_, program.versionHelp);
+        fill(app_, defaultCommand);
+        addChildren(app_, commands);
+        if (!commands.empty()) app_.require_subcommand(0, 1);
+        app_.footer(program.footer);  // after the commands, which would take it over
+    }
+
+    void parse(std::vector<std::string> arguments) {
+        std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+        app_.parse(std::move(arguments));
+    }
+
+    bool wantsVersion() const { return version_->count() > 0; }
+
+    std::string help() const { return app_.help(); }
+
+    Invocation invocation() const {
+        const Slots& chosen = deepest();
+        if (chosen.command->run) return {chosen.command, mergedArguments(chosen)};
+        throw Failure(ExitCode::usage,
+                      commandPath() + " needs the name of what to do. Try: " + commandPath() + " --help");
+    }
+
+    /// The first argument that nothing could be made of.
+    std::string firstUnknown() const { return app_.remaining(true).front(); }
+
+    std::string commandPath() const {
+        const Slots& chosen = deepest();
+        return chosen.app == &app_ ? app_.get_name() : app_.get_name() + " " + pathOf(*chosen.app);
+    }
+
+  private:
+    void fill(CLI::App& app, const Command& command) {
+        Slots& slots = slots_.emplace_back();
+        slots.command = &command;
+        slots.app = &app;
+        for (const Parameter& parameter : command.parameters) addParameter(app, parameter, slots.slots.emplace_back());
+        for (const Parameter& parameter : common_) addParameter(app, parameter, slots.slots.emplace_back());
+    }
+
+    void addChildren(CLI::App& parent, const std::vector<Command>& commands) {
+        for (const Command& command : commands) {
+            CLI::App& app = *parent.add_subcommand(command.name, command.summary);
+            prepare(app);
+            fill(app, command);
+            addChildren(app, command.children);
+            if (!command.children.empty()) app.require_subcommand(0, 1);
+        }
+    }
+
+    std::string pathOf(const CLI::App& app) const {
+        const CLI::App* parent = app.get_parent();
+        return parent == nullptr || parent == &app_ ? app.get_name() : pathOf(*parent) + " " + app.get_name();
+    }
+
+    /// The innermost command that was named; the program itself when none was.
+    const Slots& deepest() const {
+        const CLI::App* app = &app_;
+        while (!app->get_subcommands().empty()) app = app->get_subcommands().front();
+        return slotsOf(app);
+    }
+
+    const Slots& slotsOf(const CLI::App* app) const {
+        return *std::find_if(slots_.begin(), slots_.end(), [app](const Slots& slots) { return slots.app == app; });
+    }
+
+    /// What was given before the name of the command: to the program and to the groups that it belongs to.
+    Arguments outerArguments(const Slots& chosen) const {
+        Arguments outer;
+        for (const CLI::App* app = chosen.app->get_parent(); app != nullptr; app = app->get_parent()) {
+            const Arguments given = argumentsOf(slotsOf(app));
+            for (const auto& [name, value] : given.all()) {
+                if (!outer.has(name)) outer.set(name, value);
+            }
+        }
+        return outer;
+    }
+
+    /// What was given to the command, and what was given before its name.
+    Arguments mergedArguments(const Slots& chosen) const {
+        Arguments arguments = outerArguments(chosen);
+        for (const auto& [name, value] : arguments.all()) {
+            const auto isOfCommand = [&name = name](const Slots::Slot& slot) { return slot.parameter->name == name; };
+            if (std::none_of(chosen.slots.begin(), chosen.slots.end(), isOfCommand)) {
+                throw Failure(ExitCode::usage,
+                              commandPath() + " has no --" + name + ". Try: " + commandPath() + " --help");
+            }
+        }
+        const Arguments own = argumentsOf(chosen);
+        for (const auto& [name, value] : own.all()) arguments.set(name, value);
+        return arguments;
+    }
+
+    std::vector<Parameter> common_;
+    CLI::App app_;
+    bool wantsVersion_ = false;
+    CLI::Option* version_ = nullptr;
+    std::list<Slots> slots_;
+};
+
+std::string escaped(const std::string& bytes) {
+    std::string text;
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        constexpr const char* digits = "0123456789abcdef";
+        if (value >= 0x20 && value < 0x7f) {
+            text += byte;
+        } else {
+            text += std::string("\\x") + digits[value >> 4] + digits[value & 15];
+        }
+    }
+    return text;
+}
+
+void checkEncoding(const std::vector<std::string>& arguments) {
+    for (const std::string& argument : arguments) {
+        if (isUtf8(argument)) continue;
+        throw Failure(ExitCode::usage, "\"" + escaped(argument) +
+                                           "\" is not UTF-8 text. Set the terminal to UTF-8, or write the name "
+                                           "without accents.");
+    }
+}
+
+// A number below 0, alone or as the first coordinate of a point.
+bool isNegativeNumber(std::string_view argument) {
+    constexpr std::string_view digits = "0123456789.";
+    if (argument.size() < 2 || argument[0] != '-' || digits.find(argument[1]) == std::string_view::npos) return false;
+    const std::size_t end = argument.find_first_not_of(digits, 1);
+    return end == std::string_view::npos || argument.find(',') != std::string_view::npos;
+}
+
+// A blank keeps numbers and coordinates such as "-33.87,151.21" from being read as options; their readers skip it.
+void shieldNumbers(std::vector<std::string>& arguments) {
+    for (std::string& argument : arguments) {
+        if (isNegativeNumber(argument)) argument.insert(0, " ");
+    }
+}
+
+std::string sentence(std::string text) {
+    while (!text.empty() && (text.back() == '\n' || text.back() == ' ')) text.pop_back();
+    if (!text.empty() && text.back() != '.') text += '.';
+    return text;
+}
+
+}  // namespace
+
+ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
+                            std::vector<std::string> arguments) {
+    checkEncoding(arguments);
+    shieldNumbers(arguments);
+    Parser parser(program, commands, defaultCommand);
+    try {
+        parser.parse(std::move(arguments));
+    } catch (const CLI::CallForHelp&) {
+        return HelpText{parser.help()};
+    } catch (const CLI::ExtrasError&) {
+        throw Failure(ExitCode::usage, parser.commandPath() + " does not know \"" + parser.firstUnknown() +
+                                           "\". Try: " + parser.commandPath() + " --help");
+    } catch (const CLI::ParseError& error) {
+        if (parser.wantsVersion()) return VersionWish{};
+        throw Failure(ExitCode::usage, sentence(error.what()) + " Try: " + parser.commandPath() + " --help");
+    }
+    if (parser.wantsVersion()) return VersionWish{};
+    return parser.invocation();
+}
+
+}  // namespace quode::app

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "app/command.h"
+
+namespace quode::app {
+
+/// A command with what was given to it.
+struct Invocation {
+    const Command* command = nullptr;
+    Arguments arguments;
+};
+
+/// Help that was asked for, or the wish to see the version.
+struct HelpText {
+    std::string text;
+};
+struct VersionWish {};
+
+using ParsedLine = std::variant<Invocation, HelpText, VersionWish>;
+
+/// A program, as its help describes it.
+struct Program {
+    std::string name;
+    std::string description;
+    std::string footer;                 ///< what the help ends with
+    std::vector<Parameter> parameters;  ///< that every command has
+    std::string versionHelp = "Show the version and the sources of the data";
+};
+
+/// Reads the command line of a program. Throws `Failure` (usage) when it cannot be understood.
+/// commands        all commands; may be empty
+/// defaultCommand  the one that runs when none is named
+/// arguments       without the program's name
+ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
+                            std::vector<std::string> arguments);
+
+}  // namespace quode::app

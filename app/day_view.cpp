@@ -1,0 +1,262 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/day_view.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "app/dates.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "common/calendar.h"
+
+namespace quode::app {
+namespace {
+
+constexpr std::string_view noTime = "--:--";
+constexpr double hoursPerDay = 24.0;
+constexpr int minutesPerHour = 60, secondsPerHour = 3600, secondsPerDay = 86400;
+
+std::string withSecondsText(double hours) {
+    const long second = std::lround(hours * secondsPerHour);
+    const int ofDay = static_cast<int>(((second % secondsPerDay) + secondsPerDay) % secondsPerDay);
+    return formatting::timeLeadingZeroWithSeconds(ofDay / secondsPerHour, ofDay / minutesPerHour % minutesPerHour,
+                                                  ofDay % minutesPerHour);
+}
+
+// A time of the evening before, which no clock text can hold, is brought into the day.
+double shownHours(double hours) {
+    return hours < 0.0 ? hours + hoursPerDay : hours;
+}
+
+std::string dayOfMonth(const Texts& texts, int day) {
+    return day == 1 ? std::string(texts.firstOfMonth) : std::to_string(day);
+}
+
+std::string dateText(const Texts& texts, int day, const std::string& month, int year) {
+    return fmt::format(fmt::runtime(texts.date), "", dayOfMonth(texts, day), month, year);
+}
+
+std::string daysText(Session& session, const ZoneDisagreement& problem) {
+    const Texts& texts = session.texts();
+    const std::string first = dayAndMonth(session, problem.first), last = dayAndMonth(session, problem.last);
+    if (problem.days == 1) return fmt::format(fmt::runtime(texts.zoneWarningDay), first);
+    return fmt::format(fmt::runtime(texts.zoneWarningDays), problem.days, first, last);
+}
+
+std::string superscript(std::size_t number) {
+    constexpr std::array<const char*, 4> digits{"⁰", "¹", "²", "³"};
+    return number < digits.size() ? digits[number] : fmt::format("({})", number);
+}
+
+}  // namespace
+
+std::string prayerKey(int code) {
+    constexpr std::array<const char*, 9> keys{"imsak", "gunes", "ogle",     "ikindi",      "aksam",
+                                              "yatsi", "israk", "asr_sani", "isfirar_sems"};
+    return keys.at(static_cast<std::size_t>(code - firstPrayer));
+}
+
+std::string clockText(Session& session, double hours, bool withSeconds) {
+    if (hours == missingTime) return std::string(noTime);
+    if (withSeconds) return withSecondsText(hours);
+    return session.services().timeLeadingZero(shownHours(hours));
+}
+
+std::string skyClockText(Session& session, double hours, bool withSeconds) {
+    return clockText(session, hours < 0.0 ? missingTime : hours, withSeconds);
+}
+
+std::string clock24(double hours) {
+    return formatting::timeLeadingZero(shownHours(hours), {});
+}
+
+Json timeJson(double hours) {
+    if (hours == missingTime) return nullptr;
+    return object({{"time", clock24(hours)}, {"hours", hours}});
+}
+
+Json skyTimeJson(double hours) {
+    return timeJson(hours < 0.0 ? missingTime : std::fmod(hours, hoursPerDay));
+}
+
+std::string durationText(Session& session, std::chrono::seconds duration) {
+    const auto minutes = std::chrono::ceil<std::chrono::minutes>(duration).count();
+    const Texts& texts = session.texts();
+    if (minutes < minutesPerHour) return fmt::format(fmt::runtime(texts.minutes), minutes);
+    return fmt::format(fmt::runtime(texts.hoursMinutes), minutes / minutesPerHour, minutes % minutesPerHour);
+}
+
+std::optional<VAKDate> wishedDate(const Arguments& arguments) {
+    const std::optional<std::string> text = arguments.text("date");
+    if (!text) return std::nullopt;
+    return parseDate(*text);
+}
+
+VAKDate today(Session& session, const Site& site) {
+    const VAKDate clock = wallClock(site.rule, session.now());
+    return VAKDateMake(clock.Days, clock.Months, clock.Years, 0, 0, 0);
+}
+
+std::string longDate(Session& session, const VAKDate& date) {
+    const Texts& texts = session.texts();
+    return fmt::format(fmt::runtime(texts.longDate), texts.weekdays.at(static_cast<std::size_t>(weekdayOf(date))),
+                       dayOfMonth(texts, date.Days), session.monthName(date.Months), date.Years);
+}
+
+std::string dayAndMonth(Session& session, std::chrono::year_month_day date) {
+    const int day = static_cast<int>(unsigned(date.day())), month = static_cast<int>(unsigned(date.month()));
+    return dateText(session.texts(), day, session.monthName(month), int(date.year()));
+}
+
+std::optional<VAKDate> hijriByTable(const VAKDate& date) {
+    const VAKDate hijri = calendar::JulianToHijri(calendar::GregorianDateToJulian(date));
+    if (hijri.Years < 0) return std::nullopt;
+    return hijri;
+}
+
+std::string hijriText(Session& session, const VAKDate& hijri) {
+    return dateText(session.texts(), hijri.Days, session.hijriMonth(hijri.Months), hijri.Years);
+}
+
+Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char* calendar) {
+    if (!hijri) return nullptr;
+    return object({{"date", isoDate(*hijri)},
+                   {"year", hijri->Years},
+                   {"month", hijri->Months},
+                   {"day", hijri->Days},
+                   {"month_name", session.hijriMonth(hijri->Months)},
+                   {"calendar", calendar}});
+}
+
+SunTimes sunTimesOf(const CityDay& day) {
+    const WidgetSkyInfo& sky = day.sky;
+    const bool isWhole = sky.SunRise != missingTime && sky.SunSet != missingTime;
+    if (isWhole) return {sky.SunRise, sky.SunSet};
+    // On a day with only one of both, the engine leaves that one in universal time.
+    const auto local = [&day](double time) {
+        return time == missingTime ? missingTime : std::fmod(time + day.GMTValue + hoursPerDay, hoursPerDay);
+    };
+    return {local(sky.SunRise), local(sky.SunSet)};
+}
+
+Json skyJson(const CityDay& day) {
+    const SunTimes sun = sunTimesOf(day);
+    const double altitude = day.sky.MoonAltitudeOnSunSet;
+    return object({{"sunrise", skyTimeJson(sun.rise)},
+                   {"sunset", skyTimeJson(sun.set)},
+                   {"moonrise", skyTimeJson(day.sky.MoonRise)},
+                   {"moonset", skyTimeJson(day.sky.MoonSet)},
+                   {"moon_altitude_at_sunset", altitude == missingMoonTime ? Json() : Json(altitude)}});
+}
+
+Json instantJson(const CityDay& day, double hours) {
+    if (hours == missingTime || isJulianCalendar(day.date)) return nullptr;
+    return isoMoment(instantOf(day, hours));
+}
+
+Json qiblaJson(const CityDay& day) {
+    return object({{"bearing", bearingOf(day.kible)}, {"text", formatting::getQiblaAngleStr(day.kible.K)}});
+}
+
+Json declinationJson(const CityDay& day) {
+    return object({{"degrees", day.declination}, {"model", magneticModel}, {"epoch", MagneticVariation::modelEpoch}});
+}
+
+double bearingOf(const KiblePair& kible) {
+    return kible.K > 0.0 ? 360.0 - kible.K : std::abs(kible.K);
+}
+
+Fallbacks fallbacksOf(const PrayTimes& times, int code) {
+    const int imsak = firstPrayer, noon = firstPrayer + 2, yatsi = lastMainPrayer;
+    Fallbacks fallbacks;
+    // Noon does not depend on the latitude.
+    fallbacks.latitude = times.isLatitudeChanged && code != noon;
+    fallbacks.earlierDay = (code == imsak && times.isImsakBeforeTime) || (code == yatsi && times.isIsaEvvelBeforeTime);
+    return fallbacks;
+}
+
+std::optional<double> computedLatitude(const PrayTimes& times) {
+    if (!times.isLatitudeChanged) return std::nullopt;
+    return times.newLat - std::copysign(1.0, times.newLat);  // newLat is the one before the last step
+}
+
+std::string latitudeNote(Session& session, double lowest, double highest) {
+    const auto text = [&session](double latitude) {
+        return fmt::format("{}° {}", decimal(session.texts(), std::abs(latitude), 1), latitude < 0.0 ? 'S' : 'N');
+    };
+    const std::string latitudes = lowest == highest ? text(lowest) : text(lowest) + " – " + text(highest);
+    return fmt::format(fmt::runtime(session.texts().fallbackLatitude), latitudes);
+}
+
+std::string Footnotes::latitudeMark(Session& session, const PrayTimes& times, int code) {
+    const bool isShown = timeOfPrayer(times, code) != missingTime && fallbacksOf(times, code).latitude;
+    if (!isShown) return "";
+    const double latitude = *computedLatitude(times);
+    return mark(latitudeNote(session, latitude, latitude));
+}
+
+std::string Footnotes::earlierDayMark(Session& session, const PrayTimes& times, int code) {
+    const bool isShown = timeOfPrayer(times, code) != missingTime && fallbacksOf(times, code).earlierDay;
+    if (!isShown) return "";
+    const Texts& texts = session.texts();
+    return mark(std::string(code == firstPrayer ? texts.fallbackImsak : texts.fallbackYatsi));
+}
+
+std::string Footnotes::mark(const std::string& text) {
+    auto found = std::find(texts_.begin(), texts_.end(), text);
+    if (found == texts_.end()) found = texts_.insert(texts_.end(), text);
+    return superscript(static_cast<std::size_t>(found - texts_.begin()) + 1);
+}
+
+std::vector<std::string> Footnotes::lines() const {
+    std::vector<std::string> lines;
+    for (std::size_t i = 0; i < texts_.size(); ++i) lines.push_back(superscript(i + 1) + " " + texts_[i]);
+    return lines;
+}
+
+std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
+                                           const VAKDate& last) {
+    const auto begin = civilDate(first), end = civilDate(last), present = civilDate(now);
+    std::vector<ZoneDisagreement> problems;
+    const auto check = [&](DayRange range) {
+        const auto found = checkZone({city.zone, city.rule}, range);
+        if (found && !found->unknownToSystem) problems.push_back(*found);
+    };
+    if (!present.ok() || !begin.ok() || !end.ok()) return problems;
+    const DayRange coming = twoYearsFrom(present);
+    check(coming);
+    const DayRange shown{begin, end};
+    if (shown.first < coming.first || shown.last > coming.last) check(shown);
+    return problems;
+}
+
+void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems) {
+    for (const ZoneDisagreement& problem : problems) {
+        const std::string text =
+            fmt::format(fmt::runtime(session.texts().zoneWarning), problem.zone, utcOffsetText(problem.storedHours),
+                        utcOffsetText(problem.systemHours), daysText(session, problem));
+        session.print(session.style().warning(wrapped("! " + text, pageWidth, 2)));
+    }
+}
+
+Json warningsJson(const std::vector<ZoneDisagreement>& problems) {
+    Json::Array warnings;
+    for (const ZoneDisagreement& problem : problems) warnings.emplace_back(describe(problem));
+    return warnings;
+}
+
+void printHowChosen(Session& session, const ChosenPlace& place) {
+    if (place.source != PlaceSource::systemZone && place.source != PlaceSource::fallback) return;
+    const Texts& texts = session.texts();
+    const std::string_view format =
+        place.source == PlaceSource::systemZone ? texts.chosenByZone : texts.chosenByDefault;
+    session.print();
+    session.print(session.style().dim(
+        wrapped(fmt::format(fmt::runtime(format), place.city.name, session.systemZoneText()), pageWidth, 0)));
+}
+
+}  // namespace quode::app

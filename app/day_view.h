@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// What the commands show of a day, in texts and in JSON.
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/command.h"
+#include "app/json.h"
+#include "app/place.h"
+#include "astro/MagneticVariation.h"
+#include "data/city_day.h"
+#include "data/zone_check.h"
+
+namespace quode::app {
+
+class Session;
+
+/// The names of the prayers 200 to 208 in JSON and CSV.
+std::string prayerKey(int code);
+
+// --- times
+/// The time of a prayer as the locale tells it, or with seconds; "--:--" when there is none.
+std::string clockText(Session& session, double hours, bool withSeconds = false);
+/// The same for rise and set of Sun and Moon, where everything negative is missing.
+std::string skyClockText(Session& session, double hours, bool withSeconds = false);
+/// "05:43", with 24 hours whatever the locale.
+std::string clock24(double hours);
+/// {"time": "05:43", "hours": 5.7163}, always with 24 hours; null when there is none.
+Json timeJson(double hours);
+Json skyTimeJson(double hours);
+/// "2 h 13 min", rounded up to the minute, as the difference of two clock texts is.
+std::string durationText(Session& session, std::chrono::seconds duration);
+
+// --- dates
+/// The day of --date; nothing when it was not given. Throws `Failure` (usage).
+std::optional<VAKDate> wishedDate(const Arguments& arguments);
+/// The present day of a place.
+VAKDate today(Session& session, const Site& site);
+std::string longDate(Session& session, const VAKDate& date);
+std::string dayAndMonth(Session& session, std::chrono::year_month_day date);
+/// The Hijri date by the table; nothing outside it.
+std::optional<VAKDate> hijriByTable(const VAKDate& date);
+std::string hijriText(Session& session, const VAKDate& hijri);
+Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char* calendar);
+
+// --- the sky
+struct SunTimes {
+    double rise = -1.0;  ///< local hours, or -1.0
+    double set = -1.0;
+};
+SunTimes sunTimesOf(const CityDay& day);
+
+Json skyJson(const CityDay& day);
+
+/// The instant of a time of a day as text; null when there is none, or when the day is of the Julian calendar.
+Json instantJson(const CityDay& day, double hours);
+
+/// The model of the Earth's magnetic field, by its name.
+inline constexpr const char* magneticModel = "IGRF-11";
+
+Json qiblaJson(const CityDay& day);
+Json declinationJson(const CityDay& day);
+
+/// The qibla in degrees clockwise from true north.
+double bearingOf(const KiblePair& kible);
+
+// --- fallbacks
+/// Which fallbacks a time comes from.
+struct Fallbacks {
+    bool latitude = false;    ///< computed for a latitude nearer to the equator
+    bool earlierDay = false;  ///< taken from an earlier day
+};
+Fallbacks fallbacksOf(const PrayTimes& times, int code);
+
+/// The latitude for which the times were computed; nothing when it is the place's own.
+std::optional<double> computedLatitude(const PrayTimes& times);
+
+/// "The Sun does not both rise and set here ...": the note for times that were computed for another latitude.
+/// latitudes  degrees, the lowest and the highest that were used
+std::string latitudeNote(Session& session, double lowest, double highest);
+
+/// Explanations below a table, numbered in the order in which they are needed.
+class Footnotes {
+  public:
+    // The mark of a time, such as "¹"; empty when it does not come from that fallback.
+    std::string latitudeMark(Session& session, const PrayTimes& times, int code);
+    std::string earlierDayMark(Session& session, const PrayTimes& times, int code);
+
+    /// The numbered explanations.
+    std::vector<std::string> lines() const;
+
+  private:
+    std::string mark(const std::string& text);
+
+    std::vector<std::string> texts_;
+};
+
+/// Where the stored clock rule of a city differs from the system's: in the two years from `now` on, and in a range of
+/// days that is shown.
+std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
+                                           const VAKDate& last);
+
+/// Prints these problems as warnings.
+void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems);
+Json warningsJson(const std::vector<ZoneDisagreement>& problems);
+
+/// Prints how the city was chosen when nobody named it.
+void printHowChosen(Session& session, const ChosenPlace& place);
+
+}  // namespace quode::app

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// The module behind "app/desktop.h".
+#include <signal.h>
+#include <systemd/sd-event.h>
+
+#include <memory>
+#include <stdexcept>
+
+#include "app/desktop.h"
+#include "platform/canberra_sound_player.h"
+#include "platform/sdbus_notifications.h"
+
+namespace quode::app {
+namespace {
+
+struct UnrefLoop {
+    void operator()(sd_event* loop) const { sd_event_unref(loop); }
+};
+using Loop = std::unique_ptr<sd_event, UnrefLoop>;
+
+int endLoop(sd_event_source* source, std::uint64_t, void*) {
+    return sd_event_exit(sd_event_source_get_event(source), 0);
+}
+
+/// A loop that ends after some time, or when the process is told to end.
+Loop newLoop(std::chrono::seconds time) {
+    sigset_t ending;
+    sigemptyset(&ending);
+    sigaddset(&ending, SIGTERM);
+    sigaddset(&ending, SIGINT);
+    sigprocmask(SIG_BLOCK, &ending, nullptr);
+    sd_event* made = nullptr;
+    if (sd_event_new(&made) < 0) throw std::runtime_error("The system gives no event loop.");
+    Loop loop(made);
+    sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
+    sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);
+    const auto count = static_cast<std::uint64_t>(std::chrono::microseconds(time).count());
+    sd_event_add_time_relative(made, nullptr, CLOCK_MONOTONIC, count, 0, &endLoop, nullptr);
+    return loop;
+}
+
+TrialResult ring(const TrialRing& trial) {
+    TrialResult result;
+    std::uint32_t number = 0;
+    const Loop loop = newLoop(trial.time);
+    const auto notifications = sdBusNotifications(loop.get());
+    const auto player = canberraSoundPlayer(loop.get());
+    const auto stopped = [&](std::uint32_t which) {
+        if (!result.isShown || which != number) return;
+        result.isStopped = true;
+        sd_event_exit(loop.get(), 0);
+    };
+    notifications->onAction = [&](std::uint32_t which, const std::string&) { stopped(which); };
+    notifications->onClosed = stopped;
+    player->onFailure = [&](std::string_view problem) {
+        result.soundProblem = problem;
+        if (!result.isShown) sd_event_exit(loop.get(), 0);  // nothing is left to wait for
+    };
+    const auto shown = notifications->show({trial.title, trial.body, {{"stop", trial.stopLabel}}});
+    result.isShown = shown.has_value();
+    number = shown.value_or(0);
+    player->play(trial.sound, trial.time);
+    if (result.isShown || result.soundProblem.empty()) sd_event_loop(loop.get());
+    player->stop();
+    if (result.isShown && !result.isStopped) notifications->close(number);
+    return result;
+}
+
+}  // namespace
+}  // namespace quode::app
+
+extern "C" const quode::app::Desktop quodeDesktop;
+const quode::app::Desktop quodeDesktop{&quode::checkNotifications, &quode::app::ring};

@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/place.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_data.h"
+#include "common/LanguagePack.h"
+#include "common/numbers.h"
+#include "data/posix_zone.h"
+
+namespace quode::app {
+namespace {
+
+constexpr int mecca = 104515;
+constexpr int suggestionCount = 5;
+
+struct Point {
+    double latitude = 0.0;
+    double longitude = 0.0;
+};
+
+/// The coordinates that a text gives; nothing when it is no pair of numbers.
+std::optional<Point> pointOf(std::string_view text) {
+    const std::size_t comma = text.find(',');
+    if (comma == std::string_view::npos) return std::nullopt;
+    const auto latitude = numberOf<double>(text.substr(0, comma));
+    const auto longitude = numberOf<double>(text.substr(comma + 1));
+    if (!latitude || !longitude) return std::nullopt;
+    return Point{*latitude, *longitude};
+}
+
+ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
+    const auto check = [](double value, double limit, const char* what) {
+        if (std::abs(value) <= limit) return;
+        throw Failure(ExitCode::usage, fmt::format("There is no {} of {} degrees: it lies between -{} and {}. "
+                                                   "Coordinates are LATITUDE,LONGITUDE, north and east positive.",
+                                                   what, value, limit, limit));
+    };
+    check(point.latitude, 90.0, "latitude");
+    check(point.longitude, 180.0, "longitude");
+    ChosenPlace place;
+    place.nearest = cities.nearest(point.latitude, point.longitude);
+    if (!place.nearest) throw Failure(ExitCode::notFound, "There is no city whose clock could be used there.");
+    const CityRecord& nearest = place.nearest->city;
+    place.city.name = coordinatesText(textsOf(languageEnglish), point.latitude, point.longitude);  // also in JSON
+    place.city.latitude = point.latitude;
+    place.city.longitude = point.longitude;
+    place.city.zone = nearest.zone;
+    place.city.rule = nearest.rule;
+    place.city.temkin = nearest.temkin;
+    return place;
+}
+
+std::string suggestions(Session& session, const std::vector<CityHit>& hits) {
+    if (hits.empty()) return " Coordinates are understood too: --city LATITUDE,LONGITUDE";
+    std::string text = " Did you mean one of these? Use the name or the id:";
+    for (const CityHit& hit : hits) {
+        text += fmt::format("\n  {:>9}  {}", hit.city.id, fullName(session, hit.city));
+        if (!hit.otherName.empty()) text += fmt::format(" ({})", hit.otherName);
+    }
+    return text;
+}
+
+CityRecord cityNamed(Session& session, std::string_view name) {
+    const std::vector<CityHit> named = session.cities().named(name, 1);
+    if (!named.empty()) return named.front().city;
+    const std::vector<CityHit> hits = session.cities().search(name, suggestionCount);
+    throw Failure(ExitCode::notFound, fmt::format("No city is called \"{}\".{}", name, suggestions(session, hits)));
+}
+
+ChosenPlace placeNamed(Session& session, std::string_view wish) {
+    wish = trimmed(wish);
+    if (wish.empty()) throw Failure(ExitCode::usage, "The name of the city is empty.");
+    if (const auto point = pointOf(wish)) return placeAt(session.cities(), *point);
+    ChosenPlace place;
+    if (const auto own = ownPlace(session, wish)) {
+        place.city = *own;
+    } else if (const auto id = numberOf<int>(wish)) {
+        const std::optional<CityRecord> city = session.cities().city(*id);
+        if (!city) {
+            throw Failure(ExitCode::notFound,
+                          fmt::format("No city has the id {}. Find one with: quode city search NAME", wish));
+        }
+        place.city = *city;
+    } else {
+        place.city = cityNamed(session, wish);
+    }
+    return place;
+}
+
+ChosenPlace placeOfVariable(Session& session, const std::string& value) {
+    try {
+        ChosenPlace place = placeNamed(session, value);
+        place.source = PlaceSource::environment;
+        return place;
+    } catch (const Failure& failure) {
+        throw Failure(failure.code(), "QUODE_CITY: " + std::string(failure.what()));
+    }
+}
+
+/// A clock that TZ gives without naming a zone, or that the system makes UTC because it names none, has no place.
+void tellOfNamelessZone(Session& session) {
+    const std::optional<std::string> value = session.variable("TZ");
+    const std::string remedy = " Name a zone, such as TZ=Europe/Istanbul, or choose your city: quode city home NAME";
+    if (!value) return writeMessage("The system does not tell the name of its time zone." + remedy);
+    const bool isRule = parsePosixZone(*value).has_value();
+    const char* problem = isRule ? "tells a clock, but no place" : "is no time zone that this system knows";
+    writeMessage(fmt::format("TZ is \"{}\", which {}.{}", *value, problem, remedy));
+}
+
+ChosenPlace placeOfSystem(Session& session) {
+    const std::string zone = session.systemZone();
+    if (zone.empty()) tellOfNamelessZone(session);
+    if (const auto city = session.cities().largestCityOfZone(zone)) return {*city, PlaceSource::systemZone, {}};
+    const auto city = session.cities().city(mecca);
+    if (!city) throw Failure(ExitCode::notFound, "Choose a city: quode city home NAME");
+    return {*city, PlaceSource::fallback, {}};
+}
+
+const char* sourceName(PlaceSource source) {
+    switch (source) {
+        case PlaceSource::argument:
+            return "argument";
+        case PlaceSource::environment:
+            return "environment";
+        case PlaceSource::home:
+            return "home";
+        case PlaceSource::systemZone:
+            return "system_zone";
+        default:
+            return "fallback";
+    }
+}
+
+}  // namespace
+
+ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish) {
+    if (wish) return placeNamed(session, *wish);
+    if (const auto variable = session.variable("QUODE_CITY")) {
+        return placeOfVariable(session, *variable);
+    }
+    if (const auto home = homeCity(session)) return {*home, PlaceSource::home, {}};
+    return placeOfSystem(session);
+}
+
+std::string regionAndCountry(Session& session, const CityRecord& city) {
+    const std::string& country = session.isTurkish() ? city.countryNameTr : city.countryNameEn;
+    const bool hasRegion = !city.region.empty() && city.region != city.countryNameEn && city.region != country;
+    return hasRegion ? city.region + ", " + country : country;
+}
+
+std::string fullName(Session& session, const CityRecord& city) {
+    return city.name + ", " + regionAndCountry(session, city);
+}
+
+void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates) {
+    const CityRecord& city = place.city;
+    const Style& style = session.style();
+    if (place.nearest) {
+        const std::string clock = fmt::format(fmt::runtime(session.texts().clockOfNearest), place.nearest->city.name,
+                                              std::lround(place.nearest->distanceKm));
+        const std::string coordinates = coordinatesText(session.texts(), city.latitude, city.longitude);
+        session.print(style.strong(coordinates) + "  " + style.dim(clock));
+        return;
+    }
+    const std::string where = regionAndCountry(session, city);
+    const std::string coordinates = coordinatesText(session.texts(), city.latitude, city.longitude);
+    const int used = displayWidth(city.name) + 2 + displayWidth(where);
+    if (!withCoordinates) return session.print(style.strong(city.name) + "  " + where);
+    const bool fits = used + 2 + displayWidth(coordinates) <= pageWidth;
+    session.print(style.strong(city.name) + "  " + where +
+                  (fits ? style.dim(padLeft(coordinates, pageWidth - used)) : ""));
+    if (!fits) session.print(style.dim(coordinates));
+}
+
+std::string coordinatesText(const Texts& texts, double latitude, double longitude) {
+    return fmt::format("{}° {}  {}° {}", decimal(texts, std::abs(latitude), 4), latitude < 0.0 ? 'S' : 'N',
+                       decimal(texts, std::abs(longitude), 4), longitude < 0.0 ? 'W' : 'E');
+}
+
+Json cityJson(const CityRecord& city) {
+    const auto known = [](auto value, bool isKnown) { return isKnown ? Json(value) : Json(); };
+    const auto text = [](const std::string& value) { return value.empty() ? Json() : Json(value); };
+    return object({{"id", known(city.id, city.id != 0)},
+                   {"name", city.name},
+                   {"region", text(city.region)},
+                   {"country", text(city.countryNameEn)},
+                   {"country_code", text(city.countryCode)},
+                   {"latitude", city.latitude},
+                   {"longitude", city.longitude},
+                   {"elevation", city.elevation},
+                   {"population", known(city.population, city.population > 0)},
+                   {"zone", city.zone}});
+}
+
+Json placeJson(const ChosenPlace& place) {
+    Json nearest;
+    if (place.nearest) {
+        nearest = object({{"id", place.nearest->city.id},
+                          {"name", place.nearest->city.name},
+                          {"distance_km", place.nearest->distanceKm}});
+    }
+    return object({{"city", cityJson(place.city)}, {"chosen_by", sourceName(place.source)}, {"clock_of", nearest}});
+}
+
+}  // namespace quode::app

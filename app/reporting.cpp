@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/reporting.h"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <exception>
+#include <system_error>
+
+#include "app/session.h"
+#include "app/terminal.h"
+#include "companion/UserDatabase.h"
+#include "data/attribution.h"
+
+namespace quode::app {
+
+std::string versionText(Session& session, const std::string& program) {
+    std::string edition;
+    try {
+        edition = session.cities().edition();
+    } catch (const CityDatabaseError& error) {
+        edition = error.what();
+    }
+    return fmt::format("{}\n\nCity database: {}\n{}\n", program, edition, dataAttribution);
+}
+
+ExitCode writtenOrFailed(const std::string& text, ExitCode code) {
+    switch (writeOutput(text)) {
+        case WriteResult::written:
+            return code;
+        case WriteResult::readerGone:  // as with "quode year | head": whoever reads has seen enough
+            return ExitCode::outputFailed;
+        default:
+            writeMessage("The output could not be written: " + std::system_category().message(errno) + ".");
+            return ExitCode::outputFailed;
+    }
+}
+
+ExitCode runReportingFailures(const std::function<ExitCode()>& run) {
+    try {
+        return run();
+    } catch (const Failure& failure) {
+        writeMessage(failure.what());
+        return failure.code();
+    } catch (const CityDatabaseError& error) {
+        writeMessage(error.what());
+        return ExitCode::damagedData;
+    } catch (const UserDatabaseError& error) {
+        writeMessage(error.what());
+        return error.reason() == UserDatabaseError::Reason::refused ? ExitCode::usage : ExitCode::userData;
+    } catch (const std::exception& error) {
+        writeMessage(std::string("Something unexpected happened: ") + error.what());
+        return ExitCode::internalError;
+    }
+}
+
+}  // namespace quode::app

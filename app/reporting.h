@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// How a program ends: what it writes, and what it says when something fails.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/failure.h"
+
+namespace quode::app {
+
+class Session;
+
+/// What a program shows of its edition: its name with its number, and the sources of the data.
+std::string versionText(Session& session, const std::string& program);
+
+/// Writes the output of a program. Returned: `code`, or that it could not be written, which is told.
+ExitCode writtenOrFailed(const std::string& text, ExitCode code);
+
+/// Runs a program; what it throws is told to the user.
+ExitCode runReportingFailures(const std::function<ExitCode()>& run);
+
+}  // namespace quode::app

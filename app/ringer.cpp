@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/ringer.h"
+
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_texts.h"
+#include "companion/UserEventStore.h"
+#include "companion/alarm_service.h"
+
+namespace quode::app {
+namespace {
+
+constexpr const char* startService = "systemctl --user enable --now quode-alarmd";
+
+std::filesystem::path configFolder(Session& session) {
+    const auto folder = session.variable("XDG_CONFIG_HOME");
+    if (folder && folder->starts_with('/')) return *folder;
+    return std::filesystem::path(session.variable("HOME").value_or("/")) / ".config";
+}
+
+void findProblem(Session& session, RingerState& state) {
+    const auto set = [&state](const char* problem, const char* remedy) {
+        state.problem = problem;
+        state.remedy = remedy;
+    };
+    const bool evolutionRings = evolutionSource(session).rings();
+    if (state.ringer == Ringer::evolution && !evolutionRings) {
+        set("Evolution was chosen to ring, but is not connected: nothing rings. Connect it:",
+            "quode calendar connect evolution --ring");
+    } else if (state.ringer == Ringer::quode && evolutionRings) {
+        set("Evolution rings beside Quode: every alarm comes twice. Let Quode ring alone:",
+            "quode settings ringer quode");
+    } else if (!state.serviceRuns && state.ringer == Ringer::quode) {
+        set("The alarm service is not running: nothing rings. Start it:", startService);
+    } else if (!state.serviceRuns) {
+        set("The alarm service is not running: Evolution rings each alarm once more, and then no more. Start it:",
+            startService);
+    }
+}
+
+}  // namespace
+
+EvolutionSource evolutionSource(Session& session) {
+    return EvolutionSource(configFolder(session));
+}
+
+RingerState ringerState(Session& session, const UserSettings& settings) {
+    RingerState state{settings.ringer, alarmServiceRuns(session.dataFolder()), "", ""};
+    findProblem(session, state);
+    return state;
+}
+
+void setRinger(Session& session, UserDatabase& database, Ringer ringer) {
+    EvolutionSource source = evolutionSource(session);
+    const auto tellEvolution = [&] {
+        if (!source.isConnected()) return;
+        const std::filesystem::path file =
+            UserEventStore(session.dataFolder(), CalendarLayout::ics).defaultCalendar().location;
+        const FileOutcome outcome = source.connect(std::filesystem::absolute(file), ringer == Ringer::evolution);
+        if (!outcome.ok) throw Failure(ExitCode::userData, outcome.message);
+    };
+    UserSettings settings = loadSettings(database);
+    settings.ringer = ringer;
+    if (ringer == Ringer::evolution) tellEvolution();
+    saveSettings(database, settings);
+    if (ringer == Ringer::quode) tellEvolution();
+}
+
+void printRinger(Session& session, const RingerState& state) {
+    const UserTexts& texts = userTextsOf(session.services().languageId());
+    const Style& style = session.style();
+    if (!state.isReady()) {
+        session.print(style.warning(wrapped("! " + state.problem, pageWidth, 2)));
+        return session.print("  " + state.remedy);
+    }
+    const std::string_view text = state.ringer == Ringer::quode ? texts.quodeRings : texts.evolutionRings;
+    session.print(style.dim(wrapped(text, pageWidth, 0)));
+}
+
+Json ringerJson(const RingerState& state) {
+    return object({{"program", state.ringer == Ringer::quode ? "quode" : "evolution"},
+                   {"alarm_service_runs", state.serviceRuns},
+                   {"problem", state.isReady() ? Json() : Json(state.problem)},
+                   {"remedy", state.isReady() ? Json() : Json(state.remedy)}});
+}
+
+}  // namespace quode::app

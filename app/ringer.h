@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "app/json.h"
+#include "companion/UserDatabase.h"
+#include "companion/UserSettings.h"
+#include "platform/evolution_source.h"
+
+namespace quode::app {
+
+class Session;
+
+/// Which program rings, and whether it will.
+struct RingerState {
+    Ringer ringer = Ringer::quode;
+    bool serviceRuns = false;
+    std::string problem;  ///< why it does not; empty when all is well
+    std::string remedy;   ///< the command that mends it
+
+    bool isReady() const { return problem.empty(); }
+};
+
+RingerState ringerState(Session& session, const UserSettings& settings);
+
+/// Chooses who rings from now on, and tells Evolution, when it is connected. Should that fail in between, both ring
+/// rather than none. Throws `UserDatabaseError`, and `Failure` when Evolution's description cannot be written.
+void setRinger(Session& session, UserDatabase& database, Ringer ringer);
+
+/// Says who rings, or warns that nobody does.
+void printRinger(Session& session, const RingerState& state);
+
+Json ringerJson(const RingerState& state);
+
+/// The description by which Evolution finds the calendar.
+EvolutionSource evolutionSource(Session& session);
+
+}  // namespace quode::app

@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/session.h"
+
+#include <array>
+
+#include "app/dates.h"
+#include "platform/folders.h"
+#include "platform/system_platform.h"
+
+namespace quode::app {
+namespace {
+
+/// The machine's clock, stopped at a moment.
+class StoppedClock : public Clock {
+  public:
+    StoppedClock(std::shared_ptr<Clock> clock, std::chrono::sys_seconds moment)
+        : clock_(std::move(clock)), moment_(moment) {}
+
+    TimePoint now() const override { return moment_; }
+    CivilTime civilTime(TimePoint moment) const override { return clock_->civilTime(moment); }
+    std::chrono::seconds utcOffset(TimePoint moment) const override { return clock_->utcOffset(moment); }
+    std::string zoneName() const override { return clock_->zoneName(); }
+
+  private:
+    std::shared_ptr<Clock> clock_;
+    std::chrono::sys_seconds moment_;
+};
+
+/// The habits of one locale with the month names of another.
+class TranslatedLocale : public Locale {
+  public:
+    TranslatedLocale(std::shared_ptr<Locale> habits, std::shared_ptr<Locale> names)
+        : habits_(std::move(habits)), names_(std::move(names)) {}
+
+    std::string amSymbol() const override { return habits_->amSymbol(); }
+    std::string pmSymbol() const override { return habits_->pmSymbol(); }
+    std::string monthName(int month) const override { return names_->monthName(month); }
+    std::string shortMonthName(int month) const override { return names_->shortMonthName(month); }
+    std::string weekdayName(int weekday) const override { return names_->weekdayName(weekday); }
+    std::string shortWeekdayName(int weekday) const override { return names_->shortWeekdayName(weekday); }
+    std::string decimalMark() const override { return names_->decimalMark(); }
+    std::string hourPattern() const override { return habits_->hourPattern(); }
+    std::string lowerCased(std::string_view text) const override { return habits_->lowerCased(text); }
+
+  private:
+    std::shared_ptr<Locale> habits_;
+    std::shared_ptr<Locale> names_;
+};
+
+/// "tr" for "tr_TR.UTF-8".
+std::string languageOfLocale(const std::string& locale) {
+    return locale.substr(0, locale.find_first_of("_.@-"));
+}
+
+/// What stands for a caption of the language pack that cannot be read.
+std::string_view plainCaption(int textId) {
+    switch (textId) {
+        case 1000:
+            return "Sun";
+        case 1001:
+            return "Moon";
+        case 1002:
+            return "Moon at sunset";
+        case 1003:
+            return "Time zone";
+        case 1013:
+            return "Qibla";
+        default:
+            return "";
+    }
+}
+
+/// The text without the colon at its end and the blanks around it, which may be no-break spaces.
+std::string withoutColon(std::string text) {
+    for (const std::string_view end : {" ", ":", "\u00a0", " "}) {
+        while (text.ends_with(end)) text.erase(text.size() - end.size());
+    }
+    return text;
+}
+
+}  // namespace
+
+Session::Session(Environment environment, const Wishes& wishes)
+    : environment_(std::move(environment)), wishes_(wishes), drawsOnTerminal_(isTerminal(environment_)) {
+    style_.colours = drawsOnTerminal_ && !wishes_.noColours && !nonEmpty(environment_, "NO_COLOR");
+}
+
+Session::~Session() = default;
+
+Clock& Session::clock() {
+    if (!clock_) {
+        clock_ = systemClock();
+        std::optional<std::chrono::sys_seconds> moment = wishes_.moment;
+        if (const auto value = variable("QUODE_NOW"); value && !moment) moment = parseMoment(*value);
+        if (moment) clock_ = std::make_shared<StoppedClock>(clock_, *moment);
+    }
+    return *clock_;
+}
+
+std::chrono::sys_seconds Session::now() {
+    return std::chrono::floor<std::chrono::seconds>(clock().now());
+}
+
+std::string Session::systemZone() {
+    return clock().zoneName();
+}
+
+std::string Session::systemZoneText() {
+    const std::string zone = systemZone();
+    return zone.empty() ? variable("TZ").value_or("?") : zone;
+}
+
+std::filesystem::path Session::dataFolder() const {
+    return dataFolderFrom(environment_);
+}
+
+std::filesystem::path Session::bundle() const {
+    return bundleFolderFrom(environment_, executablePath());
+}
+
+const CityDatabase& Session::cities() {
+    if (!cities_) cities_.emplace(CityDatabase::fileIn(bundle()));
+    return *cities_;
+}
+
+std::string Session::chosenLanguage() const {
+    if (wishes_.language) return *wishes_.language;
+    const std::optional<std::string> language = variable("QUODE_LANG");
+    if (!language) return "";
+    if (!languageIdOf(*language)) {
+        throw Failure(ExitCode::usage, "QUODE_LANG is one of tr, en, fr, de, not \"" + *language + "\".");
+    }
+    return *language;
+}
+
+GlobalFuncs& Session::services() {
+    if (services_ != nullptr) return *services_;
+    clock();
+    const std::string locale = localeNameFrom(environment_);
+    const std::string language = chosenLanguage();
+    Platform platform = systemPlatform();
+    platform.clock = clock_;
+    platform.eventStore = calendar_;
+    platform.dataFolder = dataFolder().string();
+    if (device_) platform.device = device_;
+    if (!language.empty() && language != languageOfLocale(locale)) {
+        platform.locale = std::make_shared<TranslatedLocale>(platform.locale, icuLocale(language));
+    }
+    services_ = &GlobalFuncs::startUp(platform);
+    services_->setApplicationBundlePath(bundle().string());
+    if (const auto& problem = services_->dataFolderProblem()) writeMessage(*problem);
+    services_->chooseLanguage(language.empty() ? languageOfLocale(locale) : language);
+    return *services_;
+}
+
+const Texts& Session::texts() {
+    return textsOf(services().languageId());
+}
+
+bool Session::isTurkish() {
+    return services().languageId() == languageTurkish;
+}
+
+GlobalFuncs& Session::servicesWithTexts() {
+    GlobalFuncs& shared = services();
+    if (textsAreLoaded_) return shared;
+    textsAreLoaded_ = true;
+    if (const auto problem = shared.loadLanguageFile()) {
+        complain(*problem + ". Plain names are shown instead. Install Quode again to repair this.",
+                 ExitCode::damagedData);
+    }
+    return shared;
+}
+
+std::string Session::prayerName(int code) {
+    constexpr std::array<const char*, 9> plainNames{"Imsak", "Gunes", "Ogle",    "Ikindi",     "Aksam",
+                                                    "Yatsi", "Israk", "AsrSani", "IsfirarSems"};
+    const char* plainName = plainNames.at(static_cast<std::size_t>(code - 200));
+    return servicesWithTexts().GetTextPrayLabels(code).value_or(plainName);
+}
+
+std::string Session::hijriMonth(int month) {
+    return servicesWithTexts().GetTextHijriMonth(month).value_or(std::to_string(month));
+}
+
+std::string Session::hijriMonthShort(int month) {
+    return servicesWithTexts().GetTextHijriMonthShort(month).value_or(std::to_string(month));
+}
+
+std::string Session::caption(int textId) {
+    std::string text = servicesWithTexts().GetKeyValue(textId).value_or("");
+    text.erase(std::min(text.size(), text.find("%@")));
+    return text.empty() ? std::string(plainCaption(textId)) : withoutColon(std::move(text));
+}
+
+std::string Session::monthName(int month) {
+    return services().GetTextGregorianMonth(month);
+}
+
+void Session::complain(std::string_view message, ExitCode code) {
+    writeMessage(message);
+    exitCode_ = code;
+}
+
+void Session::print(std::string_view line) {
+    output_ += line;
+    output_ += '\n';
+}
+
+}  // namespace quode::app

@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/failure.h"
+#include "app/json.h"
+#include "app/terminal.h"
+#include "app/texts.h"
+#include "common/GlobalFuncs.h"
+#include "data/CityDatabase.h"
+#include "platform/Device.h"
+#include "platform/Environment.h"
+#include "platform/EventStore.h"
+
+namespace quode::app {
+
+/// What a command works with: the clock, the cities, the words of the language, and the output. Each part is made when
+/// it is first asked for, so that a command pays only for what it shows.
+class Session {
+  public:
+    struct Wishes {
+        std::optional<std::string> language;  ///< "tr", "en", "fr" or "de"
+        bool json = false;
+        bool noColours = false;
+        std::optional<std::chrono::sys_seconds> moment = {};  ///< taken for now, before $QUODE_NOW
+    };
+
+    Session(Environment environment, const Wishes& wishes);
+    ~Session();
+
+    /// The present moment: that of $QUODE_NOW when it is set. Throws `Failure` when that is no moment.
+    std::chrono::sys_seconds now();
+
+    /// The name of the system's time zone; empty when it has none.
+    std::string systemZone();
+
+    /// The system's time zone as messages tell it: its name, else what TZ says.
+    std::string systemZoneText();
+
+    const CityDatabase& cities();
+
+    /// The clock of this system, stopped at $QUODE_NOW when that is set.
+    const Clock& deviceClock() { return clock(); }
+
+    const Environment& environment() const { return environment_; }
+
+    /// The folder of the user's files; it is made by `services`.
+    std::filesystem::path dataFolder() const;
+    std::filesystem::path bundle() const;
+
+    /// The calendar to which the shared services write alarms; to be told before they are first asked for.
+    void setCalendar(std::shared_ptr<EventStore> calendar) { calendar_ = std::move(calendar); }
+
+    /// The screen that the shared services measure, of a program that draws; to be told before they are first asked
+    /// for.
+    void setDevice(std::shared_ptr<Device> device) { device_ = std::move(device); }
+
+    /// The shared services, in the language that was chosen.
+    GlobalFuncs& services();
+    const Texts& texts();
+    bool isTurkish();
+
+    // Texts of the language pack. Without a usable pack there are plain names, and the problem is reported once.
+    std::string prayerName(int code);
+    std::string hijriMonth(int month);
+    std::string hijriMonthShort(int month);
+    /// The part of a caption before its placeholder, without the colon.
+    std::string caption(int textId);
+
+    /// The name of a Gregorian month, in the language that was asked for, else as the locale has it.
+    std::string monthName(int month);
+
+    /// A value of the environment; nothing when it is empty.
+    std::optional<std::string> variable(std::string_view name) const { return nonEmpty(environment_, name); }
+
+    bool wantsJson() const { return wishes_.json; }
+    const Style& style() const { return style_; }
+    bool drawsOnTerminal() const { return drawsOnTerminal_; }
+
+    /// Adds a line to the output.
+    void print(std::string_view line = "");
+    /// Adds a JSON document to the output.
+    void printJson(const Json& json) { output_ += json.text(); }
+    const std::string& output() const { return output_; }
+
+    /// What the program ends with after a command that did not fail.
+    ExitCode exitCode() const { return exitCode_; }
+
+    void endWith(ExitCode code) { exitCode_ = code; }
+
+    /// Tells that something is wrong, though the command goes on: a message, and what the program ends with.
+    void complain(std::string_view message, ExitCode code);
+
+  private:
+    Clock& clock();
+    GlobalFuncs& servicesWithTexts();
+    std::string chosenLanguage() const;
+
+    Environment environment_;
+    Wishes wishes_;
+    bool drawsOnTerminal_ = false;
+    Style style_;
+    std::shared_ptr<Clock> clock_;
+    std::shared_ptr<EventStore> calendar_;
+    std::shared_ptr<Device> device_;
+    std::optional<CityDatabase> cities_;
+    GlobalFuncs* services_ = nullptr;
+    bool textsAreLoaded_ = false;
+    std::string output_;
+    ExitCode exitCode_ = ExitCode::ok;
+};
+
+}  // namespace quode::app

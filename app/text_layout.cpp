@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/text_layout.h"
+
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+
+namespace quode::app {
+namespace {
+
+constexpr int columnGap = 2;
+
+int widthOf(UChar32 character) {
+    const auto type = u_charType(character);
+    if (type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK || type == U_FORMAT_CHAR) return 0;
+    const int eastAsian = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+    return eastAsian == U_EA_WIDE || eastAsian == U_EA_FULLWIDTH ? 2 : 1;
+}
+
+std::string blanks(int count) {
+    return std::string(static_cast<std::size_t>(std::max(0, count)), ' ');
+}
+
+}  // namespace
+
+int displayWidth(std::string_view text) {
+    int width = 0;
+    const icu::UnicodeString characters = icu::UnicodeString::fromUTF8({text.data(), static_cast<int>(text.size())});
+    for (int i = 0; i < characters.length(); i = characters.moveIndex32(i, 1)) width += widthOf(characters.char32At(i));
+    return width;
+}
+
+std::string padRight(std::string_view text, int width) {
+    return std::string(text) + blanks(width - displayWidth(text));
+}
+
+std::string padLeft(std::string_view text, int width) {
+    return blanks(width - displayWidth(text)) + std::string(text);
+}
+
+std::string wrapped(std::string_view text, int width, int indentation) {
+    std::string lines;
+    int column = 0;
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        text.remove_prefix(std::min(text.size(), word.size() + 1));
+        const int length = displayWidth(word);
+        if (column > 0 && column + 1 + length > width) {
+            lines += '\n';
+            lines += blanks(indentation);
+            column = indentation;
+        } else if (!lines.empty()) {
+            lines += ' ';
+            ++column;
+        }
+        lines += word;
+        column += length;
+    }
+    return lines;
+}
+
+std::vector<std::string> TextTable::lines() const {
+    std::vector<int> widths(columns_.size(), 0);
+    for (const auto& row : rows_) {
+        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], displayWidth(row[i]));
+    }
+    std::vector<std::string> lines;
+    for (const auto& row : rows_) {
+        std::string line;
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            if (widths[i] == 0) continue;
+            if (!line.empty()) line += blanks(columnGap);
+            line += columns_[i] == Align::left ? padRight(row[i], widths[i]) : padLeft(row[i], widths[i]);
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+}  // namespace quode::app

@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/user_alarms.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/place.h"
+#include "app/ringer.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_data.h"
+#include "app/user_texts.h"
+#include "companion/RingRecords.h"
+
+namespace quode::app {
+namespace {
+
+using std::chrono::sys_seconds;
+
+constexpr std::chrono::hours dayAhead{25};
+
+/// The first ring of each alarm.
+std::vector<AlarmOccurrence> nextRings(const CityRecord& city, const std::vector<UserAlarm>& alarms, sys_seconds now) {
+    std::vector<AlarmRule> rules;
+    for (const UserAlarm& alarm : alarms) rules.push_back({alarm.code, alarm.offset});
+    std::vector<AlarmOccurrence> next;
+    for (const AlarmOccurrence& each : alarmOccurrences(siteOf(city), rules, now, now + dayAhead)) {
+        const bool isLater = std::ranges::find(next, each.code, &AlarmOccurrence::code) != next.end();
+        if (!isLater) next.push_back(each);
+    }
+    return next;
+}
+
+std::vector<AlarmOccurrence> snoozedRings(UserDatabase& database, sys_seconds now) {
+    std::vector<AlarmOccurrence> rings;
+    for (const RingRecord& record : RingRecords(database).unfinished()) {
+        if (record.state != RingState::snoozed || record.ringAt <= now) continue;
+        rings.push_back(record.alarm);
+        rings.back().due = record.ringAt;
+    }
+    return rings;
+}
+
+std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const UserAlarm& alarm, bool isNext) {
+    const UserTexts& texts = userTextsOf(session.services().languageId());
+    const auto ring = std::ranges::find(all.coming, alarm.code, &AlarmOccurrence::code);
+    const bool comes = ring != all.coming.end();
+    std::vector<std::string> row{isNext ? "›" : " ", session.prayerName(alarm.code),
+                                 clockText(session, comes ? ring->hours : missingTime),
+                                 std::string(alarm.isOn ? texts.on : texts.off)};
+    const bool isSetUp = alarm.isOn || !alarm.sound.empty();
+    if (!isSetUp) return row;
+    row.push_back(comes ? clockAt(session, *all.city, ring->due) : "--:--");
+    row.push_back(offsetText(session, alarm.offset));
+    row.push_back(soundOf(all, alarm));
+    return row;
+}
+
+void printTable(Session& session, const UserAlarms& all) {
+    using Align = TextTable::Align;
+    const std::vector<AlarmOccurrence> rings = all.rings();
+    TextTable table({Align::left, Align::left, Align::right, Align::left, Align::right, Align::left, Align::left});
+    for (const UserAlarm& alarm : all.alarms) {
+        table.add(rowOf(session, all, alarm, !rings.empty() && rings.front().code == alarm.code));
+    }
+    const std::vector<std::string> lines = table.lines();
+    const Style& style = session.style();
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const bool isNext = lines[i].starts_with("›");
+        const bool isOn = all.alarms[i].isOn;
+        session.print(isNext ? style.strong(lines[i]) : isOn ? lines[i] : style.dim(lines[i]));
+    }
+}
+
+Json alarmsJson(Session& session, const UserAlarms& all) {
+    Json::Array alarms;
+    for (const UserAlarm& alarm : all.alarms) {
+        const auto ring = std::ranges::find(all.coming, alarm.code, &AlarmOccurrence::code);
+        alarms.push_back(object({{"code", alarm.code},
+                                 {"key", prayerKey(alarm.code)},
+                                 {"name", session.prayerName(alarm.code)},
+                                 {"on", alarm.isOn},
+                                 {"offset_minutes", alarm.offset},
+                                 {"sound", soundOf(all, alarm)},
+                                 {"next", ring == all.coming.end() ? Json() : ringJson(session, all, *ring)}}));
+    }
+    return alarms;
+}
+
+}  // namespace
+
+bool UserAlarms::anyIsOn() const {
+    return std::ranges::any_of(alarms, &UserAlarm::isOn);
+}
+
+bool UserAlarms::isSnoozed(const AlarmOccurrence& ring) const {
+    return std::ranges::find(snoozed, ring) != snoozed.end();
+}
+
+std::vector<AlarmOccurrence> UserAlarms::rings() const {
+    std::vector<AlarmOccurrence> rings = snoozed;
+    std::ranges::copy_if(coming, std::back_inserter(rings),
+                         [this](const AlarmOccurrence& each) { return alarm(each.code).isOn; });
+    std::ranges::stable_sort(rings, {}, &AlarmOccurrence::due);
+    return rings;
+}
+
+UserAlarms readAlarms(Session& session) {
+    std::optional<UserDatabase> database = userDatabaseToRead(session);
+    if (database) return readAlarms(session, *database);
+    UserAlarms all;
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) all.alarms.emplace_back().code = code;
+    all.city = session.cities().largestCityOfZone(session.systemZone());  // with which a user database begins
+    if (all.city) all.coming = nextRings(*all.city, all.alarms, session.now());
+    return all;
+}
+
+UserAlarms readAlarms(Session& session, UserDatabase& database) {
+    UserAlarms all;
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) all.alarms.push_back(database.alarm(code));
+    all.settings = loadSettings(database);
+    all.snoozed = snoozedRings(database, session.now());
+    const std::optional<UserCity> home = database.home();
+    if (!home || !home->city) return all;
+    all.city = home->city;
+    all.coming = nextRings(*all.city, all.alarms, session.now());
+    return all;
+}
+
+std::string soundOf(const UserAlarms& all, const UserAlarm& alarm) {
+    return alarm.sound.empty() ? all.settings.defaultSound : alarm.sound;
+}
+
+std::string offsetText(Session& session, int minutes) {
+    const UserTexts& texts = userTextsOf(session.services().languageId());
+    if (minutes == 0) return std::string(texts.atTheTime);
+    return fmt::format(fmt::runtime(minutes < 0 ? texts.before : texts.after), std::abs(minutes));
+}
+
+std::string clockAt(Session& session, const CityRecord& city, sys_seconds instant) {
+    const VAKDate clock = wallClock(city.rule, instant);
+    return session.services().timeLeadingZero(clock.Hours, clock.Minutes);
+}
+
+std::string timeUntil(Session& session, const CityRecord& city, sys_seconds instant) {
+    const Texts& texts = session.texts();
+    const std::string left = fmt::format(fmt::runtime(texts.in), durationText(session, instant - session.now()));
+    const bool isToday = sameDay(wallClock(city.rule, instant), today(session, siteOf(city)));
+    return isToday ? left : std::string(texts.tomorrow) + ", " + left;
+}
+
+void printAlarmCity(Session& session, const UserAlarms& all) {
+    session.print(session.style().strong(all.city->name) + "  " + regionAndCountry(session, *all.city));
+    session.print();
+}
+
+Json ringJson(Session& session, const UserAlarms& all, const AlarmOccurrence& ring) {
+    return object({{"code", ring.code},
+                   {"key", prayerKey(ring.code)},
+                   {"name", session.prayerName(ring.code)},
+                   {"instant", isoMoment(ring.due)},
+                   {"seconds_left", (ring.due - session.now()).count()},
+                   {"prayer_instant", isoMoment(ring.prayer)},
+                   {"prayer_time", clock24(ring.hours)},
+                   {"date", isoDate(ring.date)},
+                   {"snoozed", all.isSnoozed(ring)},
+                   {"sound", soundOf(all, all.alarm(ring.code))}});
+}
+
+void showAlarms(Session& session, const UserAlarms& all) {
+    const RingerState ringer = ringerState(session, all.settings);
+    if (session.wantsJson()) {
+        return session.printJson(object({{"city", all.city ? cityJson(*all.city) : Json()},
+                                         {"alarms", alarmsJson(session, all)},
+                                         {"ringer", ringerJson(ringer)}}));
+    }
+    if (all.city) {
+        printAlarmCity(session, all);
+    } else {
+        session.print(userTextsOf(session.services().languageId()).noCities);
+        session.print();
+    }
+    printTable(session, all);
+    if (!all.anyIsOn()) return;
+    session.print();
+    printRinger(session, ringer);
+}
+
+}  // namespace quode::app

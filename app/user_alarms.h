@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// The user's alarms: when they ring, and what is told of them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/json.h"
+#include "companion/UserDatabase.h"
+#include "companion/UserSettings.h"
+
+namespace quode::app {
+
+class Session;
+
+/// What is known of the user's alarms.
+struct UserAlarms {
+    std::optional<CityRecord> city;        ///< for which they ring; without one none does
+    std::vector<UserAlarm> alarms;         ///< the six, in the order of the day
+    std::vector<AlarmOccurrence> coming;   ///< the next ring of each within a day, on or off, in the order of time
+    std::vector<AlarmOccurrence> snoozed;  ///< rings to be repeated; `due` is when
+    UserSettings settings;
+
+    const UserAlarm& alarm(int code) const { return alarms.at(static_cast<std::size_t>(code - 200)); }
+
+    bool anyIsOn() const;
+    bool isSnoozed(const AlarmOccurrence& ring) const;
+
+    /// The rings to come of the alarms that are on, and the repeated ones, in the order of time.
+    std::vector<AlarmOccurrence> rings() const;
+};
+
+/// Reads them; without a user database all are off. Throws `UserDatabaseError`.
+UserAlarms readAlarms(Session& session);
+UserAlarms readAlarms(Session& session, UserDatabase& database);
+
+/// The sound of an alarm, that of the settings when it has none.
+std::string soundOf(const UserAlarms& all, const UserAlarm& alarm);
+
+/// "15 min before".
+std::string offsetText(Session& session, int minutes);
+
+/// The wall clock at the place of an instant, as the locale tells it.
+std::string clockAt(Session& session, const CityRecord& city, std::chrono::sys_seconds instant);
+
+/// "in 2 h 13 min", after "tomorrow" where that is the day at the place.
+std::string timeUntil(Session& session, const CityRecord& city, std::chrono::sys_seconds instant);
+
+/// Prints the city whose times ring, and a blank line.
+void printAlarmCity(Session& session, const UserAlarms& all);
+
+/// Shows the six alarms with their next rings and, where one is on, which program rings; as text or JSON.
+void showAlarms(Session& session, const UserAlarms& all);
+
+Json ringJson(Session& session, const UserAlarms& all, const AlarmOccurrence& ring);
+
+}  // namespace quode::app
