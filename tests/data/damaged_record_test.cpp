@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // A record that was changed behind the program's back is refused, whichever table holds the change.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
