@@ -1,0 +1,134 @@
+// A convention is everything that a published timetable adds to the geometry of the Sun, as plain data. Adding one is
+// adding a record to the table in conventions/table.cpp.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace quode::conventions {
+
+/// The six times that every convention defines, in the order of the day.
+enum class Prayer { fajr, sunrise, dhuhr, asr, maghrib, isha };
+inline constexpr int prayerCount = 6;
+
+/// How a time becomes a minute of the clock. Halves round up.
+enum class Rounding { nearest, up, down };
+
+/// The instant for which the place of the Sun is taken.
+enum class SunMoment {
+    event,      ///< that of the event itself
+    startOfDay  ///< 0 h UT of the civil date, for every event of that date
+};
+
+/// What fixes a time before its minutes are added.
+enum class Basis {
+    horizon,       ///< upper limb on the horizon: the centre 50' below it
+    depression,    ///< the centre of the Sun at an angle below the horizon
+    transit,       ///< the Sun on the meridian
+    shadow,        ///< the shadow has grown by a factor of the object's length
+    afterMaghrib,  ///< an interval after the published Maghrib
+};
+
+/// The rule of one time.
+struct PrayerRule {
+    Basis basis = Basis::horizon;
+    double angle = 0.0;    ///< of a depression, degrees
+    double minutes = 0.0;  ///< added to the time; of `afterMaghrib` the interval
+    Rounding rounding = Rounding::nearest;
+    SunMoment moment = SunMoment::event;
+    double ramadanMinutes = 0.0;  ///< instead of `minutes` in Ramadan, when not 0
+};
+
+/// What happens where the Sun does not sink as deep as an angle asks for.
+enum class HighLatitudeRule {
+    none,                  ///< the time stays empty
+    middleOfNight,         ///< not beyond half of the night
+    oneSeventh,            ///< within the last and first seventh of the night
+    angleBased,            ///< within angle/60 of the night
+    nearestLatitude,       ///< the interval to sunrise or sunset that holds at 48.5 degrees, put on the local ones
+    nearestLatitudeClock,  ///< the clock time that holds at 48.5 degrees on the same meridian
+    nearestDay,            ///< the interval to noon of the nearest date on which the angle is reached
+    moonsighting,          ///< minutes that change with season and latitude; general twilight
+    moonsightingAhmer,     ///< the same until the red twilight ends
+    moonsightingAbyad,     ///< the same until the white twilight ends
+    diyanetNorth,          ///< a part of the night fixed in spring, with ramps before and after
+};
+
+struct HighLatitudeName {
+    HighLatitudeRule rule;
+    std::string_view key;      ///< as users type it
+    std::string_view meaning;  ///< in a line
+};
+std::span<const HighLatitudeName> highLatitudeNames();
+std::string_view keyOf(HighLatitudeRule rule);
+std::optional<HighLatitudeRule> highLatitudeRuleOf(std::string_view key);
+
+/// How the height of a place changes its times.
+enum class HeightRule {
+    none,
+    dip,    ///< the dip of the horizon is added to the depressions of Fajr, sunrise, Maghrib and Isha
+    steps,  ///< whole minutes by steps of height for sunrise and Maghrib; only for a height that the user gives
+};
+
+/// For which point a table is computed.
+enum class PointRule {
+    place,       ///< the place itself
+    published,   ///< the point of the authority, for places near it
+    jakimZones,  ///< the point of the zone that the place belongs to
+};
+
+/// A point from which an authority computes for all places near it.
+struct ReferencePoint {
+    std::string_view name;
+    double latitude = 0.0, longitude = 0.0;  ///< degrees
+    double reach = 0.0;                      ///< kilometres from the point within which it stands for a place
+};
+
+/// Another form of a convention from a northern latitude on.
+struct NorthernForm {
+    double fromLatitude = 100.0;  ///< degrees; beyond the pole: there is none
+    double ishaAngle = 0.0;
+    HighLatitudeRule rule = HighLatitudeRule::none;
+};
+
+/// Who computes the times.
+enum class Computation {
+    engine,  ///< Quode's own engine, with its margin
+    rules,   ///< the rules of this record
+};
+
+struct Convention {
+    std::string_view key;        ///< as users type it: "diyanet"
+    std::string_view name;       ///< "Diyanet, Türkiye"
+    std::string_view authority;  ///< the body in full
+    std::string_view countries;  ///< ISO codes of the countries where it is usual, separated by blanks
+    Computation computation = Computation::rules;
+    std::array<PrayerRule, prayerCount> rules{};
+    int asrFactor = 1;  ///< the usual one; users may choose the other
+    HeightRule height = HeightRule::none;
+    HighLatitudeRule highLatitude = HighLatitudeRule::middleOfNight;
+    NorthernForm north = {};
+    PointRule point = PointRule::place;
+    std::span<const ReferencePoint> points = {};
+    bool isCommonDefinition = false;        ///< as programs carry it for years, without a recipe of the body itself
+    std::string_view source = {};           ///< where the parameters come from
+    std::string_view remark = {};           ///< what users have to know; may be empty
+    std::string_view sampleAuthority = {};  ///< the name of the authority in the published rows; empty without rows
+
+    constexpr const PrayerRule& rule(Prayer prayer) const { return rules[static_cast<std::size_t>(prayer)]; }
+    constexpr PrayerRule& rule(Prayer prayer) { return rules[static_cast<std::size_t>(prayer)]; }
+};
+
+/// All conventions; the first is the default.
+std::span<const Convention> allConventions();
+const Convention& defaultConvention();
+
+/// The convention of a key, whatever its case; nullptr when there is none.
+const Convention* findConvention(std::string_view key);
+
+/// The convention usual in a country (ISO code of two letters); nullptr where none is known.
+const Convention* usualIn(std::string_view countryCode);
+
+}  // namespace quode::conventions

@@ -1,0 +1,170 @@
+#include "conventions/Method.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <vector>
+
+#include "conventions/JakimZones.h"
+
+namespace quode::conventions {
+namespace {
+
+constexpr std::array<std::string_view, prayerCount> prayerNames = {"fajr", "sunrise", "dhuhr",
+                                                                   "asr",  "maghrib", "isha"};
+constexpr double smallestAngle = 5.0, largestAngle = 25.0;  // degrees
+constexpr double largestHeight = 9000.0;                    // metres
+constexpr int largestAdjustment = 120;                      // minutes
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    for (;;) {
+        const std::size_t end = text.find(separator);
+        parts.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+template <typename Number>
+std::optional<Number> numberOf(std::string_view text) {
+    Number value{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+std::string shortest(double value) {
+    std::array<char, 32> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), result.ptr};
+}
+
+bool readAdjustments(std::string_view text, Method& method) {
+    const auto parts = split(text, ',');
+    if (parts.size() != prayerCount) return false;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const auto minutes = numberOf<int>(parts[i]);
+        if (!minutes) return false;
+        method.adjust[i] = *minutes;
+    }
+    return true;
+}
+
+bool readPart(std::string_view part, Method& method) {
+    const std::size_t equals = part.find('=');
+    if (equals == std::string_view::npos) return false;
+    const std::string_view name = part.substr(0, equals), value = part.substr(equals + 1);
+    const auto into = [&](auto& target) {
+        const auto number = numberOf<double>(value);
+        if (number) target = *number;
+        return number.has_value();
+    };
+    if (name == "asr") {
+        method.asrFactor = numberOf<int>(value).value_or(-1);
+        return true;
+    }
+    if (name == "high-latitude") {
+        method.highLatitude = highLatitudeRuleOf(value);
+        return method.highLatitude.has_value();
+    }
+    if (name == "fajr-angle") return into(method.fajrAngle);
+    if (name == "isha-angle") return into(method.ishaAngle);
+    if (name == "height") return into(method.height);
+    if (name == "adjust") return readAdjustments(value, method);
+    if (name == "zone") method.zone = value;
+    return name == "zone";
+}
+
+bool isAngle(const std::optional<double>& angle) {
+    return !angle || (std::isfinite(*angle) && *angle >= smallestAngle && *angle <= largestAngle);
+}
+
+/// Whether a method changes more than the finished minutes and the shadow.
+bool changesRules(const Method& method) {
+    return method.highLatitude || method.fajrAngle || method.ishaAngle || method.height || !method.zone.empty();
+}
+
+}  // namespace
+
+std::string textOf(const Method& method) {
+    std::string text = method.key;
+    const auto add = [&text](std::string_view name, const std::string& value) {
+        text.append(" ").append(name).append("=").append(value);
+    };
+    if (method.asrFactor != 0) add("asr", std::to_string(method.asrFactor));
+    if (method.highLatitude) add("high-latitude", std::string(keyOf(*method.highLatitude)));
+    if (method.fajrAngle) add("fajr-angle", shortest(*method.fajrAngle));
+    if (method.ishaAngle) add("isha-angle", shortest(*method.ishaAngle));
+    if (method.height) add("height", shortest(*method.height));
+    if (!method.zone.empty()) add("zone", method.zone);
+    if (method.adjust != Method{}.adjust) {
+        std::string list;
+        for (const int minutes : method.adjust) list.append(list.empty() ? "" : ",").append(std::to_string(minutes));
+        add("adjust", list);
+    }
+    return text;
+}
+
+std::optional<Method> methodOf(std::string_view text) {
+    const auto parts = split(text, ' ');
+    Method method;
+    method.key = parts.front();
+    for (std::size_t i = 1; i < parts.size(); ++i) {
+        if (!readPart(parts[i], method)) return std::nullopt;
+    }
+    if (problemOf(method)) return std::nullopt;
+    return method;
+}
+
+std::optional<Convention> conventionOf(const Method& method) {
+    const Convention* found = findConvention(method.key);
+    if (found == nullptr) return std::nullopt;
+    Convention convention = *found;
+    if (method.asrFactor != 0) convention.asrFactor = method.asrFactor;
+    if (method.highLatitude) convention.highLatitude = convention.north.rule = *method.highLatitude;
+    if (method.fajrAngle) convention.rule(Prayer::fajr).angle = *method.fajrAngle;
+    if (method.ishaAngle) {
+        PrayerRule& isha = convention.rule(Prayer::isha);
+        if (isha.basis == Basis::afterMaghrib) isha = {Basis::depression, 0.0, 0.0, isha.rounding, isha.moment};
+        isha.angle = convention.north.ishaAngle = *method.ishaAngle;
+    }
+    return convention;
+}
+
+std::optional<std::string> problemOf(const Method& method) {
+    const Convention* convention = findConvention(method.key);
+    if (convention == nullptr) {
+        return "No method is called \"" + method.key + "\". Show them with: quode method list";
+    }
+    if (convention->computation == Computation::engine && changesRules(method)) {
+        return "The method \"quode\" has its own rules; only the shadow of Asr and minutes can be changed. Choose "
+               "another one, such as mwl, for other angles.";
+    }
+    if (method.asrFactor < 0 || method.asrFactor > 2) return "The shadow of Asr is \"standard\" or \"hanafi\".";
+    if (!isAngle(method.fajrAngle) || !isAngle(method.ishaAngle)) return "An angle lies between 5 and 25 degrees.";
+    if (method.height && !(*method.height >= 0.0 && *method.height <= largestHeight)) {
+        return "A height lies between 0 and 9000 metres.";
+    }
+    for (const int minutes : method.adjust) {
+        if (std::abs(minutes) > largestAdjustment) return "An adjustment lies between -120 and 120 minutes.";
+    }
+    const auto zones = jakimZones();
+    if (!method.zone.empty() && (convention->point != PointRule::jakimZones ||
+                                 std::ranges::find(zones, method.zone, &JakimZone::key) == zones.end())) {
+        return "No zone of this method is called \"" + method.zone + "\". Show them with: quode method show jakim";
+    }
+    return std::nullopt;
+}
+
+std::string_view nameOf(Prayer prayer) {
+    return prayerNames[static_cast<std::size_t>(prayer)];
+}
+
+std::optional<Prayer> prayerNamed(std::string_view name) {
+    const auto found = std::ranges::find(prayerNames, name);
+    if (found == prayerNames.end()) return std::nullopt;
+    return static_cast<Prayer>(found - prayerNames.begin());
+}
+
+}  // namespace quode::conventions

@@ -1,0 +1,11 @@
+#include "random_cases.h"
+
+namespace quode::conventions {
+namespace {
+
+TEST(Conventions, giveFiniteTimesInOrderEverywhere) {
+    checkRandomCases(20261, 3000);
+}
+
+}  // namespace
+}  // namespace quode::conventions
