@@ -12,7 +12,6 @@
 namespace quode::app {
 namespace {
 
-constexpr int codeBeforeFirst = 199;
 constexpr const char* noEvent = "The alarm has no event in the calendar.";
 
 }  // namespace
@@ -96,7 +95,7 @@ void AlarmCalendar::seeToIt(int code, bool isOn) {
     UserConnection& connection = database_->connection();
     connection.setPatience({});  // the operation has waited already
     connection.change([&] {
-        connection.run("UPDATE USER_ALARMS SET ACTIVE = ? WHERE TIMEID = ?", {isOn ? 1 : 0, code - codeBeforeFirst});
+        connection.run("UPDATE USER_ALARMS SET ACTIVE = ? WHERE TIMEID = ?", {isOn ? 1 : 0, alarmNumber(code)});
     });
 }
 

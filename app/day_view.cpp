@@ -55,9 +55,7 @@ std::string superscript(std::size_t number) {
 }  // namespace
 
 std::string prayerKey(int code) {
-    constexpr std::array<const char*, 9> keys{"imsak", "gunes", "ogle",     "ikindi",      "aksam",
-                                              "yatsi", "israk", "asr_sani", "isfirar_sems"};
-    return keys.at(static_cast<std::size_t>(code - firstPrayer));
+    return factsOf(code).key;
 }
 
 std::string clockText(Session& session, double hours, bool withSeconds) {
@@ -171,11 +169,11 @@ double bearingOf(const KiblePair& kible) {
 }
 
 Fallbacks fallbacksOf(const PrayTimes& times, int code) {
-    const int imsak = firstPrayer, noon = firstPrayer + 2, yatsi = lastMainPrayer;
+    const PrayerFacts& facts = factsOf(code);
     Fallbacks fallbacks;
     // Noon does not depend on the latitude.
-    fallbacks.latitude = times.isLatitudeChanged && code != noon;
-    fallbacks.earlierDay = (code == imsak && times.isImsakBeforeTime) || (code == yatsi && times.isIsaEvvelBeforeTime);
+    fallbacks.latitude = times.isLatitudeChanged && facts.prayer != Prayer::dhuhr;
+    fallbacks.earlierDay = facts.isEarlierDay != nullptr && times.*facts.isEarlierDay;
     return fallbacks;
 }
 

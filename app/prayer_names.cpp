@@ -4,7 +4,6 @@
 
 #include <fmt/format.h>
 
-#include <array>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -20,13 +19,7 @@
 namespace quode::app {
 namespace {
 
-/// The keys of the six prayers in the language packs, in the order of the day.
-constexpr std::array<const char*, 6> packKeys{"FAJR", "TULU", "DHUHR", "ASR", "MAGHRIB", "ISHA"};
 constexpr const char* packSection = "PRAYERS";
-
-int codeAt(std::size_t index) {
-    return firstPrayer + static_cast<int>(index);
-}
 
 /// The pack of a language; an empty one when it cannot be read.
 LanguagePack packOf(const Session& session, int languageId) {
@@ -39,18 +32,21 @@ LanguagePack packOf(const Session& session, int languageId) {
 }
 
 std::optional<int> prayerByKey(const std::string& folded) {
-    for (std::size_t i = 0; i < packKeys.size(); ++i) {
-        if (folded == foldedName(packKeys[i]) || folded == prayerKey(codeAt(i))) return codeAt(i);
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        const PrayerFacts& facts = factsOf(code);
+        for (const char* name : {facts.key, facts.packKey, facts.plainName}) {
+            if (folded == foldedName(name)) return code;
+        }
     }
     const std::optional<int> number = numberOf<int>(folded);
-    if (number && *number >= 1 && *number <= static_cast<int>(packKeys.size())) return firstPrayer + *number - 1;
+    if (number && *number >= 1 && *number <= alarmNumber(lastMainPrayer)) return prayerOfAlarm(*number);
     return std::nullopt;
 }
 
 std::optional<int> prayerInPack(const LanguagePack& pack, const std::string& folded) {
-    for (std::size_t i = 0; i < packKeys.size(); ++i) {
-        const std::optional<std::string> name = pack.text(packSection, packKeys[i]);
-        if (name && foldedName(*name) == folded) return codeAt(i);
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        const std::optional<std::string> name = pack.text(packSection, factsOf(code).packKey);
+        if (name && foldedName(*name) == folded) return code;
     }
     return std::nullopt;
 }

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/session.h"
 
-#include <array>
 
 #include "app/dates.h"
+#include "common/prayer.h"
 #include "platform/folders.h"
 #include "platform/system_platform.h"
 
@@ -174,10 +174,7 @@ GlobalFuncs& Session::servicesWithTexts() {
 }
 
 std::string Session::prayerName(int code) {
-    constexpr std::array<const char*, 9> plainNames{"Imsak", "Gunes", "Ogle",    "Ikindi",     "Aksam",
-                                                    "Yatsi", "Israk", "AsrSani", "IsfirarSems"};
-    const char* plainName = plainNames.at(static_cast<std::size_t>(code - 200));
-    return servicesWithTexts().GetTextPrayLabels(code).value_or(plainName);
+    return servicesWithTexts().GetTextPrayLabels(code).value_or(factsOf(code).plainName);
 }
 
 std::string Session::hijriMonth(int month) {

@@ -22,7 +22,7 @@ struct UserAlarms {
     std::vector<AlarmOccurrence> snoozed;  ///< rings to be repeated; `due` is when
     UserSettings settings;
 
-    const UserAlarm& alarm(int code) const { return alarms.at(static_cast<std::size_t>(code - 200)); }
+    const UserAlarm& alarm(int code) const { return alarms.at(static_cast<std::size_t>(code - firstPrayer)); }
 
     bool anyIsOn() const;
     bool isSnoozed(const AlarmOccurrence& ring) const;

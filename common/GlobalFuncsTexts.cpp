@@ -1,19 +1,12 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // The texts of the shared services: language pack and month names.
-#include <array>
 #include <exception>
 
 #include "common/GlobalFuncs.h"
+#include "common/prayer.h"
 
 namespace quode {
-namespace {
-
-constexpr std::int32_t firstPrayerId = 200;
-constexpr std::array<std::string_view, 9> prayerKeys{"FAJR", "TULU",   "DHUHR",    "ASR",    "MAGHRIB",
-                                                     "ISHA", "ISHRAQ", "ASRTHANI", "I-SHAMS"};
-
-}  // namespace
 
 std::optional<std::string> GlobalFuncs::loadLanguageFile() noexcept {
     langPack_ = LanguagePack();
@@ -34,9 +27,7 @@ std::optional<std::string> GlobalFuncs::loadLanguageFile() noexcept {
 }
 
 std::optional<std::string> GlobalFuncs::GetTextPrayLabels(std::int32_t id) const {
-    if (id < firstPrayerId) return std::nullopt;
-    const auto index = static_cast<std::size_t>(id - firstPrayerId);
-    return index < prayerKeys.size() ? langPack_.text("PRAYERS", prayerKeys[index]) : std::nullopt;
+    return isPrayer(id) ? langPack_.text("PRAYERS", factsOf(id).packKey) : std::nullopt;
 }
 
 std::optional<std::string> GlobalFuncs::GetTextHijriMonth(std::int32_t month) const {

@@ -17,7 +17,6 @@ namespace {
 using std::chrono::seconds;
 using std::chrono::sys_seconds;
 
-constexpr int codeBeforeFirst = 199;
 constexpr const char* columns = "TIMEID, DUE, PRAYER, HOURS, DAY, STATE, RINGAT, NOTIFICATION";
 constexpr const char* decidedName = "alarm.decided";
 constexpr long long week = 7 * 24 * 3600;
@@ -47,7 +46,7 @@ VAKDate dateOf(const std::string& text) {
 // The record of the present row.
 RingRecord recordOf(sqlite3_stmt* row) {
     RingRecord record;
-    record.alarm.code = sqlite3_column_int(row, 0) + codeBeforeFirst;
+    record.alarm.code = prayerOfAlarm(sqlite3_column_int(row, 0));
     record.alarm.due = momentOf(sqlite3_column_int64(row, 1));
     record.alarm.prayer = momentOf(sqlite3_column_int64(row, 2));
     record.alarm.hours = sqlite3_column_double(row, 3);
@@ -64,7 +63,7 @@ std::optional<RingRecord> RingRecords::find(int code, sys_seconds due) const {
     UserConnection& connection = database_->connection();
     const sqlite::Statement row =
         connection.query(std::string("SELECT ") + columns + " FROM USER_RING WHERE TIMEID = ? AND DUE = ?",
-                         {code - codeBeforeFirst, secondsOf(due)});
+                         {alarmNumber(code), secondsOf(due)});
     if (!connection.next(row)) return std::nullopt;
     return recordOf(row.get());
 }
@@ -84,7 +83,7 @@ void RingRecords::keep(const RingRecord& record) {
     connection.change([&] {
         connection.run(
             std::string("INSERT OR REPLACE INTO USER_RING (") + columns + ") VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-            {record.alarm.code - codeBeforeFirst, secondsOf(record.alarm.due), secondsOf(record.alarm.prayer),
+            {alarmNumber(record.alarm.code), secondsOf(record.alarm.due), secondsOf(record.alarm.prayer),
              record.alarm.hours, textOf(record.alarm.date), int(record.state), secondsOf(record.ringAt),
              static_cast<long long>(record.notification)});
     });

@@ -18,14 +18,12 @@ namespace {
 using std::chrono::sys_seconds;
 using Reason = UserDatabaseError::Reason;
 
-constexpr int codeBeforeFirst = 199;
-
 [[noreturn]] void refuse(const std::string& message) {
     throw UserDatabaseError(Reason::refused, message);
 }
 
 void checkCode(int code) {
-    if (code < firstPrayer || code > lastMainPrayer) refuse(_("There is no alarm for the prayer code {}.", code));
+    if (!isMainPrayer(code)) refuse(_("There is no alarm for the prayer code {}.", code));
 }
 
 bool isBlank(const std::string& text) {
@@ -207,7 +205,7 @@ std::vector<UserAlarm> UserDatabase::readAlarms(const std::string& condition) co
         // A number that another program wrote may be any.
         const auto offset =
             std::clamp<long long>(sqlite3_column_int64(columns, 1), -largestAlarmOffset, largestAlarmOffset);
-        alarms.push_back({sqlite3_column_int(columns, 0) + codeBeforeFirst, static_cast<int>(offset),
+        alarms.push_back({prayerOfAlarm(sqlite3_column_int(columns, 0)), static_cast<int>(offset),
                           sqlite3_column_double(columns, 2), sqlite::text(columns, 3),
                           sqlite3_column_int(columns, 4) != 0, sqlite::text(columns, 5)});
     }
@@ -220,7 +218,7 @@ std::vector<UserAlarm> UserDatabase::alarms() const {
 
 UserAlarm UserDatabase::alarm(int code) const {
     checkCode(code);
-    const std::vector<UserAlarm> found = readAlarms("TIMEID = " + std::to_string(code - codeBeforeFirst));
+    const std::vector<UserAlarm> found = readAlarms("TIMEID = " + std::to_string(alarmNumber(code)));
     if (found.empty()) refuse(_("The alarm of the prayer code {} is missing.", code));
     return found.front();
 }
@@ -232,7 +230,7 @@ void UserDatabase::setUpAlarm(int code, int offset, const std::string& sound) {
     }
     connection_->change([&] {
         connection_->run("UPDATE USER_ALARMS SET MINUTE = ?, MELODYNAME = ? WHERE TIMEID = ?",
-                         {offset, sound, code - codeBeforeFirst});
+                         {offset, sound, alarmNumber(code)});
         refreshPrayerTimes();
     });
 }
@@ -240,7 +238,7 @@ void UserDatabase::setUpAlarm(int code, int offset, const std::string& sound) {
 void UserDatabase::forgetEvent(int code) {
     checkCode(code);
     connection_->change(
-        [&] { connection_->run("UPDATE USER_ALARMS SET EVENTID = '' WHERE TIMEID = ?", {code - codeBeforeFirst}); });
+        [&] { connection_->run("UPDATE USER_ALARMS SET EVENTID = '' WHERE TIMEID = ?", {alarmNumber(code)}); });
 }
 
 std::vector<AlarmOccurrence> UserDatabase::refreshPrayerTimes() {
@@ -265,8 +263,7 @@ std::vector<AlarmOccurrence> UserDatabase::refreshPrayerTimes() {
     if (changed.empty()) return next;
     connection_->change([&] {
         for (const auto& [code, prayTime] : changed) {
-            connection_->run("UPDATE USER_ALARMS SET PRAYTIME = ? WHERE TIMEID = ?",
-                             {prayTime, code - codeBeforeFirst});
+            connection_->run("UPDATE USER_ALARMS SET PRAYTIME = ? WHERE TIMEID = ?", {prayTime, alarmNumber(code)});
         }
     });
     return next;

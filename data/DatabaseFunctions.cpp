@@ -13,6 +13,7 @@
 #include "common/GlobalFuncs.h"
 #include "common/calendar.h"
 #include "common/numbers.h"
+#include "common/prayer.h"
 #include "data/AlarmLock.h"
 #include "data/alarm_moment.h"
 #include "platform/EventStore.h"
@@ -24,7 +25,6 @@ using std::chrono::sys_seconds;
 
 constexpr const char* fileName = "user.sqlite";
 constexpr int lockPatienceMs = 2000;
-constexpr int codeBeforeFirst = 199;
 
 // The blanks belong to the texts.
 constexpr const char* alarmInfoQuery =
@@ -134,7 +134,7 @@ AlarmInfo DatabaseFunctions::getAlarmInfo(int code) noexcept {
 void DatabaseFunctions::reCalculateAlarm(int code) noexcept {
     if (!globalFuncs_->fileExists(userDBPath_)) return;
     try {
-        const int timeId = code - codeBeforeFirst;
+        const int timeId = alarmNumber(code);
         const AlarmLock lock(std::filesystem::path(userDBPath_).parent_path());
         const AlarmRow alarm = readAlarmRow(timeId);
         executeSQL(fmt::format(activeUpdate, 1, timeId));
@@ -147,7 +147,7 @@ void DatabaseFunctions::reCalculateAlarm(int code) noexcept {
 void DatabaseFunctions::deleteAlarm(int code) noexcept {
     if (!globalFuncs_->fileExists(userDBPath_)) return;
     try {
-        const int timeId = code - codeBeforeFirst;
+        const int timeId = alarmNumber(code);
         const AlarmLock lock(std::filesystem::path(userDBPath_).parent_path());
         const AlarmRow alarm = readAlarmRow(timeId);
         EventStore* const store = globalFuncs_->platform().eventStore.get();
@@ -179,7 +179,7 @@ bool DatabaseFunctions::runOnOpenDB(const std::string& sql) {
 
 AlarmInfo DatabaseFunctions::readAlarmInfo(int code) {
     AlarmInfo info;
-    const sqlite::Statement row = firstRow(userDB_.get(), fmt::format(alarmInfoQuery, code - codeBeforeFirst));
+    const sqlite::Statement row = firstRow(userDB_.get(), fmt::format(alarmInfoQuery, alarmNumber(code)));
     if (!row) return info;
     info.timeOffset = asInteger(row.get(), 0);
     info.melodyTime = asInteger(row.get(), 1);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/city_day.h"
 
-#include <array>
 #include <cmath>
 #include <string>
 
@@ -94,11 +93,7 @@ void computeCity(City& city, const VAKDate& day) {
 }
 
 double timeOfPrayer(const PrayTimes& times, int code) {
-    using P = PrayTimes;
-    constexpr std::array<double P::*, 9> prayers = {&P::Imsak,    &P::Gunes, &P::Ogle,     &P::AsriEvvel,   &P::Aksam,
-                                                    &P::IsaEvvel, &P::Duha,  &P::AsriSani, &P::IsfirariSems};
-    if (code < firstPrayer || code > lastPrayer) return missingTime;
-    return times.*prayers[static_cast<std::size_t>(code - firstPrayer)];
+    return isPrayer(code) ? times.*factsOf(code).time : missingTime;
 }
 
 double timeOfPrayer(const CityDay& day, int code) {

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "astro/FastAstro.h"
+#include "common/prayer.h"
 #include "data/City.h"
 #include "data/CityDatabase.h"
 #include "data/zone_rules.h"
@@ -45,9 +46,7 @@ CityDay computeCityDay(const Site& site, const VAKDate& day);
 /// Computes the day of `day` and stores the results in the city: times, sky, offset text, qibla, declination.
 void computeCity(City& city, const VAKDate& day);
 
-/// The prayers with codes 200 (Imsak) to 208 (IsfirarSems), and the time of one in local hours; -1.0 when there is
-/// none.
-inline constexpr int firstPrayer = 200, lastMainPrayer = 205, lastPrayer = 208;
+/// The time of a prayer, by its code 200 to 208, in local hours; -1.0 when there is none.
 double timeOfPrayer(const PrayTimes& times, int code);
 
 /// The same, counted from 0 h of the day itself: its noon lies within 0..24. The engine's own hours of a day reach a

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// The prayers, and by which name, number and field each part of Quode knows them: one table.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "astro/PrayTimes.h"
+
+namespace quode {
+
+/// A time of the day. The value is its code, as the language packs, the alarms and the widget use it.
+enum class Prayer : int {
+    fajr = 200,
+    sunrise = 201,
+    dhuhr = 202,
+    asr = 203,
+    maghrib = 204,
+    isha = 205,
+    ishraq = 206,
+    asrHanafi = 207,
+    isfirar = 208,
+};
+
+/// The codes of the first and the last of the six main prayers, which alone have alarms, and of the last of all.
+inline constexpr int firstPrayer = static_cast<int>(Prayer::fajr);
+inline constexpr int lastMainPrayer = static_cast<int>(Prayer::isha);
+inline constexpr int lastPrayer = static_cast<int>(Prayer::isfirar);
+
+/// What belongs to one prayer.
+struct PrayerFacts {
+    Prayer prayer;
+    const char* key;                          ///< in JSON and CSV, and on the command line
+    const char* packKey;                      ///< in the section PRAYERS of a language pack
+    const char* plainName;                    ///< shown when no language pack can be read
+    double PrayTimes::*time;                  ///< local decimal hours
+    bool PrayTimes::*isEarlierDay = nullptr;  ///< set when the time is that of an earlier day; null: never
+};
+
+/// All prayers, in the order of their codes.
+inline constexpr std::array<PrayerFacts, 9> allPrayers{{
+    {Prayer::fajr, "fajr", "FAJR", "Imsak", &PrayTimes::Imsak, &PrayTimes::isImsakBeforeTime},
+    {Prayer::sunrise, "sunrise", "TULU", "Gunes", &PrayTimes::Gunes},
+    {Prayer::dhuhr, "dhuhr", "DHUHR", "Ogle", &PrayTimes::Ogle},
+    {Prayer::asr, "asr", "ASR", "Ikindi", &PrayTimes::AsriEvvel},
+    {Prayer::maghrib, "maghrib", "MAGHRIB", "Aksam", &PrayTimes::Aksam},
+    {Prayer::isha, "isha", "ISHA", "Yatsi", &PrayTimes::IsaEvvel, &PrayTimes::isIsaEvvelBeforeTime},
+    {Prayer::ishraq, "ishraq", "ISHRAQ", "Israk", &PrayTimes::Duha},
+    {Prayer::asrHanafi, "asr_hanafi", "ASRTHANI", "AsrSani", &PrayTimes::AsriSani},
+    {Prayer::isfirar, "isfirar", "I-SHAMS", "IsfirarSems", &PrayTimes::IsfirariSems},
+}};
+
+/// True for the codes 200 to 208.
+constexpr bool isPrayer(int code) {
+    return code >= firstPrayer && code <= lastPrayer;
+}
+
+/// True for the codes 200 to 205, which have alarms.
+constexpr bool isMainPrayer(int code) {
+    return code >= firstPrayer && code <= lastMainPrayer;
+}
+
+/// The facts of a prayer.
+/// @param code  200 to 208; anything else throws `std::out_of_range`
+constexpr const PrayerFacts& factsOf(int code) {
+    return allPrayers.at(static_cast<std::size_t>(code - firstPrayer));
+}
+
+/// The number of a main prayer's alarm, 1 to 6: the TIMEID of its row in the user database.
+/// @param code  200 to 205
+constexpr int alarmNumber(int code) {
+    return code - firstPrayer + 1;
+}
+
+/// The code of the prayer to which an alarm belongs.
+/// @param number  1 to 6
+constexpr int prayerOfAlarm(int number) {
+    return number + firstPrayer - 1;
+}
+
+}  // namespace quode
