@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // A convention is everything that a published timetable adds to the geometry of the Sun, as plain data. Adding one is
 // adding a record to the table in conventions/table.cpp.
 #pragma once

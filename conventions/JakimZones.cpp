@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The zones of JAKIM's timetables and the places that tell them apart.
 //
 // The points were computed from the published tables, for none are published; in zones of several points sunrise is

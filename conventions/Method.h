@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What a user chooses for a city: a convention and the changes made to it.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Twilight in minutes that change with the season and the latitude.
 // Source: K. Shaukat, Moonsighting Committee Worldwide.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The apparent place of the Sun, good to about a second of arc, as the conventions need it.
 #pragma once
 

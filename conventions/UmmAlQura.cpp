@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The Umm al-Qura calendar, from which Umm al-Qura's Isha knows Ramadan.
 #include "conventions/UmmAlQura.h"
 

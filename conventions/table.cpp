@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The table of all conventions.
 #include <algorithm>
 #include <cctype>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // The conventions against published rows. The bars are those of city centres: the point from which an authority
 // computes is often not known to better than a minute in 25.
 #include <gtest/gtest.h>

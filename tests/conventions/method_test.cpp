@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "conventions/Method.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Published rows of authorities, and how a convention agrees with them.
 #pragma once
 

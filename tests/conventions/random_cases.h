@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // What holds for every convention, place and day, on random inputs.
 #pragma once
 

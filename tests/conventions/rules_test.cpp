@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 // Rules that are not angles, each against its own definition.
 #include <gtest/gtest.h>
 
