@@ -3,13 +3,11 @@
 #include "astro/AstroGlobalFuncs.h"
 
 #include <cmath>
+#include <cstdint>
 #include <ctime>
 
 namespace quode {
 namespace {
-
-// Half a tenth of a millisecond in single precision; keeps later truncations from falling one second short.
-constexpr double secondNudge = 4.999999873689376e-05;
 
 bool isGregorian(int year, int month, int day) {
     if (year != 1582) return year > 1582;
@@ -77,35 +75,42 @@ bool isBeforeStop(int stopDay, int startMonth, int stopMonth, int year, int mont
 }  // namespace
 
 double AstroGlobalFuncs::CalculateJulianDay(int year, int month, int day, int hour, int minute, int second) {
-    if (year < 0) ++year;
-    double a = std::trunc(year + 4800.0);
-    double m = month;
-    if (month < 3) {
-        a -= 1.0;
-        m += 12.0;
-    }
-    double correction = -38.0;  // Julian calendar
-    if (isGregorian(year, month, day)) {
-        const double century = std::trunc(a / 100.0);
-        correction = std::trunc(century * 0.25) - century;
-    }
     const double fraction = (second + hour * 3600.0 + minute * 60.0 + secondNudge) / 86400.0;
-    return day + std::trunc((m + 1.0) * 306.0 / 10.0) + correction + std::trunc(a * 36525.0 / 100.0) - 32167.5 +
-           fraction;
+    return midnightBefore(year, month, day) + fraction;
+}
+
+double AstroGlobalFuncs::midnightBefore(int year, int month, int day) {
+    // Whole numbers all along: what is truncated in the published formula is divided as integers here.
+    std::int64_t a = std::int64_t{year} + (year < 0 ? 1 : 0) + 4800;
+    std::int64_t m = month;
+    if (month < 3) {
+        a -= 1;
+        m += 12;
+    }
+    std::int64_t correction = -38;  // Julian calendar
+    if (isGregorian(year, month, day)) {
+        const std::int64_t century = a / 100;
+        correction = century / 4 - century;
+    }
+    return static_cast<double>(day + (m + 1) * 306 / 10 + correction + a * 36525 / 100) - 32167.5;
+}
+
+bool AstroGlobalFuncs::isAtChangeOfCalendar(int year, int month, int day) {
+    return isGregorian(year, month, day - 1) != isGregorian(year, month, day + 1);
 }
 
 double AstroGlobalFuncs::JulianDay(const VAKDate& date) {
     return CalculateJulianDay(date.Years, date.Months, date.Days, date.Hours, date.Minutes, date.Seconds);
 }
 
-double AstroGlobalFuncs::frac(double x) {
+double AstroGlobalFuncs::fracOfHuge(double x) {
     const double fraction = x - std::floor(x);
     return fraction < 0.0 ? fraction + 1.0 : fraction;
 }
 
 void AstroGlobalFuncs::ToHMS(double hours, int& hour, int& minute, int& second) {
     // The remainder is exact, so it is what adding or subtracting 24 again and again arrives at.
-    double time = std::isfinite(hours) ? std::fmod(hours, 24.0) : 0.0;
+    double time = hours >= 0.0 && hours < 24.0 ? hours : std::isfinite(hours) ? std::fmod(hours, 24.0) : 0.0;
     if (time < 0.0) time += 24.0;
     if (time >= 24.0) time -= 24.0;
     const double minutes = frac(time) * 60.0;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+
 #include "astro/VAKDate.h"
 
 namespace quode {
@@ -16,11 +18,25 @@ class AstroGlobalFuncs {
     /// never falls a second short. Source: Meeus, Astronomical Algorithms, chapter 7.
     static double CalculateJulianDay(int year, int month, int day, int hour, int minute, int second);
 
+    /// Julian day of the midnight at which a civil day begins, without the addition that `CalculateJulianDay` makes.
+    static double midnightBefore(int year, int month, int day);
+
+    /// Whether the Julian days of a day, the one before and the one after do not follow each other.
+    static bool isAtChangeOfCalendar(int year, int month, int day);
+
+    /// What `CalculateJulianDay` adds to the midnight for a whole hour, days.
+    static constexpr double fractionOfHour(int hour) { return (hour * 3600.0 + secondNudge) / 86400.0; }
+
     /// Julian day of a record; its `MSeconds` are not read.
     static double JulianDay(const VAKDate& date);
 
     /// Fractional part, 0 <= result < 1, of negative numbers too.
-    static double frac(double x);
+    static double frac(double x) {
+        // Without a call: the conversion truncates, and 0.0 takes the sign from a negative zero, as x - floor(x) does.
+        if (!(x > -9e18 && x < 9e18)) return fracOfHuge(x);
+        const double whole = static_cast<double>(static_cast<std::int64_t>(x));
+        return (x < whole ? x - (whole - 1.0) : x - whole) + 0.0;
+    }
 
     /// Splits decimal hours, after bringing them into 0..24, into whole hours, minutes and seconds (truncated).
     static void ToHMS(double hours, int& hour, int& minute, int& second);
@@ -56,6 +72,12 @@ class AstroGlobalFuncs {
 
     /// Tabular Hijri date of a civil date.
     static VAKDate GregJulToHicri(int day, int month, int year);
+
+  private:
+    // Half a tenth of a millisecond in single precision; keeps later truncations from falling one second short.
+    static constexpr double secondNudge = 4.999999873689376e-05;
+
+    static double fracOfHuge(double x);
 };
 
 }  // namespace quode

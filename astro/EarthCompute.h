@@ -24,6 +24,12 @@ class EarthCompute {
     static double R3(double t);
     static double R4(double t);
 
+    /// All three together: longitude and latitude in radians, distance in astronomical units.
+    struct Place {
+        double L, B, R;
+    };
+    static Place place(double julianDay);
+
     /// Heliocentric longitude in radians, not reduced.
     static double EarthL(double julianDay);
     /// Heliocentric latitude in radians.

@@ -2,53 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <functional>
 #include <optional>
-#include <string>
 #include <string_view>
 
+#include "astro/Place.h"
 #include "astro/PrayTimes.h"
 #include "astro/SkyRecords.h"
 #include "astro/VAKDate.h"
+#include "astro/horizon_forecast.h"
+#include "astro/sky_memo.h"
 
 namespace quode {
-
-/// The two angles that `KibleAcisi` gives.
-struct KiblePair {
-    double i = 0.0;  ///< auxiliary angle of the qibla time, radians
-    double K = 0.0;  ///< qibla angle, degrees counter-clockwise from north (minus the azimuth, or 360 minus it)
-};
-
-/// Declination and equation of time at both ends of a day, with the sunrises and sunsets around it.
-struct SunInfoForPray {
-    double PrevDec = 0.0;      ///< declination at 0 h of the day, degrees
-    double CurrentDec = 0.0;   ///< never written
-    double NextDec = 0.0;      ///< declination at 0 h of the next day, degrees
-    double PrevTZ = 0.0;       ///< equation of time at 0 h of the day, hours
-    double CurrentTZ = 0.0;    ///< never written
-    double NextTZ = 0.0;       ///< equation of time at 0 h of the next day, hours
-    double SunRise = 0.0;      ///< of the previous day, universal time, or -1.0
-    double SunSet = 0.0;       ///< of the previous day, universal time, or -1.0
-    double SunNextRise = 0.0;  ///< of the day, universal time, or -1.0
-    double SunNextSet = 0.0;   ///< of the day, universal time, or -1.0
-};
-
-/// A place, its clock, and what has been computed for it.
-struct Place {
-    int ID = 0;
-    std::string CountryName, CityName, TownName, TownShipName;
-    double Latitude = 0.0;   ///< degrees, north positive
-    double Longitude = 0.0;  ///< degrees, east positive
-    double GMTValue = 0.0;   ///< hours east of Greenwich, summer time included while it is in force
-    bool DST = false;        ///< the place observes summer time
-    double DSTValue = 0.0;   ///< size of the shift, hours
-    int DSTStartDay = 0, DSTStartMonth = 0, DSTStopDay = 0, DSTStopMonth = 0;  ///< as `IsDSTDay` takes them
-    bool TemkinHeight = false;  ///< margin for 500 m of height; 250 m otherwise
-    bool isDSTTime = false;     ///< summer time is in force on the current date
-    PrayTimes TodayPrayTimes, NextPrayTimes;
-    KiblePair KibleAngle;
-};
 
 /// The astronomy engine for one place and one date: Sun, Moon, rise and set, prayer times and the Hijri date by
 /// visibility of the crescent.
@@ -355,6 +320,16 @@ class FastAstro {
     /// Where a message goes that tells of a search that had to be given up; the standard error log when none is set.
     void setLog(std::function<void(std::string_view)> log) { log_ = std::move(log); }
 
+    /// Shares what no place enters with other engines; nullptr for none. Results do not change.
+    void share(SkyMemo* memo) { shared_ = memo; }
+
+    /// Whether only the times are wanted: `SunInfo` and the fields of the searches for sunrise and sunset are then not
+    /// filled by `CalculatePrayTimes`, which needs to know no more than that the Sun rises and sets.
+    void setTimesOnly(bool only) { timesOnly_ = only; }
+
+    /// Forgets the times of the current date, as in a fresh engine.
+    void clearTimes() { iPlace_.TodayPrayTimes = PrayTimes(); }
+
     // ---- fields --------------------------------------------------------------------------------------------------
 
     double Lat() const { return Lat_; }  ///< observer, degrees, north positive
@@ -424,22 +399,6 @@ class FastAstro {
     void setSun(const SunData& value) { Sun_ = value; }
 
   private:
-    /// What the search for moonrise and moonset has computed for one hour. Both searches, and every later one of the
-    /// same day and place, look at the same hours.
-    struct MoonHour {
-        double julianDay = 0.0, Lat = 0.0, Lon = 0.0;    ///< what the rest was computed for
-        double before = 0.0, middle = 0.0, after = 0.0;  ///< sines of altitude above the rising Moon's
-        double L_Moon = 0.0, B_Moon = 0.0;               ///< the fields as the computation left them
-        double MoonDec = 0.0, MoonRA = 0.0, MoonGHA = 0.0;
-    };
-
-    /// What the search for sunrise and sunset has computed for one hour. Its intervals of two hours overlap.
-    struct SunHour {
-        double julianDay = 0.0, Lat = 0.0, Lon = 0.0;  ///< what the rest was computed for
-        double sinElev = 0.0;
-        double SunDec = 0.0, SunRA = 0.0, EclipticLongitude = 0.0;  ///< the fields as the computation left them
-    };
-
     bool isDSTDate(const VAKDate& date) const;
     void finishMoonCoordinates(double julianDay);
     MoonHour computeMoonHour(double julianDay);
@@ -450,17 +409,36 @@ class FastAstro {
     void takeSunriseAndSunset(const VAKDate& date);
     void takeSunDirection(const VAKDate& date);
     double elongationOf(VAKDate& date);
+    std::optional<double> firstVisibleHour(VAKDate& date);
     void reportMissingCrescent(const VAKDate& date) const;
     std::optional<double> monthStartBefore(double newMoon, double day);
     double monthStartAfterCrescent(const VAKDate& crescent);
-    SunHour computeSunHour(double julianDay);
-    double sinElevOfSun(double julianDay);
+    const LatitudeTrig& latitudeTrig();
+    double meridian();
+    SunMoment& sunMoment(double julianDay);
+    const SunMidnight& sunMidnight(double midnight);
+    double sinElevOfMoon(double julianDay, int part);
+    double sinElevOf(double siderealTime, double sinDeclination, double cosDeclination, double rightAscension);
+    void searchSunHours(int day, int month, int year, int firstHour, int endHour);
+    bool searchSun(int day, int month, int year);
+    bool isPlainDay(int day, int month, int year, double declination);
+    bool isSureToRiseAndSet(int day, int month, int year);
+    HorizonForecast sunForecast(double midnight, int firstHour);
+    void finishSunSearch(int day, int month, int year);
+    bool readSunForPray(int day, int month, int year);
+    void finishSunForPray(int day, int month, int year);
+    int firstDayWithAltitude(double midnight, int angle, int from);
+    void takeSunSearch(const SunSearch& search);
+    std::optional<HorizonForecast> moonForecast(int day, int month, int year);
+    void searchMoonHours(int day, int month, int year, const std::optional<HorizonForecast>& forecast, bool forRise);
+    void finishMoonSearch(int day, int month, int year, int first, int end);
+    void searchMoonRiseAndSet(int day, int month, int year);
+    bool risesBeforeItSets(const HorizonForecast& forecast) const;
     void readDailySun(int day, int month, int year, double& declination, double& equationHours);
     void calculateDay(const VAKDate& day, PrayTimes& times);
     void readSunLoweringLatitude(const VAKDate& day, double correction, double temkin, PrayTimes& times);
-    double timeOfAltitude(int angle, int side, double correction, double temkin, const SunInfoForPray& sun) const;
-    double timeOnNearestEarlierDay(const VAKDate& day, int angle, int side, double correction, double temkin,
-                                   bool& isEarlier);
+    double timeOnNearestEarlierDay(const VAKDate& day, double time, int angle, int side, double correction,
+                                   double temkin, bool& isEarlier);
 
     double Lat_ = 0.0, Lon_ = 0.0;
     VAKDate iCurrentDate_;
@@ -470,17 +448,26 @@ class FastAstro {
     double YE_ = 0.0, Zero1_ = 0.0, Zero2_ = 0.0, DX_ = 0.0;
     double UTRise_ = 0.0, UTSet_ = 0.0;
     bool Rise_ = false, Sett_ = false;
-    std::array<SunHour, 32> sunHours_;
     SunInfoForPray SunInfo_;
 
     double tLat_ = 0.0, trho_ = 0.0;
     double MoonDec_ = 0.0, MoonRA_ = 0.0, MoonGHA_ = 0.0, MoonDist_ = 0.0, MoonAlt_ = 0.0;
     double L_Moon_ = 0.0, B_Moon_ = 0.0, SRT_ = 0.0;
     double MoonRise_ = 0.0, MoonSet_ = 0.0;
-    std::array<MoonHour, 24> moonHours_;
     MoonInfo Moon_;
     SunData Sun_;
     std::function<void(std::string_view)> log_;
+
+    // What need not be computed twice; nothing of it is seen from outside.
+    bool timesOnly_ = false;
+    SkyMemo* shared_ = nullptr;
+    SkyTable<SunMoment, 64> sunMoments_;
+    SkyTable<SunMidnight, 4> sunMidnights_;
+    SkyTable<SunSearch, 2> sunSearches_;
+    SkyTable<MoonHour, 8> moonHours_;
+    LatitudeTrig latitudeTrig_;
+    Meridian meridian_;
+    QiblaPoint qiblaPoint_;
 };
 
 }  // namespace quode

@@ -76,6 +76,53 @@ void takeRumiDate(const VAKDate& date, AllCalendarInfo& info) {
     info.RumiYear = julian.Years - (beforeMarch ? 585 : 584);
 }
 
+/// In the years of the calendar Moon and Sun draw apart, near a new moon, by less than this in an hour, degrees.
+constexpr double fastestElongation = 0.75;
+
+bool isInCalendarYears(const VAKDate& date) {
+    return date.Years >= 1 && date.Years <= 9999;
+}
+
+/// For how many hours more an elongation certainly stays too small to be seen.
+int hoursHidden(const VAKDate& date, double elongation) {
+    if (!isInCalendarYears(date) || !(elongation <= visibleElongation)) return 0;
+    return static_cast<int>((visibleElongation - elongation) / fastestElongation);
+}
+
+/// The elongation within the hour before the crescent is seen, from what has been computed of it: a straight line, from
+/// which it departs by 0.004 degree at most.
+class ElongationForecast {
+  public:
+    ElongationForecast(const VAKDate& date, double atEnd)
+        : isUsable_(isInCalendarYears(date)), high_{60, atEnd}, known_(1) {}
+
+    void add(int minute, double elongation) {
+        if (known_ == 1) low_ = {minute, elongation};
+        known_ = 2;
+    }
+
+    /// Nothing when it is not known yet, or lies near the elongations at which the crescent is seen.
+    std::optional<double> at(int minute) const {
+        constexpr double clearly = 0.008;
+        if (!isUsable_ || known_ < 2) return std::nullopt;
+        const double slope = (high_.elongation - low_.elongation) / (high_.minute - low_.minute);
+        const double elongation = low_.elongation + slope * (minute - low_.minute);
+        if (elongation > visibleElongation - clearly && elongation < visibleElongationEnd + clearly)
+            return std::nullopt;
+        return elongation;
+    }
+
+  private:
+    struct Point {
+        int minute = 0;
+        double elongation = 0.0;
+    };
+
+    bool isUsable_;
+    Point low_, high_;
+    int known_;
+};
+
 }  // namespace
 
 double FastAstro::MoonPhaze(double decimalYear, int phase) {
@@ -97,22 +144,45 @@ double FastAstro::elongationOf(VAKDate& date) {
     return elongation;
 }
 
+/// Moves the record forward, hour by hour, to the first one after which the crescent can be seen; the hours in which it
+/// certainly cannot are not computed. Returned: the elongation then, or nothing when there is no such hour.
+std::optional<double> FastAstro::firstVisibleHour(VAKDate& date) {
+    double elongation = elongationOf(date);
+    int hiddenHours = hoursHidden(date, elongation);
+    for (int tried = 1; elongation <= visibleElongation; ++tried) {
+        if (tried > mostHoursToCrescent) return std::nullopt;
+        ++date.Hours;
+        if (hiddenHours-- > 0 && tried < mostHoursToCrescent) {
+            date = calendarDate(AstroGlobalFuncs::JulianDay(date));
+            continue;
+        }
+        elongation = elongationOf(date);
+        hiddenHours = hoursHidden(date, elongation);
+    }
+    return elongation;
+}
+
 void FastAstro::GetCrescentDate(VAKDate& date) {
     date.Hours += 10;
     date.Minutes = date.Seconds = 0;
-    int hoursTried = 0;
-    while (elongationOf(date) <= visibleElongation) {
-        if (++hoursTried > mostHoursToCrescent) return reportMissingCrescent(date);
-        ++date.Hours;
-    }
+    const std::optional<double> visible = firstVisibleHour(date);
+    if (!visible) return reportMissingCrescent(date);
+    ElongationForecast forecast(date, *visible);
     --date.Hours;
     date.Minutes = 30;
     int low = 0, high = 60;
     for (int halvings = 0; halvings < mostHalvings; ++halvings) {
         const int minute = date.Minutes;
-        const double elongation = elongationOf(date);
-        if (elongation >= visibleElongation && elongation <= visibleElongationEnd) return;
-        (elongation > visibleElongation ? high : low) = minute;
+        std::optional<double> elongation;
+        if (halvings + 1 < mostHalvings) elongation = forecast.at(minute);
+        if (elongation) {
+            date = calendarDate(AstroGlobalFuncs::JulianDay(date));
+        } else {
+            elongation = elongationOf(date);
+            if (*elongation >= visibleElongation && *elongation <= visibleElongationEnd) return;
+            forecast.add(minute, *elongation);
+        }
+        (*elongation > visibleElongation ? high : low) = minute;
         date.Minutes = (low + high + 1) / 2;
     }
     reportMissingCrescent(date);

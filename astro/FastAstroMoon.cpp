@@ -42,11 +42,12 @@ void eclipticMoon(double T, double& longitude, double& latitude) {
     const double ls = fractionOfCircle(0.993133008480072 + 99.99736022949219 * T);
     const double D = fractionOfCircle(0.827360987663269 + 1236.85302734375 * T);
     const double F = fractionOfCircle(0.259086012840271 + 1342.227783203125 * T);
+    const double sin2F = sin(2.0 * F), sinls = sin(ls);
     const double dL = 22640.0 * sin(l) - 4586.0 * sin(l - 2.0 * D) + 2370.0 * sin(2.0 * D) + 769.0 * sin(2.0 * l) -
-                      668.0 * sin(ls) - 412.0 * sin(2.0 * F) - 212.0 * sin(2.0 * l - 2.0 * D) -
-                      206.0 * sin(l + ls - 2.0 * D) + 192.0 * sin(l + 2.0 * D) - 165.0 * sin(ls - 2.0 * D) -
-                      125.0 * sin(D) - 110.0 * sin(l + ls) + 148.0 * sin(l - ls) - 55.0 * sin(2.0 * F - 2.0 * D);
-    const double S = F + (dL + 412.0 * sin(2.0 * F) + 541.0 * sin(ls)) / arcSecondsPerRadian;
+                      668.0 * sinls - 412.0 * sin2F - 212.0 * sin(2.0 * l - 2.0 * D) - 206.0 * sin(l + ls - 2.0 * D) +
+                      192.0 * sin(l + 2.0 * D) - 165.0 * sin(ls - 2.0 * D) - 125.0 * sin(D) - 110.0 * sin(l + ls) +
+                      148.0 * sin(l - ls) - 55.0 * sin(2.0 * F - 2.0 * D);
+    const double S = F + (dL + 412.0 * sin2F + 541.0 * sinls) / arcSecondsPerRadian;
     const double h = F - 2.0 * D;
     const double N = -526.0 * sin(h) + 44.0 * sin(l + h) - 31.0 * sin(h - l) - 23.0 * sin(ls + h) + 11.0 * sin(h - ls) -
                      25.0 * sin(F - 2.0 * l) + 21.0 * sin(F - l);
@@ -212,9 +213,7 @@ double FastAstro::MoonLambda(double longitudeRad) {
 double FastAstro::MoonElongation(double julianDay) {
     MoonDecRA(julianDay);
     const double moonLongitude = MoonLambda(L_Moon_);
-    const double B = EarthCompute::EarthB(julianDay);
-    const double L = EarthCompute::EarthL(julianDay);
-    const double R = EarthCompute::EarthR(julianDay);
+    const auto [L, B, R] = EarthCompute::place(julianDay);
     const double x = -R * std::cos(B) * std::cos(L);
     const double y = -R * std::cos(B) * std::sin(L);
     double sunLongitude = std::atan2(y, x) * degreesPerRadian;

@@ -6,6 +6,7 @@
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/FastAstro.h"
 #include "astro/angles.h"
+#include "astro/horizon_forecast.h"
 
 namespace quode {
 namespace {
@@ -53,15 +54,34 @@ double raisedFromBelowZero(double hours) {
 
 }  // namespace
 
-FastAstro::MoonHour FastAstro::computeMoonHour(double julianDay) {
-    const auto heightAt = [&](double moment) {
-        MoonDecRA(moment);
-        return SinElev(moment, Lat_, -Lon_, MoonDec_, MoonRA_) - sinMoonHorizon;
-    };
+/// part: 0, 1 or 2 for the hour before, the hour and the one after, whose Julian days differ in the last digits.
+double FastAstro::sinElevOfMoon(double julianDay, int part) {
+    if (shared_ == nullptr) {
+        MoonDecRA(julianDay);
+        return sinElevOf(GM_Sidereal_Time(julianDay), sinDeg(MoonDec_), cosDeg(MoonDec_), MoonRA_);
+    }
+    MoonMoment& known = shared_->moonMoments.at(std::lround(julianDay * 24.0) * 3 + part);
+    if (known.julianDay == julianDay) {
+        L_Moon_ = known.longitude;
+        B_Moon_ = known.latitude;
+        MoonDec_ = known.declination;
+        MoonRA_ = known.rightAscension;
+        MoonGHA_ = known.hourAngle;
+    } else {
+        MoonDecRA(julianDay);
+        known = {julianDay,        L_Moon_,          B_Moon_,
+                 MoonDec_,         MoonRA_,          MoonGHA_,
+                 sinDeg(MoonDec_), cosDeg(MoonDec_), GM_Sidereal_Time(julianDay)};
+    }
+    return sinElevOf(known.siderealTime, known.sinDeclination, known.cosDeclination, known.rightAscension);
+}
+
+MoonHour FastAstro::computeMoonHour(double julianDay) {
+    const auto heightAt = [&](double moment, int part) { return sinElevOfMoon(moment, part) - sinMoonHorizon; };
     MoonHour hour{julianDay, Lat_, Lon_};
-    hour.before = heightAt(julianDay - oneHour);
-    hour.middle = heightAt(julianDay);
-    hour.after = heightAt(julianDay + oneHour);
+    hour.before = heightAt(julianDay - oneHour, 0);
+    hour.middle = heightAt(julianDay, 1);
+    hour.after = heightAt(julianDay + oneHour, 2);
     hour.L_Moon = L_Moon_;
     hour.B_Moon = B_Moon_;
     hour.MoonDec = MoonDec_;
@@ -70,8 +90,8 @@ FastAstro::MoonHour FastAstro::computeMoonHour(double julianDay) {
     return hour;
 }
 
-const FastAstro::MoonHour& FastAstro::moonHour(double julianDay, int hour) {
-    MoonHour& known = moonHours_[static_cast<std::size_t>(hour) % moonHours_.size()];
+const MoonHour& FastAstro::moonHour(double julianDay, int hour) {
+    MoonHour& known = moonHours_.at(hour);
     if (known.julianDay == julianDay && known.Lat == Lat_ && known.Lon == Lon_) {
         L_Moon_ = known.L_Moon;
         B_Moon_ = known.B_Moon;
@@ -102,20 +122,74 @@ void FastAstro::MoonRiseSet(int day, int month, int year, int hour) {
     }
 }
 
+/// Looks ahead at the Moon of a civil day; nothing beside the change of the calendar, where hours do not follow hours.
+std::optional<HorizonForecast> FastAstro::moonForecast(int day, int month, int year) {
+    if (AstroGlobalFuncs::isAtChangeOfCalendar(year, month, day)) return std::nullopt;
+    const double midnight = AstroGlobalFuncs::midnightBefore(year, month, day);
+    const LatitudeTrig& observer = latitudeTrig();
+    return HorizonForecast(HorizonForecast::Body::moon, midnight, -static_cast<int>(iPlace_.GMTValue), observer.sine,
+                           observer.cosine, Lon_, GM_Sidereal_Time(midnight), -sinMoonHorizon);
+}
+
+void FastAstro::searchMoonHours(int day, int month, int year, const std::optional<HorizonForecast>& forecast,
+                                bool forRise) {
+    const int first = 1 - static_cast<int>(iPlace_.GMTValue), end = first + 23;
+    const double& wanted = forRise ? MoonRise_ : MoonSet_;
+    const Crossing other = forRise ? Crossing::setting : Crossing::rising;
+    for (int hour = first; hour < end; ++hour) {
+        if (forecast) {
+            const Crossing crossing = forecast->at(hour);
+            if (crossing == Crossing::none) continue;
+            // What the next hour finds too is found again there.
+            if (crossing == other && hour + 1 < end && forecast->at(hour + 1) == other) continue;
+        }
+        MoonRiseSet(day, month, year, hour);
+        if (wanted != missingMoonTime) return;
+    }
+    if (forecast) finishMoonSearch(day, month, year, first, end);
+}
+
+/// Leaves the fields as a search through all hours leaves them that has found nothing.
+void FastAstro::finishMoonSearch(int day, int month, int year, int first, int end) {
+    int hour = end - 1;
+    for (; hour > first; --hour) {
+        const double before = DX_;
+        DX_ = std::nan("");
+        MoonRiseSet(day, month, year, hour);
+        if (!std::isnan(DX_)) break;
+        DX_ = before;
+    }
+    for (; hour < end; ++hour) MoonRiseSet(day, month, year, hour);
+}
+
 void FastAstro::MoonRiseTime(int day, int month, int year) {
     MoonRise_ = missingMoonTime;
-    const int zone = static_cast<int>(iPlace_.GMTValue);
-    for (int hour = 1 - zone; hour < 24 - zone && MoonRise_ == missingMoonTime; ++hour) {
-        MoonRiseSet(day, month, year, hour);
-    }
+    searchMoonHours(day, month, year, moonForecast(day, month, year), true);
 }
 
 void FastAstro::MoonSetTime(int day, int month, int year) {
     MoonSet_ = missingMoonTime;
-    const int zone = static_cast<int>(iPlace_.GMTValue);
-    for (int hour = 1 - zone; hour < 24 - zone && MoonSet_ == missingMoonTime; ++hour) {
-        MoonRiseSet(day, month, year, hour);
+    searchMoonHours(day, month, year, moonForecast(day, month, year), false);
+}
+
+/// `MoonRiseTime` and `MoonSetTime`, one after the other.
+void FastAstro::searchMoonRiseAndSet(int day, int month, int year) {
+    const auto forecast = moonForecast(day, month, year);
+    MoonRise_ = missingMoonTime;
+    // The second search goes over the first one's result when it meets a rise before the set.
+    if (!forecast || !risesBeforeItSets(*forecast)) searchMoonHours(day, month, year, forecast, true);
+    MoonSet_ = missingMoonTime;
+    searchMoonHours(day, month, year, forecast, false);
+}
+
+bool FastAstro::risesBeforeItSets(const HorizonForecast& forecast) const {
+    const int first = 1 - static_cast<int>(iPlace_.GMTValue);
+    for (int hour = first; hour < first + 23; ++hour) {
+        const Crossing crossing = forecast.at(hour);
+        if (crossing == Crossing::none) continue;
+        return crossing == Crossing::rising;
     }
+    return false;
 }
 
 double FastAstro::MoonTransTime(int day, int month, int year) {
@@ -128,8 +202,7 @@ double FastAstro::MoonTransTime(int day, int month, int year) {
 }
 
 void FastAstro::MoonRiseSetTrans(const VAKDate& date, MoonInfo& moon) {
-    MoonRiseTime(date.Days, date.Months, date.Years);
-    MoonSetTime(date.Days, date.Months, date.Years);
+    searchMoonRiseAndSet(date.Days, date.Months, date.Years);
     moon.RiseTime = MoonRise_;
     moon.TransTime = MoonTransTime(date.Days, date.Months, date.Years);
     moon.SetTime = MoonSet_;
@@ -169,8 +242,7 @@ MoonInfo FastAstro::MoonInformation(const VAKDate& date, double latitude, double
 
 void FastAstro::fillMoonDirection(const VAKDate& date, bool localTime, DirectionInfo& info) {
     const double julianDay = AstroGlobalFuncs::JulianDay(date);
-    MoonRiseTime(date.Days, date.Months, date.Years);
-    MoonSetTime(date.Days, date.Months, date.Years);
+    searchMoonRiseAndSet(date.Days, date.Months, date.Years);
     Moon_.RiseTime = MoonRise_;
     Moon_.SetTime = MoonSet_;
     if (localTime) {
@@ -263,8 +335,7 @@ WidgetSkyInfo FastAstro::getSomeInfoForQuodeWidget() {
     const VAKDate& today = iCurrentDate_;
     const double zone = iPlace_.GMTValue;
     SunRiseSet(today.Days, today.Months, today.Years);
-    MoonRiseTime(today.Days, today.Months, today.Years);
-    MoonSetTime(today.Days, today.Months, today.Years);
+    searchMoonRiseAndSet(today.Days, today.Months, today.Years);
 
     WidgetSkyInfo sky{UTRise_, UTSet_, raisedFromBelowZero(MoonRise_ + zone), raisedFromBelowZero(MoonSet_ + zone),
                       missingMoonTime};

@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // The day's prayer times.
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/FastAstro.h"
 #include "astro/SeriesTables.h"
+#include "astro/SunCourse.h"
 #include "astro/angles.h"
 
 namespace quode {
@@ -63,7 +66,10 @@ void FastAstro::CalculateNextPrayTimes() {
 }
 
 void FastAstro::calculateDay(const VAKDate& day, PrayTimes& times) {
-    iPlace_.KibleAngle = KibleAcisi(iPlace_.Latitude, iPlace_.Longitude);
+    if (qiblaPoint_.latitude != iPlace_.Latitude || qiblaPoint_.longitude != iPlace_.Longitude) {
+        qiblaPoint_ = {iPlace_.Latitude, iPlace_.Longitude, KibleAcisi(iPlace_.Latitude, iPlace_.Longitude)};
+    }
+    iPlace_.KibleAngle = qiblaPoint_.kible;
     CalculateAllPrayTimes(day.Days, day.Months, day.Years, 0, 0, 0, iPlace_.Latitude, iPlace_.Longitude,
                           iPlace_.TemkinHeight, static_cast<int>(iPlace_.GMTValue), times, iPlace_.KibleAngle);
 }
@@ -81,91 +87,132 @@ double FastAstro::Temkin(double latitude, bool height500m) {
 }
 
 SunInfoForPray FastAstro::SunInformationForPray(int day, int month, int year) {
+    if (!readSunForPray(day, month, year)) finishSunForPray(day, month, year);
+    return SunInfo_;
+}
+
+/// `SunInformationForPray`. Returned: whether all fields are left as they have to be; else `finishSunForPray` does
+/// that.
+bool FastAstro::readSunForPray(int day, int month, int year) {
     SunInfoForPray sun;
-    SunRiseSet(day - 1, month, year);
+    if (timesOnly_) {
+        readDailySun(day, month, year, sun.PrevDec, sun.PrevTZ);
+        if (isPlainDay(day - 1, month, year, sun.PrevDec) || isSureToRiseAndSet(day - 1, month, year)) {
+            readDailySun(day + 1, month, year, sun.NextDec, sun.NextTZ);
+            SunInfo_ = sun;
+            return true;
+        }
+    }
+    searchSun(day - 1, month, year);  // the search of the day itself goes over what this one leaves
     sun.SunRise = UTRise_;
     sun.SunSet = UTSet_;
     readDailySun(day, month, year, sun.PrevDec, sun.PrevTZ);
-    SunRiseSet(day, month, year);
+    const bool isFinished = searchSun(day, month, year);
     sun.SunNextRise = UTRise_;
     sun.SunNextSet = UTSet_;
     readDailySun(day + 1, month, year, sun.NextDec, sun.NextTZ);
     SunInfo_ = sun;
-    return sun;
+    return isFinished;
+}
+
+void FastAstro::finishSunForPray(int day, int month, int year) {
+    finishSunSearch(day, month, year);
+    double declination = 0.0, equation = 0.0;
+    readDailySun(day + 1, month, year, declination, equation);
+}
+
+const SunMidnight& FastAstro::sunMidnight(double midnight) {
+    const auto key = static_cast<long>(midnight);
+    SunMidnight& known = shared_ != nullptr ? shared_->sunMidnights.at(key) : sunMidnights_.at(key);
+    if (known.julianDay == midnight) {
+        SunDistance_ = known.distance;
+        SunDec_ = known.declination;
+        SunRA_ = known.rightAscension;
+    } else {
+        SunDecRAAccurate(midnight);
+        known = {midnight, SunDec_, SunRA_, SunDistance_, EquationOfTime(midnight, SunRA_)};
+    }
+    return known;
 }
 
 void FastAstro::readDailySun(int day, int month, int year, double& declination, double& equationHours) {
-    const double midnight = AstroGlobalFuncs::CalculateJulianDay(year, month, day, 0, 0, 0);
-    SunDecRAAccurate(midnight);
-    declination = SunDec_;
+    const SunMidnight& sun = sunMidnight(AstroGlobalFuncs::CalculateJulianDay(year, month, day, 0, 0, 0));
+    declination = sun.declination;
     // By way of the transit, whose rounding belongs to the value.
     const double meridian = Lon_ / 15.0;
-    equationHours = 12.0 - (meridian + ((12.0 - EquationOfTime(midnight, SunRA_) / 60.0) - meridian));
+    equationHours = 12.0 - (meridian + ((12.0 - sun.equation / 60.0) - meridian));
 }
 
 int FastAstro::Iterasyon(double& result, double latitude, double longitudeCorrection, double temkin, double GMTValue,
                          int angle, int side, const SunInfoForPray& sun) {
-    constexpr double oneSecond = 0.00027777778450399637, almostOne = 0.9990000128746033, halfPi = 1.5707963705062866;
-    constexpr int mostPasses = 10;
-    const bool isShadowFactor = angle == 1 || angle == 2;
-    double altitude = static_cast<float>(angle * degree);
-    double previous = result = 12.0;
-    for (int pass = 0; pass < mostPasses; ++pass) {
-        const double declination = moveToward(sun.PrevDec, sun.NextDec, previous);
-        if (isShadowFactor) altitude = halfPi - std::atan(angle + tanDeg(std::abs(latitude - declination)));
-        const double cosH = (std::sin(altitude) - static_cast<float>(sinDeg(latitude) * sinDeg(declination))) /
-                            static_cast<float>(cosDeg(latitude) * cosDeg(declination));
-        const double apparent = side * std::acos(cosH) * degreesPerRadian / 15.0 + 12.0;
-        result = apparent - moveToward(sun.PrevTZ, sun.NextTZ, apparent) + longitudeCorrection + temkin + GMTValue;
-        if (!std::isfinite(result)) {
-            result = missingTime;
-            return 0;
-        }
-        if (std::abs(result - previous) <= oneSecond) {
-            if (result < 0.0) result += 1.0;  // one hour, not one day
-            return cosH >= -almostOne && cosH <= almostOne ? 1 : 0;
-        }
-        previous = result;
-    }
-    return 1;
+    const LatitudeTrig observer{latitude, sinDeg(latitude), cosDeg(latitude)};
+    SunCourse::Search search{angle, side, temkin};
+    SunCourse(sun, observer, longitudeCorrection, GMTValue).solve({&search, 1});
+    result = search.result;
+    return search.found;
 }
 
-double FastAstro::timeOfAltitude(int angle, int side, double correction, double temkin,
-                                 const SunInfoForPray& sun) const {
-    double time = 0.0;
-    return Iterasyon(time, Lat_, correction, temkin, iPlace_.GMTValue, angle, side, sun) == 1 ? time : missingTime;
-}
-
-double FastAstro::timeOnNearestEarlierDay(const VAKDate& day, int angle, int side, double correction, double temkin,
-                                          bool& isEarlier) {
-    double time = timeOfAltitude(angle, side, correction, temkin, SunInfo_);
+double FastAstro::timeOnNearestEarlierDay(const VAKDate& day, double time, int angle, int side, double correction,
+                                          double temkin, bool& isEarlier) {
+    if (time != missingTime) return time;
     SunInfoForPray sun = SunInfo_;
     VAKDate earlier = day;
+    const double midnight = AstroGlobalFuncs::midnightBefore(day.Years, day.Months, day.Days);
+    const bool isPlain = midnight > 1722000.0 && !(midnight > 2299100.0 && midnight < 2299600.0);
     for (int tried = 0; time == missingTime && tried < earlierDaysTried; ++tried) {
         isEarlier = true;
+        if (isPlain) {
+            // Over the days on which the Sun stays far from that altitude, but for the last one, which the fields keep.
+            const int next = std::min(firstDayWithAltitude(midnight, angle, tried + 1), earlierDaysTried) - 1;
+            if (next > tried) {
+                tried = next;
+                earlier = dayOffset(day, -tried);
+                readDailySun(earlier.Days, earlier.Months, earlier.Years, sun.PrevDec, sun.PrevTZ);
+            }
+        }
         earlier = dayOffset(earlier, -1);
         // Only declination and equation of time are needed, and the later end of this day is the start of the one
         // after.
         sun.NextDec = sun.PrevDec;
         sun.NextTZ = sun.PrevTZ;
         readDailySun(earlier.Days, earlier.Months, earlier.Years, sun.PrevDec, sun.PrevTZ);
-        time = timeOfAltitude(angle, side, correction, temkin, sun);
+        time = SunCourse(sun, latitudeTrig(), correction, iPlace_.GMTValue).timeOf(angle, side, temkin);
     }
     return time;
 }
 
+/// How many days before a midnight, `from` or more, the Sun may reach an altitude at noon's declination. The search for
+/// the time ends in its first step on the days between.
+int FastAstro::firstDayWithAltitude(double midnight, int angle, int from) {
+    constexpr double clearly = 0.002;
+    // Sine and cosine of the declination change by less than this in a day, both together.
+    constexpr double fastestChange = 0.009;
+    const LatitudeTrig& observer = latitudeTrig();
+    const double sine = sinDeg(angle);
+    int days = from;
+    while (days <= earlierDaysTried) {
+        const HorizonForecast::SunDeclination sun = HorizonForecast::sunDeclination(midnight - days + 0.5);
+        const double missing = std::abs(sine - observer.sine * sun.sine) - observer.cosine * sun.cosine - clearly;
+        if (missing <= 0.0) break;
+        days += 1 + static_cast<int>(missing / fastestChange);
+    }
+    return days;
+}
+
 void FastAstro::readSunLoweringLatitude(const VAKDate& day, double correction, double temkin, PrayTimes& times) {
-    SunInformationForPray(day.Days, day.Months, day.Years);
+    bool isFinished = readSunForPray(day.Days, day.Months, day.Years);
     const auto sunIsMissing = [this] { return SunInfo_.SunRise == missingTime || SunInfo_.SunSet == missingTime; };
     bool lower = sunIsMissing();
     for (int step = 0; lower && step < mostLatitudeSteps; ++step) {
         times.isLatitudeChanged = true;
         times.newLat = Lat_;
         Lat_ -= std::copysign(1.0, Lat_);
-        SunInformationForPray(day.Days, day.Months, day.Years);
-        lower = sunIsMissing() || timeOfAltitude(0, morning, correction, -temkin, SunInfo_) == missingTime ||
-                timeOfAltitude(1, evening, correction, temkin, SunInfo_) == missingTime;
+        isFinished = readSunForPray(day.Days, day.Months, day.Years);
+        const SunCourse sun(SunInfo_, latitudeTrig(), correction, iPlace_.GMTValue);
+        lower = sunIsMissing() || sun.timeOf(0, morning, -temkin) == missingTime ||
+                sun.timeOf(1, evening, temkin) == missingTime;
     }
+    if (!isFinished) finishSunForPray(day.Days, day.Months, day.Years);
 }
 
 void FastAstro::CalculateAllPrayTimes(int day, int month, int year, int /*hour*/, int /*minute*/, int /*second*/,
@@ -178,29 +225,43 @@ void FastAstro::CalculateAllPrayTimes(int day, int month, int year, int /*hour*/
     times.isLatitudeChanged = false;
     readSunLoweringLatitude(date, correction, margin, times);
     const SunInfoForPray sun = SunInfo_;
-    const auto timeOf = [&](int angle, int side, double marginHere) {
-        return timeOfAltitude(angle, side, correction, marginHere, sun);
+    enum Searched { imsak, gunes, asriEvvel, asriSani, aksam, isaEvvel, isaSani, duha, isfirari };
+    std::array<SunCourse::Search, SunCourse::mostSearches> searches{{{-19, morning, -margin},
+                                                                     {0, morning, -margin},
+                                                                     {1, evening, margin},
+                                                                     {2, evening, margin},
+                                                                     {0, evening, margin},
+                                                                     {-17, evening, margin},
+                                                                     {-19, evening, margin},
+                                                                     {5, morning, margin},
+                                                                     {5, evening, 0.0}}};
+    SunCourse(sun, latitudeTrig(), correction, iPlace_.GMTValue).solve(searches);
+    const auto timeOf = [&searches](Searched which) {
+        return searches[which].found == 1 ? searches[which].result : missingTime;
     };
 
     times.EzaniGunes = realOr(missingTime, 4.0 * (std::asin(tanDeg(sun.PrevDec) * tanDeg(Lat_)) * degreesPerRadian));
-    times.Imsak = timeOnNearestEarlierDay(date, -19, morning, correction, -margin, times.isImsakBeforeTime);
-    times.Gunes = timeOf(0, morning, -margin);
+    times.Imsak =
+        timeOnNearestEarlierDay(date, timeOf(imsak), -19, morning, correction, -margin, times.isImsakBeforeTime);
+    times.Gunes = timeOf(gunes);
     if (times.Gunes != missingTime) times.Gunes -= sunriseCaution;
 
     const double noon = correction + 12.0 - (sun.PrevTZ + (sun.NextTZ - sun.PrevTZ) * 0.5);
     times.Ogle = iPlace_.GMTValue + margin + noon;
     times.Zeval = iPlace_.GMTValue + noon - margin;
-    times.AsriEvvel = timeOf(1, evening, margin);
-    times.AsriSani = timeOf(2, evening, margin);
-    times.Aksam = timeOf(0, evening, margin);
+    times.AsriEvvel = timeOf(asriEvvel);
+    times.AsriSani = timeOf(asriSani);
+    times.Aksam = timeOf(aksam);
     if (times.Aksam != missingTime) times.Aksam += sunsetCaution;
 
-    times.IsaEvvel = timeOnNearestEarlierDay(date, -17, evening, correction, margin, times.isIsaEvvelBeforeTime);
+    times.IsaEvvel =
+        timeOnNearestEarlierDay(date, timeOf(isaEvvel), -17, evening, correction, margin, times.isIsaEvvelBeforeTime);
     times.IsaSani = times.IsaEvvel == missingTime
                         ? missingTime
-                        : timeOnNearestEarlierDay(date, -19, evening, correction, margin, times.isIsaSaniBeforeTime);
-    times.Duha = timeOf(5, morning, margin);
-    times.IsfirariSems = timeOf(5, evening, 0.0);
+                        : timeOnNearestEarlierDay(date, timeOf(isaSani), -19, evening, correction, margin,
+                                                  times.isIsaSaniBeforeTime);
+    times.Duha = timeOf(duha);
+    times.IsfirariSems = timeOf(isfirari);
     divideNight(times);
     times.KibleSun = times.isLatitudeChanged ? missingTime : timeOfQibla(kible, latitude, correction, sun);
     Lat_ = latitudeOnEntry;

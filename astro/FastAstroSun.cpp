@@ -6,24 +6,12 @@
 
 #include "astro/EarthCompute.h"
 #include "astro/FastAstro.h"
+#include "astro/SunMoments.h"
+#include "astro/SunSeries.h"
 #include "astro/angles.h"
 
 namespace quode {
 namespace {
-
-constexpr double twoDegrees = 0.03490658476948738;
-constexpr double threeDegrees = 0.05235987901687622;
-
-/// Brings an angle into 0..360.
-double fullCircle(double angle) {
-    const double rest = std::fmod(angle, 360.0);
-    return rest < 0.0 ? rest + 360.0 : rest;
-}
-
-/// Longitude of the Moon's ascending node, degrees, as the places of the Sun take it.
-double lunarNode(double T) {
-    return 125.04000091552734 - 1934.135986328125 * T;
-}
 
 double aberrationAndNutation(double node) {
     return -0.005690000019967556 - 0.004780000075697899 * sinDeg(node);
@@ -63,26 +51,14 @@ NutationArguments nutationArguments(double T) {
 }  // namespace
 
 void FastAstro::SunDecRA(double julianDay) {
-    const double T = centuriesFromJ2000(julianDay);
-    const double T2 = T * T;
-    const double M =
-        357.52911376953125 + 35999.05078125 * T - 0.00015589999384246767 * T2 - 4.799999828719592e-07 * T2 * T;
-    const double centre = (1.9146000146865845 - 0.00481700012460351 * T - 1.4000000192027073e-05 * T2) * sinDeg(M) +
-                          (0.019992999732494354 - 0.00010099999781232327 * T) * std::sin(M * twoDegrees) +
-                          0.0002899999963119626 * std::sin(M * threeDegrees);
-    const double node = lunarNode(T);
-    const double longitude = fullCircle(280.4664611816406 + 36000.76953125 * T + 0.0003032000095117837 * T2 + centre +
-                                        aberrationAndNutation(node));
-    const Equatorial sun = equatorialOfSun(longitude, obliquity(T, node));
-    EclipticLongitude_ = longitude;
+    const SunMoment sun = sunMomentAt(julianDay);
+    EclipticLongitude_ = sun.eclipticLongitude;
     SunDec_ = sun.declination;
     SunRA_ = sun.rightAscension;
 }
 
 void FastAstro::SunDecRAAccurate(double julianDay) {
-    const double B = EarthCompute::EarthB(julianDay);
-    const double L = EarthCompute::EarthL(julianDay);
-    const double R = EarthCompute::EarthR(julianDay);
+    const auto [L, B, R] = EarthCompute::place(julianDay);
     double longitude = std::atan2(-R * std::cos(B) * std::sin(L), -R * std::cos(B) * std::cos(L)) * degreesPerRadian;
     if (longitude < 0.0) longitude += 360.0;
     const double T = centuriesFromJ2000(julianDay);
@@ -118,8 +94,21 @@ double FastAstro::DeltaPSI(double T) {
 }
 
 double FastAstro::EquationOfTime(double julianDay, double rightAscension) {
+    // `SunL`, `DeltaPSI` and `Epsilon` in one, for they share their arguments.
     const double T = centuriesFromJ2000(julianDay);
-    double equation = SunL(T) - 0.0057183001190423965 - 15.0 * rightAscension + DeltaPSI(T) * cosDeg(Epsilon(T));
+    const auto [node, sun, moon] = nutationArguments(T);
+    const double cosNode2 = cosDeg(2.0 * node), sinNode2 = sinDeg(2.0 * node);
+    const double cosSun2 = cosDeg(2.0 * sun), sinSun2 = sinDeg(2.0 * sun);
+    const double nutation = 9.199999809265137 * cosDeg(node) + 0.5699999928474426 * cosSun2 +
+                            0.10000000149011612 * cosDeg(2.0 * moon) - 0.09000000357627869 * cosNode2;
+    const double epsilon =
+        23.43929100036621 -
+        (46.814998626708984 * T + 0.000590000010561198 * T * T - 0.0018129999516531825 * T * T * T) / 3600.0 +
+        nutation / 3600.0;
+    const double deltaPsi = (-17.200000762939453 * sinDeg(node) - 1.3200000524520874 * sinSun2 -
+                             0.23000000417232513 * sinDeg(2.0 * fullCircle(moon)) + 0.20999999344348907 * sinNode2) /
+                            3600.0;
+    double equation = sun - 0.0057183001190423965 - 15.0 * rightAscension + deltaPsi * cosDeg(epsilon);
     if (equation > 5.0) equation -= 360.0;
     return 4.0 * equation;
 }

@@ -65,7 +65,7 @@ void FastAstro::SetLocalTimeManual(VAKDate& date, double days) {
 
 double FastAstro::GM_Sidereal_Time(double julianDay) {
     const double mjd = julianDay - 2400000.5;
-    const double mjd0 = std::trunc(mjd);
+    const double mjd0 = wholePart(mjd);
     const double ut = (mjd - mjd0) * 24.0;
     const double t = static_cast<float>((mjd0 - 51544.5) / 36525.0);
     return 6.69737434387207 + 1.0027378797531128 * ut +

@@ -39,43 +39,119 @@ Station stationAt(bool geodetic, double latitude, double altitude) {
     return {s * cosTilt - c * sinTilt, c * cosTilt + s * sinTilt, radius, cosTilt, sinTilt};
 }
 
+/// The factors of the recurrences that no place enters, by degree and order.
+struct Recurrence {
+    double a, b, c, bByDegree, diagonal;
+};
+
+constexpr int highestDegree = MagneticVariation::mainDegree;
+
+using RecurrenceTable = std::array<Recurrence, 104>;
+
+RecurrenceTable recurrenceTable() {
+    RecurrenceTable table{};
+    std::size_t k = 0;
+    for (int n = 1; n <= highestDegree; ++n) {
+        for (int m = 0; m <= n; ++m, ++k) {
+            if (k < 4) continue;
+            const double fn = n, fm = m;
+            Recurrence& row = table[k];
+            if (m == n) {
+                row.a = std::sqrt(1.0 - 0.5 / fm);
+                row.diagonal = (1.0 + 1.0 / fm) * row.a;
+                continue;
+            }
+            row.a = std::sqrt(fn * fn - fm * fm);
+            row.b = std::sqrt((fn - 1.0) * (fn - 1.0) - fm * fm) / row.a;
+            row.c = (2.0 * fn - 1.0) / row.a;
+            row.bByDegree = row.b / (fn - 1.0);
+        }
+    }
+    return table;
+}
+
 /// Schmidt quasi-normalised functions P and their derivatives Q at a latitude, term by term in the order (1,0), (1,1),
 /// (2,0), (2,1), (2,2), ... Each term builds on earlier ones.
-class LegendreTerms {
-  public:
-    LegendreTerms(double sinLatitude, double cosLatitude) : s_(sinLatitude), c_(cosLatitude) {
-        constexpr double root3 = 1.7320508075688772, root27 = 5.196152422706632;
-        P = {2.0 * s_, 2.0 * c_, 4.5 * s_ * s_ - 1.5, root27 * c_ * s_};
-        Q = {-c_, s_, -3.0 * c_ * s_, root3 * (s_ * s_ - c_ * c_)};
-    }
-
-    /// Computes term k, degree n and order m, from the fifth on.
-    void extend(int k, int n, int m) {
-        if (k < 4) return;
-        const double fn = n, fm = m;
-        double& p = P[static_cast<std::size_t>(k)];
-        double& q = Q[static_cast<std::size_t>(k)];
-        if (m == n) {
-            const double a = std::sqrt(1.0 - 0.5 / fm);
-            const auto diagonal = static_cast<std::size_t>(k - n - 1);
-            p = (1.0 + 1.0 / fm) * a * c_ * P[diagonal];
-            q = a * (c_ * Q[diagonal] + s_ / fm * P[diagonal]);
-            return;
+void legendre(double s, double c, int degree, std::array<double, 104>& P, std::array<double, 104>& Q) {
+    static const RecurrenceTable table = recurrenceTable();
+    constexpr double root3 = 1.7320508075688772, root27 = 5.196152422706632;
+    P[0] = 2.0 * s, P[1] = 2.0 * c, P[2] = 4.5 * s * s - 1.5, P[3] = root27 * c * s;
+    Q[0] = -c, Q[1] = s, Q[2] = -3.0 * c * s, Q[3] = root3 * (s * s - c * c);
+    std::size_t k = 2;
+    for (int n = 2; n <= degree; ++n) {
+        const double fn = n, cByDegree = c / fn;
+        const auto un = static_cast<std::size_t>(n);
+        for (std::size_t m = 0; m < un; ++m) {
+            const std::size_t i = k + m;
+            if (i < 4) continue;
+            const Recurrence& row = table[i];
+            const std::size_t above = i - un, twoAbove = i - 2 * un + 1;
+            P[i] = (fn + 1.0) * (row.c * s / fn * P[above] - row.bByDegree * P[twoAbove]);
+            Q[i] = row.c * (s * Q[above] - cByDegree * P[above]) - row.b * Q[twoAbove];
         }
-        const double a = std::sqrt(fn * fn - fm * fm);
-        const double b = std::sqrt((fn - 1.0) * (fn - 1.0) - fm * fm) / a;
-        const double c = (2.0 * fn - 1.0) / a;
-        const auto above = static_cast<std::size_t>(k - n);
-        const auto twoAbove = static_cast<std::size_t>(k - 2 * n + 1);
-        p = (fn + 1.0) * (c * s_ / fn * P[above] - b / (fn - 1.0) * P[twoAbove]);
-        q = c * (s_ * Q[above] - c_ / fn * P[above]) - b * Q[twoAbove];
+        k += un;
+        const std::size_t diagonal = k - un - 1;
+        const Recurrence& row = table[k];
+        P[k] = row.diagonal * c * P[diagonal];
+        Q[k] = row.a * (c * Q[diagonal] + s / fn * P[diagonal]);
+        ++k;
     }
+}
 
-    std::array<double, 104> P{}, Q{};
+MagneticVariation::PlaceTerms placeTerms(const Station& station, double longitude, int degree) {
+    MagneticVariation::PlaceTerms place;
+    place.cosTilt = station.cosTilt;
+    place.sinTilt = station.sinTilt;
+    place.sinLatitude = station.sinLatitude;
+    place.cosLatitude = station.cosLatitude;
+    legendre(station.sinLatitude, station.cosLatitude, degree, place.P, place.Q);
+    const double ratio = referenceRadius / station.radius;
+    place.sines[1] = sinDeg(longitude);
+    place.cosines[1] = cosDeg(longitude);
+    for (int n = 1; n <= degree; ++n) {
+        const auto i = static_cast<std::size_t>(n);
+        place.scales[i] = std::pow(ratio, n + 2);
+        if (n == 1) continue;
+        place.sines[i] = place.sines[i - 1] * place.cosines[1] + place.cosines[i - 1] * place.sines[1];
+        place.cosines[i] = place.cosines[i - 1] * place.cosines[1] - place.sines[i - 1] * place.sines[1];
+    }
+    return place;
+}
 
-  private:
-    double s_, c_;
-};
+FieldComponents synthesis(const MagneticVariation::Coefficients& coefficients,
+                          const MagneticVariation::PlaceTerms& place, int degree) {
+    double north = 0.0, east = 0.0, down = 0.0;
+    std::size_t next = 0;  // coefficient
+    std::size_t k = 0;     // term
+    const bool isOffPole = place.cosLatitude > 0.0;
+    for (int n = 1; n <= degree; ++n) {
+        const double scale = place.scales[static_cast<std::size_t>(n)];
+        const double divisor = (n + 1.0) * place.cosLatitude;
+        const double zonal = scale * coefficients[next++];
+        north += zonal * place.Q[k];
+        down -= zonal * place.P[k];
+        ++k;
+        for (int m = 1; m <= n; ++m, ++k) {
+            const double p = place.P[k], q = place.Q[k];
+            const auto i = static_cast<std::size_t>(m);
+            const double g = scale * coefficients[next++];
+            const double h = scale * coefficients[next++];
+            const double along = g * place.cosines[i] + h * place.sines[i];
+            const double across = g * place.sines[i] - h * place.cosines[i];
+            north += along * q;
+            down -= along * p;
+            east += isOffPole ? across * m * p / divisor : across * q * place.sinLatitude;
+        }
+    }
+    FieldComponents field;
+    field.north = north * place.cosTilt + down * place.sinTilt;
+    field.east = east;
+    field.down = down * place.cosTilt - north * place.sinTilt;
+    return field;
+}
+
+constexpr double noField = 9.999999747378752e-05;  // nT
+constexpr double undefined = -1.0;
 
 }  // namespace
 
@@ -111,53 +187,39 @@ void MagneticVariation::ExtraPSH(double date, int mainFieldDegree, int changeFie
 
 FieldComponents MagneticVariation::SHVAL3(int coordinateSystem, int maximumDegree, int target, double latitude,
                                           double longitude, double altitude) {
-    const Station station = stationAt(coordinateSystem == 1, latitude, altitude);
-    const double ratio = referenceRadius / station.radius;
-    const Coefficients& coefficients = target == targetNow ? gha_ : ghb_;
-    LegendreTerms terms(station.sinLatitude, station.cosLatitude);
-    std::array<double, mainDegree + 1> sines{}, cosines{};
-    sines[1] = sinDeg(longitude);
-    cosines[1] = cosDeg(longitude);
+    const int highest = std::min(maximumDegree, mainDegree);
+    const PlaceTerms place = placeTerms(stationAt(coordinateSystem == 1, latitude, altitude), longitude, highest);
+    return keep(target, synthesis(target == targetNow ? gha_ : ghb_, place, highest));
+}
 
-    FieldComponents field;
-    std::size_t next = 0;  // coefficient
-    int k = 0;             // term
-    for (int n = 1; n <= std::min(maximumDegree, mainDegree); ++n) {
-        const double scale = std::pow(ratio, n + 2);
-        for (int m = 0; m <= n; ++m, ++k) {
-            terms.extend(k, n, m);
-            const double p = terms.P[static_cast<std::size_t>(k)];
-            const double q = terms.Q[static_cast<std::size_t>(k)];
-            const double g = scale * coefficients[next++];
-            if (m == 0) {
-                field.north += g * q;
-                field.down -= g * p;
-                continue;
-            }
-            const auto i = static_cast<std::size_t>(m);
-            if (m > 1 && m == n) {
-                sines[i] = sines[i - 1] * cosines[1] + cosines[i - 1] * sines[1];
-                cosines[i] = cosines[i - 1] * cosines[1] - sines[i - 1] * sines[1];
-            }
-            const double h = scale * coefficients[next++];
-            const double along = g * cosines[i] + h * sines[i];
-            const double across = g * sines[i] - h * cosines[i];
-            field.north += along * q;
-            field.down -= along * p;
-            field.east += station.cosLatitude > 0.0 ? across * m * p / ((n + 1.0) * station.cosLatitude)
-                                                    : across * q * station.sinLatitude;
-        }
+const FieldComponents& MagneticVariation::keep(int target, const FieldComponents& field) {
+    return (target == targetNow ? componentsNow_ : componentsNextYear_) = field;
+}
+
+MagneticVariation::Field MagneticVariation::fieldAt(int day, int month, int year) {
+    constexpr std::size_t changeCount = changeDegree * (changeDegree + 2);
+    const double years = Julday(day, month, year) - modelEpoch;
+    Field field;
+    for (std::size_t i = 0; i < field.coefficients.size(); ++i) {
+        const tables::FieldCoefficient& row = tables::geomagnetic_field[i];
+        field.coefficients[i] = i < changeCount ? row.main2010 + years * row.change2010 : row.main2010;
     }
-    const double north = field.north;
-    field.north = north * station.cosTilt + field.down * station.sinTilt;
-    field.down = field.down * station.cosTilt - north * station.sinTilt;
-    (target == targetNow ? componentsNow_ : componentsNextYear_) = field;
     return field;
 }
 
+MagneticVariation::PlaceTerms MagneticVariation::termsAt(double latitude, double longitude, double altitude) {
+    return placeTerms(stationAt(true, latitude, altitude * 0.0010000000474974513), longitude, mainDegree);
+}
+
+double MagneticVariation::declination(const Field& field, const PlaceTerms& place) {
+    const auto [north, east, down] = synthesis(field.coefficients, place, mainDegree);
+    const double horizontal = std::sqrt(north * north + east * east);
+    if (horizontal < noField) return undefined;
+    const double declination = std::atan2(east, north);
+    return declination != undefined ? declination * degreesPerRadian : undefined;
+}
+
 void MagneticVariation::DIHF(int target) {
-    constexpr double noField = 9.999999747378752e-05;  // nT
-    constexpr double undefined = -1.0;
     const auto& [north, east, down] = target == targetNow ? componentsNow_ : componentsNextYear_;
     Elements& elements = target == targetNow ? now_ : nextYear_;
     const double horizontal2 = north * north + east * east;
@@ -169,13 +231,14 @@ void MagneticVariation::DIHF(int target) {
 
 double MagneticVariation::getMagneticVariation(int day, int month, int year, double latitude, double longitude,
                                                double altitude) {
-    constexpr int geodetic = 1, targetNextYear = 4;
+    constexpr int targetNextYear = 4;
     const double date = Julday(day, month, year);
     const double kilometres = altitude * 0.0010000000474974513;
     ExtraPSH(date, mainDegree, changeDegree, targetNow, modelEpoch);
     ExtraPSH(date + 1.0, mainDegree, changeDegree, targetNextYear, modelEpoch);
+    const PlaceTerms place = placeTerms(stationAt(true, latitude, kilometres), longitude, mainDegree);
     for (const int target : {targetNow, targetNextYear}) {
-        SHVAL3(geodetic, mainDegree, target, latitude, longitude, kilometres);
+        keep(target, synthesis(target == targetNow ? gha_ : ghb_, place, mainDegree));
         DIHF(target);
     }
     const bool isDefined = now_.declination != -1.0;

@@ -44,6 +44,23 @@ class MagneticVariation {
     /// -1.0.
     void DIHF(int target);
 
+    /// The field of a date, for `declination` at many places.
+    struct Field {
+        Coefficients coefficients{};
+    };
+    static Field fieldAt(int day, int month, int year);
+
+    /// What the synthesis takes from a place and no date enters, for `declination` on many dates.
+    struct PlaceTerms {
+        double cosTilt = 1.0, sinTilt = 0.0, sinLatitude = 0.0, cosLatitude = 1.0;
+        std::array<double, 104> P{}, Q{};
+        std::array<double, mainDegree + 1> scales{}, sines{}, cosines{};
+    };
+    static PlaceTerms termsAt(double latitude, double longitude, double altitude);
+
+    /// What `getMagneticVariation` returns, and nothing else.
+    static double declination(const Field& field, const PlaceTerms& place);
+
     /// Magnetic declination in degrees, positive to the east, at a date, place and height in metres.
     /// Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, those of `Temp` in radians.
     double getMagneticVariation(int day, int month, int year, double latitude, double longitude, double altitude);
@@ -68,6 +85,8 @@ class MagneticVariation {
     struct Elements {
         double declination = 0.0, inclination = 0.0, horizontal = 0.0, total = 0.0;
     };
+
+    const FieldComponents& keep(int target, const FieldComponents& field);
 
     Coefficients gha_{}, ghb_{};
     FieldComponents componentsNow_, componentsNextYear_;

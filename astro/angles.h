@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 
 namespace quode {
 
@@ -20,6 +21,12 @@ inline double cosDeg(double angle) {
 }
 inline double tanDeg(double angle) {
     return std::tan(angle * degree);
+}
+
+/// The whole part, as std::trunc, without its call.
+inline double wholePart(double x) {
+    constexpr double largest = 9e15;
+    return std::abs(x) < largest ? static_cast<double>(static_cast<std::int64_t>(x)) : std::trunc(x);
 }
 
 /// Arc sine in radians. An argument that rounding has carried past 1 counts as 1; one that lies farther outside has no

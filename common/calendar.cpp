@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 #include "astro/AstroGlobalFuncs.h"
 #include "common/hijri_table.h"
@@ -27,6 +28,48 @@ std::int64_t hijriIndex(std::int64_t year, std::int64_t month) {
 
 bool isInHijriTable(std::int64_t index) {
     return index >= 0 && index < hijriMonthCount;
+}
+
+// The table, and some days around it, lie far from the changes of the calendars: days follow days.
+constexpr double firstPlainDay = 2454700.0, lastPlainDay = 2469800.0;
+
+/// The index of the last month that does not begin after a midnight; -1 or `hijriMonthCount` - 1 beside the table.
+int hijriMonthAt(double midnight) {
+    constexpr double meanMonth = 29.530589;
+    int index = static_cast<int>((midnight - HijriFirstDayOfMonths[0]) / meanMonth);
+    index = std::clamp(index, 0, hijriMonthCount - 1);
+    const auto firstDay = [](int month) { return HijriFirstDayOfMonths[static_cast<std::size_t>(month)]; };
+    while (index + 1 < hijriMonthCount && firstDay(index + 1) <= midnight) ++index;
+    while (index >= 0 && firstDay(index) > midnight) --index;
+    return index;
+}
+
+/// `JulianToHijri` where days follow days; nothing where the moment lies so near to a whole second that the rounding of the
+/// Gregorian date on the way would decide.
+std::optional<VAKDate> plainJulianToHijri(double julianDay) {
+    constexpr double clearly = 1e-5;
+    const auto dayNumber = static_cast<std::int32_t>(julianDay + 0.5);
+    const double seconds = (julianDay - dayNumber + 0.5 + dayNudge) * secondsPerDay;
+    auto whole = static_cast<std::int32_t>(seconds);
+    const double rest = seconds - whole;
+    if (!(rest > clearly && rest < 1.0 - clearly)) return std::nullopt;
+    const bool isNextDay = whole >= 86400;
+    if (isNextDay) whole -= 86400;
+    VAKDate date;
+    date.Hours = whole / 3600;
+    date.Minutes = whole / 60 % 60;
+    date.Seconds = whole % 60;
+    const double midnight = dayNumber + (isNextDay ? 0.5 : -0.5);
+    const int month = hijriMonthAt(midnight);
+    if (month < 0 || month == hijriMonthCount - 1) {
+        date.Years = date.Months = date.Days = -1;
+        return date;
+    }
+    const bool isLastOfYear = month % 12 == 0;
+    date.Years = (isLastOfYear ? 1429 : 1430) + month / 12;
+    date.Months = isLastOfYear ? 12 : month % 12;
+    date.Days = static_cast<int>(midnight - HijriFirstDayOfMonths[static_cast<std::size_t>(month)]) + 1;
+    return date;
 }
 
 }  // namespace
@@ -69,6 +112,9 @@ double HijriDateToJulian(const VAKDate& date) {
 }
 
 VAKDate JulianToHijri(double julianDay) {
+    if (julianDay > firstPlainDay && julianDay < lastPlainDay) {
+        if (const auto date = plainJulianToHijri(julianDay)) return *date;
+    }
     VAKDate date = JulianToGregorian(julianDay);
     const double midnight = CalculateJulianDay(date.Years, date.Months, date.Days, 0, 0, 0);
     const auto next = std::upper_bound(HijriFirstDayOfMonths.begin(), HijriFirstDayOfMonths.end(), midnight);

@@ -9,12 +9,10 @@
 #include "astro/MagneticVariation.h"
 #include "common/formatting.h"
 #include "common/numbers.h"
+#include "data/day_engine.h"
 
 namespace quode {
 namespace {
-
-// The field of the Earth is asked for at this height, whatever the place's own.
-constexpr double declinationHeight = 500.0;  // metres
 
 // Rules name days, not hours: nearly everywhere the clocks change within an hour of this time of the standard clock.
 constexpr std::chrono::hours changeOfClocks{2};
@@ -64,22 +62,33 @@ Site siteOf(const City& city) {
     return site;
 }
 
-CityDay computeCityDay(const Site& site, const VAKDate& day) {
-    CityDay result;
-    result.date = VAKDateMake(day.Days, day.Months, day.Years, 0, 0, 0);
+void setEngine(FastAstro& engine, const Site& site, const VAKDate& day) {
     const ZoneRule& rule = site.rule;
-    FastAstro engine;
-    engine.SetCurrentDateTime(result.date);
+    engine.clearTimes();
+    engine.SetCurrentDateTime(VAKDateMake(day.Days, day.Months, day.Years, 0, 0, 0));
     engine.SetPlace(site.latitude, site.longitude, rule.gmt, rule.dst ? 1 : 0, rule.startMonth, rule.startDay,
                     rule.stopMonth, rule.stopDay, rule.hour, site.temkin ? 1 : 0);
+}
+
+void computeTimes(FastAstro& engine, CityDay& result) {
     const Place& place = engine.CalculatePrayTimes();
+    result.date = engine.iCurrentDate();
     result.times = place.TodayPrayTimes;
     result.GMTValue = place.GMTValue;
     result.isDSTTime = place.isDSTTime;
     result.kible = place.KibleAngle;
+}
+
+CityDay computeCityDay(const Site& site, const VAKDate& day) {
+    CityDay result;
+    FastAstro engine;
+    engine.setTimesOnly(true);
+    setEngine(engine, site, day);
+    computeTimes(engine, result);
     result.sky = engine.getSomeInfoForQuodeWidget();
-    result.declination = MagneticVariation().getMagneticVariation(day.Days, day.Months, day.Years, site.latitude,
-                                                                  site.longitude, declinationHeight);
+    result.declination =
+        MagneticVariation::declination(MagneticVariation::fieldAt(day.Days, day.Months, day.Years),
+                                       MagneticVariation::termsAt(site.latitude, site.longitude, declinationHeight));
     return result;
 }
 
@@ -124,8 +133,12 @@ VAKDate wallClock(const ZoneRule& rule, sys_seconds instant) {
 std::optional<NextPrayer> nextPrayer(const Site& site, sys_seconds now) {
     const VAKDate clock = wallClock(site.rule, now);
     std::optional<NextPrayer> next;
+    FastAstro engine;
+    engine.setTimesOnly(true);
     for (const int offset : {-1, 0, 1}) {
-        const CityDay day = computeCityDay(site, recordOf(sys_seconds(dayOf(clock) + days(offset))));
+        setEngine(engine, site, recordOf(sys_seconds(dayOf(clock) + days(offset))));
+        CityDay day;
+        computeTimes(engine, day);
         for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
             const double hours = timeOfPrayer(day, code);
             if (hours == missingTime) continue;

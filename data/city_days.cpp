@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "data/city_days.h"
+
+#include <limits>
+#include <tuple>
+
+#include "data/day_engine.h"
+
+namespace quode {
+namespace {
+
+constexpr double noPlace = std::numeric_limits<double>::quiet_NaN();  // equals nothing
+
+bool isLeapYear(int year) {
+    return year % 4 == 0 && (year < 1582 || year % 100 != 0 || year % 400 == 0);
+}
+
+VAKDate dayAfter(const VAKDate& day) {
+    constexpr int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    VAKDate next = VAKDateMake(day.Days + 1, day.Months, day.Years, 0, 0, 0);
+    if (next.Years == 1582 && next.Months == 10 && next.Days == 5) next.Days = 15;  // the calendar left ten days out
+    const int length = lengths[next.Months - 1] + (next.Months == 2 && isLeapYear(next.Years) ? 1 : 0);
+    if (next.Days <= length) return next;
+    return next.Months < 12 ? VAKDateMake(1, next.Months + 1, next.Years, 0, 0, 0)
+                            : VAKDateMake(1, 1, next.Years + 1, 0, 0, 0);
+}
+
+bool isAfter(const VAKDate& a, const VAKDate& b) {
+    return std::tie(a.Years, a.Months, a.Days) > std::tie(b.Years, b.Months, b.Days);
+}
+
+}  // namespace
+
+CityDays::CityDays() : memo_(std::make_unique<SkyMemo>()), termsLatitude_(noPlace), termsLongitude_(noPlace) {
+    engine_.share(memo_.get());
+    engine_.setTimesOnly(true);
+}
+
+void CityDays::compute(const Site& site, const VAKDate& day, CityDay& result) {
+    computeTimes(site, day, result);
+    result.sky = engine_.getSomeInfoForQuodeWidget();
+    result.declination = declination(site, day);
+}
+
+void CityDays::computeTimes(const Site& site, const VAKDate& day, CityDay& result) {
+    setEngine(engine_, site, day);
+    quode::computeTimes(engine_, result);
+}
+
+double CityDays::declination(const Site& site, const VAKDate& day) {
+    if (!sameDay(fieldDay_, day)) {
+        field_ = MagneticVariation::fieldAt(day.Days, day.Months, day.Years);
+        fieldDay_ = day;
+    }
+    if (termsLatitude_ != site.latitude || termsLongitude_ != site.longitude) {
+        terms_ = MagneticVariation::termsAt(site.latitude, site.longitude, declinationHeight);
+        termsLatitude_ = site.latitude;
+        termsLongitude_ = site.longitude;
+    }
+    return MagneticVariation::declination(field_, terms_);
+}
+
+std::vector<VAKDate> daysBetween(const VAKDate& from, const VAKDate& to) {
+    std::vector<VAKDate> days;
+    for (VAKDate day = VAKDateMake(from.Days, from.Months, from.Years, 0, 0, 0); !isAfter(day, to);
+         day = dayAfter(day)) {
+        days.push_back(day);
+    }
+    return days;
+}
+
+std::vector<CityDay> computeDays(const Site& site, const VAKDate& from, const VAKDate& to) {
+    const std::vector<VAKDate> days = daysBetween(from, to);
+    std::vector<CityDay> results(days.size());
+    computeDays(site, days, results);
+    return results;
+}
+
+void computeDays(const Site& site, std::span<const VAKDate> days, std::span<CityDay> results) {
+    CityDays series;
+    for (std::size_t i = 0; i < days.size(); ++i) series.compute(site, days[i], results[i]);
+}
+
+void computeDays(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results) {
+    CityDays series;
+    for (std::size_t i = 0; i < sites.size(); ++i) series.compute(sites[i], day, results[i]);
+}
+
+}  // namespace quode
