@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <csignal>
 
+#include "common/printable.h"
+
 namespace quode::app {
 namespace {
 
@@ -63,7 +65,7 @@ WriteResult writeOutput(std::string_view text) {
 }
 
 void writeMessage(std::string_view text) {
-    writeAll(STDERR_FILENO, std::string(program_invocation_short_name) + ": " + std::string(text) + "\n");
+    writeAll(STDERR_FILENO, std::string(program_invocation_short_name) + ": " + printableLines(text) + "\n");
 }
 
 }  // namespace quode::app

@@ -11,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "common/printable.h"
 #include "common/utf8.h"
 
 namespace quode {
@@ -27,17 +28,17 @@ struct FreeMemory {
 template <typename T>
 using Owned = std::unique_ptr<T, FreeMemory>;
 
-std::string checkedText(const char* text) {
+std::string checkedText(std::string_view text) {
     if (!isUtf8(text)) throw std::runtime_error("a text is not UTF-8");
-    return text;
+    return printable(text);
 }
 
+// Looks at the value itself: the library's reader ends the program where a damaged node has none.
 std::string stringOf(plist_t node, const std::string& key) {
-    char* value = nullptr;
-    if (plist_get_node_type(node) == PLIST_STRING) plist_get_string_val(node, &value);
-    const Owned<char> owned(value);
-    if (!owned) throw std::runtime_error("the value of \"" + key + "\" is not a text");
-    return checkedText(owned.get());
+    std::uint64_t length = 0;
+    const char* value = plist_get_node_type(node) == PLIST_STRING ? plist_get_string_ptr(node, &length) : nullptr;
+    if (value == nullptr) throw std::runtime_error("the value of \"" + key + "\" is not a text");
+    return checkedText({value, static_cast<std::size_t>(length)});
 }
 
 // Calls visit(key, node) for each entry of a dictionary.
@@ -65,15 +66,31 @@ LanguagePack::Section sectionOf(plist_t node, const std::string& name) {
     return section;
 }
 
+Plist parsedBytes(std::string_view bytes) {
+    plist_t root = nullptr;
+    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    if (root == nullptr) throw std::runtime_error("it is not a property list, or it is damaged");
+    return Plist(root);
+}
+
+// The library's reader of keys ends the program at one that holds a zero character, as only the binary form can.
+// Written as XML, such a list is not well formed.
+Plist withoutZeroCharacters(const Plist& binary) {
+    char* xml = nullptr;
+    std::uint32_t length = 0;
+    plist_to_xml(binary.get(), &xml, &length);
+    const Owned<char> owned(xml);
+    if (!owned) throw std::runtime_error("it is damaged");
+    return parsedBytes({owned.get(), length});
+}
+
 Plist parsedPlist(std::string_view bytes) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
     if (bytes.empty()) throw std::runtime_error("it is empty");
     if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) throw std::runtime_error("it is too large");
-    plist_t root = nullptr;
-    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
-    if (root == nullptr) throw std::runtime_error("it is not a property list, or it is damaged");
-    return Plist(root);
+    Plist root = parsedBytes(bytes);
+    return bytes.starts_with("bplist") ? withoutZeroCharacters(root) : std::move(root);
 }
 
 struct Language {

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <utility>
 
+#include "common/printable.h"
+#include "common/utf8.h"
 #include "companion/user_connection.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
@@ -137,6 +139,9 @@ bool UserDatabase::addCity(int id) {
 
 int UserDatabase::addPlace(const NewPlace& newPlace) {
     if (isBlank(newPlace.name)) refuse(_("A place needs a name."));
+    if (!isUtf8(newPlace.name) || hasControls(newPlace.name)) {
+        refuse(_("The name of the place has control characters or is not UTF-8. Use letters, digits and punctuation."));
+    }
     const std::optional<NearestCity> nearest = cities_->nearest(newPlace.latitude, newPlace.longitude);
     if (!nearest) {
         refuse(_("The coordinates {}, {} are out of range: latitudes are -90 to 90, longitudes -180 to 180.",

@@ -3,6 +3,7 @@
 #include "data/user_places.h"
 
 #include "common/numbers.h"
+#include "common/printable.h"
 #include "data/sqlite_reading.h"
 
 namespace quode {
@@ -23,7 +24,7 @@ std::optional<KeptPlace> keptPlace(sqlite3* userDatabase, int id) {
     if (!row) return std::nullopt;
     sqlite3_bind_int(row.get(), 1, id);
     if (sqlite3_step(row.get()) != SQLITE_ROW) return std::nullopt;
-    return KeptPlace{sqlite::text(row.get(), 0), sqlite3_column_double(row.get(), 1),
+    return KeptPlace{printable(sqlite::text(row.get(), 0)), sqlite3_column_double(row.get(), 1),
                      sqlite3_column_double(row.get(), 2), sqlite::text(row.get(), 3)};
 }
 

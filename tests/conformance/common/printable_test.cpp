@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "common/printable.h"
+
+#include <gtest/gtest.h>
+
+namespace quode {
+namespace {
+
+TEST(Printable, LeavesOutWhatATerminalObeys) {
+    EXPECT_EQ(printable("A\x1B[31mB\a\b\x7F"), "A[31mB");
+    EXPECT_EQ(printable("A\xC2\x9B"
+                        "31mB"),
+              "A31mB");  // the control sequence introducer of C1
+    EXPECT_EQ(printable("A\nB\tC\r"), "ABC");
+    EXPECT_EQ(printableLines("A\nB\tC\r\x1B"), "A\nB\tC");
+}
+
+TEST(Printable, LeavesOutMarksThatReorderWhatFollows) {
+    EXPECT_EQ(printable("abc\xE2\x80\xAE"
+                        "def"),
+              "abcdef");
+    EXPECT_EQ(printable("\xE2\x80\xAA\xE2\x80\xAC"), "");
+}
+
+TEST(Printable, KeepsLettersOfEveryScriptAndBrokenBytes) {
+    for (const char* text : {"Łódź", "القاهرة", "東京", "İstanbul", "é", "\xC2", "\xE2\x80", ""}) {
+        EXPECT_EQ(printable(text), text);
+        EXPECT_FALSE(hasControls(text)) << text;
+    }
+    EXPECT_TRUE(hasControls("Bad\x1B]0;title\a"));
+}
+
+}  // namespace
+}  // namespace quode

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include <stdexcept>
+
+#include "common/LanguagePack.h"
+#include "fuzz/target.h"
+
+void quode::fuzz::consume(std::string_view bytes) {
+    try {
+        parseLanguagePack(bytes);
+    } catch (const std::runtime_error&) {
+        // says what is wrong with the file
+    }
+}

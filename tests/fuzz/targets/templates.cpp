@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Formats of a language pack.
+#include <stdexcept>
+
+#include "common/text_format.h"
+#include "fuzz/target.h"
+
+void quode::fuzz::consume(std::string_view bytes) {
+    try {
+        placeholdersOf(bytes);
+        filledFormat(bytes, {7, std::string_view("text")});
+    } catch (const std::invalid_argument&) {
+        // names the format
+    }
+}
