@@ -19,7 +19,6 @@ namespace {
 
 using Reason = CityDatabaseError::Reason;
 
-
 // Whether the file has the length that its first page announces; a file cut short otherwise shows only much later.
 bool isWhole(const std::filesystem::path& file) {
     std::array<unsigned char, 32> header{};
@@ -96,7 +95,7 @@ std::optional<CityRecord> CityConnection::record(int id) {
     sqlite3_reset(row);
     sqlite3_bind_int(row, 1, id);
     if (!next(recordQuery_)) return std::nullopt;
-    if (!isIntact(row)) failDamaged("the record of place " + std::to_string(id) + " has a wrong checksum");
+    if (!isIntact(row)) failDamaged(_("the record of place {} has a wrong checksum", id));
     const auto text = [row](int column) { return sqlite::text(row, column); };
     const auto integer = [row](int column) { return sqlite3_column_int(row, column); };
     const auto degrees = [&text](int column) {
@@ -125,7 +124,7 @@ std::optional<CityRecord> CityConnection::record(int id) {
     if (sqlite3_column_type(row, 19) != SQLITE_NULL) city.elevation = integer(19);
     sqlite3_reset(row);
     if (!(std::abs(city.latitude) <= 90.0 && std::abs(city.longitude) <= 180.0)) {
-        failDamaged("the coordinates of place " + std::to_string(id) + " are out of range");
+        failDamaged(_("the coordinates of place {} are out of range", id));
     }
     return city;
 }
@@ -134,7 +133,7 @@ std::optional<CityRecord> CityConnection::largestCityOfZone(std::string_view zon
     const sqlite::Statement row = query(zoneCitySql);
     sqlite3_bind_text(row.get(), 1, zone.data(), static_cast<int>(zone.size()), SQLITE_STATIC);
     if (!next(row)) return std::nullopt;
-    if (!isIntact(row.get())) failDamaged("the zone " + std::string(zone) + " has a wrong checksum");
+    if (!isIntact(row.get())) failDamaged(_("time zone {} has a wrong checksum", zone));
     return record(sqlite3_column_int(row.get(), 2));
 }
 
@@ -142,7 +141,7 @@ CityRecord CityConnection::recordAt(int id, int latitude, int longitude) {
     const std::optional<CityRecord> city = record(id);
     const bool fits =
         city && std::lround(city->latitude * 1e5) == latitude && std::lround(city->longitude * 1e5) == longitude;
-    if (!fits) failDamaged("the coordinates of place " + std::to_string(id) + " contradict each other");
+    if (!fits) failDamaged(_("the coordinates of place {} contradict each other", id));
     return *city;
 }
 
