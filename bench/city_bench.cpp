@@ -27,10 +27,6 @@ void useBundle() {
     benchmark::DoNotOptimize(started);
 }
 
-CityDatabase database() {
-    return CityDatabase(CityDatabase::fileIn(QUODE_BUNDLE));
-}
-
 void OneCityDay(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(computeCityDay(istanbul, dayOf(21, 11)));
 }
@@ -78,17 +74,6 @@ void LoadOfACity(benchmark::State& state) {
     }
 }
 BENCHMARK(LoadOfACity)->Unit(benchmark::kMicrosecond);
-
-void Search(benchmark::State& state, const char* text) {
-    const CityDatabase cities = database();
-    for (auto _ : state) {
-        if (cities.search(text).empty()) state.SkipWithError("nothing was found");
-    }
-}
-BENCHMARK_CAPTURE(Search, name, "istanbul")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Search, beginning, "san")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Search, nameAndRegion, "London, CA")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Search, typingMistake, "Istambull")->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace quode

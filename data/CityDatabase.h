@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/CityMatch.h"
 #include "data/zone_rules.h"
 
 namespace quode {
@@ -32,14 +33,6 @@ struct CityRecord {
     bool temkin = true;            ///< the margin is used
     long population = 0;           ///< 0 = not known
     std::optional<int> elevation;  ///< metres
-};
-
-/// How a place was found by a search.
-enum class CityMatch {
-    exact,   ///< the text is one of its names
-    prefix,  ///< one of its names begins with the text
-    word,    ///< a later word of one of its names begins with the text
-    typo,    ///< one of its names is a typing mistake or two away
 };
 
 /// A place found by a search.
@@ -99,8 +92,8 @@ class CityDatabase {
     ///           typing mistake away only when there is little else. Empty for a text without any letter or digit.
     std::vector<CityHit> search(std::string_view text, int limit = 10) const;
 
-    /// The places that have exactly this name, the most populous first; the text is read as by `search`. A short name is
-    /// found too, however many longer ones begin with it.
+    /// The places that have exactly this name, the most populous first; the text is read as by `search`. A short name
+    /// is found too, however many longer ones begin with it.
     std::vector<CityHit> named(std::string_view text, int limit = 10) const;
 
     /// The place nearest to a point. latitude -90..90, longitude -180..180 (degrees); nothing outside these ranges.

@@ -1,31 +1,24 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <map>
-#include <unordered_map>
 
 #include "data/CityDatabase.h"
 #include "data/city_connection.h"
 #include "data/city_database_schema.h"
 #include "data/name_folding.h"
+#include "data/name_groups.h"
+#include "data/name_ranking.h"
 
 namespace quode {
 namespace {
 
 constexpr std::size_t longestText = 200;     // bytes; no name is half as long
 constexpr std::size_t littleFound = 5;       // below this many hits typing mistakes are considered
+constexpr std::size_t mostQualifiers = 31;   // one bit each; no place has as many
 constexpr std::size_t leastForMistakes = 4;  // shorter texts are too near to everything
 constexpr std::size_t leastForTwoMistakes = 8;
-
-// How well a name fits, in powers of ten of population: an exact name outweighs one a thousand times as populous.
-constexpr double exactName = 3.0;
-constexpr double firstWords = 1.5;  // the text is followed by another word of the name
-constexpr double firstLetters = 0.0;
-constexpr double laterWords = -0.5;
-constexpr double laterLetters = -2.0;
-constexpr double perMistake = -2.0;
 
 struct Candidate {
     int id = 0;
@@ -33,6 +26,43 @@ struct Candidate {
     CityMatch match = CityMatch::exact;
     bool otherName = false;
     std::string folded;  // the name that matched
+
+    bool isBefore(double otherScore, int otherId) const {
+        return score != otherScore ? score > otherScore : id < otherId;
+    }
+};
+
+// The best places that were found, each once, in their order.
+class Ranking {
+  public:
+    explicit Ranking(std::size_t limit) : limit_(limit) {}
+
+    bool isEmpty() const { return some_.empty(); }
+
+    // Whether no more than a few places were found at all; those that the limit has cut off count too.
+    bool isShort() const { return some_.size() < littleFound; }
+
+    void add(int id, std::string_view folded, NameKind kind, const NameFit& fit, double score) {
+        if (isShort() && std::find(some_.begin(), some_.end(), id) == some_.end()) some_.push_back(id);
+        if (best_.size() == limit_ && best_.back().isBefore(score, id)) return;
+        const auto known = std::find_if(best_.begin(), best_.end(), [id](const Candidate& c) { return c.id == id; });
+        if (known != best_.end()) {
+            if (known->score >= score) return;
+            best_.erase(known);
+        }
+        const bool other = kind == NameKind::other || kind == NameKind::otherWord;
+        const auto after =
+            std::find_if(best_.begin(), best_.end(), [&](const Candidate& c) { return !c.isBefore(score, id); });
+        best_.insert(after, {id, score, fit.match, other, std::string(folded)});
+        if (best_.size() > limit_) best_.pop_back();
+    }
+
+    const std::vector<Candidate>& best() const { return best_; }
+
+  private:
+    std::size_t limit_;
+    std::vector<Candidate> best_;
+    std::vector<int> some_;
 };
 
 // A text to search for: a folded name, and the regions that it is to be found in.
@@ -61,67 +91,99 @@ std::string countryCodeFor(const std::string& qualifier) {
     return found == usual.end() ? qualifier : found->second;
 }
 
-double scoreOf(double fit, std::int64_t population) {
-    return fit + std::log10(static_cast<double>(std::max<std::int64_t>(population, 0)) + 1.0);
-}
-
 // One search over an open database.
 class CitySearch {
   public:
-    explicit CitySearch(CityConnection& connection) : connection_(connection) {}
+    CitySearch(CityConnection& connection, std::size_t limit) : connection_(connection), found_(limit) {}
 
-    std::vector<CityHit> findNamed(std::string_view text, std::size_t limit) {
+    std::vector<CityHit> findNamed(std::string_view text) {
+        onlyExact_ = true;
         const Wanted wanted = split(text);
         if (wanted.name.empty()) return {};
         collectNames(wanted, wanted.name + '\0');
-        if (found_.empty() && !wanted.qualifiers.empty()) {
+        if (!anyName_ && !wanted.qualifiers.empty()) {
             const std::string whole = foldedName(text);
             collectNames({whole, {}}, whole + '\0');
         }
-        std::erase_if(found_, [](const auto& entry) { return entry.second.match != CityMatch::exact; });
-        return best(limit);
+        return hits();
     }
 
     std::vector<CityHit> find(std::string_view text, std::size_t limit) {
         const Wanted wanted = split(text);
         if (wanted.name.empty()) return {};
+        if (limit <= keptForBeginning && wanted.qualifiers.empty()) collectBeginning(wanted.name);
+        if (!found_.isEmpty()) return hits();
         collectNames(wanted);
-        if (found_.empty() && !wanted.qualifiers.empty()) collectNames({foldedName(text), {}});
-        if (found_.empty() && wanted.qualifiers.empty()) collectWithQualifierWords(wanted.name);
-        if (!wordsFound_ && found_.size() < littleFound) collectMistakes(wanted);
-        return best(limit);
+        if (found_.isEmpty() && !wanted.qualifiers.empty()) collectNames({foldedName(text), {}});
+        if (found_.isEmpty() && wanted.qualifiers.empty()) collectWithQualifierWords(wanted.name);
+        if (!wordsFound_ && found_.isShort()) collectMistakes(wanted);
+        return hits();
     }
 
   private:
     // The regions that satisfy all qualifiers; nothing when there are none to satisfy.
     std::optional<std::vector<bool>> allowedParents(const std::vector<std::string>& qualifiers) const {
         if (qualifiers.empty()) return std::nullopt;
+        if (qualifiers.size() > mostQualifiers) return std::vector<bool>();
+        const std::uint32_t all = (std::uint32_t{1} << qualifiers.size()) - 1;
+        const std::map<int, std::uint32_t> countries = countriesThatSatisfy(qualifiers);
         const sqlite::Statement row = connection_.query(
-            "SELECT F.PARENT, lower(F.CODE), lower(K.CODE), F.FOLDED, K.FOLDEDEN, K.FOLDEDTR FROM PARENT_FACT F "
-            "JOIN CITY_PARENT P ON P.PARENT = F.PARENT JOIN COUNTRY_FACT K ON K.CID = P.CID ORDER BY F.PARENT DESC");
+            "SELECT F.PARENT, lower(F.CODE), F.FOLDED, P.CID FROM PARENT_FACT F JOIN CITY_PARENT P ON P.PARENT = "
+            "F.PARENT "
+            "ORDER BY F.PARENT DESC");
         std::vector<bool> allowed;
         while (connection_.next(row)) {
             const auto parent = static_cast<std::size_t>(sqlite3_column_int(row.get(), 0));
             if (parent >= allowed.size()) allowed.resize(parent + 1);
-            allowed[parent] = std::all_of(qualifiers.begin(), qualifiers.end(), [&](const std::string& qualifier) {
-                return satisfies(row.get(), qualifier);
-            });
+            const auto country = countries.find(sqlite3_column_int(row.get(), 3));
+            std::uint32_t satisfied = country == countries.end() ? 0 : country->second;
+            if (satisfied != all) {
+                satisfied |= satisfiedBy(sqlite::text(row.get(), 1), {sqlite::text(row.get(), 2)}, qualifiers, false);
+            }
+            allowed[parent] = satisfied == all;
         }
         return allowed;
     }
 
-    static bool satisfies(sqlite3_stmt* row, const std::string& qualifier) {
-        if (sqlite::text(row, 1) == qualifier || sqlite::text(row, 2) == countryCodeFor(qualifier)) return true;
-        if (qualifier.size() <= 2) return false;
-        for (int column = 3; column <= 5; ++column) {
-            if (sqlite::text(row, column).starts_with(qualifier)) return true;
+    // The countries that satisfy some of the qualifiers, one bit each.
+    std::map<int, std::uint32_t> countriesThatSatisfy(const std::vector<std::string>& qualifiers) const {
+        std::map<int, std::uint32_t> countries;
+        const sqlite::Statement row =
+            connection_.query("SELECT CID, lower(CODE), FOLDEDEN, FOLDEDTR FROM COUNTRY_FACT");
+        while (connection_.next(row)) {
+            const auto text = [&row](int column) { return sqlite::text(row.get(), column); };
+            const std::uint32_t satisfied = satisfiedBy(text(1), {text(2), text(3)}, qualifiers, true);
+            if (satisfied != 0) countries[sqlite3_column_int(row.get(), 0)] = satisfied;
         }
-        return false;
+        return countries;
     }
 
-    static bool allows(const std::optional<std::vector<bool>>& allowed, sqlite3_stmt* row) {
-        const auto parent = static_cast<std::size_t>(sqlite3_column_int(row, 4));
-        return !allowed || (parent < allowed->size() && (*allowed)[parent]);
+    static std::uint32_t satisfiedBy(const std::string& code, std::initializer_list<std::string> names,
+                                     const std::vector<std::string>& qualifiers, bool isCountry) {
+        std::uint32_t satisfied = 0;
+        for (std::size_t i = 0; i < qualifiers.size(); ++i) {
+            const std::string& qualifier = qualifiers[i];
+            const bool byName = qualifier.size() > 2 && std::any_of(names.begin(), names.end(), [&](const auto& name) {
+                                    return name.starts_with(qualifier);
+                                });
+            if (byName || code == (isCountry ? countryCodeFor(qualifier) : qualifier))
+                satisfied |= std::uint32_t{1} << i;
+        }
+        return satisfied;
+    }
+
+    static bool allows(const std::optional<std::vector<bool>>& allowed, int parent) {
+        const auto at = static_cast<std::size_t>(parent);
+        return !allowed || (at < allowed->size() && (*allowed)[at]);
+    }
+
+    // The best names of a text with which very many begin; nothing for other texts.
+    void collectBeginning(const std::string& name) {
+        const sqlite::Statement row = connection_.query(
+            "SELECT N.FOLDED, N.ID, N.KIND, N.POPULATION FROM BEGINNING B JOIN CITY_NAME N ON N.FOLDED = B.FOLDED AND "
+            "N.ID = B.ID WHERE B.TEXT = ?1 ORDER BY B.FOLDED, B.ID");
+        sqlite3_bind_text(row.get(), 1, name.c_str(), -1, SQLITE_STATIC);
+        while (connection_.next(row)) addName(row.get(), name);
     }
 
     // Everything that begins with the name.
@@ -135,7 +197,7 @@ class CitySearch {
         sqlite3_bind_text(row.get(), 1, wanted.name.c_str(), -1, SQLITE_STATIC);
         sqlite3_bind_text(row.get(), 2, end.data(), static_cast<int>(end.size()), SQLITE_STATIC);
         while (connection_.next(row)) {
-            if (allows(allowed, row.get())) addName(row.get(), wanted.name);
+            if (allows(allowed, sqlite3_column_int(row.get(), 4))) addName(row.get(), wanted.name);
         }
     }
 
@@ -143,28 +205,16 @@ class CitySearch {
         const std::string_view folded(reinterpret_cast<const char*>(sqlite3_column_text(row, 0)),
                                       static_cast<std::size_t>(sqlite3_column_bytes(row, 0)));
         const auto kind = static_cast<NameKind>(sqlite3_column_int(row, 2));
-        const bool later = kind == NameKind::ownWord || kind == NameKind::otherWord;
-        const bool whole = folded.size() == wanted.size();
-        const bool wholeWords = whole || folded[wanted.size()] == ' ';
-        double fit = wholeWords ? laterWords : laterLetters;
-        if (!later) fit = whole ? exactName : wholeWords ? firstWords : firstLetters;
-        const CityMatch match = later ? CityMatch::word : whole ? CityMatch::exact : CityMatch::prefix;
-        wordsFound_ = wordsFound_ || (!later && wholeWords);
-        add(row, folded, fit, match, kind);
-    }
-
-    void add(sqlite3_stmt* row, std::string_view folded, double fit, CityMatch match, NameKind kind) {
-        const int id = sqlite3_column_int(row, 1);
-        const double score = scoreOf(fit, sqlite3_column_int64(row, 3));
-        const auto [known, isNew] = found_.try_emplace(id);
-        if (!isNew && known->second.score >= score) return;
-        const bool other = kind == NameKind::other || kind == NameKind::otherWord;
-        known->second = {id, score, match, other, std::string(folded)};
+        const NameFit fit = fitOfName(folded, kind, wanted);
+        anyName_ = true;
+        wordsFound_ = wordsFound_ || fit.firstWords;
+        if (onlyExact_ && fit.match != CityMatch::exact) return;
+        found_.add(sqlite3_column_int(row, 1), folded, kind, fit, scoreOf(fit, sqlite3_column_int64(row, 3)));
     }
 
     // "london ontario": the last words may name the country or region.
     void collectWithQualifierWords(const std::string& name) {
-        for (std::size_t blank = name.rfind(' '); blank != std::string::npos && found_.empty();
+        for (std::size_t blank = name.rfind(' '); blank != std::string::npos && found_.isEmpty();
              blank = blank == 0 ? std::string::npos : name.rfind(' ', blank - 1)) {
             collectNames({name.substr(0, blank), {name.substr(blank + 1)}});
         }
@@ -175,29 +225,32 @@ class CitySearch {
         if (length < leastForMistakes) return;
         const int limit = length >= leastForTwoMistakes ? 2 : 1;
         const auto allowed = allowedParents(wanted.qualifiers);
+        const std::uint64_t letters = lettersOf(wanted.name);
         const sqlite::Statement row =
-            connection_.query("SELECT FOLDED, ID, KIND, POPULATION, PARENT FROM CITY_NAME WHERE KIND <= 1");
+            connection_.query("SELECT LENGTH, NAMES FROM NAME_GROUP WHERE LENGTH BETWEEN ?1 AND ?2");
+        sqlite3_bind_int(row.get(), 1, static_cast<int>(length) - limit);
+        sqlite3_bind_int(row.get(), 2, static_cast<int>(length) + limit);
         while (connection_.next(row)) {
-            const std::string_view folded(reinterpret_cast<const char*>(sqlite3_column_text(row.get(), 0)),
-                                          static_cast<std::size_t>(sqlite3_column_bytes(row.get(), 0)));
-            const int mistakes = typingMistakes(wanted.name, folded, limit);
-            if (mistakes == 0 || mistakes > limit || !allows(allowed, row.get())) continue;
-            add(row.get(), folded, mistakes * perMistake, CityMatch::typo,
-                static_cast<NameKind>(sqlite3_column_int(row.get(), 2)));
+            const auto* const bytes = static_cast<const char*>(sqlite3_column_blob(row.get(), 1));
+            const NameGroup group({bytes, static_cast<std::size_t>(sqlite3_column_bytes(row.get(), 1))},
+                                  static_cast<std::size_t>(sqlite3_column_int(row.get(), 0)));
+            for (std::size_t i = 0; i < group.size(); ++i) {
+                if (!group.mayBeNear(i, letters, limit)) continue;
+                const int mistakes = typingMistakes(wanted.name, group.folded(i), limit);
+                if (mistakes == 0 || mistakes > limit) continue;
+                const GroupedName name = group.name(i);
+                const NameFit fit = fitOfMistakes(mistakes);
+                if (!allows(allowed, name.parent)) continue;
+                found_.add(name.id, name.folded, name.kind, fit, scoreOf(fit, name.population));
+            }
         }
     }
 
-    std::vector<CityHit> best(std::size_t limit) {
-        std::vector<const Candidate*> ranked;
-        for (const auto& [id, candidate] : found_) ranked.push_back(&candidate);
-        const auto middle = ranked.begin() + static_cast<std::ptrdiff_t>(std::min(limit, ranked.size()));
-        std::partial_sort(ranked.begin(), middle, ranked.end(), [](const Candidate* a, const Candidate* b) {
-            return a->score != b->score ? a->score > b->score : a->id < b->id;
-        });
+    std::vector<CityHit> hits() {
         std::vector<CityHit> hits;
-        for (auto candidate = ranked.begin(); candidate != middle; ++candidate) {
-            const std::optional<CityRecord> city = connection_.record((*candidate)->id);
-            if (city) hits.push_back({*city, (*candidate)->match, otherNameOf(**candidate)});
+        for (const Candidate& candidate : found_.best()) {
+            const std::optional<CityRecord> city = connection_.record(candidate.id);
+            if (city) hits.push_back({*city, candidate.match, otherNameOf(candidate)});
         }
         return hits;
     }
@@ -217,7 +270,9 @@ class CitySearch {
     }
 
     CityConnection& connection_;
-    std::unordered_map<int, Candidate> found_;
+    Ranking found_;
+    bool onlyExact_ = false;
+    bool anyName_ = false;     // a name begins with the text, or a later word of one does
     bool wordsFound_ = false;  // a name is the text, or goes on after it with another word
 };
 
@@ -225,12 +280,13 @@ class CitySearch {
 
 std::vector<CityHit> CityDatabase::named(std::string_view text, int limit) const {
     if (text.size() > longestText || limit <= 0) return {};
-    return CitySearch(*connection_).findNamed(text, static_cast<std::size_t>(limit));
+    return CitySearch(*connection_, static_cast<std::size_t>(limit)).findNamed(text);
 }
 
 std::vector<CityHit> CityDatabase::search(std::string_view text, int limit) const {
     if (text.size() > longestText || limit <= 0) return {};
-    return CitySearch(*connection_).find(text, static_cast<std::size_t>(limit));
+    const auto most = static_cast<std::size_t>(limit);
+    return CitySearch(*connection_, most).find(text, most);
 }
 
 }  // namespace quode

@@ -7,7 +7,7 @@ namespace quode {
 /// What a city database of this program is known by: SQLite's `application_id` and `user_version`. The edition changes
 /// with every change of the tables or of the folding of names.
 inline constexpr int cityDatabaseApplicationId = 0x51554F44;  // "QUOD"
-inline constexpr int cityDatabaseEdition = 2;
+inline constexpr int cityDatabaseEdition = 3;
 
 /// What a row of CITY_NAME stands for.
 enum class NameKind {
@@ -19,7 +19,9 @@ enum class NameKind {
 
 /// The tables. The first four are the facts of a `City`; the others serve search, display and the check of the zones.
 /// FOLDED columns hold names as `foldedName` gives them. LATITUDE and LONGITUDE of CITY_POINT count hundred-thousandths
-/// of a degree. CHECKSUM columns hold the `rowChecksum` of `cityRecordSql` and of `zoneCitySql`.
+/// of a degree. BEGINNING names, for texts with which very many names begin, the rows of CITY_NAME that fit them best.
+/// NAME_GROUP holds the rows of CITY_NAME that are not words of names by their length in bytes, as `nameGroup` writes
+/// them. CHECKSUM columns hold the `rowChecksum` of `cityRecordSql` and of `zoneCitySql`.
 inline constexpr const char* cityDatabaseTables = R"sql(
 CREATE TABLE CITY (ID INTEGER PRIMARY KEY, NAME TEXT NOT NULL, LAT TEXT NOT NULL, LON TEXT NOT NULL,
   TEMKIN INTEGER NOT NULL, PARENT INTEGER NOT NULL);
@@ -38,6 +40,9 @@ CREATE TABLE ZONE_NAME (NAME TEXT PRIMARY KEY, ZONE INTEGER NOT NULL, CHECKSUM I
 CREATE TABLE CITY_CHECKSUM (ID INTEGER PRIMARY KEY, CHECKSUM INTEGER NOT NULL);
 CREATE TABLE CITY_NAME (FOLDED TEXT NOT NULL, ID INTEGER NOT NULL, KIND INTEGER NOT NULL, POPULATION INTEGER NOT NULL,
   PARENT INTEGER NOT NULL, PRIMARY KEY (FOLDED, ID)) WITHOUT ROWID;
+CREATE TABLE BEGINNING (TEXT TEXT NOT NULL, FOLDED TEXT NOT NULL, ID INTEGER NOT NULL,
+  PRIMARY KEY (TEXT, FOLDED, ID)) WITHOUT ROWID;
+CREATE TABLE NAME_GROUP (LENGTH INTEGER PRIMARY KEY, NAMES BLOB NOT NULL);
 CREATE TABLE OTHER_NAME (ID INTEGER NOT NULL, NAME TEXT NOT NULL, PRIMARY KEY (ID, NAME)) WITHOUT ROWID;
 CREATE TABLE CITY_POINT (LATITUDE INTEGER NOT NULL, LONGITUDE INTEGER NOT NULL, ID INTEGER NOT NULL,
   PRIMARY KEY (LATITUDE, LONGITUDE, ID)) WITHOUT ROWID;

@@ -3,6 +3,7 @@
 #include "data/name_folding.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -151,18 +152,29 @@ std::string foldedName(std::string_view utf8) {
 
 int typingMistakes(std::string_view a, std::string_view b, int limit) {
     if (a.size() > b.size()) std::swap(a, b);
-    if (b.size() - a.size() > static_cast<std::size_t>(limit)) return limit + 1;
+    const auto most = static_cast<std::size_t>(limit);
+    if (b.size() - a.size() > most) return limit + 1;
     // Rows of the edit table: mistakes between the first i letters of b and the first j of a; three rows for swaps.
+    // More than `limit` columns from the diagonal there are more mistakes than that.
     const std::size_t width = a.size() + 1;
-    std::vector<int> table(3 * width);
-    int* previous = table.data();
+    constexpr std::size_t usualWidth = 40;
+    std::array<int, 3 * usualWidth> usual;
+    std::vector<int> large;
+    int* table = usual.data();
+    if (width > usualWidth) {
+        large.resize(3 * width);
+        table = large.data();
+    }
+    std::fill_n(table, 3 * width, limit + 1);
+    int* previous = table;
     int* current = previous + width;
     int* beforePrevious = current + width;
-    for (std::size_t j = 0; j < width; ++j) previous[j] = static_cast<int>(j);
+    for (std::size_t j = 0; j < std::min(width, most + 1); ++j) previous[j] = static_cast<int>(j);
     for (std::size_t i = 1; i <= b.size(); ++i) {
-        current[0] = static_cast<int>(i);
-        int smallest = current[0];
-        for (std::size_t j = 1; j < width; ++j) {
+        const std::size_t first = i > most ? i - most : 1, end = std::min(width, i + most + 1);
+        current[first - 1] = first == 1 ? static_cast<int>(i) : limit + 1;
+        int smallest = first == 1 ? current[0] : limit + 2;
+        for (std::size_t j = first; j < end; ++j) {
             const bool same = a[j - 1] == b[i - 1];
             current[j] = std::min({previous[j] + 1, current[j - 1] + 1, previous[j - 1] + (same ? 0 : 1)});
             if (i > 1 && j > 1 && a[j - 1] == b[i - 2] && a[j - 2] == b[i - 1]) {
@@ -170,6 +182,7 @@ int typingMistakes(std::string_view a, std::string_view b, int limit) {
             }
             smallest = std::min(smallest, current[j]);
         }
+        if (end < width) current[end] = limit + 1;
         // Neighbouring rows differ by one at most, so the row before, to which a swap reaches back, is above the limit
         // too.
         if (smallest > limit + 1) return limit + 1;

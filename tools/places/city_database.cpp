@@ -6,6 +6,7 @@
 #include <array>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -14,6 +15,8 @@
 #include "data/city_database_schema.h"
 #include "data/coordinates.h"
 #include "data/name_folding.h"
+#include "data/name_groups.h"
+#include "data/name_ranking.h"
 #include "data/row_checksum.h"
 #include "tools/places/sqlite_writer.h"
 
@@ -171,15 +174,68 @@ class CityDatabaseWriter {
             addSpelling(place, other.asciiName, false, rows);
         }
         std::sort(rows.begin(), rows.end(), [](const NameRow& a, const NameRow& b) { return a.key() < b.key(); });
+        const auto isTwin = [](const NameRow& a, const NameRow& b) {
+            return a.folded == b.folded && a.place == b.place;
+        };
+        rows.erase(std::unique(rows.begin(), rows.end(), isTwin), rows.end());
         auto names = out_.table("CITY_NAME", 5);
-        const NameRow* before = nullptr;
         for (const NameRow& row : rows) {
-            const bool twin = before && before->folded == row.folded && before->place == row.place;
-            if (!twin) {
-                names.add({row.folded, long{row.place->id}, static_cast<long>(row.kind), row.place->population,
-                           parentNumber(*row.place)});
+            names.add({row.folded, long{row.place->id}, static_cast<long>(row.kind), row.place->population,
+                       parentNumber(*row.place)});
+        }
+        writeBeginnings(rows);
+        writeNameGroups(rows);
+    }
+
+    // The best names for every text with which very many of them begin; rows in the order of their names.
+    void writeBeginnings(const std::vector<NameRow>& rows) {
+        auto table = out_.table("BEGINNING", 3);
+        for (std::size_t length = 1;; ++length) {
+            bool any = false;
+            for (std::size_t first = 0, end = 1; first < rows.size(); first = end++) {
+                if (rows[first].folded.size() < length) continue;
+                const std::string text = rows[first].folded.substr(0, length);
+                while (end < rows.size() && rows[end].folded.starts_with(text)) ++end;
+                if (end - first <= manyNames) continue;
+                any = true;
+                writeBeginning(text, std::span(rows).subspan(first, end - first), table);
             }
-            before = &row;
+            if (!any) return;
+        }
+    }
+
+    static void writeBeginning(const std::string& text, std::span<const NameRow> rows, SqliteWriter::Table& table) {
+        struct Best {
+            double score;
+            const NameRow* row;
+        };
+        std::map<std::int32_t, Best> bestOfPlace;
+        for (const NameRow& row : rows) {
+            const double score = scoreOf(fitOfName(row.folded, row.kind, text), row.place->population);
+            const auto [known, isNew] = bestOfPlace.try_emplace(row.place->id, Best{score, &row});
+            if (!isNew && score > known->second.score) known->second = {score, &row};
+        }
+        std::vector<Best> ranked;
+        for (const auto& [id, best] : bestOfPlace) ranked.push_back(best);
+        std::stable_sort(ranked.begin(), ranked.end(), [](const Best& a, const Best& b) { return a.score > b.score; });
+        ranked.resize(std::min(ranked.size(), keptForBeginning));
+        std::sort(ranked.begin(), ranked.end(),
+                  [](const Best& a, const Best& b) { return a.row->key() < b.row->key(); });
+        for (const Best& best : ranked) table.add({text, best.row->folded, long{best.row->place->id}});
+    }
+
+    void writeNameGroups(const std::vector<NameRow>& rows) {
+        std::map<std::size_t, std::vector<GroupedName>> groups;
+        for (const NameRow& row : rows) {
+            if (row.kind != NameKind::own && row.kind != NameKind::other) continue;
+            groups[row.folded.size()].push_back({row.folded, row.place->id,
+                                                 static_cast<std::int32_t>(row.place->population),
+                                                 static_cast<int>(parentNumber(*row.place)), row.kind});
+        }
+        auto table = out_.table("NAME_GROUP", 2);
+        for (const auto& [length, names] : groups) {
+            const std::string bytes = nameGroup(names);
+            table.add({static_cast<long>(length), Blob{bytes}});
         }
     }
 

@@ -18,6 +18,8 @@ void bind(sqlite3_stmt* statement, int index, const Cell& cell) {
         sqlite3_bind_int64(statement, index, *number);
     } else if (const std::string_view* text = std::get_if<std::string_view>(&cell)) {
         sqlite3_bind_text(statement, index, text->data(), static_cast<int>(text->size()), SQLITE_STATIC);
+    } else if (const Blob* blob = std::get_if<Blob>(&cell)) {
+        sqlite3_bind_blob64(statement, index, blob->bytes.data(), blob->bytes.size(), SQLITE_STATIC);
     } else {
         sqlite3_bind_null(statement, index);
     }

@@ -15,8 +15,13 @@ struct sqlite3_stmt;
 
 namespace quode::places {
 
+/// Bytes that are no text.
+struct Blob {
+    std::string_view bytes;
+};
+
 /// A value of a cell; std::monostate is NULL.
-using Cell = std::variant<std::monostate, long, std::string_view>;
+using Cell = std::variant<std::monostate, long, std::string_view, Blob>;
 
 /// A database file that is being built. Everything it throws is std::runtime_error.
 class SqliteWriter {

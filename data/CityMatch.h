@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace quode {
+
+/// How a place was found by a search.
+enum class CityMatch {
+    exact,   ///< the text is one of its names
+    prefix,  ///< one of its names begins with the text
+    word,    ///< a later word of one of its names begins with the text
+    typo,    ///< one of its names is a typing mistake or two away
+};
+
+}  // namespace quode
