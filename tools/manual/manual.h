@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// The manual page and the shell completions of a program, written from the commands that its --help is written from.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/command.h"
+#include "app/command_line.h"
+
+namespace quode::manual {
+
+/// A program with its commands.
+struct Subject {
+    const app::Program* program = nullptr;
+    std::vector<app::Command> commands;
+    std::string version;
+};
+
+/// The page for section 1, in the man macros of roff.
+std::string manualPage(const Subject& subject);
+
+/// A completion for bash, sourced from bash-completion's folder.
+std::string bashCompletion(const Subject& subject);
+
+/// A completion function for zsh, autoloaded from a folder of $fpath.
+std::string zshCompletion(const Subject& subject);
+
+/// A completion for fish.
+std::string fishCompletion(const Subject& subject);
+
+/// A command with the words that lead to it, such as {"city", "add"}; the program itself has none.
+struct CommandPath {
+    std::vector<std::string> words;
+    const app::Command* command = nullptr;
+};
+
+/// Every command and its children, in the order of the help.
+std::vector<CommandPath> allPaths(const std::vector<app::Command>& commands);
+
+/// The parameters of a command and those of every command.
+std::vector<app::Parameter> parametersOf(const Subject& subject, const app::Command& command);
+
+/// Words joined by a separator.
+std::string joined(const std::vector<std::string>& words, const char* separator);
+
+}  // namespace quode::manual

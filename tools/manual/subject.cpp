@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "tools/manual/manual.h"
+
+namespace quode::manual {
+namespace {
+
+void addPaths(const std::vector<app::Command>& commands, const std::vector<std::string>& above,
+              std::vector<CommandPath>& paths) {
+    for (const app::Command& command : commands) {
+        std::vector<std::string> words = above;
+        words.push_back(command.name);
+        paths.push_back({words, &command});
+        addPaths(command.children, words, paths);
+    }
+}
+
+}  // namespace
+
+std::vector<CommandPath> allPaths(const std::vector<app::Command>& commands) {
+    std::vector<CommandPath> paths;
+    addPaths(commands, {}, paths);
+    return paths;
+}
+
+std::vector<app::Parameter> parametersOf(const Subject& subject, const app::Command& command) {
+    std::vector<app::Parameter> parameters = command.parameters;
+    parameters.insert(parameters.end(), subject.program->parameters.begin(), subject.program->parameters.end());
+    return parameters;
+}
+
+std::string joined(const std::vector<std::string>& words, const char* separator) {
+    std::string text;
+    for (const std::string& word : words) {
+        if (!text.empty()) text += separator;
+        text += word;
+    }
+    return text;
+}
+
+}  // namespace quode::manual
