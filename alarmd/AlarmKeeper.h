@@ -5,22 +5,18 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
-#include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
+#include "alarmd/Choices.h"
+#include "alarmd/EventRenewal.h"
 #include "alarmd/RingDesk.h"
-#include "alarmd/ShownMark.h"
-#include "companion/RingRecords.h"
-#include "companion/UserDatabase.h"
-#include "companion/UserSettings.h"
+#include "alarmd/RingKeeper.h"
 #include "data/CityDatabase.h"
 #include "platform/Clock.h"
 #include "platform/EventStore.h"
+#include "platform/Uptime.h"
 
 namespace quode {
 
@@ -29,71 +25,65 @@ struct AlarmSurroundings {
     std::filesystem::path dataFolder;
     const CityDatabase* cities = nullptr;
     const Clock* clock = nullptr;
+    std::function<Uptime()> uptime;
     EventStore* calendar = nullptr;
     std::function<StoreStatus(CalendarLayout)> changeLayout;  ///< brings the calendar into a layout
     RingDesk* desk = nullptr;
-    std::function<void(std::string_view message)> tell;  ///< receives what the user or the log should know
+    std::function<void(std::string_view message)> tell;                ///< receives what belongs into the log
     std::chrono::milliseconds lockPatience = std::chrono::seconds(3);  ///< see `UserDatabase`
 };
 
 /// Sees to it that every alarm rings once, and that the calendar holds the event of its next ring.
 ///
 /// It has no clock of its own: somebody wakes it when something may have happened, and at the moment that it named
-/// last. It may be woken at any time; what is done already is not done again, also not after a restart, for each ring
-/// is noted in the user database before and after it. Should the process die in the instant between, the ring is
-/// repeated: twice is better than never. A note that cannot be written, on a full disk for example, is kept in memory
-/// and written later.
+/// last. It may be woken at any time; what is done already is not done again, also not after a restart. A database that
+/// cannot be read silences nothing: it rings what it knew last. One that was damaged gets back what was chosen.
 class AlarmKeeper {
   public:
-    explicit AlarmKeeper(AlarmSurroundings surroundings) : with_(std::move(surroundings)), mark_(with_.dataFolder) {}
+    explicit AlarmKeeper(AlarmSurroundings surroundings);
+    AlarmKeeper(const AlarmKeeper&) = delete;
+    AlarmKeeper& operator=(const AlarmKeeper&) = delete;
 
     /// Rings what is due, renews the events, and notes what the user has chosen.
     /// Returned: when to be woken next: the next ring, or the next midnight. Sooner when something failed that is to be
-    /// tried again; failures are told, never thrown.
+    /// tried again; failures are reported, never thrown.
     std::chrono::sys_seconds wake();
 
     /// Whether the user has chosen something else than at the last `wake`: cities, alarms, settings.
     bool choicesChanged();
 
-    /// The user has seen the ring that is shown under this number.
-    void stop(std::uint32_t number);
+    /// The user has seen the ring that is shown as this notification.
+    void stop(const NotificationId& notification);
 
     /// The user wants to be reminded again in a few minutes. `wake` is to be called afterwards.
-    void snooze(std::uint32_t number);
+    void snooze(const NotificationId& notification);
+
+    /// A notification is gone, whatever the reason.
+    void closed(const NotificationId& notification);
 
     /// Notes how far all is decided; to be called before the process ends.
     void rest();
 
   private:
-    using RingKey = std::pair<int, std::chrono::sys_seconds>;
-
+    Present present() const;
     UserDatabase openDatabase();
-    void decideDue(UserDatabase& database, std::chrono::sys_seconds now);
-    bool wasChosen(const AlarmOccurrence& alarm) const;
-    void decide(UserDatabase& database, const UserCity& home, RingRecord record, std::chrono::sys_seconds now);
-    void takeOverShown(UserDatabase& database);
-    void ring(UserDatabase& database, const UserCity& home, RingRecord record, std::chrono::minutes late);
-    void renewEvents(UserDatabase& database, const UserSettings& settings, std::chrono::sys_seconds now);
-    void renewEvent(UserDatabase& database, const UserAlarm& alarm, const std::vector<AlarmOccurrence>& next);
-    bool mayStillRing(const UserAlarm& alarm, std::chrono::sys_seconds now) const;
-    std::chrono::sys_seconds nextWake(UserDatabase& database, std::chrono::sys_seconds now);
+    void takeChoices(UserDatabase& database);
+    bool giveBackChoices(UserDatabase& database);
+    int damagedCopies() const;
+    std::optional<Choices> notedChoices() const;
+    void warnOfOutage(bool isRead, const Present& present);
+    bool renew(UserDatabase& database, std::chrono::sys_seconds& next, std::chrono::sys_seconds now);
     std::chrono::sys_seconds nextMidnight(std::chrono::sys_seconds now) const;
-
-    bool isKnown(UserDatabase& database, const AlarmOccurrence& alarm) const;
-    std::vector<RingRecord> unfinished(UserDatabase& database) const;
-    void keep(UserDatabase& database, const RingRecord& record);
-    void finish(std::uint32_t number, RingState state, std::chrono::sys_seconds ringAt);
     bool attempt(const std::function<void()>& action);
     void tellOnce(const std::string& message);
 
     AlarmSurroundings with_;
-    ShownMark mark_;
-    std::optional<std::chrono::sys_seconds> decidedUntil_;
-    std::optional<CityRecord> decidedFor_;  // home and alarms at that time
-    std::vector<AlarmRule> decidedRules_;
-    std::map<RingKey, RingRecord> unsaved_;                 // notes that could not be written yet
-    std::optional<std::chrono::sys_seconds> renewAgainAt_;  // an event was left to ring first
-    std::string choices_;                                   // what the user had chosen at the last wake
+    EventRenewal events_;
+    RingKeeper rings_;
+    std::optional<Choices> choices_;  // as they were read last
+    int damagedCopies_ = 0;           // how many there were at that time
+    std::optional<Uptime> outage_;    // since when the database cannot be read
+    bool warnedOfOutage_ = false;
     std::string lastFailure_;
 };
 

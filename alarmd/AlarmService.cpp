@@ -20,6 +20,8 @@ constexpr std::uint64_t settlingUs = 100'000;
 constexpr std::uint64_t accuracyUs = 10'000;
 constexpr const char* databaseName = "user.sqlite";
 constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
+constexpr std::uint32_t gone = IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED;
+constexpr std::chrono::seconds folderInterval{10};  // how often a folder is looked for that is gone
 
 void check(int result, const char* what) {
     if (result < 0) throw std::runtime_error(std::string(what) + ": " + std::strerror(-result));
@@ -28,30 +30,35 @@ void check(int result, const char* what) {
 }  // namespace
 
 AlarmService::AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationService& notifications,
-                           const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile)
+                           const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile,
+                           std::function<Service()> mayServe)
     : loop_(loop),
       keeper_(&keeper),
       notifications_(&notifications),
+      dataFolder_(dataFolder),
       zoneFile_(zoneFile),
+      mayServe_(std::move(mayServe)),
       timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
       expiry_(hearTimer()),
       settling_(makeSettling()),
       dataFolderWatch_(watchFolder(dataFolder, &AlarmService::dataFolderChanged)),
       zoneFolderWatch_(watchFolder(zoneFile_.parent_path(), &AlarmService::zoneFolderChanged)) {
-    notifications_->onAction = [this](std::uint32_t number, const std::string& key) {
+    notifications_->onAction = [this](const NotificationId& notification, const std::string& key) {
         if (key == snoozeAction) {
-            keeper_->snooze(number);
+            keeper_->snooze(notification);
         } else {
-            keeper_->stop(number);
+            keeper_->stop(notification);
         }
         wakeKeeper();
     };
-    notifications_->onClosed = [this](std::uint32_t number) { keeper_->stop(number); };
+    notifications_->onClosed = [this](const NotificationId& notification) { keeper_->closed(notification); };
+    notifications_->onRun = [this] { wakeKeeper(); };
 }
 
 AlarmService::~AlarmService() {
     notifications_->onAction = nullptr;
     notifications_->onClosed = nullptr;
+    notifications_->onRun = nullptr;
     expiry_.reset();  // before its descriptor goes
     ::close(timer_);
 }
@@ -75,7 +82,8 @@ AlarmService::Source AlarmService::makeSettling() {
 AlarmService::Source AlarmService::watchFolder(const std::filesystem::path& folder,
                                                sd_event_inotify_handler_t handler) {
     sd_event_source* made = nullptr;
-    sd_event_add_inotify(loop_, &made, folder.c_str(), written | IN_ONLYDIR, handler, this);
+    sd_event_add_inotify(loop_, &made, folder.c_str(), written | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR, handler,
+                         this);
     return Source(made);
 }
 
@@ -90,11 +98,32 @@ void AlarmService::wakeKeeper() {
     // Arming the timer takes back a report that the clock was set meanwhile, and fails then.
     int result = 0;
     do {
-        const std::chrono::sys_seconds next = keeper_->wake();
-        itimerspec when{};
-        when.it_value.tv_sec = static_cast<std::time_t>(next.time_since_epoch().count());
-        result = timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
+        const Service service = mayServe_();
+        if (service == Service::end) {
+            sd_event_exit(loop_, 0);
+            return;
+        }
+        if (service == Service::wait) {
+            const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+            result = arm(now + folderInterval);
+        } else {
+            if (isWatchLost_) watchAgain();
+            result = arm(keeper_->wake());
+        }
     } while (result < 0 && errno == ECANCELED);
+}
+
+int AlarmService::arm(std::chrono::sys_seconds next) {
+    itimerspec when{};
+    when.it_value.tv_sec = static_cast<std::time_t>(next.time_since_epoch().count());
+    return timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
+}
+
+// The folder was deleted, and perhaps made again under the same name.
+void AlarmService::watchAgain() {
+    dataFolderWatch_.reset();
+    dataFolderWatch_ = watchFolder(dataFolder_, &AlarmService::dataFolderChanged);
+    isWatchLost_ = dataFolderWatch_ == nullptr;
 }
 
 // The moment has come, or the clock was set, which the reading reports as cancelled.
@@ -106,9 +135,12 @@ int AlarmService::timerExpired(sd_event_source*, int descriptor, std::uint32_t, 
 }
 
 int AlarmService::dataFolderChanged(sd_event_source*, const inotify_event* event, void* self) {
-    sd_event_source* const settling = static_cast<AlarmService*>(self)->settling_.get();
+    auto* const service = static_cast<AlarmService*>(self);
+    sd_event_source* const settling = service->settling_.get();
+    const bool isLost = (event->mask & gone) != 0;
+    if (isLost) service->isWatchLost_ = true;
     const bool overflow = (event->mask & IN_Q_OVERFLOW) != 0;
-    if (!overflow && (event->len == 0 || std::string_view(event->name) != databaseName)) return 0;
+    if (!isLost && !overflow && (event->len == 0 || std::string_view(event->name) != databaseName)) return 0;
     sd_event_source_set_time_relative(settling, settlingUs);
     sd_event_source_set_enabled(settling, SD_EVENT_ONESHOT);
     return 0;
@@ -122,7 +154,7 @@ int AlarmService::zoneFolderChanged(sd_event_source*, const inotify_event* event
 
 int AlarmService::choicesSettled(sd_event_source*, std::uint64_t, void* self) {
     auto* const service = static_cast<AlarmService*>(self);
-    if (service->keeper_->choicesChanged()) service->wakeKeeper();
+    if (service->isWatchLost_ || service->keeper_->choicesChanged()) service->wakeKeeper();
     return 0;
 }
 

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "alarmd/AlarmKeeper.h"
@@ -18,9 +19,15 @@ namespace quode {
 /// he answers a ring. It sleeps otherwise.
 class AlarmService {
   public:
-    /// zoneFile   the file whose replacement means that the device has another zone
-    AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationService& notifications,
-                 const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile = "/etc/localtime");
+    /// What is to be done about the data folder; a folder may be deleted, and made again, while it is served.
+    enum class Service { go, wait, end };
+
+    /// zoneFile     the file whose replacement means that the device has another zone
+    /// mayServe     asked before each wake
+    AlarmService(
+        sd_event* loop, AlarmKeeper& keeper, NotificationService& notifications,
+        const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile = "/etc/localtime",
+        std::function<Service()> mayServe = [] { return Service::go; });
     ~AlarmService();
     AlarmService(const AlarmService&) = delete;
     AlarmService& operator=(const AlarmService&) = delete;
@@ -35,6 +42,8 @@ class AlarmService {
     using Source = std::unique_ptr<sd_event_source, Unref>;
 
     void wakeKeeper();
+    int arm(std::chrono::sys_seconds next);
+    void watchAgain();
     Source hearTimer();
     Source makeSettling();
     Source watchFolder(const std::filesystem::path& folder, sd_event_inotify_handler_t handler);
@@ -47,11 +56,14 @@ class AlarmService {
     sd_event* loop_;
     AlarmKeeper* keeper_;
     NotificationService* notifications_;
+    std::filesystem::path dataFolder_;
     std::filesystem::path zoneFile_;
+    std::function<Service()> mayServe_;
     int timer_;
     Source expiry_;
     Source settling_;  // waits until several changes of the user's have come together
     Source dataFolderWatch_;
+    bool isWatchLost_ = false;
     Source zoneFolderWatch_;
 };
 

@@ -9,31 +9,56 @@
 namespace quode {
 namespace {
 
-// How long a sound begins anew when nobody stops it.
+// How long a sound begins again when nobody stops it.
 constexpr std::chrono::seconds soundTime{60};
+
+constexpr const char* fallbackSound = "chime";
+
+// A file that was deleted, or is none, is replaced before anybody tries to play it.
+Sound playable(Sound sound, const std::filesystem::path& bundle) {
+    const auto* const file = std::get_if<std::filesystem::path>(&sound);
+    std::error_code error;
+    if (!file || std::filesystem::is_regular_file(*file, error)) return sound;
+    return soundNamed(fallbackSound, bundle);
+}
 
 }  // namespace
 
 DesktopRingDesk::DesktopRingDesk(NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services)
     : notifications_(&notifications), player_(&player), services_(&services) {}
 
-std::uint32_t DesktopRingDesk::show(const Ring& ring) {
+std::string DesktopRingDesk::run() {
+    return notifications_->run();
+}
+
+void DesktopRingDesk::show(const Ring& ring, NotificationService::Answer answered) {
     const Notification notification = notificationOf(ring, *services_);
-    const std::optional<std::uint32_t> number = notifications_->show(notification);
-    if (!number) {
-        services_->NSLogToFile("No notification service: only the sound rings for " + notification.title + ".");
-    }
-    return number.value_or(0);
+    const auto log = [services = services_, title = notification.title,
+                      answered = std::move(answered)](const std::optional<NotificationId>& shown) {
+        if (!shown) services->NSLogToFile("No notification service: only the sound rings for " + title + ".");
+        answered(shown);
+    };
+    notifications_->show(notification, log);
 }
 
-void DesktopRingDesk::sound(const Ring& ring, std::uint32_t number) {
-    sounding_ = number;
-    player_->play(soundNamed(ring.sound, services_->appBundlePath()), soundTime);
+void DesktopRingDesk::sound(const Ring& ring) {
+    sounding_ = ring.alarm;
+    const std::string bundle = services_->appBundlePath();
+    player_->play(playable(soundNamed(ring.sound, bundle), bundle), soundNamed(fallbackSound, bundle), soundTime);
 }
 
-void DesktopRingDesk::silence(std::uint32_t number) {
-    if (number == sounding_) player_->stop();
-    if (number != 0) notifications_->close(number);
+void DesktopRingDesk::silence(const AlarmOccurrence& alarm) {
+    if (sounding_ != alarm) return;
+    sounding_.reset();
+    player_->stop();
+}
+
+void DesktopRingDesk::close(const NotificationId& notification) {
+    notifications_->close(notification);
+}
+
+void DesktopRingDesk::warn(std::string_view message) {
+    notifications_->show({"Quode", std::string(message), {}}, [](const std::optional<NotificationId>&) {});
 }
 
 }  // namespace quode

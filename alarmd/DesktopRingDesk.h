@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <filesystem>
+#include <optional>
+#include <string>
 
 #include "alarmd/RingDesk.h"
 #include "platform/NotificationService.h"
@@ -18,15 +19,18 @@ class DesktopRingDesk : public RingDesk {
     /// All are used as long as the object lives.
     DesktopRingDesk(NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services);
 
-    std::uint32_t show(const Ring& ring) override;
-    void sound(const Ring& ring, std::uint32_t number) override;
-    void silence(std::uint32_t number) override;
+    std::string run() override;
+    void show(const Ring& ring, NotificationService::Answer answered) override;
+    void sound(const Ring& ring) override;
+    void silence(const AlarmOccurrence& alarm) override;
+    void close(const NotificationId& notification) override;
+    void warn(std::string_view message) override;
 
   private:
     NotificationService* notifications_;
     SoundPlayer* player_;
     GlobalFuncs* services_;
-    std::uint32_t sounding_ = 0;  // the notification that the sound belongs to
+    std::optional<AlarmOccurrence> sounding_;  // the alarm that the sound belongs to
 };
 
 }  // namespace quode

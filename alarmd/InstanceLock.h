@@ -19,9 +19,18 @@ class InstanceLock {
     /// False when another process has it.
     bool isHeld() const { return isHeld_; }
 
+    /// False when the folder or the file was deleted or replaced, so that the lock keeps nobody away any longer.
+    bool isCurrent() const;
+
+    /// Locks what is there now. Nothing is held when another process was faster.
+    void renew();
+
   private:
-    int descriptor_;
-    bool isHeld_;
+    void take();
+
+    std::filesystem::path dataFolder_;
+    int descriptor_ = -1;
+    bool isHeld_ = false;
 };
 
 }  // namespace quode

@@ -3,10 +3,11 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "companion/alarm_times.h"
+#include "platform/NotificationService.h"
 
 namespace quode {
 
@@ -23,14 +24,23 @@ class RingDesk {
   public:
     virtual ~RingDesk() = default;
 
-    /// Tells the user. Returned: the number of the notification; 0 when there is no service for it.
-    virtual std::uint32_t show(const Ring& ring) = 0;
+    /// The run of the notification service that is there now, see `NotificationService`; empty without one.
+    virtual std::string run() = 0;
 
-    /// Begins to sound, for the notification of a number.
-    virtual void sound(const Ring& ring, std::uint32_t number) = 0;
+    /// Asks the desktop to show a ring; see `NotificationService::show`.
+    virtual void show(const Ring& ring, NotificationService::Answer answered) = 0;
 
-    /// Takes a notification away and ends its sound.
-    virtual void silence(std::uint32_t number) = 0;
+    /// Begins to sound.
+    virtual void sound(const Ring& ring) = 0;
+
+    /// Ends the sound of an alarm, if it is that which sounds.
+    virtual void silence(const AlarmOccurrence& alarm) = 0;
+
+    /// Takes a notification away.
+    virtual void close(const NotificationId& notification) = 0;
+
+    /// Tells the user of a failure.
+    virtual void warn(std::string_view message) = 0;
 };
 
 }  // namespace quode

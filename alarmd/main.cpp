@@ -15,6 +15,7 @@
 #include "alarmd/InstanceLock.h"
 #include "common/GlobalFuncs.h"
 #include "companion/UserEventStore.h"
+#include "platform/Uptime.h"
 #include "platform/canberra_sound_player.h"
 #include "platform/folders.h"
 #include "platform/sdbus_notifications.h"
@@ -49,6 +50,18 @@ Loop newLoop() {
     return Loop(made);
 }
 
+// A folder that the user deleted is not made again by the service, and one that was made again may have another.
+AlarmService::Service mayServe(InstanceLock& lock, const std::filesystem::path& dataFolder,
+                               const std::function<void(std::string_view)>& tell) {
+    if (lock.isCurrent()) return AlarmService::Service::go;
+    std::error_code error;
+    if (!std::filesystem::is_directory(dataFolder, error)) return AlarmService::Service::wait;
+    lock.renew();
+    if (lock.isHeld()) return AlarmService::Service::go;
+    tell("Another alarm service serves the data folder, which was deleted and made again. This one ends.");
+    return AlarmService::Service::end;
+}
+
 int serve() {
     Platform platform = systemPlatform();
     const std::shared_ptr<UserEventStore> calendar =
@@ -63,7 +76,7 @@ int serve() {
         services.NSLogToFile(message);
     };
 
-    const InstanceLock lock(services.dataFolder());
+    InstanceLock lock(services.dataFolder());
     if (!lock.isHeld()) {
         fmt::print(stderr, "quode-alarmd: The alarm service is running already.\n");
         return 0;
@@ -75,8 +88,10 @@ int serve() {
     player->onFailure = [&services](std::string_view problem) { services.NSLogToFile(problem); };
     DesktopRingDesk desk(*notifications, *player, services);
     const auto changeLayout = [&calendar](CalendarLayout layout) { return calendar->changeLayout(layout); };
-    AlarmKeeper keeper({services.dataFolder(), &cities, clock.get(), calendar.get(), changeLayout, &desk, tell});
-    AlarmService service(loop.get(), keeper, *notifications, services.dataFolder());
+    AlarmKeeper keeper(
+        {services.dataFolder(), &cities, clock.get(), &systemUptime, calendar.get(), changeLayout, &desk, tell});
+    AlarmService service(loop.get(), keeper, *notifications, services.dataFolder(), "/etc/localtime",
+                         [&] { return mayServe(lock, services.dataFolder(), tell); });
     return service.run() < 0 ? 1 : 0;
 }
 

@@ -42,28 +42,36 @@ Loop newLoop(std::chrono::seconds time) {
 
 TrialResult ring(const TrialRing& trial) {
     TrialResult result;
-    std::uint32_t number = 0;
+    NotificationId id;
     const Loop loop = newLoop(trial.time);
     const auto notifications = sdBusNotifications(loop.get());
     const auto player = canberraSoundPlayer(loop.get());
-    const auto stopped = [&](std::uint32_t which) {
-        if (!result.isShown || which != number) return;
+    const auto stopped = [&](const NotificationId& which) {
+        if (!result.isShown || which != id) return;
         result.isStopped = true;
         sd_event_exit(loop.get(), 0);
     };
-    notifications->onAction = [&](std::uint32_t which, const std::string&) { stopped(which); };
+    notifications->onAction = [&](const NotificationId& which, const std::string&) { stopped(which); };
     notifications->onClosed = stopped;
+    bool isAnswered = false;
+    const auto endIfInVain = [&] {
+        if (isAnswered && !result.isShown && !result.soundProblem.empty()) sd_event_exit(loop.get(), 0);
+    };
     player->onFailure = [&](std::string_view problem) {
         result.soundProblem = problem;
-        if (!result.isShown) sd_event_exit(loop.get(), 0);  // nothing is left to wait for
+        endIfInVain();
     };
-    const auto shown = notifications->show({trial.title, trial.body, {{"stop", trial.stopLabel}}});
-    result.isShown = shown.has_value();
-    number = shown.value_or(0);
-    player->play(trial.sound, trial.time);
-    if (result.isShown || result.soundProblem.empty()) sd_event_loop(loop.get());
+    notifications->show({trial.title, trial.body, {{"stop", trial.stopLabel}}},
+                        [&](const std::optional<NotificationId>& shown) {
+                            isAnswered = true;
+                            result.isShown = shown.has_value();
+                            id = shown.value_or(NotificationId{});
+                            endIfInVain();
+                        });
+    player->play(trial.sound, trial.sound, trial.time);
+    sd_event_loop(loop.get());
     player->stop();
-    if (result.isShown && !result.isStopped) notifications->close(number);
+    if (result.isShown && !result.isStopped) notifications->close(id);
     return result;
 }
 

@@ -36,10 +36,13 @@ std::vector<AlarmOccurrence> nextRings(const CityRecord& city, const std::vector
     return next;
 }
 
-std::vector<AlarmOccurrence> snoozedRings(UserDatabase& database, sys_seconds now) {
+// Those of alarms that were switched off meanwhile do not ring.
+std::vector<AlarmOccurrence> snoozedRings(Session& session, const std::vector<UserAlarm>& alarms) {
     std::vector<AlarmOccurrence> rings;
-    for (const RingRecord& record : RingRecords(database).unfinished()) {
-        if (record.state != RingState::snoozed || record.ringAt <= now) continue;
+    for (const RingRecord& record : RingRecords(session.services().dataFolder()).unfinished()) {
+        if (record.state != RingState::snoozed || record.ringAt <= session.now()) continue;
+        const auto alarm = std::ranges::find(alarms, record.alarm.code, &UserAlarm::code);
+        if (alarm == alarms.end() || !alarm->isOn) continue;
         rings.push_back(record.alarm);
         rings.back().due = record.ringAt;
     }
@@ -124,7 +127,7 @@ UserAlarms readAlarms(Session& session, UserDatabase& database) {
     UserAlarms all;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) all.alarms.push_back(database.alarm(code));
     all.settings = loadSettings(database);
-    all.snoozed = snoozedRings(database, session.now());
+    all.snoozed = snoozedRings(session, all.alarms);
     const std::optional<UserCity> home = database.home();
     if (!home || !home->city) return all;
     all.city = home->city;

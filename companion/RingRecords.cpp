@@ -2,109 +2,186 @@
 // SPDX-License-Identifier: MIT
 #include "companion/RingRecords.h"
 
-#include <fmt/format.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#include <string>
-#include <string_view>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <set>
 
-#include "common/numbers.h"
-#include "companion/UserDatabase.h"
-#include "companion/user_connection.h"
+#include "companion/ring_lines.h"
 
 namespace quode {
 namespace {
 
-using std::chrono::seconds;
-using std::chrono::sys_seconds;
+constexpr const char* fileName = "alarmd.rings";
+constexpr int lines = 96;  // the first one tells how far all is decided
 
-constexpr const char* columns = "TIMEID, DUE, PRAYER, HOURS, DAY, STATE, RINGAT, NOTIFICATION";
-constexpr const char* decidedName = "alarm.decided";
-constexpr long long week = 7 * 24 * 3600;
-
-long long secondsOf(sys_seconds moment) {
-    return moment.time_since_epoch().count();
-}
-
-sys_seconds momentOf(long long count) {
-    return sys_seconds(seconds(count));
-}
-
-std::string textOf(const VAKDate& date) {
-    return fmt::format("{:04d}-{:02d}-{:02d}", date.Years, date.Months, date.Days);
-}
-
-VAKDate dateOf(const std::string& text) {
-    VAKDate date;
-    std::string_view rest = text;
-    for (int VAKDate::*part : {&VAKDate::Years, &VAKDate::Months, &VAKDate::Days}) {
-        date.*part = takeNumber<int>(rest).value_or(0);
-        if (!rest.empty()) rest.remove_prefix(1);  // the dash
+class Descriptor {
+  public:
+    Descriptor(const std::filesystem::path& file, int flags)
+        : number_(::open(file.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW, 0600)) {
+        struct stat facts {};
+        if (number_ < 0 || (::fstat(number_, &facts) == 0 && S_ISREG(facts.st_mode))) return;
+        ::close(number_);
+        number_ = -1;
+        errno = EINVAL;
     }
-    return date;
+    ~Descriptor() {
+        if (number_ >= 0) ::close(number_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    explicit operator bool() const { return number_ >= 0; }
+    int number() const { return number_; }
+
+  private:
+    int number_;
+};
+
+// Writes a line that is there already, down to the disk.
+bool writeLine(const std::filesystem::path& file, int line, const std::string& text) {
+    const Descriptor open(file, O_WRONLY);
+    if (!open) return false;
+    const auto written = ::pwrite(open.number(), text.data(), text.size(),
+                                  static_cast<off_t>(line) * static_cast<off_t>(ringLineLength));
+    return written == static_cast<ssize_t>(text.size()) && ::fdatasync(open.number()) == 0;
 }
 
-// The record of the present row.
-RingRecord recordOf(sqlite3_stmt* row) {
-    RingRecord record;
-    record.alarm.code = prayerOfAlarm(sqlite3_column_int(row, 0));
-    record.alarm.due = momentOf(sqlite3_column_int64(row, 1));
-    record.alarm.prayer = momentOf(sqlite3_column_int64(row, 2));
-    record.alarm.hours = sqlite3_column_double(row, 3);
-    record.alarm.date = dateOf(sqlite::text(row, 4));
-    record.state = static_cast<RingState>(sqlite3_column_int(row, 5));
-    record.ringAt = momentOf(sqlite3_column_int64(row, 6));
-    record.notification = static_cast<std::uint32_t>(sqlite3_column_int64(row, 7));
-    return record;
+bool isOver(RingState state) {
+    return state == RingState::finished || state == RingState::dropped;
 }
 
 }  // namespace
 
-std::optional<RingRecord> RingRecords::find(int code, sys_seconds due) const {
-    UserConnection& connection = database_->connection();
-    const sqlite::Statement row =
-        connection.query(std::string("SELECT ") + columns + " FROM USER_RING WHERE TIMEID = ? AND DUE = ?",
-                         {alarmNumber(code), secondsOf(due)});
-    if (!connection.next(row)) return std::nullopt;
-    return recordOf(row.get());
+bool RingRecords::reserve(const std::filesystem::path& dataFolder) {
+    const std::filesystem::path file = dataFolder / fileName;
+    std::error_code error;
+    if (std::filesystem::file_size(file, error) >= lines * ringLineLength && !error) return true;
+    const Descriptor open(file, O_RDWR | O_CREAT);
+    if (!open) return false;
+    // In one piece, so that another program never finds a part of it; what is there already is kept.
+    const std::string empty = emptyLine();
+    std::string content;
+    struct stat facts {};
+    ::fstat(open.number(), &facts);
+    const auto whole = static_cast<std::size_t>(facts.st_size) / ringLineLength;
+    for (std::size_t line = whole; line < lines; ++line) content += empty;
+    const auto written =
+        ::pwrite(open.number(), content.data(), content.size(), static_cast<off_t>(whole * ringLineLength));
+    return written == static_cast<ssize_t>(content.size()) && ::fdatasync(open.number()) == 0;
 }
 
-std::vector<RingRecord> RingRecords::unfinished() const {
-    UserConnection& connection = database_->connection();
-    const sqlite::Statement row =
-        connection.query(std::string("SELECT ") + columns + " FROM USER_RING WHERE STATE IN (?, ?, ?) ORDER BY RINGAT",
-                         {int(RingState::begun), int(RingState::shown), int(RingState::snoozed)});
+RingRecords::RingRecords(std::filesystem::path dataFolder) : file_(dataFolder / fileName) {
+    read();
+}
+
+void RingRecords::read() {
+    const Descriptor open(file_, O_RDONLY);
+    if (!open) return;
+    std::string text(ringLineLength, '\0');
+    for (int line = 0; line < lines; ++line) {
+        const auto at = static_cast<off_t>(line) * static_cast<off_t>(ringLineLength);
+        if (::pread(open.number(), text.data(), text.size(), at) != static_cast<ssize_t>(text.size())) return;
+        if (line == 0) {
+            decided_ = decidedFrom(text);
+            continue;
+        }
+        const std::optional<NumberedRing> ring = ringFrom(text);
+        if (!ring) continue;
+        Entry& entry = entries_[{ring->record.alarm.code, ring->record.alarm.due}];
+        if (entry.serial <= ring->serial) entry = {ring->record, ring->serial, line, true};
+        lastSerial_ = std::max(lastSerial_, ring->serial);
+    }
+}
+
+std::optional<RingRecord> RingRecords::find(int code, std::chrono::sys_seconds due) const {
+    const auto entry = entries_.find({code, due});
+    return entry == entries_.end() ? std::nullopt : std::optional(entry->second.record);
+}
+
+std::vector<const RingRecords::Entry*> RingRecords::inOrder() const {
+    std::vector<const Entry*> order;
+    for (const auto& [key, entry] : entries_) order.push_back(&entry);
+    std::ranges::sort(order, {}, &Entry::serial);
+    return order;
+}
+
+std::vector<RingRecord> RingRecords::all() const {
     std::vector<RingRecord> records;
-    while (connection.next(row)) records.push_back(recordOf(row.get()));
+    for (const Entry* entry : inOrder()) records.push_back(entry->record);
     return records;
 }
 
+std::vector<RingRecord> RingRecords::unfinished() const {
+    std::vector<RingRecord> records = all();
+    std::erase_if(records, [](const RingRecord& each) { return isOver(each.state); });
+    return records;
+}
+
+// A line that no ring has; without one that of the oldest ring that is over, or of the oldest of all.
+int RingRecords::freeLine() {
+    std::set<int> taken;
+    for (const auto& [key, entry] : entries_) taken.insert(entry.line);
+    for (int line = 1; line < lines; ++line) {
+        if (!taken.contains(line)) return line;
+    }
+    const std::vector<const Entry*> order = inOrder();
+    const auto over = std::ranges::find_if(order, [](const Entry* each) { return isOver(each->record.state); });
+    const Entry* const given = over == order.end() ? order.front() : *over;
+    const int line = given->line;
+    entries_.erase({given->record.alarm.code, given->record.alarm.due});
+    return line;
+}
+
 void RingRecords::keep(const RingRecord& record) {
-    UserConnection& connection = database_->connection();
-    connection.change([&] {
-        connection.run(
-            std::string("INSERT OR REPLACE INTO USER_RING (") + columns + ") VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-            {alarmNumber(record.alarm.code), secondsOf(record.alarm.due), secondsOf(record.alarm.prayer),
-             record.alarm.hours, textOf(record.alarm.date), int(record.state), secondsOf(record.ringAt),
-             static_cast<long long>(record.notification)});
-    });
+    const Key key{record.alarm.code, record.alarm.due};
+    const auto known = entries_.find(key);
+    const int line = known == entries_.end() ? freeLine() : known->second.line;
+    cleared_.erase(line);
+    entries_[key] = {record, ++lastSerial_, line, false};
+    save();
 }
 
-std::optional<sys_seconds> RingRecords::decidedUntil() const {
-    const std::string text = database_->setting(decidedName).value_or("");
-    const std::optional<long long> count = numberOf<long long>(text);
-    return count ? std::optional(momentOf(*count)) : std::nullopt;
+void RingRecords::forget(int code, std::chrono::sys_seconds due) {
+    const auto known = entries_.find({code, due});
+    if (known == entries_.end()) return;
+    cleared_[known->second.line] = false;
+    entries_.erase(known);
+    save();
 }
 
-void RingRecords::setDecidedUntil(sys_seconds moment) {
-    database_->setSetting(decidedName, std::to_string(secondsOf(moment)));
+void RingRecords::setDecided(const DecidedNote& note) {
+    if (decided_ == note) return;
+    decided_ = note;
+    isDecidedWritten_ = false;
+    save();
 }
 
-void RingRecords::forgetFarFrom(sys_seconds moment) {
-    UserConnection& connection = database_->connection();
-    connection.change([&] {
-        connection.run("DELETE FROM USER_RING WHERE RINGAT NOT BETWEEN ? AND ?",
-                       {secondsOf(moment) - week, secondsOf(moment) + week});
-    });
+void RingRecords::save() {
+    std::error_code error;
+    if (!std::filesystem::exists(file_, error) && (decided_ || !entries_.empty())) {
+        isDecidedWritten_ = !decided_;
+        for (auto& [key, entry] : entries_) entry.isWritten = false;
+    }
+    problem_.clear();
+    if (!reserve(file_.parent_path())) {
+        problem_ = std::strerror(errno);
+        return;
+    }
+    if (decided_) write(0, decidedLine(*decided_), isDecidedWritten_);
+    for (auto& [key, entry] : entries_) write(entry.line, ringLine({entry.serial, entry.record}), entry.isWritten);
+    for (auto& [line, isWritten] : cleared_) write(line, emptyLine(), isWritten);
+    std::erase_if(cleared_, [](const auto& each) { return each.second; });
+}
+
+void RingRecords::write(int line, const std::string& text, bool& isWritten) {
+    if (isWritten) return;
+    isWritten = writeLine(file_, line, text);
+    if (!isWritten) problem_ = std::strerror(errno);
 }
 
 }  // namespace quode

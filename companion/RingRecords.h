@@ -1,26 +1,32 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What has rung. Kept in the user database, so that a restart neither loses a ring nor repeats it.
+// What has rung. Kept in a file of the data folder, so that a restart neither loses a ring nor repeats it.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
+#include <map>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "companion/alarm_times.h"
+#include "platform/NotificationService.h"
+#include "platform/Uptime.h"
 
 namespace quode {
 
-class UserDatabase;
-
 /// How far a ring has come.
 enum class RingState {
-    begun = 0,     ///< about to ring: whether the user saw it is not known yet
-    shown = 1,     ///< the user was told
+    begun = 0,     ///< about to ring: the desktop has not been asked yet
+    shown = 1,     ///< the user sees it
     snoozed = 2,   ///< to ring again at `ringAt`
-    finished = 3,  ///< stopped by the user
+    finished = 3,  ///< stopped by the user, or gone with its notification service
     dropped = 4,   ///< too late, or another program rings
+    asked = 5,     ///< the desktop was asked to show it, and has not answered yet
+    unseen = 6,    ///< there was no notification service: heard at most
 };
 
 /// One ring and what became of it.
@@ -28,33 +34,78 @@ struct RingRecord {
     AlarmOccurrence alarm;
     RingState state = RingState::begun;
     std::chrono::sys_seconds ringAt{};  ///< when it rings: `alarm.due`, later when it was snoozed
-    std::uint32_t notification = 0;     ///< the number under which it is shown; 0 for none
+    NotificationId notification;        ///< under which it is shown; the number 0: not known
+    std::string city;                   ///< for which it rings
+    Uptime rangAt;                      ///< when it rang
 
     friend bool operator==(const RingRecord&, const RingRecord&) = default;
 };
 
-/// The rings of the last days. A ring is known by prayer and instant. Throws `UserDatabaseError`.
+/// How far all alarms have been decided, and by which clock.
+struct DecidedNote {
+    std::chrono::sys_seconds until{};
+    std::chrono::sys_seconds clock{};  ///< what the clock showed
+    Uptime uptime;                     ///< at the same moment
+    int city = 0;                      ///< the number of the home city
+    std::vector<AlarmRule> rules;      ///< the alarms that were on
+
+    friend bool operator==(const DecidedNote&, const DecidedNote&) = default;
+};
+
+/// The last rings, the latest note being the last. A ring is known by prayer and instant.
+///
+/// The file "alarmd.rings" has its full length from the beginning and its lines are written in place: a note needs no
+/// room on the disk, waits for no lock, and a process that is killed leaves a whole line or none. What cannot be
+/// written stays in memory and is written later. When all lines are taken the oldest ring that is over gives way,
+/// whatever the clock shows.
 class RingRecords {
   public:
-    explicit RingRecords(UserDatabase& database) : database_(&database) {}
+    /// Reads the file of a data folder; one that is missing is made with the first note.
+    explicit RingRecords(std::filesystem::path dataFolder);
+
+    /// Makes the file where there is none, so that there is room for the notes. Returned: false when that fails.
+    static bool reserve(const std::filesystem::path& dataFolder);
 
     std::optional<RingRecord> find(int code, std::chrono::sys_seconds due) const;
+    std::vector<RingRecord> all() const;
 
-    /// Those that have not come to an end: begun, shown and snoozed.
+    /// Those that have not come to an end, in the order in which they were noted.
     std::vector<RingRecord> unfinished() const;
 
     /// Adds a ring or replaces what was kept of it.
     void keep(const RingRecord& record);
+    void forget(int code, std::chrono::sys_seconds due);
 
-    /// The moment up to which all alarms have been decided; nothing before the first time.
-    std::optional<std::chrono::sys_seconds> decidedUntil() const;
-    void setDecidedUntil(std::chrono::sys_seconds moment);
+    /// Nothing before the first time.
+    const std::optional<DecidedNote>& decided() const { return decided_; }
+    void setDecided(const DecidedNote& note);
 
-    /// Forgets rings that are more than a week from a moment.
-    void forgetFarFrom(std::chrono::sys_seconds moment);
+    /// Writes what could not be written so far, and everything when the file was taken away.
+    void save();
+
+    /// Why the last note could not be written; empty when all are.
+    const std::string& problem() const { return problem_; }
 
   private:
-    UserDatabase* database_;
+    using Key = std::pair<int, std::chrono::sys_seconds>;
+    struct Entry {
+        RingRecord record;
+        std::uint64_t serial = 0;  // the higher, the later noted
+        int line = 0;
+        bool isWritten = false;
+    };
+    std::vector<const Entry*> inOrder() const;
+    int freeLine();
+    void read();
+    void write(int line, const std::string& text, bool& isWritten);
+
+    std::filesystem::path file_;
+    std::map<Key, Entry> entries_;
+    std::map<int, bool> cleared_;  // lines of forgotten rings, and whether that is written
+    std::optional<DecidedNote> decided_;
+    bool isDecidedWritten_ = true;
+    std::uint64_t lastSerial_ = 0;
+    std::string problem_;
 };
 
 }  // namespace quode

@@ -18,6 +18,8 @@ namespace quode {
 struct AlarmRule {
     int code = 0;    ///< 200 (Imsak) to 205 (Yatsi)
     int offset = 0;  ///< minutes added to the prayer time
+
+    friend bool operator==(const AlarmRule&, const AlarmRule&) = default;
 };
 
 /// One ring of an alarm, past or coming.

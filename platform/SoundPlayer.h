@@ -20,8 +20,10 @@ class SoundPlayer {
     virtual ~SoundPlayer() = default;
 
     /// Plays a sound again and again until `stop`; it does not begin again once `atMost` has passed. What played before
-    /// is stopped. A sound that cannot be played is told through `onFailure`, not otherwise: the notification is there.
-    virtual void play(const Sound& sound, std::chrono::seconds atMost) = 0;
+    /// is stopped.
+    /// fallback   played instead of a sound that cannot be played. When that fails too it is reported to `onFailure`,
+    ///            not otherwise: the notification is there.
+    virtual void play(const Sound& sound, const Sound& fallback, std::chrono::seconds atMost) = 0;
 
     virtual void stop() = 0;
 

@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <optional>
+#include <utility>
 
 #include "texts/translation.h"
 
@@ -55,15 +56,17 @@ class CanberraSoundPlayer : public SoundPlayer {
     CanberraSoundPlayer(const CanberraSoundPlayer&) = delete;
     CanberraSoundPlayer& operator=(const CanberraSoundPlayer&) = delete;
 
-    void play(const Sound& sound, std::chrono::seconds atMost) override {
+    void play(const Sound& sound, const Sound& fallback, std::chrono::seconds atMost) override {
         stop();
         sound_ = sound;
+        fallback_ = fallback;
         end_ = steady_clock::now() + atMost;
         playOnce();
     }
 
     void stop() override {
         sound_.reset();
+        fallback_.reset();
         if (context_) ca_context_cancel(context_.get(), soundNumber);
     }
 
@@ -81,10 +84,11 @@ class CanberraSoundPlayer : public SoundPlayer {
         if (result != CA_SUCCESS) giveUp(result);
     }
 
-    // A sound that fails is not tried again before the next ring, with a connection made anew.
+    // A sound that fails is not tried again before the next ring, with a new connection.
     void giveUp(int result) {
-        sound_.reset();
         context_.reset();
+        sound_ = std::exchange(fallback_, std::nullopt);
+        if (sound_) return playOnce();
         if (onFailure) onFailure(_("The sound cannot be played: {}.", ca_strerror(result)));
     }
 
@@ -113,7 +117,8 @@ class CanberraSoundPlayer : public SoundPlayer {
     int wakeUp_;
     sd_event_source* source_ = nullptr;
     Context context_;
-    std::optional<Sound> sound_;  // while it plays
+    std::optional<Sound> sound_;     // while it plays
+    std::optional<Sound> fallback_;  // until it is needed
     steady_clock::time_point end_;
     std::atomic<int> lastResult_ = CA_SUCCESS;
 };

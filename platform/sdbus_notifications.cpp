@@ -4,13 +4,23 @@
 
 #include <systemd/sd-bus.h>
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace quode {
 namespace {
 
 constexpr const char* service = "org.freedesktop.Notifications";
 constexpr const char* object = "/org/freedesktop/Notifications";
-constexpr std::uint64_t patienceUs = 5'000'000;
-constexpr unsigned char critical = 2;  // the urgency, which has to be a byte
+constexpr const char* busName = "org.freedesktop.DBus";
+constexpr const char* busObject = "/org/freedesktop/DBus";
+constexpr const char* ownerMatch =
+    "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
+    "member='NameOwnerChanged',arg0='org.freedesktop.Notifications'";
+constexpr std::uint64_t patienceUs = 2'000'000;          // for the bus itself
+constexpr std::uint64_t answerPatienceUs = 900'000'000;  // for a notification; nobody waits for it
+constexpr unsigned char critical = 2;                    // the urgency, which has to be a byte
 constexpr int untilClosed = 0;
 
 struct CloseBus {
@@ -19,8 +29,12 @@ struct CloseBus {
 struct UnrefMessage {
     void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
 };
+struct UnrefSlot {
+    void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
+};
 using Bus = std::unique_ptr<sd_bus, CloseBus>;
 using Message = std::unique_ptr<sd_bus_message, UnrefMessage>;
+using Slot = std::unique_ptr<sd_bus_slot, UnrefSlot>;
 
 int appendActions(sd_bus_message* call, const std::vector<NotificationAction>& actions) {
     int result = sd_bus_message_open_container(call, 'a', "s");
@@ -56,38 +70,50 @@ class SdBusNotifications : public NotificationService {
     explicit SdBusNotifications(sd_event* loop) : loop_(sd_event_ref(loop)) { connect(); }
 
     ~SdBusNotifications() override {
+        pending_.clear();
         bus_.reset();
         sd_event_unref(loop_);
     }
     SdBusNotifications(const SdBusNotifications&) = delete;
     SdBusNotifications& operator=(const SdBusNotifications&) = delete;
 
-    std::optional<std::uint32_t> show(const Notification& notification) override {
-        if (!connect()) return std::nullopt;
-        const Message call = newCall("Notify");
-        if (!call || append(call.get(), notification) < 0) return std::nullopt;
-        sd_bus_message* reply = nullptr;
-        const int result = sd_bus_call(bus_.get(), call.get(), patienceUs, nullptr, &reply);
-        const Message answer(reply);
-        std::uint32_t number = 0;
-        if (result < 0 || sd_bus_message_read(answer.get(), "u", &number) < 0) return std::nullopt;
-        return number;
+    std::string run() override { return connect() && !owner_.empty() ? runOf(owner_.c_str()) : ""; }
+
+    void show(const Notification& notification, Answer answered) override {
+        Message call = connect() ? newCall("Notify") : nullptr;
+        if (!call || append(call.get(), notification) < 0) return answered(std::nullopt);
+        auto request = std::make_unique<Request>(Request{this, std::move(answered), nullptr});
+        sd_bus_slot* slot = nullptr;
+        if (sd_bus_call_async(bus_.get(), &slot, call.get(), &SdBusNotifications::answerArrived, request.get(),
+                              answerPatienceUs) < 0) {
+            return request->answered(std::nullopt);
+        }
+        request->slot.reset(slot);
+        pending_.push_back(std::move(request));
+        sd_bus_flush(bus_.get());
     }
 
-    void close(std::uint32_t number) override {
-        if (!connect()) return;
+    void close(const NotificationId& notification) override {
+        if (notification.number == 0 || notification.run != run()) return;
         const Message call = newCall("CloseNotification");
-        if (!call || sd_bus_message_append(call.get(), "u", number) < 0) return;
-        sd_bus_message* reply = nullptr;
-        sd_bus_call(bus_.get(), call.get(), patienceUs, nullptr, &reply);
-        sd_bus_message_unref(reply);
+        if (!call || sd_bus_message_append(call.get(), "u", notification.number) < 0) return;
+        sd_bus_message_set_expect_reply(call.get(), 0);
+        sd_bus_send(bus_.get(), call.get(), nullptr);
+        sd_bus_flush(bus_.get());
     }
 
   private:
+    /// A notification that was asked for and not answered yet.
+    struct Request {
+        SdBusNotifications* self;
+        Answer answered;
+        Slot slot;
+    };
+
     // True when there is a connection, a new one if need be.
     bool connect() {
         if (bus_ && sd_bus_is_open(bus_.get()) > 0) return true;
-        bus_.reset();
+        loseConnection();
         sd_bus* opened = nullptr;
         if (sd_bus_open_user(&opened) < 0) return false;
         bus_.reset(opened);
@@ -96,8 +122,36 @@ class SdBusNotifications : public NotificationService {
                             &SdBusNotifications::actionInvoked, this);
         sd_bus_match_signal(opened, nullptr, service, object, service, "NotificationClosed",
                             &SdBusNotifications::notificationClosed, this);
+        sd_bus_add_match(opened, nullptr, ownerMatch, &SdBusNotifications::ownerChanged, this);
+        askForOwner();
         sd_bus_attach_event(opened, loop_, SD_EVENT_PRIORITY_NORMAL);
         return true;
+    }
+
+    void loseConnection() {
+        bus_.reset();
+        owner_.clear();
+        for (const auto& request : std::exchange(pending_, {})) request->answered(std::nullopt);
+    }
+
+    void askForOwner() {
+        sd_bus_message* made = nullptr;
+        if (sd_bus_message_new_method_call(bus_.get(), &made, busName, busObject, busName, "GetNameOwner") < 0) return;
+        const Message call(made);
+        sd_bus_message* reply = nullptr;
+        const bool succeeded = sd_bus_message_append(made, "s", service) >= 0 &&
+                               sd_bus_call(bus_.get(), made, patienceUs, nullptr, &reply) >= 0;
+        const Message answer(reply);
+        const char* owner = nullptr;
+        if (succeeded && sd_bus_message_read(reply, "s", &owner) >= 0) owner_ = owner;
+    }
+
+    // Unique names are given once in the life of a bus.
+    std::string runOf(const char* owner) const {
+        sd_id128_t id{};
+        if (!owner || sd_bus_get_bus_id(bus_.get(), &id) < 0) return "";
+        std::array<char, SD_ID128_STRING_MAX> text{};
+        return std::string(owner) + "@" + sd_id128_to_string(id, text.data());
     }
 
     Message newCall(const char* method) {
@@ -117,12 +171,30 @@ class SdBusNotifications : public NotificationService {
         return result < 0 ? result : sd_bus_message_append(call, "i", untilClosed);
     }
 
+    static int answerArrived(sd_bus_message* reply, void* userData, sd_bus_error*) {
+        auto* const self = static_cast<Request*>(userData)->self;
+        const auto place = std::ranges::find(self->pending_, userData,
+                                             [](const auto& each) { return static_cast<void*>(each.get()); });
+        if (place == self->pending_.end()) return 0;
+        const std::unique_ptr<Request> request = std::move(*place);
+        self->pending_.erase(place);
+        std::uint32_t number = 0;
+        const bool isShown =
+            !sd_bus_message_is_method_error(reply, nullptr) && sd_bus_message_read(reply, "u", &number) >= 0;
+        request->answered(isShown ? std::optional(self->idOf(reply, number)) : std::nullopt);
+        return 0;
+    }
+
+    NotificationId idOf(sd_bus_message* message, std::uint32_t number) const {
+        return {runOf(sd_bus_message_get_sender(message)), number};
+    }
+
     static int actionInvoked(sd_bus_message* signal, void* self, sd_bus_error*) {
         std::uint32_t number = 0;
         const char* key = nullptr;
         const auto* const notifications = static_cast<SdBusNotifications*>(self);
         if (sd_bus_message_read(signal, "us", &number, &key) >= 0 && notifications->onAction) {
-            notifications->onAction(number, key);
+            notifications->onAction(notifications->idOf(signal, number), key);
         }
         return 0;
     }
@@ -130,12 +202,24 @@ class SdBusNotifications : public NotificationService {
     static int notificationClosed(sd_bus_message* signal, void* self, sd_bus_error*) {
         std::uint32_t number = 0;
         const auto* const notifications = static_cast<SdBusNotifications*>(self);
-        if (sd_bus_message_read(signal, "u", &number) >= 0 && notifications->onClosed) notifications->onClosed(number);
+        if (sd_bus_message_read(signal, "u", &number) >= 0 && notifications->onClosed) {
+            notifications->onClosed(notifications->idOf(signal, number));
+        }
+        return 0;
+    }
+
+    static int ownerChanged(sd_bus_message* signal, void* userData, sd_bus_error*) {
+        const char *name = nullptr, *before = nullptr, *after = nullptr;
+        auto* const self = static_cast<SdBusNotifications*>(userData);
+        if (sd_bus_message_read(signal, "sss", &name, &before, &after) < 0) return 0;
+        if (std::exchange(self->owner_, after) != after && self->onRun) self->onRun();
         return 0;
     }
 
     sd_event* loop_;
     Bus bus_;
+    std::string owner_;  // the unique name of the service; empty without one
+    std::vector<std::unique_ptr<Request>> pending_;
 };
 
 }  // namespace

@@ -12,7 +12,9 @@
 
 #include "alarmd/ring_texts.h"
 #include "common/GlobalFuncs.h"
+#include "companion/RingRecords.h"
 #include "data/DatabaseFunctions.h"
+#include "platform/Uptime.h"
 #include "platform/system_platform.h"
 #include "recording_desk.h"
 #include "support/fake_platform.h"
@@ -45,8 +47,9 @@ using testing::ElementsAre;
 
 class SilentNotifications : public NotificationService {
   public:
-    std::optional<std::uint32_t> show(const Notification&) override { return std::nullopt; }
-    void close(std::uint32_t) override {}
+    std::string run() override { return ""; }
+    void show(const Notification&, Answer answered) override { answered(std::nullopt); }
+    void close(const NotificationId&) override {}
 };
 
 // The service with its loop; its clock stands still in a far future, so that no timer expires by itself.
@@ -69,7 +72,7 @@ class AlarmServiceTest : public testing::Test {
 
     /// Does something once the service sleeps, and lets it serve until a condition holds, or for two seconds.
     bool serve(const std::function<void()>& action, const std::function<bool()>& condition) {
-        AlarmKeeper keeper({folder.path(), &cities, clock.get(), calendar.get(),
+        AlarmKeeper keeper({folder.path(), &cities, clock.get(), &systemUptime, calendar.get(),
                             [](CalendarLayout) { return StoreStatus{}; }, &desk, [](std::string_view) {}});
         AlarmService service(loop, keeper, notifications, folder.path(), zoneFile);
         steps = 0;
@@ -141,30 +144,29 @@ TEST_F(AlarmServiceTest, SeesThatTheClockIsSetWhileItIsAwake) {
 TEST_F(AlarmServiceTest, PassesTheUsersAnswersOn) {
     open();
     DatabaseFunctions().reCalculateAlarm(202);
+    const auto now = floor<seconds>(clock->present);
     {
-        UserDatabase database = open();
-        const auto now = floor<seconds>(clock->present);
-        RingRecords(database).keep(
-            {{202, now, now, 13.0, VAKDateMake(17, 10, 2040, 0, 0, 0)}, RingState::shown, now, 7});
-        RingRecords(database).keep(
-            {{203, now, now, 15.0, VAKDateMake(17, 10, 2040, 0, 0, 0)}, RingState::shown, now, 8});
-        RingRecords(database).keep(
-            {{204, now, now, 18.0, VAKDateMake(17, 10, 2040, 0, 0, 0)}, RingState::shown, now, 9});
+        RingRecords records(folder.path());
+        std::uint32_t number = 7;
+        for (const int code : {202, 203, 204}) {
+            const AlarmOccurrence alarm{code, now, now, 13.0, VAKDateMake(17, 10, 2040, 0, 0, 0)};
+            records.keep({alarm, RingState::shown, now, {desk.service, number++}, "Istanbul", {}});
+        }
     }
     serve(
         [&] {
-            notifications.onAction(7, snoozeAction);
-            notifications.onAction(8, stopAction);
-            notifications.onClosed(9);
+            notifications.onAction({desk.service, 7}, snoozeAction);
+            notifications.onAction({desk.service, 8}, stopAction);
+            notifications.onClosed({desk.service, 9});
         },
         [&] { return steps > 1; });
-    EXPECT_THAT(desk.silenced, ElementsAre(7, 8, 9));
-    UserDatabase database = open();
-    const std::vector<RingRecord> left = RingRecords(database).unfinished();
+    EXPECT_THAT(desk.closed, ElementsAre(7, 8, 9));
+    EXPECT_THAT(desk.silenced, ElementsAre(202, 203, 204));
+    const std::vector<RingRecord> left = RingRecords(folder.path()).unfinished();
     ASSERT_EQ(left.size(), 1U);
     EXPECT_EQ(left[0].alarm.code, 202);
     EXPECT_EQ(left[0].state, RingState::snoozed);
-    EXPECT_EQ(left[0].ringAt, floor<seconds>(clock->present) + minutes(5));
+    EXPECT_EQ(left[0].ringAt, now + minutes(5));
 }
 
 }  // namespace

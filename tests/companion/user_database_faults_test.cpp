@@ -9,7 +9,6 @@
 #include <fstream>
 #include <random>
 
-#include "companion/RingRecords.h"
 #include "companion/user_connection.h"
 #include "fixture.h"
 #include "support/faulty_disk.h"
@@ -221,7 +220,6 @@ TEST_F(UserDatabaseFaults, NoDamageIsTooMuch) {
             UserDatabase database = open();
             EXPECT_EQ(database.alarms().size(), 6U) << mutation;
             database.refreshPrayerTimes();
-            RingRecords(database).unfinished();
             if (database.notices().empty()) continue;
             ++keptAside;
             const auto kept = folder.path() / ("user.sqlite.damaged-" + std::to_string(keptAside));

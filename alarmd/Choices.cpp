@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "alarmd/Choices.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "companion/user_connection.h"
+
+namespace quode {
+namespace {
+
+constexpr int codeBeforeFirst = 199;
+
+}  // namespace
+
+std::vector<AlarmRule> Choices::rules() const {
+    std::vector<AlarmRule> rules;
+    for (const UserAlarm& alarm : alarms) {
+        if (alarm.isOn) rules.push_back({alarm.code, alarm.offset});
+    }
+    return rules;
+}
+
+const UserAlarm* Choices::alarm(int code) const {
+    const auto found = std::ranges::find(alarms, code, &UserAlarm::code);
+    return found == alarms.end() ? nullptr : &*found;
+}
+
+std::string Choices::text() const {
+    std::string text;
+    for (const UserCity& city : cities) {
+        text += fmt::format("{} {};", city.id, city.isHome);
+        if (city.city) text += fmt::format("{} {} {};", city.city->latitude, city.city->longitude, city.city->zone);
+    }
+    for (const UserAlarm& alarm : alarms) text += fmt::format("{} {} {};", alarm.offset, alarm.isOn, alarm.sound);
+    return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(settings.ringer));
+}
+
+Choices readChoices(const UserDatabase& database) {
+    return {database.cities(), database.home(), database.alarms(), loadSettings(database)};
+}
+
+void restoreChoices(UserDatabase& database, const Choices& choices) {
+    database.connection().change([&] {
+        const std::vector<UserCity> fresh = database.cities();
+        std::optional<int> home;
+        for (const UserCity& each : choices.cities) {
+            int id = each.id;
+            if (id >= 0) {
+                if (!each.city) continue;
+                database.addCity(id);
+            } else if (each.city) {
+                id = database.addPlace({each.city->name, each.city->latitude, each.city->longitude, each.city->zone});
+            }
+            if (each.isHome) home = id;
+        }
+        for (const UserCity& each : fresh) {
+            if (std::ranges::find(choices.cities, each.id, &UserCity::id) == choices.cities.end() && home) {
+                database.removeCity(each.id);
+            }
+        }
+        if (home) database.chooseHome(*home);
+        for (const UserAlarm& alarm : choices.alarms) {
+            database.setUpAlarm(alarm.code, alarm.offset, alarm.sound);
+            database.connection().run("UPDATE USER_ALARMS SET ACTIVE = ?, EVENTID = ? WHERE TIMEID = ?",
+                                      {alarm.isOn ? 1 : 0, alarm.eventIdentifier, alarm.code - codeBeforeFirst});
+        }
+        saveSettings(database, choices.settings);
+    });
+}
+
+}  // namespace quode

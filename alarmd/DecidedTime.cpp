@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "alarmd/DecidedTime.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "alarmd/ring_decision.h"
+
+namespace quode {
+namespace {
+
+using namespace std::chrono;
+
+constexpr seconds jump{60};      // a clock that goes ahead by less is being put right
+constexpr seconds holdTime{90};  // how long a clock that jumped has to prove itself
+constexpr hours farBack{24};     // rings from before are not even looked for
+
+}  // namespace
+
+DecidedTime::DecidedTime(std::optional<DecidedNote> note) : note_(std::move(note)) {}
+
+DecidedTime::Span DecidedTime::begin(const Present& present) {
+    Span span;
+    const sys_seconds now = present.clock;
+    if (hold_ && present.uptime.time >= hold_->end) hold_.reset();
+    if (!note_) {
+        span.since = now - stillInTime;
+        return span;
+    }
+    if (areComparable(note_->uptime, present.uptime)) {
+        const seconds passed = floor<seconds>(present.uptime.time - note_->uptime.time);
+        const seconds shift = now - (note_->clock + passed);
+        if (shift < seconds(-1)) {
+            span.shift = shift;
+            // What is held was never decided, so that the moment is still that of the clock before it jumped.
+            note_->until = hold_ ? std::min(note_->until, now) : note_->until + shift;
+            span.isTakenBack = true;
+            hold_.reset();
+        } else if (shift > jump) {
+            span.shift = shift;
+            hold_ = Hold{now, present.uptime.time + holdTime};
+        }
+    } else if (note_->until > now) {
+        note_->until = now - latestRing;
+        span.isTakenBack = true;
+    }
+    note_->clock = now;
+    note_->uptime = present.uptime;
+    note_->until = std::clamp(note_->until, now - farBack, now);
+    span.since = note_->until;
+    if (hold_) span.heldUntil = hold_->until;
+    return span;
+}
+
+void DecidedTime::finish(const Present& present) {
+    if (!note_) note_.emplace();
+    note_->clock = present.clock;
+    note_->uptime = present.uptime;
+    if (!hold_) note_->until = present.clock;
+}
+
+std::optional<sys_seconds> DecidedTime::holdEnds(const Present& present) const {
+    if (!hold_) return std::nullopt;
+    return present.clock + ceil<seconds>(hold_->end - present.uptime.time);
+}
+
+}  // namespace quode

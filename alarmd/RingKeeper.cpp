@@ -1,0 +1,292 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "alarmd/RingKeeper.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <ranges>
+
+#include "alarmd/ring_decision.h"
+
+namespace quode {
+namespace {
+
+using namespace std::chrono;
+
+constexpr hours dayAhead{25};
+constexpr hours noteInterval{6};
+constexpr seconds offerInterval{30};
+constexpr hours tooEarly{1};       // a ring that a wrong clock brought by more than that was none
+constexpr minutes soundIsOver{1};  // what rang longer ago sounds again when it is shown at last
+
+}  // namespace
+
+RingKeeper::RingKeeper(const std::filesystem::path& dataFolder, RingDesk& desk,
+                       std::function<void(std::string_view)> tell)
+    : desk_(&desk), tell_(std::move(tell)), records_(dataFolder), decided_(records_.decided()) {}
+
+void RingKeeper::decideDue(const Choices& choices, const Present& present, const EventStart& eventStart) {
+    records_.save();  // what could not be written before
+    followService();
+    const DecidedTime::Span span = decided_.begin(present);
+    if (span.isTakenBack || span.shift != seconds(0)) takeBack(span, present);
+    const std::vector<RingRecord> due = dueRings(choices, present, span, eventStart);
+    for (const RingRecord& record : due) decide(choices, record, present);
+    offerUnseen(choices, present);
+    decided_.finish(present);
+    noteDecided(choices, present, !due.empty() || span.isTakenBack);
+    isFirst_ = false;
+}
+
+std::vector<RingRecord> RingKeeper::dueRings(const Choices& choices, const Present& present,
+                                             const DecidedTime::Span& span, const EventStart& eventStart) const {
+    std::vector<RingRecord> due;
+    for (const RingRecord& record : records_.unfinished()) {
+        const bool isPending = record.state == RingState::begun || record.state == RingState::snoozed;
+        const bool isAwaited = awaited_.contains({record.alarm.code, record.alarm.due});
+        if (isPending && !isAwaited && record.ringAt <= present.clock) due.push_back(record);
+    }
+    if (!choices.home || !choices.home->city) return due;
+    const CityRecord& city = *choices.home->city;
+    for (const AlarmOccurrence& alarm : alarmOccurrences(siteOf(city), choices.rules(), span.since, present.clock)) {
+        if (span.holds(alarm.due) || records_.find(alarm.code, alarm.due)) continue;
+        if (!counts(alarm, choices, present, eventStart)) continue;
+        RingRecord& record = due.emplace_back();
+        record.alarm = alarm;
+        record.ringAt = alarm.due;
+        record.city = city.name;
+    }
+    return due;
+}
+
+void RingKeeper::noteDecided(const Choices& choices, const Present& present, bool isUrgent) {
+    const bool hasHome = choices.home && choices.home->city;
+    formerCity_ = hasHome ? choices.home->city : std::nullopt;
+    formerRules_ = choices.rules();
+    // An alarm that is new must not ring for the past after a crash.
+    const bool choseOther = std::exchange(formerChoices_, choices.text()) != choices.text();
+    const std::optional<DecidedNote>& noted = records_.decided();
+    const bool isOld = !noted || noted->until > present.clock || present.clock - noted->until > noteInterval;
+    if (!isUrgent && !choseOther && !isOld && !isFirst_) return;
+    DecidedNote note = *decided_.note();
+    note.city = hasHome ? choices.home->id : 0;
+    note.rules = formerRules_;
+    records_.setDecided(note);
+}
+
+void RingKeeper::rest() {
+    if (!decided_.note() || isFirst_) return;
+    DecidedNote note = *decided_.note();
+    if (records_.decided()) {
+        note.city = records_.decided()->city;
+        note.rules = records_.decided()->rules;
+    }
+    records_.setDecided(note);
+}
+
+// --- what counts
+
+// Whether an alarm that was not decided yet was to ring at a moment that is over.
+bool RingKeeper::counts(const AlarmOccurrence& alarm, const Choices& choices, const Present& present,
+                        const EventStart& eventStart) const {
+    if (!isFirst_) return wasChosen(alarm) || present.clock - alarm.due < stillInTime;
+    // What the user chose while no service ran is told by the event, which was placed when he chose.
+    const UserAlarm* const chosen = choices.alarm(alarm.code);
+    const std::optional<sys_seconds> start = chosen ? eventStart(*chosen) : std::nullopt;
+    if (start == alarm.due) return true;
+    if (start && standsElsewhere(*chosen, *start, *choices.home->city, present.clock)) return false;
+    const std::optional<DecidedNote>& note = records_.decided();
+    if (!note || note->city != choices.home->id) return false;
+    return std::ranges::find(note->rules, AlarmRule{alarm.code, chosen->offset}) != note->rules.end();
+}
+
+// Whether an event waits for the next ring of its alarm.
+bool RingKeeper::standsElsewhere(const UserAlarm& alarm, sys_seconds start, const CityRecord& city,
+                                 sys_seconds now) const {
+    const std::vector<AlarmRule> rule{{alarm.code, alarm.offset}};
+    return !alarmOccurrences(siteOf(city), rule, std::max(now, start - seconds(1)), start).empty();
+}
+
+// Whether an alarm was to ring already when all was decided last: one that the user has switched on, or moved, after
+// its moment is not late but comes tomorrow.
+bool RingKeeper::wasChosen(const AlarmOccurrence& alarm) const {
+    if (!formerCity_) return false;
+    const std::vector<AlarmOccurrence> former =
+        alarmOccurrences(siteOf(*formerCity_), formerRules_, alarm.due - seconds(1), alarm.due);
+    return std::ranges::find(former, alarm) != former.end();
+}
+
+// --- the clock was set
+
+void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present) {
+    for (RingRecord record : records_.all()) {
+        const sys_seconds due = record.alarm.due;
+        if (record.state == RingState::dropped) {
+            if (!span.isTakenBack || due <= span.since) continue;
+            if (due > present.clock) {
+                records_.forget(record.alarm.code, due);
+            } else {
+                record.ringAt = due;
+                keepState(record, RingState::begun);
+            }
+        } else if (rangTooEarly(record, present)) {
+            desk_->silence(record.alarm);
+            desk_->close(record.notification);
+            records_.forget(record.alarm.code, due);
+        } else if (record.state == RingState::snoozed && areComparable(record.rangAt, present.uptime)) {
+            record.ringAt += span.shift;  // it is so many minutes that the user sleeps on, whatever the clock shows
+            records_.keep(record);
+        }
+    }
+}
+
+// Whether a clock that was wrong brought a ring that is still to come.
+bool RingKeeper::rangTooEarly(const RingRecord& record, const Present& present) const {
+    if (record.alarm.due <= present.clock || !areComparable(record.rangAt, present.uptime)) return false;
+    const sys_seconds rang = present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
+    return record.alarm.due - rang > tooEarly;
+}
+
+// --- ringing
+
+void RingKeeper::decide(const Choices& choices, RingRecord record, const Present& present) {
+    const RingDecision decision = decideRing(record.ringAt, present.clock);
+    if (decision == RingDecision::wait) return;
+    const UserAlarm* const alarm = choices.alarm(record.alarm.code);
+    // It may have been switched off while it was snoozed.
+    if (!alarm || !alarm->isOn) return keepState(record, RingState::finished);
+    const bool otherRings = choices.settings.ringer == Ringer::evolution;
+    if (decision == RingDecision::drop || otherRings) {
+        const auto late = floor<minutes>(present.clock - record.ringAt);
+        if (!otherRings) tell_(fmt::format("An alarm was missed by {} minutes and does not ring.", late.count()));
+        record.rangAt = present.uptime;
+        return keepState(record, RingState::dropped);
+    }
+    ring(choices, record, present, Sound::yes);
+}
+
+void RingKeeper::ring(const Choices& choices, RingRecord record, const Present& present, Sound sound) {
+    const Key key{record.alarm.code, record.alarm.due};
+    const UserAlarm* const alarm = choices.alarm(record.alarm.code);
+    const Ring ring{record.alarm, record.city, alarm->sound.empty() ? choices.settings.defaultSound : alarm->sound,
+                    floor<minutes>(present.clock - record.ringAt)};
+    record.rangAt = present.uptime;
+    record.notification = {};
+    if (sound == Sound::yes) keepState(record, RingState::begun);
+    awaited_.insert(key);
+    desk_->show(ring, [this, key](const std::optional<NotificationId>& shown) { answered(key, shown); });
+    if (awaited_.contains(key)) {
+        record.notification.run = desk_->run();
+        keepState(record, RingState::asked);
+    }
+    if (sound == Sound::yes) desk_->sound(ring);
+}
+
+void RingKeeper::answered(const Key& key, const std::optional<NotificationId>& shown) {
+    awaited_.erase(key);
+    std::optional<RingRecord> record = records_.find(key.first, key.second);
+    if (!record) return;
+    const bool isOpen =
+        record->state == RingState::begun || record->state == RingState::asked || record->state == RingState::unseen;
+    if (!isOpen) {
+        if (shown) desk_->close(*shown);
+        return;
+    }
+    record->notification = shown.value_or(NotificationId{});
+    keepState(*record, shown ? RingState::shown : RingState::unseen);
+}
+
+// --- the notification service
+
+// Finds out what became of rings of an earlier run: of this process, or of the notification service.
+void RingKeeper::followService() {
+    const std::string run = desk_->run();
+    for (RingRecord record : records_.unfinished()) {
+        const bool isOfThisRun = !run.empty() && record.notification.run == run;
+        if (record.state == RingState::shown && !isOfThisRun && !run.empty()) {
+            keepState(record, RingState::finished);
+        } else if (record.state == RingState::asked && !awaited_.contains({record.alarm.code, record.alarm.due})) {
+            // The bus delivers what was sent, also when the sender is gone; the number is not known then.
+            keepState(record, isOfThisRun ? RingState::shown : RingState::unseen);
+        }
+    }
+}
+
+void RingKeeper::offerUnseen(const Choices& choices, const Present& present) {
+    const bool hasService = !desk_->run().empty();
+    for (const RingRecord& record : records_.unfinished()) {
+        const bool isAwaited = awaited_.contains({record.alarm.code, record.alarm.due});
+        if (record.state != RingState::unseen || isAwaited) continue;
+        const UserAlarm* const alarm = choices.alarm(record.alarm.code);
+        const RingDecision decision = decideRing(record.ringAt, present.clock);
+        if (!alarm || !alarm->isOn) {
+            keepState(record, RingState::finished);
+        } else if (decision == RingDecision::drop) {
+            tell_("An alarm rang, but for a quarter of an hour no notification service was there to show it.");
+            keepState(record, RingState::dropped);
+        } else if (hasService && decision != RingDecision::wait) {
+            const bool isSounding =
+                areComparable(record.rangAt, present.uptime) && present.uptime.time - record.rangAt.time < soundIsOver;
+            ring(choices, record, present, isSounding ? Sound::no : Sound::yes);
+        }
+    }
+}
+
+// --- answers
+
+bool RingKeeper::stop(const NotificationId& notification) {
+    return finish(notification, Unknown::counts, RingState::finished, {});
+}
+
+bool RingKeeper::closed(const NotificationId& notification) {
+    return finish(notification, Unknown::isOther, RingState::finished, {});
+}
+
+bool RingKeeper::snooze(const NotificationId& notification, sys_seconds ringAt) {
+    return finish(notification, Unknown::counts, RingState::snoozed, ringAt);
+}
+
+// The newest ring that is shown under a number: a service may give a number again.
+std::optional<RingRecord> RingKeeper::shownAs(const NotificationId& notification) const {
+    for (const RingRecord& record : std::views::reverse(records_.unfinished())) {
+        if (record.state == RingState::shown && record.notification == notification) return record;
+    }
+    return std::nullopt;
+}
+
+bool RingKeeper::finish(const NotificationId& notification, Unknown unknown, RingState state, sys_seconds ringAt) {
+    std::optional<RingRecord> record = shownAs(notification);
+    if (!record && unknown == Unknown::counts) record = shownAs({notification.run, 0});
+    if (!record) return false;
+    desk_->silence(record->alarm);
+    desk_->close(notification);
+    record->notification = {};
+    if (state == RingState::snoozed) record->ringAt = ringAt;
+    keepState(*record, state);
+    return true;
+}
+
+void RingKeeper::keepState(RingRecord record, RingState state) {
+    record.state = state;
+    records_.keep(record);
+}
+
+// --- the next moment
+
+std::optional<sys_seconds> RingKeeper::next(const Choices& choices, const Present& present) const {
+    std::optional<sys_seconds> next = decided_.holdEnds(present);
+    const auto comes = [&next](sys_seconds moment) { next = next ? std::min(*next, moment) : moment; };
+    const sys_seconds now = present.clock;
+    if (choices.home && choices.home->city) {
+        const auto coming = alarmOccurrences(siteOf(*choices.home->city), choices.rules(), now, now + dayAhead);
+        if (!coming.empty()) comes(coming.front().due);
+    }
+    for (const RingRecord& record : records_.unfinished()) {
+        if (record.state == RingState::snoozed && record.ringAt > now) comes(record.ringAt);
+        if (record.state == RingState::unseen) comes(now + offerInterval);
+    }
+    return next;
+}
+
+}  // namespace quode
