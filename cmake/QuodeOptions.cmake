@@ -1,12 +1,15 @@
 # SPDX-FileCopyrightText: the Quode authors
 # SPDX-License-Identifier: MIT
 # What every target of the project is built with.
-option(QUODE_TESTS "Build the tests" ON)
+option(QUODE_ENGINE_ONLY "Build the astronomy engine alone; needs nothing but a compiler" OFF)
+option(QUODE_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(QUODE_BENCH "Build the benchmarks" OFF)
 option(QUODE_WERROR "Treat warnings as errors" OFF)
+option(QUODE_HARDENING "Compile with stack protectors and checked library calls; arithmetic stays as it is" OFF)
+option(QUODE_PCH "Compile the tests with precompiled headers: faster from scratch, slower with ccache" OFF)
 set(QUODE_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
-if(NOT CMAKE_BUILD_TYPE)
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 set(CMAKE_CXX_STANDARD 20)
@@ -14,18 +17,37 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
 
 # The build tree has the shape of an installation: programs find the bundle at ../lib/quode/Quode.bundle in both.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(QUODE_LIBRARY_DIR ${PROJECT_BINARY_DIR}/lib/quode)
 set(QUODE_BUNDLE_INSTALL_DIR lib/quode/Quode.bundle)
 set(QUODE_BUNDLE_DIR ${PROJECT_BINARY_DIR}/${QUODE_BUNDLE_INSTALL_DIR})
 
-# Results must not depend on the compiler: no contraction of a*b+c into one rounding step.
-add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off)
-if(QUODE_WERROR)
-  add_compile_options(-Werror)
-endif()
+# Warnings. Results must not depend on the compiler: no contraction of a*b+c into one rounding step.
+add_library(quode_flags INTERFACE)
+target_compile_options(quode_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
+  $<$<BOOL:${QUODE_WERROR}>:-Werror>)
 if(QUODE_SANITIZE)
-  add_compile_options(-fsanitize=${QUODE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  add_link_options(-fsanitize=${QUODE_SANITIZE})
+  target_compile_options(quode_flags INTERFACE
+    -fsanitize=${QUODE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quode_flags INTERFACE -fsanitize=${QUODE_SANITIZE})
+else()
+  target_link_options(quode_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()
+if(QUODE_HARDENING AND NOT QUODE_SANITIZE)
+  target_compile_options(quode_flags INTERFACE -fstack-protector-strong)
+  target_compile_definitions(quode_flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:_FORTIFY_SOURCE=2>)
+endif()
+
+# quode_library(NAME ...) and quode_executable(NAME ...): add_library and add_executable, with these flags.
+function(quode_library name)
+  add_library(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:quode_flags>)
+endfunction()
+function(quode_executable name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:quode_flags>)
+endfunction()

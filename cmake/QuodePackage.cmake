@@ -15,5 +15,8 @@ install(EXPORT QuodeTargets NAMESPACE Quode:: DESTINATION ${package_dir} COMPONE
 configure_package_config_file(cmake/QuodeConfig.cmake.in ${PROJECT_BINARY_DIR}/QuodeConfig.cmake
   INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuodeConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+# For projects that are built without CMake: pkg-config quode-astro.
+configure_file(cmake/quode-astro.pc.in ${PROJECT_BINARY_DIR}/quode-astro.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/quode-astro.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT devel)
 install(FILES ${PROJECT_BINARY_DIR}/QuodeConfig.cmake ${PROJECT_BINARY_DIR}/QuodeConfigVersion.cmake
   DESTINATION ${package_dir} COMPONENT devel)

@@ -13,7 +13,7 @@ set(flags)
 if(SANITIZE)
   set(flags -DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE})
 endif()
-run(${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/build -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER}
+run(${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/build -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${COMPILER}
   -DCMAKE_PREFIX_PATH=${WORK}/prefix -DQUODE_VERSION=${VERSION} ${flags})
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 run(${WORK}/build/consumer)
