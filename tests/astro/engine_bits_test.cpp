@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // Every bit of the engine's results is what it was when the checksums were taken.
 #include "engine_bits.h"
+#include "support/fixtures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +15,7 @@
 namespace quode::test {
 namespace {
 
-const std::filesystem::path folder = std::filesystem::path(QUODE_FIXTURES) / "engine_bits";
+const std::filesystem::path folder = test::fixture("engine_bits");
 
 std::optional<BitFile> checksumsFor(std::uint64_t maths) {
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {

@@ -9,6 +9,7 @@
 
 #include "common/calendar.h"
 #include "common/hijri_table.h"
+#include "support/fixtures.h"
 #include "support/vectors.h"
 
 namespace quode::calendar {
@@ -25,7 +26,7 @@ struct TableRow {
 };
 
 std::vector<TableRow> tableOfTheFixture() {
-    std::ifstream file(std::string(QUODE_FIXTURES) + "/hijri_first_days.csv");
+    std::ifstream file(test::fixture("hijri_first_days.csv"));
     std::string line;
     std::getline(file, line);
     std::vector<TableRow> rows;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "published_rows.h"
+#include "support/fixtures.h"
 
 namespace quode::conventions {
 namespace {
@@ -22,7 +23,7 @@ std::ostream& operator<<(std::ostream& out, const Bar& bar) {
 }
 
 std::vector<PublishedRow> rowsOfAuthority(const std::string& authority) {
-    auto rows = readPublishedRows(QUODE_FIXTURES "/conventions/published_rows.csv");
+    auto rows = readPublishedRows(test::fixture("conventions/published_rows.csv"));
     std::erase_if(rows, [&](const auto& row) { return row.authority != authority; });
     return rows;
 }
@@ -59,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Bar{"london-unified", "London Unified", 0.7, 8, 0.6}));
 
 TEST(PublishedRows, allBelongToAConvention) {
-    const auto rows = readPublishedRows(QUODE_FIXTURES "/conventions/published_rows.csv");
+    const auto rows = readPublishedRows(test::fixture("conventions/published_rows.csv"));
     std::size_t known = 0;
     for (const Convention& convention : allConventions()) known += rowsOf(convention, rows).size();
     EXPECT_EQ(known, rows.size());

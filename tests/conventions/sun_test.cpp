@@ -9,12 +9,13 @@
 #include <string>
 
 #include "conventions/SolarDay.h"
+#include "support/fixtures.h"
 
 namespace quode::conventions {
 namespace {
 
 TEST(Sun, agreesWithAnEphemerisFittedToJplsToASecondOfArc) {
-    std::ifstream file(QUODE_FIXTURES "/conventions/sun_places.csv");
+    std::ifstream file(test::fixture("conventions/sun_places.csv"));
     std::string line;
     int count = 0;
     while (std::getline(file, line)) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 #include "support/vectors.h"
+#include "support/fixtures.h"
 
 #include <cmath>
 #include <fstream>
@@ -53,7 +54,7 @@ std::string Vector::describe() const {
 }
 
 std::vector<Vector> vectorsOf(std::string_view file, std::string_view op) {
-    const std::string path = std::string(QUODE_FIXTURES) + "/vectors/" + std::string(file) + ".json";
+    const std::string path = fixture("vectors/" + std::string(file) + ".json");
     std::ifstream stream(path);
     if (!stream) throw std::runtime_error("cannot read " + path);
     std::vector<Vector> found;

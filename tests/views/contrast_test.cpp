@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "common/color_schemes.h"
+#include "support/fixtures.h"
 #include "views/MessageView.h"
 
 namespace quode::test {
@@ -113,7 +114,7 @@ TEST(Contrast, OfTheRowsIsEnoughInEveryScheme) {
 }
 
 TEST(Contrast, IsWrittenDown) {
-    const std::string path = QUODE_FIXTURES "/../../docs/contrast.md";
+    const std::string path = test::sourceFile("docs/contrast.md");
     if (qEnvironmentVariableIsSet("QUODE_WRITE_PAGES")) std::ofstream(path) << page();
     std::ifstream file(path);
     const std::string written{std::istreambuf_iterator<char>(file), {}};

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QTest>
 
+#include "support/fixtures.h"
 #include "views/UIButtonX.h"
 #include "views_support.h"
 
@@ -54,7 +55,7 @@ QImage statesPicture(int type, int shape) {
 }
 
 void compareWithFixture(const QImage& picture, const std::string& name) {
-    const QString path = QString::fromStdString(QUODE_FIXTURES "/glyphs/" + name + ".png");
+    const QString path = QString::fromStdString(test::fixture("glyphs/" + name + ".png"));
     if (qEnvironmentVariableIsSet("QUODE_TAKE_PICTURES")) {
         ASSERT_TRUE(picture.save(path)) << path.toStdString();
     }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 #include "views_support.h"
+#include "support/fixtures.h"
 
 #include <QAccessibleActionInterface>
 #include <QApplication>
@@ -56,7 +57,7 @@ ViewsTest::ViewsTest() : globalFuncs(GlobalFuncs::startUp(device.platform())) {
     globalFuncs.setApplicationBundlePath("/bundle");
     for (const int id : {languageTurkish, languageEnglish, languageFrench, languageGerman}) {
         const std::string file(languageFile(id));
-        device.files->contents["/bundle/" + file] = contentOf(std::string(QUODE_FIXTURES "/../../resources/") + file);
+        device.files->contents["/bundle/" + file] = contentOf(test::sourceFile("resources/" + std::string(file)));
     }
     speak("en");
 }

@@ -7,6 +7,7 @@
 
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/FastAstro.h"
+#include "support/fixtures.h"
 #include "support/tolerances.h"
 #include "support/vectors.h"
 
@@ -94,7 +95,7 @@ struct FirstDay {
 };
 
 std::vector<FirstDay> firstDays() {
-    std::ifstream file(std::string(QUODE_FIXTURES) + "/hijri_first_days.csv");
+    std::ifstream file(test::fixture("hijri_first_days.csv"));
     std::vector<FirstDay> days;
     std::string line;
     std::getline(file, line);

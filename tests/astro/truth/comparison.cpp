@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 #include "truth/comparison.h"
+#include "support/fixtures.h"
 
 #include <fmt/format.h>
 
@@ -32,7 +33,7 @@ double Comparison::bias() const {
 }
 
 std::vector<std::vector<double>> rowsOf(const std::string& name) {
-    const std::string path = std::string(QUODE_FIXTURES) + "/truth/" + name + ".csv";
+    const std::string path = test::fixture("truth/" + std::string(name) + ".csv");
     std::ifstream stream(path);
     std::vector<std::vector<double>> rows;
     bool headerSeen = false;
