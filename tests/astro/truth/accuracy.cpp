@@ -3,7 +3,7 @@
 // Writes the page docs/accuracy.md to standard output.
 #include <cstdio>
 
-#include "truth/comparison.h"
+#include "astro/truth/comparison.h"
 
 int main() {
     std::fputs(quode::truth::accuracyPage(quode::truth::allComparisons()).c_str(), stdout);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "truth/comparison.h"
+#include "astro/truth/comparison.h"
 #include "support/fixtures.h"
 
 #include <fmt/format.h>

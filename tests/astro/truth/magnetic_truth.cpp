@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "astro/MagneticVariation.h"
 #include "astro/angles.h"
-#include "truth/comparison.h"
+#include "astro/truth/comparison.h"
 
 namespace quode::truth {
 

@@ -6,7 +6,7 @@
 #include "astro/FastAstro.h"
 #include "astro/MoonPhases.h"
 #include "astro/MoonTransit.h"
-#include "truth/comparison.h"
+#include "astro/truth/comparison.h"
 
 namespace quode::truth {
 namespace {

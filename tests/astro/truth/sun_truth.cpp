@@ -4,7 +4,7 @@
 
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/FastAstro.h"
-#include "truth/comparison.h"
+#include "astro/truth/comparison.h"
 
 namespace quode::truth {
 namespace {

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "truth/comparison.h"
+#include "astro/truth/comparison.h"
 
 namespace quode::truth {
 namespace {
