@@ -34,9 +34,9 @@ struct Program {
 };
 
 /// Reads the command line of a program. Throws `Failure` (usage) when it cannot be understood.
-/// commands        all commands; may be empty
-/// defaultCommand  the one that runs when none is named
-/// arguments       without the program's name
+/// @param commands        all commands; may be empty
+/// @param defaultCommand  the one that runs when none is named
+/// @param arguments       without the program's name
 ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
                             std::vector<std::string> arguments);
 

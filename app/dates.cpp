@@ -164,11 +164,6 @@ std::string isoMoment(std::chrono::sys_seconds moment) {
                        time.minutes().count(), time.seconds().count());
 }
 
-std::chrono::year_month_day civilDate(const VAKDate& date) {
-    return {std::chrono::year(date.Years), std::chrono::month(static_cast<unsigned>(date.Months)),
-            std::chrono::day(static_cast<unsigned>(date.Days))};
-}
-
 bool isJulianCalendar(const VAKDate& date) {
     return civilDate(date) < civilDate(VAKDateMake(lastSkippedDay + 1, reformMonth, reformYear, 0, 0, 0));
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "astro/VAKDate.h"
+#include "common/civil_date.h"
 
 namespace quode::app {
 
@@ -38,8 +39,6 @@ std::vector<VAKDate> daysOf(const Month& month);
 std::string isoDate(const VAKDate& date);
 std::string isoDate(std::chrono::year_month_day date);
 std::string isoMoment(std::chrono::sys_seconds moment);
-
-std::chrono::year_month_day civilDate(const VAKDate& date);
 
 /// True for the days up to 4 October 1582.
 bool isJulianCalendar(const VAKDate& date);

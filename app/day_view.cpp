@@ -12,11 +12,11 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "common/calendar.h"
+#include "common/formatting.h"
 
 namespace quode::app {
 namespace {
 
-constexpr std::string_view noTime = "--:--";
 constexpr double hoursPerDay = 24.0;
 constexpr int minutesPerHour = 60, secondsPerHour = 3600, secondsPerDay = 86400;
 
@@ -59,7 +59,7 @@ std::string prayerKey(int code) {
 }
 
 std::string clockText(Session& session, double hours, bool withSeconds) {
-    if (hours == missingTime) return std::string(noTime);
+    if (hours == missingTime) return std::string(formatting::noTime);
     if (withSeconds) return withSecondsText(hours);
     return session.services().timeLeadingZero(shownHours(hours));
 }
@@ -130,22 +130,10 @@ Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char
                    {"calendar", calendar}});
 }
 
-SunTimes sunTimesOf(const CityDay& day) {
-    const WidgetSkyInfo& sky = day.sky;
-    const bool isWhole = sky.SunRise != missingTime && sky.SunSet != missingTime;
-    if (isWhole) return {sky.SunRise, sky.SunSet};
-    // On a day with only one of both, the engine leaves that one in universal time.
-    const auto local = [&day](double time) {
-        return time == missingTime ? missingTime : std::fmod(time + day.GMTValue + hoursPerDay, hoursPerDay);
-    };
-    return {local(sky.SunRise), local(sky.SunSet)};
-}
-
 Json skyJson(const CityDay& day) {
-    const SunTimes sun = sunTimesOf(day);
     const double altitude = day.sky.MoonAltitudeOnSunSet;
-    return object({{"sunrise", skyTimeJson(sun.rise)},
-                   {"sunset", skyTimeJson(sun.set)},
+    return object({{"sunrise", skyTimeJson(day.sky.SunRise)},
+                   {"sunset", skyTimeJson(day.sky.SunSet)},
                    {"moonrise", skyTimeJson(day.sky.MoonRise)},
                    {"moonset", skyTimeJson(day.sky.MoonSet)},
                    {"moon_altitude_at_sunset", altitude == missingMoonTime ? Json() : Json(altitude)}});

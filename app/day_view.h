@@ -48,12 +48,6 @@ std::string hijriText(Session& session, const VAKDate& hijri);
 Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char* calendar);
 
 // --- the sky
-struct SunTimes {
-    double rise = -1.0;  ///< local hours, or -1.0
-    double set = -1.0;
-};
-SunTimes sunTimesOf(const CityDay& day);
-
 Json skyJson(const CityDay& day);
 
 /// The instant of a time of a day as text; null when there is none, or when the day is of the Julian calendar.
@@ -80,7 +74,7 @@ Fallbacks fallbacksOf(const PrayTimes& times, int code);
 std::optional<double> computedLatitude(const PrayTimes& times);
 
 /// "The Sun does not both rise and set here ...": the note for times that were computed for another latitude.
-/// latitudes  degrees, the lowest and the highest that were used
+/// @param lowest,highest  degrees: the latitudes that were used
 std::string latitudeNote(Session& session, double lowest, double highest);
 
 /// Explanations below a table, numbered in the order in which they are needed.

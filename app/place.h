@@ -38,8 +38,8 @@ ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish
 std::string regionAndCountry(Session& session, const CityRecord& city);
 std::string fullName(Session& session, const CityRecord& city);
 
-/// Prints what place is shown: name, region and country of a city, or the coordinates of a point and whose clock it
-/// has. withCoordinates  add the coordinates of a city, on the right
+/// Prints what place is shown: name, region and country of a city, or the coordinates of a point and whose clock it has.
+/// @param withCoordinates  add the coordinates of a city, on the right
 void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates = false);
 
 /// "41.0138° N  28.9497° E".

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/session.h"
 
-
 #include "app/dates.h"
+#include "common/captions.h"
 #include "common/prayer.h"
 #include "platform/folders.h"
 #include "platform/system_platform.h"
@@ -56,15 +56,15 @@ std::string languageOfLocale(const std::string& locale) {
 /// What stands for a caption of the language pack that cannot be read.
 std::string_view plainCaption(int textId) {
     switch (textId) {
-        case 1000:
+        case sunCaption:
             return "Sun";
-        case 1001:
+        case moonCaption:
             return "Moon";
-        case 1002:
+        case moonAtSunsetCaption:
             return "Moon at sunset";
-        case 1003:
+        case zoneCaption:
             return "Time zone";
-        case 1013:
+        case qiblaCaption:
             return "Qibla";
         default:
             return "";
@@ -179,10 +179,6 @@ std::string Session::prayerName(int code) {
 
 std::string Session::hijriMonth(int month) {
     return servicesWithTexts().GetTextHijriMonth(month).value_or(std::to_string(month));
-}
-
-std::string Session::hijriMonthShort(int month) {
-    return servicesWithTexts().GetTextHijriMonthShort(month).value_or(std::to_string(month));
 }
 
 std::string Session::caption(int textId) {

@@ -70,7 +70,6 @@ class Session {
     // Texts of the language pack. Without a usable pack there are plain names, and the problem is reported once.
     std::string prayerName(int code);
     std::string hijriMonth(int month);
-    std::string hijriMonthShort(int month);
     /// The part of a caption before its placeholder, without the colon.
     std::string caption(int textId);
 

@@ -8,7 +8,7 @@ namespace quode::app {
 
 /// The first time of a day at which the Sun, above the horizon, stands in a direction; local hours, -1.0 when it never
 /// does. Good to some seconds.
-/// bearing  degrees clockwise from true north
+/// @param bearing  degrees clockwise from true north
 double timeOfSunInDirection(const Site& site, const CityDay& day, double bearing);
 
 }  // namespace quode::app

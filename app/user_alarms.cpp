@@ -15,6 +15,7 @@
 #include "app/text_layout.h"
 #include "app/user_data.h"
 #include "app/user_texts.h"
+#include "common/formatting.h"
 #include "companion/RingRecords.h"
 
 namespace quode::app {
@@ -58,7 +59,7 @@ std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const Us
                                  std::string(alarm.isOn ? texts.on : texts.off)};
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();
     if (!isSetUp) return row;
-    row.push_back(comes ? clockAt(session, *all.city, ring->due) : "--:--");
+    row.push_back(comes ? clockAt(session, *all.city, ring->due) : std::string(formatting::noTime));
     row.push_back(offsetText(session, alarm.offset));
     row.push_back(soundOf(all, alarm));
     return row;

@@ -12,10 +12,12 @@ namespace quode {
 /// Functions of their arguments alone, `GetCurrentDateTime` excepted.
 class AstroGlobalFuncs {
   public:
-    /// Julian day of a civil date and time. The Julian calendar holds up to 14 October 1582, the Gregorian from then
-    /// on. year      without a year 0: the year before 1 is -1 month     1..12; day, hour, minute, second may lie
-    /// outside their ranges and carry over Returned: days; half a tenth of a millisecond is added so that the way back
-    /// never falls a second short. Source: Meeus, Astronomical Algorithms, chapter 7.
+    /// Julian day of a civil date and time. The Julian calendar holds up to 14 October 1582, the Gregorian from then on.
+    /// @param year   without a year 0: the year before 1 is -1
+    /// @param month  1..12
+    /// @param day    like hour, minute and second it may lie outside its range and carries over
+    /// @return days; half a tenth of a millisecond is added so that the way back never falls a second short
+    /// Source: Meeus, Astronomical Algorithms, 2nd edition, chapter 7.
     static double CalculateJulianDay(int year, int month, int day, int hour, int minute, int second);
 
     /// Julian day of the midnight at which a civil day begins, without the addition that `CalculateJulianDay` makes.
@@ -50,12 +52,14 @@ class AstroGlobalFuncs {
     /// Weekday of a date, 0 = Sunday to 6 = Saturday.
     static int DayOfWeek(int year, int month, int day);
 
-    /// Whether a date lies in summer time.
-    /// Rule months count from 0 = January. A rule day up to 30 is a day of the month counted from 0; above 30 it names
-    /// a weekday: 31 + 5 * weekday (0 = Sunday) + occurrence (0 first, 1 second, 2 third, 3 fourth, 4 last in the
-    /// month). A start month that is not before the stop month is a rule of the southern hemisphere. The start day lies
-    /// inside, the stop day outside. The two last arguments receive the day of the month on which a weekday rule starts
-    /// and stops in that year; -1 for fixed days, invalid rules and invalid dates.
+    /// Whether a date lies in summer time. The start day lies inside, the stop day outside. A start month that is not
+    /// before the stop month is a rule of the southern hemisphere.
+    /// @param startDay,stopDay      up to 30 a day of the month, counted from 0; above, a weekday:
+    ///                              31 + 5 * weekday (0 = Sunday) + occurrence (0 first .. 3 fourth, 4 last in the month)
+    /// @param startMonth,stopMonth  0 = January
+    /// @param startDayOfMonth       receives the day of the month on which a weekday rule starts in that year; -1 for
+    ///                              fixed days, invalid rules and invalid dates
+    /// @param stopDayOfMonth        the same for the day on which it stops
     static bool IsDSTDay(int startDay, int startMonth, int stopDay, int stopMonth, int year, int month, int day,
                          int& startDayOfMonth, int& stopDayOfMonth);
 

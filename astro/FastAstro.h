@@ -44,11 +44,11 @@ class FastAstro {
     void SetCurrentDateTime(const VAKDate& date);
 
     /// Sets the place. Give the date first: it decides whether summer time is in force.
-    /// latitude, longitude  degrees, north and east positive
-    /// GMT                  standard offset, hours east of Greenwich; half and quarter hours are kept
-    /// DST                  1 when the place observes summer time; the rule is then as `IsDSTDay` takes it
-    /// DSTValue             size of the shift in hours; `GMTValue` rises by exactly one hour whatever it says
-    /// temkin               1 for the margin of 500 m height, else that of 250 m
+    /// @param latitude,longitude  degrees, north and east positive
+    /// @param GMT                 standard offset, hours east of Greenwich; half and quarter hours are kept
+    /// @param DST                 1 when the place observes summer time; the rule is then as `IsDSTDay` takes it
+    /// @param DSTValue            size of the shift in hours; `GMTValue` rises by exactly one hour whatever it says
+    /// @param temkin              1 for the margin of 500 m height, else that of 250 m
     void SetPlace(double latitude, double longitude, double GMT, int DST, int startMonth, int startDay, int stopMonth,
                   int stopDay, double DSTValue, int temkin);
 
@@ -110,8 +110,9 @@ class FastAstro {
     static double SunElev(double julianDay, double latitude, double westLongitude, double declination,
                           double rightAscension);
 
-    /// Roots within -1..1 of the parabola through (-1, before), (0, middle) and (1, after).
-    /// Returns their number (0, 1 or 2) and sets `YE` (extreme value), `Zero1`, `Zero2` and `DX`.
+    /// Roots within -1..1 of the parabola through (-1, before), (0, middle) and (1, after). Sets `YE` (extreme value),
+    /// `Zero1`, `Zero2` and `DX`.
+    /// @return the number of roots: 0, 1 or 2
     /// Source: Montenbruck and Pfleger, chapter 3.
     int Quad(double before, double after, double middle);
 
@@ -135,19 +136,20 @@ class FastAstro {
     /// The times of the next day into the place's `NextPrayTimes`, with the zone of the current date.
     void CalculateNextPrayTimes();
 
-    /// The times of a date for the place's `GMTValue`.
-    /// latitude, longitude  degrees; temkin: margin for 500 m (else 250 m); times: what is filled; only its first flag
-    /// is cleared beforehand. hour, minute, second and zoneHours are not needed by the computation.
+    /// The times of a date for the place's `GMTValue`. `hour`, `minute`, `second` and `zoneHours` are not read.
+    /// @param latitude,longitude  degrees, north and east positive
+    /// @param temkin              margin for 500 m, else for 250 m
+    /// @param times               receives the times; only its first flag is cleared beforehand
     void CalculateAllPrayTimes(int day, int month, int year, int hour, int minute, int second, double latitude,
                                double longitude, bool temkin, int zoneHours, PrayTimes& times, const KiblePair& kible);
 
     /// Finds the time at which the Sun reaches an altitude, by iteration with the changing declination.
-    /// result               receives local hours, -1.0 when there are none; not to be used when 0 is returned
-    /// longitudeCorrection  -longitude / 15, hours
-    /// temkin               margin in hours, signed
-    /// angle                altitude in whole degrees; 1 and 2 stand for the shadow factors of the afternoon times
-    /// side                 -1 morning, +1 evening
-    /// Returned: 1 when the altitude is reached, else 0.
+    /// @param result               receives local hours, -1.0 when there are none; not to be used when 0 is returned
+    /// @param longitudeCorrection  -longitude / 15, hours
+    /// @param temkin               margin in hours, signed
+    /// @param angle                altitude in whole degrees; 1 and 2 stand for the shadow factors of the afternoon times
+    /// @param side                 -1 morning, +1 evening
+    /// @return 1 when the altitude is reached, else 0
     static int Iterasyon(double& result, double latitude, double longitudeCorrection, double temkin, double GMTValue,
                          int angle, int side, const SunInfoForPray& sun);
 

@@ -30,12 +30,17 @@ class MagneticVariation {
     /// Degrees, minutes and seconds as decimal degrees; negative when the first of them that is not 0 is negative.
     static double DegreesToDecimal(int degrees, int minutes, int seconds);
 
-    /// Fills a coefficient array for a decimal year: target 3 is `gha`, 4 is `ghb`. epoch: 2010.0, or 2005.0.
+    /// Fills a coefficient array for a decimal year.
+    /// @param target  3 is `gha`, 4 is `ghb`
+    /// @param epoch   2010.0, or 2005.0
     void ExtraPSH(double date, int mainFieldDegree, int changeFieldDegree, int target, double epoch);
 
-    /// Synthesises the field from a coefficient array.
-    /// coordinateSystem  1 geodetic (latitude and height over the ellipsoid), else geocentric (distance from the
-    /// centre) altitude          km. Latitudes and longitudes in degrees; the cosine of latitude is kept off the poles.
+    /// Synthesises the field from a coefficient array. The cosine of the latitude is kept off the poles.
+    /// @param coordinateSystem    1 geodetic (latitude and height over the ellipsoid), else geocentric
+    /// @param target              the array: 3 is `gha`, 4 is `ghb`
+    /// @param latitude,longitude  degrees, north and east positive
+    /// @param altitude            km over the ellipsoid; geocentric: from the Earth's centre
+    /// @return nT to the north, to the east and downward
     FieldComponents SHVAL3(int coordinateSystem, int maximumDegree, int target, double latitude, double longitude,
                            double altitude);
 
@@ -61,8 +66,11 @@ class MagneticVariation {
     /// What `getMagneticVariation` returns, and nothing else.
     static double declination(const Field& field, const PlaceTerms& place);
 
-    /// Magnetic declination in degrees, positive to the east, at a date, place and height in metres.
-    /// Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, those of `Temp` in radians.
+    /// Magnetic declination. Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, those of
+    /// `Temp` in radians.
+    /// @param latitude,longitude  degrees, north and east positive
+    /// @param altitude            metres
+    /// @return degrees, positive to the east
     double getMagneticVariation(int day, int month, int year, double latitude, double longitude, double altitude);
 
     /// The same for coordinates in degrees, minutes and seconds.

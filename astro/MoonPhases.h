@@ -29,7 +29,8 @@ double deltaT(double year);
 /// Source: J. Meeus, Astronomical Algorithms, 2nd edition, chapter 49, less `deltaT`.
 std::vector<MoonPhase> moonPhasesBetween(double firstJulianDay, double endJulianDay);
 
-/// All phases of a calendar year in universal time, in the order of time. year: 1..9999.
+/// All phases of a calendar year in universal time, in the order of time.
+/// @param year  1..9999
 std::vector<MoonPhase> moonPhasesOfYear(int year);
 
 /// Days from the last and to the next new moon. At the very moment of a new moon the age is 0.

@@ -7,10 +7,10 @@
 namespace quode {
 
 /// The moment at which the Moon crosses the upper meridian of a place, in hours 0..24 of a civil day's local clock.
-/// date       the civil day; its time of day is not read
-/// longitude  degrees, east positive
-/// zoneHours  the clock's offset from universal time, hours east, summer time included
-/// Returned: local hours, good to a few seconds; -1650.0 when the Moon does not transit that day, which happens once in
+/// @param date       the civil day; its time of day is not read
+/// @param longitude  degrees, east positive
+/// @param zoneHours  the clock's offset from universal time, hours east, summer time included
+/// @return local hours, good to a few seconds; -1650.0 when the Moon does not transit that day, which happens once in
 /// a lunation because it comes some 50 minutes later every day.
 double moonTransit(const VAKDate& date, double longitude, double zoneHours);
 

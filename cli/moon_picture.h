@@ -9,9 +9,9 @@ namespace quode::cli {
 
 /// The Moon's disc as lines of characters: the lit part as blocks, the dark part as dots. All lines are `2 * height`
 /// columns wide.
-/// illuminated   the lit part of the disc, 0..1
-/// litOnTheRight the side from which the light comes
-/// height        lines, at least 2
+/// @param illuminated    the lit part of the disc, 0..1
+/// @param litOnTheRight  the side from which the light comes
+/// @param height         lines, at least 2
 std::vector<std::string> moonPicture(double illuminated, bool litOnTheRight, int height);
 
 }  // namespace quode::cli

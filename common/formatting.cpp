@@ -13,7 +13,6 @@ namespace quode::formatting {
 namespace {
 
 constexpr int roundUpFromSecond = 31;
-constexpr std::string_view noClock = "--:--";
 constexpr std::string_view noAngle = "--°--'";
 
 // True when the whole part of x fits an int; false for NaN and infinities.
@@ -23,10 +22,10 @@ bool fitsInt(double x) {
 
 }  // namespace
 
-std::string timeLeadingZero(double hours, const ClockConvention& convention) {
+std::optional<ClockMinute> shownClock(double hours) {
     auto time = static_cast<float>(hours);
     if (time >= 24.0F) time -= 24.0F;
-    if (!fitsInt(time)) return std::string(noClock);
+    if (!fitsInt(time)) return std::nullopt;
     int hour = static_cast<int>(time);
     const float minutes = (time - static_cast<float>(hour)) * 60.0F;
     int minute = static_cast<int>(minutes);
@@ -39,7 +38,12 @@ std::string timeLeadingZero(double hours, const ClockConvention& convention) {
             hour = hour >= 23 ? 0 : hour + 1;
         }
     }
-    return timeLeadingZero(hour, minute, convention);
+    return ClockMinute{hour, minute};
+}
+
+std::string timeLeadingZero(double hours, const ClockConvention& convention) {
+    const std::optional<ClockMinute> shown = shownClock(hours);
+    return shown ? timeLeadingZero(shown->hour, shown->minute, convention) : std::string(noTime);
 }
 
 std::string timeLeadingZero(int hour, int minute, const ClockConvention& convention) {
@@ -57,7 +61,7 @@ std::string GetGMTValueStr(bool daylightSaving, double offset) {
     const std::string_view sign = offset < 0.0 ? "(-) " : "(+) ";
     const std::string_view suffix = daylightSaving ? " ☀" : "";
     const double hours = std::abs(offset);
-    if (!fitsInt(hours)) return fmt::format("{}{}{}", sign, noClock, suffix);
+    if (!fitsInt(hours)) return fmt::format("{}{}{}", sign, noTime, suffix);
     const int hour = static_cast<int>(hours);
     const int minute = static_cast<int>((hours - hour) * 60.0);
     return fmt::format("{}{:02d}:{:02d}{}", sign, hour, minute, suffix);

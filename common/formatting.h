@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,8 +16,22 @@ struct ClockConvention {
     std::string pmSym;
 };
 
-/// The clock text of a time of day in decimal hours, to the minute. Computed in single precision; more than 30 seconds
-/// round the minute up, exactly 30 do not. The mark -1.0 of a missing time is not for this function.
+/// What stands for a time that does not exist.
+inline constexpr std::string_view noTime = "--:--";
+
+/// A minute of the clock.
+struct ClockMinute {
+    int hour = 0;  ///< 0 to 23
+    int minute = 0;
+};
+
+/// The minute that a time of day is shown as; nothing when the number is not finite or too large. Computed in single
+/// precision; more than 30 seconds round the minute up, exactly 30 do not.
+/// @param hours  decimal hours; from 24 on, 24 less
+std::optional<ClockMinute> shownClock(double hours);
+
+/// The clock text of a time of day in decimal hours, as `shownClock` rounds it. The mark -1.0 of a missing time
+/// is not for this function.
 std::string timeLeadingZero(double hours, const ClockConvention& convention);
 
 /// The clock text of an hour and a minute. With 12 hours the hour after midnight is 00 and the hour after noon is 12.

@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "astro/PrayTimes.h"
+#include "common/civil_date.h"
 #include "data/alarm_moment.h"
 
 namespace quode {
@@ -18,19 +19,6 @@ using namespace std::chrono;
 // The prayer's minute is written from its middle, so that neither truncating nor rounding leads to another one.
 constexpr double insideTheMinute = 0.25;
 constexpr int minutesPerDay = 1440;
-
-sys_days dayOf(const VAKDate& date) {
-    return year_month_day(year(date.Years), month(unsigned(date.Months)), day(unsigned(date.Days)));
-}
-
-VAKDate recordOf(sys_days day) {
-    const year_month_day date(day);
-    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
-}
-
-VAKDate recordOf(const CivilTime& time) {
-    return VAKDateMake(time.day, time.month, time.year, time.hour, time.minute, time.second);
-}
 
 bool sameMinute(const VAKDate& a, const VAKDate& b) {
     return sameDay(a, b) && a.Hours == b.Hours && a.Minutes == b.Minutes;

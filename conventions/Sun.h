@@ -17,7 +17,7 @@ struct SunPlace {
 double deltaT(double julianDay);
 
 /// The apparent place (nutation and aberration included) at an instant.
-/// julianDay  universal time
+/// @param julianDay  universal time
 /// Sources: VSOP87 series of the Earth; Meeus, Astronomical Algorithms, chapters 12, 22 and 25.
 SunPlace sunAt(double julianDay);
 

@@ -18,7 +18,8 @@ struct UsedPoint {
     bool isCertain = true;                   ///< false where the zone was guessed, or follows no single rule
 };
 
-/// The point that a convention uses for a place. zone  the key of the zone to use; empty: that of the place
+/// The point that a convention uses for a place.
+/// @param zone  the key of the zone to use; empty: that of the place
 UsedPoint usedPoint(const Convention& convention, double latitude, double longitude, std::string_view zone = {});
 
 /// Kilometres along the great circle.

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 // The table of all conventions.
 #include <algorithm>
-#include <cctype>
 #include <vector>
 
 #include "conventions/Convention.h"
@@ -259,7 +258,7 @@ constexpr HighLatitudeName highLatitudes[] = {
 };
 
 bool sameLetters(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 

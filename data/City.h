@@ -26,9 +26,9 @@ class City {
     void setPrayerTimes(const PrayTimes& times) { aNamazVakitleri_ = times; }
 
     /// The prayer time of a code, in local decimal hours; -1.0 where the time does not exist that day.
-    /// code      200 Imsak, 201 Gunes, 202 Ogle, 203 Ikindi, 204 Aksam, 205 Yatsi, 206 Israk, 207 AsrSani,
-    ///           208 IsfirarSems
-    /// Returned: 0.0 for any other code.
+    /// @param code  200 Imsak, 201 Gunes, 202 Ogle, 203 Ikindi, 204 Aksam, 205 Yatsi, 206 Israk, 207 AsrSani,
+    ///              208 IsfirarSems
+    /// @return 0.0 for any other code
     double getRelevantPrayerTime(int code) const;
 
     /// Direction of the qibla in degrees.

@@ -7,6 +7,7 @@
 
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/MagneticVariation.h"
+#include "common/civil_date.h"
 #include "common/formatting.h"
 #include "common/numbers.h"
 #include "data/day_engine.h"
@@ -24,17 +25,15 @@ using std::chrono::seconds;
 using std::chrono::sys_days;
 using std::chrono::sys_seconds;
 
-sys_days dayOf(const VAKDate& date) {
-    return std::chrono::year_month_day(std::chrono::year(date.Years), std::chrono::month(unsigned(date.Months)),
-                                       std::chrono::day(unsigned(date.Days)));
-}
-
-VAKDate recordOf(sys_seconds local) {
-    const auto day = floor<days>(local);
-    const std::chrono::year_month_day date(day);
-    const std::chrono::hh_mm_ss time(local - day);
-    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()),
-                       int(time.hours().count()), int(time.minutes().count()), int(time.seconds().count()));
+// On a day with only one of sunrise and sunset, the engine leaves that one in universal time.
+WidgetSkyInfo withLocalSun(WidgetSkyInfo sky, double offset) {
+    constexpr double hoursPerDay = 24.0;
+    const bool isWhole = sky.SunRise != missingTime && sky.SunSet != missingTime;
+    if (isWhole) return sky;
+    for (double* time : {&sky.SunRise, &sky.SunSet}) {
+        if (*time != missingTime) *time = std::fmod(*time + offset + hoursPerDay, hoursPerDay);
+    }
+    return sky;
 }
 
 seconds offsetOf(double hours) {
@@ -85,7 +84,7 @@ CityDay computeCityDay(const Site& site, const VAKDate& day) {
     engine.setTimesOnly(true);
     setEngine(engine, site, day);
     computeTimes(engine, result);
-    result.sky = engine.getSomeInfoForQuodeWidget();
+    result.sky = withLocalSun(engine.getSomeInfoForQuodeWidget(), result.GMTValue);
     result.declination =
         MagneticVariation::declination(MagneticVariation::fieldAt(day.Days, day.Months, day.Years),
                                        MagneticVariation::termsAt(site.latitude, site.longitude, declinationHeight));
@@ -112,9 +111,9 @@ double timeOfPrayer(const CityDay& day, int code) {
 }
 
 int shownMinute(double hours) {
-    const std::string shown = formatting::timeLeadingZero(hours, {});  // "HH:MM"
-    const int minuteOfDay = leadingNumber<int>(shown) * 60 + leadingNumber<int>(shown.substr(shown.find(':') + 1));
-    // The text has lost its day: the nearest minute with that text is meant.
+    const formatting::ClockMinute shown = formatting::shownClock(hours).value_or(formatting::ClockMinute{});
+    const int minuteOfDay = shown.hour * 60 + shown.minute;
+    // The clock has lost its day: the nearest minute with that clock is meant.
     constexpr int minutesPerDay = 1440;
     return minuteOfDay + minutesPerDay * static_cast<int>(std::lround((hours * 60.0 - minuteOfDay) / minutesPerDay));
 }

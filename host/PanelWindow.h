@@ -27,8 +27,6 @@ class PanelWindow : public QWidget {
     PanelWindow(PanelStyle style, bool translucent);
     ~PanelWindow() override;
 
-    PanelStyle panelStyle() const { return style_; }
-
     /// Shows a widget, which stays with its owner.
     void setContent(QWidget* content);
     /// Gives the widget back; to be called before it is deleted.

@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "common/GlobalFuncs.h"
+#include "common/formatting.h"
 #include "views/drawing.h"
 #include "views/religious_days.h"
 
@@ -35,7 +36,7 @@ std::optional<std::string> UIReligiousView::festivalPrayerTime() const {
     if (userCities_.empty()) return std::nullopt;
     const double time =
         userCities_.at(static_cast<std::size_t>(currentCityId_)).getRelevantPrayerTime(festivalPrayerCode);
-    return time == -1.0 ? "--:--" : globalFuncs_.timeLeadingZero(time);
+    return time == missingTime ? std::string(formatting::noTime) : globalFuncs_.timeLeadingZero(time);
 }
 
 void UIReligiousView::showReligiousDays() {

@@ -9,6 +9,8 @@
 #include <string_view>
 
 #include "common/GlobalFuncs.h"
+#include "common/captions.h"
+#include "common/formatting.h"
 #include "common/numbers.h"
 #include "common/text_format.h"
 #include "data/city_day.h"
@@ -21,13 +23,7 @@ namespace {
 
 constexpr const char* cityQuery = "SELECT ID, SETASHOME FROM USER_CITY";
 constexpr int lockPatienceMs = 2000;
-constexpr std::string_view noTime = "--:--";
-constexpr double missingPrayer = -1.0;
-constexpr double missingMoonAltitude = -1650.0;
-
-// Text keys of the language pack.
-constexpr std::int32_t keySun = 1000, keyMoon = 1001, keyMoonAtSunset = 1002, keyZone = 1003, keyNoCity = 1004,
-                       keyQibla = 1013;
+using formatting::noTime;
 
 // Runs an operation at whose edge every failure stops; the log says which it was.
 template <typename Operation>
@@ -169,7 +165,7 @@ void QuodeController::updatePrayerTimes() noexcept {
         cityNameView_->labelCityName()->setText(city->name());
         for (int code = firstPrayer; code <= lastPrayer; ++code) {
             const double time = city->getRelevantPrayerTime(code);
-            const bool isMissing = time == missingPrayer;
+            const bool isMissing = time == missingTime;
             timesView(code)->labelPrayTime()->setText(isMissing ? std::string(noTime)
                                                                 : globalFuncs_.timeLeadingZero(time));
         }
@@ -180,7 +176,7 @@ void QuodeController::updateCityInfo() noexcept {
     guarded(globalFuncs_, "showPrayerTimes", [this] {
         if (!cityNameView_ || !cityInfoView_) return;
         if (currentCityId_ < 0 || userCities_.empty()) {
-            cityNameView_->labelCityName()->setText(globalFuncs_.GetKeyValue(keyNoCity));
+            cityNameView_->labelCityName()->setText(globalFuncs_.GetKeyValue(noCityCaption));
         } else if (const City* city = currentCity()) {
             showCityInformation(*city);
         }
@@ -201,14 +197,14 @@ void QuodeController::showCityInformation(const City& city) {
     };
 
     const WidgetSkyInfo sky = city.getSomeAstroInfo();
-    cityInfoView_->labelGMT()->setText(filled(keyZone, city.GMTStr()));
-    cityInfoView_->labelQibla()->setText(filled(keyQibla, globalFuncs_.getQiblaAngleStr(city.getQiblaAngle())));
-    cityInfoView_->labelSunInfo()->setText(riseAndSet(keySun, sky.SunRise, sky.SunSet));
-    cityInfoView_->labelMoonInfo()->setText(riseAndSet(keyMoon, sky.MoonRise, sky.MoonSet));
+    cityInfoView_->labelGMT()->setText(filled(zoneCaption, city.GMTStr()));
+    cityInfoView_->labelQibla()->setText(filled(qiblaCaption, globalFuncs_.getQiblaAngleStr(city.getQiblaAngle())));
+    cityInfoView_->labelSunInfo()->setText(riseAndSet(sunCaption, sky.SunRise, sky.SunSet));
+    cityInfoView_->labelMoonInfo()->setText(riseAndSet(moonCaption, sky.MoonRise, sky.MoonSet));
     const double altitude = sky.MoonAltitudeOnSunSet;
-    const bool isMissing = altitude == missingMoonAltitude;
+    const bool isMissing = altitude == missingMoonTime;
     cityInfoView_->labelMoonOnSunSet()->setText(
-        fmt::format("{} {}", caption(keyMoonAtSunset),
+        fmt::format("{} {}", caption(moonAtSunsetCaption),
                     isMissing ? std::string(noTime) : globalFuncs_.getDegMinStrWithMinusPlus(altitude)));
 }
 

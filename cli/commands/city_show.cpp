@@ -8,6 +8,8 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
+#include "common/captions.h"
+#include "common/formatting.h"
 
 namespace quode::cli {
 namespace {
@@ -33,7 +35,7 @@ void printCity(Session& session, const ChosenPlace& place, std::optional<ClockCh
     if (city.elevation) add(texts.elevation, fmt::format("{} m", *city.elevation));
     if (city.population > 0) add(texts.population, std::to_string(city.population));
     const std::string clock = city.zone + "  " + formatting::GetGMTValueStr(false, city.rule.gmt);
-    add(session.caption(1003), clock);
+    add(session.caption(zoneCaption), clock);
     const std::string_view format = change && change->toSummerTime ? texts.clocksForward : texts.clocksBack;
     add("", change ? fmt::format(fmt::runtime(format), dayAndMonth(session, change->date))
                    : std::string(texts.noSummerTime));

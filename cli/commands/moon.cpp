@@ -16,6 +16,7 @@
 #include "cli/commands.h"
 #include "cli/moon_picture.h"
 #include "common/calendar.h"
+#include "common/formatting.h"
 
 namespace quode::cli {
 namespace {
@@ -114,7 +115,8 @@ std::vector<std::string> moonFacts(Session& session, const MoonPage& page) {
     add(texts.illuminated,
         fmt::format(fmt::runtime(texts.illuminatedValue), decimal(texts, page.info.IlluminatedFraction, 0),
                     page.info.BrightInc ? texts.waxing : texts.waning));
-    add(texts.moonAtSunset, altitude == missingMoonTime ? "--:--" : formatting::getDegMinStrWithMinusPlus(altitude));
+    add(texts.moonAtSunset, altitude == missingMoonTime ? std::string(formatting::noTime)
+                                                        : formatting::getDegMinStrWithMinusPlus(altitude));
     add(texts.elongation, decimal(texts, page.info.Elongation, 1) + "°");
     add(texts.distance, fmt::format("{:.0f} km", page.info.Distance));
     add(texts.age, fmt::format(fmt::runtime(texts.ageValue), decimal(texts, page.age.sinceNewMoon, 1)));

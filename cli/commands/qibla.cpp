@@ -12,6 +12,8 @@
 #include "app/sun_direction.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
+#include "common/captions.h"
+#include "common/formatting.h"
 
 namespace quode::cli {
 namespace {
@@ -75,7 +77,7 @@ void printQibla(Session& session, const Qibla& qibla) {
     add(texts.declination, decimal(texts, qibla.day.declination, 1, true) + "°",
         fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
     const bool hasTime = qibla.sunTime != missingTime;
-    add(session.caption(1000), hasTime ? clockText(session, qibla.sunTime) : "--:--",
+    add(session.caption(sunCaption), hasTime ? clockText(session, qibla.sunTime) : std::string(formatting::noTime),
         hasTime ? texts.sunInQibla : texts.noSunInQibla);
     add(texts.distance, fmt::format("{:.0f} km", qibla.distanceKm), texts.kaabaDistance);
     printPlace(session, qibla.place);

@@ -6,23 +6,24 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
+#include "common/formatting.h"
 
 namespace quode::cli {
 namespace {
 
 void printSky(Session& session, const ChosenPlace& place, const CityDay& day) {
     const Texts& texts = session.texts();
-    const SunTimes sun = sunTimesOf(day);
     const double altitude = day.sky.MoonAltitudeOnSunSet;
     TextTable table({TextTable::Align::left, TextTable::Align::right});
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
     };
-    add(texts.sunrise, skyClockText(session, sun.rise));
-    add(texts.sunset, skyClockText(session, sun.set));
+    add(texts.sunrise, skyClockText(session, day.sky.SunRise));
+    add(texts.sunset, skyClockText(session, day.sky.SunSet));
     add(texts.moonrise, skyClockText(session, day.sky.MoonRise));
     add(texts.moonset, skyClockText(session, day.sky.MoonSet));
-    add(texts.moonAtSunset, altitude == missingMoonTime ? "--:--" : formatting::getDegMinStrWithMinusPlus(altitude));
+    add(texts.moonAtSunset, altitude == missingMoonTime ? std::string(formatting::noTime)
+                                                        : formatting::getDegMinStrWithMinusPlus(altitude));
     printPlace(session, place);
     session.print(longDate(session, day.date));
     session.print();

@@ -11,6 +11,8 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
+#include "common/captions.h"
+#include "common/formatting.h"
 
 namespace quode::cli {
 namespace {
@@ -18,8 +20,6 @@ namespace {
 constexpr int marginHeight500 = 500, marginHeight250 = 250;  // metres, for the two tables of margins
 
 // Captions of the language packs.
-constexpr int sunCaption = 1000, moonCaption = 1001, moonAtSunsetCaption = 1002, zoneCaption = 1003,
-              qiblaCaption = 1013;
 
 struct DayPage {
     ChosenPlace place;
@@ -158,12 +158,12 @@ void printFacts(Session& session, const DayPage& page) {
     const auto add = [&table](std::string label, std::string value, std::string remark) {
         table.add({std::move(label), std::move(value), std::move(remark)});
     };
-    const SunTimes sun = sunTimesOf(page.day);
-    add(session.caption(sunCaption), clock(sun.rise) + " / " + clock(sun.set), "");
+    add(session.caption(sunCaption), clock(sky.SunRise) + " / " + clock(sky.SunSet), "");
     add(session.caption(moonCaption), clock(sky.MoonRise) + " / " + clock(sky.MoonSet), "");
     const bool hasAltitude = sky.MoonAltitudeOnSunSet != missingMoonTime;
     add(session.caption(moonAtSunsetCaption),
-        hasAltitude ? formatting::getDegMinStrWithMinusPlus(sky.MoonAltitudeOnSunSet) : "--:--", "");
+        hasAltitude ? formatting::getDegMinStrWithMinusPlus(sky.MoonAltitudeOnSunSet) : std::string(formatting::noTime),
+        "");
     add(session.caption(zoneCaption), formatting::GetGMTValueStr(page.day.isDSTTime, page.day.GMTValue),
         zoneRemark(session, page));
     add(session.caption(qiblaCaption), formatting::getQiblaAngleStr(page.day.kible.K), std::string(texts.fromNorth));

@@ -159,6 +159,16 @@ TEST(NextPrayer, CountsInstantsAcrossBothClockChanges) {
     }
 }
 
+TEST(Sky, TellsASunriseWithoutASunsetByTheClockOfThePlace) {
+    const CityDay before = computeCityDay(tromso, VAKDateMake(15, 5, 2026, 0, 0, 0));
+    const CityDay last = computeCityDay(tromso, VAKDateMake(16, 5, 2026, 0, 0, 0));
+    ASSERT_NE(missingTime, before.sky.SunSet);
+    ASSERT_EQ(missingTime, last.sky.SunSet) << "the midnight sun begins";
+    // The Sun rises a little earlier every day; by universal time it would be two hours.
+    EXPECT_LT(last.sky.SunRise, before.sky.SunRise);
+    EXPECT_NEAR(before.sky.SunRise, last.sky.SunRise, 0.5);
+}
+
 TEST(Site, OfACityReadsItsTexts) {
     EXPECT_EQ((Site{}).rule, ZoneRule{});
     CityRecord record;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include <sstream>
-
 #include "tools/manual/manual.h"
+
+#include <algorithm>
 
 namespace quode::manual {
 namespace {
@@ -65,9 +65,10 @@ std::string synopsisOf(const std::string& name, const CommandPath& path) {
 // The help's last lines: headings end with a colon, their lines are indented.
 std::string sectionsOf(const std::string& footer) {
     std::string text;
-    std::istringstream lines(footer);
     bool isIndented = false;
-    for (std::string line; std::getline(lines, line);) {
+    for (std::size_t at = 0, end = 0; at < footer.size(); at = end + 1) {
+        end = std::min(footer.find('\n', at), footer.size());
+        const std::string line = footer.substr(at, end - at);
         const bool isHeading = !line.empty() && line.front() != ' ' && line.back() == ':';
         if (isIndented && (isHeading || line.empty())) {
             text += ".fi\n.RE\n";
