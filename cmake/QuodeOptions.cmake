@@ -38,8 +38,9 @@ else()
   target_link_options(quode_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()
 if(QUODE_HARDENING AND NOT QUODE_SANITIZE)
-  target_compile_options(quode_flags INTERFACE -fstack-protector-strong)
-  target_compile_definitions(quode_flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:_FORTIFY_SOURCE=2>)
+  # Some compilers define _FORTIFY_SOURCE themselves.
+  target_compile_options(quode_flags INTERFACE -fstack-protector-strong
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE> $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=2>)
 endif()
 
 # quode_library(NAME ...) and quode_executable(NAME ...): add_library and add_executable, with these flags.

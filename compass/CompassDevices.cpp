@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "compass/CompassDevices.h"
 
-#include "compass/screensaver_keeper.h"
-#include "compass/sensor_proxy_heading.h"
+#include "platform/qt/screensaver_keeper.h"
+#include "platform/qt/sensor_proxy_heading.h"
 
 namespace quode {
 

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "texts/utf8.h"
+
 namespace quode {
 namespace {
 
@@ -92,27 +94,6 @@ bool separates(char32_t c) {
     return c < 0xC0 || (c >= 0x2000 && c <= 0x206F) || c == 0x3000 || c == broken;
 }
 
-// Takes the next code point off the text; `broken` for a byte that does not begin a well-formed one.
-char32_t takeCodePoint(std::string_view& text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned first = byte(0);
-    const std::size_t length = first < 0x80 ? 1 : first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if ((first >= 0x80 && first < 0xC2) || first > 0xF4 || length > text.size()) {
-        text.remove_prefix(1);
-        return broken;
-    }
-    char32_t code = length == 1 ? first : first & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0U) != 0x80) {
-            text.remove_prefix(1);
-            return broken;
-        }
-        code = (code << 6) | (byte(i) & 0x3FU);
-    }
-    text.remove_prefix(length);
-    return code;
-}
-
 void appendFolded(char32_t c, std::string_view original, std::string& folded) {
     if (c < 0x80) {
         folded += static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
@@ -137,7 +118,7 @@ std::string foldedName(std::string_view utf8) {
     bool blankDue = false;
     while (!utf8.empty()) {
         const std::string_view before = utf8;
-        const char32_t c = takeCodePoint(utf8);
+        const char32_t c = takeCodePoint(utf8).value_or(broken);
         if (vanishes(c)) continue;
         if (separates(c) || baseLetter(c) == ' ') {
             blankDue = true;

@@ -15,6 +15,7 @@
 
 #include "platform/event_identifier.h"
 #include "texts/translation.h"
+#include "texts/utf8.h"
 
 namespace quode {
 
@@ -68,38 +69,18 @@ icaltimetype asIcalTime(sys_seconds time) {
     return result;
 }
 
-/// The length of a well-formed UTF-8 sequence at the start of `text`, or 0.
-std::size_t sequenceLength(std::string_view text) {
-    const auto byteAt = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byteAt(0);
-    const std::size_t length = lead < 0x80   ? 1
-                               : lead < 0xC2 ? 0
-                               : lead < 0xE0 ? 2
-                               : lead < 0xF0 ? 3
-                               : lead < 0xF5 ? 4
-                                             : 0;
-    if (length == 0 || length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byteAt(i) & 0xC0U) != 0x80U) return 0;
-    }
-    const bool overlong = (lead == 0xE0 && byteAt(1) < 0xA0) || (lead == 0xF0 && byteAt(1) < 0x90);
-    const bool outside = (lead == 0xED && byteAt(1) >= 0xA0) || (lead == 0xF4 && byteAt(1) >= 0x90);
-    return overlong || outside ? 0 : length;
-}
-
 /// The text without what a calendar file cannot hold: control characters go, damaged characters become U+FFFD.
 std::string printable(std::string_view text) {
     std::string result;
     while (!text.empty()) {
-        const std::size_t length = sequenceLength(text);
-        const auto lead = static_cast<unsigned char>(text.front());
-        const bool control = length == 1 && ((lead < 0x20 && lead != '\n' && lead != '\t') || lead == 0x7F);
-        if (length == 0) {
+        const std::string_view before = text;
+        const std::optional<char32_t> code = takeCodePoint(text);
+        const bool control = code && ((*code < 0x20 && *code != '\n' && *code != '\t') || *code == 0x7F);
+        if (!code) {
             result += "\xEF\xBF\xBD";
         } else if (!control) {
-            result += text.substr(0, length);
+            result += before.substr(0, before.size() - text.size());
         }
-        text.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return result;
 }

@@ -12,8 +12,8 @@
 #include <cmath>
 
 #include "compass/compass_fixture.h"
-#include "compass/screensaver_keeper.h"
-#include "compass/sensor_proxy_heading.h"
+#include "platform/qt/screensaver_keeper.h"
+#include "platform/qt/sensor_proxy_heading.h"
 
 namespace quode::test {
 namespace {

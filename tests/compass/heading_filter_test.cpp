@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "compass/HeadingFilter.h"
+#include "platform/qt/HeadingFilter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "compass/sensor_proxy_heading.h"
+#include "platform/qt/sensor_proxy_heading.h"
 
 #include <QDBusError>
 #include <QDBusMessage>
@@ -14,7 +14,7 @@
 #include <functional>
 #include <utility>
 
-#include "compass/HeadingFilter.h"
+#include "platform/qt/HeadingFilter.h"
 
 namespace quode {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "compass/screensaver_keeper.h"
+#include "platform/qt/screensaver_keeper.h"
 
 #include <QDBusConnection>
 #include <QDBusError>
