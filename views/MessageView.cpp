@@ -45,6 +45,11 @@ void makeQueue() {
     static_cast<void>(registered);
 }
 
+bool& keepsNewestOnly() {
+    static bool value = false;
+    return value;
+}
+
 AnimationClock*& injectedClock() {
     static AnimationClock* clock = nullptr;
     return clock;
@@ -63,6 +68,14 @@ Size sizeOf(const QWidget& widget) {
 
 void MessageView::setAnimationClock(AnimationClock* clock) {
     injectedClock() = clock;
+}
+
+void MessageView::setKeepsNewestOnly(bool value) {
+    keepsNewestOnly() = value;
+}
+
+void MessageView::clearQueue() {
+    dropQueue();
 }
 
 std::size_t MessageView::queueLength() {
@@ -93,6 +106,7 @@ MessageView::~MessageView() {
 }
 
 void MessageView::toastInView(QWidget& parent, const std::string& text) {
+    if (keepsNewestOnly()) clearQueue();
     auto toast = initWithText(text);
     const Size label{toast->textLabel_->bounds().width, toast->textLabel_->bounds().height};
     const Size outer = sizeOf(parent);

@@ -30,6 +30,13 @@ class MessageView : public View {
     /// Number of toasts that show or wait.
     static std::size_t queueLength();
 
+    /// Whether a toast that is asked for takes the place of those before it, which go at once, instead of waiting for
+    /// them. False at first; for the whole process.
+    static void setKeepsNewestOnly(bool value);
+
+    /// Takes away all toasts, those that show and those that wait.
+    static void clearQueue();
+
     /// The clock of all toasts to come; null for the clock of the machine. Not owned.
     static void setAnimationClock(AnimationClock* clock);
 

@@ -170,6 +170,7 @@ class QuodeController final : public WidgetViewController,
     void startTimer();
     void tick();
     void showCityInformation(const City& city);
+    void showAlarmState(UIButtonX& button, bool isOn);
     void resetAlarmButton(UIButtonX& button);
     void toast(std::int32_t textKey);
     const City* currentCity() const;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // What the buttons of the widget do.
 #include "common/GlobalFuncs.h"
+#include "common/translation.h"
 #include "data/DatabaseFunctions.h"
 #include "data/city_day.h"
 #include "views/MessageView.h"
@@ -57,19 +58,28 @@ void QuodeController::delegateUITimesView_AlarmOnOffTapped(UIButtonX& button, UI
         resetAlarmButton(button);
         return;
     }
-    button.setButtonShape(button.buttonShape() == shapeAlarmOn ? shapeAlarmOff : shapeAlarmOn);
-    if (button.buttonShape() == shapeAlarmOn) {
+    const bool isWantedOn = button.buttonShape() != shapeAlarmOn;
+    showAlarmState(button, isWantedOn);
+    if (isWantedOn) {
         database.reCalculateAlarm(view.tag());
     } else {
         database.deleteAlarm(view.tag());
     }
+    // What is shown is what is stored. A row without a sound could not be read: it had one a moment ago.
+    const AlarmInfo stored = database.getAlarmInfo(view.tag());
+    if (!stored.melodyName.empty() && stored.active == isWantedOn) return;
+    showAlarmState(button, stored.melodyName.empty() ? !isWantedOn : stored.active);
+    MessageView::toastInView(*myView_, _("The alarm could not be changed. Please try again."));
+}
+
+void QuodeController::showAlarmState(UIButtonX& button, bool isOn) {
+    button.setButtonShape(isOn ? shapeAlarmOn : shapeAlarmOff);
+    button.setSelected(isOn);
     button.update();
 }
 
 void QuodeController::resetAlarmButton(UIButtonX& button) {
-    button.setButtonShape(shapeAlarmOff);
-    button.setSelected(false);
-    button.update();
+    showAlarmState(button, false);
 }
 
 void QuodeController::toast(std::int32_t textKey) {

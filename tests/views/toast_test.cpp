@@ -174,6 +174,21 @@ TEST_F(Toast, ComesOneAfterTheOtherInTheFirstParent) {
     EXPECT_EQ("four", textShown(other));
 }
 
+TEST_F(Toast, TakesThePlaceOfOlderOnesWhereOnlyTheNewestIsKept) {
+    MessageView::setKeepsNewestOnly(true);
+    MessageView::toastInView(view, "one");
+    clock.advance(0.1);
+    MessageView::toastInView(view, "two");
+    EXPECT_EQ(1U, MessageView::queueLength());
+    EXPECT_EQ("two", textShown(view));
+    EXPECT_EQ(1, view.findChildren<MessageView*>().size());
+    clock.advance(4.98);
+    EXPECT_EQ("two", textShown(view));  // its own time is the usual one
+    MessageView::clearQueue();
+    EXPECT_EQ(nullptr, shown(view));
+    MessageView::setKeepsNewestOnly(false);
+}
+
 TEST_F(Toast, GoesWithTheViewThatShowsItAndSoDoThoseThatWait) {
     auto mortal = std::make_unique<View>(Rect{0.0, 0.0, 320.0, 100.0});
     MessageView::toastInView(*mortal, "one");

@@ -184,6 +184,26 @@ TEST_F(AlarmTap, StaysOnWhenTheCalendarFails) {
     EXPECT_EQ("1 ", storedAlarm(6));
 }
 
+// As another program's lock, a full disk or a file without the right to write does.
+TEST_F(AlarmTap, ShowsTheStoredStateAndAMessageWhenTheAlarmCannotBeStored) {
+    setUpAlarm(3, 13.0);
+    runOnUserDatabase("CREATE TRIGGER refuse BEFORE UPDATE ON USER_ALARMS BEGIN SELECT raise(ABORT, 'refused'); END");
+    click(button("Alarm for Dhuhr"));
+    expectOff(button("Alarm for Dhuhr"));
+    EXPECT_THAT(toasts(), ElementsAre("The alarm could not be changed. Please try again."));
+    EXPECT_EQ("0 ", storedAlarm(3));
+}
+
+TEST_F(AlarmTap, StaysOnWithAMessageWhenSwitchingOffCannotBeStored) {
+    setUpAlarm(3, 13.0);
+    click(button("Alarm for Dhuhr"));
+    runOnUserDatabase("CREATE TRIGGER refuse BEFORE UPDATE ON USER_ALARMS BEGIN SELECT raise(ABORT, 'refused'); END");
+    click(button("Alarm for Dhuhr"));
+    EXPECT_EQ(9, button("Alarm for Dhuhr").buttonShape());
+    EXPECT_TRUE(button("Alarm for Dhuhr").selected());
+    EXPECT_THAT(toasts(), ElementsAre("The alarm could not be changed. Please try again."));
+}
+
 TEST_F(AlarmTap, LeavesNoToastBehindWhenTheWidgetIsDismissed) {
     click(button("Alarm for Maghrib"));
     click(button("Alarm for Isha"));
