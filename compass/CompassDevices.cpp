@@ -8,7 +8,7 @@
 namespace quode {
 
 CompassDevices systemCompassDevices(const std::string& reason) {
-    return {sensorProxyHeading(), screenSaverKeeper("Quode", reason), {}};
+    return {sensorProxyHeading(), screenSaverKeeper("Quode", reason), {}, hasCompassSensor()};
 }
 
 }  // namespace quode

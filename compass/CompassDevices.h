@@ -17,6 +17,7 @@ struct CompassDevices {
     std::unique_ptr<HeadingSource> headingSource;
     std::unique_ptr<ScreenKeeper> screenKeeper;
     std::function<DeviceOrientation()> orientation;  ///< when empty, that of the screen on which the compass is shown
+    bool hasSensor = true;  ///< without one the compass is a picture in a window instead of covering the screen
 };
 
 /// The sensor service and the screen-saver service of this system.

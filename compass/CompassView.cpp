@@ -34,6 +34,8 @@ constexpr double popOverSeconds = 0.20000000298023224;
 constexpr double popUnderSeconds = 0.06666667014360428;
 constexpr double popEndSeconds = 0.13333334028720856;
 
+constexpr QSizeF roomAroundDial{68.0, 280.0};  // in a window: for the texts above and below
+
 constexpr int narrowScreen = 400;   // points
 constexpr int groundOpacity = 245;  // of 255
 
@@ -231,7 +233,10 @@ void CompassView::updateDisplay() {
 void CompassView::show() {
     if (isDestroyed_ || window_) return;
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    window_ = std::make_unique<CompassViewOverlayWindow>(*devices_.screenKeeper);
+    const auto place = devices_.hasSensor ? CompassPlace::overEverything : CompassPlace::inWindow;
+    window_ = std::make_unique<CompassViewOverlayWindow>(*devices_.screenKeeper, place);
+    window_->setWindowLook((QSizeF(dial_->side(), dial_->side()) + roomAroundDial).toSize(),
+                           toQt(glbFuncs_.fifthColor()));
     window_->setWindowTitle(windowTitle());
     connect(window_.get(), &CompassViewOverlayWindow::alphaChanged, this, &CompassView::setAlpha);
     connect(window_.get(), &CompassViewOverlayWindow::closeAsked, this, &CompassView::destroy);

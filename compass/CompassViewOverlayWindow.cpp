@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QResizeEvent>
 #include <QScreen>
+#include <QWindow>
 
 namespace quode {
 namespace {
@@ -14,11 +16,15 @@ namespace {
 // How long a screen takes to turn, in seconds.
 constexpr double turnDuration = 0.3;
 
+Qt::WindowFlags flagsOf(CompassPlace place) {
+    return place == CompassPlace::inWindow ? Qt::Dialog : Qt::Window | Qt::FramelessWindowHint;
+}
+
 }  // namespace
 
-CompassViewOverlayWindow::CompassViewOverlayWindow(ScreenKeeper& screenKeeper)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), screenKeeper_(screenKeeper) {
-    setAttribute(Qt::WA_TranslucentBackground);
+CompassViewOverlayWindow::CompassViewOverlayWindow(ScreenKeeper& screenKeeper, CompassPlace place)
+    : QWidget(nullptr, flagsOf(place)), screenKeeper_(screenKeeper), place_(place) {
+    setAttribute(Qt::WA_TranslucentBackground, place == CompassPlace::overEverything);
     setAttribute(Qt::WA_QuitOnClose, false);
     root_ = new CompassViewController(this);
 }
@@ -30,10 +36,34 @@ CompassViewOverlayWindow::~CompassViewOverlayWindow() {
 void CompassViewOverlayWindow::makeKeyAndVisible() {
     screenKeeper_.keepAwake();
     setOldKeyWindow(QApplication::activeWindow());
-    setWindowFlag(Qt::WindowStaysOnTopHint);
-    cover(oldKeyWindow_ != nullptr ? oldKeyWindow_->screen() : QGuiApplication::primaryScreen());
-    showFullScreen();
+    QScreen* const screen = oldKeyWindow_ != nullptr ? oldKeyWindow_->screen() : QGuiApplication::primaryScreen();
+    if (place_ == CompassPlace::inWindow) {
+        standOn(screen);
+        show();
+    } else {
+        setWindowFlag(Qt::WindowStaysOnTopHint);
+        cover(screen);
+        showFullScreen();
+    }
+    raise();
     activateWindow();
+}
+
+void CompassViewOverlayWindow::setWindowLook(QSize size, const QColor& ground) {
+    windowSize_ = size;
+    ground_ = ground;
+}
+
+// As a window of the old key window, so that it lies above that one and the desktop does not tile it.
+void CompassViewOverlayWindow::standOn(QScreen* screen) {
+    if (screen == nullptr) return;
+    setScreen(screen);
+    const QRect available = screen->availableGeometry();
+    QRect frame({}, windowSize_.boundedTo(available.size()));
+    frame.moveCenter(available.center());
+    setGeometry(frame);
+    create();
+    if (oldKeyWindow_ != nullptr) windowHandle()->setTransientParent(oldKeyWindow_->windowHandle());
 }
 
 void CompassViewOverlayWindow::cover(QScreen* screen) {
@@ -63,6 +93,10 @@ void CompassViewOverlayWindow::setAlpha(double alpha) {
 void CompassViewOverlayWindow::closeEvent(QCloseEvent* event) {
     event->ignore();  // its owner takes it down
     Q_EMIT closeAsked();
+}
+
+void CompassViewOverlayWindow::paintEvent(QPaintEvent*) {
+    if (place_ == CompassPlace::inWindow) QPainter(this).fillRect(rect(), ground_);
 }
 
 void CompassViewOverlayWindow::resizeEvent(QResizeEvent* event) {

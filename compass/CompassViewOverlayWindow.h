@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QMetaObject>
 #include <QPointer>
 #include <QWidget>
@@ -14,19 +15,30 @@ class QScreen;
 
 namespace quode {
 
-/// The frameless window above all others that covers one screen with the compass.
+/// How the compass stands on the screen.
+enum class CompassPlace {
+    overEverything,  ///< it covers the whole screen, without a frame and above all other windows
+    inWindow,        ///< a picture in an ordinary window: nothing turns it that is worth a whole screen
+};
+
+/// The window of the compass.
 class CompassViewOverlayWindow : public QWidget {
     Q_OBJECT
 
   public:
     /// @param screenKeeper  kept by the caller for as long as the window lives
-    explicit CompassViewOverlayWindow(ScreenKeeper& screenKeeper);
+    explicit CompassViewOverlayWindow(ScreenKeeper& screenKeeper, CompassPlace place = CompassPlace::overEverything);
     ~CompassViewOverlayWindow() override;
 
     CompassViewController& rootViewController() { return *root_; }
 
+    CompassPlace place() const { return place_; }
+
+    /// The size of an ordinary window, in points, and what is behind the compass there.
+    void setWindowLook(QSize size, const QColor& ground);
+
     /// Keeps the screen awake, notes the active window as the old key window, and shows this one above all others on
-    /// that window's screen, with the keyboard's focus.
+    /// that window's screen, or in its middle, with the keyboard's focus.
     void makeKeyAndVisible();
 
     /// Hides the window and makes the old key window the active one again.
@@ -48,13 +60,18 @@ class CompassViewOverlayWindow : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
     void cover(QScreen* screen);
+    void standOn(QScreen* screen);
     void onScreenTurned();
 
     ScreenKeeper& screenKeeper_;
+    CompassPlace place_;
+    QSize windowSize_;
+    QColor ground_;
     CompassViewController* root_;
     QPointer<QWidget> oldKeyWindow_;
     double alpha_ = 1.0;

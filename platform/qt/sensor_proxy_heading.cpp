@@ -180,6 +180,16 @@ std::unique_ptr<HeadingSource> sensorProxyHeading(const QDBusConnection& bus, st
     return std::make_unique<SensorProxyHeading>(bus, static_cast<int>(answerTimeout.count()));
 }
 
+bool hasCompassSensor(const QDBusConnection& bus, std::chrono::milliseconds patience) {
+    if (!bus.isConnected()) return false;
+    QDBusMessage get = QDBusMessage::createMethodCall(service, compassPath, propertiesInterface, QStringLiteral("Get"));
+    get.setArguments({compassInterface, hasCompass});
+    get.setAutoStartService(false);
+    const QDBusMessage reply = bus.call(get, QDBus::Block, static_cast<int>(patience.count()));
+    return reply.type() == QDBusMessage::ReplyMessage &&
+           reply.arguments().value(0).value<QDBusVariant>().variant().toBool();
+}
+
 }  // namespace quode
 
 #include "sensor_proxy_heading.moc"

@@ -18,4 +18,9 @@ namespace quode {
 std::unique_ptr<HeadingSource> sensorProxyHeading(const QDBusConnection& bus = QDBusConnection::systemBus(),
                                                   std::chrono::milliseconds answerTimeout = std::chrono::seconds(5));
 
+/// Whether that service runs and says that it has a compass for this user. It is started by the system where there is
+/// a sensor, so nothing is started here.
+bool hasCompassSensor(const QDBusConnection& bus = QDBusConnection::systemBus(),
+                      std::chrono::milliseconds patience = std::chrono::milliseconds(200));
+
 }  // namespace quode

@@ -156,6 +156,17 @@ TEST_F(CompassBus, SaysThatTheDeviceHasNoCompassAndTakesOneThatIsPluggedIn) {
     EXPECT_TRUE(comesToSay(*view, "No compass sensor was found."));
 }
 
+TEST_F(CompassBus, KnowsBeforehandWhetherThereIsASensorForThisUser) {
+    EXPECT_FALSE(hasCompassSensor());
+    Service sensor("sensor_service.py");
+    sensor.order("compass no");
+    EXPECT_FALSE(hasCompassSensor());
+    sensor.order("compass yes");
+    EXPECT_TRUE(hasCompassSensor());
+    sensor.order("leave");
+    EXPECT_FALSE(hasCompassSensor());
+}
+
 TEST_F(CompassBus, SaysThatTheSensorIsNotOpenToIt) {
     Service sensor("sensor_service.py");
     sensor.order("deny yes");

@@ -89,9 +89,12 @@ void CompassFixture::useLanguage(int languageId) {
 }
 
 std::unique_ptr<CompassView> CompassFixture::compass(double qiblaAngle, double declination) {
-    return compass({std::make_unique<SaidHeading>(heading), std::make_unique<LoggedKeeper>(screen),
-                    [this] { return orientation; }},
-                   qiblaAngle, declination);
+    return compass(fakeDevices(), qiblaAngle, declination);
+}
+
+CompassDevices CompassFixture::fakeDevices() {
+    return {std::make_unique<SaidHeading>(heading), std::make_unique<LoggedKeeper>(screen),
+            [this] { return orientation; }};
 }
 
 std::unique_ptr<CompassView> CompassFixture::compass(CompassDevices devices, double qiblaAngle, double declination) {

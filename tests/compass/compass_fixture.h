@@ -48,6 +48,9 @@ class CompassFixture : public testing::Test {
     std::unique_ptr<CompassView> compass(CompassDevices devices, double qiblaAngle = istanbul,
                                          double declination = 5.25);
 
+    /// Devices that say and note what the fields below hold.
+    CompassDevices fakeDevices();
+
     /// Every text on the screen below a widget, a line each.
     static QString textsOf(const QWidget& widget);
 

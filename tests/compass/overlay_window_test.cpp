@@ -50,6 +50,26 @@ TEST_F(Overlay, CoversTheScreenAboveAllOthersWithoutAFrame) {
     EXPECT_EQ(window->windowTitle(), "Qibla compass");
 }
 
+TEST_F(Overlay, IsAPictureInAWindowWhereThereIsNoSensor) {
+    CompassDevices devices = fakeDevices();
+    devices.hasSensor = false;
+    const auto view = compass(std::move(devices));
+    view->show();
+    auto* window = view->overlayWindow();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(window->isFullScreen());
+    EXPECT_FALSE(window->windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_FALSE(window->testAttribute(Qt::WA_TranslucentBackground));
+    EXPECT_EQ(window->size(), QSize(360, 572));
+    EXPECT_TRUE(window->screen()->availableGeometry().contains(window->geometry()));
+    EXPECT_EQ(view->geometry(), window->rect());
+    EXPECT_EQ(view->dialView()->center(), QPointF(180.0, 286.0));
+    EXPECT_EQ(window->grab().toImage().pixelColor(2, 2), QColor(51, 55, 69));
+    view->destroy();
+    expectGone(*view);
+}
+
 TEST_F(Overlay, FadesInAndPopsUp) {
     const auto view = shown();
     EXPECT_EQ(view->overlayWindow()->alpha(), 0.0);
