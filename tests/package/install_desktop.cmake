@@ -1,0 +1,26 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
+cmake_minimum_required(VERSION 3.25)
+# Installs the desktop's files by prefixes other than the configured one, into a folder of the test's own.
+file(REMOVE_RECURSE ${WORK})
+function(install_to prefix)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env DESTDIR=${WORK} ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix}
+    --component desktop COMMAND_ERROR_IS_FATAL ANY OUTPUT_QUIET)
+endfunction()
+function(expect_line file line)
+  file(STRINGS ${WORK}${file} lines)
+  if(NOT line IN_LIST lines)
+    message(FATAL_ERROR "${file} has no line \"${line}\": ${lines}")
+  endif()
+endfunction()
+
+install_to(/usr)
+expect_line(/etc/xdg/autostart/quode-alarmd.desktop "Exec=/usr/bin/quode-alarmd")
+expect_line(/usr/lib/systemd/user/quode-alarmd.service "ExecStart=/usr/bin/quode-alarmd")
+install_to(/opt/quode)
+expect_line(/opt/quode/etc/xdg/autostart/quode-alarmd.desktop "Exec=/opt/quode/bin/quode-alarmd")
+expect_line(/opt/quode/lib/systemd/user/quode-alarmd.service "ExecStart=/opt/quode/bin/quode-alarmd")
+if(EXISTS ${WORK}/usr/share/applications/quode-panel.desktop)
+  expect_line(/usr/share/applications/quode-panel.desktop "Exec=/usr/bin/quode-panel")
+  expect_line(/opt/quode/share/applications/quode-panel.desktop "Exec=/opt/quode/bin/quode-panel")
+endif()
