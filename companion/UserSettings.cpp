@@ -12,6 +12,8 @@ constexpr const char* soundName = "alarm.sound";
 constexpr const char* layoutName = "calendar.layout";
 constexpr const char* ringerName = "alarm.ringer";
 constexpr const char* panelName = "panel.layout";
+constexpr const char* colorsName = "panel.colors";
+constexpr int colorSchemes = 6;
 
 const char* valueOf(PanelLayout layout) {
     switch (layout) {
@@ -35,6 +37,9 @@ UserSettings loadSettings(const UserDatabase& database) {
     for (const PanelLayout layout : {PanelLayout::phone, PanelLayout::tablet}) {
         if (database.setting(panelName) == valueOf(layout)) settings.panelLayout = layout;
     }
+    for (int scheme = 0; scheme < colorSchemes; ++scheme) {
+        if (database.setting(colorsName) == std::to_string(scheme)) settings.colorScheme = scheme;
+    }
     return settings;
 }
 
@@ -44,6 +49,7 @@ void saveSettings(UserDatabase& database, const UserSettings& settings) {
         database.setSetting(layoutName, settings.calendarLayout == CalendarLayout::vdir ? "vdir" : "ics");
         database.setSetting(ringerName, settings.ringer == Ringer::evolution ? "evolution" : "quode");
         database.setSetting(panelName, valueOf(settings.panelLayout));
+        database.setSetting(colorsName, std::to_string(settings.colorScheme));
     });
 }
 

@@ -33,6 +33,7 @@ struct UserSettings {
     CalendarLayout calendarLayout = CalendarLayout::ics;
     Ringer ringer = Ringer::quode;
     PanelLayout panelLayout = PanelLayout::automatic;
+    int colorScheme = 1;  ///< of the widget, 0..5
 
     friend bool operator==(const UserSettings&, const UserSettings&) = default;
 };

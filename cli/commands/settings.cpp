@@ -13,6 +13,7 @@
 #include "app/text_layout.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
+#include "common/color_schemes.h"
 #include "common/numbers.h"
 #include "companion/user_connection.h"
 
@@ -98,7 +99,19 @@ void changePanel(Session& session, const std::string& value) {
     saveSettings(database, settings);
 }
 
-const std::array<Setting, 4> settings{{
+void changeColors(Session& session, const std::string& value) {
+    const std::optional<int> scheme = numberOf<int>(value);
+    if (!scheme || *scheme < 1 || *scheme > colorSchemeCount) {
+        throw Failure(ExitCode::usage,
+                      fmt::format("colors is a number from 1 to {}, not \"{}\".", colorSchemeCount, value));
+    }
+    UserDatabase database = userDatabaseToChange(session);
+    UserSettings settings = loadSettings(database);
+    settings.colorScheme = *scheme - 1;
+    saveSettings(database, settings);
+}
+
+const std::array<Setting, 5> settings{{
     {"sound", "of alarms that have none of their own", [](const UserSettings& all) { return all.defaultSound; },
      soundsToChoose, changeSound},
     {"calendar", "how the events of the alarms are kept", layoutName,
@@ -112,6 +125,9 @@ const std::array<Setting, 4> settings{{
     {"panel", "the layout of the panel", panelName,
      [](Session&) { return std::string("auto (by the screen), phone and tablet, from the next start of the panel"); },
      changePanel},
+    {"colors", "the colour scheme of the panel",
+     [](const UserSettings& all) { return std::to_string(all.colorScheme + 1); },
+     [](Session&) { return std::string("1 to 6; an open panel takes them at once"); }, changeColors},
 }};
 
 // --- showing them

@@ -33,10 +33,12 @@ TEST(Settings, AreShownWithTheirMeaning) {
               "sound     chime  of alarms that have none of their own\n"
               "calendar  ics    how the events of the alarms are kept\n"
               "ringer    quode  the program that rings\n"
-              "panel     auto   the layout of the panel\n");
+              "panel     auto   the layout of the panel\n"
+              "colors    2      the colour scheme of the panel\n");
     const auto settings = program.run({"settings", "--json"}).json()["settings"];
     EXPECT_EQ(settings,
-              (nlohmann::json{{"sound", "chime"}, {"calendar", "ics"}, {"ringer", "quode"}, {"panel", "auto"}}));
+              (nlohmann::json{
+                  {"sound", "chime"}, {"calendar", "ics"}, {"ringer", "quode"}, {"panel", "auto"}, {"colors", "2"}}));
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite")) << "looking makes nothing";
 }
 
@@ -56,15 +58,18 @@ TEST(Settings, AreKept) {
     EXPECT_EQ(program.run({"settings", "panel", "tablet"}).code, 0);
     EXPECT_EQ(program.run({"settings", "panel"}).lines().at(0), "tablet");
     EXPECT_EQ(program.run({"settings", "panel", "auto", "--json"}).json()["settings"]["panel"], "auto");
+    EXPECT_EQ(program.run({"settings", "colors", "6"}).code, 0);
+    EXPECT_EQ(program.run({"settings", "colors"}).lines().at(0), "6");
     EXPECT_EQ(program.run({"alarm", "list", "--json"}).json()["alarms"][0]["sound"], "gong");
 }
 
 TEST(Settings, AreRefusedWhenUnknown) {
     expectRefusal({"settings", "colour"}, 2,
-                  "There is no setting \"colour\". There are sound, calendar, ringer, panel.");
+                  "There is no setting \"colour\". There are sound, calendar, ringer, panel, colors.");
     expectRefusal({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
     expectRefusal({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
     expectRefusal({"settings", "panel", "huge"}, 2, "panel is auto, phone or tablet, not \"huge\".");
+    expectRefusal({"settings", "colors", "7"}, 2, "colors is a number from 1 to 6, not \"7\".");
     expectRefusal({"settings", "sound", "nosuch"}, 1, "There is no sound \"nosuch\"");
     expectRefusal({"settings", "ringer", "evolution"}, 2, "quode calendar connect evolution --ring");
 }
