@@ -114,6 +114,10 @@ class GlobalFuncs {
     /// Generation of the operating system: 1, 2, 3 for versions 6, 7, 8; 0 for those below and for 9 and above.
     std::int32_t getIOSVersion() const { return iosVersion_; }
 
+    /// Measures the device's screen again; by itself the object keeps to what it found at its creation. For a host that
+    /// gives the widget another width between two presentations.
+    void measureScreen();
+
     std::int32_t getScreenWidth() const;
     std::int32_t getScreenHeight() const;
 
@@ -258,7 +262,6 @@ class GlobalFuncs {
 
     void generateMobilePath() noexcept;
     void detectDeviceType();
-    void measureScreen();
     void detectSystemVersion();
     void reCalculateButtonWidthHeight();
     bool hasDoubleImages() const;

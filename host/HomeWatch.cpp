@@ -5,23 +5,46 @@
 #include <utility>
 
 namespace quode::host {
+namespace {
+
+constexpr int secondLook = 400;  // ms
+
+}  // namespace
 
 HomeWatch::HomeWatch(std::unique_ptr<MomentWatch> days, std::unique_ptr<MomentWatch> choices,
-                     std::function<std::optional<int>()> home)
-    : days_(std::move(days)), choices_(std::move(choices)), homeNow_(std::move(home)) {
+                     std::function<std::string()> shown, std::chrono::milliseconds settle)
+    : days_(std::move(days)), choices_(std::move(choices)), shownNow_(std::move(shown)) {
+    settling_.setSingleShot(true);
+    settling_.setInterval(settle);
     connect(days_.get(), &MomentWatch::stirred, this, &MomentWatch::stirred);
-    connect(choices_.get(), &MomentWatch::stirred, this, &HomeWatch::compareHome);
+    connect(choices_.get(), &MomentWatch::stirred, this, &HomeWatch::onChoicesWritten);
+    connect(&settling_, &QTimer::timeout, this, &HomeWatch::compare);
 }
 
 void HomeWatch::watchFor(std::optional<Clock::TimePoint> moment) {
-    if (moment) home_ = homeNow_();
+    if (moment) shown_ = shownNow_();
+    if (!moment) settling_.stop();
     days_->watchFor(moment);
     choices_->watchFor(moment);
 }
 
-void HomeWatch::compareHome() {
-    const std::optional<int> home = homeNow_();
-    if (std::exchange(home_, home) != home) Q_EMIT stirred();
+void HomeWatch::lookAgain() {
+    QTimer::singleShot(secondLook, &settling_, [this] { settling_.start(); });
+}
+
+// Not later with each further write: somebody may write all the time.
+void HomeWatch::onChoicesWritten() {
+    if (settling_.interval() == 0) return compare();
+    if (!settling_.isActive()) settling_.start();
+}
+
+void HomeWatch::compare() {
+    std::string now = shownNow_();
+    if (std::exchange(shown_, std::move(now)) != shown_) {
+        Q_EMIT stirred();
+    } else {
+        Q_EMIT otherChoicesWritten();
+    }
 }
 
 }  // namespace quode::host

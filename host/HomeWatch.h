@@ -2,32 +2,47 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QTimer>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "host/MomentWatch.h"
 
 namespace quode::host {
 
-/// Watches as another watch does, and also tells when the user's home city has become another one, such as by a
-/// command in a terminal.
+/// Watches as another watch does, and also tells when the user has chosen otherwise, such as by a command in a
+/// terminal.
 class HomeWatch : public MomentWatch {
+    Q_OBJECT
+
   public:
     /// @param days     what it watches for besides
     /// @param choices  tells that the user's choices were written; most of that has nothing to do with the home city
-    /// @param home     the number of the home city; nothing when there is none
+    /// @param shown    what the widget is built from, such as the number of the home city, in a text of any form
+    /// @param settle   how long after a file was written it is read: who writes needs a moment to finish
     HomeWatch(std::unique_ptr<MomentWatch> days, std::unique_ptr<MomentWatch> choices,
-              std::function<std::optional<int>()> home);
+              std::function<std::string()> shown, std::chrono::milliseconds settle = {});
 
     void watchFor(std::optional<Clock::TimePoint> moment) override;
 
+    /// Looks once more after a while, for what could not be read.
+    void lookAgain();
+
+  Q_SIGNALS:
+    /// Something was chosen that the widget need not be built anew for, such as an alarm.
+    void otherChoicesWritten();
+
   private:
-    void compareHome();
+    void onChoicesWritten();
+    void compare();
 
     std::unique_ptr<MomentWatch> days_, choices_;
-    std::function<std::optional<int>()> homeNow_;
-    std::optional<int> home_;  // when the watching began
+    std::function<std::string()> shownNow_;
+    std::string shown_;  // when the watching began
+    QTimer settling_;
 };
 
 }  // namespace quode::host

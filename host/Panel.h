@@ -4,14 +4,25 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 #include <functional>
+#include <map>
 
 #include "host/MomentWatch.h"
 #include "host/PanelWindow.h"
+#include "host/panel_facts.h"
 #include "platform/Clock.h"
 #include "widget/WidgetViewController.h"
 
 namespace quode::host {
+
+/// The rows of the widget that the user opens and closes.
+struct OpenRows {
+    bool details = false;     ///< of the city
+    bool otherTimes = false;  ///< the further prayer times
+
+    friend bool operator==(const OpenRows&, const OpenRows&) = default;
+};
 
 /// Presents the widget in its window and dismisses it. While it is presented, a change of day, of the clock or of its
 /// zone, and the end of a sleep of the device present it anew, so that nobody sees the times of another day. While it
@@ -28,6 +39,23 @@ class Panel : public QObject, private WidgetHost {
 
     bool isPresented() const { return isPresented_; }
 
+    /// What is told around the widget, found at each presentation and each full minute while it is presented.
+    void setFacts(std::function<PanelFacts()> facts) { facts_ = std::move(facts); }
+
+    /// Which rows of the widget are open. They are opened again at each presentation, by the widget's own buttons.
+    OpenRows openRows() const;
+    void setOpenRows(OpenRows rows) { openRows_ = rows; }
+
+    /// Shows which alarms are on, where that was changed elsewhere.
+    /// @param alarmsOn  by the codes of the prayers
+    void showAlarms(const std::map<int, bool>& alarmsOn);
+
+    /// Finds again what is told around the widget.
+    void refreshFacts();
+
+    /// Presents a presented widget anew.
+    void presentAnew();
+
     /// Presents the widget; one that is presented comes to the front.
     void present(QPoint pointer);
     void dismiss();
@@ -43,14 +71,19 @@ class Panel : public QObject, private WidgetHost {
     void invalidatePreferredViewSize() override;
     void showWidget();
     void hideWidget();
-    void presentAnew();
     void dismissByUser();
+    void openRememberedRows();
+    void dressWidget();
+    void waitForNextMinute();
 
     WidgetViewController& widget_;
     PanelWindow& window_;
     const Clock& clock_;
     MomentWatch& watch_;
     std::function<void()> prepare_;
+    std::function<PanelFacts()> facts_;
+    OpenRows openRows_;
+    QTimer minute_;
     bool isPresented_ = false;
     bool isAttached_ = false;
     QElapsedTimer sinceDismissal_;

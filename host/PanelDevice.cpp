@@ -2,15 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "host/PanelDevice.h"
 
+#include <QFont>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QInputDevice>
 #include <QScreen>
 #include <algorithm>
+#include <cmath>
+
+#include "common/Settings.h"
 
 namespace quode::host {
 namespace {
 
-constexpr int panelWidth = 340;
+constexpr int panelWidth = 340, widestPanel = 440;
+constexpr int besideCityName = 155;  // the margin before the name, and the buttons
 constexpr int smallestTablet = 600;
 
 bool isWorkedByTouchAlone() {
@@ -25,8 +31,27 @@ bool isWorkedByTouchAlone() {
 }  // namespace
 
 PanelDevice::PanelDevice(Idiom idiom, QSize screen, double scale)
-    : idiom_(idiom), bounds_{0.0, 0.0, double(screen.width()), double(screen.height())}, scale_(scale) {
-    if (idiom == Idiom::phone) bounds_.width = std::min(panelWidth, screen.width());
+    : idiom_(idiom),
+      screen_(screen),
+      bounds_{0.0, 0.0, double(screen.width()), double(screen.height())},
+      scale_(scale) {
+    setWantedWidth(panelWidth);
+}
+
+bool PanelDevice::setWantedWidth(int width) {
+    if (idiom_ != Idiom::phone) return false;
+    const double before = bounds_.width;
+    bounds_.width = std::min(std::clamp(width, panelWidth, widestPanel), screen_.width());
+    return bounds_.width != before;
+}
+
+// The name stands to the left of the two buttons, which take the rest of the row.
+int widthForCityName(const std::string& name) {
+    const Settings settings;
+    QFont font;
+    font.setFamilies({QString::fromStdString(settings.fontName), "DejaVu Sans"});
+    font.setPixelSize(settings.fontSize);
+    return int(std::ceil(QFontMetricsF(font).horizontalAdvance(QString::fromStdString(name)))) + besideCityName;
 }
 
 Idiom idiomOf(PanelLayout layout, QSize screen, bool onlyTouch) {
@@ -35,7 +60,7 @@ Idiom idiomOf(PanelLayout layout, QSize screen, bool onlyTouch) {
     return onlyTouch && isLarge ? Idiom::tablet : Idiom::phone;
 }
 
-std::shared_ptr<Device> panelDevice(PanelLayout layout) {
+std::shared_ptr<PanelDevice> panelDevice(PanelLayout layout) {
     const QScreen& screen = *QGuiApplication::primaryScreen();
     const Idiom idiom = idiomOf(layout, screen.size(), isWorkedByTouchAlone());
     return std::make_shared<PanelDevice>(idiom, screen.size(), screen.devicePixelRatio());

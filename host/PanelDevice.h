@@ -23,11 +23,19 @@ class PanelDevice : public Device {
     Rect screenBounds() const override { return bounds_; }
     double screenScale() const override { return scale_; }
 
+    /// Makes the panel of a phone as wide as its contents need, within limits. Returned: whether that is another width
+    /// than before.
+    bool setWantedWidth(int width);
+
   private:
     Idiom idiom_;
+    QSize screen_;
     Rect bounds_;
     double scale_;
 };
+
+/// The width in which the name of a city fits beside the buttons of its row.
+int widthForCityName(const std::string& name);
 
 /// What a device is: as the user chose, else a tablet when it is worked by touch alone and its screen is at least 600
 /// points wide and high.
@@ -35,6 +43,6 @@ Idiom idiomOf(PanelLayout layout, QSize screen, bool onlyTouch);
 
 /// The device on whose primary screen this application is shown.
 /// @param layout  the user's own choice
-std::shared_ptr<Device> panelDevice(PanelLayout layout);
+std::shared_ptr<PanelDevice> panelDevice(PanelLayout layout);
 
 }  // namespace quode::host

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPropertyAnimation>
@@ -14,27 +15,31 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include "host/PanelFooter.h"
+#include "host/PanelHeader.h"
+#include "host/RowMarks.h"
 #include "host/icon.h"
+#include "host/panel_facts.h"
 #include "host/placement.h"
+#include "host/theme.h"
+#include "host/widgets.h"
+#include "views/MessageView.h"
+#include "views/contrast.h"
 
 namespace quode::host {
 namespace {
 
 constexpr double cornerRadius = 14.0;
 constexpr int padding = 8;         // above and below the widget
-constexpr int noticeMargin = 14;   // beside the text of a message
+constexpr int noticeMargin = 16;   // beside the text of a message
+constexpr int noticeSize = 13;     // pixels of the font
+constexpr int slimBar = 6;         // width of the scroll bar
 constexpr int fadeDuration = 150;  // ms
 constexpr int secondRequest = 60;  // ms after the first request for the focus
-constexpr QColor opaqueColor(28, 28, 30), translucentColor(28, 28, 30, 230), edgeColor(255, 255, 255, 34),
-    textColor(236, 236, 236), noticeColor(255, 211, 78);
-
-QPalette darkPalette() {
-    QPalette palette(textColor, opaqueColor);
-    palette.setColor(QPalette::Button, QColor(70, 72, 78));  // of the scroll bar
-    return palette;
-}
+constexpr double enoughContrast = 4.5;
 
 QPainterPath outlineOf(const QRectF& area) {
     QPainterPath path;
@@ -47,13 +52,37 @@ Qt::WindowFlags flagsOf(PanelStyle style) {
     return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 }
 
+class CardArea : public QScrollArea {
+  public:
+    explicit CardArea(QWidget* parent) : QScrollArea(parent) { setViewportMargins(0, padding, 0, padding); }
+};
+
 QScrollArea* newScrollArea(QWidget* parent) {
-    auto* const scroll = new QScrollArea(parent);
+    auto* const scroll = new CardArea(parent);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->viewport()->setAutoFillBackground(false);
+    scroll->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    QPalette card = scroll->palette();
+    card.setColor(QPalette::Window, cardColor);
+    scroll->setPalette(card);
+    scroll->setAutoFillBackground(true);
+    scroll->viewport()->setAutoFillBackground(true);
+    scroll->verticalScrollBar()->setStyleSheet(
+        QString("QScrollBar { background: transparent; width: %1px; margin: 0 }"
+                "QScrollBar::handle { background: #76787e; border-radius: %2px; min-height: 24px }"
+                "QScrollBar::add-line, QScrollBar::sub-line { height: 0 }")
+            .arg(slimBar)
+            .arg(slimBar / 2));
     return scroll;
+}
+
+// The letters of a toast are those of the colour scheme. One scheme's are too dark for the grey of the box.
+void makeReadable(const MessageView& toast) {
+    const Color card{cardColor.redF(), cardColor.greenF(), cardColor.blueF(), 1.0};
+    const Color box = over(MessageView::boxColor, card);
+    if (contrastRatio(toast.textLabel()->textColor(), box) >= enoughContrast) return;
+    toast.textLabel()->setTextColor({1.0, 1.0, 1.0, 1.0});
 }
 
 }  // namespace
@@ -61,43 +90,83 @@ QScrollArea* newScrollArea(QWidget* parent) {
 PanelWindow::PanelWindow(PanelStyle style, bool translucent)
     : QWidget(nullptr, flagsOf(style)),
       style_(style),
-      translucent_(translucent && style == PanelStyle::popover),
-      notice_(new QLabel(this)),
-      scroll_(newScrollArea(this)) {
+      canBeTranslucent_(translucent),
+      theme_(&themeOf(isDarkPalette(palette()))),
+      header_(new PanelHeader(this)),
+      notice_(newTextLabel(this, noticeSize, false)),
+      scroll_(newScrollArea(this)),
+      footer_(new PanelFooter(this)) {
     setWindowTitle("Quode");
     setAccessibleName("Quode");
     setWindowIcon(quodeIcon());
-    setAttribute(Qt::WA_TranslucentBackground, translucent_);
+    setAttribute(Qt::WA_TranslucentBackground, canBeTranslucent_);
     setAttribute(Qt::WA_QuitOnClose, false);
-    setPalette(darkPalette());
     setFocusPolicy(Qt::StrongFocus);  // keys reach the panel before anything in it was chosen
 
-    notice_->setWordWrap(true);
+    notice_->setObjectName("notice");
     notice_->setContentsMargins(noticeMargin, padding, noticeMargin, padding);
-    QPalette palette = notice_->palette();
-    palette.setColor(QPalette::WindowText, noticeColor);
-    notice_->setPalette(palette);
     notice_->hide();
 
     auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, padding, 0, padding);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    layout->addWidget(header_);
     layout->addWidget(notice_);
-    layout->addWidget(scroll_);
+    layout->addWidget(scroll_, 1);
+    layout->addWidget(footer_);
+    setTheme(*theme_);
 }
 
 PanelWindow::~PanelWindow() {
     releaseContent();
 }
 
+void PanelWindow::setPanelStyle(PanelStyle style) {
+    if (isVisible() || style == style_) return;
+    style_ = style;
+    setWindowFlags(flagsOf(style));
+}
+
+void PanelWindow::setTheme(const Theme& theme) {
+    theme_ = &theme;
+    setPalette(paletteOf(theme));
+    setTextColor(*notice_, theme.notice);
+    header_->setTheme(theme);
+    footer_->setTheme(theme);
+    update();
+}
+
+void PanelWindow::setFacts(const PanelFacts& facts) {
+    header_->setFacts(facts);
+    footer_->setFacts(facts);
+    if (marks_) marks_->setRows(facts.currentCode, facts.nextCode);
+    if (isVisible()) place();
+}
+
+void PanelWindow::setMenu(QMenu* menu, const QString& name) {
+    menu_ = menu;
+    footer_->setMenu(menu, name);
+}
+
+void PanelWindow::openMenu() {
+    if (menu_ != nullptr) footer_->menuButton()->showMenu();
+}
+
 void PanelWindow::setContent(QWidget* content) {
     releaseContent();
     scroll_->setWidget(content);
-    if (content != nullptr) content->setAutoFillBackground(false);  // the scroll area asks for a background
+    if (content == nullptr) return;
+    content->setAutoFillBackground(false);  // the scroll area asks for a background
+    content->installEventFilter(this);
+    marks_ = new RowMarks(content);
 }
 
 void PanelWindow::releaseContent() {
-    if (QWidget* const content = scroll_->takeWidget()) content->hide();
+    QWidget* const content = scroll_->takeWidget();
+    if (content == nullptr) return;
+    content->removeEventFilter(this);
+    content->hide();
+    delete marks_;
 }
 
 void PanelWindow::setContentSize(QSize size) {
@@ -108,26 +177,50 @@ void PanelWindow::setContentSize(QSize size) {
 void PanelWindow::setNotice(const QString& text) {
     notice_->setText(text);
     notice_->setVisible(!text.isEmpty());
+    if (isVisible()) place();
+}
+
+int PanelWindow::heightAround(int width) const {
+    int height = 2 * padding;
+    for (const QWidget* part : {static_cast<const QWidget*>(header_), static_cast<const QWidget*>(notice_),
+                                static_cast<const QWidget*>(footer_)}) {
+        if (part->isHidden()) continue;
+        height += part->hasHeightForWidth() ? part->heightForWidth(width) : part->sizeHint().height();
+    }
+    return height;
 }
 
 QSize PanelWindow::wantedSize() const {
-    const int noticeHeight = notice_->isHidden() ? 0 : notice_->heightForWidth(contentSize_.width());
-    return contentSize_ + QSize(0, 2 * padding + noticeHeight);
+    return contentSize_ + QSize(0, heightAround(contentSize_.width()));
 }
 
 void PanelWindow::place() {
+    if (isVisible() && isSizedElsewhere_) return;
     const QRect available = screen()->availableGeometry();
+    if (style_ == PanelStyle::window) return placeWindow(available);
+    const auto frameOf = [&](QSize wanted) {
+        return isVisible() ? grownFrame(geometry(), wanted, available) : popoverFrame(wanted, pointer_, available);
+    };
+    const QSize wanted = wantedSize();
+    const QRect frame = frameOf(wanted);
+    resizeTo(frame.height() < wanted.height() ? frameOf(wanted + QSize(slimBar, 0)) : frame);
+}
+
+void PanelWindow::placeWindow(const QRect& available) {
+    const QSize largest = largestWindow(available);
     QSize wanted = wantedSize();
-    const int limit = style_ == PanelStyle::window ? largestWindow(available).height()
-                                                   : popoverFrame(wanted, pointer_, available).height();
-    if (wanted.height() > limit) wanted += QSize(scroll_->verticalScrollBar()->sizeHint().width(), 0);
+    if (wanted.height() > largest.height()) wanted += QSize(slimBar, 0);
+    resizeTo(QRect(pos(), wanted.boundedTo(largest)));
+}
+
+void PanelWindow::resizeTo(const QRect& frame) {
+    askedSize_ = frame.size();
     if (style_ == PanelStyle::window) {
-        setFixedWidth(wanted.width());
-        setMaximumHeight(wantedSize().height());
-        resize(wanted.boundedTo(largestWindow(available)));
+        resize(frame.size());
     } else {
-        setGeometry(popoverFrame(wanted, pointer_, available));
+        setGeometry(frame);
     }
+    askedSize_ = size();
 }
 
 void PanelWindow::open(QPoint pointer) {
@@ -155,7 +248,7 @@ void PanelWindow::insistOnFocus() {
 
 void PanelWindow::fadeIn() {
     const bool isAnimated = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
-    if (!isAnimated || !translucent_) return;
+    if (!isAnimated || !canBeTranslucent_ || style_ == PanelStyle::window) return;
     auto* const fade = new QPropertyAnimation(this, "windowOpacity", this);
     fade->setDuration(fadeDuration);
     fade->setStartValue(0.0);
@@ -172,6 +265,30 @@ bool PanelWindow::event(QEvent* event) {
     return handled;
 }
 
+// A toast comes into the view when it is shown; the screen may be too low for its place.
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ChildAdded) onChildOfContent(static_cast<QChildEvent*>(event)->child());
+    return QWidget::eventFilter(watched, event);
+}
+
+void PanelWindow::onChildOfContent(QObject* child) {
+    const auto* const toast = qobject_cast<MessageView*>(child);
+    if (toast == nullptr) return;
+    makeReadable(*toast);
+    const Rect& frame = toast->frame();
+    const Point middle = toast->center();
+    scroll_->ensureVisible(int(middle.x), int(middle.y), 0, int(frame.height / 2.0) + padding);
+}
+
+void PanelWindow::contextMenuEvent(QContextMenuEvent* event) {
+    if (menu_ != nullptr) menu_->popup(event->globalPos());
+}
+
+void PanelWindow::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    isSizedElsewhere_ = false;
+}
+
 void PanelWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     Q_EMIT dismissAsked();
@@ -184,16 +301,22 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void PanelWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    if (!isRounded()) return painter.fillRect(rect(), opaqueColor);
+    if (!isRounded()) return painter.fillRect(rect(), theme_->ground);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(edgeColor);
-    painter.setBrush(translucent_ ? translucentColor : opaqueColor);
+    painter.setPen(theme_->edge);
+    painter.setBrush(theme_->ground);
     painter.drawPath(outlineOf(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));
 }
 
 void PanelWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    if (isRounded() && !translucent_) setMask(QRegion(outlineOf(rect()).toFillPolygon().toPolygon()));
+    if (isVisible() && event->size() != askedSize_) isSizedElsewhere_ = true;
+    if (canBeTranslucent_) return;
+    if (isRounded()) {
+        setMask(QRegion(outlineOf(rect()).toFillPolygon().toPolygon()));
+    } else {
+        clearMask();
+    }
 }
 
 }  // namespace quode::host

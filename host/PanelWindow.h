@@ -3,13 +3,21 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointer>
 #include <QSize>
 #include <QWidget>
 
 class QLabel;
+class QMenu;
 class QScrollArea;
 
 namespace quode::host {
+
+class PanelFooter;
+class PanelHeader;
+class RowMarks;
+struct PanelFacts;
+struct Theme;
 
 /// How the panel is shown.
 enum class PanelStyle {
@@ -17,7 +25,9 @@ enum class PanelStyle {
     window,   ///< an ordinary window, where there is no tray
 };
 
-/// The dark window around the widget. It scrolls where the screen is lower than the widget.
+/// The window around the widget: a header above it, footnotes and a menu below it. The widget is a column in the
+/// middle, on a dark card. The window scrolls where the screen is lower, and keeps to the size that the desktop or the
+/// user gives it, such as the whole screen.
 class PanelWindow : public QWidget {
     Q_OBJECT
 
@@ -26,6 +36,19 @@ class PanelWindow : public QWidget {
     ///                     opaque, with its corners cut off
     PanelWindow(PanelStyle style, bool translucent);
     ~PanelWindow() override;
+
+    /// Changes how the panel is shown, from the next time on that it opens; nothing happens while it is open.
+    void setPanelStyle(PanelStyle style);
+
+    void setTheme(const Theme& theme);
+
+    /// What is told around the widget.
+    void setFacts(const PanelFacts& facts);
+
+    /// The menu of the button below the widget, and of a click with the other button; it stays with its owner.
+    /// @param name  the name of the button
+    void setMenu(QMenu* menu, const QString& name);
+    void openMenu();
 
     /// Shows a widget, which stays with its owner.
     void setContent(QWidget* content);
@@ -51,23 +74,37 @@ class PanelWindow : public QWidget {
 
   protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    bool isRounded() const { return style_ == PanelStyle::popover; }
+    bool isRounded() const { return style_ == PanelStyle::popover && !isSizedElsewhere_; }
+    int heightAround(int width) const;
     void place();
+    void placeWindow(const QRect& available);
+    void resizeTo(const QRect& frame);
     void fadeIn();
     void insistOnFocus();
+    void onChildOfContent(QObject* child);
 
     PanelStyle style_;
-    bool translucent_;
+    bool canBeTranslucent_;
+    const Theme* theme_;
+    PanelHeader* header_;
     QLabel* notice_;
     QScrollArea* scroll_;
+    PanelFooter* footer_;
+    QMenu* menu_ = nullptr;
+    QPointer<RowMarks> marks_;
     QSize contentSize_;
     QPoint pointer_;
+    QSize askedSize_;                // the last size that the panel gave itself
+    bool isSizedElsewhere_ = false;  // the desktop or the user gave it another one since it opened
 };
 
 }  // namespace quode::host

@@ -3,21 +3,14 @@
 #include "host/desktop.h"
 
 #include <QApplication>
-#include <QCursor>
-#include <utility>
 
 #include "app/session.h"
 #include "companion/UserEventStore.h"
-#include "data/user_places.h"
-#include "host/HomeWatch.h"
 #include "host/Instance.h"
-#include "host/Panel.h"
 #include "host/PanelDevice.h"
-#include "host/PanelTray.h"
-#include "host/WidgetBundle.h"
+#include "host/PanelProgram.h"
 #include "host/alarm_service.h"
 #include "host/display.h"
-#include "host/texts.h"
 #include "host/user_choices.h"
 #include "views/accessibility.h"
 
@@ -50,44 +43,15 @@ ExitCode presentOther(const Instance& instance) {
     throw Failure(ExitCode::notFound, "The panel runs already, but does not answer. End that program and try again.");
 }
 
-ExitCode serve(QApplication& application, Session& session, const Instance& instance) {
-    const auto calendar = std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
-    session.setDevice(panelDevice(chosenLayout(session)));
+ExitCode serve(Session& session, const Instance& instance) {
+    auto calendar = std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
+    auto device = panelDevice(chosenLayout(session));
+    session.setDevice(device);
     session.setCalendar(calendar);
     session.services();
-
-    const bool hasTray = QSystemTrayIcon::isSystemTrayAvailable();
-    PanelWindow window(hasTray ? PanelStyle::popover : PanelStyle::window, isComposited());
-    // The widget reads the user's cities as soon as it is made. What is to be told then is told with the first panel.
-    QString told = prepareUserChoices(session, *calendar);
-    const auto prepare = [&] {
-        const QString present = prepareUserChoices(session, *calendar);
-        window.setNotice(told.isEmpty() ? present : std::exchange(told, {}));
-    };
-    WidgetBundle bundle(session.bundle().string());
-    const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
-    HomeWatch watch(systemMomentWatch(session.deviceClock(), {zoneFile}),
-                    systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
-                    [&session] { return homeNumber(session); });
-    Panel panel(*widget, window, session.deviceClock(), watch, prepare);
-    const auto present = [&panel] { panel.present(QCursor::pos()); };
-    QObject::connect(&instance, &Instance::presentAsked, &panel, present);
-
-    // Not by quit, which gives up when a window will not close: panel and compass are dismissed instead.
-    const auto end = [] { QCoreApplication::exit(); };
-    std::unique_ptr<MomentWatch> trayWatch;
-    std::unique_ptr<PanelTray> tray;
-    if (hasTray) {
-        trayWatch = systemMomentWatch(session.deviceClock(), {zoneFile, userDatabaseFile(session.dataFolder())});
-        tray = std::make_unique<PanelTray>([&session] { return comingPrayer(session); }, *trayWatch,
-                                           textsOf(session.services().languageId()));
-        QObject::connect(tray.get(), &PanelTray::clicked, &panel, [&panel] { panel.toggle(QCursor::pos()); });
-        QObject::connect(tray.get(), &PanelTray::openAsked, &panel, present);
-        QObject::connect(tray.get(), &PanelTray::quitAsked, &application, end);
-    } else {
-        QObject::connect(&panel, &Panel::dismissed, &application, end);
-    }
-    present();
+    PanelProgram program(session, std::move(calendar), std::move(device));
+    QObject::connect(&instance, &Instance::presentAsked, &program, &PanelProgram::present);
+    program.present();
     startAlarmService(session.dataFolder());
     QApplication::exec();
     return ExitCode::ok;
@@ -108,7 +72,7 @@ ExitCode runOnDesktop(const Environment& environment, const std::optional<std::s
     const Instance instance;
     if (!instance.isFirst()) return presentOther(instance);
     Session session(environment, {language});
-    return serve(application, session, instance);
+    return serve(session, instance);
 }
 
 }  // namespace quode::host

@@ -24,6 +24,15 @@ QRect popoverFrame(QSize wanted, QPoint pointer, const QRect& available) {
     return {{std::max(inside.left(), std::min(left, right)), std::max(inside.top(), std::min(top, bottom))}, size};
 }
 
+QRect grownFrame(const QRect& present, QSize wanted, const QRect& available) {
+    const QRect inside = available.adjusted(margin, margin, -margin, -margin);
+    const int width = std::max(1, std::min(wanted.width(), inside.width()));
+    const int left = std::max(inside.left(), std::min(present.left(), inside.left() + inside.width() - width));
+    const int top = std::max(inside.top(), std::min(present.top(), inside.bottom()));
+    const int height = std::max(1, std::min(wanted.height(), inside.bottom() + 1 - top));
+    return {left, top, width, height};
+}
+
 QSize largestWindow(const QRect& available) {
     return (available.size() - windowFrame).expandedTo({1, 1});
 }

@@ -16,6 +16,12 @@ namespace quode::host {
 /// @param available  the area of the screen that windows may cover
 QRect popoverFrame(QSize wanted, QPoint pointer, const QRect& available);
 
+/// The frame of a popover that is open and wants another size: it grows to the right and downwards, so that nothing
+/// moves away under the pointer, and only as far as the screen goes. It moves to the left where it would otherwise be
+/// cut.
+/// @param present  its frame
+QRect grownFrame(const QRect& present, QSize wanted, const QRect& available);
+
 /// The largest size that a window can have on a screen, with some room for its frame.
 QSize largestWindow(const QRect& available);
 

@@ -15,9 +15,11 @@
 #include "compass/CompassViewOverlayWindow.h"
 #include "host/Panel.h"
 #include "host/PanelDevice.h"
+#include "host/PanelMenu.h"
 #include "host/WidgetBundle.h"
 #include "host/user_choices.h"
 #include "platform/system_platform.h"
+#include "texts/translation.h"
 #include "views/UIButtonX.h"
 #include "views/accessibility.h"
 
@@ -95,9 +97,12 @@ QImage pictureOfCompass() {
 QImage picture(const ScreenshotWish& wish, Session& session) {
     WidgetBundle bundle(session.bundle().string());
     const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
+    PanelMenu menu([] { return MenuState{}; });
     PanelWindow window(PanelStyle::popover, true);
+    window.setMenu(&menu, _("Menu"));
     NeverWatch watch;
     Panel panel(*widget, window, session.deviceClock(), watch, [] {});
+    panel.setFacts([&session] { return panelFacts(session); });
     panel.present({0, 0});
     if (wish.info) tap(*widget->view(), tagCityInfo);
     if (wish.all) tap(*widget->view(), tagShowAll);
@@ -137,8 +142,12 @@ ExitCode takeScreenshot(const Environment& environment, const std::optional<std:
     // The widget reads its cities from the user's files; another city is put into files of its own.
     const bool isHome = place.source == app::PlaceSource::home;
     Session session(isHome ? environment : with(environment, "QUODE_DATA_DIR", folder.path().toStdString()), wishes);
-    session.setDevice(std::make_shared<PanelDevice>(Idiom::phone, screenSize, wish.scale));
-    session.services();
+    const auto device = std::make_shared<PanelDevice>(Idiom::phone, screenSize, wish.scale);
+    device->setWantedWidth(widthForCityName(place.city.name));
+    session.setDevice(device);
+    GlobalFuncs& services = session.services();
+    services.getSettings().uiControlColorId = chosenColorScheme(user);
+    services.updateUIColors();
     if (!isHome) makeUserDatabase(session, place.city);
     save(picture(wish, session), wish.file);
     return user.exitCode();

@@ -4,6 +4,7 @@
 
 #include <QStringList>
 #include <stdexcept>
+#include <type_traits>
 
 #include "app/user_data.h"
 #include "companion/UserDatabase.h"
@@ -31,25 +32,96 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
     return notices.join('\n');
 }
 
-PanelLayout chosenLayout(app::Session& session) {
+namespace {
+
+constexpr const char* openRowsName = "panel.open";
+
+// What a function finds in the user database; nothing when there is none or when it cannot be read. What is wrong with
+// it is told with the panel.
+template <typename Function>
+auto readFrom(app::Session& session, Function function)
+    -> std::optional<std::invoke_result_t<Function, const UserDatabase&>> {
     try {
         const std::optional<UserDatabase> database = app::userDatabaseToRead(session);
-        return database ? loadSettings(*database).panelLayout : PanelLayout::automatic;
-    } catch (const UserDatabaseError&) {
-        return PanelLayout::automatic;  // what is wrong is told with the panel
-    } catch (const CityDatabaseError&) {
-        return PanelLayout::automatic;
+        if (database) return function(*database);
+    } catch (const std::runtime_error&) {
+    }
+    return std::nullopt;
+}
+
+template <typename Function>
+QString change(app::Session& session, Function function) {
+    try {
+        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+        function(database);
+        return {};
+    } catch (const std::runtime_error& error) {
+        return error.what();
     }
 }
 
-std::optional<int> homeNumber(app::Session& session) {
-    try {
-        const std::optional<UserDatabase> database = app::userDatabaseToRead(session);
-        const std::optional<UserCity> home = database ? database->home() : std::nullopt;
-        return home ? std::optional(home->id) : std::nullopt;
-    } catch (const std::runtime_error&) {
-        return std::nullopt;  // what is wrong is told with the panel
-    }
+}  // namespace
+
+PanelLayout chosenLayout(app::Session& session) {
+    const auto settings = readFrom(session, loadSettings);
+    return settings ? settings->panelLayout : PanelLayout::automatic;
+}
+
+int chosenColorScheme(app::Session& session) {
+    return readFrom(session, loadSettings).value_or(UserSettings{}).colorScheme;
+}
+
+std::string shownChoices(app::Session& session) {
+    const auto shown = readFrom(session, [](const UserDatabase& database) {
+        const std::optional<UserCity> home = database.home();
+        return (home ? std::to_string(home->id) : "none") + " " + std::to_string(loadSettings(database).colorScheme);
+    });
+    return shown.value_or("");
+}
+
+std::string homeName(app::Session& session) {
+    const auto name = readFrom(session, [](const UserDatabase& database) {
+        const std::optional<UserCity> home = database.home();
+        return home && home->city ? home->city->name : std::string();
+    });
+    return name.value_or("");
+}
+
+std::optional<std::map<int, bool>> alarmStates(app::Session& session) {
+    return readFrom(session, [](const UserDatabase& database) {
+        std::map<int, bool> states;
+        for (const UserAlarm& alarm : database.alarms()) states[alarm.code] = alarm.isOn;
+        return states;
+    });
+}
+
+OpenRows rememberedRows(app::Session& session) {
+    const auto stored =
+        readFrom(session, [](const UserDatabase& database) { return database.setting(openRowsName).value_or(""); });
+    const std::string rows = stored.value_or("");
+    return {rows.find("details") != std::string::npos, rows.find("times") != std::string::npos};
+}
+
+QString rememberRows(app::Session& session, OpenRows rows) {
+    return change(session, [rows](UserDatabase& database) {
+        database.setSetting(openRowsName,
+                            std::string(rows.details ? "details" : "") + (rows.otherTimes ? " times" : ""));
+    });
+}
+
+QString chooseColorScheme(app::Session& session, int scheme) {
+    return change(session, [scheme](UserDatabase& database) {
+        UserSettings settings = loadSettings(database);
+        settings.colorScheme = scheme;
+        saveSettings(database, settings);
+    });
+}
+
+QString makeHome(app::Session& session, int city) {
+    return change(session, [city](UserDatabase& database) {
+        database.addCity(city);
+        database.chooseHome(city);
+    });
 }
 
 void makeUserDatabase(app::Session& session, const CityRecord& city) {

@@ -4,11 +4,14 @@
 #pragma once
 
 #include <QString>
+#include <map>
 #include <optional>
+#include <string>
 
 #include "app/session.h"
 #include "companion/UserEventStore.h"
 #include "companion/UserSettings.h"
+#include "host/Panel.h"
 
 namespace quode::host {
 
@@ -19,8 +22,25 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar);
 /// The layout that the user has chosen for the panel; automatic when that cannot be read.
 PanelLayout chosenLayout(app::Session& session);
 
-/// The number of the home city; nothing when there is none, or when that cannot be read.
-std::optional<int> homeNumber(app::Session& session);
+/// Everything that the widget is built from, in one text: home city, colour scheme. What cannot be read is empty.
+std::string shownChoices(app::Session& session);
+
+/// The name of the home city; empty when there is none, or when that cannot be read.
+std::string homeName(app::Session& session);
+
+/// The colour scheme that the user has chosen for the widget; the usual one when that cannot be read.
+int chosenColorScheme(app::Session& session);
+
+/// Which alarms are on, by the codes of their prayers; nothing when that cannot be read.
+std::optional<std::map<int, bool>> alarmStates(app::Session& session);
+
+/// Which rows of the widget were open last.
+OpenRows rememberedRows(app::Session& session);
+
+// These change the user's choices. Returned: what went wrong, for the user to read; empty when all is well.
+QString rememberRows(app::Session& session, OpenRows rows);
+QString chooseColorScheme(app::Session& session, int scheme);
+QString makeHome(app::Session& session, int city);
 
 /// Makes a user database in an empty folder whose only city is this one.
 void makeUserDatabase(app::Session& session, const CityRecord& city);

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 // What the buttons of the widget do.
 #include "common/GlobalFuncs.h"
-#include "common/translation.h"
 #include "data/DatabaseFunctions.h"
 #include "data/city_day.h"
+#include "texts/translation.h"
 #include "views/MessageView.h"
 #include "widget/QuodeController.h"
 

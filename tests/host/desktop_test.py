@@ -244,19 +244,37 @@ class Desktop(unittest.TestCase):
             self.assertEqual(tray.fact("ToolTip")[2], "Istanbul: Sunrise 07:52, within 1 h")
             self.assertEqual(tray.fact("Title"), "Quode")
             labels = [label for _, label in tray.menu()]
-            self.assertEqual(labels, ["Sunrise 07:52, in 52 min", "", "Show prayer times", "Quit"])
+            self.assertEqual(labels, ["Sunrise 07:52, in 52 min", "", "Show prayer times", "Copy today’s times", "",
+                                      "Choose city…", "Alarms", "Colours", "", "Help", "About Quode", "", "Quit"])
 
         with self.subTest("the menu opens it and ends the program, also when the compass covers it"):
             entries = {label: number for number, label in tray.menu()}
             tray.choose(entries["Show prayer times"])
             window = self.assert_shown()[0]
             rest(0.3)
-            xdotool("mousemove", "--window", window, 260, 28, "click", 1)
+            xdotool("mousemove", "--window", window, 260, 105, "click", 1)
             wait_for(lambda: windows("compass"), "the compass is shown")
             tray.choose(entries["Quit"])
             wait_for(lambda: panel.poll() is not None, "the program ends")
             self.assertEqual(panel.returncode, 0)
             self.assertEqual(alarm_services(self.data), service)  # alarms ring without the panel
+        tray.close()
+
+    def test_with_a_tray_that_comes_later(self):
+        panel = self.start(PROGRAM)
+        window = self.assert_shown()[0]
+        rest(0.5)
+        tray = Tray(self.bus)
+        tray.item()
+        self.assert_shown()  # the window stays until it is closed
+        xdotool("windowactivate", "--sync", window, "key", "alt+F4")
+        self.assert_hidden()
+        rest(0.3)
+        self.assertIsNone(panel.poll())  # it goes on in the tray
+        tray.click()
+        self.assert_shown()
+        tray.click()
+        self.assert_hidden()
         tray.close()
 
     def test_without_a_tray(self):
@@ -292,7 +310,7 @@ class Desktop(unittest.TestCase):
         wait_for(lambda: ask(bus, *registry, "org.a11y.atspi.Accessible", "GetChildren")[0], "an application")
         walk(*registry, 0)
         names = [name for _, name in nodes]
-        for name in ["Quode", "Istanbul", "Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha", "Show all"]:
+        for name in ["Quode", "Istanbul", "Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha", "Show all", "Sunrise in 52 min", "Menu"]:
             self.assertTrue(any(name in each for each in names), "%s is missing in %s" % (name, nodes))
         buttons = [node for node in nodes if node[0] in ("check box", "push button")]
         self.assertGreaterEqual(len(buttons), 9, nodes)

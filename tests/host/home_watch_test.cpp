@@ -21,7 +21,8 @@ class HomeWatchTest : public testing::Test {
     FakeWatch* days = new FakeWatch;
     FakeWatch* choices = new FakeWatch;
     std::optional<int> home = istanbul;
-    HomeWatch watch{std::unique_ptr<FakeWatch>(days), std::unique_ptr<FakeWatch>(choices), [this] { return home; }};
+    HomeWatch watch{std::unique_ptr<FakeWatch>(days), std::unique_ptr<FakeWatch>(choices),
+                    [this] { return home ? std::to_string(*home) : ""; }};
     QSignalSpy stirred{&watch, &HomeWatch::stirred};
     const Clock::TimePoint moment{std::chrono::hours(24)};
 };

@@ -5,10 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <cstdlib>
 
 #include "host/fake_widget.h"
 #include "host/placement.h"
@@ -131,12 +135,78 @@ TEST_F(PanelTest, ComesToTheFrontWhenItIsPresentedTwice) {
     EXPECT_TRUE(panel.isPresented());
 }
 
-TEST_F(PanelTest, GrowsAwayFromThePointer) {
+TEST_F(PanelTest, GrowsDownwardsAndKeepsItsPlace) {
+    pointer = {400, 10};
     present();
     const QRect before = window.geometry();
     widget.grow(520.0);
     EXPECT_EQ(window.height(), 520 + padding);
-    EXPECT_EQ(window.geometry().bottom(), before.bottom());
+    EXPECT_EQ(window.geometry().topLeft(), before.topLeft());
+}
+
+TEST_F(PanelTest, ScrollsRatherThanMovingAwayUnderThePointer) {
+    present();
+    const QRect before = window.geometry();
+    widget.grow(700.0);
+    EXPECT_EQ(window.geometry().top(), before.top());
+    EXPECT_LE(std::abs(window.geometry().left() - before.left()), 6);  // for the scroll bar at the edge of the screen
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
+    EXPECT_TRUE(window.findChild<QScrollArea*>()->verticalScrollBar()->isVisible());
+    panel.dismiss();
+    present();  // now there is a place for all of it
+    EXPECT_EQ(window.height(), 700 + padding);
+}
+
+TEST_F(PanelAsWindow, KeepsTheWidgetInTheMiddleOfAWindowThatTheDesktopSizes) {
+    present();
+    window.resize(700, 780);  // as a desktop does that tiles its windows
+    QCoreApplication::processEvents();
+    EXPECT_EQ(widget.view()->size(), QSize(340, 400));
+    EXPECT_EQ(widget.view()->mapTo(&window, QPoint()).x(), (700 - 340) / 2);
+    widget.grow(520.0);
+    EXPECT_EQ(window.size(), QSize(700, 780));
+    EXPECT_EQ(widget.view()->mapTo(&window, QPoint()).x(), (700 - 340) / 2);
+    panel.dismiss();
+    present();
+    EXPECT_EQ(window.size(), QSize(340, 520 + padding));
+}
+
+TEST_F(PanelTest, TellsFactsAroundTheWidget) {
+    host::PanelFacts facts;
+    facts.next = "Asr in 1 h 12 min";
+    facts.dates = "Saturday 21 November 2026";
+    facts.notes = {"A note of the day."};
+    panel.setFacts([&] { return facts; });
+    present();
+    const auto textOf = [&](const char* name) { return window.findChild<QLabel*>(name)->text(); };
+    EXPECT_EQ(textOf("nextPrayer"), "Asr in 1 h 12 min");
+    EXPECT_EQ(textOf("dates"), "Saturday 21 November 2026");
+    EXPECT_EQ(textOf("footnotes"), "A note of the day.");
+    EXPECT_GT(window.height(), 400 + padding);
+    EXPECT_EQ(window.findChild<QScrollArea*>()->viewport()->height(), 400);
+    facts.next = "Asr in 1 h 11 min";
+    panel.refreshFacts();
+    EXPECT_EQ(textOf("nextPrayer"), "Asr in 1 h 11 min");
+}
+
+TEST_F(PanelTest, LooksForFactsOnlyWhileItIsPresented) {
+    int looks = 0;
+    panel.setFacts([&] {
+        ++looks;
+        return host::PanelFacts{};
+    });
+    panel.refreshFacts();
+    EXPECT_EQ(looks, 0);
+    present();
+    EXPECT_EQ(looks, 1);
+    const auto isRunning = [&] {
+        return std::ranges::any_of(panel.findChildren<QTimer*>(),
+                                   [](const QTimer* timer) { return timer->isActive(); });
+    };
+    panel.dismiss();
+    EXPECT_FALSE(isRunning());
+    panel.refreshFacts();
+    EXPECT_EQ(looks, 1);
 }
 
 TEST_F(PanelTest, ScrollsWhereTheScreenIsLower) {

@@ -33,6 +33,14 @@ TEST(Placement, TakesASecondScreenToTheLeftForWhatItIs) {
     EXPECT_EQ(popoverFrame(panel, {-1900, 1070}, {-1920, 0, 1920, 1080}), QRect(-1912, 662, 340, 400));
 }
 
+TEST(Placement, GrowsWithoutMovingAndOnlyAsFarAsTheScreenGoes) {
+    const QRect open(470, 28, 340, 400);
+    EXPECT_EQ(grownFrame(open, {340, 680}, screen), QRect(470, 28, 340, 680));
+    EXPECT_EQ(grownFrame(open, {340, 2000}, screen), QRect(470, 28, 340, 964));
+    EXPECT_EQ(grownFrame({932, 591, 340, 400}, {346, 680}, screen), QRect(926, 591, 346, 401));
+    EXPECT_EQ(grownFrame({470, 28, 340, 680}, panel, screen), open);
+}
+
 TEST(Placement, IsNeverLargerThanTheScreen) {
     const QRect small(0, 0, 320, 240);
     EXPECT_EQ(popoverFrame(panel, {160, 230}, small), QRect(8, 8, 304, 224));

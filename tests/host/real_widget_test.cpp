@@ -5,22 +5,30 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSet>
 #include <QTest>
 #include <fstream>
 
+#include "common/color_schemes.h"
 #include "companion/UserDatabase.h"
+#include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
 #include "host/HomeWatch.h"
 #include "host/Panel.h"
+#include "host/RowMarks.h"
 #include "host/WidgetBundle.h"
 #include "host/fake_widget.h"
+#include "host/theme.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
 #include "support/fake_platform.h"
 #include "support/temporary_folder.h"
+#include "views/MessageView.h"
 #include "views/UIButtonX.h"
 #include "views/UITimesView.h"
+#include "views/contrast.h"
 
 namespace quode::test {
 namespace {
@@ -59,6 +67,13 @@ class RealWidget : public testing::Test {
             if (row->tag() == code) return row->labelPrayTime()->text();
         }
         return "";
+    }
+
+    UIButtonX* buttonTagged(int tag) const {
+        for (UIButtonX* const button : widget->view()->findChildren<UIButtonX*>()) {
+            if (button->tag() == tag) return button;
+        }
+        return nullptr;
     }
 
     TemporaryFolder folder;
@@ -111,13 +126,113 @@ TEST_F(RealWidget, IsWorkedByTheTabKeyInTheOrderOfReading) {
 }
 
 TEST_F(RealWidget, MakesThePanelGrowWithItsRows) {
-    panel->present({700, 780});
+    panel->present({400, 10});
     const QRect before = window.geometry();
-    for (UIButtonX* const button : window.findChildren<UIButtonX*>()) {
-        if (button->tag() == tagCityInfo) button->tap();
-    }
+    buttonTagged(tagCityInfo)->tap();
     EXPECT_EQ(window.height(), before.height() + 280);
-    EXPECT_EQ(window.geometry().bottom(), before.bottom());
+    EXPECT_EQ(window.geometry().topLeft(), before.topLeft());
+}
+
+TEST_F(RealWidget, IsPresentedWithTheRowsThatWereOpen) {
+    panel->present({400, 10});
+    const int closed = window.height();
+    buttonTagged(tagCityInfo)->tap();
+    panel->dismiss();
+    EXPECT_EQ(panel->openRows(), (host::OpenRows{true, false}));
+    panel->present({400, 10});
+    EXPECT_EQ(window.height(), closed + 280);
+    EXPECT_TRUE(buttonTagged(tagCityInfo)->selected());
+    buttonTagged(tagCityInfo)->tap();
+    panel->dismiss();
+
+    panel->setOpenRows({true, true});  // as stored by an earlier run of the program
+    panel->present({400, 10});
+    EXPECT_TRUE(buttonTagged(tagCityInfo)->selected());
+    EXPECT_TRUE(buttonTagged(tagShowAll)->selected());
+    Q_EMIT watch.stirred();  // the day changes
+    EXPECT_TRUE(buttonTagged(tagCityInfo)->selected());
+    EXPECT_TRUE(buttonTagged(tagShowAll)->selected());
+}
+
+TEST_F(RealWidget, StoresWhichRowsAreOpen) {
+    EXPECT_EQ(host::rememberedRows(session), host::OpenRows{});
+    EXPECT_EQ(host::rememberRows(session, {true, true}), "");
+    EXPECT_EQ(host::rememberedRows(session), (host::OpenRows{true, true}));
+    EXPECT_EQ(host::rememberRows(session, {false, true}), "");
+    EXPECT_EQ(host::rememberedRows(session), (host::OpenRows{false, true}));
+}
+
+TEST_F(RealWidget, HasTheRowsOfThePresentAndTheNextPrayerMarked) {
+    panel->setFacts([this] { return host::panelFacts(session); });
+    panel->present({400, 10});
+    const auto* marks = window.findChild<host::RowMarks*>();
+    ASSERT_NE(marks, nullptr);
+    // 07:00 in Istanbul, between dawn and sunrise: the rows at 40 and 80 points.
+    ASSERT_TRUE(marks->currentMark() && marks->nextMark());
+    EXPECT_EQ(marks->currentMark()->center().y(), 60.0);
+    EXPECT_EQ(marks->nextMark()->center().y(), 100.0);
+    buttonTagged(tagCityInfo)->tap();
+    EXPECT_EQ(marks->currentMark()->center().y(), 340.0);
+    const QImage picture = window.grab().toImage();
+    const QPoint onBar = marks->mapTo(&window, marks->currentMark()->center().toPoint());
+    EXPECT_EQ(picture.pixelColor(onBar), QColor(230, 226, 175));
+}
+
+TEST_F(RealWidget, ShowsTheAlarmsThatAreSwitchedElsewhereWithinASecond) {
+    host::HomeWatch homeWatch(
+        std::make_unique<FakeWatch>(),
+        host::systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
+        [this] { return host::shownChoices(session); }, std::chrono::milliseconds(150));
+    panel = std::make_unique<host::Panel>(*widget, window, session.deviceClock(), homeWatch, [] {});
+    QObject::connect(&homeWatch, &host::HomeWatch::otherChoicesWritten, panel.get(), [this] {
+        if (const auto states = host::alarmStates(session)) panel->showAlarms(*states);
+    });
+    panel->present({0, 0});
+    const QPointer<QWidget> before = widget->view();
+    const UIButtonX* const bell = alarmButton(*widget->view(), ikindi);
+    EXPECT_FALSE(bell->selected());
+    DatabaseFunctions().reCalculateAlarm(ikindi);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bell->selected() && bell->buttonShape() == 9; }, 1000));
+    DatabaseFunctions().deleteAlarm(ikindi);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !bell->selected() && bell->buttonShape() == 10; }, 1000));
+    EXPECT_EQ(widget->view(), before);
+    panel.reset();
+}
+
+TEST_F(RealWidget, TakesAnotherColorSchemeAtOnce) {
+    EXPECT_EQ(host::chosenColorScheme(session), 1);
+    host::HomeWatch homeWatch(std::make_unique<FakeWatch>(),
+                              host::systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
+                              [this] { return host::shownChoices(session); });
+    panel = std::make_unique<host::Panel>(*widget, window, session.deviceClock(), homeWatch, [this] {
+        session.services().getSettings().uiControlColorId = host::chosenColorScheme(session);
+        session.services().updateUIColors();
+    });
+    panel->present({0, 0});
+    const auto nameColor = [&] { return widget->view()->findChild<UITimesView*>()->labelPrayName()->textColor(); };
+    EXPECT_EQ(nameColor(), colorScheme(1)[0]);
+    EXPECT_EQ(host::chooseColorScheme(session, 5), "");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return nameColor() == colorScheme(5)[0]; }, 1000));
+    panel.reset();
+}
+
+TEST_F(RealWidget, ScrollsToAToastAndMakesItReadable) {
+    session.services().getSettings().uiControlColorId = 5;  // its letters are too dark for the box
+    session.services().updateUIColors();
+    panel->setOpenRows({true, true});
+    panel->present({400, 790});  // above the pointer, 392 points high at the most
+    auto* const scroll = window.findChild<QScrollArea*>();
+    window.resize(window.width(), 200);
+    scroll->verticalScrollBar()->setValue(scroll->verticalScrollBar()->maximum());
+    MessageView::toastInView(*widget->view(), "A message");
+    const auto* const toast = widget->view()->findChild<MessageView*>();
+    ASSERT_NE(toast, nullptr);
+    const int middle = toast->mapTo(scroll->viewport(), QPoint(0, toast->height() / 2)).y();
+    EXPECT_GT(middle, 20);
+    EXPECT_LT(middle, scroll->viewport()->height() - 20);
+    const Color card{host::cardColor.redF(), host::cardColor.greenF(), host::cardColor.blueF(), 1.0};
+    EXPECT_GE(contrastRatio(toast->textLabel()->textColor(), over(MessageView::boxColor, card)), 4.5);
+    MessageView::clearQueue();
 }
 
 TEST_F(RealWidget, ShowsTheTimesOfTheNewDayAfterMidnight) {
@@ -141,7 +256,7 @@ TEST_F(RealWidget, ShowsTheTimesOfTheNewDayAfterMidnight) {
 TEST_F(RealWidget, ShowsTheCityThatIsMadeHomeElsewhereAndStaysAsItIsOtherwise) {
     host::HomeWatch homeWatch(std::make_unique<FakeWatch>(),
                               host::systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
-                              [this] { return host::homeNumber(session); });
+                              [this] { return host::shownChoices(session); });
     panel = std::make_unique<host::Panel>(*widget, window, session.deviceClock(), homeWatch, [] {});
     panel->present({0, 0});
     const QPointer<QWidget> before = widget->view();

@@ -62,15 +62,15 @@ TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {
 
 TEST_F(UserChoicesTest, TellTheHomeCity) {
     Session fresh = session();
-    EXPECT_EQ(host::homeNumber(fresh), std::nullopt);
+    EXPECT_EQ(host::homeName(fresh), "");
     {
         UserDatabase database = open(fresh);
         database.addCity(istanbul);
         database.chooseHome(istanbul);
     }
-    EXPECT_EQ(host::homeNumber(fresh), istanbul);
+    EXPECT_EQ(host::homeName(fresh), "Istanbul");
     std::ofstream(userDatabaseFile(folder.path())) << std::string(5000, 'x');
-    EXPECT_EQ(host::homeNumber(fresh), std::nullopt);
+    EXPECT_EQ(host::homeName(fresh), "");
 }
 
 TEST_F(UserChoicesTest, TellThatADamagedDatabaseWasKeptAside) {
@@ -119,7 +119,7 @@ TEST_F(UserChoicesTest, AreUnknownButNoObstacleWithoutTheCities) {
                                   {"QUODE_NOW", "2026-11-21T04:00:00Z"}}),
                    {});
     EXPECT_EQ(host::chosenLayout(broken), PanelLayout::automatic);
-    EXPECT_EQ(host::homeNumber(broken), std::nullopt);
+    EXPECT_EQ(host::homeName(broken), "");
     EXPECT_TRUE(host::prepareUserChoices(broken, calendar).contains("Install Quode again"));
 }
 

@@ -7,7 +7,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -23,17 +22,15 @@ namespace {
 constexpr double forText = 4.5;      // letters of ordinary size
 constexpr double forDrawings = 3.0;  // glyphs, frames and the focus ring
 
-// The panel when it is opaque, and when a white window shines through it.
-constexpr Color darkPanel{28.0 / 255.0, 28.0 / 255.0, 30.0 / 255.0, 1.0};
-constexpr Color lightestPanel{62.0 / 255.0, 62.0 / 255.0, 64.0 / 255.0, 1.0};
+// The card on which the panel shows the widget. Nothing shines through it.
+constexpr Color card{14.0 / 255.0, 14.0 / 255.0, 16.0 / 255.0, 1.0};
 
 struct Pair {
     std::string what;
     double needed;
-    double onDarkPanel;
-    double onLightestPanel;
+    double found;
 
-    bool fails() const { return std::min(onDarkPanel, onLightestPanel) < needed; }
+    bool fails() const { return found < needed; }
 };
 
 std::vector<Pair> pairsOf(int schemeId) {
@@ -42,11 +39,10 @@ std::vector<Pair> pairsOf(int schemeId) {
     const Color& second = scheme[1];
     const Color& third = scheme[2];
     const auto onPanel = [](const std::string& what, double needed, const Color& color) {
-        return Pair{what, needed, contrastRatio(color, darkPanel), contrastRatio(color, lightestPanel)};
+        return Pair{what, needed, contrastRatio(color, card)};
     };
     const Pair toast{"text of a toast (first on grey)", forText,
-                     contrastRatio(first, over(MessageView::boxColor, darkPanel)),
-                     contrastRatio(first, over(MessageView::boxColor, lightestPanel))};
+                     contrastRatio(first, over(MessageView::boxColor, card))};
     return {onPanel("text of the rows (first)", forText, first),
             onPanel("caption and sign of a selected toggle (second)", forText, second),
             onPanel("caption and sign of other buttons (third)", forText, third),
@@ -60,10 +56,10 @@ std::string tables() {
     std::string page;
     for (int id = 0; id < colorSchemeCount; ++id) {
         page += fmt::format("\n## Scheme {}{}\n\n", id, id == defaultColorScheme ? " (the default)" : "");
-        page += "| what | needed | on the opaque panel | on the lightest panel | |\n|---|---|---|---|---|\n";
+        page += "| what | needed | on the card | |\n|---|---|---|---|\n";
         for (const Pair& pair : pairsOf(id)) {
-            page += fmt::format("| {} | {:.1f} | {:.2f} | {:.2f} | {} |\n", pair.what, pair.needed, pair.onDarkPanel,
-                                pair.onLightestPanel, pair.fails() ? "fails" : "");
+            page += fmt::format("| {} | {:.1f} | {:.2f} | {} |\n", pair.what, pair.needed, pair.found,
+                                pair.fails() ? "fails" : "");
         }
     }
     return page;
@@ -74,8 +70,8 @@ std::string failures() {
     for (int id = 0; id < colorSchemeCount; ++id) {
         for (const Pair& pair : pairsOf(id)) {
             if (!pair.fails()) continue;
-            list += fmt::format("- scheme {}, {}: {:.2f}, where {:.1f} is needed\n", id, pair.what,
-                                std::min(pair.onDarkPanel, pair.onLightestPanel), pair.needed);
+            list += fmt::format("- scheme {}, {}: {:.2f}, where {:.1f} is needed\n", id, pair.what, pair.found,
+                                pair.needed);
         }
     }
     return list.empty() ? "None.\n" : list;
@@ -84,8 +80,10 @@ std::string failures() {
 std::string page() {
     return "# Contrast of the colour schemes\n\n"
            "Measured by the formula of the Web Content Accessibility Guidelines 2.1, which ask for 4.5 for letters of\n"
-           "ordinary size and 3.0 for drawings. The panel is dark; \"lightest\" is a panel that a white window shines\n"
-           "through. What is on and what is off differ in shape too, never in colour alone.\n\n"
+           "ordinary size and 3.0 for drawings. The widget stands on a dark, opaque card. What is on and what is off\n"
+           "differ in shape too, never in colour alone. The panel draws the letters of a toast in white where those "
+           "of\n"
+           "the scheme have too little contrast.\n\n"
            "## Pairs that fail\n\n" +
            failures() + tables();
 }

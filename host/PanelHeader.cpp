@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "host/PanelHeader.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "host/panel_facts.h"
+#include "host/theme.h"
+#include "host/widgets.h"
+
+namespace quode::host {
+namespace {
+
+constexpr int sideMargin = 16, topMargin = 12, bottomMargin = 10, lineGap = 2;
+constexpr int nextSize = 17, datesSize = 13;  // pixels of the font
+
+}  // namespace
+
+PanelHeader::PanelHeader(QWidget* parent)
+    : QWidget(parent), next_(newTextLabel(this, nextSize, true)), dates_(newTextLabel(this, datesSize, false)) {
+    next_->setObjectName("nextPrayer");
+    dates_->setObjectName("dates");
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(sideMargin, topMargin, sideMargin, bottomMargin);
+    column->setSpacing(lineGap);
+    column->addWidget(next_);
+    column->addWidget(dates_);
+    hide();
+}
+
+void PanelHeader::setFacts(const PanelFacts& facts) {
+    next_->setText(facts.next);
+    dates_->setText(facts.dates);
+    next_->setVisible(!facts.next.isEmpty());
+    dates_->setVisible(!facts.dates.isEmpty());
+    setVisible(!facts.next.isEmpty() || !facts.dates.isEmpty());
+}
+
+void PanelHeader::setTheme(const Theme& theme) {
+    setTextColor(*next_, theme.text);
+    setTextColor(*dates_, theme.quietText);
+}
+
+}  // namespace quode::host

@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "host/PanelProgram.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCursor>
+#include <QShortcut>
+#include <utility>
+
+#include "app/session.h"
+#include "companion/UserEventStore.h"
+#include "data/DatabaseFunctions.h"
+#include "data/user_places.h"
+#include "host/CityDialog.h"
+#include "host/coming_prayer.h"
+#include "host/display.h"
+#include "host/help.h"
+#include "host/user_choices.h"
+#include "texts/translation.h"
+#include "views/MessageView.h"
+
+namespace quode::host {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto settle = 150ms;  // until who writes the user's files has finished
+
+std::vector<std::filesystem::path> userFiles(app::Session& session) {
+    const std::filesystem::path database = userDatabaseFile(session.dataFolder());
+    return {database, database.string() + "-wal"};
+}
+
+}  // namespace
+
+PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore> calendar,
+                           std::shared_ptr<PanelDevice> device)
+    : session_(session),
+      calendar_(std::move(calendar)),
+      device_(std::move(device)),
+      window_(trayWatch_.isTrayThere() ? PanelStyle::popover : PanelStyle::window, isComposited()),
+      menu_([this] { return menuState(); }),
+      // The widget reads the user's cities as soon as it is made. What is to be told then is told with the first panel.
+      told_(prepareUserChoices(session_, *calendar_)),
+      bundle_(session_.bundle().string()),
+      widget_(bundle_.makeWidget()),
+      watch_(
+          systemMomentWatch(session_.deviceClock(), {zoneFile}),
+          systemMomentWatch(session_.deviceClock(), userFiles(session_)), [this] { return shownChoices(session_); },
+          settle),
+      panel_(*widget_, window_, session_.deviceClock(), watch_, [this] { prepare(); }),
+      storedRows_(rememberedRows(session_)) {
+    MessageView::setKeepsNewestOnly(true);
+    connectMenu();
+    connectPanel();
+    if (trayWatch_.isTrayThere()) showTray();
+    connect(&trayWatch_, &TrayWatch::appeared, this, &PanelProgram::showTray);
+}
+
+PanelProgram::~PanelProgram() {
+    window_.setMenu(nullptr, {});
+}
+
+void PanelProgram::present() {
+    panel_.present(QCursor::pos());
+}
+
+void PanelProgram::prepare() {
+    const QString present = prepareUserChoices(session_, *calendar_);
+    window_.setNotice(told_.isEmpty() ? present : std::exchange(told_, {}));
+    window_.setTheme(theme_.theme());
+    GlobalFuncs& services = session_.services();
+    services.getSettings().uiControlColorId = chosenColorScheme(session_);
+    services.updateUIColors();
+    if (device_->setWantedWidth(widthForCityName(homeName(session_)))) services.measureScreen();
+}
+
+void PanelProgram::connectPanel() {
+    panel_.setFacts([this] { return panelFacts(session_); });
+    panel_.setOpenRows(storedRows_);
+    window_.setMenu(&menu_, _("Menu"));
+    connect(&panel_, &Panel::dismissed, this, &PanelProgram::onDismissed);
+    connect(&watch_, &HomeWatch::otherChoicesWritten, this, &PanelProgram::showAlarms);
+    connect(&theme_, &DesktopTheme::changed, this, [this] { window_.setTheme(theme_.theme()); });
+}
+
+void PanelProgram::connectMenu() {
+    connect(&menu_, &PanelMenu::openAsked, this, &PanelProgram::present);
+    connect(&menu_, &PanelMenu::copyAsked, this, &PanelProgram::copyTimes);
+    connect(&menu_, &PanelMenu::cityAsked, this, &PanelProgram::chooseCity);
+    connect(&menu_, &PanelMenu::alarmSwitched, this, &PanelProgram::switchAlarm);
+    connect(&menu_, &PanelMenu::colorSchemeChosen, this, &PanelProgram::chooseColors);
+    connect(&menu_, &PanelMenu::helpAsked, this, [this] { showPage(_("Help"), helpPage(), dialogParent()); });
+    connect(&menu_, &PanelMenu::aboutAsked, this,
+            [this] { showPage(_("About Quode"), aboutPage(session_), dialogParent()); });
+    connect(&menu_, &PanelMenu::quitAsked, this, &PanelProgram::end);
+    window_.addActions(menu_.actions());  // for their keys
+    auto* const openMenu = new QShortcut(Qt::Key_F10, &window_);
+    connect(openMenu, &QShortcut::activated, &window_, &PanelWindow::openMenu);
+}
+
+// A panel that was opened as a window stays one until it is dismissed.
+void PanelProgram::showTray() {
+    if (tray_) return;
+    auto files = userFiles(session_);
+    files.emplace_back(zoneFile);
+    toolTipWatch_ = systemMomentWatch(session_.deviceClock(), files);
+    tray_ = std::make_unique<PanelTray>([this] { return comingPrayer(session_); }, *toolTipWatch_, menu_);
+    connect(tray_.get(), &PanelTray::clicked, this, [this] { panel_.toggle(QCursor::pos()); });
+}
+
+void PanelProgram::onDismissed() {
+    if (const OpenRows rows = panel_.openRows(); rows != storedRows_) {
+        storedRows_ = rows;
+        rememberRows(session_, rows);
+    }
+    if (!tray_) return end();
+    window_.setPanelStyle(PanelStyle::popover);
+}
+
+// --- the entries of the menu -----------------------------------------------------------------------------------------
+
+MenuState PanelProgram::menuState() {
+    MenuState state;
+    state.next = comingPrayer(session_).exact;
+    state.colorScheme = chosenColorScheme(session_);
+    state.hasCity = panel_.isPresented() ? true : !timesAsText(session_).isEmpty();
+    for (const auto& [code, isOn] : alarmStates(session_).value_or(std::map<int, bool>{})) {
+        state.alarms.push_back({code, session_.prayerName(code), isOn});
+    }
+    return state;
+}
+
+void PanelProgram::showAlarms() {
+    const auto states = alarmStates(session_);
+    if (!states) return watch_.lookAgain();
+    panel_.showAlarms(*states);
+}
+
+void PanelProgram::switchAlarm(int code, bool isOn) {
+    DatabaseFunctions database;
+    if (isOn) {
+        database.reCalculateAlarm(code);
+    } else {
+        database.deleteAlarm(code);
+    }
+    const auto states = alarmStates(session_);
+    if (states) panel_.showAlarms(*states);
+    if (!states || states->at(code) != isOn) tell(_("The alarm could not be changed. Please try again."));
+}
+
+void PanelProgram::chooseColors(int scheme) {
+    tell(chooseColorScheme(session_, scheme));
+}
+
+void PanelProgram::chooseCity() {
+    CityDialog dialog([this](const std::string& text) { return session_.cities().search(text); }, dialogParent());
+    if (dialog.exec() != QDialog::Accepted || !dialog.chosen()) return;
+    const QString problem = makeHome(session_, dialog.chosen()->id);
+    if (!problem.isEmpty()) return tell(problem);
+    present();
+}
+
+void PanelProgram::copyTimes() {
+    const QString text = timesAsText(session_);
+    if (text.isEmpty()) return;
+    QGuiApplication::clipboard()->setText(text);
+    if (panel_.isPresented()) MessageView::toastInView(*widget_->view(), _("Today’s times are copied."));
+}
+
+// What cannot be told on an open panel is told with the next one.
+void PanelProgram::tell(const QString& problem) {
+    if (problem.isEmpty()) return;
+    if (panel_.isPresented()) {
+        window_.setNotice(problem);
+    } else {
+        told_ = problem;
+        present();
+    }
+}
+
+QWidget* PanelProgram::dialogParent() {
+    return panel_.isPresented() ? &window_ : nullptr;
+}
+
+// Not by quit, which gives up when a window will not close: panel and compass are dismissed instead.
+void PanelProgram::end() {
+    QCoreApplication::exit();
+}
+
+}  // namespace quode::host

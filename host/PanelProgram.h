@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <memory>
+#include <optional>
+
+#include "host/DesktopTheme.h"
+#include "host/HomeWatch.h"
+#include "host/Panel.h"
+#include "host/PanelDevice.h"
+#include "host/PanelMenu.h"
+#include "host/PanelTray.h"
+#include "host/TrayWatch.h"
+#include "host/WidgetBundle.h"
+
+namespace quode {
+class UserEventStore;
+}
+
+namespace quode::app {
+class Session;
+}
+
+namespace quode::host {
+
+/// The panel as a program on the desktop: the panel itself, the icon in the tray where there is one, and what the
+/// entries of the menu do.
+class PanelProgram : public QObject {
+    Q_OBJECT
+
+  public:
+    /// @param session  kept by the caller, with the calendar and the device already set
+    PanelProgram(app::Session& session, std::shared_ptr<UserEventStore> calendar, std::shared_ptr<PanelDevice> device);
+    ~PanelProgram() override;
+
+    /// Opens the panel at the pointer.
+    void present();
+
+  private:
+    void prepare();
+    void connectMenu();
+    void connectPanel();
+    void showTray();
+    void onDismissed();
+    MenuState menuState();
+    void showAlarms();
+    void switchAlarm(int code, bool isOn);
+    void chooseColors(int scheme);
+    void chooseCity();
+    void copyTimes();
+    void tell(const QString& problem);
+    void end();
+    QWidget* dialogParent();
+
+    app::Session& session_;
+    std::shared_ptr<UserEventStore> calendar_;
+    std::shared_ptr<PanelDevice> device_;
+    TrayWatch trayWatch_;
+    PanelWindow window_;
+    DesktopTheme theme_;
+    PanelMenu menu_;
+    QString told_;  // what is to be told with the next presentation
+    WidgetBundle bundle_;
+    std::unique_ptr<WidgetViewController> widget_;
+    HomeWatch watch_;
+    Panel panel_;
+    OpenRows storedRows_;
+    std::unique_ptr<MomentWatch> toolTipWatch_;
+    std::unique_ptr<PanelTray> tray_;
+};
+
+}  // namespace quode::host

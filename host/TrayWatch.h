@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+namespace quode::host {
+
+/// Tells whether the desktop shows icons in a tray, and when it begins to: a desktop may start its panel after this
+/// program. Looked at by this program's own means, because Qt keeps to the first answer that it gets.
+class TrayWatch : public QObject {
+    Q_OBJECT
+
+  public:
+    TrayWatch();
+    ~TrayWatch() override;
+
+    bool isTrayThere() const;
+
+  Q_SIGNALS:
+    /// A tray has come that was not there before.
+    void appeared();
+
+  private Q_SLOTS:
+    void look();
+
+  private:
+    class XSelection;
+
+    std::unique_ptr<XSelection> selection_;  // of the older trays; null where no X display answers
+    bool wasThere_ = false;
+};
+
+}  // namespace quode::host

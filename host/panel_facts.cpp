@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "host/panel_facts.h"
+
+#include <fmt/format.h>
+
+#include <stdexcept>
+
+#include "app/day_view.h"
+#include "app/next_prayer.h"
+#include "app/session.h"
+#include "app/user_data.h"
+#include "texts/translation.h"
+
+namespace quode::host {
+namespace {
+
+constexpr int sunrise = 201;
+
+QString qt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+// The prayer whose time it is at a moment; nothing between sunrise and noon, and where the times cannot be told.
+std::optional<int> currentPrayer(const CityDay& day, std::chrono::sys_seconds now) {
+    std::optional<int> current = lastMainPrayer;  // of the evening before
+    bool isAnyKnown = false;
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        const double hours = timeOfPrayer(day, code);
+        if (hours == missingTime) continue;
+        isAnyKnown = true;
+        if (instantOf(day, hours) <= now) current = code;
+    }
+    if (!isAnyKnown || current == sunrise) return std::nullopt;
+    return current;
+}
+
+QString nextText(app::Session& session, const NextPrayer& next) {
+    const std::string left = app::durationText(session, app::timeLeft(session, next));
+    return qt(_("{0} in {1}", session.prayerName(next.code), left));
+}
+
+QString datesText(app::Session& session, const VAKDate& date) {
+    const std::string civil = app::longDate(session, date);
+    const auto hijri = app::hijriByTable(date);
+    return qt(hijri ? civil + "\n" + app::hijriText(session, *hijri) : civil);
+}
+
+QStringList notesOf(app::Session& session, const CityDay& day) {
+    app::Footnotes notes;
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        notes.latitudeMark(session, day.times, code);
+        notes.earlierDayMark(session, day.times, code);
+    }
+    QStringList lines;
+    for (const std::string& line : notes.lines()) lines << qt(line);
+    return lines;
+}
+
+}  // namespace
+
+PanelFacts panelFacts(app::Session& session) {
+    try {
+        const std::optional<CityRecord> city = app::homeCity(session);
+        if (!city) return {};
+        const Site site = siteOf(*city);
+        const CityDay day = computeCityDay(site, app::today(session, site));
+        const std::optional<NextPrayer> next = nextPrayer(site, session.now());
+        PanelFacts facts;
+        if (next) facts.next = nextText(session, *next);
+        if (next) facts.nextCode = next->code;
+        facts.dates = datesText(session, day.date);
+        facts.notes = notesOf(session, day);
+        facts.currentCode = currentPrayer(day, session.now());
+        return facts;
+    } catch (const std::runtime_error&) {
+        return {};  // of either database: the notice above the widget tells it
+    }
+}
+
+QString timesAsText(app::Session& session) {
+    try {
+        const std::optional<CityRecord> city = app::homeCity(session);
+        if (!city) return {};
+        const Site site = siteOf(*city);
+        const CityDay day = computeCityDay(site, app::today(session, site));
+        QStringList lines{qt(city->name), datesText(session, day.date)};
+        for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+            lines << qt(session.prayerName(code) + " " + app::clockText(session, timeOfPrayer(day, code)));
+        }
+        return lines.join('\n') + '\n';
+    } catch (const std::runtime_error&) {
+        return {};
+    }
+}
+
+}  // namespace quode::host

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Small helpers for the panel's own controls.
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+class QLabel;
+class QWidget;
+
+namespace quode::host {
+
+/// A label whose text is plain, wraps between words and can be selected by nobody: it belongs to the panel's surface.
+QLabel* newTextLabel(QWidget* parent, int pixelSize, bool isBold);
+
+void setTextColor(QLabel& label, const QColor& color);
+
+}  // namespace quode::host
