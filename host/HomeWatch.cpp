@@ -7,7 +7,7 @@
 namespace quode::host {
 namespace {
 
-constexpr int secondLook = 400;  // ms
+constexpr int secondLook = 500;  // ms
 
 }  // namespace
 
@@ -18,18 +18,23 @@ HomeWatch::HomeWatch(std::unique_ptr<MomentWatch> days, std::unique_ptr<MomentWa
     settling_.setInterval(settle);
     connect(days_.get(), &MomentWatch::stirred, this, &MomentWatch::stirred);
     connect(choices_.get(), &MomentWatch::stirred, this, &HomeWatch::onChoicesWritten);
+    secondLook_.setSingleShot(true);
+    secondLook_.setInterval(secondLook);
     connect(&settling_, &QTimer::timeout, this, &HomeWatch::compare);
+    connect(&secondLook_, &QTimer::timeout, this, &HomeWatch::compare);
 }
 
 void HomeWatch::watchFor(std::optional<Clock::TimePoint> moment) {
     if (moment) shown_ = shownNow_();
-    if (!moment) settling_.stop();
+    isWatching_ = moment.has_value();
+    settling_.stop();
+    secondLook_.stop();
     days_->watchFor(moment);
     choices_->watchFor(moment);
 }
 
 void HomeWatch::lookAgain() {
-    QTimer::singleShot(secondLook, &settling_, [this] { settling_.start(); });
+    if (isWatching_) secondLook_.start();
 }
 
 // Not later with each further write: somebody may write all the time.

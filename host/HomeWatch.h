@@ -28,7 +28,7 @@ class HomeWatch : public MomentWatch {
 
     void watchFor(std::optional<Clock::TimePoint> moment) override;
 
-    /// Looks once more after a while, for what could not be read.
+    /// Looks once more after a while, for what could not be read; nothing happens where nothing is watched.
     void lookAgain();
 
   Q_SIGNALS:
@@ -42,7 +42,8 @@ class HomeWatch : public MomentWatch {
     std::unique_ptr<MomentWatch> days_, choices_;
     std::function<std::string()> shownNow_;
     std::string shown_;  // when the watching began
-    QTimer settling_;
+    bool isWatching_ = false;
+    QTimer settling_, secondLook_;
 };
 
 }  // namespace quode::host

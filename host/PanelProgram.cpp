@@ -64,6 +64,12 @@ PanelProgram::~PanelProgram() {
 
 void PanelProgram::present() {
     panel_.present(QCursor::pos());
+    lookAgainForWhatCannotBeRead();
+}
+
+// Another program may keep the user's files locked.
+void PanelProgram::lookAgainForWhatCannotBeRead() {
+    if (panel_.isPresented() && !alarmStates(session_)) watch_.lookAgain();
 }
 
 void PanelProgram::prepare() {
@@ -107,7 +113,10 @@ void PanelProgram::showTray() {
     files.emplace_back(zoneFile);
     toolTipWatch_ = systemMomentWatch(session_.deviceClock(), files);
     tray_ = std::make_unique<PanelTray>([this] { return comingPrayer(session_); }, *toolTipWatch_, menu_);
-    connect(tray_.get(), &PanelTray::clicked, this, [this] { panel_.toggle(QCursor::pos()); });
+    connect(tray_.get(), &PanelTray::clicked, this, [this] {
+        panel_.toggle(QCursor::pos());
+        lookAgainForWhatCannotBeRead();
+    });
 }
 
 void PanelProgram::onDismissed() {

@@ -44,6 +44,7 @@ class PanelProgram : public QObject {
     void connectPanel();
     void showTray();
     void onDismissed();
+    void lookAgainForWhatCannotBeRead();
     MenuState menuState();
     void showAlarms();
     void switchAlarm(int code, bool isOn);

@@ -75,5 +75,19 @@ TEST_F(HomeWatchTest, ComparesWithTheHomeOfTheLastWatching) {
     EXPECT_EQ(stirred.count(), 0);
 }
 
+TEST_F(HomeWatchTest, TellsOfOtherChoicesAndLooksAgainOnlyWhileItWatches) {
+    QSignalSpy others(&watch, &HomeWatch::otherChoicesWritten);
+    watch.watchFor(moment);
+    Q_EMIT choices->stirred();
+    EXPECT_EQ(others.count(), 1);
+    EXPECT_EQ(stirred.count(), 0);
+    home = ankara;
+    watch.lookAgain();
+    EXPECT_TRUE(stirred.wait(2000));
+    watch.watchFor(std::nullopt);
+    watch.lookAgain();
+    EXPECT_FALSE(others.wait(700));
+}
+
 }  // namespace
 }  // namespace quode::test
