@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "host/PanelFooter.h"
 #include "host/PanelHeader.h"
@@ -33,12 +34,12 @@ namespace quode::host {
 namespace {
 
 constexpr double cornerRadius = 14.0;
-constexpr int padding = 8;         // above and below the widget
-constexpr int noticeMargin = 16;   // beside the text of a message
-constexpr int noticeSize = 13;     // pixels of the font
-constexpr int slimBar = 6;         // width of the scroll bar
-constexpr int fadeDuration = 150;  // ms
-constexpr int secondRequest = 60;  // ms after the first request for the focus
+constexpr int padding = 8;                                   // above and below the widget
+constexpr QMargins noticeMargins(16, padding, 16, padding);  // around the text of a message
+constexpr int noticeSize = 13;                               // pixels of the font
+constexpr int slimBar = 6;                                   // width of the scroll bar
+constexpr int fadeDuration = 150;                            // ms
+constexpr int secondRequest = 60;                            // ms after the first request for the focus
 constexpr double enoughContrast = 4.5;
 
 QPainterPath outlineOf(const QRectF& area) {
@@ -104,7 +105,7 @@ PanelWindow::PanelWindow(PanelStyle style, bool translucent)
     setFocusPolicy(Qt::StrongFocus);  // keys reach the panel before anything in it was chosen
 
     notice_->setObjectName("notice");
-    notice_->setContentsMargins(noticeMargin, padding, noticeMargin, padding);
+    notice_->setContentsMargins(noticeMargins);
     notice_->hide();
 
     auto* const layout = new QVBoxLayout(this);
@@ -171,6 +172,7 @@ void PanelWindow::releaseContent() {
 
 void PanelWindow::setContentSize(QSize size) {
     contentSize_ = size;
+    alignColumn();
     if (isVisible()) place();
 }
 
@@ -287,6 +289,7 @@ void PanelWindow::contextMenuEvent(QContextMenuEvent* event) {
 void PanelWindow::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     isSizedElsewhere_ = false;
+    alignColumn();
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {
@@ -308,9 +311,20 @@ void PanelWindow::paintEvent(QPaintEvent*) {
     painter.drawPath(outlineOf(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));
 }
 
+// What is told around the widget stands in the widget's column.
+void PanelWindow::alignColumn() {
+    const int side = isSizedElsewhere_ ? std::max(0, (width() - contentSize_.width()) / 2) : 0;
+    for (QWidget* const part :
+         {static_cast<QWidget*>(header_), static_cast<QWidget*>(notice_), static_cast<QWidget*>(footer_)}) {
+        part->setContentsMargins(part == notice_ ? noticeMargins + QMargins(side, 0, side, 0)
+                                                 : QMargins(side, 0, side, 0));
+    }
+}
+
 void PanelWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (isVisible() && event->size() != askedSize_) isSizedElsewhere_ = true;
+    alignColumn();
     if (canBeTranslucent_) return;
     if (isRounded()) {
         setMask(QRegion(outlineOf(rect()).toFillPolygon().toPolygon()));

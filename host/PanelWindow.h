@@ -91,6 +91,7 @@ class PanelWindow : public QWidget {
     void fadeIn();
     void insistOnFocus();
     void onChildOfContent(QObject* child);
+    void alignColumn();
 
     PanelStyle style_;
     bool canBeTranslucent_;
