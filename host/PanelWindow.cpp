@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -17,7 +18,6 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "host/PanelFooter.h"
 #include "host/PanelHeader.h"
@@ -78,6 +78,17 @@ QScrollArea* newScrollArea(QWidget* parent) {
     return scroll;
 }
 
+// What is told around the widget stands in the widget's column: a part is as wide as it may be, in the middle.
+QHBoxLayout* columnOf(QWidget* part) {
+    constexpr int nearlyAll = 10000;
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addStretch(1);
+    row->addWidget(part, nearlyAll);
+    row->addStretch(1);
+    return row;
+}
+
 // The letters of a toast are those of the colour scheme. One scheme's are too dark for the grey of the box.
 void makeReadable(const MessageView& toast) {
     const Color card{cardColor.redF(), cardColor.greenF(), cardColor.blueF(), 1.0};
@@ -111,10 +122,10 @@ PanelWindow::PanelWindow(PanelStyle style, bool translucent)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(header_);
-    layout->addWidget(notice_);
+    layout->addLayout(columnOf(header_));
+    layout->addLayout(columnOf(notice_));
     layout->addWidget(scroll_, 1);
-    layout->addWidget(footer_);
+    layout->addLayout(columnOf(footer_));
     setTheme(*theme_);
 }
 
@@ -172,7 +183,7 @@ void PanelWindow::releaseContent() {
 
 void PanelWindow::setContentSize(QSize size) {
     contentSize_ = size;
-    alignColumn();
+    for (QWidget* const part : partsAround()) part->setMaximumWidth(size.width());
     if (isVisible()) place();
 }
 
@@ -182,10 +193,13 @@ void PanelWindow::setNotice(const QString& text) {
     if (isVisible()) place();
 }
 
+std::array<QWidget*, 3> PanelWindow::partsAround() const {
+    return {header_, notice_, footer_};
+}
+
 int PanelWindow::heightAround(int width) const {
     int height = 2 * padding;
-    for (const QWidget* part : {static_cast<const QWidget*>(header_), static_cast<const QWidget*>(notice_),
-                                static_cast<const QWidget*>(footer_)}) {
+    for (const QWidget* const part : partsAround()) {
         if (part->isHidden()) continue;
         height += part->hasHeightForWidth() ? part->heightForWidth(width) : part->sizeHint().height();
     }
@@ -289,7 +303,6 @@ void PanelWindow::contextMenuEvent(QContextMenuEvent* event) {
 void PanelWindow::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     isSizedElsewhere_ = false;
-    alignColumn();
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {
@@ -311,20 +324,9 @@ void PanelWindow::paintEvent(QPaintEvent*) {
     painter.drawPath(outlineOf(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));
 }
 
-// What is told around the widget stands in the widget's column.
-void PanelWindow::alignColumn() {
-    const int side = isSizedElsewhere_ ? std::max(0, (width() - contentSize_.width()) / 2) : 0;
-    for (QWidget* const part :
-         {static_cast<QWidget*>(header_), static_cast<QWidget*>(notice_), static_cast<QWidget*>(footer_)}) {
-        part->setContentsMargins(part == notice_ ? noticeMargins + QMargins(side, 0, side, 0)
-                                                 : QMargins(side, 0, side, 0));
-    }
-}
-
 void PanelWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (isVisible() && event->size() != askedSize_) isSizedElsewhere_ = true;
-    alignColumn();
     if (canBeTranslucent_) return;
     if (isRounded()) {
         setMask(QRegion(outlineOf(rect()).toFillPolygon().toPolygon()));

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QSize>
 #include <QWidget>
+#include <array>
 
 class QLabel;
 class QMenu;
@@ -91,7 +92,7 @@ class PanelWindow : public QWidget {
     void fadeIn();
     void insistOnFocus();
     void onChildOfContent(QObject* child);
-    void alignColumn();
+    std::array<QWidget*, 3> partsAround() const;
 
     PanelStyle style_;
     bool canBeTranslucent_;

@@ -51,6 +51,7 @@ std::optional<QRectF> RowMarks::markOf(std::optional<int> code) const {
 }
 
 void RowMarks::paintEvent(QPaintEvent*) {
+    if (!current_ && !next_) return;
     const GlobalFuncs& services = GlobalFuncs::globalFuncs();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
