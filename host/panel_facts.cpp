@@ -2,15 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/panel_facts.h"
 
-#include <fmt/format.h>
-
 #include <stdexcept>
 
 #include "app/day_view.h"
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "app/user_data.h"
-#include "texts/translation.h"
 
 namespace quode::host {
 namespace {
@@ -35,9 +32,8 @@ std::optional<int> currentPrayer(const CityDay& day, std::chrono::sys_seconds no
     return current;
 }
 
-QString nextText(app::Session& session, const NextPrayer& next) {
-    const std::string left = app::durationText(session, app::timeLeft(session, next));
-    return qt(_("{0} in {1}", session.prayerName(next.code), left));
+QString nextText(app::Session& session, const Site& site, const NextPrayer& next) {
+    return qt(session.prayerName(next.code) + " " + app::timeLeftText(session, site, next));
 }
 
 QString datesText(app::Session& session, const VAKDate& date) {
@@ -67,7 +63,7 @@ PanelFacts panelFacts(app::Session& session) {
         const CityDay day = computeCityDay(site, app::today(session, site));
         const std::optional<NextPrayer> next = nextPrayer(site, session.now());
         PanelFacts facts;
-        if (next) facts.next = nextText(session, *next);
+        if (next) facts.next = nextText(session, site, *next);
         if (next) facts.nextCode = next->code;
         facts.dates = datesText(session, day.date);
         facts.notes = notesOf(session, day);
