@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "app/dates.h"
+#include "app/method_choice.h"
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "common/calendar.h"
@@ -48,7 +49,7 @@ std::string daysText(Session& session, const ZoneDisagreement& problem) {
 }
 
 std::string superscript(std::size_t number) {
-    constexpr std::array<const char*, 4> digits{"⁰", "¹", "²", "³"};
+    constexpr std::array<const char*, 10> digits{"⁰", "¹", "²", "³", "⁴", "⁵", "⁶", "⁷", "⁸", "⁹"};
     return number < digits.size() ? digits[number] : fmt::format("({})", number);
 }
 
@@ -170,6 +171,14 @@ std::optional<double> computedLatitude(const PrayTimes& times) {
     return times.newLat - std::copysign(1.0, times.newLat);  // newLat is the one before the last step
 }
 
+std::optional<double> computedLatitude(const CityDay& day) {
+    if (isByEngine(day)) return computedLatitude(day.times);
+    const bool isOther = day.method.mark(firstPrayer).source == TimeSource::otherLatitude ||
+                         day.method.mark(firstPrayer + 1).source == TimeSource::otherLatitude;
+    if (!isOther) return std::nullopt;
+    return day.method.usedLatitude;
+}
+
 std::string latitudeNote(Session& session, double lowest, double highest) {
     const auto text = [&session](double latitude) {
         return fmt::format("{}° {}", decimal(session.texts(), std::abs(latitude), 1), latitude < 0.0 ? 'S' : 'N');
@@ -190,6 +199,11 @@ std::string Footnotes::earlierDayMark(Session& session, const PrayTimes& times, 
     if (!isShown) return "";
     const Texts& texts = session.texts();
     return mark(std::string(code == firstPrayer ? texts.fallbackImsak : texts.fallbackYatsi));
+}
+
+std::string Footnotes::sourceMark(const CityDay& day, int code) {
+    const std::optional<std::string> note = sourceNote(day, code);
+    return note ? mark(*note) : "";
 }
 
 std::string Footnotes::mark(const std::string& text) {

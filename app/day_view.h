@@ -72,6 +72,8 @@ Fallbacks fallbacksOf(const PrayTimes& times, int code);
 
 /// The latitude for which the times were computed; nothing when it is the place's own.
 std::optional<double> computedLatitude(const PrayTimes& times);
+/// The same, also of a day by another method than the engine's.
+std::optional<double> computedLatitude(const CityDay& day);
 
 /// "The Sun does not both rise and set here ...": the note for times that were computed for another latitude.
 /// @param lowest,highest  degrees: the latitudes that were used
@@ -83,6 +85,8 @@ class Footnotes {
     // The mark of a time, such as "¹"; empty when it does not come from that fallback.
     std::string latitudeMark(Session& session, const PrayTimes& times, int code);
     std::string earlierDayMark(Session& session, const PrayTimes& times, int code);
+    /// The mark of a time that the chosen method, a table or the user changed.
+    std::string sourceMark(const CityDay& day, int code);
 
     /// The numbered explanations.
     std::vector<std::string> lines() const;

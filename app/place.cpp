@@ -12,12 +12,15 @@
 #include "common/LanguagePack.h"
 #include "common/numbers.h"
 #include "data/posix_zone.h"
+#include "data/user_places.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
 
 constexpr int mecca = 104515;
 constexpr int suggestionCount = 5;
+constexpr double sameTerrainKm = 15.0;  // from a city whose height stands for a point
 
 struct Point {
     double latitude = 0.0;
@@ -53,6 +56,7 @@ ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
     place.city.zone = nearest.zone;
     place.city.rule = nearest.rule;
     place.city.temkin = nearest.temkin;
+    if (place.nearest->distanceKm < sameTerrainKm) place.city.choice.height = nearest.elevation.value_or(0);
     return place;
 }
 
@@ -137,15 +141,28 @@ const char* sourceName(PlaceSource source) {
     }
 }
 
-}  // namespace
-
-ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish) {
+ChosenPlace placeWithoutChoice(Session& session, const std::optional<std::string>& wish) {
     if (wish) return placeNamed(session, *wish);
     if (const auto variable = session.variable("QUODE_CITY")) {
         return placeOfVariable(session, *variable);
     }
     if (const auto home = homeCity(session)) return {*home, PlaceSource::home, {}};
     return placeOfSystem(session);
+}
+
+}  // namespace
+
+ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish) {
+    ChosenPlace place = placeWithoutChoice(session, wish);
+    CityRecord& city = place.city;
+    if (city.id == 0) return place;
+    city.choice = readSiteChoice(userDatabaseFile(session.dataFolder()), city.id);
+    if (city.choice.isUnreadable) {
+        session.complain(
+            _("What is stored about the method of {} cannot be read. Choose it again: quode method set KEY", city.name),
+            ExitCode::userData);
+    }
+    return place;
 }
 
 std::string regionAndCountry(Session& session, const CityRecord& city) {

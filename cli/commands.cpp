@@ -65,6 +65,9 @@ std::vector<Command> allCommands() {
         group("alarm", "Alarms for the prayers",
               {alarmListCommand(), alarmSetCommand(), alarmOnCommand(), alarmOffCommand(), alarmUpcomingCommand(),
                alarmTestCommand()}),
+        group("method", "How the times are computed: authorities, angles, your own minutes",
+              {methodListCommand(), methodShowCommand(), methodSuggestCommand(), methodCompareCommand(),
+               methodSetCommand()}),
         settingsCommand(),
         with(doctorCommand(), {doctorZonesCommand()}),
     };

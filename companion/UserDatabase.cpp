@@ -10,6 +10,7 @@
 
 #include "common/printable.h"
 #include "common/utf8.h"
+#include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
@@ -107,7 +108,9 @@ void UserDatabase::writeCityRows(std::vector<CityRow> rows) {
 }
 
 std::optional<CityRecord> UserDatabase::place(int id) const {
-    return isUserPlace(id) ? userPlace(connection_->handle(), *cities_, id) : cities_->city(id);
+    auto place = isUserPlace(id) ? userPlace(connection_->handle(), *cities_, id) : cities_->city(id);
+    if (place) place->choice = readSiteChoice(connection_->handle(), id);
+    return place;
 }
 
 std::vector<UserCity> UserDatabase::cities() const {
@@ -170,6 +173,7 @@ void UserDatabase::removeCity(int id) {
         std::vector<CityRow> rows = cityRows();
         rows.erase(rowOf(rows, id));
         connection_->run("DELETE FROM USER_PLACE WHERE ID = ?", {id});
+        forgetSiteChoice(*connection_, id);
         writeCityRows(std::move(rows));
     });
 }

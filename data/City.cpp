@@ -47,6 +47,7 @@ void City::changeTemkin() {
 
 void City::getAllCityInfo(City& city) const {
     const int id = leadingNumber<int>(city.cityId_);
+    city.setChoice(readSiteChoice(userDatabaseFile(globalFuncs_->dataFolder()), id));
     if (isUserPlace(id)) return fillWithUserPlace(city, id, globalFuncs_->dataFolder(), globalFuncs_->appBundlePath());
     const sqlite::Database database = sqlite::openUnchanging(globalFuncs_->appBundlePath() + "/database/cities.sqlite");
     if (!database) return;

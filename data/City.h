@@ -7,6 +7,7 @@
 
 #include "astro/PrayTimes.h"
 #include "astro/SkyRecords.h"
+#include "data/SiteChoice.h"
 
 namespace quode {
 
@@ -47,6 +48,10 @@ class City {
     /// is not possible: without the database, or without such a city, `city` stays as it was. Use `CityDatabase` where
     /// the user has to be told.
     void getAllCityInfo(City& city) const;
+
+    /// The method and the table that the user chose for the city; filled by `getAllCityInfo`.
+    const SiteChoice& choice() const { return choice_; }
+    void setChoice(SiteChoice choice) { choice_ = std::move(choice); }
 
     // The facts, each under its own name; see the fields below.
     const std::string& cityId() const { return cityId_; }
@@ -101,6 +106,7 @@ class City {
     void setLongitudeStr(std::string value) { longitudeStr_ = std::move(value); }
 
   private:
+    SiteChoice choice_;
     double qAngle_ = 0.0;
     double mVariation_ = 0.0;
     PrayTimes aNamazVakitleri_;

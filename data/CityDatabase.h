@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "data/CityMatch.h"
+#include "data/SiteChoice.h"
 #include "data/zone_rules.h"
 
 namespace quode {
@@ -33,6 +34,7 @@ struct CityRecord {
     bool temkin = true;            ///< the margin is used
     long population = 0;           ///< 0 = not known
     std::optional<int> elevation;  ///< metres
+    SiteChoice choice = {};        ///< of one of the user's cities: the method of its times
 };
 
 /// A place found by a search.

@@ -43,7 +43,9 @@ seconds offsetOf(double hours) {
 }  // namespace
 
 Site siteOf(const CityRecord& city) {
-    return {city.latitude, city.longitude, city.rule, city.temkin};
+    Site site{city.latitude, city.longitude, city.rule, city.temkin, city.choice};
+    if (site.choice.height == 0.0) site.choice.height = city.elevation.value_or(0);
+    return site;
 }
 
 Site siteOf(const City& city) {
@@ -58,6 +60,7 @@ Site siteOf(const City& city) {
     site.rule.stopDay = leadingNumber<int>(city.stopDay());
     site.rule.hour = leadingNumber<int>(city.hour());
     site.temkin = leadingNumber<int>(city.temkin()) == 1;
+    site.choice = city.choice();
     return site;
 }
 
@@ -69,13 +72,14 @@ void setEngine(FastAstro& engine, const Site& site, const VAKDate& day) {
                     rule.stopMonth, rule.stopDay, rule.hour, site.temkin ? 1 : 0);
 }
 
-void computeTimes(FastAstro& engine, CityDay& result) {
+void computeTimes(FastAstro& engine, const Site& site, CityDay& result) {
     const Place& place = engine.CalculatePrayTimes();
     result.date = engine.iCurrentDate();
     result.times = place.TodayPrayTimes;
     result.GMTValue = place.GMTValue;
     result.isDSTTime = place.isDSTTime;
     result.kible = place.KibleAngle;
+    applyChoice(site, result);
 }
 
 CityDay computeCityDay(const Site& site, const VAKDate& day) {
@@ -83,7 +87,7 @@ CityDay computeCityDay(const Site& site, const VAKDate& day) {
     FastAstro engine;
     engine.setTimesOnly(true);
     setEngine(engine, site, day);
-    computeTimes(engine, result);
+    computeTimes(engine, site, result);
     result.sky = withLocalSun(engine.getSomeInfoForQuodeWidget(), result.GMTValue);
     result.declination =
         MagneticVariation::declination(MagneticVariation::fieldAt(day.Days, day.Months, day.Years),

@@ -10,6 +10,8 @@
 #include "common/prayer.h"
 #include "data/City.h"
 #include "data/CityDatabase.h"
+#include "data/SiteChoice.h"
+#include "data/day_method.h"
 #include "data/zone_rules.h"
 
 namespace quode {
@@ -19,7 +21,8 @@ struct Site {
     double latitude = 0.0;   ///< degrees, north positive
     double longitude = 0.0;  ///< degrees, east positive
     ZoneRule rule;
-    bool temkin = true;  ///< safety margin for 500 m of height; 250 m otherwise
+    bool temkin = true;      ///< safety margin for 500 m of height; 250 m otherwise
+    SiteChoice choice = {};  ///< the method and table that the user chose
 
     friend bool operator==(const Site&, const Site&) = default;
 };
@@ -38,6 +41,7 @@ struct CityDay {
     bool isDSTTime = false;    ///< summer time is in force
     KiblePair kible;           ///< the qibla, see `FastAstro::KibleAcisi`
     double declination = 0.0;  ///< magnetic declination, degrees east of true north
+    DayMethod method;          ///< how the times came about
 };
 
 /// Computes a day. Only the date of `day` counts.

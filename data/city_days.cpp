@@ -45,7 +45,7 @@ void CityDays::compute(const Site& site, const VAKDate& day, CityDay& result) {
 
 void CityDays::computeTimes(const Site& site, const VAKDate& day, CityDay& result) {
     setEngine(engine_, site, day);
-    quode::computeTimes(engine_, result);
+    quode::computeTimes(engine_, site, result);
 }
 
 double CityDays::declination(const Site& site, const VAKDate& day) {

@@ -15,6 +15,6 @@ void setEngine(FastAstro& engine, const Site& site, const VAKDate& day);
 
 /// The prayer times of an engine that has been set, with its clock and the qibla. The sky and the magnetic declination
 /// stay as they are.
-void computeTimes(FastAstro& engine, CityDay& result);
+void computeTimes(FastAstro& engine, const Site& site, CityDay& result);
 
 }  // namespace quode

@@ -5,6 +5,7 @@
 
 #include "app/dates.h"
 #include "app/day_view.h"
+#include "app/method_choice.h"
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "cli/commands.h"
@@ -64,6 +65,7 @@ std::string filled(Session& session, const ComingPrayer& coming, std::string_vie
 void runNext(Session& session, const Arguments& arguments) {
     ComingPrayer coming;
     coming.place = choosePlace(session, arguments.text("city"));
+    useMethod(arguments, coming.place);
     coming.site = siteOf(coming.place.city);
     const std::optional<NextPrayer> prayer = nextPrayer(coming.site, session.now());
     if (!prayer) throw Failure(ExitCode::notFound, "No prayer time exists at this place today and tomorrow.");
@@ -81,11 +83,11 @@ void runNext(Session& session, const Arguments& arguments) {
 }  // namespace
 
 Command nextCommand() {
-    return {"next",
-            "The coming prayer and the time left, in one line",
-            {cityParameter(),
-             {Parameter::Kind::option, "format", "TEMPLATE", "The line, such as \"{name} {time} in {left}\""}},
-            runNext};
+    std::vector<Parameter> parameters{
+        cityParameter(),
+        {Parameter::Kind::option, "format", "TEMPLATE", "The line, such as \"{name} {time} in {left}\""}};
+    for (Parameter& parameter : methodParameters()) parameters.push_back(std::move(parameter));
+    return {"next", "The coming prayer and the time left, in one line", std::move(parameters), runNext};
 }
 
 }  // namespace quode::cli

@@ -4,9 +4,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 
 #include "app/dates.h"
 #include "app/day_view.h"
+#include "app/method_choice.h"
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
@@ -26,6 +28,7 @@ struct Timetable {
 Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<Month> months) {
     Timetable table;
     table.place = choosePlace(session, arguments.text("city"));
+    useMethod(arguments, table.place);
     table.site = siteOf(table.place.city);
     table.today = today(session, table.site);
     table.months = std::move(months);
@@ -96,14 +99,18 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
     }
     for (int code = prayers.first; code <= prayers.last; ++code) {
         row.push_back(clockText(session, timeOfPrayer(day, code)) +
-                      notes.earlierDay.earlierDayMark(session, day.times, code));
+                      notes.earlierDay.earlierDayMark(session, day.times, code) +
+                      notes.earlierDay.sourceMark(day, code));
     }
     return row;
 }
 
 // Marks make some cells wider; the digits shall stay below each other.
 void alignMarks(std::vector<std::vector<std::string>>& rows, std::size_t firstColumn) {
-    const auto isMarked = [](const std::string& cell) { return cell.ends_with("¹") || cell.ends_with("²"); };
+    const auto isMarked = [](const std::string& cell) {
+        return std::ranges::any_of(std::array{"¹", "²", "³", "⁴", "⁵", "⁶"},
+                                   [&](const char* mark) { return cell.ends_with(mark); });
+    };
     for (std::size_t column = firstColumn; column < rows.front().size(); ++column) {
         const auto isCellMarked = [&](const auto& row) { return isMarked(row[column]); };
         if (std::none_of(rows.begin(), rows.end(), isCellMarked)) continue;
@@ -172,6 +179,7 @@ void printClockChanges(Session& session, const Timetable& table) {
 
 void printTable(Session& session, const Timetable& table) {
     printPlace(session, table.place);
+    printMethod(session, table.site);
     session.print();
     TableNotes notes;
     for (const Month& month : table.months) printMonth(session, table, month, notes);
@@ -198,6 +206,7 @@ std::vector<std::string> notesOf(const CityDay& day) {
         if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
         if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
     }
+    for (std::string& note : methodNotes(day)) notes.push_back(std::move(note));
     return notes;
 }
 
@@ -233,7 +242,8 @@ Json dayJson(Session& session, const CityDay& day) {
                    {"utc_offset", day.GMTValue},
                    {"summer_time", day.isDSTTime},
                    {"prayers", Json(std::move(times))},
-                   {"computed_latitude", computedLatitude(day.times)},
+                   {"computed_latitude", computedLatitude(day)},
+                   {"method", methodJson(day)},
                    {"notes", notes}});
 }
 
@@ -274,10 +284,12 @@ void runYear(Session& session, const Arguments& arguments) {
 }
 
 std::vector<Parameter> parameters(const char* word, const char* help) {
-    return {{Parameter::Kind::word, word, "", help},
-            cityParameter(),
-            formatParameter(),
-            {Parameter::Kind::toggle, "all", "", "All nine times, not only the six main ones"}};
+    std::vector<Parameter> all{{Parameter::Kind::word, word, "", help},
+                               cityParameter(),
+                               formatParameter(),
+                               {Parameter::Kind::toggle, "all", "", "All nine times, not only the six main ones"}};
+    for (Parameter& parameter : methodParameters()) all.push_back(std::move(parameter));
+    return all;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "app/dates.h"
 #include "app/day_view.h"
+#include "app/method_choice.h"
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "app/text_layout.h"
@@ -38,6 +39,7 @@ DayPage pageOf(Session& session, const Arguments& arguments) {
     DayPage page;
     const std::optional<VAKDate> wished = wishedDate(arguments);
     page.place = choosePlace(session, arguments.text("city"));
+    useMethod(arguments, page.place);
     page.site = siteOf(page.place.city);
     page.today = today(session, page.site);
     page.day = computeCityDay(page.site, wished.value_or(page.today));
@@ -104,6 +106,7 @@ Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
     const PrayTimes& times = page.day.times;
     std::string marks = notes.latitudeMark(session, times, code);  // the first to be numbered
     marks += notes.earlierDayMark(session, times, code);
+    marks += notes.sourceMark(page.day, code);
     if (isNext) remark += (remark.empty() ? "" : ", ") + timeLeftText(session, page.site, *page.next);
     return {{isNext ? "›" : " ", session.prayerName(code), clockText(session, hours, page.withSeconds), marks, remark},
             isNext,
@@ -175,7 +178,9 @@ void printFacts(Session& session, const DayPage& page) {
 void printNotes(Session& session, const DayPage& page, const Footnotes& notes) {
     const Style& style = session.style();
     session.print();
-    session.print(style.dim(wrapped(marginText(session, page), pageWidth, 0)));
+    if (isByEngine(page.day)) session.print(style.dim(wrapped(marginText(session, page), pageWidth, 0)));
+    printMethod(session, page.site);
+    for (const std::string& remark : methodRemarks(page.day)) session.print(style.dim(wrapped(remark, pageWidth, 0)));
     for (const std::string& line : notes.lines()) session.print(wrapped(line, pageWidth, 2));
     printWarnings(session, page.warnings);
 }
@@ -236,7 +241,8 @@ Json pageJson(Session& session, const DayPage& page) {
                    {"magnetic_declination", declinationJson(page.day)},
                    {"margin", object({{"minutes", page.marginHours * 60.0}, {"height_metres", marginHeight(page)}})},
                    {"rounding", "31 seconds and more round the minute up"},
-                   {"computed_latitude", computedLatitude(page.day.times)},
+                   {"computed_latitude", computedLatitude(page.day)},
+                   {"method", methodJson(page.day)},
                    {"warnings", warningsJson(page.warnings)}});
 }
 
@@ -252,10 +258,10 @@ void runToday(Session& session, const Arguments& arguments) {
 }  // namespace
 
 Command todayCommand() {
-    return {"today",
-            "The times of a day (the default)",
-            {cityParameter(), dateParameter(), {Parameter::Kind::toggle, "seconds", "", "Show seconds, unrounded"}},
-            runToday};
+    std::vector<Parameter> parameters{
+        cityParameter(), dateParameter(), {Parameter::Kind::toggle, "seconds", "", "Show seconds, unrounded"}};
+    for (Parameter& parameter : methodParameters()) parameters.push_back(std::move(parameter));
+    return {"today", "The times of a day (the default)", std::move(parameters), runToday};
 }
 
 }  // namespace quode::cli

@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/method_choice.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "app/day_view.h"
+#include "app/failure.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "common/numbers.h"
+#include "texts/translation.h"
+
+namespace quode::app {
+namespace {
+
+using conventions::Convention;
+using conventions::Method;
+using conventions::Prayer;
+using Kind = Parameter::Kind;
+
+constexpr int hanafiFactor = 2;
+
+[[noreturn]] void refuse(const std::string& text) {
+    throw Failure(ExitCode::usage, text);
+}
+
+std::optional<double> numberArgument(const Arguments& arguments, const char* name) {
+    const auto text = arguments.text(name);
+    if (!text) return std::nullopt;
+    const auto number = numberOf<double>(*text);
+    if (!number) refuse(_("--{} needs a number, not \"{}\".", name, *text));
+    return number;
+}
+
+/// Reads "fajr=+2,isha=-1".
+void readAdjustments(std::string_view text, Method& method) {
+    method.adjust = {};
+    while (!text.empty()) {
+        const std::size_t comma = text.find(',');
+        const std::string_view part = trimmed(text.substr(0, comma));
+        text = comma == std::string_view::npos ? std::string_view{} : text.substr(comma + 1);
+        const std::size_t equals = part.find('=');
+        const auto prayer = conventions::prayerNamed(part.substr(0, equals));
+        const auto minutes = equals == std::string_view::npos ? std::nullopt : numberOf<int>(part.substr(equals + 1));
+        if (!prayer || !minutes) {
+            refuse(
+                _("\"{}\" is no adjustment. Write prayers and minutes, such as --adjust fajr=+2,isha=-1; the prayers "
+                  "are fajr, sunrise, dhuhr, asr, maghrib and isha.",
+                  std::string(part)));
+        }
+        method.adjust[static_cast<std::size_t>(*prayer)] = *minutes;
+    }
+}
+
+std::string highLatitudeKeys() {
+    std::string keys;
+    for (const auto& name : conventions::highLatitudeNames()) {
+        keys.append(keys.empty() ? "" : ", ").append(name.key);
+    }
+    return keys;
+}
+
+const Convention* conventionOfDay(const CityDay& day) {
+    return conventions::findConvention(day.method.method.key);
+}
+
+bool isByConvention(const CityDay& day) {
+    const Convention* convention = conventionOfDay(day);
+    return convention != nullptr && convention->computation == conventions::Computation::rules;
+}
+
+const char* keyOf(TimeSource source) {
+    switch (source) {
+        case TimeSource::highLatitude:
+            return "high_latitude";
+        case TimeSource::otherLatitude:
+            return "other_latitude";
+        case TimeSource::ownRule:
+            return "own_rule";
+        case TimeSource::table:
+            return "table";
+        case TimeSource::convention:
+            return "convention";
+        default:
+            return "engine";
+    }
+}
+
+Json pointJson(const CityDay& day) {
+    if (!isByConvention(day)) return nullptr;
+    const conventions::UsedPoint& point = day.method.point;
+    return object({{"name", point.name.empty() ? Json() : Json(point.name)},
+                   {"latitude", point.latitude},
+                   {"longitude", point.longitude},
+                   {"certain", point.isCertain}});
+}
+
+}  // namespace
+
+std::vector<Parameter> methodParameters() {
+    return {{Kind::option, "method", "KEY", _("Another method than the city's: quode method list")},
+            {Kind::option, "height", "METRES", _("The height of the place, for methods that need it")}};
+}
+
+std::vector<Parameter> methodChangeParameters() {
+    Parameter asr{Kind::option, "asr", "SCHOOL", _("The shadow of Asr: standard or hanafi")};
+    asr.choices = {"standard", "hanafi"};
+    return {asr,
+            {Kind::option, "high-latitude", "RULE", _("Where the angle is not reached: {}", highLatitudeKeys())},
+            {Kind::option, "fajr-angle", "DEGREES", _("Your own angle for Fajr")},
+            {Kind::option, "isha-angle", "DEGREES", _("Your own angle for Isha")},
+            {Kind::option, "adjust", "PRAYER=MINUTES,...", _("Minutes added, such as fajr=+2,isha=-1")},
+            {Kind::option, "height", "METRES", _("The height of the place, for methods that need it")},
+            {Kind::option, "zone", "ZONE", _("The zone of a Malaysian place, such as WLY01")}};
+}
+
+const Convention& conventionNamed(const std::string& key) {
+    const Convention* found = conventions::findConvention(key);
+    if (found != nullptr) return *found;
+    throw Failure(ExitCode::notFound, _("No method is called \"{}\". Show all of them with: quode method list", key));
+}
+
+Method methodWith(Method method, const Arguments& arguments) {
+    if (const auto asr = arguments.text("asr")) method.asrFactor = *asr == "hanafi" ? hanafiFactor : 1;
+    if (const auto rule = arguments.text("high-latitude")) {
+        method.highLatitude = conventions::highLatitudeRuleOf(*rule);
+        if (!method.highLatitude) {
+            refuse(_("No rule for high latitudes is called \"{}\". There are: {}.", *rule, highLatitudeKeys()));
+        }
+    }
+    if (const auto angle = numberArgument(arguments, "fajr-angle")) method.fajrAngle = angle;
+    if (const auto angle = numberArgument(arguments, "isha-angle")) method.ishaAngle = angle;
+    if (const auto height = numberArgument(arguments, "height")) method.height = height;
+    if (const auto zone = arguments.text("zone")) method.zone = *zone;
+    if (const auto minutes = arguments.text("adjust")) readAdjustments(*minutes, method);
+    if (const auto problem = conventions::problemOf(method)) refuse(*problem);
+    return method;
+}
+
+void useMethod(const Arguments& arguments, ChosenPlace& place) {
+    SiteChoice& choice = place.city.choice;
+    if (const auto key = arguments.text("method")) {
+        choice.method = {};
+        choice.method.key = conventionNamed(*key).key;
+        choice.table.reset();
+    }
+    if (const auto height = numberArgument(arguments, "height")) {
+        choice.method.height = height;
+        if (const auto problem = conventions::problemOf(choice.method)) refuse(*problem);
+    }
+}
+
+std::string methodLine(const Site& site) {
+    const SiteChoice& choice = site.choice;
+    if (choice.isDefault()) return "";
+    const Convention* convention = conventions::findConvention(choice.method.key);
+    const std::string name(convention == nullptr ? choice.method.key : std::string(convention->name));
+    std::string line = choice.table
+                           ? _("Times of the imported table \"{}\"; on other dates by {}", choice.table->name, name)
+                           : _("Times by {}", name);
+    if (choice.method.asrFactor == hanafiFactor) line += _("; Hanafi Asr");
+    if (choice.method.asrFactor == 1) line += _("; standard Asr");
+    if (choice.method.fajrAngle || choice.method.ishaAngle) line += _("; with your own angles");
+    if (choice.method.highLatitude) line += _("; your rule for high latitudes");
+    if (choice.method.adjust != Method{}.adjust) line += _("; with your own minutes");
+    return line;
+}
+
+void printMethod(Session& session, const Site& site) {
+    const std::string line = methodLine(site);
+    if (!line.empty()) session.print(session.style().dim(wrapped(line, pageWidth, 0)));
+}
+
+bool isByEngine(const CityDay& day) {
+    return !isByConvention(day);
+}
+
+std::vector<std::string> methodRemarks(const CityDay& day) {
+    std::vector<std::string> remarks;
+    if (!isByConvention(day)) return remarks;
+    const Convention& convention = *conventionOfDay(day);
+    const conventions::UsedPoint& point = day.method.point;
+    if (convention.point == conventions::PointRule::jakimZones) {
+        remarks.push_back(point.name.empty()
+                              ? _("No zone of Malaysia lies here; the times are those of the place itself.")
+                          : point.isCertain ? _("Zone {}.", point.name)
+                                            : _("The zone {} is not certain. Choose yours: quode method set jakim "
+                                                "--zone ZONE",
+                                                point.name));
+    } else if (!point.name.empty()) {
+        remarks.push_back(_("Computed for the point of the authority: {}.", point.name));
+    }
+    if (convention.isCommonDefinition) {
+        remarks.emplace_back(_("A common definition, not checked against published rows."));
+    }
+    return remarks;
+}
+
+std::vector<std::string> methodNotes(const CityDay& day) {
+    std::vector<std::string> notes;
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const TimeMark& mark = day.method.mark(code);
+        if (timeOfPrayer(day, code) == missingTime) continue;
+        const bool isPlain = mark.source == TimeSource::engine || mark.source == TimeSource::convention;
+        if (!isPlain) notes.push_back(prayerKey(code) + "_" + keyOf(mark.source));
+        if (mark.adjusted != 0) notes.push_back(fmt::format("{}_adjusted{:+d}", prayerKey(code), mark.adjusted));
+    }
+    return notes;
+}
+
+std::optional<std::string> sourceNote(const CityDay& day, int code) {
+    const TimeMark& mark = day.method.mark(code);
+    if (timeOfPrayer(day, code) == missingTime) return std::nullopt;
+    switch (mark.source) {
+        case TimeSource::highLatitude:
+            return _("by the rule for high latitudes: the Sun does not sink far enough, or too late in the night");
+        case TimeSource::otherLatitude:
+            return _("computed for the latitude {}°, for the Sun does not both rise and set here that day",
+                     fixedText(day.method.usedLatitude, 1));
+        case TimeSource::ownRule:
+            return _("by Quode's own rule, for this method does not define it");
+        case TimeSource::table:
+            return _("of the imported table");
+        default:
+            break;
+    }
+    if (mark.adjusted != 0)
+        return _n("with your adjustment of {:+d} minute", "with your adjustment of {:+d} minutes", mark.adjusted);
+    return std::nullopt;
+}
+
+Json methodJson(const CityDay& day) {
+    const Convention* convention = conventionOfDay(day);
+    Json::Object sources;
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const TimeMark& mark = day.method.mark(code);
+        sources.emplace_back(prayerKey(code),
+                             object({{"source", keyOf(mark.source)}, {"adjusted_minutes", mark.adjusted}}));
+    }
+    return object({{"key", day.method.method.key},
+                   {"name", convention == nullptr ? Json() : Json(std::string(convention->name))},
+                   {"options", conventions::textOf(day.method.method)},
+                   {"point", pointJson(day)},
+                   {"table", day.method.hasTable ? Json(day.method.tableName) : Json()},
+                   {"from_table", day.method.isFromTable},
+                   {"times", Json(std::move(sources))}});
+}
+
+}  // namespace quode::app

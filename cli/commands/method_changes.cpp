@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// quode method set: chooses the method of a city.
+#include "app/alarm_calendar.h"
+#include "app/day_view.h"
+#include "app/method_choice.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_data.h"
+#include "cli/commands.h"
+#include "companion/SiteChoices.h"
+#include "companion/user_connection.h"
+#include "texts/translation.h"
+
+namespace quode::cli {
+namespace {
+
+void runSet(Session& session, const Arguments& arguments) {
+    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+    const CityRecord& city = place.city;
+    if (city.id == 0) {
+        throw Failure(ExitCode::usage, _("A method is kept for a city. Give the place a name first: quode city add "
+                                         "LAT,LON --name NAME"));
+    }
+    conventions::Method method;
+    method.key = conventionNamed(arguments.text("KEY").value_or("")).key;
+    method = methodWith(method, arguments);
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar calendar(session, database);
+    database.connection().change([&] {
+        storeMethod(database.connection(), city.id, method, city.elevation.value_or(0));
+        database.refreshPrayerTimes();
+    });
+    calendar.renew();
+    CityRecord changed = city;
+    changed.choice.method = method;
+    const Site site = siteOf(changed);
+    const CityDay day = computeCityDay(site, today(session, site));
+    if (session.wantsJson()) {
+        return session.printJson(object({{"place", placeJson(place)}, {"method", methodJson(day)}}));
+    }
+    const std::string line = methodLine(site);
+    session.print(city.name + ": " + (line.empty() ? _("Quode's own method.") : line + "."));
+    for (const std::string& remark : methodRemarks(day)) session.print(wrapped(remark, pageWidth, 0));
+    const std::string remark(conventionNamed(method.key).remark);
+    if (!remark.empty()) session.print(session.style().dim(wrapped(remark, pageWidth, 0)));
+}
+
+}  // namespace
+
+Command methodSetCommand() {
+    std::vector<Parameter> parameters{
+        {Parameter::Kind::word, "KEY", "", "Its key: quode method list; \"quode\" is the default", true},
+        cityParameter()};
+    for (Parameter& parameter : methodChangeParameters()) parameters.push_back(std::move(parameter));
+    return {"set", "Choose the method of a city", std::move(parameters), runSet};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// quode method list, show and suggest: the conventions by which times can be computed.
+#include <fmt/format.h>
+
+#include "app/method_choice.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "cli/commands.h"
+#include "common/numbers.h"
+#include "conventions/JakimZones.h"
+#include "conventions/agreement.h"
+#include "texts/translation.h"
+
+namespace quode::cli {
+namespace {
+
+using conventions::Basis;
+using conventions::Convention;
+using conventions::Prayer;
+using conventions::PrayerRule;
+
+constexpr std::array prayers = {Prayer::fajr, Prayer::sunrise, Prayer::dhuhr,
+                                Prayer::asr,  Prayer::maghrib, Prayer::isha};
+
+std::string minutesText(double minutes) {
+    if (minutes == 0.0) return "";
+    return fmt::format(" {}{} min", minutes < 0.0 ? "−" : "+",
+                       fixedText(std::abs(minutes), minutes == std::round(minutes) ? 0 : 2));
+}
+
+std::string basisText(const Convention& convention, const PrayerRule& rule) {
+    switch (rule.basis) {
+        case Basis::depression:
+            return fmt::format("{}°", numberText(rule.angle)) + minutesText(rule.minutes);
+        case Basis::transit:
+            return _("noon") + minutesText(rule.minutes);
+        case Basis::shadow:
+            return _("shadow {}", convention.asrFactor) + minutesText(rule.minutes);
+        case Basis::afterMaghrib:
+            return rule.ramadanMinutes > 0.0
+                       ? _("Maghrib + {} min, in Ramadan + {} min", int(rule.minutes), int(rule.ramadanMinutes))
+                       : _("Maghrib + {} min", int(rule.minutes));
+        default:
+            return "0°50′" + minutesText(rule.minutes);
+    }
+}
+
+std::string ruleText(const Convention& convention, const PrayerRule& rule) {
+    std::string text = basisText(convention, rule);
+    if (rule.rounding == conventions::Rounding::up) text += _(", rounded up");
+    if (rule.rounding == conventions::Rounding::down) text += _(", rounded down");
+    if (rule.moment == conventions::SunMoment::startOfDay) text += _(", Sun of 0 h UT");
+    return text;
+}
+
+Json ruleJson(const PrayerRule& rule) {
+    constexpr std::array<const char*, 5> bases = {"horizon", "depression", "transit", "shadow", "after_maghrib"};
+    constexpr std::array<const char*, 3> roundings = {"nearest", "up", "down"};
+    return object({{"basis", bases.at(static_cast<std::size_t>(rule.basis))},
+                   {"angle", rule.basis == Basis::depression ? Json(rule.angle) : Json()},
+                   {"minutes", rule.minutes},
+                   {"ramadan_minutes", rule.ramadanMinutes > 0.0 ? Json(rule.ramadanMinutes) : Json()},
+                   {"rounding", roundings.at(static_cast<std::size_t>(rule.rounding))},
+                   {"sun", rule.moment == conventions::SunMoment::startOfDay ? "0h_ut" : "event"}});
+}
+
+Json conventionJson(const Convention& convention) {
+    Json::Object rules;
+    for (const Prayer prayer : prayers) {
+        rules.emplace_back(std::string(conventions::nameOf(prayer)), ruleJson(convention.rule(prayer)));
+    }
+    const auto text = [](std::string_view value) { return value.empty() ? Json() : Json(std::string(value)); };
+    return object({{"key", std::string(convention.key)},
+                   {"name", std::string(convention.name)},
+                   {"authority", std::string(convention.authority)},
+                   {"countries", std::string(convention.countries)},
+                   {"rules", Json(std::move(rules))},
+                   {"asr_factor", convention.asrFactor},
+                   {"high_latitude", std::string(conventions::keyOf(convention.highLatitude))},
+                   {"common_definition", convention.isCommonDefinition},
+                   {"source", std::string(convention.source)},
+                   {"remark", text(convention.remark)},
+                   {"agreement", std::string(conventions::agreementLine(convention.key))}});
+}
+
+void runList(Session& session, const Arguments&) {
+    if (session.wantsJson()) {
+        Json::Array all;
+        for (const Convention& convention : conventions::allConventions()) all.push_back(conventionJson(convention));
+        return session.printJson(object({{"methods", all}}));
+    }
+    using Align = TextTable::Align;
+    TextTable table({Align::left, Align::left, Align::left});
+    for (const Convention& convention : conventions::allConventions()) {
+        table.add({std::string(convention.key), std::string(convention.name),
+                   convention.sampleAuthority.empty() ? "" : _("checked")});
+    }
+    for (const std::string& line : table.lines()) session.print(line);
+    session.print();
+    session.print(session.style().dim(wrapped(
+        _("\"checked\": compared with published rows. Explain one with: quode method show KEY"), pageWidth, 0)));
+}
+
+void printZones(Session& session) {
+    session.print();
+    TextTable table({TextTable::Align::left, TextTable::Align::left});
+    for (const auto& zone : conventions::jakimZones()) {
+        table.add({std::string(zone.key), std::string(zone.area) + (zone.isMountain ? _(" (mountain)") : "")});
+    }
+    for (const std::string& line : table.lines()) session.print(line);
+}
+
+void runShow(Session& session, const Arguments& arguments) {
+    const Convention& convention = conventionNamed(arguments.text("KEY").value_or(""));
+    if (session.wantsJson()) return session.printJson(conventionJson(convention));
+    session.print(session.style().strong(std::string(convention.name)) + "  " + std::string(convention.key));
+    session.print(wrapped(std::string(convention.authority), pageWidth, 0));
+    session.print();
+    if (convention.computation == conventions::Computation::rules) {
+        TextTable table({TextTable::Align::left, TextTable::Align::left});
+        for (const Prayer prayer : prayers) {
+            table.add({std::string(conventions::nameOf(prayer)), ruleText(convention, convention.rule(prayer))});
+        }
+        table.add({_("high latitudes"), std::string(conventions::keyOf(convention.highLatitude))});
+        if (convention.north.fromLatitude <= 90.0) {
+            table.add({_("from {}° N on", numberText(convention.north.fromLatitude)),
+                       _("Isha {}°, {}", numberText(convention.north.ishaAngle),
+                         std::string(conventions::keyOf(convention.north.rule)))});
+        }
+        for (const std::string& line : table.lines()) session.print("  " + line);
+        session.print();
+    }
+    if (!convention.remark.empty()) session.print(wrapped(std::string(convention.remark), pageWidth, 0));
+    session.print(wrapped(_("Source: {}.", std::string(convention.source)), pageWidth, 0));
+    session.print(wrapped(_("Agreement: {}.", std::string(conventions::agreementLine(convention.key))), pageWidth, 0));
+    if (convention.point == conventions::PointRule::jakimZones) printZones(session);
+}
+
+void runSuggest(Session& session, const Arguments& arguments) {
+    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+    const std::string country = place.nearest ? place.nearest->city.countryCode : place.city.countryCode;
+    const Convention* usual = conventions::usualIn(country);
+    if (session.wantsJson()) {
+        return session.printJson(object({{"place", placeJson(place)},
+                                         {"country_code", country},
+                                         {"chosen", place.city.choice.method.key},
+                                         {"suggestion", usual == nullptr ? Json() : Json(std::string(usual->key))}}));
+    }
+    printPlace(session, place);
+    session.print(_("Chosen: {}.", std::string(conventionNamed(place.city.choice.method.key).name)));
+    if (usual == nullptr) {
+        return session.print(wrapped(_("No authority's method is known to be usual here. Compare methods with your "
+                                       "mosque's timetable: quode method compare"),
+                                     pageWidth, 0));
+    }
+    session.print(wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
+                            std::string(usual->name), std::string(usual->key)),
+                          pageWidth, 0));
+}
+
+}  // namespace
+
+Command methodListCommand() {
+    return {"list", "Show all methods", {}, runList};
+}
+
+Command methodShowCommand() {
+    return {"show",
+            "Explain a method: rules, source, agreement",
+            {{Parameter::Kind::word, "KEY", "", "Its key, such as diyanet", true}},
+            runShow};
+}
+
+Command methodSuggestCommand() {
+    return {"suggest", "Name the method usual in the country", {cityParameter()}, runSuggest};
+}
+
+}  // namespace quode::cli

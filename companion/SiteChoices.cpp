@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "companion/SiteChoices.h"
+
+#include "companion/user_connection.h"
+
+namespace quode {
+namespace {
+
+constexpr const char* tables[] = {
+    "CREATE TABLE IF NOT EXISTS USER_METHOD (CITYID INTEGER PRIMARY KEY, METHOD TEXT NOT NULL, HEIGHT REAL NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS USER_TIMETABLE (CITYID INTEGER PRIMARY KEY, NAME TEXT NOT NULL)",
+    "CREATE TABLE IF NOT EXISTS USER_TIMETABLE_ROW (CITYID INTEGER NOT NULL, DAY INTEGER NOT NULL, TIMES TEXT NOT NULL,"
+    " PRIMARY KEY (CITYID, DAY)) WITHOUT ROWID",
+};
+
+void createTables(UserConnection& connection) {
+    for (const char* table : tables) connection.run(table);
+}
+
+void removeTimetable(UserConnection& connection, int cityId) {
+    connection.run("DELETE FROM USER_TIMETABLE WHERE CITYID = ?", {cityId});
+    connection.run("DELETE FROM USER_TIMETABLE_ROW WHERE CITYID = ?", {cityId});
+}
+
+}  // namespace
+
+void storeMethod(UserConnection& connection, int cityId, const conventions::Method& method, double height) {
+    connection.change([&] {
+        createTables(connection);
+        connection.run("INSERT OR REPLACE INTO USER_METHOD (CITYID, METHOD, HEIGHT) VALUES (?, ?, ?)",
+                       {cityId, textOf(method), height});
+    });
+}
+
+void storeTimetable(UserConnection& connection, int cityId, const Timetable& table) {
+    connection.change([&] {
+        createTables(connection);
+        removeTimetable(connection, cityId);
+        connection.run("INSERT INTO USER_TIMETABLE (CITYID, NAME) VALUES (?, ?)", {cityId, table.name});
+        for (const auto& [day, row] : table.rows) {
+            connection.run("INSERT INTO USER_TIMETABLE_ROW (CITYID, DAY, TIMES) VALUES (?, ?, ?)",
+                           {cityId, day, textOf(row)});
+        }
+    });
+}
+
+void forgetTimetable(UserConnection& connection, int cityId) {
+    connection.change([&] {
+        createTables(connection);
+        removeTimetable(connection, cityId);
+    });
+}
+
+void forgetSiteChoice(UserConnection& connection, int cityId) {
+    connection.change([&] {
+        createTables(connection);
+        removeTimetable(connection, cityId);
+        connection.run("DELETE FROM USER_METHOD WHERE CITYID = ?", {cityId});
+    });
+}
+
+}  // namespace quode

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Keeps what the user chose for the times of a city, see "data/SiteChoice.h", in tables of its own that are created
+// when the first choice is made. Failures are `UserDatabaseError`; nothing has been changed then.
+#pragma once
+
+#include "data/SiteChoice.h"
+
+namespace quode {
+
+class UserConnection;
+
+/// Stores the method of a city. height  metres, as the city database has it
+void storeMethod(UserConnection& connection, int cityId, const conventions::Method& method, double height);
+
+/// Stores the timetable of a city in place of a former one.
+void storeTimetable(UserConnection& connection, int cityId, const Timetable& table);
+
+void forgetTimetable(UserConnection& connection, int cityId);
+
+/// Forgets method and timetable of a city.
+void forgetSiteChoice(UserConnection& connection, int cityId);
+
+}  // namespace quode

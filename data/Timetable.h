@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "astro/VAKDate.h"
+#include "conventions/Convention.h"
+
+namespace quode {
+
+/// When the congregation begins: minutes after the prayer time, or at a fixed minute of the day.
+struct Iqama {
+    bool isFixed = false;
+    int minutes = 0;
+
+    friend bool operator==(const Iqama&, const Iqama&) = default;
+};
+
+/// The published times of one day, in minutes after 0 h of it; 1440 and more belong to the next day.
+struct TimetableRow {
+    std::array<std::optional<int>, conventions::prayerCount> minutes;
+    std::optional<int> asrHanafi;
+    std::array<std::optional<Iqama>, conventions::prayerCount> iqama;
+
+    friend bool operator==(const TimetableRow&, const TimetableRow&) = default;
+};
+
+/// A timetable that the user imported for a city. It wins on its dates.
+struct Timetable {
+    std::string name;
+    std::map<int, TimetableRow> rows;  ///< by day, counted from 1 January 1970
+
+    const TimetableRow* rowOf(const VAKDate& date) const;
+
+    friend bool operator==(const Timetable&, const Timetable&) = default;
+};
+
+/// A day counted from 1 January 1970, Gregorian.
+int dayNumber(const VAKDate& date);
+
+/// A row as it is stored: "312 402 - 930 1101 - 960 +20 - - - =1120 -", and back. Nothing when the text is none.
+std::string textOf(const TimetableRow& row);
+std::optional<TimetableRow> timetableRowOf(std::string_view text);
+
+}  // namespace quode

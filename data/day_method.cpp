@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "data/day_method.h"
+
+#include <cmath>
+
+#include "data/city_day.h"
+
+namespace quode {
+namespace {
+
+using conventions::ConventionDay;
+using conventions::ConventionTime;
+using conventions::Origin;
+using conventions::Prayer;
+
+constexpr double hoursPerDay = 24.0, minutesPerHour = 60.0;
+constexpr int asrHanafiCode = 207;
+
+/// The prayers of conventions are the codes 200 to 205, in the same order.
+constexpr std::size_t indexOf(Prayer prayer) {
+    return static_cast<std::size_t>(prayer);
+}
+
+std::array<double*, conventions::prayerCount> mainTimes(PrayTimes& times) {
+    return {&times.Imsak, &times.Gunes, &times.Ogle, &times.AsriEvvel, &times.Aksam, &times.IsaEvvel};
+}
+
+TimeSource sourceOf(Origin origin) {
+    switch (origin) {
+        case Origin::highLatitude:
+            return TimeSource::highLatitude;
+        case Origin::otherLatitude:
+            return TimeSource::otherLatitude;
+        default:
+            return TimeSource::convention;
+    }
+}
+
+// The engine's hours reach a day too far where the clock is a day ahead of the longitude; a convention's do not.
+void bringIntoDay(PrayTimes& times) {
+    const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);
+    if (shift == 0.0) return;
+    for (double PrayTimes::*slot :
+         {&PrayTimes::Duha, &PrayTimes::IsfirariSems, &PrayTimes::Zeval, &PrayTimes::IsaSani}) {
+        if (times.*slot != missingTime) times.*slot -= shift;
+    }
+}
+
+/// What follows from dawn and sunset, by the engine's definitions.
+void divideNight(PrayTimes& times) {
+    if (times.Imsak == missingTime || times.Aksam == missingTime) {
+        times.Teheccud = times.Gece2 = times.Gece3 = missingTime;
+        return;
+    }
+    const double night = hoursPerDay - (times.Aksam - times.Imsak);
+    times.Teheccud = times.Imsak - night / 6.0;
+    times.Gece2 = times.Aksam + night * 0.5;
+    times.Gece3 = times.Aksam + night / 3.0;
+}
+
+void applyConvention(const Site& site, CityDay& day) {
+    const conventions::Method& method = site.choice.method;
+    const conventions::Request request{site.latitude,
+                                       site.longitude,
+                                       method.height.value_or(site.choice.height),
+                                       method.height.has_value(),
+                                       day.date.Years,
+                                       day.date.Months,
+                                       day.date.Days,
+                                       day.GMTValue};
+    const ConventionDay computed = conventions::computeDay(method, request);
+    PrayTimes& times = day.times;
+    bringIntoDay(times);
+    day.method.marks.fill({TimeSource::ownRule, 0});
+    const auto slots = mainTimes(times);
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const ConventionTime& time = computed.times[i];
+        *slots[i] = time.exists() ? time.hours : missingTime;
+        day.method.marks[i] = {sourceOf(time.origin), method.adjust[i]};
+    }
+    const ConventionTime& hanafi = computed.asrHanafi;
+    times.AsriSani = hanafi.exists() ? hanafi.hours : missingTime;
+    day.method.marks[asrHanafiCode - firstPrayer] = {sourceOf(hanafi.origin), method.adjustment(Prayer::asr)};
+    times.isLatitudeChanged = times.isImsakBeforeTime = times.isIsaEvvelBeforeTime = false;
+    day.method.point = computed.point;
+    day.method.usedLatitude = computed.usedLatitude;
+    divideNight(times);
+}
+
+/// The user's shadow and minutes on top of the engine's own times.
+void adjustEngine(const Site& site, CityDay& day) {
+    const conventions::Method& method = site.choice.method;
+    PrayTimes& times = day.times;
+    if (method.asrFactor == 2) times.AsriEvvel = times.AsriSani;
+    const auto slots = mainTimes(times);
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const int minutes = method.adjust[i];
+        if (minutes == 0 || *slots[i] == missingTime) continue;
+        *slots[i] += minutes / minutesPerHour;
+        day.method.marks[i].adjusted = minutes;
+    }
+    const int asrMinutes = method.adjustment(Prayer::asr);
+    if (asrMinutes == 0 || times.AsriSani == missingTime) return;
+    times.AsriSani += asrMinutes / minutesPerHour;
+    day.method.marks[asrHanafiCode - firstPrayer].adjusted = asrMinutes;
+}
+
+void applyTable(const Timetable& table, CityDay& day) {
+    day.method.hasTable = true;
+    day.method.tableName = table.name;
+    const TimetableRow* row = table.rowOf(day.date);
+    if (row == nullptr) return;
+    day.method.isFromTable = true;
+    day.method.iqama = row->iqama;
+    PrayTimes& times = day.times;
+    const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);  // of the engine's own hours
+    const auto put = [&](double& slot, std::size_t index, int minutes) {
+        slot = minutes / minutesPerHour + shift;
+        day.method.marks[index] = {TimeSource::table, 0};
+    };
+    const auto slots = mainTimes(times);
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        if (i != indexOf(Prayer::dhuhr) && row->minutes[i]) put(*slots[i], i, *row->minutes[i]);
+    }
+    if (row->asrHanafi) put(times.AsriSani, asrHanafiCode - firstPrayer, *row->asrHanafi);
+    const std::size_t dhuhr = indexOf(Prayer::dhuhr);
+    if (row->minutes[dhuhr]) put(times.Ogle, dhuhr, *row->minutes[dhuhr]);
+    if (row->minutes[indexOf(Prayer::fajr)]) times.isImsakBeforeTime = false;
+    if (row->minutes[indexOf(Prayer::isha)]) times.isIsaEvvelBeforeTime = false;
+    divideNight(times);
+}
+
+}  // namespace
+
+void applyChoice(const Site& site, CityDay& day) {
+    const SiteChoice& choice = site.choice;
+    const bool wasDefault = !day.method.hasTable && day.method.method.isDefault();
+    if (!wasDefault) day.method = {};
+    if (choice.isDefault()) return;
+    day.method.method = choice.method;
+    const conventions::Convention* convention = conventions::findConvention(choice.method.key);
+    if (convention == nullptr || convention->computation == conventions::Computation::engine) {
+        adjustEngine(site, day);
+    } else {
+        applyConvention(site, day);
+    }
+    if (choice.table) applyTable(*choice.table, day);
+}
+
+}  // namespace quode
