@@ -67,7 +67,7 @@ std::vector<Command> allCommands() {
                alarmTestCommand()}),
         group("method", "How the times are computed: authorities, angles, your own minutes",
               {methodListCommand(), methodShowCommand(), methodSuggestCommand(), methodCompareCommand(),
-               methodSetCommand()}),
+               methodSetCommand(), methodImportCommand(), methodRemoveTableCommand()}),
         settingsCommand(),
         with(doctorCommand(), {doctorZonesCommand()}),
     };

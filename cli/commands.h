@@ -40,6 +40,8 @@ Command methodShowCommand();
 Command methodSuggestCommand();
 Command methodCompareCommand();
 Command methodSetCommand();
+Command methodImportCommand();
+Command methodRemoveTableCommand();
 Command settingsCommand();
 Command doctorCommand();
 Command doctorZonesCommand();

@@ -141,7 +141,7 @@ std::optional<NextPrayer> nextPrayer(const Site& site, sys_seconds now) {
     for (const int offset : {-1, 0, 1}) {
         setEngine(engine, site, recordOf(sys_seconds(dayOf(clock) + days(offset))));
         CityDay day;
-        computeTimes(engine, day);
+        computeTimes(engine, site, day);
         for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
             const double hours = timeOfPrayer(day, code);
             if (hours == missingTime) continue;

@@ -1,0 +1,237 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// quode method import and remove-table: the timetable of a mosque in place of computed times.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "app/alarm_calendar.h"
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/method_choice.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_data.h"
+#include "cli/commands.h"
+#include "common/numbers.h"
+#include "companion/SiteChoices.h"
+#include "companion/user_connection.h"
+#include "texts/translation.h"
+#include "timetables/best_fit.h"
+#include "timetables/import.h"
+
+namespace quode::cli {
+namespace {
+
+using timetables::Fit;
+using timetables::Import;
+using timetables::ImportError;
+
+constexpr std::size_t shownProblems = 20, shownFits = 3;
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (!file.good() && !file.eof()) throw Failure(ExitCode::notFound, _("The file {} cannot be read.", path));
+    return content;
+}
+
+timetables::ImportWishes wishesOf(const Arguments& arguments) {
+    timetables::ImportWishes wishes;
+    if (const auto order = arguments.text("date-order")) {
+        wishes.dateOrder = *order == "day" ? timetables::DateOrder::dayFirst : timetables::DateOrder::monthFirst;
+    }
+    if (const auto year = arguments.text("year")) wishes.year = parseYear(*year);
+    return wishes;
+}
+
+ChosenPlace cityToChange(Session& session, const Arguments& arguments) {
+    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+    if (place.city.id != 0) return place;
+    throw Failure(ExitCode::usage, _("A timetable is kept for a city. Give the place a name first: quode city add "
+                                     "LAT,LON --name NAME"));
+}
+
+VAKDate recordOf(int number) {
+    const std::chrono::year_month_day date{std::chrono::sys_days(std::chrono::days(number))};
+    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
+}
+
+// --- what is shown
+
+std::string fitText(const Fit& fit) {
+    return _("{}: {} % within a minute, {} % exact, worst {} min", fit.key, fixedText(fit.percentWithinOne(), 0),
+             fixedText(fit.times == 0 ? 0.0 : 100.0 * fit.exact / fit.times, 0), fit.worst);
+}
+
+std::string verdict(const std::vector<Fit>& fits) {
+    const Fit& best = fits.front();
+    constexpr double likely = 90.0;
+    if (best.percentWithinOne() >= likely) {
+        return _("This looks like {}: {} % within a minute.", best.key, fixedText(best.percentWithinOne(), 0));
+    }
+    return _("No method reproduces this table; the nearest is {} with {} % within a minute.", best.key,
+             fixedText(best.percentWithinOne(), 0));
+}
+
+std::string rowText(int number, const TimetableRow& row) {
+    std::string text = isoDate(recordOf(number));
+    for (const auto& minute : row.minutes) {
+        text += "  " + (minute ? clock24(*minute / 60.0) : std::string("--:--"));
+    }
+    if (row.asrHanafi) text += _("  Hanafi {}", clock24(*row.asrHanafi / 60.0));
+    for (std::size_t i = 0; i < row.iqama.size(); ++i) {
+        if (!row.iqama[i]) continue;
+        const Iqama& iqama = *row.iqama[i];
+        text += "  " + std::string(conventions::nameOf(static_cast<conventions::Prayer>(i))) + " iqama " +
+                (iqama.isFixed ? clock24(iqama.minutes / 60.0) : "+" + numberText(iqama.minutes));
+    }
+    return text;
+}
+
+void printPreview(Session& session, const Import& import) {
+    session.print(import.format);
+    std::string columns;
+    for (const auto& [heading, column] : import.columns) {
+        columns += (columns.empty() ? "" : ", ") + heading + " = " + timetables::nameOf(column);
+    }
+    session.print(wrapped(_("Columns: {}", columns), pageWidth, 2));
+    if (!import.ignored.empty()) {
+        std::string ignored;
+        for (const std::string& heading : import.ignored) ignored += (ignored.empty() ? "" : ", ") + heading;
+        session.print(wrapped(_("Not used: {}", ignored), pageWidth, 2));
+    }
+    if (import.dateOrder == timetables::DateOrder::dayFirst) session.print(_("Dates: the day first"));
+    if (import.dateOrder == timetables::DateOrder::monthFirst) session.print(_("Dates: the month first"));
+    if (import.isTwelveHour) session.print(_("Clock: 12 hours without AM and PM; taken by the time of the day"));
+    const auto& rows = import.table.rows;
+    session.print(_n("{} day", "{} days", rows.size()));
+    if (rows.empty()) return;
+    session.print();
+    std::size_t index = 0;
+    constexpr std::size_t fromStart = 3;
+    for (const auto& [number, row] : rows) {
+        if (index < fromStart || index + 1 == rows.size()) session.print("  " + rowText(number, row));
+        if (index == fromStart && rows.size() > fromStart + 1) session.print("  ...");
+        ++index;
+    }
+    session.print();
+}
+
+void reportProblems(const Import& import) {
+    for (std::size_t i = 0; i < std::min(import.problems.size(), shownProblems); ++i) {
+        writeMessage(_("Line {}: {}.", import.problems[i].line, import.problems[i].text));
+    }
+    if (import.problems.size() > shownProblems) {
+        writeMessage(_("... and {} more lines.", import.problems.size() - shownProblems));
+    }
+}
+
+Json importJson(const Import& import, const std::vector<Fit>& fits, bool isStored) {
+    Json::Array problems, methods;
+    for (const auto& problem : import.problems) {
+        problems.push_back(object({{"line", problem.line}, {"problem", problem.text}}));
+    }
+    for (const Fit& fit : fits) {
+        methods.push_back(object({{"key", fit.key},
+                                  {"within_a_minute", fit.percentWithinOne()},
+                                  {"times", fit.times},
+                                  {"exact", fit.exact},
+                                  {"worst_minutes", fit.worst}}));
+    }
+    return object({{"format", import.format},
+                   {"days", int(import.table.rows.size())},
+                   {"problems", problems},
+                   {"methods", methods},
+                   {"stored", isStored}});
+}
+
+// --- commands
+
+Import readFile(const std::string& path, const Arguments& arguments, const Site& site) {
+    if (!std::filesystem::is_regular_file(path)) throw Failure(ExitCode::notFound, _("There is no file {}.", path));
+    try {
+        timetables::SunCheck check(site);
+        Import import = timetables::importTable(timetables::readRawTable(contentOf(path)), wishesOf(arguments), check);
+        import.table.name = arguments.text("name").value_or(std::filesystem::path(path).stem().string());
+        return import;
+    } catch (const ImportError& error) {
+        throw Failure(ExitCode::usage, path + ": " + error.what());
+    }
+}
+
+void store(Session& session, const ChosenPlace& place, const Timetable& table) {
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar calendar(session, database);
+    database.connection().change([&] {
+        storeTimetable(database.connection(), place.city.id, table);
+        database.refreshPrayerTimes();
+    });
+    calendar.renew();
+}
+
+void runImport(Session& session, const Arguments& arguments) {
+    const ChosenPlace place = cityToChange(session, arguments);
+    const Site site = siteOf(place.city);
+    const Import import = readFile(arguments.text("FILE").value_or(""), arguments, site);
+    const bool isRefused = !import.problems.empty() && !arguments.has("skip-damaged");
+    const bool stores = !isRefused && !arguments.has("preview") && !import.table.rows.empty();
+    const auto fits = timetables::fitsOf(import.table, site);
+    if (!session.wantsJson()) printPreview(session, import);
+    reportProblems(import);
+    if (stores) store(session, place, import.table);
+    if (session.wantsJson()) {
+        session.printJson(importJson(import, fits, stores));
+    } else if (!import.table.rows.empty()) {
+        session.print(wrapped(verdict(fits), pageWidth, 0));
+        for (std::size_t i = 0; i < shownFits; ++i) session.print("  " + fitText(fits[i]));
+    }
+    if (isRefused) {
+        throw Failure(ExitCode::usage, _("Nothing was imported. Correct these lines, or leave them out with "
+                                         "--skip-damaged."));
+    }
+    if (!session.wantsJson()) {
+        session.print();
+        session.print(stores ? _("Stored for {}. On other dates the chosen method holds.", place.city.name)
+                             : _("This was a preview; nothing was stored."));
+    }
+}
+
+void runRemoveTable(Session& session, const Arguments& arguments) {
+    const ChosenPlace place = cityToChange(session, arguments);
+    if (!place.city.choice.table) {
+        throw Failure(ExitCode::notFound, _("No timetable is stored for {}.", place.city.name));
+    }
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar calendar(session, database);
+    database.connection().change([&] {
+        forgetTimetable(database.connection(), place.city.id);
+        database.refreshPrayerTimes();
+    });
+    calendar.renew();
+    session.print(_("The timetable \"{}\" of {} was removed.", place.city.choice.table->name, place.city.name));
+}
+
+}  // namespace
+
+Command methodImportCommand() {
+    using Kind = Parameter::Kind;
+    Parameter order{Kind::option, "date-order", "ORDER", "What comes first in dates: day or month"};
+    order.choices = {"day", "month"};
+    return {"import",
+            "Use the timetable of your mosque (CSV, JSON, iCalendar)",
+            {{Kind::word, "FILE", "", "The file", true},
+             cityParameter(),
+             {Kind::toggle, "preview", "", "Only show what would be stored"},
+             {Kind::option, "name", "NAME", "What to call the table; else as the file"},
+             order,
+             {Kind::option, "year", "YYYY", "The year of dates without one"},
+             {Kind::toggle, "skip-damaged", "", "Leave out damaged lines instead of refusing the file"}},
+            runImport};
+}
+
+Command methodRemoveTableCommand() {
+    return {"remove-table", "Remove an imported timetable", {cityParameter()}, runRemoveTable};
+}
+
+}  // namespace quode::cli

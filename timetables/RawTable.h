@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Files of several formats, read into rows of texts.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quode::timetables {
+
+/// Why a file is no timetable. The message says what to do.
+class ImportError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+struct RawRow {
+    int line = 0;  ///< of the file; in JSON and calendars the number of the entry
+    std::vector<std::string> cells;
+};
+
+struct RawTable {
+    std::string format;  ///< "CSV with ;", "JSON", "iCalendar"
+    std::vector<std::string> headings;
+    std::vector<RawRow> rows;
+};
+
+/// Reads a file of any known format. Throws `ImportError`.
+RawTable readRawTable(std::string_view content);
+
+RawTable readCsv(std::string_view content);
+RawTable readJson(std::string_view content);
+RawTable readCalendar(std::string_view content);
+
+}  // namespace quode::timetables

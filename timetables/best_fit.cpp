@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "timetables/best_fit.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+
+#include "data/city_day.h"
+
+namespace quode::timetables {
+namespace {
+
+constexpr std::size_t mostRows = 73;  // every fifth day of a year
+
+VAKDate recordOf(int number) {
+    const std::chrono::year_month_day date{std::chrono::sys_days(std::chrono::days(number))};
+    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
+}
+
+void compare(const TimetableRow& row, const CityDay& day, Fit& fit) {
+    for (std::size_t i = 0; i < conventions::prayerCount; ++i) {
+        const double hours = timeOfPrayer(day, firstPrayer + int(i));
+        if (!row.minutes[i] || hours == missingTime) continue;
+        const int off = std::abs(shownMinute(hours) - *row.minutes[i]);
+        ++fit.times;
+        ++fit.prayerTimes[i];
+        if (off == 0) ++fit.exact;
+        if (off <= 1) ++fit.withinOne, ++fit.prayerWithinOne[i];
+        fit.worst = std::max(fit.worst, off);
+    }
+}
+
+}  // namespace
+
+std::vector<Fit> fitsOf(const Timetable& table, const Site& site) {
+    const std::size_t step = (table.rows.size() + mostRows - 1) / mostRows;
+    std::vector<Fit> fits;
+    for (const auto& convention : conventions::allConventions()) {
+        Site by = site;
+        by.choice.table.reset();
+        by.choice.method = {};
+        by.choice.method.key = convention.key;
+        Fit fit;
+        fit.key = convention.key;
+        std::size_t index = 0;
+        for (const auto& [number, row] : table.rows) {
+            if (index++ % step == 0) compare(row, computeCityDay(by, recordOf(number)), fit);
+        }
+        fits.push_back(fit);
+    }
+    std::ranges::stable_sort(fits, [](const Fit& a, const Fit& b) {
+        return a.withinOne != b.withinOne ? a.withinOne > b.withinOne : a.exact > b.exact;
+    });
+    return fits;
+}
+
+}  // namespace quode::timetables

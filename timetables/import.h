@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Turns the texts of a timetable into times. A row is either understood whole or named as a problem: nothing is
+// guessed.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/Timetable.h"
+#include "timetables/RawTable.h"
+#include "timetables/SunCheck.h"
+#include "timetables/columns.h"
+
+namespace quode::timetables {
+
+enum class DateOrder { unknown, yearFirst, dayFirst, monthFirst };
+
+struct ImportWishes {
+    DateOrder dateOrder = DateOrder::unknown;  ///< where the dates alone do not tell
+    std::optional<int> year;                   ///< of dates without one
+};
+
+/// A row that cannot be used.
+struct ImportProblem {
+    int line = 0;
+    std::string text;
+};
+
+struct Import {
+    std::string format;
+    std::vector<std::pair<std::string, Column>> columns;  ///< heading and what it was taken for
+    std::vector<std::string> ignored;                     ///< headings that mean nothing here
+    DateOrder dateOrder = DateOrder::unknown;
+    bool isTwelveHour = false;  ///< a clock of 12 hours without the half of the day
+    Timetable table;
+    std::vector<ImportProblem> problems;
+};
+
+/// Reads a table for the place that `check` knows. Throws `ImportError` when the file as a whole cannot be understood.
+Import importTable(const RawTable& raw, const ImportWishes& wishes, SunCheck& check);
+
+}  // namespace quode::timetables

@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+
+#include "common/numbers.h"
+#include "common/utf8.h"
+#include "texts/translation.h"
+#include "timetables/RawTable.h"
+#include "timetables/columns.h"
+
+namespace quode::timetables {
+namespace {
+
+constexpr std::array separators = {';', '\t', ',', '|'};
+constexpr std::size_t largestFile = 4'000'000;
+constexpr int fewestColumns = 3;
+constexpr int headWithin = 30;  // lines
+
+std::vector<std::string> linesOf(std::string_view content) {
+    std::vector<std::string> lines(1);
+    for (std::size_t i = 0; i < content.size(); ++i) {
+        if (content[i] == '\r' && i + 1 < content.size() && content[i + 1] == '\n') continue;
+        if (content[i] == '\n' || content[i] == '\r') {
+            lines.emplace_back();
+        } else {
+            lines.back() += content[i];
+        }
+    }
+    return lines;
+}
+
+/// The cells of a line; nothing in them when a quotation mark has no partner.
+std::vector<std::string> cellsOf(const std::string& line, char separator) {
+    std::vector<std::string> cells(1);
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const char c = line[i];
+        if (c == '"' && isQuoted && i + 1 < line.size() && line[i + 1] == '"') {
+            cells.back() += c;
+            ++i;
+        } else if (c == '"') {
+            isQuoted = !isQuoted;
+        } else if (c == separator && !isQuoted) {
+            cells.emplace_back();
+        } else {
+            cells.back() += c;
+        }
+    }
+    if (isQuoted) return {};
+    for (std::string& cell : cells) cell = std::string(trimmed(cell));
+    return cells;
+}
+
+int knownColumns(const std::vector<std::string>& cells) {
+    return int(std::ranges::count_if(cells, [](const auto& cell) { return columnOf(cell).has_value(); }));
+}
+
+struct Head {
+    std::size_t line = 0;
+    char separator = ',';
+    int known = 0;
+};
+
+Head findHead(const std::vector<std::string>& lines) {
+    Head best;
+    for (std::size_t i = 0; i < std::min<std::size_t>(lines.size(), headWithin); ++i) {
+        for (const char separator : separators) {
+            const int known = knownColumns(cellsOf(lines[i], separator));
+            if (known > best.known) best = {i, separator, known};
+        }
+    }
+    return best;
+}
+
+void checkText(std::string_view content) {
+    if (content.size() > largestFile) throw ImportError(_("The file is larger than any timetable of a few years."));
+    if (content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff")) {
+        throw ImportError(_("The file is UTF-16 text. Save it as \"CSV UTF-8\"."));
+    }
+    if (content.find('\0') != std::string_view::npos || !isUtf8(std::string(content))) {
+        throw ImportError(_("The file is not UTF-8 text. Save it as \"CSV UTF-8\"."));
+    }
+}
+
+}  // namespace
+
+RawTable readCsv(std::string_view content) {
+    if (content.starts_with("\xef\xbb\xbf")) content.remove_prefix(3);
+    const auto lines = linesOf(content);
+    const Head head = findHead(lines);
+    if (head.known < fewestColumns) {
+        throw ImportError(
+            _("No line names the columns. The first line must name the date and the prayers, such as "
+              "date,fajr,sunrise,dhuhr,asr,maghrib,isha."));
+    }
+    RawTable table;
+    table.format =
+        std::string("CSV, separated by ") + (head.separator == '\t' ? "tabs" : std::string(1, head.separator));
+    table.headings = cellsOf(lines[head.line], head.separator);
+    for (std::size_t i = head.line + 1; i < lines.size(); ++i) {
+        if (trimmed(lines[i]).empty()) continue;
+        table.rows.push_back({int(i) + 1, cellsOf(lines[i], head.separator)});
+    }
+    return table;
+}
+
+RawTable readRawTable(std::string_view content) {
+    checkText(content);
+    const std::string_view start = trimmed(content.substr(content.starts_with("\xef\xbb\xbf") ? 3 : 0));
+    if (start.empty()) throw ImportError(_("The file is empty."));
+    if (start.starts_with("BEGIN:VCALENDAR")) return readCalendar(content);
+    if (start.front() == '{' || start.front() == '[') return readJson(start);
+    return readCsv(content);
+}
+
+}  // namespace quode::timetables
