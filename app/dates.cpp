@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <array>
+#include <cmath>
 #include <optional>
 
 #include "app/failure.h"
@@ -170,6 +171,11 @@ bool isJulianCalendar(const VAKDate& date) {
 
 int weekdayOf(const VAKDate& date) {
     return calendar::DayOfWeekWithYear(date.Years, date.Months, date.Days);
+}
+
+std::chrono::sys_seconds instantOfJulianDay(double julianDay) {
+    constexpr double unixEpoch = 2440587.5, secondsPerDay = 86400.0;
+    return std::chrono::sys_seconds(std::chrono::seconds(std::llround((julianDay - unixEpoch) * secondsPerDay)));
 }
 
 }  // namespace quode::app

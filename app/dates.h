@@ -40,6 +40,9 @@ std::string isoDate(const VAKDate& date);
 std::string isoDate(std::chrono::year_month_day date);
 std::string isoMoment(std::chrono::sys_seconds moment);
 
+/// The instant of a Julian day in universal time, to the second.
+std::chrono::sys_seconds instantOfJulianDay(double julianDay);
+
 /// True for the days up to 4 October 1582.
 bool isJulianCalendar(const VAKDate& date);
 

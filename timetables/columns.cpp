@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "timetables/columns.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -181,11 +183,10 @@ std::string withoutArabicMarks(std::string_view text) {
 
 /// Takes a word, with the blank after or before it, out of a text. Returned: whether it was there.
 bool takeWord(std::string& text, std::string_view word) {
-    const std::string framed = " " + text + " ", wanted = " " + std::string(word) + " ";
+    const std::string framed = fmt::format(" {} ", text), wanted = fmt::format(" {} ", word);
     const std::size_t found = framed.find(wanted);
     if (found == std::string::npos) return false;
-    std::string rest = framed.substr(0, found) + " " + framed.substr(found + wanted.size());
-    text = plainText(rest);
+    text = plainText(framed.substr(0, found + 1) + framed.substr(found + wanted.size()));
     return true;
 }
 
@@ -225,7 +226,7 @@ std::string nameOf(Column column) {
     if (column <= Column::isha) return std::string(conventions::nameOf(static_cast<conventions::Prayer>(column)));
     if (column >= Column::fajrIqama && column <= Column::ishaIqama) {
         const int prayer = static_cast<int>(column) - static_cast<int>(Column::fajrIqama);
-        return "iqama of " + std::string(conventions::nameOf(static_cast<conventions::Prayer>(prayer)));
+        return std::string("iqama of ").append(conventions::nameOf(static_cast<conventions::Prayer>(prayer)));
     }
     constexpr std::array<const char*, 6> others = {"imsak", "sabah", "date", "day", "month", "year"};
     if (column == Column::asrHanafi) return "asr (Hanafi)";

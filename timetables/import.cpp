@@ -169,8 +169,8 @@ class Reader {
         if (year >= 0 && year < 100) year += 2000;
         if (year < earliestYear || year > latestYear) return std::nullopt;
         using namespace std::chrono;
-        const year_month_day civil(std::chrono::year(year), std::chrono::month(unsigned(month)),
-                                   std::chrono::day(unsigned(day)));
+        const year_month_day civil{std::chrono::year(year), std::chrono::month(unsigned(month)),
+                                   std::chrono::day(unsigned(day))};
         if (month < 1 || day < 1 || !civil.ok()) return std::nullopt;
         return int(sys_days(civil).time_since_epoch().count());
     }

@@ -7,6 +7,9 @@
 #include "app/session.h"
 #include "cli/commands.h"
 #include "common/calendar.h"
+#include "common/civil_date.h"
+#include "conventions/UmmAlQura.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -55,12 +58,49 @@ HijriDay dayOf(Session& session, const Arguments& arguments) {
     return fromGregorian(today(session, siteOf(place.city)), arguments.has("crescent"));
 }
 
+/// A day by one calendar; nothing where that calendar does not reach it.
+struct NamedDate {
+    const char* key;
+    std::string name;
+    std::optional<VAKDate> date;
+};
+
+std::vector<NamedDate> calendarsOf(const VAKDate& gregorian) {
+    std::optional<VAKDate> ummAlQura;
+    if (const auto day = civilDate(gregorian); day.ok()) {
+        const int number = int(std::chrono::sys_days(day).time_since_epoch().count());
+        const auto hijri = conventions::ummAlQuraDay(number);
+        if (hijri) ummAlQura = VAKDateMake(hijri->day, hijri->month, hijri->year, 0, 0, 0);
+    }
+    return {{"table", _("by the table"), hijriByTable(gregorian)},
+            {"crescent", _("by the visibility of the crescent at Mecca"), hijriByCrescent(gregorian)},
+            {"umm_al_qura", _("by the Umm al-Qura calendar"), ummAlQura}};
+}
+
+/// Other calendars, where they have another date.
+void printOthers(Session& session, const HijriDay& day) {
+    for (const NamedDate& other : calendarsOf(day.gregorian)) {
+        if (other.date && !sameDay(*other.date, day.hijri)) {
+            session.print(session.style().dim(hijriText(session, *other.date) + " (" + other.name + ")"));
+        }
+    }
+}
+
+Json calendarsJson(const VAKDate& gregorian) {
+    Json::Object calendars;
+    for (const NamedDate& each : calendarsOf(gregorian)) {
+        calendars.emplace_back(each.key, each.date ? Json(isoDate(*each.date)) : Json());
+    }
+    return Json(std::move(calendars));
+}
+
 void runHijri(Session& session, const Arguments& arguments) {
     const HijriDay day = dayOf(session, arguments);
     if (session.wantsJson()) {
         session.printJson(object({{"date", isoDate(day.gregorian)},
                                   {"weekday", weekdayOf(day.gregorian)},
-                                  {"hijri", hijriJson(session, day.hijri, day.isByCrescent ? "crescent" : "table")}}));
+                                  {"hijri", hijriJson(session, day.hijri, day.isByCrescent ? "crescent" : "table")},
+                                  {"calendars", calendarsJson(day.gregorian)}}));
         return;
     }
     const Texts& texts = session.texts();
@@ -68,6 +108,7 @@ void runHijri(Session& session, const Arguments& arguments) {
         hijriText(session, day.hijri) + " (" + std::string(day.isByCrescent ? texts.byCrescent : texts.byTable) + ")";
     session.print(longDate(session, day.gregorian));
     session.print(hijri);
+    printOthers(session, day);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode method import and remove-table: the timetable of a mosque in place of computed times.
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -76,15 +78,13 @@ std::string verdict(const std::vector<Fit>& fits) {
 
 std::string rowText(int number, const TimetableRow& row) {
     std::string text = isoDate(recordOf(number));
-    for (const auto& minute : row.minutes) {
-        text += "  " + (minute ? clock24(*minute / 60.0) : std::string("--:--"));
-    }
+    for (const auto& minute : row.minutes) text.append("  ").append(minute ? clock24(*minute / 60.0) : "--:--");
     if (row.asrHanafi) text += _("  Hanafi {}", clock24(*row.asrHanafi / 60.0));
     for (std::size_t i = 0; i < row.iqama.size(); ++i) {
         if (!row.iqama[i]) continue;
         const Iqama& iqama = *row.iqama[i];
-        text += "  " + std::string(conventions::nameOf(static_cast<conventions::Prayer>(i))) + " iqama " +
-                (iqama.isFixed ? clock24(iqama.minutes / 60.0) : "+" + numberText(iqama.minutes));
+        const std::string when = iqama.isFixed ? clock24(iqama.minutes / 60.0) : fmt::format("+{}", iqama.minutes);
+        text += fmt::format("  {} iqama {}", conventions::nameOf(static_cast<conventions::Prayer>(i)), when);
     }
     return text;
 }

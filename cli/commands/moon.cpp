@@ -14,6 +14,7 @@
 #include "astro/MoonPhases.h"
 #include "astro/MoonTransit.h"
 #include "cli/commands.h"
+#include "cli/moon_crescent.h"
 #include "cli/moon_picture.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
@@ -25,10 +26,6 @@ constexpr double hoursPerDay = 24.0, unixEpoch = 2440587.5;  // the epoch as a J
 constexpr int pictureHeight = 9;
 constexpr std::array<const char*, 8> phaseKeys{"new_moon",  "waxing_crescent", "first_quarter", "waxing_gibbous",
                                                "full_moon", "waning_gibbous",  "last_quarter",  "waning_crescent"};
-
-std::chrono::sys_seconds instantOfJulianDay(double julianDay) {
-    return std::chrono::sys_seconds(std::chrono::seconds(std::llround((julianDay - unixEpoch) * 86400.0)));
-}
 
 /// The date and time of day of a Julian day on a place's clock, to the minute.
 VAKDate localClock(const Site& site, double julianDay) {
@@ -232,6 +229,10 @@ void runPhases(Session& session, const Arguments& arguments, const std::string& 
 
 void runMoon(Session& session, const Arguments& arguments) {
     if (const auto year = arguments.text("phases")) return runPhases(session, arguments, *year);
+    if (arguments.has("crescent")) {
+        const ChosenPlace place = choosePlace(session, arguments.text("city"));
+        return showCrescent(session, place, wishedDate(arguments).value_or(today(session, siteOf(place.city))));
+    }
     const MoonPage page = moonPageOf(session, arguments);
     if (session.wantsJson()) return session.printJson(moonJson(session, page));
     printMoon(session, page, session.drawsOnTerminal() && !arguments.has("plain"));
@@ -246,6 +247,7 @@ Command moonCommand() {
             {cityParameter(),
              dateParameter(),
              {Parameter::Kind::option, "phases", "YYYY", "The phases of a year in the city's time"},
+             {Parameter::Kind::toggle, "crescent", "", "The outlook for seeing the new crescent"},
              {Parameter::Kind::toggle, "plain", "", "Words only, no picture"}},
             runMoon};
 }

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "app/current_field.h"
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/session.h"
@@ -26,6 +27,7 @@ struct Qibla {
     CityDay day;
     double bearing = 0.0;  ///< degrees clockwise from true north
     double compass = 0.0;  ///< degrees clockwise from magnetic north
+    CurrentField now;      ///< the field by the current model
     double distanceKm = 0.0;
     double sunTime = missingTime;  ///< when the Sun stands in the direction, local hours
 };
@@ -51,6 +53,7 @@ Qibla qiblaOf(Session& session, const Arguments& arguments) {
     qibla.day = computeCityDay(site, wished ? *wished : today(session, site));
     qibla.bearing = bearingOf(qibla.day.kible);
     qibla.compass = wrapped360(qibla.bearing - qibla.day.declination);
+    qibla.now = currentField(site, qibla.day.date);
     qibla.distanceKm = distanceToKaaba(site.latitude, site.longitude);
     qibla.sunTime = timeOfSunInDirection(site, qibla.day, qibla.bearing);
     return qibla;
@@ -76,6 +79,7 @@ void printQibla(Session& session, const Qibla& qibla) {
     add(texts.compassBearing, decimal(texts, qibla.compass, 1) + "°", texts.compassRemark);
     add(texts.declination, decimal(texts, qibla.day.declination, 1, true) + "°",
         fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
+    add("", decimal(texts, qibla.now.declination, 1, true) + "°", currentFieldRemark(qibla.now));
     const bool hasTime = qibla.sunTime != missingTime;
     add(session.caption(sunCaption), hasTime ? clockText(session, qibla.sunTime) : std::string(formatting::noTime),
         hasTime ? texts.sunInQibla : texts.noSunInQibla);
@@ -102,6 +106,8 @@ void runQibla(Session& session, const Arguments& arguments) {
                 {"qibla", qiblaJson(qibla.day)},
                 {"compass_bearing", qibla.compass},
                 {"magnetic_declination", declinationJson(qibla.day)},
+                {"current_declination", currentFieldJson(qibla.now)},
+                {"current_compass_bearing", wrapped360(qibla.bearing - qibla.now.declination)},
                 {"distance_km", qibla.distanceKm},
                 {"kaaba_due", isOnKaabaMeridian(qibla) ? Json(isNorthOfKaaba(qibla) ? "south" : "north") : Json()},
                 {"sun_in_direction", timeJson(qibla.sunTime)}}));

@@ -54,10 +54,13 @@ TEST_P(Documents, ShowRealOutput) {
 
 TEST(DocumentOfTheCommandLine, TellsOfEveryCommandOfTheHelp) {
     const std::string text = documentText("docs/cli.md");
-    for (const char* command :
-         {"city list", "city add", "city home", "city move", "city remove", "city search", "city show", "alarm list",
-          "alarm set", "alarm on", "alarm off", "alarm upcoming", "alarm test", "settings", "calendar connect",
-          "calendar disconnect", "doctor", "doctor zones"}) {
+    for (const char* command : {"city list",      "city add",         "city home",           "city move",
+                                "city remove",    "city search",      "city show",           "alarm list",
+                                "alarm set",      "method list",      "method show",         "method suggest",
+                                "method compare", "method set",       "method import",       "method remove-table",
+                                "alarm on",       "alarm off",        "alarm upcoming",      "alarm test",
+                                "settings",       "calendar connect", "calendar disconnect", "doctor",
+                                "doctor zones"}) {
         EXPECT_NE(text.find(std::string("quode ") + command), std::string::npos) << command;
         EXPECT_EQ(Program().runShell(std::string("quode ") + command + " --help").code, 0) << command;
     }

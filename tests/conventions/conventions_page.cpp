@@ -8,6 +8,7 @@
 #include <set>
 
 #include "published_rows.h"
+#include "support/fixtures.h"
 
 namespace quode::conventions {
 namespace {
@@ -113,7 +114,7 @@ std::string rulesTable() {
 }
 
 std::vector<PublishedRow> allRows() {
-    return readPublishedRows(QUODE_FIXTURES "/conventions/published_rows.csv");
+    return readPublishedRows(test::fixture("conventions/published_rows.csv"));
 }
 
 constexpr std::array<const char*, prayerCount> names = {"Fajr", "sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};

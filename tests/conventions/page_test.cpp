@@ -7,18 +7,19 @@
 #include "conventions/Convention.h"
 #include "conventions/agreement.h"
 #include "conventions_page.h"
+#include "support/fixtures.h"
 
 namespace quode::conventions {
 namespace {
 
-std::string contentOf(const char* path) {
+std::string contentOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 TEST(ConventionsPage, isUpToDate) {
-    EXPECT_EQ(contentOf(QUODE_CONVENTIONS_PAGE), conventionsPage()) << "Run build/release/bin/conventions_page";
-    EXPECT_EQ(contentOf(QUODE_AGREEMENT_SOURCE), agreementSource()) << "Run build/release/bin/conventions_page";
+    EXPECT_EQ(contentOf(test::sourceFile("docs/conventions.md")), conventionsPage()) << "Run the program conventions_page of the build";
+    EXPECT_EQ(contentOf(test::sourceFile("conventions/agreement.cpp")), agreementSource()) << "Run the program conventions_page of the build";
 }
 
 TEST(ConventionsPage, claimsNoAgreementWithoutRows) {

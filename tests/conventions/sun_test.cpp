@@ -15,7 +15,7 @@ namespace quode::conventions {
 namespace {
 
 TEST(Sun, agreesWithAnEphemerisFittedToJplsToASecondOfArc) {
-    std::ifstream file(test::fixture("conventions/sun_places.csv"));
+    std::ifstream file(test::fixture("truth/sun_places.csv"));
     std::string line;
     int count = 0;
     while (std::getline(file, line)) {

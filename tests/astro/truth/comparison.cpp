@@ -54,7 +54,7 @@ std::vector<std::vector<double>> rowsOf(const std::string& name) {
 
 std::vector<Comparison> allComparisons() {
     std::vector<Comparison> all;
-    for (const auto& part : {sunComparisons(), moonComparisons(), magneticComparisons()})
+    for (const auto& part : {sunComparisons(), sunEventComparisons(), moonComparisons(), magneticComparisons()})
         all.insert(all.end(), part.begin(), part.end());
     return all;
 }

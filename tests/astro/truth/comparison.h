@@ -26,6 +26,7 @@ std::vector<std::vector<double>> rowsOf(const std::string& name);
 
 /// The comparisons of each part of the engine.
 std::vector<Comparison> sunComparisons();
+std::vector<Comparison> sunEventComparisons();
 std::vector<Comparison> moonComparisons();
 std::vector<Comparison> magneticComparisons();
 

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
+#include <cmath>
+
 #include "astro/MagneticVariation.h"
+#include "astro/WorldMagneticModel.h"
 #include "astro/angles.h"
 #include "astro/truth/comparison.h"
 
@@ -19,7 +22,16 @@ std::vector<Comparison> magneticComparisons() {
         model.DIHF(target);
         c.errors.push_back(model.iDeclination() * degreesPerRadian - row[4]);
     }
-    return {c};
+    Comparison current{"magnetic declination, World Magnetic Model 2025",
+                       "degrees",
+                       "NOAA NCEI and BGS, test values of the model",
+                       0.01,
+                       {}};
+    for (const auto& row : rowsOf("magnetic_wmm2025")) {
+        const auto field = WorldMagneticModel::at(row[0], row[2], row[3], row[1]);
+        current.errors.push_back(std::remainder(field.declination - row[5], 360.0));
+    }
+    return {c, current};
 }
 
 }  // namespace quode::truth

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// The engine's Sun, its events and the default method's times against an ephemeris fitted to JPL's.
+#include <array>
+#include <cmath>
+#include <tuple>
+
+#include "astro/AstroGlobalFuncs.h"
+#include "astro/FastAstro.h"
+#include "truth/comparison.h"
+
+namespace quode::truth {
+namespace {
+
+constexpr const char* ephemeris = "ERFA 2.0, an ephemeris fitted to JPL DE405";
+constexpr double minutesPerHour = 60.0;
+
+// Nobody may be farther off than this.
+constexpr double placeTolerance = 0.002;    // degrees
+constexpr double equationTolerance = 0.02;  // minutes
+constexpr double riseTolerance = 1.0;       // minutes
+constexpr double prayerTolerance = 0.5;     // minutes
+
+std::vector<Comparison> places() {
+    Comparison rightAscension{"right ascension of the Sun, 1975 to 2035", "degrees", ephemeris, placeTolerance, {}};
+    Comparison declination{"declination of the Sun, 1975 to 2035", "degrees", ephemeris, placeTolerance, {}};
+    Comparison equation{"equation of time, 1975 to 2035", "minutes", ephemeris, equationTolerance, {}};
+    for (const auto& row : rowsOf("sun_places")) {
+        FastAstro engine;
+        engine.SunDecRAAccurate(row[0]);
+        rightAscension.errors.push_back(std::remainder(engine.SunRA() * 15.0 - row[4], 360.0));
+        declination.errors.push_back(engine.SunDec() - row[2]);
+        equation.errors.push_back(FastAstro::EquationOfTime(row[0], engine.SunRA()) - row[3] * minutesPerHour);
+    }
+    return {rightAscension, declination, equation};
+}
+
+/// A band of latitudes, north and south alike.
+struct Band {
+    double low, high;
+    const char* name;
+};
+constexpr std::array bands = {Band{0.0, 25.0, "latitude 0 to 25"}, Band{25.0, 45.0, "latitude 25 to 45"},
+                              Band{45.0, 60.0, "latitude 45 to 60"}};
+
+struct BandComparisons {
+    Comparison rise, noon, twilight, prayers;
+};
+
+BandComparisons emptyFor(const Band& band) {
+    const std::string at = std::string(", ") + band.name;
+    return {{"sunrise and sunset" + at, "minutes", ephemeris, riseTolerance, {}},
+            {"noon" + at, "minutes", ephemeris, prayerTolerance, {}},
+            {"Sun 18 degrees below the horizon" + at, "minutes", ephemeris, prayerTolerance, {}},
+            {"times of the default method before their margin" + at, "minutes", ephemeris, prayerTolerance, {}}};
+}
+
+double difference(double hours, double published) {
+    return std::remainder(hours - published, 24.0) * minutesPerHour;
+}
+
+/// The columns of a row.
+enum Column : std::size_t {
+    latitude = 3,
+    longitude,
+    rise,
+    set,
+    transit,
+    dawn18,
+    dusk18,
+    dawn19,
+    rise0,
+    asr1,
+    asr2,
+    set0,
+    dusk17
+};
+
+void compareEvents(const std::vector<double>& row, BandComparisons& band) {
+    const auto n = [&](std::size_t i) { return static_cast<int>(row[i]); };
+    FastAstro engine;
+    engine.SetCurrentDate(n(2), n(1), n(0));
+    engine.SetPlace(row[latitude], row[longitude], 0.0, 0, 0, 0, 0, 0, 0, 0);
+    engine.SunRiseSet(n(2), n(1), n(0));
+    band.rise.errors.push_back(difference(engine.UTRise(), row[rise]));
+    band.rise.errors.push_back(difference(engine.UTSet(), row[set]));
+    const PrayTimes times = engine.CalculatePrayTimes().TodayPrayTimes;
+    const SunInfoForPray sun = engine.SunInformationForPray(n(2), n(1), n(0));
+    const auto add = [&](Comparison& comparison, int angle, int side, Column column) {
+        double hours = 0.0;
+        FastAstro::Iterasyon(hours, row[latitude], row[longitude] / -15.0, 0.0, 0.0, angle, side, sun);
+        comparison.errors.push_back(difference(hours, row[column]));
+    };
+    add(band.twilight, -18, -1, dawn18);
+    add(band.twilight, -18, 1, dusk18);
+    for (const auto& [angle, side, column] :
+         {std::tuple{-19, -1, dawn19}, std::tuple{0, -1, rise0}, std::tuple{1, 1, asr1}, std::tuple{2, 1, asr2},
+          std::tuple{0, 1, set0}, std::tuple{-17, 1, dusk17}}) {
+        add(band.prayers, angle, side, column);
+    }
+    const double margin = FastAstro::Temkin(row[latitude], false);
+    band.noon.errors.push_back(difference(times.Ogle - margin, row[transit]));
+}
+
+}  // namespace
+
+std::vector<Comparison> sunEventComparisons() {
+    std::vector<Comparison> all = places();
+    const auto rows = rowsOf("sun_events");
+    for (const Band& band : bands) {
+        BandComparisons comparisons = emptyFor(band);
+        for (const auto& row : rows) {
+            const double off = std::abs(row[latitude]);
+            if (off >= band.low && off < band.high) compareEvents(row, comparisons);
+        }
+        for (Comparison* each : {&comparisons.rise, &comparisons.noon, &comparisons.twilight, &comparisons.prayers}) {
+            all.push_back(std::move(*each));
+        }
+    }
+    return all;
+}
+
+}  // namespace quode::truth
