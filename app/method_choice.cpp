@@ -89,6 +89,18 @@ const char* keyOf(TimeSource source) {
     }
 }
 
+bool isInZone(const Convention& convention, const CityRecord& city) {
+    return convention.point == conventions::PointRule::jakimZones &&
+           !conventions::usedPoint(convention, city.latitude, city.longitude).name.empty();
+}
+
+void takeMalaysianClock(Session& session, CityRecord& city) {
+    if (const auto capital = session.cities().largestCityOfZone("Asia/Kuala_Lumpur")) {
+        city.zone = capital->zone;
+        city.rule = capital->rule;
+    }
+}
+
 Json pointJson(const CityDay& day) {
     if (!isByConvention(day)) return nullptr;
     const conventions::UsedPoint& point = day.method.point;
@@ -140,12 +152,14 @@ Method methodWith(Method method, const Arguments& arguments) {
     return method;
 }
 
-void useMethod(const Arguments& arguments, ChosenPlace& place) {
+void useMethod(Session& session, const Arguments& arguments, ChosenPlace& place) {
     SiteChoice& choice = place.city.choice;
     if (const auto key = arguments.text("method")) {
         choice.method = {};
-        choice.method.key = conventionNamed(*key).key;
+        const Convention& convention = conventionNamed(*key);
+        choice.method.key = convention.key;
         choice.table.reset();
+        if (place.nearest && isInZone(convention, place.city)) takeMalaysianClock(session, place.city);
     }
     if (const auto height = numberArgument(arguments, "height")) {
         choice.method.height = height;

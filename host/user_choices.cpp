@@ -3,6 +3,7 @@
 #include "host/user_choices.h"
 
 #include <QStringList>
+#include <functional>
 #include <stdexcept>
 #include <type_traits>
 
@@ -122,6 +123,23 @@ QString makeHome(app::Session& session, int city) {
         database.addCity(city);
         database.chooseHome(city);
     });
+}
+
+std::optional<int> homeMark(app::Session& session) {
+    try {
+        const std::optional<UserDatabase> database = app::userDatabaseToRead(session);
+        const std::optional<UserCity> home = database ? database->home() : std::nullopt;
+        if (!home) return std::nullopt;
+        if (!home->city) return home->id;
+        const SiteChoice& choice = home->city->choice;
+        std::string text = std::to_string(home->id) + " " + conventions::textOf(choice.method);
+        if (choice.table) {
+            for (const auto& [day, row] : choice.table->rows) text.append("\n").append(std::to_string(day)).append(textOf(row));
+        }
+        return static_cast<int>(std::hash<std::string>()(text));
+    } catch (const std::runtime_error&) {
+        return std::nullopt;  // what is wrong is told with the panel
+    }
 }
 
 void makeUserDatabase(app::Session& session, const CityRecord& city) {

@@ -42,6 +42,10 @@ QString rememberRows(app::Session& session, OpenRows rows);
 QString chooseColorScheme(app::Session& session, int scheme);
 QString makeHome(app::Session& session, int city);
 
+/// A number that changes when another city is made home, and when the method or the timetable of the home city changes;
+/// nothing when there is no home, or when that cannot be read.
+std::optional<int> homeMark(app::Session& session);
+
 /// Makes a user database in an empty folder whose only city is this one.
 void makeUserDatabase(app::Session& session, const CityRecord& city);
 

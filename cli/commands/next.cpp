@@ -65,7 +65,7 @@ std::string filled(Session& session, const ComingPrayer& coming, std::string_vie
 void runNext(Session& session, const Arguments& arguments) {
     ComingPrayer coming;
     coming.place = choosePlace(session, arguments.text("city"));
-    useMethod(arguments, coming.place);
+    useMethod(session, arguments, coming.place);
     coming.site = siteOf(coming.place.city);
     const std::optional<NextPrayer> prayer = nextPrayer(coming.site, session.now());
     if (!prayer) throw Failure(ExitCode::notFound, "No prayer time exists at this place today and tomorrow.");

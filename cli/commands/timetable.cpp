@@ -28,7 +28,7 @@ struct Timetable {
 Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<Month> months) {
     Timetable table;
     table.place = choosePlace(session, arguments.text("city"));
-    useMethod(arguments, table.place);
+    useMethod(session, arguments, table.place);
     table.site = siteOf(table.place.city);
     table.today = today(session, table.site);
     table.months = std::move(months);

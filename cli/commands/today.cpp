@@ -39,7 +39,7 @@ DayPage pageOf(Session& session, const Arguments& arguments) {
     DayPage page;
     const std::optional<VAKDate> wished = wishedDate(arguments);
     page.place = choosePlace(session, arguments.text("city"));
-    useMethod(arguments, page.place);
+    useMethod(session, arguments, page.place);
     page.site = siteOf(page.place.city);
     page.today = today(session, page.site);
     page.day = computeCityDay(page.site, wished.value_or(page.today));
