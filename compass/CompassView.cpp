@@ -57,9 +57,9 @@ CompassInk inkOf(const GlobalFuncs& services) {
 
 }  // namespace
 
-std::unique_ptr<CompassView> CompassView::initWithLocation(const Rect& frame, double, double, double qiblaAngle,
+std::unique_ptr<CompassView> CompassView::initWithLocation(const Rect& frame, double a, double b, double qiblaAngle,
                                                            double declination, CompassDevices devices) {
-    return std::make_unique<CompassView>(Key{}, frame, qiblaAngle, declination, std::move(devices));
+    return std::make_unique<CompassView>(Key{}, frame, a, b, qiblaAngle, declination, std::move(devices));
 }
 
 std::unique_ptr<CompassView> CompassView::initWithLocation(const Rect& frame, double a, double b, double qiblaAngle,
@@ -68,10 +68,13 @@ std::unique_ptr<CompassView> CompassView::initWithLocation(const Rect& frame, do
     return initWithLocation(frame, a, b, qiblaAngle, declination, systemCompassDevices(reason.value_or("Quode")));
 }
 
-CompassView::CompassView(Key, const Rect& frame, double qiblaAngle, double declination, CompassDevices devices)
+CompassView::CompassView(Key, const Rect& frame, double latitude, double longitude, double qiblaAngle,
+                         double declination, CompassDevices devices)
     : glbFuncs_(GlobalFuncs::globalFuncs()),
       devices_(std::move(devices)),
       frame_(frame),
+      latitude_(latitude),
+      longitude_(longitude),
       qiblaAngle_(qiblaAngle),
       declination_(declination),
       compassDeclination_(static_cast<float>(declination)),
@@ -103,7 +106,9 @@ void CompassView::makeTexts() {
     const CompassInk ink = inkOf(glbFuncs_);
     status_ = new CompassPlate(ink, this);
     numbers_ = new CompassPlate(ink, this);
-    const auto lines = compassNumbers(glbFuncs_, qiblaAngle_, declination_);
+    auto lines = compassNumbers(glbFuncs_, qiblaAngle_, declination_);
+    // Only beside the others: a pack without them has no numbers at all.
+    if (!lines.empty()) lines.push_back(currentFieldLine(glbFuncs_, latitude_, longitude_));
     numbers_->setLines(lines, true);
 
     closeButton_ = new CompassCloseButton(ink, this);

@@ -39,7 +39,7 @@ class CompassView : public QWidget {
 
   public:
     /// @param frame        the area of the screen, in points
-    /// @param a, b         not used
+    /// @param a, b         latitude and longitude of the place, degrees
     /// @param qiblaAngle   degrees from true north, counter-clockwise
     /// @param declination  magnetic declination in degrees, positive in the east
     static std::unique_ptr<CompassView> initWithLocation(const Rect& frame, double a, double b, double qiblaAngle,
@@ -49,7 +49,8 @@ class CompassView : public QWidget {
     static std::unique_ptr<CompassView> initWithLocation(const Rect& frame, double a, double b, double qiblaAngle,
                                                          double declination);
 
-    CompassView(Key, const Rect& frame, double qiblaAngle, double declination, CompassDevices devices);
+    CompassView(Key, const Rect& frame, double latitude, double longitude, double qiblaAngle, double declination,
+                CompassDevices devices);
     ~CompassView() override;
 
     /// Puts the compass on the screen in a window of its own, which fades in while the compass pops up.
@@ -131,6 +132,7 @@ class CompassView : public QWidget {
     GlobalFuncs& glbFuncs_;
     CompassDevices devices_;
     Rect frame_;
+    double latitude_, longitude_;      // for the texts
     double qiblaAngle_, declination_;  // for the texts
     float compassAngle_ = 0.0F;
     float fixAngle_ = 0.0F;

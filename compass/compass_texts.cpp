@@ -8,6 +8,8 @@
 #include <stdexcept>
 
 #include "astro/MagneticVariation.h"
+#include "astro/WorldMagneticModel.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -64,6 +66,19 @@ std::vector<std::string> compassNumbers(GlobalFuncs& services, double qiblaAngle
     const std::string epoch = fmt::format("{:.1f}", MagneticVariation::modelEpoch);
     append(lines, compassText(services, compass_text::model, {modelName, epoch}));
     return lines;
+}
+
+std::string currentFieldLine(GlobalFuncs& services, double latitude, double longitude) {
+    const VAKDate today = services.GetCurrentDateTime();
+    const double year = MagneticVariation::Julday(today.Days, today.Months, today.Years);
+    const auto field = WorldMagneticModel::at(year, latitude, longitude, 0.0);
+    const std::string angle = signedByLetter(services, field.declination);
+    const std::string epoch = fmt::format("{:.1f}", WorldMagneticModel::epoch);
+    if (!WorldMagneticModel::isValidIn(year)) {
+        return _("{} ({}), not meant for this year : {}", WorldMagneticModel::name, epoch, angle);
+    }
+    const std::string age = fmt::format("{:.1f}", year - WorldMagneticModel::epoch);
+    return _("{} ({}), {} years old : {}", WorldMagneticModel::name, epoch, age, angle);
 }
 
 std::array<std::string, 4> cardinalLetters(GlobalFuncs& services) {

@@ -54,6 +54,10 @@ std::optional<std::string> compassText(GlobalFuncs& services, compass_text::Id i
 /// @param declination  degrees, positive in the east
 std::vector<std::string> compassNumbers(GlobalFuncs& services, double qiblaAngle, double declination);
 
+/// The declination by the current model of the field, with the model's epoch and age, for the present day. The compass
+/// itself turns by the declination of `compassNumbers`. latitude, longitude: degrees
+std::string currentFieldLine(GlobalFuncs& services, double latitude, double longitude);
+
 /// The letters for north, east, south and west; empty where the pack lacks them.
 std::array<std::string, 4> cardinalLetters(GlobalFuncs& services);
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <string>
 #include <vector>
 
@@ -111,6 +110,7 @@ std::optional<WrittenDate> writtenDateOf(std::string_view text) {
     int nameAt = -1;
     for (const std::string& part : parts) {
         if (isNumber(part)) {
+            if (part.size() == 3) return std::nullopt;  // a year that has lost a digit
             if (part.size() > 4 && !(part.size() == 8 && parts.size() == 1)) return std::nullopt;
             numbers.push_back(leadingNumber<int>(part));
         } else if (const auto month = monthNamed(part)) {

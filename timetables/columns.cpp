@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 #include "conventions/Method.h"
 #include "data/name_folding.h"
@@ -202,7 +201,7 @@ std::string plainText(std::string_view text) {
     std::string plain;
     for (const char c : folded) {
         const auto byte = static_cast<unsigned char>(c);
-        const bool isLetter = byte >= 0x80 || std::isalnum(byte) != 0;
+        const bool isLetter = byte >= 0x80 || (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z');
         if (isLetter) plain += c;
         if (!isLetter && !plain.empty() && plain.back() != ' ') plain += ' ';
     }

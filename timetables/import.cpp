@@ -46,6 +46,7 @@ class Reader {
         findDateOrder();
         findClock();
         for (const RawRow& row : raw_.rows) readRow(row);
+        reportLostDates();
         reportOutliers();
         if (import_.table.rows.empty() && import_.problems.empty()) {
             throw ImportError(_("The file has no rows below the line that names the columns."));
@@ -117,10 +118,11 @@ class Reader {
     /// Which of two numbers is the day: what a number above 12 tells, else what makes the rows follow each other.
     void findDateOrder() {
         import_.dateOrder = wishes_.dateOrder;
+        findForm();
         bool dayFirst = false, monthFirst = false, isOpen = false;
         for (const RawRow& row : raw_.rows) {
             const auto date = written(row);
-            if (!date || date->yearIsFirst || date->monthIsNamed) continue;
+            if (!date || yearIsFirst_ || date->yearIsFirst || date->monthIsNamed) continue;
             isOpen = true;
             dayFirst = dayFirst || date->first > 12;
             monthFirst = monthFirst || date->second > 12;
@@ -134,6 +136,15 @@ class Reader {
             return;
         }
         findOrderBySequence();
+    }
+
+    /// Whether the year comes first, as it does in most rows; the others are damaged.
+    void findForm() {
+        int yearFirst = 0, others = 0;
+        for (const RawRow& row : raw_.rows) {
+            if (const auto date = written(row)) ++(date->yearIsFirst ? yearFirst : others);
+        }
+        yearIsFirst_ = yearFirst >= others;
     }
 
     void findOrderBySequence() {
@@ -158,7 +169,7 @@ class Reader {
 
     std::optional<int> dayOf(const RawRow& row, DateOrder order) const {
         const auto date = written(row);
-        if (!date) return std::nullopt;
+        if (!date || date->yearIsFirst != yearIsFirst_) return std::nullopt;
         int year = date->third, month = date->second, day = date->first;
         if (date->yearIsFirst) {
             year = date->first, month = date->second, day = date->third;
@@ -322,8 +333,26 @@ class Reader {
             readIqamas(row, times);
             if (!import_.table.rows.emplace(number, times).second) throw BadRow{_("the date is there twice")};
             lines_[number] = row.line;
+            order_.push_back(number);
         } catch (const BadRow& bad) {
             import_.problems.push_back({row.line, bad.text});
+        }
+    }
+
+    /// A date far from those of the lines around it, in a file that goes from day to day.
+    void reportLostDates() {
+        const std::size_t count = order_.size();
+        std::size_t steps = 0;
+        for (std::size_t i = 1; i < count; ++i) steps += order_[i] - order_[i - 1] == 1 ? 1U : 0U;
+        if (count < 5 || steps * 2 < count) return;
+        constexpr int near = 3;  // days; a line or two may be missing
+        const auto isFar = [&](std::size_t a, std::size_t b) {
+            return order_[b] <= order_[a] || order_[b] - order_[a] > near;
+        };
+        for (std::size_t i = 0; i < count; ++i) {
+            if ((i > 0 && !isFar(i - 1, i)) || (i + 1 < count && !isFar(i, i + 1))) continue;
+            import_.problems.push_back({lines_[order_[i]], _("its date is far from those of the lines around it")});
+            import_.table.rows.erase(order_[i]);
         }
     }
 
@@ -347,6 +376,8 @@ class Reader {
         return none;
     }();
     std::map<int, int> lines_;
+    std::vector<int> order_;  ///< the days in the order of the file
+    bool yearIsFirst_ = false;
 };
 
 }  // namespace

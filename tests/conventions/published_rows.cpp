@@ -114,9 +114,10 @@ Request requestOf(const PublishedRow& row) {
 
 std::vector<PublishedRow> rowsOf(const Convention& convention, const std::vector<PublishedRow>& rows) {
     std::vector<PublishedRow> own;
-    const std::string names = ";" + std::string(convention.sampleAuthority) + ";";
+    const auto framed = [](std::string_view text) { return std::string(1, ';').append(text).append(1, ';'); };
+    const std::string names = framed(convention.sampleAuthority);
     std::ranges::copy_if(rows, std::back_inserter(own),
-                         [&](const auto& row) { return names.find(";" + row.authority + ";") != std::string::npos; });
+                         [&](const auto& row) { return names.find(framed(row.authority)) != std::string::npos; });
     return own;
 }
 

@@ -7,7 +7,7 @@
 
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/FastAstro.h"
-#include "truth/comparison.h"
+#include "astro/truth/comparison.h"
 
 namespace quode::truth {
 namespace {
@@ -88,8 +88,9 @@ void compareEvents(const std::vector<double>& row, BandComparisons& band) {
     const SunInfoForPray sun = engine.SunInformationForPray(n(2), n(1), n(0));
     const auto add = [&](Comparison& comparison, int angle, int side, Column column) {
         double hours = 0.0;
-        FastAstro::Iterasyon(hours, row[latitude], row[longitude] / -15.0, 0.0, 0.0, angle, side, sun);
-        comparison.errors.push_back(difference(hours, row[column]));
+        // On a clock half a day ahead no time comes out negative, which would gain an hour.
+        FastAstro::Iterasyon(hours, row[latitude], row[longitude] / -15.0, 0.0, 12.0, angle, side, sun);
+        comparison.errors.push_back(difference(hours - 12.0, row[column]));
     };
     add(band.twilight, -18, -1, dawn18);
     add(band.twilight, -18, 1, dusk18);
