@@ -3,7 +3,6 @@
 #include "host/user_choices.h"
 
 #include <QStringList>
-#include <functional>
 #include <stdexcept>
 #include <type_traits>
 
@@ -61,6 +60,18 @@ QString change(app::Session& session, Function function) {
     }
 }
 
+/// What the times of a city depend on; empty for the default.
+std::string choiceText(const SiteChoice& choice) {
+    if (choice.isDefault()) return "";
+    std::string text(1, ' ');
+    text.append(conventions::textOf(choice.method));
+    if (!choice.table) return text;
+    for (const auto& [day, row] : choice.table->rows) {
+        text.append("\n").append(std::to_string(day)).append(" ").append(textOf(row));
+    }
+    return text;
+}
+
 }  // namespace
 
 PanelLayout chosenLayout(app::Session& session) {
@@ -75,7 +86,10 @@ int chosenColorScheme(app::Session& session) {
 std::string shownChoices(app::Session& session) {
     const auto shown = readFrom(session, [](const UserDatabase& database) {
         const std::optional<UserCity> home = database.home();
-        return (home ? std::to_string(home->id) : "none") + " " + std::to_string(loadSettings(database).colorScheme);
+        std::string text = home ? std::to_string(home->id) : "none";
+        text.append(" ").append(std::to_string(loadSettings(database).colorScheme));
+        if (home && home->city) text.append(choiceText(home->city->choice));
+        return text;
     });
     return shown.value_or("");
 }
@@ -123,23 +137,6 @@ QString makeHome(app::Session& session, int city) {
         database.addCity(city);
         database.chooseHome(city);
     });
-}
-
-std::optional<int> homeMark(app::Session& session) {
-    try {
-        const std::optional<UserDatabase> database = app::userDatabaseToRead(session);
-        const std::optional<UserCity> home = database ? database->home() : std::nullopt;
-        if (!home) return std::nullopt;
-        if (!home->city) return home->id;
-        const SiteChoice& choice = home->city->choice;
-        std::string text = std::to_string(home->id) + " " + conventions::textOf(choice.method);
-        if (choice.table) {
-            for (const auto& [day, row] : choice.table->rows) text.append("\n").append(std::to_string(day)).append(textOf(row));
-        }
-        return static_cast<int>(std::hash<std::string>()(text));
-    } catch (const std::runtime_error&) {
-        return std::nullopt;  // what is wrong is told with the panel
-    }
 }
 
 void makeUserDatabase(app::Session& session, const CityRecord& city) {

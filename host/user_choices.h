@@ -22,7 +22,8 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar);
 /// The layout that the user has chosen for the panel; automatic when that cannot be read.
 PanelLayout chosenLayout(app::Session& session);
 
-/// Everything that the widget is built from, in one text: home city, colour scheme. What cannot be read is empty.
+/// Everything that the widget is built from, in one text: home city, its method and
+/// timetable, colour scheme. What cannot be read is empty.
 std::string shownChoices(app::Session& session);
 
 /// The name of the home city; empty when there is none, or when that cannot be read.
@@ -41,10 +42,6 @@ OpenRows rememberedRows(app::Session& session);
 QString rememberRows(app::Session& session, OpenRows rows);
 QString chooseColorScheme(app::Session& session, int scheme);
 QString makeHome(app::Session& session, int city);
-
-/// A number that changes when another city is made home, and when the method or the timetable of the home city changes;
-/// nothing when there is no home, or when that cannot be read.
-std::optional<int> homeMark(app::Session& session);
 
 /// Makes a user database in an empty folder whose only city is this one.
 void makeUserDatabase(app::Session& session, const CityRecord& city);
