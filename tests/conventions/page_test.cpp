@@ -18,8 +18,10 @@ std::string contentOf(const std::string& path) {
 }
 
 TEST(ConventionsPage, isUpToDate) {
-    EXPECT_EQ(contentOf(test::sourceFile("docs/conventions.md")), conventionsPage()) << "Run the program conventions_page of the build";
-    EXPECT_EQ(contentOf(test::sourceFile("conventions/agreement.cpp")), agreementSource()) << "Run the program conventions_page of the build";
+    EXPECT_EQ(contentOf(test::sourceFile("docs/conventions.md")), conventionsPage())
+        << "Run the program conventions_page of the build";
+    EXPECT_EQ(contentOf(test::sourceFile("conventions/agreement.cpp")), agreementSource())
+        << "Run the program conventions_page of the build";
 }
 
 TEST(ConventionsPage, claimsNoAgreementWithoutRows) {
