@@ -69,8 +69,7 @@ sys_seconds AlarmKeeper::wake() {
 
 bool AlarmKeeper::renew(UserDatabase& database, sys_seconds& next, sys_seconds now) {
     return attempt([&] {
-        const StoreStatus status = with_.changeLayout(choices_->settings.calendarLayout);
-        if (!status.ok) tellOnce(status.message);
+        with_.useLayout(choices_->settings.calendarLayout);
         const std::optional<sys_seconds> again = events_.renew(database, choices_->settings.ringer, now);
         if (again) next = std::min(next, *again);
     });
@@ -78,7 +77,10 @@ bool AlarmKeeper::renew(UserDatabase& database, sys_seconds& next, sys_seconds n
 
 bool AlarmKeeper::choicesChanged() {
     bool changed = true;  // what cannot be read may have changed
-    attempt([&] { changed = !choices_ || readChoices(openDatabase()).text() != choices_->text(); });
+    attempt([&] {
+        UserDatabase database = openDatabase();
+        changed = !choices_ || choicesIn(database).text() != choices_->text();
+    });
     return changed;
 }
 
@@ -91,6 +93,13 @@ UserDatabase AlarmKeeper::openDatabase() {
     return database;
 }
 
+// With the program that really rings.
+Choices AlarmKeeper::choicesIn(UserDatabase& database) const {
+    Choices choices = readChoices(database);
+    choices.settings.ringer = with_.ringer(choices.settings);
+    return choices;
+}
+
 void AlarmKeeper::takeChoices(UserDatabase& database) {
     const int copies = damagedCopies();
     if (copies > damagedCopies_ && !choices_) choices_ = notedChoices();
@@ -98,7 +107,7 @@ void AlarmKeeper::takeChoices(UserDatabase& database) {
         for (const std::string& notice : database.notices()) with_.desk->warn(notice);
     }
     damagedCopies_ = copies;
-    choices_ = readChoices(database);
+    choices_ = choicesIn(database);
 }
 
 // After damage a fresh database is in the place of the user's, whichever program has made it.

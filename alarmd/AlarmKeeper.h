@@ -27,10 +27,12 @@ struct AlarmSurroundings {
     const Clock* clock = nullptr;
     std::function<Uptime()> uptime;
     EventStore* calendar = nullptr;
-    std::function<StoreStatus(CalendarLayout)> changeLayout;  ///< brings the calendar into a layout
+    std::function<void(CalendarLayout)> useLayout;  ///< lets the calendar work on a layout
     RingDesk* desk = nullptr;
     std::function<void(std::string_view message)> tell;                ///< receives what belongs into the log
     std::chrono::milliseconds lockPatience = std::chrono::seconds(3);  ///< see `UserDatabase`
+    /// Who rings, see "companion/ringer.h".
+    std::function<Ringer(const UserSettings&)> ringer = [](const UserSettings& settings) { return settings.ringer; };
 };
 
 /// Sees to it that every alarm rings once, and that the calendar holds the event of its next ring.
@@ -70,6 +72,7 @@ class AlarmKeeper {
     void takeChoices(UserDatabase& database);
     bool giveBackChoices(UserDatabase& database);
     int damagedCopies() const;
+    Choices choicesIn(UserDatabase& database) const;
     std::optional<Choices> notedChoices() const;
     void warnOfOutage(bool isRead, const Present& present);
     bool renew(UserDatabase& database, std::chrono::sys_seconds& next, std::chrono::sys_seconds now);

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "alarmd/EventRenewal.h"
 
-#include <algorithm>
-
-#include "data/DatabaseFunctions.h"
+#include "companion/AlarmBook.h"
 
 namespace quode {
 namespace {
@@ -12,21 +10,19 @@ namespace {
 using namespace std::chrono;
 
 constexpr minutes timeToRing{2};
+constexpr seconds patience{2};  // for a program that changes an alarm; rings must not wait for long
 
 }  // namespace
 
 std::optional<sys_seconds> EventRenewal::renew(UserDatabase& database, Ringer ringer, sys_seconds now) {
     std::optional<sys_seconds> again;
-    const std::vector<AlarmOccurrence> next = database.refreshPrayerTimes();
-    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-        // Read as late as possible: the user may switch it off while the events of the others are written.
-        const UserAlarm alarm = database.alarm(code);
-        if (ringer == Ringer::evolution && mayStillRing(alarm, now)) {
-            again = now + timeToRing;
-        } else {
-            renewEvent(database, alarm, next);
-        }
-    }
+    const auto leave = [&](const UserAlarm& alarm) {
+        const bool leaves = ringer == Ringer::evolution && mayStillRing(alarm, now);
+        if (leaves) again = now + timeToRing;
+        return leaves;
+    };
+    const AlarmChange change = AlarmBook(database.file().parent_path(), database, *calendar_, patience).renew(leave);
+    if (!change.message.empty()) report_(change.message);
     return again;
 }
 
@@ -42,27 +38,6 @@ bool EventRenewal::mayStillRing(const UserAlarm& alarm, sys_seconds now) const {
     if (!alarm.isOn) return false;
     const std::optional<sys_seconds> start = startOf(alarm);
     return start && *start <= now && now - *start < timeToRing;
-}
-
-// Brings the event of an alarm to its next ring, unless it is there already. A prayer whose time does not come about
-// within a day has no event.
-void EventRenewal::renewEvent(UserDatabase& database, const UserAlarm& alarm,
-                              const std::vector<AlarmOccurrence>& next) {
-    if (!alarm.isOn) {
-        if (!alarm.eventIdentifier.empty()) DatabaseFunctions().deleteAlarm(alarm.code);
-        return;
-    }
-    const auto ring = std::ranges::find(next, alarm.code, &AlarmOccurrence::code);
-    if (ring == next.end()) {
-        if (alarm.eventIdentifier.empty()) return;
-        calendar_->removeEvent(alarm.eventIdentifier);
-        database.forgetEvent(alarm.code);
-        return;
-    }
-    const FoundEvent found = calendar_->findEvent(alarm.eventIdentifier);
-    if (!found.status.ok) report_(found.status.message);
-    if (found.event && found.event->start == ring->due) return;
-    DatabaseFunctions().reCalculateAlarm(alarm.code);
 }
 
 }  // namespace quode

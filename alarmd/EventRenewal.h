@@ -5,7 +5,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "companion/UserDatabase.h"
 #include "companion/UserSettings.h"
@@ -28,7 +27,6 @@ class EventRenewal {
 
   private:
     bool mayStillRing(const UserAlarm& alarm, std::chrono::sys_seconds now) const;
-    void renewEvent(UserDatabase& database, const UserAlarm& alarm, const std::vector<AlarmOccurrence>& next);
 
     EventStore* calendar_;
     std::function<void(const std::string&)> report_;

@@ -15,6 +15,7 @@
 #include "alarmd/InstanceLock.h"
 #include "common/GlobalFuncs.h"
 #include "companion/UserEventStore.h"
+#include "companion/ringer.h"
 #include "platform/Uptime.h"
 #include "platform/canberra_sound_player.h"
 #include "platform/folders.h"
@@ -87,9 +88,13 @@ int serve() {
     const auto player = canberraSoundPlayer(loop.get());
     player->onFailure = [&services](std::string_view problem) { services.NSLogToFile(problem); };
     DesktopRingDesk desk(*notifications, *player, services);
-    const auto changeLayout = [&calendar](CalendarLayout layout) { return calendar->changeLayout(layout); };
-    AlarmKeeper keeper(
-        {services.dataFolder(), &cities, clock.get(), &systemUptime, calendar.get(), changeLayout, &desk, tell});
+    const auto useLayout = [&calendar](CalendarLayout layout) { calendar->setLayout(layout); };
+    AlarmSurroundings surroundings{services.dataFolder(), &cities,   clock.get(), &systemUptime,
+                                   calendar.get(),        useLayout, &desk,       tell};
+    surroundings.ringer = [&services](const UserSettings& settings) {
+        return ringerInEffect(settings, processEnvironment(), services.dataFolder());
+    };
+    AlarmKeeper keeper(std::move(surroundings));
     AlarmService service(loop.get(), keeper, *notifications, services.dataFolder(), "/etc/localtime",
                          [&] { return mayServe(lock, services.dataFolder(), tell); });
     return service.run() < 0 ? 1 : 0;

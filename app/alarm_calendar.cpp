@@ -2,122 +2,66 @@
 // SPDX-License-Identifier: MIT
 #include "app/alarm_calendar.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "app/session.h"
+#include "companion/autostart.h"
 #include "companion/user_connection.h"
-#include "data/DatabaseFunctions.h"
+#include "platform/folders.h"
 
 namespace quode::app {
 namespace {
 
 constexpr const char* noEvent = "The alarm has no event in the calendar.";
 
+std::shared_ptr<UserEventStore> calendarOf(Session& session, UserDatabase& database) {
+    auto store = std::make_shared<UserEventStore>(session.dataFolder(), loadSettings(database).calendarLayout);
+    session.setCalendar(store);
+    session.services();
+    return store;
+}
+
 }  // namespace
-
-/// The calendar, which remembers the last failure: the operations that write events tell of none.
-class AlarmCalendar::Store : public EventStore {
-  public:
-    Store(const std::filesystem::path& dataFolder, CalendarLayout layout) : store_(dataFolder, layout) {}
-
-    FoundEvent findEvent(std::string_view identifier) override {
-        FoundEvent found = store_.findEvent(identifier);
-        note(found.status);
-        return found;
-    }
-    SavedEvent saveEvent(const CalendarEvent& event) override {
-        SavedEvent saved = store_.saveEvent(event);
-        note(saved.status);
-        return saved;
-    }
-    StoreStatus removeEvent(std::string_view identifier) override {
-        StoreStatus status = store_.removeEvent(identifier);
-        note(status);
-        return status;
-    }
-    CalendarInfo defaultCalendar() const override { return store_.defaultCalendar(); }
-    EventList ownEvents() override { return store_.ownEvents(); }
-
-    void changeLayout(CalendarLayout layout) { note(store_.changeLayout(layout)); }
-
-    /// The last message since it was asked for.
-    StoreStatus takeStatus() { return std::exchange(status_, {}); }
-
-  private:
-    void note(const StoreStatus& status) {
-        if (!status.message.empty()) status_ = status;
-    }
-
-    UserEventStore store_;
-    StoreStatus status_;
-};
 
 AlarmCalendar::AlarmCalendar(Session& session, UserDatabase& database)
     : session_(&session),
       database_(&database),
-      store_(std::make_shared<Store>(session.dataFolder(), loadSettings(database).calendarLayout)) {
-    session.setCalendar(store_);
-    session.services();
-}
+      store_(calendarOf(session, database)),
+      book_(session.dataFolder(), database, *store_) {}
 
 AlarmCalendar::~AlarmCalendar() = default;
 
 void AlarmCalendar::switchOn(int code) {
-    writeEvent(code, database_->refreshPrayerTimes());
-    seeToIt(code, true);
-    complainOfFailures(noEvent);
+    report(book_.switchOn(code), noEvent);
+    const std::filesystem::path service = executablePath().parent_path() / "quode-alarmd";
+    const ServiceStart start = assureServiceStart(session_->environment(), service);
+    if (!start.message.empty() && !isStartReported_) writeMessage(start.message);
+    isStartReported_ = true;
 }
 
 void AlarmCalendar::switchOff(int code) {
-    DatabaseFunctions().deleteAlarm(code);
-    seeToIt(code, false);
-    complainOfFailures("The event of the alarm may still stand in the calendar.");
+    report(book_.switchOff(code), "The event of the alarm may still stand in the calendar.");
+}
+
+void AlarmCalendar::change(const std::function<void()>& change) {
+    report(book_.change([&] { database_->connection().change(change); }), noEvent);
 }
 
 void AlarmCalendar::renew() {
-    const std::vector<AlarmOccurrence> next = database_->refreshPrayerTimes();
-    for (const UserAlarm& alarm : database_->alarms()) {
-        if (alarm.isOn) writeEvent(alarm.code, next);
-    }
-    complainOfFailures(noEvent);
+    report(book_.renew(), noEvent);
 }
 
 void AlarmCalendar::changeLayout(CalendarLayout layout) {
-    store_->changeLayout(layout);
-    renew();
+    const auto save = [&] {
+        UserSettings settings = loadSettings(*database_);
+        settings.calendarLayout = layout;
+        saveSettings(*database_, settings);
+    };
+    report(book_.changeLayout(*store_, layout, save), noEvent);
 }
 
-// The operations that switch alarms tell of no failure. Where one has failed, the same change is tried by a connection
-// that throws and says why; it may be that the hindrance is gone by now.
-void AlarmCalendar::seeToIt(int code, bool isOn) {
-    if (database_->alarm(code).isOn == isOn) return;
-    UserConnection& connection = database_->connection();
-    connection.setPatience({});  // the operation has waited already
-    connection.change([&] {
-        connection.run("UPDATE USER_ALARMS SET ACTIVE = ? WHERE TIMEID = ?", {isOn ? 1 : 0, alarmNumber(code)});
-    });
-}
-
-// A prayer whose time does not come about within a day has no event.
-void AlarmCalendar::writeEvent(int code, const std::vector<AlarmOccurrence>& next) {
-    const UserAlarm alarm = database_->alarm(code);
-    const auto ring = std::ranges::find(next, code, &AlarmOccurrence::code);
-    if (ring != next.end() && alarm.isOn) {
-        const FoundEvent found = store_->findEvent(alarm.eventIdentifier);
-        if (found.event && found.event->start == ring->due) return;
-    }
-    DatabaseFunctions().reCalculateAlarm(code);
-    if (ring != next.end()) return;
-    store_->removeEvent(database_->alarm(code).eventIdentifier);
-    database_->forgetEvent(code);
-}
-
-void AlarmCalendar::complainOfFailures(const std::string& consequence) {
-    const StoreStatus status = store_->takeStatus();
-    if (status.message.empty()) return;
-    if (status.ok) return writeMessage(status.message);
-    session_->complain(consequence + " " + status.message, ExitCode::userData);
+void AlarmCalendar::report(const AlarmChange& change, const std::string& consequence) {
+    if (!change.isStored) throw Failure(ExitCode::userData, change.message);
+    if (!change.isPlaced) return session_->complain(consequence + " " + change.message, ExitCode::userData);
+    if (!change.message.empty()) writeMessage(change.message);
 }
 
 }  // namespace quode::app

@@ -3,9 +3,11 @@
 // The events of the alarms, as far as a command changes them. Otherwise the alarm service keeps them.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
+#include "companion/AlarmBook.h"
 #include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
 #include "companion/UserSettings.h"
@@ -14,8 +16,8 @@ namespace quode::app {
 
 class Session;
 
-/// Switches alarms, and brings their events to the next ring. What goes wrong is complained of; it never keeps an alarm
-/// from being switched.
+/// The alarm book of a command. An alarm that could not be switched is a `Failure`; what went wrong with an event is
+/// complained of.
 class AlarmCalendar {
   public:
     /// To be made before the session's services are first asked for. All must outlive the object.
@@ -24,25 +26,29 @@ class AlarmCalendar {
     AlarmCalendar(const AlarmCalendar&) = delete;
     AlarmCalendar& operator=(const AlarmCalendar&) = delete;
 
+    /// Also sees to it that the alarm service starts at the next login, and says so when that is new.
     void switchOn(int code);
     void switchOff(int code);
 
-    /// After a change of cities, home, alarms or layout: the events of all alarms that are on.
+    /// A change of cities, home or alarms: altogether, and the events of all alarms that are on after it.
+    void change(const std::function<void()>& change);
+
+    /// Brings the events of all alarms that are on to their next rings.
     void renew();
 
-    /// Brings the events into another layout. The setting is not touched.
+    /// Brings the events into another layout, and changes the setting.
     void changeLayout(CalendarLayout layout);
 
-  private:
-    class Store;
+    AlarmBook& book() { return book_; }
 
-    void writeEvent(int code, const std::vector<AlarmOccurrence>& next);
-    void seeToIt(int code, bool isOn);
-    void complainOfFailures(const std::string& consequence);
+  private:
+    void report(const AlarmChange& change, const std::string& consequence);
 
     Session* session_;
     UserDatabase* database_;
-    std::shared_ptr<Store> store_;
+    std::shared_ptr<UserEventStore> store_;
+    AlarmBook book_;
+    bool isStartReported_ = false;
 };
 
 }  // namespace quode::app

@@ -9,15 +9,20 @@
 #include <set>
 
 #include "app/alarm_sounds.h"
+#include "app/dates.h"
 #include "app/day_view.h"
 #include "app/desktop.h"
 #include "app/ringer.h"
 #include "app/session.h"
 #include "app/user_alarms.h"
 #include "app/user_data.h"
+#include "companion/AlarmBook.h"
 #include "companion/UserEventStore.h"
+#include "companion/autostart.h"
+#include "companion/ringer.h"
 #include "companion/user_connection.h"
 #include "data/zone_check.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -31,9 +36,13 @@ struct Known {
     bool hasUserDatabase = true;  ///< there is one, though perhaps it cannot be read
     std::vector<UserCity> cities;
     std::optional<UserAlarms> alarms;
+    std::vector<CalendarEvent> eventsWithoutAlarm;
 
     bool anyAlarmIsOn() const { return alarms && alarms->anyIsOn(); }
     UserSettings settings() const { return alarms ? alarms->settings : UserSettings{}; }
+    bool evolutionRings(Session& session) const {
+        return ringerInEffect(settings(), session.environment(), session.dataFolder()) == Ringer::evolution;
+    }
 };
 
 const char* plural(std::size_t count, const char* one, const char* many) {
@@ -87,6 +96,12 @@ std::string summaryOf(const Known& known, const std::optional<UserCity>& home) {
                        plural(on, "alarm", "alarms"));
 }
 
+std::vector<CalendarEvent> eventsWithoutAlarm(Session& session, UserDatabase& database) {
+    session.services();
+    UserEventStore calendar(session.dataFolder(), loadSettings(database).calendarLayout);
+    return AlarmBook(session.dataFolder(), database, calendar).eventsWithoutAlarm();
+}
+
 void readUserDatabase(Session& session, Known& known, Finding& found) {
     std::optional<UserDatabase> database = userDatabaseToRead(session);
     if (!database) {
@@ -106,6 +121,7 @@ void readUserDatabase(Session& session, Known& known, Finding& found) {
     }
     known.cities = database->cities();
     known.alarms = readAlarms(session, *database);
+    known.eventsWithoutAlarm = eventsWithoutAlarm(session, *database);
     const std::optional<UserCity> home = database->home();
     found.text = summaryOf(known, home);
     if (home && !home->city) {
@@ -152,6 +168,17 @@ std::string alarmsWithoutEvent(Session& session, const UserAlarms& alarms, const
     return names;
 }
 
+void reportStrayEvents(const Known& known, Finding& found) {
+    if (known.eventsWithoutAlarm.empty()) return;
+    std::string starts;
+    for (const CalendarEvent& event : known.eventsWithoutAlarm) {
+        starts += (starts.empty() ? "" : ", ") + isoMoment(event.start);
+    }
+    found.state = State::problem;
+    found.advice = _("Events of alarms that are gone ring in calendar programs: {}. Remove them:", starts);
+    found.command = "quode doctor --tidy";
+}
+
 Finding checkCalendar(Session& session, const Known& known) {
     UserEventStore store(session.dataFolder(), known.settings().calendarLayout);
     Finding found{"calendar", "Calendar", State::ok, "", ""};
@@ -167,9 +194,11 @@ Finding checkCalendar(Session& session, const Known& known) {
     }
     if (!list.status.message.empty()) found.advice = list.status.message;
     const std::string names = known.alarms ? alarmsWithoutEvent(session, *known.alarms, list.events) : "";
-    if (names.empty()) return found;
-    const bool matters = known.settings().ringer == Ringer::evolution;
-    found.state = matters ? State::problem : State::note;
+    if (names.empty()) {
+        reportStrayEvents(known, found);
+        return found;
+    }
+    found.state = known.evolutionRings(session) ? State::problem : State::note;
     found.advice =
         fmt::format("The events of {} are not up to date. The alarm service renews them when it runs.", names);
     return found;
@@ -194,10 +223,10 @@ Finding checkSounds(Session& session, const Known& known) {
     return found;
 }
 
-Finding checkNotificationService(const Known& known) {
+Finding checkNotificationService(Session& session, const Known& known) {
     const NotificationCheck check = desktop().checkNotifications();
     Finding found{"notifications", "Notifications", State::ok, check.name, ""};
-    const bool matters = known.anyAlarmIsOn() && known.settings().ringer == Ringer::quode;
+    const bool matters = known.anyAlarmIsOn() && !known.evolutionRings(session);
     const auto set = [&](State state, const char* text, const char* advice) {
         found.state = state;
         found.text = text;
@@ -235,10 +264,15 @@ Finding checkAlarmService(Session& session, const Known& known) {
     Finding found{"alarm_service", "Alarm service", State::ok, state.serviceRuns ? "running" : "not running", ""};
     if (state.ringer == Ringer::evolution) found.text += "; Evolution rings";
     if (known.anyAlarmIsOn()) {
-        if (state.isReady()) return found;
-        found.state = State::problem;
-        found.text = state.problem;
-        found.command = state.remedy;
+        if (!state.isReady()) {
+            found.state = State::problem;
+            found.text = state.problem;
+            found.command = state.remedy;
+        } else if (!session.variable("QUODE_DATA_DIR") && !serviceStartsAtLogin(session.environment())) {
+            found.state = State::problem;
+            found.advice = _("It does not start with the next login. Switch an alarm on again, which sees to that:");
+            found.command = "quode alarm on PRAYER";
+        }
     } else if (!state.serviceRuns) {
         found.state = State::note;
         found.text +=
@@ -296,7 +330,7 @@ std::vector<Finding> examine(Session& session) {
     findings.push_back(checkUserDatabase(session, known));
     findings.push_back(checkCalendar(session, known));
     findings.push_back(checkSounds(session, known));
-    findings.push_back(checkNotificationService(known));
+    findings.push_back(checkNotificationService(session, known));
     findings.push_back(checkAlarmService(session, known));
     findings.push_back(checkZoneRules(session, known));
     return findings;

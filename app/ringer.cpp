@@ -2,39 +2,40 @@
 // SPDX-License-Identifier: MIT
 #include "app/ringer.h"
 
+#include <utility>
+
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "app/user_texts.h"
 #include "companion/UserEventStore.h"
 #include "companion/alarm_service.h"
+#include "companion/ringer.h"
+#include "platform/folders.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
 
 constexpr const char* startService = "systemctl --user enable --now quode-alarmd";
 
-std::filesystem::path configFolder(Session& session) {
-    const auto folder = session.variable("XDG_CONFIG_HOME");
-    if (folder && folder->starts_with('/')) return *folder;
-    return std::filesystem::path(session.variable("HOME").value_or("/")) / ".config";
-}
-
-void findProblem(Session& session, RingerState& state) {
-    const auto set = [&state](const char* problem, const char* remedy) {
-        state.problem = problem;
+void findProblem(Session& session, const UserSettings& settings, RingerState& state) {
+    const auto set = [&state](std::string problem, const char* remedy) {
+        state.problem = std::move(problem);
         state.remedy = remedy;
     };
-    const bool evolutionRings = evolutionSource(session).rings();
-    if (state.ringer == Ringer::evolution && !evolutionRings) {
-        set("Evolution was chosen to ring, but is not connected: nothing rings. Connect it:",
-            "quode calendar connect evolution --ring");
-    } else if (state.ringer == Ringer::quode && evolutionRings) {
-        set("Evolution rings beside Quode: every alarm comes twice. Let Quode ring alone:",
+    const std::string obstacle = evolutionObstacle(session.environment(), session.dataFolder());
+    if (settings.ringer == Ringer::evolution && !obstacle.empty()) {
+        set(_("Evolution was chosen to ring, but {}. Quode rings in its place. Connect Evolution again, or let Quode "
+              "ring:",
+              obstacle),
+            "quode settings ringer quode");
+    } else if (settings.ringer == Ringer::quode && obstacle.empty()) {
+        set(_("Evolution rings beside Quode: every alarm comes twice. Let Quode ring alone:"),
             "quode settings ringer quode");
     } else if (!state.serviceRuns && state.ringer == Ringer::quode) {
-        set("The alarm service is not running: nothing rings. Start it:", startService);
+        set(_("The alarm service is not running: nothing rings. Start it:"), startService);
     } else if (!state.serviceRuns) {
-        set("The alarm service is not running: Evolution rings each alarm once more, and then no more. Start it:",
+        set(_("The alarm service is not running: Evolution rings each alarm once more, and then no longer. Start it:"),
             startService);
     }
 }
@@ -42,13 +43,20 @@ void findProblem(Session& session, RingerState& state) {
 }  // namespace
 
 EvolutionSource evolutionSource(Session& session) {
-    return EvolutionSource(configFolder(session));
+    return EvolutionSource(configFolderFrom(session.environment()));
 }
 
 RingerState ringerState(Session& session, const UserSettings& settings) {
-    RingerState state{settings.ringer, alarmServiceRuns(session.dataFolder()), "", ""};
-    findProblem(session, state);
+    RingerState state{ringerInEffect(settings, session.environment(), session.dataFolder()),
+                      alarmServiceRuns(session.dataFolder()), "", ""};
+    findProblem(session, settings, state);
     return state;
+}
+
+void requireEvolutionProgram(Session& session) {
+    const std::string obstacle = evolutionProgramObstacle(session.environment());
+    if (obstacle.empty()) return;
+    throw Failure(ExitCode::notFound, _("Evolution cannot ring: {}. Quode rings.", obstacle));
 }
 
 void setRinger(Session& session, UserDatabase& database, Ringer ringer) {

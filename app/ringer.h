@@ -15,7 +15,7 @@ class Session;
 
 /// Which program rings, and whether it will.
 struct RingerState {
-    Ringer ringer = Ringer::quode;
+    Ringer ringer = Ringer::quode;  ///< in effect, see "companion/ringer.h"
     bool serviceRuns = false;
     std::string problem;  ///< why it does not; empty when all is well
     std::string remedy;   ///< the command that mends it
@@ -24,6 +24,9 @@ struct RingerState {
 };
 
 RingerState ringerState(Session& session, const UserSettings& settings);
+
+/// Throws `Failure` where Evolution's reminder program is not there to ring.
+void requireEvolutionProgram(Session& session);
 
 /// Chooses who rings from now on, and tells Evolution, when it is connected. Should that fail in between, both ring
 /// rather than none. Throws `UserDatabaseError`, and `Failure` when Evolution's description cannot be written.

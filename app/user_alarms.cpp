@@ -15,8 +15,10 @@
 #include "app/text_layout.h"
 #include "app/user_data.h"
 #include "app/user_texts.h"
+#include "common/calendar.h"
 #include "common/formatting.h"
 #include "companion/RingRecords.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -50,16 +52,31 @@ std::vector<AlarmOccurrence> snoozedRings(Session& session, const std::vector<Us
     return rings;
 }
 
+/// "tomorrow", by the civil day of the place.
+std::string dayText(Session& session, const CityRecord& city, const VAKDate& date) {
+    const VAKDate now = today(session, siteOf(city));
+    if (sameDay(date, now)) return _("today");
+    const bool isLater = calendar::GregorianDateToJulian(date) > calendar::GregorianDateToJulian(now);
+    return isLater ? std::string(session.texts().tomorrow) : _("yesterday");
+}
+
+/// When an alarm rings; with the day where that is another one than the prayer's.
+std::string ringText(Session& session, const CityRecord& city, const AlarmOccurrence& ring) {
+    const VAKDate day = wallClock(city.rule, ring.due);
+    const std::string clock = clockAt(session, city, ring.due);
+    return sameDay(day, ring.date) ? clock : dayText(session, city, day) + " " + clock;
+}
+
 std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const UserAlarm& alarm, bool isNext) {
     const UserTexts& texts = userTextsOf(session.services().languageId());
     const auto ring = std::ranges::find(all.coming, alarm.code, &AlarmOccurrence::code);
     const bool comes = ring != all.coming.end();
-    std::vector<std::string> row{isNext ? "›" : " ", session.prayerName(alarm.code),
-                                 clockText(session, comes ? ring->hours : missingTime),
-                                 std::string(alarm.isOn ? texts.on : texts.off)};
+    std::vector<std::string> row{
+        isNext ? "›" : " ", session.prayerName(alarm.code), clockText(session, comes ? ring->hours : missingTime),
+        comes ? dayText(session, *all.city, ring->date) : "", std::string(alarm.isOn ? texts.on : texts.off)};
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();
     if (!isSetUp) return row;
-    row.push_back(comes ? clockAt(session, *all.city, ring->due) : std::string(formatting::noTime));
+    row.push_back(comes ? ringText(session, *all.city, *ring) : std::string(formatting::noTime));
     row.push_back(offsetText(session, alarm.offset));
     row.push_back(soundOf(all, alarm));
     return row;
@@ -68,7 +85,8 @@ std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const Us
 void printTable(Session& session, const UserAlarms& all) {
     using Align = TextTable::Align;
     const std::vector<AlarmOccurrence> rings = all.rings();
-    TextTable table({Align::left, Align::left, Align::right, Align::left, Align::right, Align::left, Align::left});
+    TextTable table(
+        {Align::left, Align::left, Align::right, Align::left, Align::left, Align::right, Align::left, Align::left});
     for (const UserAlarm& alarm : all.alarms) {
         table.add(rowOf(session, all, alarm, !rings.empty() && rings.front().code == alarm.code));
     }

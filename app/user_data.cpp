@@ -8,6 +8,9 @@
 
 #include "app/session.h"
 #include "common/numbers.h"
+#include "companion/AlarmBook.h"
+#include "companion/UserEventStore.h"
+#include "data/AlarmJournal.h"
 #include "data/name_folding.h"
 #include "data/user_places.h"
 
@@ -36,13 +39,36 @@ std::vector<UserCity> citiesMeant(const std::vector<UserCity>& cities, std::stri
     return meant;
 }
 
+// A change that an earlier program was cut off in is finished before anything is shown or changed. What keeps that from
+// being done is reported by those who need it.
+void finishPending(Session& session) {
+    if (!AlarmJournal::isPending(session.dataFolder())) return;
+    try {
+        const auto isWhole = [&] {
+            return UserDatabase::openToRead(session.dataFolder(), session.cities(), session.deviceClock(),
+                                            readingPatience);
+        };
+        if (!isWhole()) return;
+        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock(), readingPatience);
+        const auto calendar = std::make_shared<UserEventStore>(session.dataFolder(),
+                                                               loadSettings(database).calendarLayout, readingPatience);
+        session.setCalendar(calendar);
+        session.services();
+        // A program that is still at it is not waited for.
+        AlarmBook(session.dataFolder(), database, *calendar, std::chrono::milliseconds(0)).finishPending();
+    } catch (const UserDatabaseError&) {
+    }
+}
+
 }  // namespace
 
 std::optional<UserDatabase> userDatabaseToRead(Session& session) {
+    finishPending(session);
     return UserDatabase::openToRead(session.dataFolder(), session.cities(), session.deviceClock(), readingPatience);
 }
 
 UserDatabase userDatabaseToChange(Session& session) {
+    finishPending(session);
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
     for (const std::string& notice : database.notices()) writeMessage(notice);
     return database;

@@ -12,6 +12,7 @@
 #include "common/utf8.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
+#include "companion/user_database_schema.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
 
@@ -155,6 +156,11 @@ int UserDatabase::addPlace(const NewPlace& newPlace) {
     }
     int id = 0;
     connection_->change([&] {
+        id = samePlace(newPlace);
+        if (id != 0) {
+            addCity(id);
+            return;
+        }
         const sqlite::Statement lowest = connection_->query(
             "SELECT MIN(0, COALESCE(MIN(ID), 0)) - 1 FROM (SELECT ID FROM USER_PLACE UNION ALL SELECT ID FROM "
             "USER_CITY)");
@@ -166,6 +172,17 @@ int UserDatabase::addPlace(const NewPlace& newPlace) {
         addCity(id);
     });
     return id;
+}
+
+// The number of a place that is the same in all; 0 for none.
+int UserDatabase::samePlace(const NewPlace& wanted) const {
+    for (const UserCity& each : cities()) {
+        const bool isSame = isUserPlace(each.id) && each.city && each.city->name == wanted.name &&
+                            each.city->latitude == wanted.latitude && each.city->longitude == wanted.longitude &&
+                            (wanted.zone.empty() || each.city->zone == wanted.zone);
+        if (isSame) return each.id;
+    }
+    return 0;
 }
 
 void UserDatabase::removeCity(int id) {
@@ -214,9 +231,11 @@ std::vector<UserAlarm> UserDatabase::readAlarms(const std::string& condition) co
         // A number that another program wrote may be any.
         const auto offset =
             std::clamp<long long>(sqlite3_column_int64(columns, 1), -largestAlarmOffset, largestAlarmOffset);
+        std::string sound = sqlite::text(columns, 3);
+        if (sound == usualSound) sound.clear();
         alarms.push_back({prayerOfAlarm(sqlite3_column_int(columns, 0)), static_cast<int>(offset),
-                          sqlite3_column_double(columns, 2), sqlite::text(columns, 3),
-                          sqlite3_column_int(columns, 4) != 0, sqlite::text(columns, 5)});
+                          sqlite3_column_double(columns, 2), std::move(sound), sqlite3_column_int(columns, 4) != 0,
+                          sqlite::text(columns, 5)});
     }
     return alarms;
 }
@@ -239,15 +258,9 @@ void UserDatabase::setUpAlarm(int code, int offset, const std::string& sound) {
     }
     connection_->change([&] {
         connection_->run("UPDATE USER_ALARMS SET MINUTE = ?, MELODYNAME = ? WHERE TIMEID = ?",
-                         {offset, sound, alarmNumber(code)});
+                         {offset, sound.empty() ? std::string(usualSound) : sound, alarmNumber(code)});
         refreshPrayerTimes();
     });
-}
-
-void UserDatabase::forgetEvent(int code) {
-    checkCode(code);
-    connection_->change(
-        [&] { connection_->run("UPDATE USER_ALARMS SET EVENTID = '' WHERE TIMEID = ?", {alarmNumber(code)}); });
 }
 
 std::vector<AlarmOccurrence> UserDatabase::refreshPrayerTimes() {

@@ -59,7 +59,7 @@ struct UserAlarm {
     int code = 0;                 ///< 200 (Imsak) to 205 (Yatsi)
     int offset = 0;               ///< minutes added to the prayer time
     double prayTime = 0.0;        ///< what the alarm operation goes by, see `UserDatabase::refreshPrayerTimes`
-    std::string sound;            ///< empty: not set up yet
+    std::string sound;            ///< empty: that of the settings
     bool isOn = false;            ///< a widget or a command switches it
     std::string eventIdentifier;  ///< the calendar event; empty when there is none
 };
@@ -104,7 +104,8 @@ class UserDatabase {
     /// Returned: false, and nothing is changed, when it is among them already.
     bool addCity(int id);
 
-    /// Adds a place by its coordinates at the end of the cities. Returned: its number, which is negative.
+    /// Adds a place by its coordinates at the end of the cities. Returned: its number, which is negative. One that is
+    /// there already, with the same name, coordinates and zone, is not added again.
     int addPlace(const NewPlace& place);
 
     /// Removes a city. When it was home, the first of the others becomes home. A place of the user's own is forgotten.
@@ -124,9 +125,6 @@ class UserDatabase {
 
     /// Sets offset and sound. Whether the alarm is on stays as it is; `DatabaseFunctions` switches it.
     void setUpAlarm(int code, int offset, const std::string& sound);
-
-    /// Notes that the calendar holds no event for an alarm.
-    void forgetEvent(int code);
 
     /// Writes the time of each prayer, by which `DatabaseFunctions::reCalculateAlarm` places the event: the wall
     /// clock's time in the device's zone, in the middle of a minute, so that the next alarm from now on comes out at
@@ -155,6 +153,7 @@ class UserDatabase {
     std::vector<CityRow> cityRows() const;
     void writeCityRows(std::vector<CityRow> rows);
     std::optional<CityRecord> place(int id) const;
+    int samePlace(const NewPlace& wanted) const;
     std::optional<int> firstCity();
     std::vector<UserAlarm> readAlarms(const std::string& condition) const;
 

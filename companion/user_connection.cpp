@@ -10,6 +10,8 @@
 
 #include "companion/UserDatabase.h"
 #include "companion/user_database_schema.h"
+#include "data/AlarmJournal.h"
+#include "platform/private_folder.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -47,12 +49,18 @@ class FolderLock {
 };
 
 void createFolder(const fs::path& folder) {
-    std::error_code error;
-    fs::create_directories(folder, error);
+    const std::error_code error = createPrivateFolders(folder);
     if (!error) return;
     throw UserDatabaseError(Reason::unwritable, _("The folder {} cannot be created: {}. Give yourself write "
                                                   "permission, or set QUODE_DATA_DIR to another folder.",
                                                   folder.string(), error.message()));
+}
+
+// An empty file is a database without tables. SQLite would make one that everybody may read, though it says where
+// somebody lives. That it cannot be made is reported when it is opened.
+void createPrivately(const fs::path& file) {
+    const int created = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (created >= 0) ::close(created);
 }
 
 void bind(sqlite3_stmt* statement, int index, const SqlValue& value) {
@@ -82,12 +90,30 @@ UserConnection::UserConnection(const fs::path& file, std::chrono::milliseconds p
 }
 
 void UserConnection::open(int flags) {
+    if (!sqlite::isSafeToOpen(file_)) {
+        throw UserDatabaseError(Reason::failed, _("{} or the file {}-journal is not a regular file. Move it away.",
+                                                  file_.string(), file_.filename().string()));
+    }
+    if ((flags & SQLITE_OPEN_CREATE) != 0) createPrivately(file_);
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(file_.c_str(), &opened, flags, nullptr);
     database_.reset(opened);
     if (result != SQLITE_OK) fail(result);
     sqlite3_extended_result_codes(database_.get(), 1);
+    removeStaleJournal();
     setPatience(patience_);
+}
+
+// A program that was cut off before it changed anything leaves a journal that SQLite does not need and does not remove.
+// Nobody uses one while this connection is about to write; a journal that is needed is played back before.
+void UserConnection::removeStaleJournal() {
+    const fs::path journal = file_.string() + "-journal";
+    std::error_code error;
+    if (!fs::exists(journal, error)) return;
+    sqlite3_busy_timeout(database_.get(), 0);
+    if (sqlite3_exec(database_.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) return;
+    fs::remove(journal, error);
+    sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void UserConnection::setPatience(std::chrono::milliseconds patience) {
@@ -158,7 +184,7 @@ void UserConnection::createTables(const FirstCity& firstCity) {
         const int result = sqlite3_exec(database_.get(), userDatabaseTables, nullptr, nullptr, &message);
         sqlite3_free(message);
         if (result != SQLITE_OK) fail(result);
-        for (long long timeId = 1; timeId <= 6; ++timeId) run(userDatabaseAlarmRow, {timeId});
+        for (long long timeId = 1; timeId <= 6; ++timeId) run(userDatabaseAlarmRow, {timeId, usualSound});
         const std::optional<int> city = isNew_ ? firstCity() : std::nullopt;
         if (city) run("INSERT INTO USER_CITY (ID, SETASHOME) VALUES (?, 1)", {*city});
         run("PRAGMA user_version = " + std::to_string(userDatabaseEdition));
@@ -172,6 +198,7 @@ void UserConnection::replaceDamaged(const FirstCity& firstCity, std::vector<std:
     if (check(firstCity) == Health::good) return;  // another program was faster
     database_.reset();
     const fs::path fresh = makeFresh(firstCity);
+    noteLostAlarms();
     const fs::path kept = keepAside();
     std::error_code error;
     fs::rename(fresh, file_, error);
@@ -183,15 +210,29 @@ void UserConnection::replaceDamaged(const FirstCity& firstCity, std::vector<std:
           file_.string(), kept.string()));
 }
 
+// The events of the alarms that are lost are removed by whoever looks at the alarms next.
+void UserConnection::noteLostAlarms() const {
+    AlarmJournal journal(file_.parent_path(), patience_);
+    if (!journal.isHeld()) throw UserDatabaseError(Reason::failed, journal.problem());
+    try {
+        journal.begin({});
+    } catch (const AlarmJournalError& error) {
+        throw UserDatabaseError(Reason::failed, error.what());
+    }
+}
+
 // Gives the file a second name that is free; a journal that belongs to it moves there.
 fs::path UserConnection::keepAside() const {
     fs::path kept;
     int number = 0;
+    std::error_code error;
+    bool isKept = false;  // already, by a program that was cut off before it replaced the file
     do {
         kept = file_.string() + ".damaged-" + std::to_string(++number);
-    } while (fs::exists(kept));
-    std::error_code error;
-    fs::create_hard_link(file_, kept, error);
+        isKept = fs::equivalent(file_, kept, error);
+    } while (!isKept && fs::exists(kept, error));
+    error.clear();
+    if (!isKept) fs::create_hard_link(file_, kept, error);
     if (error) fs::copy_file(file_, kept, error);  // not every file system has second names
     if (error) {
         throw UserDatabaseError(Reason::unwritable, _("The user database {} is damaged and cannot be kept aside: {}. "
@@ -208,6 +249,7 @@ fs::path UserConnection::makeFresh(const FirstCity& firstCity) {
     const fs::path fresh = file_.string() + ".new";
     std::error_code error;
     fs::remove(fresh, error);
+    fs::remove(fresh.string() + "-journal", error);
     const fs::path damaged = std::exchange(file_, fresh);
     open(toChange);
     createTables(firstCity);

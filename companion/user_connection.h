@@ -68,6 +68,7 @@ class UserConnection {
 
     [[noreturn]] void fail(int code) const;
     void open(int flags);
+    void removeStaleJournal();
     void checkToRead() const;
     void refuseLaterEdition(int edition) const;
     Health check(const FirstCity& firstCity);
@@ -75,6 +76,7 @@ class UserConnection {
     bool hasAllAlarms() const;
     void createTables(const FirstCity& firstCity);
     void replaceDamaged(const FirstCity& firstCity, std::vector<std::string>& notices);
+    void noteLostAlarms() const;
     std::filesystem::path keepAside() const;
     std::filesystem::path makeFresh(const FirstCity& firstCity);
     int readInteger(const std::string& sql) const;

@@ -23,9 +23,13 @@ CREATE TABLE IF NOT EXISTS USER_RING (TIMEID INTEGER NOT NULL, DUE INTEGER NOT N
   PRIMARY KEY (TIMEID, DUE));
 )sql";
 
+/// The sound of an alarm that rings with the sound of the settings. A widget takes an alarm without any sound for one
+/// that is not set up.
+inline constexpr const char* usualSound = "default";
+
 /// Adds the row of an alarm that has none.
 inline constexpr const char* userDatabaseAlarmRow =
-    "INSERT INTO USER_ALARMS (TIMEID) SELECT ?1 WHERE ?1 NOT IN (SELECT TIMEID FROM USER_ALARMS)";
+    "INSERT INTO USER_ALARMS (TIMEID, MELODYNAME) SELECT ?1, ?2 WHERE ?1 NOT IN (SELECT TIMEID FROM USER_ALARMS)";
 
 /// Fails on a file that lacks one of the columns.
 inline constexpr const char* userDatabaseColumns[] = {

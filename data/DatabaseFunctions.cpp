@@ -5,33 +5,22 @@
 #include <fmt/format.h>
 
 #include <exception>
-#include <filesystem>
-#include <optional>
 #include <stdexcept>
 #include <string_view>
 
 #include "common/GlobalFuncs.h"
-#include "common/calendar.h"
 #include "common/numbers.h"
 #include "common/prayer.h"
-#include "data/AlarmLock.h"
-#include "data/alarm_moment.h"
-#include "platform/EventStore.h"
 
 namespace quode {
 namespace {
 
-using std::chrono::sys_seconds;
-
 constexpr const char* fileName = "user.sqlite";
-constexpr int lockPatienceMs = 2000;
 
 // The blanks belong to the texts.
 constexpr const char* alarmInfoQuery =
     " SELECT MINUTE, MELODYTIME, MELODYNAME, ACTIVE  FROM USER_ALARMS WHERE TIMEID = {} ";
 constexpr const char* alarmRowQuery = " SELECT MINUTE, PRAYTIME, EVENTID FROM USER_ALARMS WHERE TIMEID = {} ";
-constexpr const char* activeUpdate = " UPDATE USER_ALARMS SET ACTIVE = {}  WHERE TIMEID = {} ";
-constexpr const char* eventUpdate = " UPDATE USER_ALARMS SET EVENTID = '{}'  WHERE TIMEID = {} ";
 
 sqlite::Statement firstRow(sqlite3* database, const std::string& sql) {
     sqlite::Statement row = sqlite::prepare(database, sql);
@@ -39,15 +28,6 @@ sqlite::Statement firstRow(sqlite3* database, const std::string& sql) {
     if (result == SQLITE_ROW) return row;
     if (result == SQLITE_DONE) return nullptr;
     throw std::runtime_error(sqlite3_errmsg(database));
-}
-
-bool hasQuote(const std::string& text) {
-    return text.find('\'') != std::string::npos;
-}
-
-VAKDate oneMinuteLater(VAKDate date) {
-    ++date.Minutes;
-    return calendar::JulianToGregorian(calendar::GregorianDateToJulian(date));
 }
 
 }  // namespace
@@ -95,6 +75,7 @@ bool DatabaseFunctions::executeSQL(const std::string& sql) noexcept {
     }
     if (!openUserDB()) {
         globalFuncs_->NSLogToFile("Error in executeSQL : DB not opened");
+        lastError_ = "it cannot be opened";
         return false;
     }
     const bool succeeded = runOnOpenDB(sql);
@@ -131,40 +112,13 @@ AlarmInfo DatabaseFunctions::getAlarmInfo(int code) noexcept {
     return info;
 }
 
-void DatabaseFunctions::reCalculateAlarm(int code) noexcept {
-    if (!globalFuncs_->fileExists(userDBPath_)) return;
-    try {
-        const int timeId = alarmNumber(code);
-        const AlarmLock lock(std::filesystem::path(userDBPath_).parent_path());
-        const AlarmRow alarm = readAlarmRow(timeId);
-        executeSQL(fmt::format(activeUpdate, 1, timeId));
-        storeEventIdentifier(timeId, saveEvent(alarm));
-    } catch (const std::exception& error) {
-        logFailure("reCalculateAlarm", error.what());
-    }
-}
-
-void DatabaseFunctions::deleteAlarm(int code) noexcept {
-    if (!globalFuncs_->fileExists(userDBPath_)) return;
-    try {
-        const int timeId = alarmNumber(code);
-        const AlarmLock lock(std::filesystem::path(userDBPath_).parent_path());
-        const AlarmRow alarm = readAlarmRow(timeId);
-        EventStore* const store = globalFuncs_->platform().eventStore.get();
-        if (store && store->findEvent(alarm.eventIdentifier).event) store->removeEvent(alarm.eventIdentifier);
-        storeEventIdentifier(timeId, "");
-        executeSQL(fmt::format(activeUpdate, 0, timeId));
-    } catch (const std::exception& error) {
-        logFailure("deleteAlarm", error.what());
-    }
-}
-
 bool DatabaseFunctions::openUserDB() {
     sqlite3* opened = nullptr;
+    if (!sqlite::isSafeToOpen(userDBPath_)) return false;
     const int result = sqlite3_open_v2(userDBPath_.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
     userDB_.reset(opened);
     if (result != SQLITE_OK) userDB_.reset();
-    if (userDB_) sqlite3_busy_timeout(userDB_.get(), lockPatienceMs);
+    if (userDB_) sqlite3_busy_timeout(userDB_.get(), static_cast<int>(patienceLeft().count()));
     return userDB_ != nullptr;
 }
 
@@ -172,6 +126,7 @@ bool DatabaseFunctions::runOnOpenDB(const std::string& sql) {
     char* message = nullptr;
     sqlite3_exec(userDB_.get(), sql.c_str(), nullptr, nullptr, &message);
     if (!message) return true;
+    lastError_ = message;
     globalFuncs_->NSLogToFile(message);
     sqlite3_free(message);
     return false;
@@ -186,6 +141,13 @@ AlarmInfo DatabaseFunctions::readAlarmInfo(int code) {
     info.melodyName = asString(row.get(), 2);
     info.active = asInteger(row.get(), 3) != 0;
     return info;
+}
+
+bool DatabaseFunctions::isOn(int timeId) {
+    if (!openUserDB()) throw std::runtime_error("the user database cannot be opened");
+    const bool active = readAlarmInfo(prayerOfAlarm(timeId)).active;
+    userDB_.reset();
+    return active;
 }
 
 // Throws when there is nothing to go by, so that neither the calendar nor the database is touched then.
@@ -204,43 +166,6 @@ DatabaseFunctions::AlarmRow DatabaseFunctions::readAlarmRow(int timeId) {
         userDB_.reset();
         throw;
     }
-}
-
-// Writes the event of an alarm and gives the identifier under which it is found from now on.
-std::string DatabaseFunctions::saveEvent(const AlarmRow& alarm) {
-    const Clock& clock = *globalFuncs_->platform().clock;
-    const VAKDate start = nextAlarmMoment(globalFuncs_->GetCurrentDateTime(), alarm.prayTime, alarm.offset);
-    VAKDate end = start;  // keeps the day of the start, also over midnight
-    const VAKDate later = oneMinuteLater(start);
-    end.Hours = later.Hours;
-    end.Minutes = later.Minutes;
-    const std::optional<sys_seconds> startInstant = instantOfWallClock(clock, start);
-    const std::optional<sys_seconds> endInstant = instantOfWallClock(clock, end);
-    if (!startInstant || !endInstant) throw std::runtime_error("the alarm's time leads to no date");
-
-    EventStore* const store = globalFuncs_->platform().eventStore.get();
-    if (!store) return alarm.eventIdentifier;
-    const FoundEvent found = store->findEvent(alarm.eventIdentifier);
-    CalendarEvent event = found.event.value_or(CalendarEvent{});
-    // A calendar that cannot be read now may hold the event all the same: it is not to be left behind in there.
-    if (!found.status.ok && !hasQuote(alarm.eventIdentifier)) event.identifier = alarm.eventIdentifier;
-    event.title = "Prayer Alarm";
-    event.location = "Quode";
-    event.start = *startInstant;
-    event.end = *endInstant;
-    event.alarmOffset = std::chrono::seconds{0};
-    event.allDay = false;
-    const SavedEvent saved = store->saveEvent(event);
-    return saved.status.ok ? saved.identifier : event.identifier;
-}
-
-// An identifier with a quote would end the text of the statement early.
-void DatabaseFunctions::storeEventIdentifier(int timeId, const std::string& identifier) {
-    if (hasQuote(identifier)) {
-        throw std::runtime_error("the calendar gave the event an identifier with a quote, which cannot be kept: " +
-                                 identifier);
-    }
-    executeSQL(fmt::format(eventUpdate, identifier, timeId));
 }
 
 void DatabaseFunctions::logFailure(const char* operation, const char* description) const noexcept {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite_reading.h"
 
+#include <sys/stat.h>
+
 #include <string_view>
 
 namespace quode::sqlite {
@@ -32,6 +34,15 @@ Database openUnchanging(const std::filesystem::path& file) {
     const int result = sqlite3_open_v2(uri.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
     Database database(opened);
     return result == SQLITE_OK ? std::move(database) : nullptr;
+}
+
+bool isSafeToOpen(const std::filesystem::path& file) {
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
+        struct stat facts {};
+        const bool isThere = ::stat((file.string() + suffix).c_str(), &facts) == 0;
+        if (isThere && !S_ISREG(facts.st_mode)) return false;
+    }
+    return true;
 }
 
 Statement prepare(sqlite3* database, const std::string& sql) {

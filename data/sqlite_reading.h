@@ -24,6 +24,10 @@ using Database = std::unique_ptr<sqlite3, Close>;
 /// handle is null when that fails; a file that is no database shows it only in the first query.
 Database openUnchanging(const std::filesystem::path& file);
 
+/// Whether a database and the files that SQLite keeps beside it are regular files, as far as they are there. SQLite
+/// would wait for ever for a pipe in the place of one.
+bool isSafeToOpen(const std::filesystem::path& file);
+
 /// Prepares a query; null when that fails.
 Statement prepare(sqlite3* database, const std::string& sql);
 

@@ -35,6 +35,7 @@ std::filesystem::path userDatabaseFile(const std::filesystem::path& dataFolder) 
 }
 
 std::optional<CityRecord> userPlace(const std::filesystem::path& userDatabase, const CityDatabase& cities, int id) {
+    if (!sqlite::isSafeToOpen(userDatabase)) return std::nullopt;
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(userDatabase.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
     const sqlite::Database database(opened);

@@ -3,15 +3,29 @@
 #include "host/user_choices.h"
 
 #include <QStringList>
+#include <algorithm>
 #include <stdexcept>
 #include <type_traits>
 
 #include "app/user_data.h"
+#include "companion/AlarmBook.h"
 #include "companion/UserDatabase.h"
+#include "companion/autostart.h"
 #include "data/user_places.h"
 #include "host/texts.h"
+#include "platform/folders.h"
 
 namespace quode::host {
+
+namespace {
+
+// An alarm that was switched on here is to ring after the next login, too. Returned: what the user should know.
+std::string assureAlarmsAfterLogin(const app::Session& session, const UserDatabase& database) {
+    if (std::ranges::none_of(database.alarms(), &UserAlarm::isOn)) return {};
+    return assureServiceStart(session.environment(), executablePath().parent_path() / "quode-alarmd").message;
+}
+
+}  // namespace
 
 QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
     GlobalFuncs& services = session.services();
@@ -23,9 +37,12 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
         const std::optional<UserCity> home = database.home();
         if (home && !home->city) notices << QString::fromStdString(app::lostHome(home->id));
         if (database.cities().empty()) notices << textsOf(services.languageId()).addCity;
-        database.refreshPrayerTimes();
-        const StoreStatus moved = calendar.changeLayout(loadSettings(database).calendarLayout);
-        if (!moved.ok) notices << QString::fromStdString(moved.message);
+        calendar.setLayout(loadSettings(database).calendarLayout);
+        const AlarmChange renewed =
+            AlarmBook(session.dataFolder(), database, calendar, DatabaseFunctions::drawingPatience).renew();
+        if (!renewed.message.empty()) notices << QString::fromStdString(renewed.message);
+        const std::string start = assureAlarmsAfterLogin(session, database);
+        if (!start.empty()) notices << QString::fromStdString(start);
     } catch (const std::runtime_error& error) {  // of either database; the panel is shown all the same
         notices << error.what();
     }

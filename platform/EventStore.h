@@ -22,6 +22,7 @@ struct CalendarEvent {
     /// When the event rings, relative to its start (negative: before); no value: it does not ring.
     std::optional<std::chrono::seconds> alarmOffset = std::chrono::seconds{0};
     bool allDay = false;
+    std::string mark = {};  ///< of the installation that saved it, see `StoreSurroundings`; empty: not known
 
     bool operator==(const CalendarEvent&) const = default;
 };
@@ -63,21 +64,33 @@ class EventStore {
     /// An identifier that contains a quote or a control character is refused.
     virtual FoundEvent findEvent(std::string_view identifier) = 0;
 
+    /// An identifier for an event that is about to be made, so that it can be noted before; empty where the calendar
+    /// chooses it when the event is saved.
+    virtual std::string newIdentifier() { return {}; }
+
+    /// How long to wait from now on for another program that writes.
+    virtual void setPatience(std::chrono::milliseconds) {}
+
     /// Replaces the event that has `event.identifier`, or creates one when there is none. An empty identifier, or an
     /// unknown one that this system did not make, is replaced by a new one. What other programs added to the event
     /// is kept, but for its alarms and its recurrence: the event rings once. An end that is not after the start is
     /// written as one minute after it, for no calendar accepts it otherwise; `findEvent` gives back the one that was
-    /// saved. Blanks around title and location are dropped. All-day events and times outside the years 1 to 2500 are
-    /// refused. After a failure the calendar is as it was.
+    /// saved. `event.mark` does not matter: it becomes that of this installation. Blanks around title and location are
+    /// dropped. All-day events and times outside the years 1 to 2500 are refused. After a failure the calendar is as it
+    /// was.
     virtual SavedEvent saveEvent(const CalendarEvent& event) = 0;
 
     /// Removes the event with this identifier. That there is none is a success.
     virtual StoreStatus removeEvent(std::string_view identifier) = 0;
 
+    /// Removes what saves that were cut off have left behind.
+    virtual void removeLeftOvers() {}
+
     /// The calendar that new events go to.
     virtual CalendarInfo defaultCalendar() const = 0;
 
-    /// The events that this system made. Those of other programs in the same calendar are left out.
+    /// The events that this system made, on this device or, in a folder that is exchanged with others, on another one:
+    /// their marks differ. Those of other programs in the same calendar are left out.
     virtual EventList ownEvents() = 0;
 };
 

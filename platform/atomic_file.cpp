@@ -13,6 +13,7 @@
 #include <system_error>
 #include <thread>
 
+#include "platform/private_folder.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -34,6 +35,8 @@ std::string adviceFor(int error) {
             return _("Make its disk writable or choose another data folder.");
         case EIO:
             return _("Check the disk.");
+        case EFBIG:
+            return _("It is larger than any calendar; move it away.");
         case EISDIR:
         case ENOTDIR:
             return _("Move away what is in its place.");
@@ -99,7 +102,7 @@ void tellApart(FileCalls& calls, int file, const struct stat& old) {
 
 /// Writes and synchronises the temporary file; false leaves the cause in errno.
 bool writeTemporary(FileCalls& calls, const fs::path& temporary, std::string_view content, const struct stat* old) {
-    OpenFile file(calls, calls.createFile(temporary, 0666));
+    OpenFile file(calls, calls.createFile(temporary, 0600));
     if (file.get() < 0) return false;
     if (old && calls.setOwnerAndMode(file.get(), old->st_uid, old->st_gid, old->st_mode & 07777U) < 0) return false;
     if (!writeAll(calls, file.get(), content)) return false;
@@ -123,6 +126,57 @@ FileOutcome syncFolder(FileCalls& calls, const fs::path& folder) {
         failure(_("The change is made but may not survive a power cut: cannot synchronise"), folder, errno);
     outcome.ok = true;
     return outcome;
+}
+
+FileStamp stampOf(const struct stat& facts) {
+    return {true, facts.st_dev, facts.st_ino, facts.st_size, facts.st_mtim, facts.st_ctim};
+}
+
+bool sameMoment(const timespec& a, const timespec& b) {
+    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+}
+
+bool isStill(const fs::path& path, const FileStamp& stamp) {
+    struct stat facts {};
+    if (::stat(path.c_str(), &facts) != 0) return !stamp.isThere && errno == ENOENT;
+    return stamp.isThere && facts.st_dev == stamp.device && facts.st_ino == stamp.number &&
+           facts.st_size == stamp.size && sameMoment(facts.st_mtim, stamp.modified) &&
+           sameMoment(facts.st_ctim, stamp.changed);
+}
+
+// Whether a file that has got another name since, which changes its last moment, is the one that was read.
+bool wasRead(const fs::path& path, const FileStamp& stamp) {
+    struct stat facts {};
+    return ::lstat(path.c_str(), &facts) == 0 && facts.st_dev == stamp.device && facts.st_ino == stamp.number &&
+           facts.st_size == stamp.size && sameMoment(facts.st_mtim, stamp.modified);
+}
+
+enum class Replaced { yes, outdated, failed };
+
+/// Gives the temporary file its name. Both files change places, and only then is it looked whether the old one is still
+/// the one that was read: between a look and a rename another program could save.
+Replaced takeThePlace(FileCalls& calls, const fs::path& temporary, const fs::path& target,
+                      const std::optional<FileStamp>& readAs) {
+    if (readAs && !isStill(target, *readAs)) return Replaced::outdated;
+    if (!readAs || !readAs->isThere) return calls.rename(temporary, target) < 0 ? Replaced::failed : Replaced::yes;
+    struct stat ours {};
+    if (::lstat(temporary.c_str(), &ours) != 0) return Replaced::failed;
+    if (calls.exchange(temporary, target) < 0) {
+        const bool isKnown = errno != ENOSYS && errno != EINVAL && errno != ENOTSUP;
+        if (isKnown && errno != ENOENT) return Replaced::failed;
+        return calls.rename(temporary, target) < 0 ? Replaced::failed : Replaced::yes;
+    }
+    if (wasRead(temporary, *readAs)) {
+        if (calls.unlink(temporary) < 0) calls.unlink(temporary);  // or the next save would have to
+        return Replaced::yes;
+    }
+    constexpr int mostTimes = 5;  // once, unless the other program saves again in this very moment
+    struct stat facts {};
+    for (int i = 0; i < mostTimes; ++i) {
+        if (calls.exchange(temporary, target) < 0) break;
+        if (::lstat(temporary.c_str(), &facts) == 0 && facts.st_ino == ours.st_ino) break;
+    }
+    return Replaced::outdated;
 }
 
 fs::path withLinksFollowed(const fs::path& path) {
@@ -156,11 +210,11 @@ FileContent readWholeFile(const fs::path& path, std::size_t limit) {
         filled += static_cast<std::size_t>(got);
     }
     bytes.resize(filled);
-    return {{}, std::move(bytes)};
+    return {{}, std::move(bytes), stampOf(facts)};
 }
 
 FileOutcome replaceFile(FileCalls& calls, const fs::path& path, std::string_view content,
-                        const std::optional<fs::path>& keepOldAs) {
+                        const std::optional<fs::path>& keepOldAs, const std::optional<FileStamp>& readAs) {
     const fs::path target = withLinksFollowed(path);
     const fs::path temporary = target.parent_path() / fmt::format(".{}.tmp", target.filename().string());
     struct stat facts {};
@@ -172,9 +226,22 @@ FileOutcome replaceFile(FileCalls& calls, const fs::path& path, std::string_view
     };
     if (calls.unlink(temporary) < 0 && errno != ENOENT) return failure(_("Cannot save"), path, errno);
     if (!writeTemporary(calls, temporary, content, hasOld ? &facts : nullptr)) return giveUp(errno);
-    if (hasOld && keepOldAs && !keepOld(calls, target, *keepOldAs)) return giveUp(errno);
-    if (calls.rename(temporary, target) < 0) return giveUp(errno);
+    const bool keeps = hasOld && keepOldAs;  // then nothing can be lost, and its stamp changes
+    const bool isOutdated = keeps && readAs && !isStill(target, *readAs);
+    if (keeps && !isOutdated && !keepOld(calls, target, *keepOldAs)) return giveUp(errno);
+    const Replaced replaced =
+        isOutdated ? Replaced::outdated : takeThePlace(calls, temporary, target, keeps ? std::nullopt : readAs);
+    if (replaced == Replaced::failed) return giveUp(errno);
+    if (replaced == Replaced::outdated) {
+        calls.unlink(temporary);
+        return {false, _("Another program keeps changing {}. Try again in a moment.", path.string()), true};
+    }
     return syncFolder(calls, target.parent_path());
+}
+
+bool isTemporaryFile(const fs::path& path) {
+    const std::string name = path.filename().string();
+    return name.starts_with('.') && (name.ends_with(".ics.tmp") || name.ends_with(".source.tmp"));
 }
 
 FileOutcome removeFile(FileCalls& calls, const fs::path& path) {
@@ -193,15 +260,20 @@ fs::path freeDamagedName(const fs::path& path) {
 }
 
 FileOutcome makeFolder(const fs::path& folder) {
-    std::error_code error;
-    fs::create_directories(folder, error);
+    const std::error_code error = createPrivateFolders(folder);
     return error ? failure(_("Cannot create the folder"), folder, error.value()) : FileOutcome{};
 }
 
 FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience)
-    : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666)) {
+    // A pipe in its place must not be waited for.
+    : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)) {
+    struct stat facts {};
     if (file_ < 0) {
         outcome_ = failure(_("Cannot write beside"), lockFile, errno);
+        return;
+    }
+    if (::fstat(file_, &facts) != 0 || !S_ISREG(facts.st_mode)) {
+        outcome_ = {false, _("{} is not a regular file. Move it away.", lockFile.string())};
         return;
     }
     const auto deadline = std::chrono::steady_clock::now() + patience;
@@ -216,7 +288,7 @@ FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience)
                           lockFile.parent_path().string())};
             return;
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
 }
 

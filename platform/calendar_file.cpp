@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <system_error>
 #include <tuple>
 #include <utility>
 
@@ -20,16 +21,17 @@ namespace fs = std::filesystem;
 namespace {
 
 // Thousands of times what the alarms need; a larger file is none of a calendar's.
-constexpr std::size_t kLargestFile = std::size_t{64} << 20U;
+constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 
-StoreStatus startAgain(const fs::path& file, std::string_view damage, std::string_view content, FileCalls& calls) {
+FileOutcome startAgain(const fs::path& file, const LoadedCalendar& loaded, std::string_view content, FileCalls& calls) {
     const fs::path aside = freeDamagedName(file);
-    StoreStatus status = asStatus(replaceFile(calls, file, content, aside));
-    if (!status.ok) return status;
+    const FileOutcome outcome = replaceFile(calls, file, content, aside, loaded.stamp);
+    if (!outcome.ok) return outcome;
+    StoreStatus status = asStatus(outcome);
     addMessage(status, _("{} cannot be read as a calendar: {}. It is kept as {}, and a new calendar is started. Copy "
                          "other events back from there.",
-                         file.string(), damage, aside.filename().string()));
-    return status;
+                         file.string(), loaded.damage, aside.filename().string()));
+    return {true, status.message};
 }
 
 std::string unreadableEvent(std::string_view identifier, const fs::path& file, std::string_view problem) {
@@ -43,26 +45,28 @@ LoadedCalendar loadCalendar(const fs::path& file) {
     FileContent content = readWholeFile(file, kLargestFile);
     if (!content.outcome.ok || !content.bytes) return {asStatus(content.outcome), std::nullopt, {}};
     ScannedCalendar scanned = scanCalendar(std::move(*content.bytes));
-    if (scanned.calendar) return {{}, std::move(scanned.calendar), {}};
+    if (scanned.calendar) return {{}, std::move(scanned.calendar), {}, content.stamp};
     StoreStatus status{false, _("{} cannot be read as a calendar: {}. Repair it, or switch an alarm on: the file is "
                                 "then kept aside and a new one started.",
                                 file.string(), scanned.problem)};
-    return {std::move(status), std::nullopt, std::move(scanned.problem)};
+    return {std::move(status), std::nullopt, std::move(scanned.problem), content.stamp};
 }
 
-StoreStatus saveEventInFile(const fs::path& file, const LoadedCalendar& loaded, const CalendarEvent& event,
+FileOutcome saveEventInFile(const fs::path& file, const LoadedCalendar& loaded, const CalendarEvent& event,
                             const StoreSurroundings& surroundings) {
     const bool damaged = !loaded.damage.empty();
-    if (!loaded.status.ok && !damaged) return loaded.status;
+    if (!loaded.status.ok && !damaged) return {false, loaded.status.message};
 
     const CalendarText calendar = loaded.calendar ? *loaded.calendar : *scanCalendar(emptyCalendar()).calendar;
     const auto parts = eventParts(calendar, event.identifier);
     const auto described = std::ranges::find(parts, false, &CalendarComponent::isRecurrenceOverride);
     const std::string_view oldText = described == parts.end() ? std::string_view{} : textOf(calendar, *described);
+    CalendarEvent marked = event;
+    marked.mark = surroundings.mark;
     const std::string content =
-        withEventText(calendar, event.identifier, eventText(event, oldText, surroundings.now()));
-    if (damaged) return startAgain(file, loaded.damage, content, *surroundings.files);
-    return asStatus(replaceFile(*surroundings.files, file, content));
+        withEventText(calendar, event.identifier, eventText(marked, oldText, surroundings.now()));
+    if (damaged) return startAgain(file, loaded, content, *surroundings.files);
+    return replaceFile(*surroundings.files, file, content, std::nullopt, loaded.stamp);
 }
 
 FoundEvent eventInCalendar(const CalendarText& calendar, std::string_view identifier, const fs::path& file) {
@@ -95,6 +99,13 @@ void sortEvents(EventList& list) {
 void addMessage(StoreStatus& status, std::string_view message) {
     if (!status.message.empty() && !message.empty()) status.message += ' ';
     status.message += message;
+}
+
+void removeTemporaryFiles(FileCalls& calls, const fs::path& folder) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        if (isTemporaryFile(entry->path())) calls.unlink(entry->path());
+    }
 }
 
 StoreStatus asStatus(const FileOutcome& outcome) {

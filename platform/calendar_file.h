@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/EventStore.h"
@@ -25,6 +26,9 @@ struct StoreSurroundings {
     };
     std::shared_ptr<FileCalls> files = systemFileCalls();
     std::chrono::milliseconds lockPatience{5000};  ///< how long to wait for another program that writes
+    /// What this installation's events are known by, also after they went through a folder that is exchanged with other
+    /// devices. Empty: they carry no mark.
+    std::string mark = {};
 };
 
 /// What a file holds. Without a calendar after a success there is no file; `damage` says why its text is no calendar.
@@ -32,14 +36,18 @@ struct LoadedCalendar {
     StoreStatus status;
     std::optional<CalendarText> calendar;
     std::string damage;
+    FileStamp stamp = {};
 };
+
+/// How often a change is tried again that met one of a program which does not know the lock.
+inline constexpr int attemptsToSave = 10;
 
 LoadedCalendar loadCalendar(const std::filesystem::path& file);
 
 /// Puts the event, which has its identifier, into the file; `loaded` is what the file holds, and the caller has the
 /// lock since it was loaded. A file whose text is no calendar is kept aside under the name `freeDamagedName` gives, and
 /// a new one begun; the status says so.
-StoreStatus saveEventInFile(const std::filesystem::path& file, const LoadedCalendar& loaded, const CalendarEvent& event,
+FileOutcome saveEventInFile(const std::filesystem::path& file, const LoadedCalendar& loaded, const CalendarEvent& event,
                             const StoreSurroundings& surroundings);
 
 /// The event of this identifier in the calendar that was loaded from `file`.
@@ -54,6 +62,9 @@ void sortEvents(EventList& list);
 
 /// Joins a further message to the status.
 void addMessage(StoreStatus& status, std::string_view message);
+
+/// Removes the temporary files that saves which were cut off have left in a folder. The caller has the lock.
+void removeTemporaryFiles(FileCalls& calls, const std::filesystem::path& folder);
 
 StoreStatus asStatus(const FileOutcome& outcome);
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/key_file.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -61,6 +62,7 @@ FileOutcome EvolutionSource::connect(const fs::path& calendarFile, bool rings) {
     const FileLock lock(folder_ / ".quode.lock", kLockPatience);
     if (!lock.outcome().ok) return lock.outcome();
 
+    removeTemporaryFiles();
     const FileContent old = readWholeFile(descriptionFile(), kLargestDescription);
     if (!old.outcome.ok) return old.outcome;
     const std::string wanted = description(calendarFile, rings);
@@ -70,8 +72,25 @@ FileOutcome EvolutionSource::connect(const fs::path& calendarFile, bool rings) {
     return same ? FileOutcome{} : replaceFile(*files_, descriptionFile(), wanted);
 }
 
+// What a save that was cut off has left.
+void EvolutionSource::removeTemporaryFiles() {
+    files_->unlink(folder_ / ".quode.source.tmp");
+}
+
 FileOutcome EvolutionSource::disconnect() {
+    removeTemporaryFiles();
     return removeFile(*files_, descriptionFile());
+}
+
+EvolutionSource::State EvolutionSource::stateFor(const fs::path& calendarFile) const {
+    const FileContent content = readWholeFile(descriptionFile(), kLargestDescription);
+    if (!content.bytes) return State::missing;
+    const auto value = [&](std::string_view group, std::string_view key) {
+        return valueInKeyFile(*content.bytes, group, key).value_or("");
+    };
+    if (value("Local Backend", "CustomFile") != fileUri(calendarFile)) return State::otherCalendar;
+    if (value("Data Source", "Enabled") == "false") return State::disabled;
+    return value("Alarms", "IncludeMe") == "true" ? State::rings : State::silent;
 }
 
 bool EvolutionSource::isConnected() const {

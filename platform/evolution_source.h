@@ -27,6 +27,16 @@ class EvolutionSource {
     /// Undoes `connect`. That nothing was connected is a success.
     FileOutcome disconnect();
 
+    enum class State {
+        missing,        ///< there is no description
+        otherCalendar,  ///< it names another calendar file
+        disabled,       ///< the user has disabled the calendar
+        silent,         ///< it is shown, and not included in the reminders
+        rings,
+    };
+    /// What the description says of a calendar file, given with its whole path.
+    State stateFor(const std::filesystem::path& calendarFile) const;
+
     bool isConnected() const;
 
     /// Whether it is connected and its reminder service rings our alarms.
@@ -36,6 +46,8 @@ class EvolutionSource {
     std::filesystem::path descriptionFile() const;
 
   private:
+    void removeTemporaryFiles();
+
     std::filesystem::path folder_;
     std::shared_ptr<FileCalls> files_;
 };

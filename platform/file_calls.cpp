@@ -49,6 +49,10 @@ int FileCalls::rename(const std::filesystem::path& from, const std::filesystem::
     return ::rename(from.c_str(), to.c_str());
 }
 
+int FileCalls::exchange(const std::filesystem::path& one, const std::filesystem::path& other) {
+    return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
+}
+
 int FileCalls::unlink(const std::filesystem::path& path) {
     return ::unlink(path.c_str());
 }

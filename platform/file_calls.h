@@ -28,6 +28,8 @@ class FileCalls {
     virtual int close(int file);
     virtual int link(const std::filesystem::path& from, const std::filesystem::path& to);
     virtual int rename(const std::filesystem::path& from, const std::filesystem::path& to);
+    /// Gives each of two files the other's name, in one step. Not every file system knows that.
+    virtual int exchange(const std::filesystem::path& one, const std::filesystem::path& other);
     virtual int unlink(const std::filesystem::path& path);
 };
 

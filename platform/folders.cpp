@@ -2,16 +2,44 @@
 // SPDX-License-Identifier: MIT
 #include "platform/folders.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
+#include <array>
 #include <system_error>
 
 namespace quode {
+namespace {
+
+// A folder for temporary files will not do: others could make it before.
+constexpr const char* noHome = "/nonexistent";
+
+std::string homeOfAccount() {
+    std::array<char, 4096> texts{};
+    passwd account{};
+    passwd* found = nullptr;
+    const int result = ::getpwuid_r(::getuid(), &account, texts.data(), texts.size(), &found);
+    const bool isUsable = result == 0 && found && found->pw_dir && found->pw_dir[0] == '/';
+    return isUsable ? found->pw_dir : noHome;
+}
+
+}  // namespace
+
+std::string homeFolderFrom(const Environment& environment) {
+    const auto home = nonEmpty(environment, "HOME");
+    return home && home->starts_with('/') ? *home : homeOfAccount();
+}
+
+std::string configFolderFrom(const Environment& environment) {
+    const auto folder = nonEmpty(environment, "XDG_CONFIG_HOME");
+    return folder && folder->starts_with('/') ? *folder : homeFolderFrom(environment) + "/.config";
+}
 
 std::string dataFolderFrom(const Environment& environment) {
     if (const auto chosen = nonEmpty(environment, "QUODE_DATA_DIR")) return *chosen;
     const auto dataHome = nonEmpty(environment, "XDG_DATA_HOME");
     if (dataHome && dataHome->starts_with('/')) return *dataHome + "/Quode";
-    if (const auto home = nonEmpty(environment, "HOME")) return *home + "/.local/share/Quode";
-    return nonEmpty(environment, "TMPDIR").value_or("/tmp") + "/Quode";
+    return homeFolderFrom(environment) + "/.local/share/Quode";
 }
 
 std::string bundleFolderFrom(const Environment& environment, const std::filesystem::path& executable) {

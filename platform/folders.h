@@ -9,9 +9,16 @@
 
 namespace quode {
 
-/// The folder of the user's files: $QUODE_DATA_DIR, else $XDG_DATA_HOME/Quode, else $HOME/.local/share/Quode; the
-/// folder need not exist. An empty variable counts as not set, and so does an $XDG_DATA_HOME that is no absolute path.
-/// Without any of the three it is "Quode" in the folder for temporary files.
+/// The user's home: $HOME, else that of the account. A path that is not absolute counts as not set. An account without
+/// a home has "/nonexistent", where nothing can be made.
+std::string homeFolderFrom(const Environment& environment);
+
+/// The folder of the user's settings files: $XDG_CONFIG_HOME, else ".config" in the home folder.
+std::string configFolderFrom(const Environment& environment);
+
+/// The folder of the user's files: $QUODE_DATA_DIR, else $XDG_DATA_HOME/Quode, else .local/share/Quode in the home
+/// folder; the folder need not exist. An empty variable counts as not set, and so does an $XDG_DATA_HOME that is no
+/// absolute path.
 std::string dataFolderFrom(const Environment& environment);
 
 /// The folder of the bundle (language packs, images, city database): $QUODE_BUNDLE_DIR, else ../lib/quode/Quode.bundle

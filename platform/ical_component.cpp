@@ -28,15 +28,18 @@ constexpr std::string_view kProduct = "-//Quode//Prayer alarms//EN";
 
 // The length of an event in seconds as it was saved, noted where DTEND cannot express it.
 constexpr std::string_view kOwnDuration = "X-QUODE-DURATION";
+
+// Which installation saved the event.
+constexpr std::string_view kOwnMark = "X-QUODE-INSTALLATION";
 constexpr seconds kShortestLength{60};
 constexpr long long kLongestNoted = 100'000'000'000;  // beyond the years that an event may have
 
 constexpr int kLastSequence = std::numeric_limits<int>::max();
 
 // What a save sets anew. An event that recurs or is cancelled would ring too often or not at all.
-constexpr std::array<std::string_view, 17> kOwnProperties{
-    "BEGIN",    "END",           "UID",    "DTSTAMP", "DTSTART", "DTEND",  "DURATION", "SUMMARY",   "LOCATION",
-    "SEQUENCE", "LAST-MODIFIED", "STATUS", "RRULE",   "RDATE",   "EXDATE", "EXRULE",   kOwnDuration};
+constexpr std::array<std::string_view, 18> kOwnProperties{
+    "BEGIN",    "END",           "UID",    "DTSTAMP", "DTSTART", "DTEND",  "DURATION", "SUMMARY",    "LOCATION",
+    "SEQUENCE", "LAST-MODIFIED", "STATUS", "RRULE",   "RDATE",   "EXDATE", "EXRULE",   kOwnDuration, kOwnMark};
 
 struct FreeComponent {
     void operator()(icalcomponent* component) const { icalcomponent_free(component); }
@@ -169,6 +172,14 @@ std::optional<seconds> notedLength(std::string_view text, seconds written) {
     return written == kShortestLength ? noted : std::nullopt;
 }
 
+std::string markIn(std::string_view text) {
+    std::string mark;
+    forEachContentLine(text, [&mark](const ContentLine& line) {
+        if (line.name == kOwnMark) mark = line.value;
+    });
+    return mark;
+}
+
 std::optional<sys_seconds> endOf(icalcomponent* component, const CalendarEvent& event) {
     if (icalproperty* const end = icalcomponent_get_first_property(component, ICAL_DTEND_PROPERTY)) {
         return timeOf(end, component);
@@ -212,8 +223,28 @@ ReadEvent fromComponent(icalcomponent* component, std::string_view text) {
     event.title = orEmpty(icalcomponent_get_summary(component));
     event.location = orEmpty(icalcomponent_get_location(component));
     event.alarmOffset = alarmOffsetOf(component, event);
+    event.mark = markIn(text);
     if (const auto length = notedLength(text, event.end - event.start)) event.end = event.start + *length;
     return {std::move(event), {}};
+}
+
+// A time zone whose clock changes once or twice a year, as those of this earth do. To follow one that changes every
+// second would take for ever.
+bool isCalm(std::string_view zones) {
+    constexpr std::size_t mostLines = 5000;
+    std::size_t lines = 0;
+    bool calm = true;
+    forEachContentLine(zones, [&](const ContentLine& line) {
+        ++lines;
+        if (line.name != "RRULE") return;
+        const std::string_view rule = line.value;
+        const bool isYearly = rule.find("FREQ=YEARLY") != std::string_view::npos;
+        const bool isFine = rule.find("BYSECOND") == std::string_view::npos &&
+                            rule.find("BYMINUTE") == std::string_view::npos &&
+                            rule.find("BYHOUR") == std::string_view::npos && rule.size() < 200;
+        calm = calm && isYearly && isFine;
+    });
+    return calm && lines <= mostLines;
 }
 
 }  // namespace
@@ -256,6 +287,7 @@ std::string eventText(const CalendarEvent& event, std::string_view oldText, sys_
     std::string text = asText(component.get());
     text.erase(text.rfind("END:VEVENT"));
     if (!lengthIsUsual) text += fmt::format("{}:{}\r\n", kOwnDuration, (event.end - event.start).count());
+    if (!event.mark.empty()) text += fmt::format("{}:{}\r\n", kOwnMark, event.mark);
     text += old.foreignProperties + old.foreignComponents;
     if (event.alarmOffset) text += alarmText(event, old);
     return text + "END:VEVENT\r\n";
@@ -265,6 +297,7 @@ ReadEvent readEvent(const CalendarText& calendar, const CalendarComponent& compo
     const std::string text(textOf(calendar, component));
     const bool namesZone = text.find("TZID") != std::string::npos;
     const std::string zones = namesZone ? zonesOf(calendar, component.calendar) : std::string();
+    if (!isCalm(zones)) return {std::nullopt, "the clock of its time zone changes too often"};
     const std::string whole = "BEGIN:VCALENDAR\r\n" + zones + text + "END:VCALENDAR\r\n";
     icalerror_set_errors_are_fatal(0);
     const OwnedComponent root(icalparser_parse_string(whole.c_str()));

@@ -26,12 +26,15 @@ SavedEvent IcalEventStore::saveEvent(const CalendarEvent& event) {
     if (!lock.outcome().ok) return {asStatus(lock.outcome()), {}};
 
     CalendarEvent saved = event;
-    const LoadedCalendar loaded = loadCalendar(file_);
-    const bool known = loaded.calendar && !eventParts(*loaded.calendar, event.identifier).empty();
-    if (!known && !isOwnIdentifier(event.identifier)) saved.identifier = newEventIdentifier();
-    StoreStatus status = saveEventInFile(file_, loaded, saved, surroundings_);
-    const bool ok = status.ok;
-    return {std::move(status), ok ? saved.identifier : std::string()};
+    FileOutcome outcome;
+    for (int attempt = 0; attempt < attemptsToSave; ++attempt) {
+        const LoadedCalendar loaded = loadCalendar(file_);
+        const bool known = loaded.calendar && !eventParts(*loaded.calendar, event.identifier).empty();
+        if (!known && !isOwnIdentifier(event.identifier)) saved.identifier = newEventIdentifier();
+        outcome = saveEventInFile(file_, loaded, saved, surroundings_);
+        if (!outcome.isOutdated) break;
+    }
+    return {asStatus(outcome), outcome.ok ? saved.identifier : std::string()};
 }
 
 StoreStatus IcalEventStore::removeEvent(std::string_view identifier) {
@@ -43,9 +46,24 @@ StoreStatus IcalEventStore::removeEvent(std::string_view identifier) {
 }
 
 StoreStatus IcalEventStore::removeLocked(std::string_view identifier) {
-    const LoadedCalendar loaded = loadCalendar(file_);  // it may have changed while the lock was awaited
-    if (!loaded.calendar) return loaded.status;
-    return asStatus(replaceFile(*surroundings_.files, file_, withEventText(*loaded.calendar, identifier, {})));
+    FileOutcome outcome;
+    for (int attempt = 0; attempt < attemptsToSave; ++attempt) {
+        const LoadedCalendar loaded = loadCalendar(file_);  // it may have changed while the lock was awaited
+        if (!loaded.calendar) return loaded.status;
+        const std::string rest = withEventText(*loaded.calendar, identifier, {});
+        outcome = replaceFile(*surroundings_.files, file_, rest, std::nullopt, loaded.stamp);
+        if (!outcome.isOutdated) break;
+    }
+    return asStatus(outcome);
+}
+
+std::string IcalEventStore::newIdentifier() {
+    return newEventIdentifier();
+}
+
+void IcalEventStore::removeLeftOvers() {
+    const FileLock lock(lockFile(), surroundings_.lockPatience);
+    if (lock.outcome().ok) removeTemporaryFiles(*surroundings_.files, folder_);
 }
 
 CalendarInfo IcalEventStore::defaultCalendar() const {

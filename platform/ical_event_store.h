@@ -21,6 +21,9 @@ class IcalEventStore : public EventStore {
     StoreStatus removeEvent(std::string_view identifier) override;
     CalendarInfo defaultCalendar() const override;
     EventList ownEvents() override;
+    std::string newIdentifier() override;
+    void setPatience(std::chrono::milliseconds patience) override { surroundings_.lockPatience = patience; }
+    void removeLeftOvers() override;
 
   private:
     StoreStatus removeLocked(std::string_view identifier);

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "platform/private_folder.h"
 #include "platform/system_platform.h"
 
 namespace quode {
@@ -15,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t newFileMode = 0666;  // less the process's mask
+constexpr mode_t newFileMode = 0600;
 
 [[noreturn]] void fail(const char* what, const fs::path& path) {
     throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
@@ -87,10 +88,7 @@ class TemporaryFile {
 
 mode_t modeOf(const fs::path& path) {
     struct stat state {};
-    if (::stat(path.c_str(), &state) == 0) return state.st_mode & 07777;
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return newFileMode & ~mask;
+    return ::stat(path.c_str(), &state) == 0 ? state.st_mode & 07777 : newFileMode;
 }
 
 fs::path folderOf(const fs::path& path) {
@@ -113,12 +111,13 @@ class PosixFiles : public Files {
     }
 
     std::string read(const fs::path& path) const override {
-        const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC), "cannot open", path);
+        const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK), "cannot open", path);
         return file.readAll();
     }
 
     void append(const fs::path& path, std::string_view text) override {
-        const int descriptor = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, newFileMode);
+        const int descriptor =
+            ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, newFileMode);
         OpenFile(descriptor, "cannot open", path).writeAll(text);
     }
 
@@ -141,7 +140,10 @@ class PosixFiles : public Files {
         if (::unlink(path.c_str()) != 0) fail("cannot delete", path);
     }
 
-    void createFolders(const fs::path& path) override { fs::create_directories(path); }
+    void createFolders(const fs::path& path) override {
+        const std::error_code error = createPrivateFolders(path);
+        if (error) throw fs::filesystem_error("cannot create", path, error);
+    }
 };
 
 }  // namespace

@@ -84,15 +84,18 @@ SavedEvent VdirEventStore::saveEvent(const CalendarEvent& event) {
     if (!lock.outcome().ok) return {asStatus(lock.outcome()), {}};
 
     CalendarEvent saved = event;
-    Place place = placeOf(event.identifier);
-    if (!place.holdsEvent && !isOwnIdentifier(event.identifier)) {
-        saved.identifier = newEventIdentifier();
-        place.file = folder_ / fileNameFor(saved.identifier);
-        place.loaded = loadCalendar(place.file);
+    FileOutcome outcome;
+    for (int attempt = 0; attempt < attemptsToSave; ++attempt) {
+        Place place = placeOf(event.identifier);
+        if (!place.holdsEvent && !isOwnIdentifier(event.identifier)) {
+            saved.identifier = newEventIdentifier();
+            place.file = folder_ / fileNameFor(saved.identifier);
+            place.loaded = loadCalendar(place.file);
+        }
+        outcome = saveEventInFile(place.file, place.loaded, saved, surroundings_);
+        if (!outcome.isOutdated) break;
     }
-    StoreStatus status = saveEventInFile(place.file, place.loaded, saved, surroundings_);
-    const bool ok = status.ok;
-    return {std::move(status), ok ? saved.identifier : std::string()};
+    return {asStatus(outcome), outcome.ok ? saved.identifier : std::string()};
 }
 
 StoreStatus VdirEventStore::removeEvent(std::string_view identifier) {
@@ -101,15 +104,35 @@ StoreStatus VdirEventStore::removeEvent(std::string_view identifier) {
     const FileLock lock(lockFile(), surroundings_.lockPatience);
     if (!lock.outcome().ok) return asStatus(lock.outcome());
 
-    const Place place = placeOf(identifier);  // it may have changed while the lock was awaited
-    if (!place.holdsEvent) return place.loaded.status;
+    FileOutcome outcome;
+    for (int attempt = 0; attempt < attemptsToSave; ++attempt) {
+        const Place place = placeOf(identifier);  // it may have changed while the lock was awaited
+        if (!place.holdsEvent) return place.loaded.status;
+        outcome = removeFrom(place, identifier);
+        if (!outcome.isOutdated) break;
+    }
+    return asStatus(outcome);
+}
+
+FileOutcome VdirEventStore::removeFrom(const Place& place, std::string_view identifier) {
     const std::string rest = withEventText(*place.loaded.calendar, identifier, {});
     const auto left = scanCalendar(rest);
     const bool nothingLeft = left.calendar && std::ranges::all_of(left.calendar->components, [](const auto& component) {
                                  return component.name == "VTIMEZONE";
                              });
-    return asStatus(nothingLeft ? removeFile(*surroundings_.files, place.file)
-                                : replaceFile(*surroundings_.files, place.file, rest));
+    if (nothingLeft) return removeFile(*surroundings_.files, place.file);
+    return replaceFile(*surroundings_.files, place.file, rest, std::nullopt, place.loaded.stamp);
+}
+
+std::string VdirEventStore::newIdentifier() {
+    return newEventIdentifier();
+}
+
+void VdirEventStore::removeLeftOvers() {
+    std::error_code error;
+    if (!fs::is_directory(folder_, error)) return;
+    const FileLock lock(lockFile(), surroundings_.lockPatience);
+    if (lock.outcome().ok) removeTemporaryFiles(*surroundings_.files, folder_);
 }
 
 CalendarInfo VdirEventStore::defaultCalendar() const {

@@ -20,6 +20,9 @@ class VdirEventStore : public EventStore {
     StoreStatus removeEvent(std::string_view identifier) override;
     CalendarInfo defaultCalendar() const override;
     EventList ownEvents() override;
+    std::string newIdentifier() override;
+    void setPatience(std::chrono::milliseconds patience) override { surroundings_.lockPatience = patience; }
+    void removeLeftOvers() override;
 
   private:
     /// The file that holds the event. Without one, `file` is where a new event of this identifier belongs.
@@ -29,6 +32,7 @@ class VdirEventStore : public EventStore {
         bool holdsEvent = false;
     };
     Place placeOf(std::string_view identifier) const;
+    FileOutcome removeFrom(const Place& place, std::string_view identifier);
     std::filesystem::path lockFile() const;
 
     std::filesystem::path folder_;

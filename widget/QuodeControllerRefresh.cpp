@@ -41,6 +41,7 @@ bool isHome(const City& city) {
 }
 
 sqlite::Database openDatabase(const std::string& path) {
+    if (!sqlite::isSafeToOpen(path)) return nullptr;
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
     sqlite::Database database(opened);

@@ -49,8 +49,7 @@ void runSet(Session& session, const Arguments& arguments) {
     UserDatabase database = userDatabaseToChange(session);
     AlarmCalendar calendar(session, database);
     const std::vector<int> codes = prayersNamed(session, arguments.text("PRAYER").value_or(""));
-    database.connection().change([&] { setUp(database, codes, offset, sound); });
-    calendar.renew();
+    calendar.change([&] { setUp(database, codes, offset, sound); });
     showAlarms(session, readAlarms(session, database));
 }
 

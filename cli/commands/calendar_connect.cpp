@@ -37,6 +37,7 @@ void runConnect(Session& session, const Arguments& arguments) {
     if (arguments.text("PROGRAM") != "evolution") {
         throw Failure(ExitCode::usage, "Only evolution can be connected: quode calendar connect evolution");
     }
+    if (arguments.has("ring")) requireEvolutionProgram(session);
     UserDatabase database = userDatabaseToChange(session);
     const UserSettings settings = loadSettings(database);
     if (settings.calendarLayout != CalendarLayout::ics) {

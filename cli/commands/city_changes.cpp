@@ -10,7 +10,6 @@
 #include "cli/commands.h"
 #include "cli/user_cities.h"
 #include "common/numbers.h"
-#include "companion/user_connection.h"
 
 namespace quode::cli {
 namespace {
@@ -28,8 +27,7 @@ template <typename Change>
 void changeCities(Session& session, const Change& change) {
     UserDatabase database = userDatabaseToChange(session);
     AlarmCalendar calendar(session, database);
-    database.connection().change([&] { change(database); });
-    calendar.renew();
+    calendar.change([&] { change(database); });
     showCities(session, database.cities());
 }
 

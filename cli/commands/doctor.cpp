@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode doctor: whether all is in order, and what to do where it is not.
+#include "app/alarm_calendar.h"
 #include "app/doctor_checks.h"
 #include "app/session.h"
 #include "app/text_layout.h"
+#include "app/user_data.h"
 #include "cli/commands.h"
 
 #include <algorithm>
@@ -58,7 +60,15 @@ void printFinding(Session& session, const Finding& finding) {
     }
 }
 
-void runDoctor(Session& session, const Arguments&) {
+void removeStrayEvents(Session& session) {
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar calendar(session, database);
+    const AlarmChange removed = calendar.book().removeEventsWithoutAlarm();
+    if (!removed.ok()) session.complain(removed.message, ExitCode::userData);
+}
+
+void runDoctor(Session& session, const Arguments& arguments) {
+    if (arguments.has("tidy")) removeStrayEvents(session);
     const std::vector<Finding> findings = examine(session);
     const auto problems = std::ranges::count(findings, Finding::State::problem, &Finding::state);
     if (session.wantsJson()) {
@@ -72,7 +82,10 @@ void runDoctor(Session& session, const Arguments&) {
 }  // namespace
 
 Command doctorCommand() {
-    return {"doctor", "Check what times and alarms depend on", {}, runDoctor};
+    return {"doctor",
+            "Check what times and alarms depend on",
+            {{Parameter::Kind::toggle, "tidy", "", "First remove the calendar events of alarms that are gone"}},
+            runDoctor};
 }
 
 }  // namespace quode::cli

@@ -15,7 +15,6 @@
 #include "cli/commands.h"
 #include "common/color_schemes.h"
 #include "common/numbers.h"
-#include "companion/user_connection.h"
 
 namespace quode::cli {
 namespace {
@@ -71,10 +70,7 @@ void changeLayout(Session& session, const std::string& value) {
     }
     UserDatabase database = userDatabaseToChange(session);
     AlarmCalendar calendar(session, database);
-    UserSettings settings = loadSettings(database);
-    settings.calendarLayout = wantsFolder ? CalendarLayout::vdir : CalendarLayout::ics;
-    saveSettings(database, settings);
-    calendar.changeLayout(settings.calendarLayout);
+    calendar.changeLayout(wantsFolder ? CalendarLayout::vdir : CalendarLayout::ics);
 }
 
 void changeRinger(Session& session, const std::string& value) {
@@ -84,6 +80,7 @@ void changeRinger(Session& session, const std::string& value) {
                       "Evolution is not connected. Connect it and let it ring: quode calendar connect "
                       "evolution --ring");
     }
+    if (wantsEvolution) requireEvolutionProgram(session);
     UserDatabase database = userDatabaseToChange(session);
     setRinger(session, database, wantsEvolution ? Ringer::evolution : Ringer::quode);
 }

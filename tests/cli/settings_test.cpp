@@ -3,6 +3,8 @@
 // quode settings, quode calendar connect and disconnect.
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include <nlohmann/json.hpp>
 
 #include "program.h"
@@ -108,8 +110,17 @@ TEST(CalendarConnection, IsMadeAndUndone) {
     EXPECT_NE(program.run({"calendar", "disconnect"}).out.find("was not connected"), std::string::npos);
 }
 
+/// Evolution's reminder program, as the desktop starts it.
+void installReminders(Program& program) {
+    const fs::path folder = program.folder() / "xdg/autostart";
+    fs::create_directories(folder);
+    std::ofstream(folder / "org.gnome.Evolution-alarm-notify.desktop") << "[Desktop Entry]\nExec=/bin/sh\n";
+    program.with("XDG_CONFIG_DIRS", (program.folder() / "xdg").string());
+}
+
 TEST(CalendarConnection, LetsExactlyOneProgramRing) {
-    const Program program;
+    Program program;
+    installReminders(program);
     program.run({"alarm", "on", "all"});
     EXPECT_EQ(program.run({"calendar", "connect", "evolution", "--ring", "--json"}).json()["ringer"]["program"],
               "evolution");
@@ -117,6 +128,27 @@ TEST(CalendarConnection, LetsExactlyOneProgramRing) {
     EXPECT_EQ(program.run({"settings", "ringer", "quode", "--json"}).json()["settings"]["ringer"], "quode");
     EXPECT_EQ(program.run({"settings", "ringer", "evolution", "--json"}).json()["settings"]["ringer"], "evolution");
     EXPECT_EQ(program.run({"calendar", "disconnect", "--json"}).json()["ringer"]["program"], "quode");
+}
+
+TEST(CalendarConnection, LetsNothingRingThatIsNotInstalled) {
+    Program program;
+    program.with("XDG_CONFIG_DIRS", "/nonexistent");
+    const Outcome connect = program.run({"calendar", "connect", "evolution", "--ring"});
+    EXPECT_EQ(connect.code, 1);
+    EXPECT_NE(connect.err.find("Evolution's reminder program is not installed"), std::string::npos) << connect.err;
+    EXPECT_EQ(program.run({"settings", "--json"}).json()["settings"]["ringer"], "quode");
+}
+
+TEST(CalendarConnection, LetsQuodeRingWhenEvolutionNoLongerDoes) {
+    Program program;
+    installReminders(program);
+    program.run({"alarm", "on", "all"});
+    program.run({"calendar", "connect", "evolution", "--ring"});
+    program.with("XDG_CONFIG_DIRS", "/nonexistent");
+    const auto ringer = program.run({"alarm", "upcoming", "--json"}).json()["ringer"];
+    EXPECT_EQ(ringer["program"], "quode");
+    EXPECT_NE(ringer["problem"].get<std::string>().find("Quode rings in its place"), std::string::npos);
+    EXPECT_NE(program.run({"doctor"}).out.find("is not installed"), std::string::npos);
 }
 
 TEST(CalendarConnection, NeedsTheLayoutOfOneFile) {

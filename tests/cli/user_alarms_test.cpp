@@ -95,12 +95,12 @@ TEST(UserAlarms, AreSixThatAreOffAtFirst) {
     EXPECT_EQ(list.code, 0);
     EXPECT_EQ(list.out,
               "Istanbul  Istanbul, Turkey\n\n"
-              "   Fajr     06:07  off\n"
-              "   Sunrise  07:52  off\n"
-              "   Dhuhr    13:01  off\n"
-              "   Asr      15:32  off\n"
-              "   Maghrib  17:50  off\n"
-              "   Isha     19:23  off\n");
+              "   Fajr     06:07  tomorrow  off\n"
+              "   Sunrise  07:52  today     off\n"
+              "   Dhuhr    13:01  today     off\n"
+              "   Asr      15:32  today     off\n"
+              "   Maghrib  17:50  today     off\n"
+              "   Isha     19:23  today     off\n");
     EXPECT_EQ(program.run({"alarm", "upcoming"}).out, "No alarm is on. To switch one on: quode alarm on PRAYER.\n");
     EXPECT_TRUE(program.run({"alarm", "upcoming", "--json"}).json()["rings"].empty());
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite"));
@@ -110,12 +110,12 @@ TEST(UserAlarms, SetUpAndSwitchedOnComeBackFromTheCalendar) {
     const Program program;
     const Outcome set = program.run({"alarm", "set", "fajr", "--offset", "-15", "--sound", "bell"});
     EXPECT_EQ(set.code, 0) << set.err;
-    EXPECT_EQ(set.lineWith("Fajr"), "   Fajr     06:07  off  05:52  15 min before  bell");
+    EXPECT_EQ(set.lineWith("Fajr"), "   Fajr     06:07  tomorrow  off  05:52  15 min before  bell");
     EXPECT_FALSE(fs::exists(program.dataFolder() / "Quode.ics")) << "an alarm that is off has no event";
 
     const Outcome on = program.run({"alarm", "on", "fajr"});
     EXPECT_EQ(on.code, 0) << on.err;
-    EXPECT_EQ(on.lineWith("Fajr"), "›  Fajr     06:07  on   05:52  15 min before  bell");
+    EXPECT_EQ(on.lineWith("Fajr"), "›  Fajr     06:07  tomorrow  on   05:52  15 min before  bell");
     const auto events = eventsIn(program.dataFolder() / "Quode.ics");
     ASSERT_EQ(events.size(), 1U);
     const ReadEvent& event = events.begin()->second;
@@ -172,7 +172,7 @@ TEST(UserAlarms, SwitchedOffLeaveTheCalendarAndKeepTheirSetting) {
     program.run({"alarm", "on", "isha"});
     const Outcome off = program.run({"alarm", "off", "fajr"});
     EXPECT_EQ(off.code, 0) << off.err;
-    EXPECT_EQ(off.lineWith("Fajr"), "   Fajr     06:07  off  05:52  15 min before  chime");
+    EXPECT_EQ(off.lineWith("Fajr"), "   Fajr     06:07  tomorrow  off  05:52  15 min before  chime");
     EXPECT_EQ(eventsIn(program.dataFolder() / "Quode.ics").size(), 1U);
     EXPECT_EQ(program.run({"alarm", "off", "all"}).code, 0);
     EXPECT_TRUE(eventsIn(program.dataFolder() / "Quode.ics").empty());

@@ -3,6 +3,7 @@
 // What befalls a user database: full disks, folders that may not be written, damage, other programs.
 #include <gmock/gmock.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -164,6 +165,39 @@ TEST_F(UserDatabaseFaults, AFolderThatMayNotBeWrittenIsTold) {
     EXPECT_EQ(asOrdinaryUser(tells), 0);
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
     EXPECT_EQ(contentOf(file()), before);
+}
+
+TEST_F(UserDatabaseFaults, APipeInThePlaceOfAFileIsToldAtOnce) {
+    for (const char* suffix : {"-journal", ""}) {
+        std::filesystem::remove_all(folder.path());
+        std::filesystem::create_directory(folder.path());
+        ASSERT_EQ(::mkfifo((file().string() + suffix).c_str(), 0600), 0);
+        try {
+            open();
+            ADD_FAILURE() << "a pipe was opened";
+        } catch (const UserDatabaseError& error) {
+            EXPECT_THAT(error.what(), testing::HasSubstr("is not a regular file. Move it away."));
+        }
+    }
+}
+
+TEST_F(UserDatabaseFaults, IsForTheUserAlone) {
+    const auto modeOf = [](const std::filesystem::path& path) {
+        struct stat facts {};
+        EXPECT_EQ(::stat(path.c_str(), &facts), 0);
+        return facts.st_mode & 0777U;
+    };
+    const auto data = folder.path() / "share/Quode";
+    const UserDatabase database(data, cities, clock);
+    EXPECT_EQ(modeOf(data), 0700U);
+    EXPECT_EQ(modeOf(data / "user.sqlite"), 0600U);
+}
+
+TEST_F(UserDatabaseFaults, AJournalOfAProgramThatChangedNothingIsRemoved) {
+    open();
+    std::ofstream(file().string() + "-journal") << "";
+    EXPECT_EQ(listOf(*UserDatabase::openToRead(folder.path(), cities, clock, std::chrono::seconds(1))), "Istanbul*");
+    EXPECT_FALSE(std::filesystem::exists(file().string() + "-journal"));
 }
 
 TEST_F(UserDatabaseFaults, AFileThatCannotBeMadeIsTold) {

@@ -37,6 +37,17 @@ UserDatabaseError::Reason reasonOf(const std::function<void()>& action) {
 
 #define EXPECT_REFUSED(action) EXPECT_EQ(reasonOf([&] { action; }), UserDatabaseError::Reason::refused)
 
+TEST_F(UserDatabaseTest, GivesEveryAlarmTheUsualSound) {
+    const UserDatabase database = open();
+    for (const UserAlarm& alarm : database.alarms()) EXPECT_EQ(alarm.sound, "") << "that of the settings";
+    sqlite3* opened = nullptr;
+    sqlite3_open(file().c_str(), &opened);
+    const sqlite::Database file(opened);
+    const sqlite::Statement row = sqlite::prepare(opened, "SELECT COUNT(*) FROM USER_ALARMS WHERE MELODYNAME <> ''");
+    ASSERT_EQ(sqlite3_step(row.get()), SQLITE_ROW);
+    EXPECT_EQ(sqlite3_column_int(row.get(), 0), 6) << "a widget takes an alarm without one for not set up";
+}
+
 TEST_F(UserDatabaseTest, BeginsWithTheLargestCityOfTheZone) {
     const UserDatabase database = open();
     EXPECT_EQ(listOf(database), "Istanbul*");

@@ -43,6 +43,14 @@ TEST_F(UserPlacesTest, HaveANegativeNumberAndTheZoneOfTheNearestPlace) {
     EXPECT_TRUE(place.temkin);
 }
 
+TEST_F(UserPlacesTest, AreAddedOnce) {
+    UserDatabase database = open();
+    const int id = database.addPlace(hut);
+    EXPECT_EQ(database.addPlace(hut), id) << "the user tries again after a command that was cut off";
+    EXPECT_EQ(database.cities().size(), 2U);
+    EXPECT_NE(database.addPlace({hut.name, 40.0, 11.25}), id);
+}
+
 TEST_F(UserPlacesTest, TakeAZoneThatTheUserNames) {
     UserDatabase database = open();
     const int id = database.addPlace({"Border post", 47.5, 11.25, "Asia/Tokyo"});

@@ -3,6 +3,8 @@
 #include "platform/folders.h"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -35,9 +37,17 @@ TEST(DataFolder, IsElseInTheHomeFolder) {
     EXPECT_EQ(dataFolderFrom(environmentOf({{"XDG_DATA_HOME", "relative"}, {"HOME", "/h"}})), "/h/.local/share/Quode");
 }
 
-TEST(DataFolder, IsTemporaryWithoutAHome) {
-    EXPECT_EQ(dataFolderFrom(environmentOf({})), "/tmp/Quode");
-    EXPECT_EQ(dataFolderFrom(environmentOf({{"TMPDIR", "/t"}})), "/t/Quode");
+TEST(DataFolder, IsThatOfTheAccountWithoutAHome) {
+    const std::string ofAccount = std::string(getpwuid(getuid())->pw_dir) + "/.local/share/Quode";
+    EXPECT_EQ(dataFolderFrom(environmentOf({})), ofAccount);
+    EXPECT_EQ(dataFolderFrom(environmentOf({{"TMPDIR", "/t"}})), ofAccount) << "a shared folder will not do";
+    EXPECT_EQ(dataFolderFrom(environmentOf({{"HOME", "relative"}})), ofAccount);
+    EXPECT_EQ(dataFolderFrom(environmentOf({{"HOME", ""}})), ofAccount);
+}
+
+TEST(ConfigFolder, IsThatOfTheDesktopElseInTheHome) {
+    EXPECT_EQ(configFolderFrom(environmentOf({{"XDG_CONFIG_HOME", "/c"}, {"HOME", "/h"}})), "/c");
+    EXPECT_EQ(configFolderFrom(environmentOf({{"XDG_CONFIG_HOME", "c"}, {"HOME", "/h"}})), "/h/.config");
 }
 
 TEST(BundleFolder, IsTheOneThatTheUserNamed) {

@@ -97,6 +97,9 @@ class FaultyCalls : public FileCalls {
     int rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
         return at([&] { return FileCalls::rename(from, to); });
     }
+    int exchange(const std::filesystem::path& one, const std::filesystem::path& other) override {
+        return at([&] { return FileCalls::exchange(one, other); });
+    }
     int unlink(const std::filesystem::path& path) override {
         return at([&] { return FileCalls::unlink(path); });
     }
