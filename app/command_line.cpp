@@ -82,8 +82,10 @@ Arguments argumentsOf(const Slots& slots) {
 /// The parser for a set of commands, with the values it fills.
 class Parser {
   public:
-    Parser(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand)
-        : common_(program.parameters), app_(program.description, program.name) {
+    /// words: the command line. Of commands whose name is not among them only what the help lists is declared.
+    Parser(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
+           const std::vector<std::string>& words)
+        : common_(program.parameters), words_(words), app_(program.description, program.name) {
         prepare(app_);
         version_ = app_.add_flag("--version", wantsVersion_, program.versionHelp);
         fill(app_, defaultCommand);
@@ -128,6 +130,7 @@ class Parser {
     void addChildren(CLI::App& parent, const std::vector<Command>& commands) {
         for (const Command& command : commands) {
             CLI::App& app = *parent.add_subcommand(command.name, command.summary);
+            if (std::find(words_.begin(), words_.end(), command.name) == words_.end()) continue;
             prepare(app);
             fill(app, command);
             addChildren(app, command.children);
@@ -179,6 +182,7 @@ class Parser {
     }
 
     std::vector<Parameter> common_;
+    const std::vector<std::string>& words_;
     CLI::App app_;
     bool wantsVersion_ = false;
     CLI::Option* version_ = nullptr;
@@ -235,9 +239,9 @@ ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& 
                             std::vector<std::string> arguments) {
     checkEncoding(arguments);
     shieldNumbers(arguments);
-    Parser parser(program, commands, defaultCommand);
+    Parser parser(program, commands, defaultCommand, arguments);
     try {
-        parser.parse(std::move(arguments));
+        parser.parse(arguments);
     } catch (const CLI::CallForHelp&) {
         return HelpText{parser.help()};
     } catch (const CLI::ExtrasError&) {

@@ -5,6 +5,7 @@
 #include <unicode/dtptngen.h>
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
+#include <unicode/ures.h>
 
 #include "platform/system_platform.h"
 
@@ -32,6 +33,48 @@ icu::Locale localeOf(const std::string& name) {
     const icu::Locale locale = icu::Locale::createCanonical(isPosix ? posixLocale : name.c_str());
     // A name that is none, such as "american english", is taken for POSIX, as the C library does.
     return locale.isBogus() ? icu::Locale::createCanonical(posixLocale) : locale;
+}
+
+struct CloseResource {
+    void operator()(UResourceBundle* bundle) const { ures_close(bundle); }
+};
+using Resource = std::unique_ptr<UResourceBundle, CloseResource>;
+
+// A part of a resource; null where there is none.
+Resource part(const Resource& whole, const std::string& key) {
+    UErrorCode status = U_ZERO_ERROR;
+    Resource found(ures_getByKey(whole.get(), key.c_str(), nullptr, &status));
+    return U_SUCCESS(status) ? std::move(found) : nullptr;
+}
+
+// The letter of the hours that a country prefers: 'H' or 'k' of 24, 'h' or 'K' of 12; nothing when it is not known.
+std::optional<char16_t> preferredHours(const icu::Locale& locale) {
+    UErrorCode status = U_ZERO_ERROR;
+    icu::Locale full(locale);
+    full.addLikelySubtags(status);
+    const Resource supplement(ures_openDirect(nullptr, "supplementalData", &status));
+    if (U_FAILURE(status)) return std::nullopt;
+    const Resource hours = part(supplement, "timeData");
+    if (!hours) return std::nullopt;
+    const std::string country = full.getCountry();
+    for (const std::string& key : {full.getLanguage() + ("_" + country), country, std::string("001")}) {
+        const Resource ofCountry = part(hours, key);
+        const Resource preferred = ofCountry ? part(ofCountry, "preferred") : nullptr;
+        if (!preferred) continue;
+        std::int32_t length = 0;
+        const UChar* const letter = ures_getString(preferred.get(), &length, &status);
+        if (U_SUCCESS(status) && length == 1) return *letter;
+    }
+    return std::nullopt;
+}
+
+// What the pattern generator gives, which takes a millisecond to make.
+std::string generatedHourPattern(const icu::Locale& locale) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+        icu::DateTimePatternGenerator::createInstance(locale, status));
+    if (U_FAILURE(status)) return "HH";
+    return utf8(generator->getBestPattern("j", status));
 }
 
 class IcuLocale : public Locale {
@@ -68,10 +111,12 @@ class IcuLocale : public Locale {
 
     std::string hourPattern() const override {
         UErrorCode status = U_ZERO_ERROR;
-        const std::unique_ptr<icu::DateTimePatternGenerator> generator(
-            icu::DateTimePatternGenerator::createInstance(locale_, status));
-        if (U_FAILURE(status)) return "HH";
-        return utf8(generator->getBestPattern("j", status));
+        std::string keyword = locale_.getKeywordValue<std::string>("hours", status);
+        if (keyword == "h23") return "HH";
+        const bool isPlain = locale_.getUnicodeKeywordValue<std::string>("rg", status).empty() && keyword.empty();
+        const std::optional<char16_t> hours = isPlain ? preferredHours(locale_) : std::nullopt;
+        if (!hours) return generatedHourPattern(locale_);
+        return *hours == u'h' || *hours == u'K' ? "h a" : "HH";
     }
 
     std::string lowerCased(std::string_view text) const override {

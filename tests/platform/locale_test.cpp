@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 // The facts of real locales.
 #include <gtest/gtest.h>
+#include <unicode/dtptngen.h>
+#include <unicode/locid.h>
 
+#include <memory>
 #include <string>
 
 #include "common/GlobalFuncs.h"
@@ -97,6 +100,23 @@ TEST(MalformedLocale, IsTakenForPosix) {
         EXPECT_FALSE(locale->decimalMark().empty()) << name;
     }
     EXPECT_EQ(icuLocale("american english")->hourPattern(), icuLocale("POSIX")->hourPattern());
+}
+
+TEST(HoursOfLocales, AreThoseThatThePatternGeneratorOfIcuTakes) {
+    std::int32_t count = 0;
+    const icu::Locale* const all = icu::Locale::getAvailableLocales(count);
+    ASSERT_GT(count, 500);
+    for (std::int32_t i = 0; i < count; i += 3) {
+        UErrorCode status = U_ZERO_ERROR;
+        const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+            icu::DateTimePatternGenerator::createInstance(all[i], status));
+        ASSERT_TRUE(U_SUCCESS(status)) << all[i].getName();
+        const bool hasSign = generator->getBestPattern("j", status).indexOf(u'a') >= 0;
+        EXPECT_EQ(icuLocale(all[i].getName())->hourPattern().find('a') != std::string::npos, hasSign)
+            << all[i].getName();
+    }
+    EXPECT_EQ(icuLocale("en_US@hours=h23")->hourPattern(), "HH");
+    EXPECT_NE(icuLocale("de_DE@hours=h12")->hourPattern().find('a'), std::string::npos);
 }
 
 TEST(LocaleOfTheProcess, ComesFromTheFirstVariableThatIsSet) {
