@@ -54,6 +54,7 @@ std::vector<Command> allCommands() {
         nextCommand(),
         monthCommand(),
         yearCommand(),
+        bulkCommand(),
         qiblaCommand(),
         moonCommand(),
         skyCommand(),

@@ -15,6 +15,7 @@ Command todayCommand();
 Command nextCommand();
 Command monthCommand();
 Command yearCommand();
+Command bulkCommand();
 Command qiblaCommand();
 Command hijriCommand();
 Command calendarCommand();

@@ -10,6 +10,7 @@
 #include "astro/PrayTimes.h"
 #include "common/civil_date.h"
 #include "data/alarm_moment.h"
+#include "data/city_days.h"
 
 namespace quode {
 namespace {
@@ -50,8 +51,11 @@ std::vector<AlarmOccurrence> alarmOccurrences(const Site& site, std::span<const 
     const sys_days first = dayOf(wallClock(site.rule, after - minutes(reach))) - days(1);
     const sys_days last = dayOf(wallClock(site.rule, until + minutes(reach)));
     std::vector<AlarmOccurrence> found;
+    CityDays series;
+    CityDay computed;
     for (sys_days day = first; day <= last; day += days(1)) {
-        addOccurrences(computeCityDay(site, recordOf(day)), alarms, after, until, found);
+        series.computeTimes(site, recordOf(day), computed);
+        addOccurrences(computed, alarms, after, until, found);
     }
     std::ranges::stable_sort(found, {}, &AlarmOccurrence::due);
     return found;

@@ -70,6 +70,10 @@ std::optional<CityRecord> CityDatabase::city(int id) const {
     return connection_->record(id);
 }
 
+void CityDatabase::forEach(const std::function<void(const CityRecord&)>& take) const {
+    connection_->forEachRecord(take);
+}
+
 std::optional<NearestCity> CityDatabase::nearest(double latitude, double longitude) const {
     if (!(std::abs(latitude) <= 90.0 && std::abs(longitude) <= 180.0)) return std::nullopt;
     // A place that is nearer than the reach is the nearest of all: every other one within its distance was looked at

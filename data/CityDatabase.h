@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -93,6 +94,9 @@ class CityDatabase {
     /// name is a
     ///           typing mistake away only when there is little else. Empty for a text without any letter or digit.
     std::vector<CityHit> search(std::string_view text, int limit = 10) const;
+
+    /// Gives every place, in the order of the ids.
+    void forEach(const std::function<void(const CityRecord&)>& take) const;
 
     /// The places that have exactly this name, the most populous first; the text is read as by `search`. A short name
     /// is found too, however many longer ones begin with it.

@@ -46,8 +46,7 @@ CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) 
     database_ = sqlite::openUnchanging(file);
     if (!database_) failDamaged(_("it cannot be opened"));
     checkEdition();
-    checkTables();
-    recordQuery_ = query(cityRecordSql);
+    recordQuery_ = query(cityRecordSql);  // fails where tables are missing
 }
 
 void CityConnection::failDamaged(const std::string& detail) const {
@@ -69,15 +68,6 @@ void CityConnection::checkEdition() const {
           edition, cityDatabaseEdition));
 }
 
-void CityConnection::checkTables() const {
-    for (const char* sql :
-         {"SELECT FOLDED, ID, KIND, POPULATION, PARENT FROM CITY_NAME", "SELECT ID, NAME FROM OTHER_NAME",
-          "SELECT LATITUDE, LONGITUDE, ID FROM CITY_POINT", "SELECT NAME, ZONE FROM ZONE_NAME",
-          "SELECT GMT, LARGEST FROM ZONE", "SELECT WHAT, EDITION FROM EDITION"}) {
-        query(sql);
-    }
-}
-
 sqlite::Statement CityConnection::query(const std::string& sql) const {
     sqlite::Statement statement = sqlite::prepare(database_.get(), sql);
     if (!statement) failDamaged(sqlite3_errmsg(database_.get()));
@@ -91,18 +81,28 @@ bool CityConnection::next(const sqlite::Statement& statement) const {
 }
 
 std::optional<CityRecord> CityConnection::record(int id) {
-    sqlite3_stmt* const row = recordQuery_.get();
-    sqlite3_reset(row);
-    sqlite3_bind_int(row, 1, id);
+    sqlite3_reset(recordQuery_.get());
+    sqlite3_bind_int(recordQuery_.get(), 1, id);
     if (!next(recordQuery_)) return std::nullopt;
-    if (!isIntact(row)) failDamaged(_("the record of place {} has a wrong checksum", id));
+    CityRecord city = recordOf(recordQuery_.get());
+    sqlite3_reset(recordQuery_.get());
+    return city;
+}
+
+void CityConnection::forEachRecord(const std::function<void(const CityRecord&)>& take) const {
+    const sqlite::Statement row = query(std::string(cityRecordsSql) + " ORDER BY C.ID");
+    while (next(row)) take(recordOf(row.get()));
+}
+
+CityRecord CityConnection::recordOf(sqlite3_stmt* row) const {
+    if (!isIntact(row)) failDamaged(_("the record of place {} has a wrong checksum", sqlite3_column_int(row, 0)));
     const auto text = [row](int column) { return sqlite::text(row, column); };
     const auto integer = [row](int column) { return sqlite3_column_int(row, column); };
     const auto degrees = [&text](int column) {
         return leadingNumber<double>(formatting::getFloatStr(decipheredCoordinate(text(column))));
     };
     CityRecord city;
-    city.id = id;
+    city.id = integer(0);
     city.name = text(1);
     city.region = text(2);
     city.regionCode = text(3);
@@ -122,9 +122,8 @@ std::optional<CityRecord> CityConnection::record(int id) {
     city.temkin = integer(17) != 0;
     city.population = static_cast<long>(sqlite3_column_int64(row, 18));
     if (sqlite3_column_type(row, 19) != SQLITE_NULL) city.elevation = integer(19);
-    sqlite3_reset(row);
     if (!(std::abs(city.latitude) <= 90.0 && std::abs(city.longitude) <= 180.0)) {
-        failDamaged(_("the coordinates of place {} are out of range", id));
+        failDamaged(_("the coordinates of place {} are out of range", city.id));
     }
     return city;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ class CityConnection {
     /// The record of a place, its checksum verified.
     std::optional<CityRecord> record(int id);
 
+    /// The records of all places in the order of their ids, their checksums verified.
+    void forEachRecord(const std::function<void(const CityRecord&)>& take) const;
+
     /// The record of the place that the table of points has at a point, in hundred-thousandths of a degree.
     CityRecord recordAt(int id, int latitude, int longitude);
 
@@ -33,8 +37,8 @@ class CityConnection {
 
   private:
     [[noreturn]] void failDamaged(const std::string& detail) const;
+    CityRecord recordOf(sqlite3_stmt* row) const;
     void checkEdition() const;
-    void checkTables() const;
 
     std::filesystem::path file_;
     sqlite::Database database_;

@@ -25,17 +25,6 @@ using std::chrono::seconds;
 using std::chrono::sys_days;
 using std::chrono::sys_seconds;
 
-// On a day with only one of sunrise and sunset, the engine leaves that one in universal time.
-WidgetSkyInfo withLocalSun(WidgetSkyInfo sky, double offset) {
-    constexpr double hoursPerDay = 24.0;
-    const bool isWhole = sky.SunRise != missingTime && sky.SunSet != missingTime;
-    if (isWhole) return sky;
-    for (double* time : {&sky.SunRise, &sky.SunSet}) {
-        if (*time != missingTime) *time = std::fmod(*time + offset + hoursPerDay, hoursPerDay);
-    }
-    return sky;
-}
-
 seconds offsetOf(double hours) {
     return seconds(std::lround(hours * 3600.0));
 }
@@ -62,6 +51,16 @@ Site siteOf(const City& city) {
     site.temkin = leadingNumber<int>(city.temkin()) == 1;
     site.choice = city.choice();
     return site;
+}
+
+WidgetSkyInfo withLocalSun(WidgetSkyInfo sky, double offset) {
+    constexpr double hoursPerDay = 24.0;
+    const bool isWhole = sky.SunRise != missingTime && sky.SunSet != missingTime;
+    if (isWhole) return sky;
+    for (double* time : {&sky.SunRise, &sky.SunSet}) {
+        if (*time != missingTime) *time = std::fmod(*time + offset + hoursPerDay, hoursPerDay);
+    }
+    return sky;
 }
 
 void setEngine(FastAstro& engine, const Site& site, const VAKDate& day) {

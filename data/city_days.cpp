@@ -39,12 +39,13 @@ CityDays::CityDays() : memo_(std::make_unique<SkyMemo>()), termsLatitude_(noPlac
 
 void CityDays::compute(const Site& site, const VAKDate& day, CityDay& result) {
     computeTimes(site, day, result);
-    result.sky = engine_.getSomeInfoForQuodeWidget();
+    result.sky = withLocalSun(engine_.getSomeInfoForQuodeWidget(), result.GMTValue);
     result.declination = declination(site, day);
 }
 
 void CityDays::computeTimes(const Site& site, const VAKDate& day, CityDay& result) {
     setEngine(engine_, site, day);
+    result.method = {};
     quode::computeTimes(engine_, site, result);
 }
 
@@ -80,6 +81,11 @@ std::vector<CityDay> computeDays(const Site& site, const VAKDate& from, const VA
 void computeDays(const Site& site, std::span<const VAKDate> days, std::span<CityDay> results) {
     CityDays series;
     for (std::size_t i = 0; i < days.size(); ++i) series.compute(site, days[i], results[i]);
+}
+
+void computeDayTimes(const Site& site, std::span<const VAKDate> days, std::span<CityDay> results) {
+    CityDays series;
+    for (std::size_t i = 0; i < days.size(); ++i) series.computeTimes(site, days[i], results[i]);
 }
 
 void computeDays(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results) {

@@ -46,6 +46,9 @@ std::vector<CityDay> computeDays(const Site& site, const VAKDate& from, const VA
 /// Days of a place, in any order. `results` has a record for each day.
 void computeDays(const Site& site, std::span<const VAKDate> days, std::span<CityDay> results);
 
+/// Only what `CityDays::computeTimes` gives of days of a place.
+void computeDayTimes(const Site& site, std::span<const VAKDate> days, std::span<CityDay> results);
+
 /// One day of many places. `results` has a record for each site.
 void computeDays(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results);
 

@@ -17,4 +17,7 @@ void setEngine(FastAstro& engine, const Site& site, const VAKDate& day);
 /// stay as they are.
 void computeTimes(FastAstro& engine, const Site& site, CityDay& result);
 
+/// On a day with only one of sunrise and sunset, the engine leaves that one in universal time.
+WidgetSkyInfo withLocalSun(WidgetSkyInfo sky, double offset);
+
 }  // namespace quode

@@ -5,18 +5,22 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <string>
 
 namespace quode {
 
-/// All that is known of the place ?1, as `CityRecord` takes it. The last column is the stored checksum of the others.
-inline constexpr const char* cityRecordSql =
+/// All that is known of the places, as `CityRecord` takes it. The last column is the stored checksum of the others.
+inline constexpr const char* cityRecordsSql =
     "SELECT C.ID, C.NAME, P.NAME, F.CODE, K.CODE, O.NAMEEN, O.NAMETR, C.LAT, C.LON, Z.NAME, P.GMT, D.DST, "
     "D.STARTMONTH, "
     "D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN, A.POPULATION, A.ELEVATION, S.CHECKSUM FROM CITY C "
     "JOIN CITY_PARENT P ON P.PARENT = C.PARENT JOIN PARENT_FACT F ON F.PARENT = C.PARENT "
     "JOIN COUNTRY O ON O.CID = P.CID JOIN COUNTRY_FACT K ON K.CID = P.CID JOIN ZONE Z ON Z.ZONE = F.ZONE "
     "JOIN DST D ON D.DSTID = P.DSTID LEFT JOIN CITY_FACT A ON A.ID = C.ID "
-    "LEFT JOIN CITY_CHECKSUM S ON S.ID = C.ID WHERE C.ID = ?1";
+    "LEFT JOIN CITY_CHECKSUM S ON S.ID = C.ID";
+
+/// The same of the place ?1.
+inline const std::string cityRecordSql = std::string(cityRecordsSql) + " WHERE C.ID = ?1";
 
 /// The zone of the name ?1 and its largest place. The last column is the stored checksum of the others.
 inline constexpr const char* zoneCitySql =

@@ -12,6 +12,8 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
+#include "cli/day_csv.h"
+#include "data/city_days.h"
 
 namespace quode::cli {
 namespace {
@@ -39,6 +41,12 @@ Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<
 void addWarnings(Timetable& table) {
     const VAKDate first = daysOf(table.months.front()).front(), last = daysOf(table.months.back()).back();
     table.warnings = zoneProblems(table.place.city, table.today, first, last);
+}
+
+std::vector<CityDay> computedDays(const Timetable& table, const std::vector<VAKDate>& dates) {
+    std::vector<CityDay> days(dates.size());
+    computeDayTimes(table.site, dates, days);
+    return days;
 }
 
 // --- text
@@ -152,8 +160,7 @@ void printLines(Session& session, const Timetable& table, const std::vector<City
 
 void printMonth(Session& session, const Timetable& table, const Month& month, TableNotes& notes) {
     const std::vector<VAKDate> dates = daysOf(month);
-    std::vector<CityDay> days;
-    for (const VAKDate& date : dates) days.push_back(computeCityDay(table.site, date));
+    const std::vector<CityDay> days = computedDays(table, dates);
     printMonthHead(session, month, dates);
     const std::vector<std::string> lines = linesOf(session, days, {firstPrayer, table.lastCode}, notes);
     const bool isTooWide = std::ranges::any_of(lines, [](const auto& line) { return displayWidth(line) > pageWidth; });
@@ -195,36 +202,13 @@ void printTable(Session& session, const Timetable& table) {
 
 // --- CSV and JSON
 
-std::vector<std::string> notesOf(const CityDay& day) {
-    const PrayTimes& times = day.times;
-    std::vector<std::string> notes;
-    constexpr int minutesPerDay = 1440;
-    if (times.isLatitudeChanged) notes.emplace_back("other_latitude");
-    for (int code = firstPrayer; code <= lastPrayer; ++code) {
-        const double hours = timeOfPrayer(day, code);
-        if (hours == missingTime) continue;
-        if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
-        if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
-    }
-    for (std::string& note : methodNotes(day)) notes.push_back(std::move(note));
-    return notes;
-}
-
 void printCsv(Session& session, const Timetable& table) {
-    std::string head = "date,weekday,hijri";
-    for (int code = firstPrayer; code <= lastPrayer; ++code) head.append(",").append(prayerKey(code));
-    session.print(head + ",utc_offset,notes");
+    session.print("date,weekday,hijri," + csvTimesHead());
     for (const Month& month : table.months) {
-        for (const VAKDate& date : daysOf(month)) {
-            const CityDay day = computeCityDay(table.site, date);
-            const std::optional<VAKDate> hijri = hijriByTable(date);
-            std::string line = fmt::format("{},{},{}", isoDate(date), weekdayOf(date), hijri ? isoDate(*hijri) : "");
-            for (int code = firstPrayer; code <= lastPrayer; ++code) {
-                const double hours = timeOfPrayer(day, code);
-                line += ',';
-                if (hours != missingTime) line += clock24(hours);
-            }
-            session.print(fmt::format("{},{},{}", line, day.GMTValue, fmt::join(notesOf(day), " ")));
+        for (const CityDay& day : computedDays(table, daysOf(month))) {
+            const std::optional<VAKDate> hijri = hijriByTable(day.date);
+            session.print(fmt::format("{},{},{},{}", isoDate(day.date), weekdayOf(day.date),
+                                      hijri ? isoDate(*hijri) : "", csvTimes(day)));
         }
     }
 }
@@ -250,9 +234,7 @@ Json dayJson(Session& session, const CityDay& day) {
 void printJson(Session& session, const Timetable& table) {
     Json::Array days;
     for (const Month& month : table.months) {
-        for (const VAKDate& date : daysOf(month)) {
-            days.push_back(dayJson(session, computeCityDay(table.site, date)));
-        }
+        for (const CityDay& day : computedDays(table, daysOf(month))) days.push_back(dayJson(session, day));
     }
     session.printJson(
         object({{"place", placeJson(table.place)}, {"days", days}, {"warnings", warningsJson(table.warnings)}}));

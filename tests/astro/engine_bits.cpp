@@ -161,7 +161,7 @@ std::vector<BitBlock> engineBits() {
             RandomNumbers random(++seed * 1000003);
             Digest digest;
             for (int i = 0; i < kind.perBlock; ++i) kind.compute(random, digest);
-            blocks.push_back({kind.name + ("-" + std::to_string(block)), digest.sum()});
+            blocks.push_back({std::string(kind.name).append("-").append(std::to_string(block)), digest.sum()});
         }
     }
     return blocks;

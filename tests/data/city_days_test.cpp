@@ -9,6 +9,7 @@
 #include "astro/MagneticVariation.h"
 #include "astro/digest.h"
 #include "astro/random_sky.h"
+#include "data/day_engine.h"
 
 namespace quode {
 namespace {
@@ -47,7 +48,7 @@ CityDay plainDay(const Site& site, const VAKDate& day) {
     result.GMTValue = place.GMTValue;
     result.isDSTTime = place.isDSTTime;
     result.kible = place.KibleAngle;
-    result.sky = engine.getSomeInfoForQuodeWidget();
+    result.sky = withLocalSun(engine.getSomeInfoForQuodeWidget(), result.GMTValue);
     result.declination =
         MagneticVariation().getMagneticVariation(day.Days, day.Months, day.Years, site.latitude, site.longitude, 500.0);
     return result;

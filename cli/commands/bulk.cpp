@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// quode bulk: the times of many places, for spreadsheets and other programs.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <atomic>
+#include <exception>
+#include <thread>
+
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/session.h"
+#include "cli/ProgressBar.h"
+#include "cli/commands.h"
+#include "cli/day_csv.h"
+#include "common/numbers.h"
+#include "data/city_days.h"
+
+namespace quode::cli {
+namespace {
+
+constexpr std::size_t placesPerStep = 64;
+constexpr std::size_t mostLines = 4000000;  // some 500 MB
+
+/// Whether a place is among those that --cities names.
+class Selection {
+  public:
+    explicit Selection(const std::string& wish) {
+        if (wish == "all") return;
+        isAll_ = false;
+        for (std::size_t at = 0; at <= wish.size();) {
+            const std::size_t end = std::min(wish.find(',', at), wish.size());
+            add(wish.substr(at, end - at));
+            at = end + 1;
+        }
+    }
+
+    bool has(const CityRecord& city) const {
+        return isAll_ || std::ranges::find(ids_, city.id) != ids_.end() ||
+               std::ranges::find(countries_, city.countryCode) != countries_.end();
+    }
+
+  private:
+    void add(std::string part) {
+        const bool isCode = part.size() == 2 && std::ranges::all_of(part, [](char c) {
+                                return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+                            });
+        if (isCode) {
+            for (char& letter : part) letter = letter >= 'a' ? static_cast<char>(letter - 'a' + 'A') : letter;
+            countries_.push_back(part);
+        } else if (const auto id = numberOf<int>(part)) {
+            ids_.push_back(*id);
+        } else {
+            throw Failure(ExitCode::usage, "\"" + part +
+                                               "\" is neither \"all\" nor a country code nor the id of a place. " +
+                                               "An example: --cities TR,745044");
+        }
+    }
+
+    bool isAll_ = true;
+    std::vector<int> ids_;
+    std::vector<std::string> countries_;
+};
+
+struct Work {
+    std::vector<CityRecord> cities;
+    std::vector<VAKDate> days;
+};
+
+std::vector<CityRecord> citiesOf(Session& session, const Arguments& arguments) {
+    const Selection selection(arguments.text("cities").value_or("all"));
+    std::vector<CityRecord> cities;
+    session.cities().forEach([&](const CityRecord& city) {
+        if (selection.has(city)) cities.push_back(city);
+    });
+    if (cities.empty()) throw Failure(ExitCode::notFound, "No place is selected. Try --cities all, or a country code.");
+    if (const auto wish = arguments.text("largest")) {
+        const auto count = numberOf<int>(*wish);
+        if (!count || *count < 1) throw Failure(ExitCode::usage, "--largest takes a number of places, such as 1000.");
+        std::ranges::stable_sort(cities, std::ranges::greater(), &CityRecord::population);
+        cities.resize(std::min(cities.size(), static_cast<std::size_t>(*count)));
+    }
+    return cities;
+}
+
+std::vector<VAKDate> daysWanted(Session& session, const Arguments& arguments, const Site& first) {
+    const auto from = arguments.text("date"), to = arguments.text("to");
+    const VAKDate begin = from ? parseDate(*from) : today(session, first);
+    const std::vector<VAKDate> days = daysBetween(begin, to ? parseDate(*to) : begin);
+    if (days.empty()) throw Failure(ExitCode::usage, "The last day, --to, lies before the first one.");
+    return days;
+}
+
+/// The lines of some places, one per day.
+std::string linesOf(const Work& work, std::size_t first, std::size_t end, CityDays& series) {
+    std::string lines;
+    CityDay day;
+    for (std::size_t i = first; i < end; ++i) {
+        const CityRecord& city = work.cities[i];
+        const Site site = siteOf(city);
+        const std::string place =
+            fmt::format("{},{},{},{},", city.id, csvText(city.name), csvText(city.region), city.countryCode);
+        for (const VAKDate& date : work.days) {
+            series.computeTimes(site, date, day);
+            lines.append(place).append(isoDate(date)).append(",").append(csvTimes(day)).append("\n");
+        }
+    }
+    return lines;
+}
+
+/// Computes the steps of a work on all processors; the first failure of a thread is thrown again.
+class Steps {
+  public:
+    explicit Steps(const Work& work) : work_(work), lines_((work.cities.size() + placesPerStep - 1) / placesPerStep) {}
+
+    std::vector<std::string> run() {
+        ProgressBar bar(lines_.size());
+        std::vector<std::jthread> threads;
+        const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
+        for (unsigned i = 1; i < processors; ++i) threads.emplace_back([this] { compute([](std::size_t) {}); });
+        compute([&bar](std::size_t done) { bar.show(done); });
+        threads.clear();
+        if (failure_) std::rethrow_exception(failure_);
+        return std::move(lines_);
+    }
+
+  private:
+    template <typename Progress>
+    void compute(Progress&& progress) try {
+        CityDays series;
+        for (std::size_t step = next_++; step < lines_.size(); step = next_++) {
+            const std::size_t first = step * placesPerStep;
+            lines_[step] = linesOf(work_, first, std::min(first + placesPerStep, work_.cities.size()), series);
+            progress(++done_);
+        }
+    } catch (...) {
+        next_ = lines_.size();
+        if (!hasFailed_.exchange(true)) failure_ = std::current_exception();
+    }
+
+    const Work& work_;
+    std::vector<std::string> lines_;
+    std::atomic<std::size_t> next_ = 0, done_ = 0;
+    std::atomic<bool> hasFailed_ = false;
+    std::exception_ptr failure_;
+};
+
+void runBulk(Session& session, const Arguments& arguments) {
+    if (session.wantsJson()) throw Failure(ExitCode::usage, "\"quode bulk\" writes CSV only. Leave --json out.");
+    Work work;
+    work.cities = citiesOf(session, arguments);
+    work.days = daysWanted(session, arguments, siteOf(work.cities.front()));
+    if (work.cities.size() * work.days.size() > mostLines) {
+        throw Failure(
+            ExitCode::usage,
+            fmt::format("{} places on {} days are more than {} lines. Take fewer places or days, in several runs.",
+                        work.cities.size(), work.days.size(), mostLines));
+    }
+    session.print("id,name,region,country,date," + csvTimesHead());
+    for (const std::string& lines : Steps(work).run())
+        session.print(std::string_view(lines).substr(0, lines.size() - 1));
+}
+
+}  // namespace
+
+Command bulkCommand() {
+    return {
+        "bulk",
+        "The times of many places, as CSV",
+        {{Parameter::Kind::option, "cities", "all|CODE|ID,...", "All places (the default), those of countries, or ids"},
+         {Parameter::Kind::option, "largest", "N", "Only the N most populous of them"},
+         {Parameter::Kind::option, "date", "YYYY-MM-DD", "The day, or the first day; else today"},
+         {Parameter::Kind::option, "to", "YYYY-MM-DD", "The last day"},
+         {Parameter::Kind::option, "format", "csv", "The form of the output", false, {"csv"}}},
+        runBulk};
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "cli/day_csv.h"
+
+#include <fmt/format.h>
+
+#include "app/day_view.h"
+#include "app/method_choice.h"
+
+namespace quode::cli {
+
+using namespace app;
+
+std::vector<std::string> notesOf(const CityDay& day) {
+    const PrayTimes& times = day.times;
+    std::vector<std::string> notes;
+    constexpr int minutesPerDay = 1440;
+    if (times.isLatitudeChanged) notes.emplace_back("other_latitude");
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const double hours = timeOfPrayer(day, code);
+        if (hours == missingTime) continue;
+        if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
+        if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
+    }
+    for (std::string& note : methodNotes(day)) notes.push_back(std::move(note));
+    return notes;
+}
+
+std::string csvTimesHead() {
+    std::string head;
+    for (int code = firstPrayer; code <= lastPrayer; ++code) head.append(prayerKey(code)).append(",");
+    return head + "utc_offset,notes";
+}
+
+std::string csvTimes(const CityDay& day) {
+    std::string line;
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const double hours = timeOfPrayer(day, code);
+        if (hours != missingTime) line += clock24(hours);
+        line += ',';
+    }
+    return line + fmt::format("{},{}", day.GMTValue, fmt::join(notesOf(day), " "));
+}
+
+std::string csvText(std::string_view text) {
+    if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
+    std::string quoted = "\"";
+    for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
+    return quoted + '"';
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// quode bulk.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "program.h"
+
+namespace quode::test {
+namespace {
+
+/// What stands behind some commas of a line.
+std::string behindCommas(const std::string& line, int count) {
+    std::size_t at = 0;
+    for (int i = 0; i < count; ++i) at = line.find(',', at) + 1;
+    return line.substr(at);
+}
+
+TEST(Bulk, HasTheTimesOfTheTimetable) {
+    const auto bulk =
+        Program().run({"bulk", "--cities", "3143244", "--date", "2026-06-01", "--to", "2026-06-30"}).lines();
+    const auto month = Program().run({"month", "2026-06", "--city", "3143244", "--format", "csv"}).lines();
+    ASSERT_EQ(bulk.size(), 31U);
+    ASSERT_EQ(month.size(), 31U);
+    for (std::size_t i = 0; i < bulk.size(); ++i) EXPECT_EQ(behindCommas(bulk[i], 5), behindCommas(month[i], 3));
+    EXPECT_TRUE(bulk[1].starts_with("3143244,Oslo,Oslo,NO,2026-06-01,")) << bulk[1];
+}
+
+TEST(Bulk, TakesCountriesAndIdsAndTheLargest) {
+    const auto lines = Program().run({"bulk", "--cities", "km,745044", "--format", "csv"}).lines();
+    ASSERT_GT(lines.size(), 10U);
+    const auto isIn = [](const char* country) {
+        return [country](const std::string& line) {
+            return line.find(std::string(",") + country + ",2026-11-21,") != std::string::npos;
+        };
+    };
+    EXPECT_EQ(std::count_if(lines.begin(), lines.end(), isIn("TR")), 1);
+    EXPECT_EQ(std::count_if(lines.begin(), lines.end(), isIn("KM")), static_cast<long>(lines.size()) - 2);
+    const auto two = Program().run({"bulk", "--cities", "KM,745044", "--largest", "2"}).lines();
+    ASSERT_EQ(two.size(), 3U);
+    EXPECT_TRUE(two[1].starts_with("745044,Istanbul,")) << two[1];
+    EXPECT_TRUE(two[2].starts_with("921772,Moroni,")) << two[2];
+}
+
+TEST(Bulk, OfAllPlacesHasEachOnce) {
+    const auto lines = Program().run({"bulk", "--date", "2026-03-28"}).lines();
+    EXPECT_GT(lines.size(), 170000U);
+    std::set<std::string> ids;
+    for (const std::string& line : lines) ids.insert(line.substr(0, line.find(',')));
+    EXPECT_EQ(ids.size(), lines.size());
+}
+
+TEST(Bulk, SaysWhatIsWrong) {
+    const auto expect = [](const std::vector<std::string>& arguments, int code, const std::string& message) {
+        const Outcome run = Program().run(arguments);
+        EXPECT_EQ(run.code, code) << message;
+        EXPECT_NE(run.err.find(message), std::string::npos) << run.err;
+        EXPECT_EQ(run.out, "");
+    };
+    expect({"bulk", "--cities", "Oslo"}, 2, "neither");
+    expect({"bulk", "--cities", "XX"}, 1, "No place");
+    expect({"bulk", "--largest", "0"}, 2, "--largest");
+    expect({"bulk", "--date", "2026-02-02", "--to", "2026-02-01"}, 2, "before");
+    expect({"bulk", "--date", "2026-01-01", "--to", "2026-12-31"}, 2, "fewer");
+    expect({"bulk", "--format", "json"}, 2, "--format");
+    expect({"bulk", "--json"}, 2, "CSV");
+}
+
+}  // namespace
+}  // namespace quode::test
