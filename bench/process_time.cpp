@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // process_time COUNT PROGRAM [ARGUMENT...]: runs a program some times with its output thrown away. Printed: the least
-// time of one run in milliseconds and the most memory in megabytes. The memory of this small program is the least that
+// time of one run in microseconds and the most memory in kilobytes. The memory of this small program is the least that
 // shows.
 #include <fcntl.h>
 #include <spawn.h>
@@ -10,17 +10,17 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <limits>
+#include <cstring>
 
 extern char** environ;
 
 namespace {
 
 struct Run {
-    double milliseconds = 0.0;
+    std::chrono::microseconds time{};
     long kilobytes = 0;
     bool isDone = false;
 };
@@ -32,8 +32,8 @@ Run run(char** arguments, const posix_spawn_file_actions_t& actions) {
     int status = 0;
     rusage usage{};
     if (wait4(child, &status, 0, &usage) != child) return {};
-    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
-    return {time.count(), usage.ru_maxrss, WIFEXITED(status) && WEXITSTATUS(status) == 0};
+    const auto time = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
+    return {time, usage.ru_maxrss, WIFEXITED(status) && WEXITSTATUS(status) == 0};
 }
 
 }  // namespace
@@ -46,19 +46,20 @@ int main(int count, char** arguments) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    double least = std::numeric_limits<double>::infinity();
+    std::chrono::microseconds least = std::chrono::microseconds::max();
     long most = 0;
-    const int times = std::max(1, std::atoi(arguments[1]));
+    int times = 1;
+    std::from_chars(arguments[1], arguments[1] + std::strlen(arguments[1]), times);
     for (int i = 0; i < times; ++i) {
         const Run one = run(arguments + 2, actions);
         if (!one.isDone) {
             std::fprintf(stderr, "process_time: %s failed\n", arguments[2]);
             return 1;
         }
-        least = std::min(least, one.milliseconds);
+        least = std::min(least, one.time);
         most = std::max(most, one.kilobytes);
     }
-    std::printf("%.3f %.1f\n", least, static_cast<double>(most) / 1024.0);
+    std::printf("%lld %ld\n", static_cast<long long>(least.count()), most);
     posix_spawn_file_actions_destroy(&actions);
     return 0;
 }
