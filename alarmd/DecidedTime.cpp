@@ -12,13 +12,42 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr seconds jump{60};      // a clock that goes ahead by less is being put right
-constexpr seconds holdTime{90};  // how long a clock that jumped has to prove itself
-constexpr hours farBack{24};     // rings from before are not even looked for
+constexpr seconds inaccuracy{1};  // of two clocks that count whole seconds
+constexpr seconds jump{60};       // a clock that goes ahead by less is being put right
+constexpr seconds holdTime{90};   // how long a clock that jumped has to prove itself
+constexpr hours farBack{24};      // rings from before are not even looked for
+
+constexpr seconds sameClock{120};
+
+// What a clock showed when the device started.
+seconds zeroOf(sys_seconds clock, const Uptime& uptime) {
+    return clock.time_since_epoch() - floor<seconds>(uptime.time);
+}
 
 }  // namespace
 
 DecidedTime::DecidedTime(std::optional<DecidedNote> note) : note_(std::move(note)) {}
+
+// Finds out whether the clock was set since the last time.
+void DecidedTime::followClock(const Present& present, Span& span) {
+    const sys_seconds now = present.clock;
+    const seconds passed = floor<seconds>(present.uptime.time - note_->uptime.time);
+    const seconds shift = now - (note_->clock + passed);
+    if (abs(shift) > inaccuracy) span.shift = shift;
+    if (shift < -inaccuracy) {
+        span.isTakenBack = true;
+        // What is held was never decided, so that the moment is still that of the clock before it jumped.
+        note_->until = hold_ ? std::min(note_->until, now) : note_->until + shift;
+        hold_.reset();
+        if (note_->left && abs(zeroOf(present.clock, present.uptime) - note_->left->zero) < sameClock) {
+            span.wrongSince = note_->left->at;
+            note_->left.reset();
+        }
+    } else if (shift > jump) {
+        hold_ = Hold{now, present.uptime.time + holdTime};
+        if (!note_->left) note_->left = LeftClock{zeroOf(note_->clock, note_->uptime), present.uptime.time};
+    }
+}
 
 DecidedTime::Span DecidedTime::begin(const Present& present) {
     Span span;
@@ -29,21 +58,11 @@ DecidedTime::Span DecidedTime::begin(const Present& present) {
         return span;
     }
     if (areComparable(note_->uptime, present.uptime)) {
-        const seconds passed = floor<seconds>(present.uptime.time - note_->uptime.time);
-        const seconds shift = now - (note_->clock + passed);
-        if (shift < seconds(-1)) {
-            span.shift = shift;
-            // What is held was never decided, so that the moment is still that of the clock before it jumped.
-            note_->until = hold_ ? std::min(note_->until, now) : note_->until + shift;
-            span.isTakenBack = true;
-            hold_.reset();
-        } else if (shift > jump) {
-            span.shift = shift;
-            hold_ = Hold{now, present.uptime.time + holdTime};
-        }
+        followClock(present, span);
     } else if (note_->until > now) {
         note_->until = now - latestRing;
         span.isTakenBack = true;
+        note_->left.reset();
     }
     note_->clock = now;
     note_->uptime = present.uptime;

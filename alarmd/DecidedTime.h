@@ -31,6 +31,8 @@ class DecidedTime {
         std::chrono::sys_seconds since{};  ///< all until then is decided
         std::chrono::seconds shift{0};     ///< by how much the clock was set, as far as that is known
         bool isTakenBack = false;          ///< what was decided after `since` is open again
+        /// The clock is what it was before it jumped ahead, when the device had run for so long.
+        std::optional<std::chrono::milliseconds> wrongSince;
         /// Rings until then are left for later: the clock has just jumped over them, perhaps in error.
         std::chrono::sys_seconds heldUntil = std::chrono::sys_seconds::min();
         bool holds(std::chrono::sys_seconds due) const { return due <= heldUntil; }
@@ -56,6 +58,8 @@ class DecidedTime {
         std::chrono::sys_seconds until{};  // up to this moment of the clock
         std::chrono::milliseconds end{};   // in the time that the device has run
     };
+
+    void followClock(const Present& present, Span& span);
 
     std::optional<DecidedNote> note_;
     std::optional<Hold> hold_;

@@ -130,7 +130,7 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
                 record.ringAt = due;
                 keepState(record, RingState::begun);
             }
-        } else if (rangTooEarly(record, present)) {
+        } else if (span.wrongSince && rangTooEarly(record, *span.wrongSince, present)) {
             desk_->silence(record.alarm);
             desk_->close(record.notification);
             records_.forget(record.alarm.code, due);
@@ -142,8 +142,9 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
 }
 
 // Whether a clock that was wrong brought a ring that is still to come.
-bool RingKeeper::rangTooEarly(const RingRecord& record, const Present& present) const {
+bool RingKeeper::rangTooEarly(const RingRecord& record, milliseconds wrongSince, const Present& present) const {
     if (record.alarm.due <= present.clock || !areComparable(record.rangAt, present.uptime)) return false;
+    if (record.rangAt.time < wrongSince) return false;
     const sys_seconds rang = present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
     return record.alarm.due - rang > tooEarly;
 }

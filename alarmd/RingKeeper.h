@@ -59,7 +59,7 @@ class RingKeeper {
 
     void followService();
     void takeBack(const DecidedTime::Span& span, const Present& present);
-    bool rangTooEarly(const RingRecord& record, const Present& present) const;
+    bool rangTooEarly(const RingRecord& record, std::chrono::milliseconds wrongSince, const Present& present) const;
     bool counts(const AlarmOccurrence& alarm, const Choices& choices, const Present& present,
                 const EventStart& eventStart) const;
     bool standsElsewhere(const UserAlarm& alarm, std::chrono::sys_seconds start, const CityRecord& city,

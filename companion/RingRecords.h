@@ -41,6 +41,14 @@ struct RingRecord {
     friend bool operator==(const RingRecord&, const RingRecord&) = default;
 };
 
+/// What the clock was before it jumped ahead.
+struct LeftClock {
+    std::chrono::seconds zero{};     ///< what it showed when the device started, in seconds since 1970
+    std::chrono::milliseconds at{};  ///< how long the device had run when it jumped
+
+    friend bool operator==(const LeftClock&, const LeftClock&) = default;
+};
+
 /// How far all alarms have been decided, and by which clock.
 struct DecidedNote {
     std::chrono::sys_seconds until{};
@@ -48,6 +56,7 @@ struct DecidedNote {
     Uptime uptime;                     ///< at the same moment
     int city = 0;                      ///< the number of the home city
     std::vector<AlarmRule> rules;      ///< the alarms that were on
+    std::optional<LeftClock> left;     ///< since the clock has jumped ahead
 
     friend bool operator==(const DecidedNote&, const DecidedNote&) = default;
 };

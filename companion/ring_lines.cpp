@@ -123,8 +123,10 @@ std::string ringLine(const NumberedRing& ring) {
 }
 
 std::string decidedLine(const DecidedNote& note) {
-    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}", decidedMark, countOf(note.until), countOf(note.clock),
-                              field(note.uptime.boot), note.uptime.time.count(), note.city, rulesText(note.rules)));
+    const LeftClock left = note.left.value_or(LeftClock{});
+    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", decidedMark, countOf(note.until),
+                              countOf(note.clock), field(note.uptime.boot), note.uptime.time.count(), note.city,
+                              left.zero.count(), left.at.count(), rulesText(note.rules)));
 }
 
 std::string emptyLine() {
@@ -163,6 +165,10 @@ std::optional<DecidedNote> decidedFrom(std::string_view line) {
     note.clock = fields.moment();
     note.uptime = fields.uptime();
     note.city = fields.number<int>();
+    LeftClock left;
+    left.zero = seconds(fields.number<long long>());
+    left.at = milliseconds(fields.number<long long>());
+    if (left != LeftClock{}) note.left = left;
     note.rules = rulesFrom(fields.text());
     return fields.isGood() ? std::optional(note) : std::nullopt;
 }

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quode::test {
+
+/// What became of the rings of a simulation.
+struct Figures {
+    long rings = 0;  ///< that the timetable and the snoozes demand
+    long rung = 0;   ///< within their minute
+    long late = 0;   ///< within the quarter of an hour
+    long excused =
+        0;           ///< silent, for all of that time the device slept, was off, had a wrong clock or no notifications
+    long early = 0;  ///< brought by a wrong clock, by more than an hour; they rang again at their time
+    long lost = 0;   ///< silent without an excuse
+    long doubled = 0;                   ///< shown once too often
+    long wrong = 0;                     ///< at a time, or with a text, that the timetable does not have
+    long hangs = 0;                     ///< the service did not come to rest
+    long faults = 0;                    ///< incidents
+    std::vector<std::string> findings;  ///< the first failures, for people
+
+    void add(const Figures& other);
+    bool isGood() const { return lost == 0 && doubled == 0 && wrong == 0 && hangs == 0; }
+    void find(const std::string& text) {
+        if (findings.size() < 40) findings.push_back(text);
+    }
+};
+
+inline void Figures::add(const Figures& other) {
+    for (long Figures::*each :
+         {&Figures::rings, &Figures::rung, &Figures::late, &Figures::excused, &Figures::early, &Figures::lost,
+          &Figures::doubled, &Figures::wrong, &Figures::hangs, &Figures::faults}) {
+        this->*each += other.*each;
+    }
+    for (const std::string& text : other.findings) find(text);
+}
+
+}  // namespace quode::test

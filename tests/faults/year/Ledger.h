@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// What is to ring, what rang, and whether it could.
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <vector>
+
+#include "Figures.h"
+#include "YearTable.h"
+#include "alarmd/RingDesk.h"
+
+namespace quode::test {
+
+/// Compares the rings of a simulated service with what is demanded of it. All moments are true time.
+class Ledger {
+  public:
+    using Moment = std::chrono::sys_seconds;
+
+    /// A ring is demanded at a moment, for a prayer of the timetable.
+    void demand(int code, Moment prayer, Moment due, const std::string& text, const std::string& city);
+
+    /// What was demanded for later than a moment is so no longer: alarms, or the home city, were changed.
+    void withdraw(Moment after);
+    void withdraw(int code, Moment after);
+
+    /// The user sleeps on: the ring is demanded once more.
+    void snooze(int code, Moment prayer, Moment due);
+
+    /// A ring is shown. `clockError` is what the device's clock is ahead.
+    void shown(const Ring& ring, Moment now, std::chrono::seconds clockError);
+
+    /// From now on the service can ring by the right clock, or cannot.
+    void canRing(Moment now, bool can);
+
+    Figures evaluate(Moment end);
+
+  private:
+    struct Demand {
+        int code = 0;
+        Moment prayer{};
+        Moment due{};
+        std::string text;
+        std::string city;
+        bool isSnooze = false;
+        std::vector<Moment> shown = {};
+    };
+
+    bool hadAChance(Moment due) const;
+    void count(const Demand& demand);
+
+    std::vector<Demand> demands_;
+    std::map<Moment, bool> chances_;
+    Figures figures_;
+};
+
+}  // namespace quode::test
