@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "alarmd/AlarmKeeper.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "alarmd/ring_texts.h"
 #include "companion/user_connection.h"
 #include "data/alarm_moment.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -35,7 +34,7 @@ sys_seconds AlarmKeeper::wake() {
     const Present present = this->present();
     const sys_seconds now = present.clock;
     if (now < earliestClock) {
-        tellOnce("The clock of this device has not been set. Alarms ring once it is.");
+        tellOnce(_("The clock of this device has not been set. Alarms ring once it is."));
         return now + retryAfter;
     }
     std::optional<UserDatabase> database;
@@ -58,8 +57,10 @@ sys_seconds AlarmKeeper::wake() {
     }
     if (database) succeeded = renew(*database, next, now) && succeeded;
     if (!rings_.records().problem().empty()) {
-        tellOnce("The rings cannot be noted in " + with_.dataFolder.string() + ": " + rings_.records().problem() +
-                 ". They are kept in memory. Make room, and give yourself the right to write there.");
+        tellOnce(
+            _("The rings cannot be noted in {}: {}. They are kept in memory. Make room, and give yourself the right "
+              "to write there.",
+              with_.dataFolder.string(), rings_.records().problem()));
         succeeded = false;
     }
     if (!succeeded) return std::min(next, now + retryAfter);
@@ -115,9 +116,10 @@ bool AlarmKeeper::giveBackChoices(UserDatabase& database) {
     if (!choices_ || choices_->rules().empty() || !readChoices(database).rules().empty()) return false;
     const bool succeeded = attempt([&] { restoreChoices(database, *choices_); });
     if (!succeeded) return false;
-    const std::string message = "The file " + database.file().string() +
-                                " was damaged. Your cities and alarms are as the alarm service knew them, and ring on. "
-                                "The damaged file is kept beside it.";
+    const std::string message = _(
+        "The file {} was damaged. Your cities and alarms are as the alarm service knew them, and ring on. The damaged "
+        "file is kept beside it.",
+        database.file().string());
     with_.tell(message);
     with_.desk->warn(message);
     return true;
@@ -160,7 +162,7 @@ void AlarmKeeper::warnOfOutage(bool isRead, const Present& present) {
     if (!outage_) outage_ = present.uptime;
     if (warnedOfOutage_ || present.uptime.time - outage_->time < longOutage) return;
     warnedOfOutage_ = true;
-    with_.desk->warn(lastFailure_ + " The alarms ring as they were set before.");
+    with_.desk->warn(lastFailure_ + " " + _("The alarms ring as they were set before."));
 }
 
 // --- answers

@@ -40,7 +40,9 @@ void DecidedTime::followClock(const Present& present, Span& span) {
         note_->until = hold_ ? std::min(note_->until, now) : note_->until + shift;
         hold_.reset();
         if (note_->left && abs(zeroOf(present.clock, present.uptime) - note_->left->zero) < sameClock) {
+            // What was decided while it was wrong is open again, from where it left.
             span.wrongSince = note_->left->at;
+            note_->until = std::min(note_->until, sys_seconds(note_->left->zero + floor<seconds>(note_->left->at)));
             note_->left.reset();
         }
     } else if (shift > jump) {

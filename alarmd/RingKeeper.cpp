@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "alarmd/RingKeeper.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <ranges>
 
 #include "alarmd/ring_decision.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -160,7 +159,7 @@ void RingKeeper::decide(const Choices& choices, RingRecord record, const Present
     const bool otherRings = choices.settings.ringer == Ringer::evolution;
     if (decision == RingDecision::drop || otherRings) {
         const auto late = floor<minutes>(present.clock - record.ringAt);
-        if (!otherRings) tell_(fmt::format("An alarm was missed by {} minutes and does not ring.", late.count()));
+        if (!otherRings) tell_(_("An alarm was missed by {} min and does not ring.", late.count()));
         record.rangAt = present.uptime;
         return keepState(record, RingState::dropped);
     }
@@ -224,7 +223,7 @@ void RingKeeper::offerUnseen(const Choices& choices, const Present& present) {
         if (!alarm || !alarm->isOn) {
             keepState(record, RingState::finished);
         } else if (decision == RingDecision::drop) {
-            tell_("An alarm rang, but for a quarter of an hour no notification service was there to show it.");
+            tell_(_("An alarm rang, but for 15 min no notification service was there to show it."));
             keepState(record, RingState::dropped);
         } else if (hasService && decision != RingDecision::wait) {
             const bool isSounding =

@@ -55,6 +55,10 @@ bool isOver(RingState state) {
     return state == RingState::finished || state == RingState::dropped;
 }
 
+bool comesAgain(RingState state) {
+    return state == RingState::begun || state == RingState::snoozed || state == RingState::unseen;
+}
+
 }  // namespace
 
 bool RingRecords::reserve(const std::filesystem::path& dataFolder) {
@@ -122,7 +126,8 @@ std::vector<RingRecord> RingRecords::unfinished() const {
     return records;
 }
 
-// A line that no ring has; without one that of the oldest ring that is over, or of the oldest of all.
+// A line that no ring has; without one that of the oldest ring that is not to come again. One that is shown gives way
+// too: many users never answer.
 int RingRecords::freeLine() {
     std::set<int> taken;
     for (const auto& [key, entry] : entries_) taken.insert(entry.line);
@@ -130,7 +135,7 @@ int RingRecords::freeLine() {
         if (!taken.contains(line)) return line;
     }
     const std::vector<const Entry*> order = inOrder();
-    const auto over = std::ranges::find_if(order, [](const Entry* each) { return isOver(each->record.state); });
+    const auto over = std::ranges::find_if(order, [](const Entry* each) { return !comesAgain(each->record.state); });
     const Entry* const given = over == order.end() ? order.front() : *over;
     const int line = given->line;
     entries_.erase({given->record.alarm.code, given->record.alarm.due});

@@ -33,5 +33,24 @@ TEST(InstanceLock, EndsWithTheProcessHoweverItDies) {
     EXPECT_TRUE(InstanceLock(folder.path()).isHeld());
 }
 
+TEST(InstanceLock, IsNotCurrentOnceTheFolderWasDeletedAndMadeAgain) {
+    const TemporaryFolder folder;
+    const std::filesystem::path data = folder.path() / "data";
+    InstanceLock first(data);
+    EXPECT_TRUE(first.isCurrent());
+    std::filesystem::remove_all(data);
+    EXPECT_FALSE(first.isCurrent());
+    {
+        const InstanceLock second(data);
+        EXPECT_TRUE(second.isHeld());
+        EXPECT_FALSE(first.isCurrent());
+        first.renew();
+        EXPECT_FALSE(first.isHeld()) << "the other one serves it";
+    }
+    first.renew();
+    EXPECT_TRUE(first.isHeld());
+    EXPECT_TRUE(first.isCurrent());
+}
+
 }  // namespace
 }  // namespace quode::test

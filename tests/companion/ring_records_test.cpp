@@ -80,13 +80,15 @@ TEST_F(RingRecordsTest, KeepTheNewestWhenAllLinesAreTaken) {
     const RingRecord snoozed = record(200, "2026-01-01 03:05", RingState::snoozed);
     records.keep(snoozed);
     for (int day = 0; day < 120; ++day) {
-        RingRecord each = record(202, "2031-01-01 09:05", RingState::finished);
+        const bool isAnswered = day % 2 == 0;
+        RingRecord each = record(202, "2031-01-01 09:05", isAnswered ? RingState::finished : RingState::shown);
         each.alarm.due -= std::chrono::days(day);
         records.keep(each);
     }
     const std::vector<RingRecord> kept = open().all();
     EXPECT_EQ(kept.size(), 95U);
     EXPECT_EQ(kept.front(), snoozed) << "it is not over";
+    EXPECT_EQ(kept[1].alarm.due, utc("2031-01-01 09:05") - std::chrono::days(26)) << "the last 94 without a gap";
     EXPECT_EQ(kept.back().alarm.due, utc("2031-01-01 09:05") - std::chrono::days(119));
     EXPECT_EQ(std::filesystem::file_size(file()), 96 * ringLineLength);
 }

@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 """A notification service that writes down what it is told, one JSON object per line on its standard output.
 
-With the argument "described" it tells its name and what it can do; else it refuses to.
+With the argument "described" it tells its name and what it can do; else it refuses to. With "slow" it answers after six
+seconds.
 
 Commands on its standard input: "action NUMBER KEY" and "closed NUMBER" send the signals of a user's answer.
 """
@@ -52,7 +53,11 @@ def call(connection, sender, path, interface, method, arguments, invocation):
             value = entry.get_child_value(1).get_variant()
             hints[entry.get_child_value(0).get_string()] = [value.get_type_string(), value.unpack()]
         unpacked = arguments.unpack()
-        invocation.return_value(GLib.Variant("(u)", (last_number,)))
+        answer = GLib.Variant("(u)", (last_number,))
+        if "slow" in sys.argv:
+            GLib.timeout_add_seconds(6, lambda: invocation.return_value(answer) and False)
+        else:
+            invocation.return_value(answer)
         tell(call="Notify", number=last_number, at=time.time(), title=unpacked[3], body=unpacked[4], actions=unpacked[5],
              hints=hints, expire=unpacked[7])
     elif method == "GetCapabilities":

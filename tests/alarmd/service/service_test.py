@@ -57,8 +57,8 @@ class ServiceTest(unittest.TestCase):
 
     # --- the programs
 
-    def start_mock(self):
-        self.mock = subprocess.Popen(["/usr/bin/python3", MOCK], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+    def start_mock(self, *arguments):
+        self.mock = subprocess.Popen(["/usr/bin/python3", MOCK, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
         self.addCleanup(self.end, self.mock)
         self.shown = Lines(self.mock.stdout)
         self.assertEqual(self.shown.next(10)["call"], "ready")
@@ -212,6 +212,42 @@ class ServiceTest(unittest.TestCase):
         self.answer("closed 1")
         self.assertTrue(self.wait_for(lambda: self.states() == [3]))
 
+    def test_answers_to_a_slow_notification_service_count(self):
+        self.start_mock("slow")
+        due = self.set_alarm()
+        self.start()
+        self.expect_ring(due)
+        self.assertTrue(self.wait_for(lambda: self.states() == [5]))
+        self.assertTrue(self.wait_for(lambda: self.states() == [1], 10))
+        self.answer("action 1 snooze")
+        self.assertEqual(self.shown.next(2), {"call": "CloseNotification", "number": 1})
+        self.assertTrue(self.wait_for(lambda: self.states() == [2]))
+        self.expect_silence()
+
+    def test_a_ring_that_nobody_saw_is_shown_when_a_service_appears(self):
+        due = self.set_alarm()
+        self.start()
+        self.assertTrue(self.wait_for(lambda: self.states() == [6], due - time.time() + 3))
+        self.start_mock()
+        ring = self.shown.next(2)
+        self.assertIsNotNone(ring)
+        self.assertEqual(ring["call"], "Notify")
+        self.assertTrue(self.wait_for(lambda: self.states() == [1]))
+        self.expect_silence()
+
+    def test_the_end_of_a_notification_service_closes_its_rings(self):
+        self.start_mock()
+        due = self.set_alarm()
+        self.start()
+        self.expect_ring(due)
+        self.assertTrue(self.wait_for(lambda: self.states() == [1]))
+        self.end(self.mock)
+        self.start_mock()
+        self.assertTrue(self.wait_for(lambda: self.states() == [3]))
+        self.answer("action 1 snooze")  # the number of a ring of the former run
+        self.expect_silence()
+        self.assertEqual(self.states(), [3])
+
     # --- killed and started again
 
     def test_a_kill_before_the_ring_loses_nothing(self):
@@ -263,6 +299,22 @@ class ServiceTest(unittest.TestCase):
         self.assertIn("running already", self.messages())
         self.expect_ring(due)
         self.expect_silence()
+
+    def test_one_of_two_is_left_after_the_data_folder_was_made_again(self):
+        self.start_mock()
+        self.environment["QUODE_DATA_DIR"] = os.path.join(self.folder, "data")
+        self.set_alarm()
+        first = self.start()
+        self.assertTrue(self.wait_for(lambda: os.path.exists(self.environment["QUODE_DATA_DIR"] + "/alarmd.rings")))
+        shutil.rmtree(self.environment["QUODE_DATA_DIR"])
+        time.sleep(0.5)
+        self.assertFalse(os.path.exists(self.environment["QUODE_DATA_DIR"]), "what the user deleted stays deleted")
+        second = self.start()
+        due = self.set_alarm()
+        self.expect_ring(due)
+        self.expect_silence()
+        self.assertTrue(self.wait_for(lambda: first.poll() == 0 or second.poll() == 0, 12), "two of them run")
+        self.assertIn(None, (first.poll(), second.poll()))
 
     def test_without_a_notification_service_only_the_sound_rings(self):
         due = self.set_alarm()

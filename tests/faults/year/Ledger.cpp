@@ -66,7 +66,7 @@ void Ledger::shown(const Ring& ring, Moment now, seconds clockError) {
     Demand* demand = nullptr;
     for (Demand& each : demands_) {
         const bool isIt = each.code == ring.alarm.code && each.prayer == ring.alarm.prayer && each.due <= now + noRing;
-        if (isIt && (!demand || demand->due < each.due)) demand = &each;
+        if (isIt) demand = &each;  // the last one: snoozes come after what was snoozed
     }
     // A snooze is so many minutes long, whatever the clock shows.
     const seconds error = demand && demand->isSnooze ? seconds(0) : clockError;
@@ -76,6 +76,9 @@ void Ledger::shown(const Ring& ring, Moment now, seconds clockError) {
         const bool isEarly = now + clockError >= ring.alarm.due && clockError > noRing;
         ++(isEarly ? figures_.early : figures_.wrong);
         if (!isEarly) figures_.find("wrong: not in the timetable: " + what);
+    } else if (lateByClock > latest + tolerance && clockError > seconds(0) && !demand->isSnooze) {
+        ++figures_.early;  // the snooze of a ring that came too early
+        return;
     } else if (lateByClock < -tolerance || lateByClock > latest + tolerance) {
         ++figures_.wrong;
         figures_.find("wrong: not its moment: " + what + ", due at " + momentText(demand->due));

@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 // The long form of the simulated years: writes the figures as a table for docs/reliability.md.
 //
-//   simulated_years [YEARS]    city-years of each kind of fault; four without an argument
+//   simulated_years [YEARS [PROCESSES]]    city-years of each kind of fault, and how many are simulated at a time
 #include <fmt/format.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <cstdlib>
+#include <array>
+#include <deque>
+#include <thread>
 
 #include "Simulation.h"
 #include "common/numbers.h"
@@ -17,41 +21,104 @@ constexpr std::pair<const char*, const char*> places[]{{"Istanbul", "Berlin"},  
                                                        {"Jakarta", "Istanbul"},   {"Auckland", "Jakarta"},
                                                        {"Reykjavik", "New York"}, {"Delhi", "Auckland"}};
 
-void printRow(const std::string& name, int years, const Figures& sum) {
-    fmt::print("| {} | {} | {} | {} | {} | {} | {} | {} | {} | {} | {} | {} |\n", name, years, sum.faults, sum.rings,
-               sum.rung, sum.late, sum.excused, sum.early, sum.lost, sum.doubled, sum.wrong, sum.hangs);
-    std::fflush(stdout);
-    for (const std::string& finding : sum.findings) fmt::print(stderr, "{}: {}\n", name, finding);
-}
+struct Row {
+    std::string name;
+    std::vector<Fault> faults;
+    int years = 1;
+    bool isPromised = true;  // else it is the exception
+    pid_t process = 0;
+    int result = -1;
+};
 
-Figures simulate(const std::vector<Fault>& faults, int years, bool killsWhileAsking) {
+Figures simulate(const Row& row) {
     Figures sum;
-    for (int each = 0; each < years; ++each) {
+    for (int each = 0; each < row.years; ++each) {
         const auto& [city, other] = places[std::size_t(each) % std::size(places)];
-        Plan plan{city, other, 365, unsigned(1000 + each), faults};
-        plan.interval = std::chrono::hours(faults.size() > 1 ? 6 : 12);
-        plan.killsWhileAsking = killsWhileAsking;
+        Plan plan{city, other, 365, unsigned(1000 + each), row.faults};
+        plan.interval = std::chrono::hours(row.faults.size() > 1 ? 6 : 12);
+        plan.killsWhileAsking = !row.isPromised;
         sum.add(Simulation(plan).run());
     }
     return sum;
 }
 
-int run(int years) {
+constexpr long Figures::*members[]{&Figures::faults,  &Figures::rings, &Figures::rung, &Figures::late,
+                                   &Figures::excused, &Figures::early, &Figures::lost, &Figures::doubled,
+                                   &Figures::wrong,   &Figures::hangs};
+
+// A simulation has a process to itself: the shared services, the disk and the environment are those of a process.
+void start(Row& row) {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0) throw std::runtime_error("no pipe");
+    row.process = fork();
+    if (row.process == 0) {
+        const Figures sum = simulate(row);
+        std::string text;
+        for (const auto member : members) text += fmt::format("{} ", sum.*member);
+        [[maybe_unused]] const auto written = ::write(ends[1], text.data(), text.size());
+        for (const std::string& finding : sum.findings) fmt::print(stderr, "{}: {}\n", row.name, finding);
+        std::fflush(stderr);
+        _exit(0);
+    }
+    ::close(ends[1]);
+    row.result = ends[0];
+}
+
+// A process that ended without its figures hangs or crashed.
+Figures resultOf(const Row& row) {
+    std::array<char, 1000> text{};
+    const auto length = ::read(row.result, text.data(), text.size());
+    ::close(row.result);
+    waitpid(row.process, nullptr, 0);
+    std::string_view rest(text.data(), length > 0 ? std::size_t(length) : 0);
+    Figures sum;
+    for (const auto member : members) {
+        const std::optional<long> number = takeNumber<long>(rest);
+        if (!number) ++sum.hangs;
+        sum.*member += number.value_or(0);
+        if (!rest.empty()) rest.remove_prefix(1);
+    }
+    return sum;
+}
+
+void print(const std::string& name, int years, const Figures& sum) {
+    std::string line = fmt::format("| {} | {} |", name, years);
+    for (const auto member : members) line += fmt::format(" {} |", sum.*member);
+    fmt::print("{}\n", line);
+    std::fflush(stdout);
+}
+
+int run(int years, std::size_t processes) {
+    std::vector<Row> rows{{"none", {}, std::max(1, years / 2)}};
+    for (const Fault fault : allFaults()) rows.push_back({nameOf(fault), {fault}, years});
+    rows.push_back({"all of them", allFaults(), 2 * years});
+    rows.push_back({"*killed within the call to the desktop*", {Fault::kill}, 1, false});
     fmt::print(
         "| fault | city-years | incidents | rings | in time | late | excused | early by a wrong clock | lost | doubled "
         "| "
         "wrong | hangs |\n|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n");
+    std::fflush(stdout);
     Figures all;
-    const auto add = [&](const std::string& name, const std::vector<Fault>& faults, int count) {
-        const Figures sum = simulate(faults, count, false);
-        printRow(name, count, sum);
-        all.add(sum);
+    int allYears = 0;
+    std::deque<Row*> running;
+    const auto finish = [&] {
+        const Row& row = *running.front();
+        const Figures sum = resultOf(row);
+        running.pop_front();
+        if (row.isPromised) {
+            all.add(sum);
+            allYears += row.years;
+        } else {
+            print("**sum**", allYears, all);
+        }
+        print(row.name, row.years, sum);
     };
-    add("none", {}, std::max(1, years / 2));
-    for (const Fault fault : allFaults()) add(nameOf(fault), {fault}, years);
-    add("all of them", allFaults(), 2 * years);
-    printRow("sum", std::max(1, years / 2) + years * int(allFaults().size()) + 2 * years, all);
-    printRow("*killed within the call to the desktop*", 1, simulate({Fault::kill}, 1, true));
+    for (Row& row : rows) {
+        if (running.size() >= processes) finish();
+        start(row);
+        running.push_back(&row);
+    }
+    while (!running.empty()) finish();
     return all.isGood() ? 0 : 1;
 }
 
@@ -59,10 +126,11 @@ int run(int years) {
 }  // namespace quode::test
 
 int main(int argc, char** argv) {
-    const int years = argc > 1 ? quode::numberOf<int>(argv[1]).value_or(0) : 4;
-    if (years < 1) {
-        fmt::print(stderr, "simulated_years: \"{}\" is no number of years. Give one from 1.\n", argv[1]);
-        return 2;
-    }
-    return quode::test::run(years);
+    const auto argument = [&](int index, int other) {
+        return argc > index ? quode::numberOf<int>(argv[index]).value_or(0) : other;
+    };
+    const int years = argument(1, 4), processes = argument(2, int(std::thread::hardware_concurrency()));
+    if (years >= 1 && processes >= 1) return quode::test::run(years, std::size_t(processes));
+    fmt::print(stderr, "simulated_years: give a number of years, and of processes, from 1.\n");
+    return 2;
 }

@@ -1,0 +1,446 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Processes that are killed, disks that are full, databases that are locked or damaged.
+#include <sqlite3.h>
+
+#include <fstream>
+
+#include "keeper_fixture.h"
+
+namespace quode::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class KeeperFaultsTest : public AlarmKeeperTest {};
+
+// --- killed at any moment
+
+TEST_F(KeeperFaultsTest, RepeatsARingThatMayNotHaveBeenSeen) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    desk.beforeRing = [] { throw std::runtime_error("killed"); };  // after the note, before the notification
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+    desk.beforeRing = nullptr;
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, TakesOverARingThatWasShownButNotNoted) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due;
+    // From the notification on nothing reaches the database, as if the process had been killed then.
+    desk.beforeRing = [this] { disk.emplace(FaultyDisk::Fault::full, 1); };
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    disk.emplace(FaultyDisk::Fault::none);
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    keeper->snooze(shownAs(1));
+    runUntil(due + minutes(6));
+    EXPECT_EQ(desk.rings.size(), 1U + 1U);
+}
+
+// --- faults
+
+TEST_F(KeeperFaultsTest, RingsOnceOnAFullDisk) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    disk.emplace(FaultyDisk::Fault::full, 1);
+    for (int second = 0; second < 90; second += 30) {
+        clock->present = due + seconds(second);
+        EXPECT_LE(keeper->wake(), clock->present + seconds(30)) << "it tries again";
+    }
+    EXPECT_EQ(desk.rings.size(), 1U);
+    EXPECT_THAT(told, HasSubstr("the disk is full"));
+    EXPECT_EQ(told.find("disk is full", told.find("disk is full") + 1), std::string::npos) << "it is told once";
+    disk.emplace(FaultyDisk::Fault::none);
+    keeper->wake();
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U) << "the note was written once there was room";
+}
+
+TEST_F(KeeperFaultsTest, SnoozesOnAFullDisk) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    disk.emplace(FaultyDisk::Fault::full, 1);
+    keeper->wake();
+    keeper->snooze(shownAs(1));
+    clock->present += minutes(5);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, RingsLateWhenAnotherProgramHeldTheLock) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    sqlite3* opened = nullptr;
+    sqlite3_open((folder.path() / "user.sqlite").c_str(), &opened);
+    const sqlite::Database other(opened);
+    sqlite3_exec(opened, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    clock->present = due;
+    EXPECT_EQ(keeper->wake(), due + seconds(30)) << "it tries again";
+    EXPECT_THAT(told, HasSubstr("locked by another program"));
+    sqlite3_exec(opened, "COMMIT", nullptr, nullptr, nullptr);
+    clock->present += seconds(90);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, GoesOnWithAFreshDatabaseAfterDamage) {
+    switchOn(202);
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 5000);
+    keeper->wake();
+    EXPECT_THAT(told, HasSubstr("user.sqlite.damaged-1"));
+    switchOn(202);
+    runUntil(dueOf(202));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, RingsWithoutANotificationService) {
+    desk.hasService = false;
+    switchOn(202);
+    runUntil(dueOf(202) + minutes(2));
+    EXPECT_EQ(desk.sounds.size(), 1U);
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.sounds.size(), 1U);
+}
+
+// --- a database that cannot be read
+
+TEST_F(KeeperFaultsTest, RingsWhatItKnowsWhileTheDatabaseIsLocked) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    const auto other = lockDatabase();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.warnings, "");
+    clock->present = due + minutes(2);
+    keeper->wake();
+    EXPECT_THAT(desk.warnings, HasSubstr("is locked by another program"));
+    EXPECT_THAT(desk.warnings, HasSubstr("The alarms ring as they were set before"));
+    const std::string warned = desk.warnings;
+    clock->present = due + minutes(4);
+    keeper->wake();
+    EXPECT_EQ(desk.warnings, warned) << "it is said once";
+}
+
+TEST_F(KeeperFaultsTest, RingsWhatItNotedWhenItStartsWithALockedDatabase) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    const auto other = lockDatabase();
+    restart();
+    EXPECT_LE(keeper->wake(), due);
+    clock->present = due;
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].city, "Istanbul");
+}
+
+TEST_F(KeeperFaultsTest, GivesBackWhatWasChosenAfterDamage) {
+    const int ankara = cities.search("Ankara").at(0).city.id;
+    open().addCity(ankara);
+    open().addPlace({"Hut", 47.5, 11.25});
+    open().chooseHome(ankara);
+    switchOn(202, -10, "gong");
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 5000);
+    EXPECT_TRUE(keeper->choicesChanged());
+    keeper->wake();
+    EXPECT_THAT(desk.warnings, HasSubstr("was damaged. Your cities and alarms are as the alarm service knew them"));
+    UserDatabase database = open();
+    EXPECT_EQ(database.cities().size(), 3U);
+    EXPECT_EQ(database.home()->id, ankara);
+    EXPECT_TRUE(database.alarm(202).isOn);
+    EXPECT_EQ(database.alarm(202).sound, "gong");
+    EXPECT_EQ(calendar->events.size(), 1U) << "the event stays that of the alarm";
+    runUntil(dueOf(202, -10));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, GivesBackWhatWasChosenWhenAnotherProgramFoundTheDamage) {
+    switchOn(202);
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 5000);
+    open();  // which makes a fresh database
+    keeper->wake();
+    EXPECT_TRUE(open().alarm(202).isOn);
+}
+
+TEST_F(KeeperFaultsTest, GivesNothingBackToAUserWhoDeletedTheDatabase) {
+    switchOn(202);
+    keeper->wake();
+    std::filesystem::remove(folder.path() / "user.sqlite");
+    keeper->wake();
+    EXPECT_FALSE(open().alarm(202).isOn);
+}
+
+// --- a notification service that comes and goes
+
+TEST_F(KeeperFaultsTest, OffersARingAgainThatNobodyCouldSee) {
+    desk.hasService = false;
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due;
+    EXPECT_EQ(keeper->wake(), due + seconds(30)) << "it looks for a service";
+    EXPECT_EQ(desk.sounds.size(), 1U);
+    clock->present = due + seconds(20);
+    desk.hasService = true;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.sounds.size(), 1U) << "it sounds already";
+    keeper->stop(shownAs(1));
+    runUntil(due + minutes(20));
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, OffersARingForAQuarterOfAnHour) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    desk.hasService = false;
+    runUntil(due + minutes(14));
+    desk.hasService = true;
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(14));
+    EXPECT_EQ(desk.sounds.size(), 2U) << "the first sound is long over";
+}
+
+TEST_F(KeeperFaultsTest, OffersNothingLaterThanThat) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    desk.hasService = false;
+    runUntil(due + minutes(16));
+    desk.hasService = true;
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+}
+
+TEST_F(KeeperFaultsTest, TakesAnAnswerOfASlowServiceForTheRingItBelongsTo) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    desk.isSlow = true;
+    keeper->wake();
+    EXPECT_EQ(desk.sounds.size(), 1U) << "the sound does not wait";
+    clock->present += seconds(40);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    desk.answer();
+    keeper->stop(shownAs(1));
+    EXPECT_EQ(desk.silenced, std::vector<int>{202});
+}
+
+TEST_F(KeeperFaultsTest, DoesNotRepeatARingThatWasAskedForBeforeAKill) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    desk.isSlow = true;
+    keeper->wake();
+    desk.pending.clear();  // killed before the answer
+    restart();
+    clock->present += seconds(5);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    keeper->snooze(shownAs(41));  // a number that it never learned
+    EXPECT_EQ(desk.closed, std::vector<std::uint32_t>{41});
+    desk.isSlow = false;
+    runUntil(floor<seconds>(clock->present) + minutes(5));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, RepeatsARingThatAnEarlierRunOfTheServiceDidNotAnswer) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    desk.isSlow = true;
+    keeper->wake();
+    desk.pending.clear();
+    restart();
+    desk.service = "service-2";
+    desk.isSlow = false;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, IgnoresAnAnswerToANumberOfAnEarlierRunOfTheService) {
+    switchOn(202);
+    switchOn(203);
+    runUntil(dueOf(202));
+    desk.service = "service-2";  // a new login: numbers count from 1 again
+    desk.lastNumber = 0;
+    restart();
+    runUntil(dueOf(203));
+    ASSERT_EQ(desk.rings.size(), 2U);
+    const sys_seconds snoozed = floor<seconds>(clock->present);
+    keeper->snooze(shownAs(1));
+    EXPECT_EQ(desk.silenced, std::vector<int>{203});
+    runUntil(snoozed + minutes(6));
+    ASSERT_EQ(desk.rings.size(), 3U);
+    EXPECT_EQ(desk.rings[2].alarm.code, 203);
+}
+
+// --- a clock that is wrong for a while
+
+TEST_F(KeeperFaultsTest, RingsAtItsTimeAfterAClockThatRanAheadForAMinute) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(2);
+    keeper->wake();
+    setClock(due + minutes(20));
+    keeper->wake();
+    setClock(due - hours(2) + minutes(1));
+    EXPECT_EQ(keeper->wake(), due);
+    runUntil(due + minutes(1));
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(0));
+}
+
+TEST_F(KeeperFaultsTest, RingsLateForWhatAClockThatRanAheadPassedOver) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - minutes(1);
+    keeper->wake();
+    setClock(due + hours(3));
+    keeper->wake();
+    clock->present = due + hours(3) + minutes(5);  // while it is wrong, five minutes pass
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+    setClock(due + minutes(4));
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(4));
+}
+
+TEST_F(KeeperFaultsTest, RingsAgainAtItsTimeWhatAWrongClockBroughtHoursTooEarly) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(5);
+    keeper->wake();
+    setClock(due - minutes(1));
+    keeper->wake();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    setClock(due - hours(5) + minutes(2));
+    keeper->wake();
+    runUntil(due + minutes(1));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, RingsOnceAlthoughTheClockIsBackForHours) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due + minutes(1));
+    setClock(due - hours(6));
+    runUntil(due + minutes(1));
+    setClock(due + hours(6) + minutes(2));
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, DecidesNothingByAClockThatWasNeverSet) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    const sys_seconds planned = calendar->events.begin()->second.start;
+    clock->present = due - minutes(5);
+    keeper->rest();
+    restart();
+    boot = "boot-2";
+    setClock(utc("1970-01-01 00:05"));
+    EXPECT_LE(keeper->wake(), utc("1970-01-01 00:06"));
+    EXPECT_EQ(calendar->events.begin()->second.start, planned) << "the event stays where it is";
+    EXPECT_THAT(told, HasSubstr("The clock of this device has not been set"));
+    setClock(due + minutes(2));
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, SleepsOnForFiveMinutesWhateverTheClockShows) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due);
+    keeper->snooze(shownAs(1));
+    keeper->wake();
+    setClock(due - hours(1));
+    EXPECT_EQ(keeper->wake(), due - hours(1) + minutes(5));
+}
+
+// --- chosen while no service ran
+
+TEST_F(KeeperFaultsTest, WaitsForTheNextDayWithAnAlarmThatWasSwitchedOnTooLateWhileItWasDown) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - minutes(5);
+    DatabaseFunctions().deleteAlarm(202);
+    clock->present = due + minutes(3);
+    DatabaseFunctions().reCalculateAlarm(202);
+    clock->present = due + minutes(5);
+    restart();
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+}
+
+TEST_F(KeeperFaultsTest, RingsLateForAnAlarmThatWasSwitchedOnInTimeWhileItWasDown) {
+    keeper->wake();
+    keeper->rest();
+    switchOn(202);
+    clock->present = dueOf(202) + minutes(5);
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, RingsLateAlthoughAnotherProgramDeletedTheEventWhileItWasDown) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202) + minutes(5);
+    calendar->events.clear();
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, NamesTheCityForWhichASnoozedRingRang) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due);
+    keeper->snooze(shownAs(1));
+    const int ankara = cities.search("Ankara").at(0).city.id;
+    open().addCity(ankara);
+    open().chooseHome(ankara);
+    restart();
+    runUntil(due + minutes(5));
+    ASSERT_EQ(desk.rings.size(), 2U);
+    EXPECT_EQ(desk.rings[1].city, "Istanbul");
+}
+
+}  // namespace
+}  // namespace quode::test
