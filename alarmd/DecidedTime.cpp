@@ -34,20 +34,27 @@ void DecidedTime::followClock(const Present& present, Span& span) {
     const seconds passed = floor<seconds>(present.uptime.time - note_->uptime.time);
     const seconds shift = now - (note_->clock + passed);
     if (abs(shift) > inaccuracy) span.shift = shift;
+    const seconds zero = zeroOf(present.clock, present.uptime);
+    const seconds zeroBefore = zeroOf(note_->clock, note_->uptime);
     if (shift < -inaccuracy) {
         span.isTakenBack = true;
         // What is held was never decided, so that the moment is still that of the clock before it jumped.
         note_->until = hold_ ? std::min(note_->until, now) : note_->until + shift;
         hold_.reset();
-        if (note_->left && abs(zeroOf(present.clock, present.uptime) - note_->left->zero) < sameClock) {
+        if (note_->left && abs(zero - note_->left->zero) < sameClock) {
             // What was decided while it was wrong is open again, from where it left.
             span.wrongSince = note_->left->at;
             note_->until = std::min(note_->until, sys_seconds(note_->left->zero + floor<seconds>(note_->left->at)));
             note_->left.reset();
+        } else if (!wentBackFrom_) {
+            wentBackFrom_ = zeroBefore;
         }
     } else if (shift > jump) {
         hold_ = Hold{now, present.uptime.time + holdTime};
-        if (!note_->left) note_->left = LeftClock{zeroOf(note_->clock, note_->uptime), present.uptime.time};
+        // One that was back for a while, and comes to itself, leaves no clock that was right.
+        const bool comesBack = wentBackFrom_ && abs(zero - *wentBackFrom_) < sameClock;
+        if (comesBack) wentBackFrom_.reset();
+        if (!comesBack && !note_->left) note_->left = LeftClock{zeroBefore, present.uptime.time};
     }
 }
 

@@ -63,6 +63,7 @@ class DecidedTime {
 
     std::optional<DecidedNote> note_;
     std::optional<Hold> hold_;
+    std::optional<std::chrono::seconds> wentBackFrom_;  // what the clock was before it went back, see `LeftClock::zero`
 };
 
 }  // namespace quode

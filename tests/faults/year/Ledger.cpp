@@ -77,8 +77,7 @@ void Ledger::shown(const Ring& ring, Moment now, seconds clockError) {
         ++(isEarly ? figures_.early : figures_.wrong);
         if (!isEarly) figures_.find("wrong: not in the timetable: " + what);
     } else if (lateByClock > latest + tolerance && clockError > seconds(0) && !demand->isSnooze) {
-        ++figures_.early;  // the snooze of a ring that came too early
-        return;
+        ++figures_.early;  // the snooze of a ring that came too early; it came within the hour and counts
     } else if (lateByClock < -tolerance || lateByClock > latest + tolerance) {
         ++figures_.wrong;
         figures_.find("wrong: not its moment: " + what + ", due at " + momentText(demand->due));
