@@ -69,7 +69,7 @@ void Simulation::startProcess() {
         with.clock = clock_.get();
         with.uptime = [this] { return uptime(); };
         with.calendar = calendar_.get();
-        with.changeLayout = [](CalendarLayout) { return StoreStatus{}; };
+        with.useLayout = [](CalendarLayout) {};
         with.desk = &desk_;
         with.tell = [](std::string_view) {};
         with.lockPatience = milliseconds(1);
