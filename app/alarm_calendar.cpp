@@ -8,11 +8,12 @@
 #include "app/session.h"
 #include "companion/user_connection.h"
 #include "data/DatabaseFunctions.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
 
-constexpr const char* noEvent = "The alarm has no event in the calendar.";
+constexpr const char* noEvent = N_("The alarm has no event in the calendar.");
 
 }  // namespace
 
@@ -72,7 +73,7 @@ void AlarmCalendar::switchOn(int code) {
 void AlarmCalendar::switchOff(int code) {
     DatabaseFunctions().deleteAlarm(code);
     seeToIt(code, false);
-    complainOfFailures("The event of the alarm may still stand in the calendar.");
+    complainOfFailures(_("The event of the alarm may still be in the calendar."));
 }
 
 void AlarmCalendar::renew() {

@@ -8,6 +8,7 @@
 
 #include "app/failure.h"
 #include "common/utf8.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -52,11 +53,15 @@ void addParameter(CLI::App& app, const Parameter& parameter, Slots::Slot& slot) 
 
 void prepare(CLI::App& app) {
     app.get_formatter()->column_width(helpColumn);
-    app.get_formatter()->label("REQUIRED", "(required)");
-    app.get_formatter()->label("OPTIONS", "OPTIONS");
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("SUBCOMMANDS", "COMMANDS");
-    app.set_help_flag("-h,--help", "Explain the command");
+    app.get_formatter()->label("REQUIRED", _("(required)"));
+    app.get_formatter()->label("OPTIONS", _("OPTIONS"));
+    app.get_formatter()->label("SUBCOMMAND", _("COMMAND"));
+    app.get_formatter()->label("SUBCOMMANDS", _("COMMANDS"));
+    app.get_formatter()->label("Usage", _("Usage"));
+    app.get_formatter()->label("Options", _("Options"));
+    app.get_formatter()->label("Positionals", _("Arguments"));
+    app.get_formatter()->label("Subcommands", _("Commands"));
+    app.set_help_flag("-h,--help", _("Explain the command"));
 }
 
 void checkChoices(const Parameter& parameter, const std::string& value) {
@@ -64,7 +69,7 @@ void checkChoices(const Parameter& parameter, const std::string& value) {
     if (choices.empty() || std::find(choices.begin(), choices.end(), value) != choices.end()) return;
     std::string list;
     for (const std::string& choice : choices) list += (list.empty() ? "" : ", ") + choice;
-    throw Failure(ExitCode::usage, "--" + parameter.name + " is one of " + list + ", not \"" + value + "\".");
+    throw Failure(ExitCode::usage, _("--{} is one of {}, not \"{}\".", parameter.name, list, value));
 }
 
 Arguments argumentsOf(const Slots& slots) {
@@ -104,8 +109,7 @@ class Parser {
     Invocation invocation() const {
         const Slots& chosen = deepest();
         if (chosen.command->run) return {chosen.command, mergedArguments(chosen)};
-        throw Failure(ExitCode::usage,
-                      commandPath() + " needs the name of what to do. Try: " + commandPath() + " --help");
+        throw Failure(ExitCode::usage, _("{0} needs a command. Try: {0} --help", commandPath()));
     }
 
     /// The first argument that nothing could be made of.
@@ -169,8 +173,7 @@ class Parser {
         for (const auto& [name, value] : arguments.all()) {
             const auto isOfCommand = [&name = name](const Slots::Slot& slot) { return slot.parameter->name == name; };
             if (std::none_of(chosen.slots.begin(), chosen.slots.end(), isOfCommand)) {
-                throw Failure(ExitCode::usage,
-                              commandPath() + " has no --" + name + ". Try: " + commandPath() + " --help");
+                throw Failure(ExitCode::usage, _("{0} has no option --{1}. Try: {0} --help", commandPath(), name));
             }
         }
         const Arguments own = argumentsOf(chosen);
@@ -202,9 +205,9 @@ std::string escaped(const std::string& bytes) {
 void checkEncoding(const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments) {
         if (isUtf8(argument)) continue;
-        throw Failure(ExitCode::usage, "\"" + escaped(argument) +
-                                           "\" is not UTF-8 text. Set the terminal to UTF-8, or write the name "
-                                           "without accents.");
+        throw Failure(ExitCode::usage,
+                      _("\"{}\" is not UTF-8 text. Set the terminal to UTF-8, or write the name without accents.",
+                        escaped(argument)));
     }
 }
 
@@ -231,6 +234,17 @@ std::string sentence(std::string text) {
 
 }  // namespace
 
+std::optional<std::string> languageOption(const std::vector<std::string>& arguments) {
+    constexpr std::string_view option = "--lang";
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string_view argument = arguments[i];
+        if (argument == "--") return std::nullopt;
+        if (argument == option && i + 1 < arguments.size()) return arguments[i + 1];
+        if (argument.starts_with("--lang=")) return std::string(argument.substr(option.size() + 1));
+    }
+    return std::nullopt;
+}
+
 ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
                             std::vector<std::string> arguments) {
     checkEncoding(arguments);
@@ -241,13 +255,13 @@ ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& 
     } catch (const CLI::CallForHelp&) {
         return HelpText{parser.help()};
     } catch (const CLI::ExtrasError&) {
-        throw Failure(ExitCode::usage, parser.commandPath() + " does not know \"" + parser.firstUnknown() +
-                                           "\". Try: " + parser.commandPath() + " --help");
+        throw Failure(ExitCode::usage,
+                      _("{0} does not know \"{1}\". Try: {0} --help", parser.commandPath(), parser.firstUnknown()));
     } catch (const CLI::ParseError& error) {
-        if (parser.wantsVersion()) return VersionWish{};
-        throw Failure(ExitCode::usage, sentence(error.what()) + " Try: " + parser.commandPath() + " --help");
+        if (parser.wantsVersion()) return VersionRequest{};
+        throw Failure(ExitCode::usage, _("{0} Try: {1} --help", sentence(error.what()), parser.commandPath()));
     }
-    if (parser.wantsVersion()) return VersionWish{};
+    if (parser.wantsVersion()) return VersionRequest{};
     return parser.invocation();
 }
 

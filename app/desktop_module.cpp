@@ -31,7 +31,7 @@ Loop newLoop(std::chrono::seconds time) {
     sigaddset(&ending, SIGINT);
     sigprocmask(SIG_BLOCK, &ending, nullptr);
     sd_event* made = nullptr;
-    if (sd_event_new(&made) < 0) throw std::runtime_error("The system gives no event loop.");
+    if (sd_event_new(&made) < 0) throw std::runtime_error("The system provides no event loop.");
     Loop loop(made);
     sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
     sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);

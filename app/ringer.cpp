@@ -4,9 +4,9 @@
 
 #include "app/session.h"
 #include "app/text_layout.h"
-#include "app/user_texts.h"
 #include "companion/UserEventStore.h"
 #include "companion/alarm_service.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -26,16 +26,15 @@ void findProblem(Session& session, RingerState& state) {
     };
     const bool evolutionRings = evolutionSource(session).rings();
     if (state.ringer == Ringer::evolution && !evolutionRings) {
-        set("Evolution was chosen to ring, but is not connected: nothing rings. Connect it:",
+        set(_("Evolution is chosen to ring but is not connected: nothing rings. Connect it:"),
             "quode calendar connect evolution --ring");
     } else if (state.ringer == Ringer::quode && evolutionRings) {
-        set("Evolution rings beside Quode: every alarm comes twice. Let Quode ring alone:",
+        set(_("Both Evolution and Quode ring: every alarm comes twice. Let Quode ring alone:"),
             "quode settings ringer quode");
     } else if (!state.serviceRuns && state.ringer == Ringer::quode) {
-        set("The alarm service is not running: nothing rings. Start it:", startService);
+        set(_("The alarm service is not running: nothing rings. Start it:"), startService);
     } else if (!state.serviceRuns) {
-        set("The alarm service is not running: Evolution rings each alarm once more, and then no more. Start it:",
-            startService);
+        set(_("The alarm service is not running: Evolution rings each alarm only once more. Start it:"), startService);
     }
 }
 
@@ -68,13 +67,15 @@ void setRinger(Session& session, UserDatabase& database, Ringer ringer) {
 }
 
 void printRinger(Session& session, const RingerState& state) {
-    const UserTexts& texts = userTextsOf(session.services().languageId());
     const Style& style = session.style();
     if (!state.isReady()) {
         session.print(style.warning(wrapped("! " + state.problem, pageWidth, 2)));
         return session.print("  " + state.remedy);
     }
-    const std::string_view text = state.ringer == Ringer::quode ? texts.quodeRings : texts.evolutionRings;
+    const std::string_view text =
+        state.ringer == Ringer::quode
+            ? _("The alarm service of Quode rings; it is running.")
+            : _("Evolution rings, by its reminders; the alarm service of Quode renews the events.");
     session.print(style.dim(wrapped(text, pageWidth, 0)));
 }
 

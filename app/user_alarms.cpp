@@ -14,9 +14,10 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "app/user_data.h"
-#include "app/user_texts.h"
 #include "common/formatting.h"
+#include "common/labels.h"
 #include "companion/RingRecords.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -51,16 +52,15 @@ std::vector<AlarmOccurrence> snoozedRings(Session& session, const std::vector<Us
 }
 
 std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const UserAlarm& alarm, bool isNext) {
-    const UserTexts& texts = userTextsOf(session.services().languageId());
     const auto ring = std::ranges::find(all.coming, alarm.code, &AlarmOccurrence::code);
     const bool comes = ring != all.coming.end();
     std::vector<std::string> row{isNext ? "›" : " ", session.prayerName(alarm.code),
                                  clockText(session, comes ? ring->hours : missingTime),
-                                 std::string(alarm.isOn ? texts.on : texts.off)};
+                                 std::string(alarm.isOn ? _c("alarm", "on") : _c("alarm", "off"))};
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();
     if (!isSetUp) return row;
     row.push_back(comes ? clockAt(session, *all.city, ring->due) : std::string(formatting::noTime));
-    row.push_back(offsetText(session, alarm.offset));
+    row.push_back(offsetText(alarm.offset));
     row.push_back(soundOf(all, alarm));
     return row;
 }
@@ -140,10 +140,10 @@ std::string soundOf(const UserAlarms& all, const UserAlarm& alarm) {
     return alarm.sound.empty() ? all.settings.defaultSound : alarm.sound;
 }
 
-std::string offsetText(Session& session, int minutes) {
-    const UserTexts& texts = userTextsOf(session.services().languageId());
-    if (minutes == 0) return std::string(texts.atTheTime);
-    return fmt::format(fmt::runtime(minutes < 0 ? texts.before : texts.after), std::abs(minutes));
+std::string offsetText(int minutes) {
+    if (minutes == 0) return std::string(_("at the time"));
+    const std::string length = durationLabel(std::chrono::minutes(std::abs(minutes)));
+    return minutes < 0 ? _("{} before", length) : _("{} after", length);
 }
 
 std::string clockAt(Session& session, const CityRecord& city, sys_seconds instant) {
@@ -152,10 +152,9 @@ std::string clockAt(Session& session, const CityRecord& city, sys_seconds instan
 }
 
 std::string timeUntil(Session& session, const CityRecord& city, sys_seconds instant) {
-    const Texts& texts = session.texts();
-    const std::string left = fmt::format(fmt::runtime(texts.in), durationText(session, instant - session.now()));
+    const std::string left = _("in {}", durationText(instant - session.now()));
     const bool isToday = sameDay(wallClock(city.rule, instant), today(session, siteOf(city)));
-    return isToday ? left : std::string(texts.tomorrow) + ", " + left;
+    return isToday ? left : std::string(_("tomorrow")) + ", " + left;
 }
 
 void printAlarmCity(Session& session, const UserAlarms& all) {
@@ -186,7 +185,7 @@ void showAlarms(Session& session, const UserAlarms& all) {
     if (all.city) {
         printAlarmCity(session, all);
     } else {
-        session.print(userTextsOf(session.services().languageId()).noCities);
+        session.print(_("You have no cities yet. To choose one: quode city home NAME."));
         session.print();
     }
     printTable(session, all);

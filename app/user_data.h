@@ -29,10 +29,10 @@ std::string lostHome(int id);
 std::optional<CityRecord> homeCity(Session& session);
 
 /// A place that the user added by coordinates, by its name or its number; nothing when there is none.
-std::optional<CityRecord> ownPlace(Session& session, std::string_view wish);
+std::optional<CityRecord> ownPlace(Session& session, std::string_view request);
 
 /// The city of the user's list that is meant by its position, its id or its name. Throws `Failure` when there is none,
 /// or more than one.
-UserCity cityOfList(const std::vector<UserCity>& cities, std::string_view wish);
+UserCity cityOfList(const std::vector<UserCity>& cities, std::string_view request);
 
 }  // namespace quode::app

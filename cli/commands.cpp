@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/commands.h"
 
+#include "texts/translation.h"
+
 namespace quode::cli {
 namespace {
 
@@ -59,10 +61,10 @@ std::vector<Command> allCommands() {
         skyCommand(),
         hijriCommand(),
         with(calendarCommand(), {calendarConnectCommand(), calendarDisconnectCommand()}),
-        group("city", "Choose your cities; find and show others",
+        group("city", _("Choose your cities; find and show others"),
               {cityListCommand(), cityAddCommand(), cityRemoveCommand(), cityHomeCommand(), cityMoveCommand(),
                citySearchCommand(), cityShowCommand()}),
-        group("alarm", "Alarms for the prayers",
+        group("alarm", _("Alarms for the prayers"),
               {alarmListCommand(), alarmSetCommand(), alarmOnCommand(), alarmOffCommand(), alarmUpcomingCommand(),
                alarmTestCommand()}),
         settingsCommand(),

@@ -1,15 +1,16 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
 #include "common/labels.h"
 
 #include <array>
 #include <optional>
 
 #include "common/GlobalFuncs.h"
+#include "common/prayer.h"
 #include "texts/translation.h"
 
 namespace quode {
 namespace {
-
-constexpr int firstPrayer = 200;
 
 // Translators: the names of the prayers are those in common use; the last three are further times of the day.
 constexpr std::array<const char*, 9> prayers{N_("Fajr"), N_("Sunrise"), N_("Dhuhr"),        N_("Asr"),           N_("Maghrib"),

@@ -5,6 +5,7 @@
 #include "app/dates.h"
 #include "app/failure.h"
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 namespace quode::host {
 namespace {
@@ -47,11 +48,11 @@ app::Command panelCommand() {
     };
     return {"",
             "",
-            {{Parameter::Kind::option, "screenshot", "FILE", "Draw the panel into a PNG file instead"},
-             {Parameter::Kind::option, "scale", "FACTOR", "Pixels per point of the picture, 1 to 4"},
-             toggle("info", "The picture shows the lines about the city"),
-             toggle("all", "The picture shows the further times"),
-             toggle("compass", "The picture shows the compass"),
+            {{Parameter::Kind::option, "screenshot", "FILE", _("Draw the panel into a PNG file instead")},
+             {Parameter::Kind::option, "scale", "FACTOR", _("Pixels per point of the picture, 1 to 4")},
+             toggle("info", _("The picture shows the lines about the city")),
+             toggle("all", _("The picture shows the further times")),
+             toggle("compass", _("The picture shows the compass")),
              app::cityParameter(),
              app::dateParameter()},
             [](app::Session&, const Arguments&) {}};
@@ -71,33 +72,33 @@ void refuseWithoutPicture(const Arguments& arguments) {
     }
 }
 
-std::optional<ScreenshotWish> screenshotOf(const Arguments& arguments) {
+std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
     const std::optional<std::string> file = arguments.text("screenshot");
     if (!file) {
         refuseWithoutPicture(arguments);
         return std::nullopt;
     }
-    if (file->empty()) throw Failure(ExitCode::usage, "--screenshot needs the name of a file.");
-    ScreenshotWish wish;
-    wish.file = *file;
-    wish.scale = scaleOf(arguments);
-    wish.info = arguments.has("info");
-    wish.all = arguments.has("all");
-    wish.compass = arguments.has("compass");
-    wish.city = arguments.text("city");
-    if (const auto date = arguments.text("date")) wish.date = app::parseDate(*date);
-    return wish;
+    if (file->empty()) throw Failure(ExitCode::usage, _("--screenshot needs the name of a file."));
+    ScreenshotOptions options;
+    options.file = *file;
+    options.scale = scaleOf(arguments);
+    options.info = arguments.has("info");
+    options.all = arguments.has("all");
+    options.compass = arguments.has("compass");
+    options.city = arguments.text("city");
+    if (const auto date = arguments.text("date")) options.date = app::parseDate(*date);
+    return options;
 }
 
 }  // namespace
 
-std::variant<PanelWish, app::HelpText, app::VersionWish> readCommandLine(const std::vector<std::string>& arguments) {
+std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(const std::vector<std::string>& arguments) {
     const app::Command command = panelCommand();
     app::ParsedLine line = app::parseCommandLine(panelProgram(), {}, command, arguments);
     if (auto* help = std::get_if<app::HelpText>(&line)) return std::move(*help);
-    if (std::holds_alternative<app::VersionWish>(line)) return app::VersionWish{};
+    if (std::holds_alternative<app::VersionRequest>(line)) return app::VersionRequest{};
     const Arguments& given = std::get<app::Invocation>(line).arguments;
-    return PanelWish{given.text("lang"), screenshotOf(given)};
+    return PanelOptions{given.text("lang"), screenshotOf(given)};
 }
 
 }  // namespace quode::host

@@ -12,6 +12,7 @@
 #include "host/alarm_service.h"
 #include "host/display.h"
 #include "host/user_choices.h"
+#include "texts/translation.h"
 #include "views/accessibility.h"
 
 namespace quode::host {
@@ -40,7 +41,8 @@ void chooseDisplay(const Environment& environment) {
 
 ExitCode presentOther(const Instance& instance) {
     if (instance.presentOther()) return ExitCode::ok;
-    throw Failure(ExitCode::notFound, "The panel runs already, but does not answer. End that program and try again.");
+    throw Failure(ExitCode::notFound,
+                  _("The panel runs already, but does not answer. End that program and try again."));
 }
 
 ExitCode serve(Session& session, const Instance& instance) {
@@ -59,7 +61,7 @@ ExitCode serve(Session& session, const Instance& instance) {
 
 }  // namespace
 
-ExitCode runOnDesktop(const Environment& environment, const std::optional<std::string>& language) {
+ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& language) {
     chooseDisplay(environment);
     int count = 1;
     char name[] = "quode-panel";

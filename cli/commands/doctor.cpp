@@ -5,6 +5,7 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
+#include "texts/translation.h"
 
 #include <algorithm>
 
@@ -72,7 +73,7 @@ void runDoctor(Session& session, const Arguments&) {
 }  // namespace
 
 Command doctorCommand() {
-    return {"doctor", "Check what times and alarms depend on", {}, runDoctor};
+    return {"doctor", _("Check what times and alarms depend on"), {}, runDoctor};
 }
 
 }  // namespace quode::cli

@@ -40,8 +40,8 @@ TEST(City, IsTakenFromTheEnvironment) {
 }
 
 TEST(City, IsTheSameByNameByIdAndByAFormerName) {
-    const auto id = [](const char* wish) {
-        return Program().run({"city", "show", wish, "--json"}).json().at("place").at("city").at("id");
+    const auto id = [](const char* request) {
+        return Program().run({"city", "show", request, "--json"}).json().at("place").at("city").at("id");
     };
     EXPECT_EQ(id("745044"), 745044);
     EXPECT_EQ(id("istanbul"), 745044);
@@ -50,8 +50,8 @@ TEST(City, IsTheSameByNameByIdAndByAFormerName) {
 }
 
 TEST(City, OfACountryIsChosenByTheTextAfterAComma) {
-    const auto country = [](const char* wish) {
-        return Program().run({"city", "show", wish, "--json"}).json().at("place").at("city").at("country_code");
+    const auto country = [](const char* request) {
+        return Program().run({"city", "show", request, "--json"}).json().at("place").at("city").at("country_code");
     };
     EXPECT_EQ(country("London"), "GB");
     EXPECT_EQ(country("London, Canada"), "CA");
