@@ -7,6 +7,7 @@
 #include <list>
 
 #include "app/failure.h"
+#include "app/text_layout.h"
 #include "common/utf8.h"
 #include "texts/translation.h"
 
@@ -243,6 +244,18 @@ std::optional<std::string> languageOption(const std::vector<std::string>& argume
         if (argument.starts_with("--lang=")) return std::string(argument.substr(option.size() + 1));
     }
     return std::nullopt;
+}
+
+std::string helpFooter(const std::vector<std::pair<const char*, const char*>>& variables,
+                       const std::vector<const char*>& exitCodes) {
+    constexpr int nameWidth = 16;
+    std::string text = std::string(_("Environment:")) + '\n';
+    for (const auto& [name, meaning] : variables) text += "  " + padRight(name, nameWidth) + "  " + meaning + '\n';
+    text.append("\n").append(_("Exit codes:")).append("\n");
+    for (std::size_t code = 0; code < exitCodes.size(); ++code) {
+        text += "  " + wrapped(fmt::format("{}  {}", code, exitCodes[code]), pageWidth - 2, 5) + '\n';
+    }
+    return text;
 }
 
 ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -35,6 +36,11 @@ struct Program {
 
 /// The value of --lang, found before anything else is read: messages about the rest are in that language.
 std::optional<std::string> languageOption(const std::vector<std::string>& arguments);
+
+/// The end of a help text: environment variables and exit codes, each with its meaning.
+/// @param exitCodes  from 0 on
+std::string helpFooter(const std::vector<std::pair<const char*, const char*>>& variables,
+                       const std::vector<const char*>& exitCodes);
 
 /// Reads the command line of a program. Throws `Failure` (usage) when it cannot be understood.
 /// @param commands        all commands; may be empty

@@ -24,7 +24,7 @@ std::string versionText(Session& session, const std::string& program) {
     } catch (const CityDatabaseError& error) {
         edition = error.what();
     }
-    return _("{}\n\nCity database: {}\n{}\n", program, edition, dataAttribution);
+    return fmt::format("{}\n\n{}\n{}\n", program, _("City database: {}", edition), dataAttribution);
 }
 
 ExitCode writtenOrFailed(const std::string& text, ExitCode code) {

@@ -30,7 +30,7 @@ std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& 
             table.add({position, each.city->name, width == Width::nameOnly ? "" : regionAndCountry(session, *each.city),
                        width == Width::withZone ? each.city->zone : "", id, home});
         } else {
-            table.add({position, "?", std::string(_("not in the city database any more")), "", id, home});
+            table.add({position, "?", std::string(_("no longer in the city database")), "", id, home});
         }
     }
     return table.lines();

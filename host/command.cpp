@@ -15,31 +15,29 @@ using app::ExitCode;
 using app::Failure;
 using app::Parameter;
 
-constexpr const char* footer = R"(The picture is drawn without a display. It shows the city of --city, of
-$QUODE_CITY, or the home city.
-
-Environment:
-  QUODE_CITY        the city of a picture when --city is not given
-  QUODE_LANG        the language when --lang is not given
-  QUODE_NOW         the moment taken for now, such as 2026-11-21T04:00:00Z
-  QUODE_BUNDLE_DIR  the folder with widget, city database and language files
-  QUODE_DATA_DIR    the folder of the user's files
-
-Exit codes:
-  0  done
-  1  not found: no such city, no display
-  2  the command line cannot be understood, or names something impossible
-  3  a file of the installation is missing or damaged
-  4  the picture could not be written
-  5  something unexpected
-  6  the user's files cannot be read or changed)";
+std::string footer() {
+    return std::string(_("The picture is drawn without a display. It shows the city of --city, of $QUODE_CITY, or the "
+                         "home city.")) +
+           "\n\n" +
+           app::helpFooter(
+               {{"QUODE_CITY", _("the city of a picture when --city is not given")},
+                {"QUODE_LANG", _("the language when --lang is not given")},
+                {"QUODE_NOW", _("the moment used as now, such as 2026-11-21T04:00:00Z")},
+                {"QUODE_BUNDLE_DIR", _("the folder with the widget, the city database and the language files")},
+                {"QUODE_DATA_DIR", _("the folder of the user's files")}},
+               {_("done"), _("not found: no such city, no display"),
+                _("the command line cannot be understood, or names something impossible"),
+                _("a file of the installation is missing or damaged"), _("the picture cannot be written"),
+                _("unexpected error"), _("the user's files cannot be read or changed")});
+}
 
 app::Program panelProgram() {
     return {"quode-panel",
-            "The prayer times in a panel on the desktop: from an icon in the tray, or in a\n"
-            "window where there is no tray. A second start opens the panel of the first.",
-            footer,
-            {app::languageParameter()}};
+            _("Prayer times in a panel on the desktop: from an icon in the tray, or in a window where there is no "
+              "tray. A second start opens the panel of the first."),
+            footer(),
+            {app::languageParameter()},
+            _("Show the version and the sources of the data")};
 }
 
 app::Command panelCommand() {
@@ -62,13 +60,13 @@ double scaleOf(const Arguments& arguments) {
     const std::string text = arguments.text("scale").value_or("1");
     const std::optional<double> scale = numberOf<double>(text);
     if (scale && *scale >= 1.0 && *scale <= 4.0) return *scale;
-    throw Failure(ExitCode::usage, "--scale is a number from 1 to 4, not \"" + text + "\".");
+    throw Failure(ExitCode::usage, _("--scale is a number from 1 to 4, not \"{}\".", text));
 }
 
 void refuseWithoutPicture(const Arguments& arguments) {
     for (const char* name : {"scale", "info", "all", "compass", "city", "date"}) {
         if (!arguments.has(name)) continue;
-        throw Failure(ExitCode::usage, std::string("--") + name + " is for a picture: add --screenshot FILE.");
+        throw Failure(ExitCode::usage, _("--{} is for a picture: add --screenshot FILE.", name));
     }
 }
 
@@ -78,7 +76,7 @@ std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
         refuseWithoutPicture(arguments);
         return std::nullopt;
     }
-    if (file->empty()) throw Failure(ExitCode::usage, _("--screenshot needs the name of a file."));
+    if (file->empty()) throw Failure(ExitCode::usage, _(_("--screenshot needs the name of a file.")));
     ScreenshotOptions options;
     options.file = *file;
     options.scale = scaleOf(arguments);
@@ -92,7 +90,8 @@ std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
 
 }  // namespace
 
-std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(const std::vector<std::string>& arguments) {
+std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(
+    const std::vector<std::string>& arguments) {
     const app::Command command = panelCommand();
     app::ParsedLine line = app::parseCommandLine(panelProgram(), {}, command, arguments);
     if (auto* help = std::get_if<app::HelpText>(&line)) return std::move(*help);

@@ -118,7 +118,7 @@ void save(const QImage& image, const std::string& name) {
     const bool isSaved = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
     if (isSaved) return;
     throw Failure(ExitCode::outputFailed,
-                  "The picture \"" + name + "\" could not be written: " + file.errorString().toStdString() + ".");
+                  _("The picture \"{}\" cannot be written: {}.", name, file.errorString().toStdString()));
 }
 
 }  // namespace
@@ -131,7 +131,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     const app::ChosenPlace place = app::choosePlace(user, options.city);
 
     const QTemporaryDir folder;
-    if (!folder.isValid()) throw Failure(ExitCode::outputFailed, _("No temporary folder could be made."));
+    if (!folder.isValid()) throw Failure(ExitCode::outputFailed, _(_("No temporary folder can be created.")));
     prepareQt(options, folder);
     int count = 1;
     char name[] = "quode-panel";

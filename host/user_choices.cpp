@@ -9,7 +9,7 @@
 #include "app/user_data.h"
 #include "companion/UserDatabase.h"
 #include "data/user_places.h"
-#include "host/texts.h"
+#include "texts/translation.h"
 
 namespace quode::host {
 
@@ -22,7 +22,7 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
         for (const std::string& notice : database.notices()) notices << QString::fromStdString(notice);
         const std::optional<UserCity> home = database.home();
         if (home && !home->city) notices << QString::fromStdString(app::lostHome(home->id));
-        if (database.cities().empty()) notices << textsOf(services.languageId()).addCity;
+        if (database.cities().empty()) notices << _("Choose your city in a terminal: quode city add NAME");
         database.refreshPrayerTimes();
         const StoreStatus moved = calendar.changeLayout(loadSettings(database).calendarLayout);
         if (!moved.ok) notices << QString::fromStdString(moved.message);

@@ -70,7 +70,7 @@ void runDisconnect(Session& session, const Arguments&) {
 Command calendarConnectCommand() {
     return {"connect",
             _("Let Evolution and GNOME's calendar show the alarms"),
-            {{Parameter::Kind::word, "PROGRAM", "", _("evolution"), true},
+            {{Parameter::Kind::word, "PROGRAM", "", "evolution", true},
              {Parameter::Kind::toggle, "ring", "", _("Let Evolution ring, in place of Quode")}},
             runConnect};
 }
