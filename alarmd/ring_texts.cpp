@@ -15,13 +15,15 @@ Notification notificationOf(const Ring& ring, const GlobalFuncs& services) {
     const auto offset = std::chrono::duration_cast<std::chrono::minutes>(ring.alarm.due - ring.alarm.prayer);
     if (offset.count() != 0) {
         notification.body += '\n';
-        notification.body += offset.count() < 0 ? _("{} before the time", durationLabel(-offset)) : _("{} after the time", durationLabel(offset));
+        notification.body += offset.count() < 0 ? _("{} before the time", durationLabel(-offset))
+                                                : _("{} after the time", durationLabel(offset));
     }
     if (ring.late.count() > 0) {
         notification.body += '\n';
         notification.body += _("Rings {} late", durationLabel(ring.late));
     }
-    notification.actions = {{stopAction, _c("alarm", "Stop")}, {snoozeAction, _("Snooze {}", durationLabel(snoozeTime))}};
+    notification.actions = {{stopAction, _c("alarm", "Stop")},
+                            {snoozeAction, _("Snooze {}", durationLabel(snoozeTime))}};
     return notification;
 }
 

@@ -23,7 +23,7 @@ int endLoop(sd_event_source* source, std::uint64_t, void*) {
     return sd_event_exit(sd_event_source_get_event(source), 0);
 }
 
-/// A loop that ends after some time, or when the process is told to end.
+/// A loop that ends after some time, or with a signal that ends the process.
 Loop newLoop(std::chrono::seconds time) {
     sigset_t ending;
     sigemptyset(&ending);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The user's alarms: when they ring, and what is told of them.
+// The user's alarms: when they ring, and what is shown of them.
 #pragma once
 
 #include <string>

@@ -19,7 +19,7 @@ class UserEventStore : public EventStore {
     CalendarLayout layout() const { return layout_; }
 
     /// Chooses another layout. The events that this system made are taken out of the former one, so that no program
-    /// rings for them there; they are to be written anew.
+    /// rings for them there; they have to be written again.
     StoreStatus changeLayout(CalendarLayout layout);
 
     FoundEvent findEvent(std::string_view identifier) override { return store_->findEvent(identifier); }

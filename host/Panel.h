@@ -25,14 +25,14 @@ struct OpenRows {
 };
 
 /// Presents the widget in its window and dismisses it. While it is presented, a change of day, of the clock or of its
-/// zone, and the end of a sleep of the device present it anew, so that nobody sees the times of another day. While it
+/// zone, and the end of a sleep of the device present it again, so that nobody sees the times of another day. While it
 /// is dismissed nothing runs.
 class Panel : public QObject, private WidgetHost {
     Q_OBJECT
 
   public:
     /// All but `prepare` are kept by the caller for as long as the panel lives.
-    /// @param prepare  called before each presentation, also before one anew
+    /// @param prepare  called before each presentation, also before a repeated one
     Panel(WidgetViewController& widget, PanelWindow& window, const Clock& clock, MomentWatch& watch,
           std::function<void()> prepare);
     ~Panel() override;

@@ -57,7 +57,7 @@ Qibla qiblaOf(Session& session, const Arguments& arguments) {
     return qibla;
 }
 
-/// Whether the direction is told to be north only because the arctangent of zero is zero; it may be south as well.
+/// Whether the direction is given as north only because the arctangent of zero is zero; it may be south as well.
 bool isOnKaabaMeridian(const Qibla& qibla) {
     return qibla.bearing == 0.0;
 }

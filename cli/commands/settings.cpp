@@ -15,6 +15,7 @@
 #include "cli/commands.h"
 #include "common/color_schemes.h"
 #include "common/numbers.h"
+#include "companion/language.h"
 #include "companion/user_connection.h"
 #include "texts/translation.h"
 
@@ -99,6 +100,7 @@ void changePanel(Session& session, const std::string& value) {
     saveSettings(database, settings);
 }
 
+<<<<<<< HEAD
 void changeColors(Session& session, const std::string& value) {
     const std::optional<int> scheme = numberOf<int>(value);
     if (!scheme || *scheme < 1 || *scheme > colorSchemeCount) {
@@ -110,6 +112,22 @@ void changeColors(Session& session, const std::string& value) {
     saveSettings(database, settings);
 }
 
+=======
+void changeLanguage(Session& session, const std::string& value) {
+    if (value != "auto") checkLanguage("language", value, availableLanguages(session.bundle()));
+    UserDatabase database = userDatabaseToChange(session);
+    UserSettings settings = loadSettings(database);
+    settings.language = value;
+    saveSettings(database, settings);
+}
+
+std::string languagesToChoose(Session& session) {
+    std::string text = _("auto (that of the locale)");
+    for (const std::string& language : availableLanguages(session.bundle())) text += ", " + language;
+    return text;
+}
+
+>>>>>>> 106a833 (Open the README with what Quode is, tell translators how, check for plain words; follow a changed language in the alarm service)
 const std::array<Setting, 5> settings{{
     {"sound", N_("of alarms that have none of their own"), [](const UserSettings& all) { return all.defaultSound; },
      soundsToChoose, changeSound},
@@ -123,6 +141,8 @@ const std::array<Setting, 5> settings{{
          return std::string(_("quode (the alarm service) and evolution (the reminders of Evolution, when connected)"));
      },
      changeRinger},
+    {"language", N_("the language of all programs"), [](const UserSettings& all) { return all.language; },
+     languagesToChoose, changeLanguage},
     {"panel", N_("the layout of the panel"), panelName,
      [](Session&) {
          return std::string(_("auto (by the screen), phone and tablet, from the next start of the panel"));
@@ -184,7 +204,7 @@ void runSettings(Session& session, const Arguments& arguments) {
 Command settingsCommand() {
     return {"settings",
             _("Show or change settings"),
-            {{Parameter::Kind::word, "KEY", "", _("sound, calendar, ringer or panel")},
+            {{Parameter::Kind::word, "KEY", "", _("sound, calendar, ringer, language or panel")},
              {Parameter::Kind::word, "VALUE", "", _("What it is to be")}},
             runSettings};
 }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Files of the user that are damaged, locked or out of reach: nothing is lost, and a message says what to do.
+// Files of the user that are damaged, locked or unreachable: nothing is lost, and a message says what to do.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <unistd.h>
