@@ -21,7 +21,7 @@ Parameter dateParameter() {
 }
 
 Parameter formatParameter() {
-    Parameter parameter{Parameter::Kind::option, "format", "FORMAT", _(_("table (the default), csv or json"))};
+    Parameter parameter{Parameter::Kind::option, "format", "FORMAT", _("table (the default), csv or json")};
     parameter.choices = {"table", "csv", "json"};
     return parameter;
 }

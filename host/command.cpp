@@ -76,7 +76,7 @@ std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
         refuseWithoutPicture(arguments);
         return std::nullopt;
     }
-    if (file->empty()) throw Failure(ExitCode::usage, _(_("--screenshot needs the name of a file.")));
+    if (file->empty()) throw Failure(ExitCode::usage, _("--screenshot needs the name of a file."));
     ScreenshotOptions options;
     options.file = *file;
     options.scale = scaleOf(arguments);

@@ -43,7 +43,7 @@ void chooseDisplay(const Environment& environment) {
 ExitCode presentOther(const Instance& instance) {
     if (instance.presentOther()) return ExitCode::ok;
     throw Failure(ExitCode::notFound,
-                  _(_("The panel is already running but does not answer. End that program and try again.")));
+                  _("The panel is already running but does not answer. End that program and try again."));
 }
 
 ExitCode serve(Session& session, const Instance& instance) {

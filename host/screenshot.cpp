@@ -131,7 +131,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     const app::ChosenPlace place = app::choosePlace(user, options.city);
 
     const QTemporaryDir folder;
-    if (!folder.isValid()) throw Failure(ExitCode::outputFailed, _(_("No temporary folder can be created.")));
+    if (!folder.isValid()) throw Failure(ExitCode::outputFailed, _("No temporary folder can be created."));
     prepareQt(options, folder);
     int count = 1;
     char name[] = "quode-panel";

@@ -100,7 +100,6 @@ void changePanel(Session& session, const std::string& value) {
     saveSettings(database, settings);
 }
 
-<<<<<<< HEAD
 void changeColors(Session& session, const std::string& value) {
     const std::optional<int> scheme = numberOf<int>(value);
     if (!scheme || *scheme < 1 || *scheme > colorSchemeCount) {
@@ -112,7 +111,6 @@ void changeColors(Session& session, const std::string& value) {
     saveSettings(database, settings);
 }
 
-=======
 void changeLanguage(Session& session, const std::string& value) {
     if (value != "auto") checkLanguage("language", value, availableLanguages(session.bundle()));
     UserDatabase database = userDatabaseToChange(session);
@@ -127,8 +125,7 @@ std::string languagesToChoose(Session& session) {
     return text;
 }
 
->>>>>>> 106a833 (Open the README with what Quode is, tell translators how, check for plain words; follow a changed language in the alarm service)
-const std::array<Setting, 5> settings{{
+const std::array<Setting, 6> settings{{
     {"sound", N_("of alarms that have none of their own"), [](const UserSettings& all) { return all.defaultSound; },
      soundsToChoose, changeSound},
     {"calendar", N_("how the events of the alarms are stored"), layoutName,
