@@ -65,7 +65,7 @@ TEST(Settings, AreKept) {
 
 TEST(Settings, AreRefusedWhenUnknown) {
     expectRefusal({"settings", "colour"}, 2,
-                  "There is no setting \"colour\". There are sound, calendar, ringer, panel, colors.");
+                  "There is no setting \"colour\". Use one of sound, calendar, ringer, language, panel, colors.");
     expectRefusal({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
     expectRefusal({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
     expectRefusal({"settings", "panel", "huge"}, 2, "panel is auto, phone or tablet, not \"huge\".");

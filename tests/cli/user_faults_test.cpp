@@ -66,7 +66,7 @@ TEST_F(DamagedUserDatabase, IsNamedByWhateverReadsIt) {
          {Words{"city", "list"}, Words{"alarm", "list"}, Words{"alarm", "upcoming", "--json"}, Words{"settings"}}) {
         const Outcome run = program.run(words);
         expectMessage(run, 6, "user.sqlite is damaged");
-        EXPECT_NE(run.err.find("keeps the file aside and makes a fresh one"), std::string::npos) << run.err;
+        EXPECT_NE(run.err.find("keeps the file aside and creates a new one"), std::string::npos) << run.err;
         EXPECT_EQ(run.out, "");
     }
     EXPECT_EQ(stateOf("user_database"), "problem");
@@ -217,7 +217,7 @@ TEST(UserFolder, ThatIsAFileIsTold) {
     expectMessage(program.run({"alarm", "on", "fajr"}), 6, "set QUODE_DATA_DIR to another folder");
     const auto check = program.run({"doctor", "--json"}).json()["checks"][0];
     EXPECT_EQ(check["state"], "problem");
-    EXPECT_NE(check["advice"].get<std::string>().find("is no folder"), std::string::npos);
+    EXPECT_NE(check["advice"].get<std::string>().find("is not a folder"), std::string::npos);
 }
 
 }  // namespace
