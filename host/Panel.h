@@ -39,7 +39,7 @@ class Panel : public QObject, private WidgetHost {
 
     bool isPresented() const { return isPresented_; }
 
-    /// What is told around the widget, found at each presentation and each full minute while it is presented.
+    /// What is shown around the widget, found at each presentation and each full minute while it is presented.
     void setFacts(std::function<PanelFacts()> facts) { facts_ = std::move(facts); }
 
     /// Which rows of the widget are open. They are opened again at each presentation, by the widget's own buttons.
@@ -50,10 +50,10 @@ class Panel : public QObject, private WidgetHost {
     /// @param alarmsOn  by the codes of the prayers
     void showAlarms(const std::map<int, bool>& alarmsOn);
 
-    /// Finds again what is told around the widget.
+    /// Finds again what is shown around the widget.
     void refreshFacts();
 
-    /// Presents a presented widget anew.
+    /// Presents a presented widget again.
     void presentAnew();
 
     /// Presents the widget; one that is presented comes to the front.

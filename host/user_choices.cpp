@@ -37,7 +37,7 @@ namespace {
 constexpr const char* openRowsName = "panel.open";
 
 // What a function finds in the user database; nothing when there is none or when it cannot be read. What is wrong with
-// it is told with the panel.
+// the panel reports it.
 template <typename Function>
 auto readFrom(app::Session& session, Function function)
     -> std::optional<std::invoke_result_t<Function, const UserDatabase&>> {
