@@ -32,7 +32,7 @@ class AlarmService {
     AlarmService(const AlarmService&) = delete;
     AlarmService& operator=(const AlarmService&) = delete;
 
-    /// Serves until the process is told to end. Returned: 0, or a negative error of the loop.
+    /// Serves until a signal ends the process. Returned: 0, or a negative error of the loop.
     int run();
 
   private:

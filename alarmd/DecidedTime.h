@@ -23,7 +23,7 @@ inline constexpr std::chrono::sys_seconds earliestClock =
 /// How far all alarms have been decided.
 ///
 /// The clock may be wrong for a while. What it has run ahead was not decided by right: when it goes back, what is
-/// decided goes back with it. How far it goes back is told by the time that the device has run.
+/// decided goes back with it. How far it goes back follows from the time that the device has run.
 class DecidedTime {
   public:
     /// What is to be decided now.

@@ -24,14 +24,19 @@ Sound playable(Sound sound, const std::filesystem::path& bundle) {
 
 }  // namespace
 
-DesktopRingDesk::DesktopRingDesk(NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services)
-    : notifications_(&notifications), player_(&player), services_(&services) {}
+DesktopRingDesk::DesktopRingDesk(NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services,
+                                 std::function<void()> chooseLanguage)
+    : notifications_(&notifications),
+      player_(&player),
+      services_(&services),
+      chooseLanguage_(std::move(chooseLanguage)) {}
 
 std::string DesktopRingDesk::run() {
     return notifications_->run();
 }
 
 void DesktopRingDesk::show(const Ring& ring, NotificationService::Answer answered) {
+    chooseLanguage_();
     const Notification notification = notificationOf(ring, *services_);
     const auto log = [services = services_, title = notification.title,
                       answered = std::move(answered)](const std::optional<NotificationId>& shown) {

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include <functional>
+
 #include "alarmd/RingDesk.h"
 #include "platform/NotificationService.h"
 #include "platform/SoundPlayer.h"
@@ -17,7 +19,11 @@ class GlobalFuncs;
 class DesktopRingDesk : public RingDesk {
   public:
     /// All are used as long as the object lives.
-    DesktopRingDesk(NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services);
+    /// @param chooseLanguage  called before a text is made; the user may have chosen another language since the last
+    /// one
+    DesktopRingDesk(
+        NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services,
+        std::function<void()> chooseLanguage = [] {});
 
     std::string run() override;
     void show(const Ring& ring, NotificationService::Answer answered) override;
@@ -30,6 +36,7 @@ class DesktopRingDesk : public RingDesk {
     NotificationService* notifications_;
     SoundPlayer* player_;
     GlobalFuncs* services_;
+    std::function<void()> chooseLanguage_;
     std::optional<AlarmOccurrence> sounding_;  // the alarm that the sound belongs to
 };
 

@@ -11,7 +11,7 @@
 
 namespace quode {
 
-/// All that is told and heard when an alarm rings.
+/// What the user sees and hears when an alarm rings.
 struct Ring {
     AlarmOccurrence alarm;
     std::string city;

@@ -90,7 +90,7 @@ void RingKeeper::rest() {
 bool RingKeeper::counts(const AlarmOccurrence& alarm, const Choices& choices, const Present& present,
                         const EventStart& eventStart) const {
     if (!isFirst_) return wasChosen(alarm) || present.clock - alarm.due < stillInTime;
-    // What the user chose while no service ran is told by the event, which was placed when he chose.
+    // The event shows what the user chose while no service ran: it was placed at that moment.
     const UserAlarm* const chosen = choices.alarm(alarm.code);
     const std::optional<sys_seconds> start = chosen ? eventStart(*chosen) : std::nullopt;
     if (start == alarm.due) return true;

@@ -16,28 +16,34 @@
 #include "common/GlobalFuncs.h"
 #include "companion/UserEventStore.h"
 #include "companion/ringer.h"
+#include "companion/language.h"
 #include "platform/Uptime.h"
 #include "platform/canberra_sound_player.h"
 #include "platform/folders.h"
 #include "platform/sdbus_notifications.h"
 #include "platform/system_platform.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
 
-constexpr const char* help =
-    "Usage: quode-alarmd [--help | --version]\n"
-    "Rings the prayer alarms that are switched on, and keeps their events in the calendar. It runs until it is told "
-    "to\n"
-    "end; a second one ends at once. Files are kept in $QUODE_DATA_DIR, else in $XDG_DATA_HOME/Quode, else in\n"
-    "~/.local/share/Quode.\n";
+std::string help() {
+    std::string text = "quode-alarmd [--help | --version]\n";
+    text += _(
+        "Rings the prayer alarms that are switched on and keeps their events in the calendar, until a signal ends it.");
+    text += ' ';
+    text += _("Only one runs for each data folder: a second one ends at once.");
+    text += '\n';
+    text += _("Files are in $QUODE_DATA_DIR, else in $XDG_DATA_HOME/Quode, else in ~/.local/share/Quode.");
+    return text + '\n';
+}
 
 struct UnrefLoop {
     void operator()(sd_event* loop) const { sd_event_unref(loop); }
 };
 using Loop = std::unique_ptr<sd_event, UnrefLoop>;
 
-// A loop that ends with the signals by which services are told to end.
+// A loop that ends with the signals that end services.
 Loop newLoop() {
     sigset_t ending;
     sigemptyset(&ending);
@@ -63,6 +69,21 @@ AlarmService::Service mayServe(InstanceLock& lock, const std::filesystem::path& 
     return AlarmService::Service::end;
 }
 
+// The language of the user, as every program chooses it; English when QUODE_LANG names an unknown one.
+std::string chooseLanguage() {
+    try {
+        return speakChosenLanguage(processEnvironment(), {}).code;
+    } catch (const UnknownLanguage& error) {
+        fmt::print(stderr, "quode-alarmd: {}\n", error.what());
+        return "en";
+    }
+}
+
+void speak(GlobalFuncs& services) {
+    if (!services.chooseLanguage(chooseLanguage())) services.chooseLanguage("en");
+    services.loadLanguageFile();
+}
+
 int serve() {
     Platform platform = systemPlatform();
     const std::shared_ptr<UserEventStore> calendar =
@@ -71,15 +92,15 @@ int serve() {
     const std::shared_ptr<Clock> clock = platform.clock;
     GlobalFuncs& services = GlobalFuncs::startUp(std::move(platform));
     services.setApplicationBundlePath(bundleFolderFrom(processEnvironment(), executablePath()));
-    services.loadLanguageFile();
     const auto tell = [&services](std::string_view message) {
         fmt::print(stderr, "quode-alarmd: {}\n", message);
         services.NSLogToFile(message);
     };
 
+    speak(services);
     InstanceLock lock(services.dataFolder());
     if (!lock.isHeld()) {
-        fmt::print(stderr, "quode-alarmd: The alarm service is running already.\n");
+        fmt::print(stderr, "quode-alarmd: {}\n", _("The alarm service is already running."));
         return 0;
     }
     const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()));
@@ -87,7 +108,7 @@ int serve() {
     const auto notifications = sdBusNotifications(loop.get());
     const auto player = canberraSoundPlayer(loop.get());
     player->onFailure = [&services](std::string_view problem) { services.NSLogToFile(problem); };
-    DesktopRingDesk desk(*notifications, *player, services);
+    DesktopRingDesk desk(*notifications, *player, services, [&services] { speak(services); });
     const auto useLayout = [&calendar](CalendarLayout layout) { calendar->setLayout(layout); };
     AlarmSurroundings surroundings{services.dataFolder(), &cities,   clock.get(), &systemUptime,
                                    calendar.get(),        useLayout, &desk,       tell};
@@ -105,8 +126,9 @@ int serve() {
 
 int main(int argc, char** argv) {
     const std::string_view argument = argc > 1 ? argv[1] : "";
+    quode::chooseLanguage();
     if (argument == "--help") {
-        fmt::print("{}", quode::help);
+        fmt::print("{}", quode::help());
         return 0;
     }
     if (argument == "--version") {
@@ -114,7 +136,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (argc > 1) {
-        fmt::print(stderr, "quode-alarmd: unknown argument \"{}\".\n{}", argument, quode::help);
+        fmt::print(stderr, "quode-alarmd: {}\n{}", quode::_("Unknown argument \"{}\".", argument), quode::help());
         return 2;
     }
     try {

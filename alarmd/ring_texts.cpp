@@ -2,58 +2,28 @@
 // SPDX-License-Identifier: MIT
 #include "alarmd/ring_texts.h"
 
-#include <fmt/format.h>
-
-#include <array>
-#include <cstdlib>
-
 #include "common/GlobalFuncs.h"
+#include "common/labels.h"
+#include "texts/translation.h"
 
 namespace quode {
-namespace {
-
-struct Texts {
-    const char* prayer;  // where the language pack has no name for it
-    const char* before;
-    const char* after;
-    const char* late;
-    const char* stop;
-    const char* snooze;
-};
-
-constexpr Texts english{"Prayer time", "{} min before the time", "{} min after the time", "Rings {} min late",
-                        "Stop",        "Snooze {} min"};
-constexpr Texts turkish{"Namaz vakti", "Vaktinden {} dk önce", "Vaktinden {} dk sonra", "{} dk gecikmeyle çalıyor",
-                        "Durdur",      "{} dk ertele"};
-constexpr Texts french{"Heure de prière", "{} min avant l’heure", "{} min après l’heure", "Sonne avec {} min de retard",
-                       "Arrêter",         "Rappeler dans {} min"};
-constexpr Texts german{"Gebetszeit", "{} Min. vor der Zeit", "{} Min. nach der Zeit", "Klingelt {} Min. zu spät",
-                       "Stopp",      "In {} Min. erneut"};
-
-const Texts& textsOf(std::int32_t language) {
-    return inLanguage(language, turkish, english, french, german);
-}
-
-}  // namespace
 
 Notification notificationOf(const Ring& ring, const GlobalFuncs& services) {
-    const Texts& texts = textsOf(services.languageId());
-    const auto filled = [](const char* format, long long minutes) {
-        return fmt::format(fmt::runtime(format), minutes);
-    };
     Notification notification;
-    notification.title = services.GetTextPrayLabels(ring.alarm.code).value_or(texts.prayer);
-    notification.body = ring.city + ", " + services.timeLeadingZero(ring.alarm.hours);
-    const auto offset = std::chrono::duration_cast<std::chrono::minutes>(ring.alarm.due - ring.alarm.prayer).count();
-    if (offset != 0) {
+    notification.title = prayerLabel(services, ring.alarm.code);
+    notification.body = isolated(ring.city) + ", " + isolated(services.timeLeadingZero(ring.alarm.hours));
+    const auto offset = std::chrono::duration_cast<std::chrono::minutes>(ring.alarm.due - ring.alarm.prayer);
+    if (offset.count() != 0) {
         notification.body += '\n';
-        notification.body += filled(offset < 0 ? texts.before : texts.after, std::abs(offset));
+        notification.body += offset.count() < 0 ? _("{} before the time", durationLabel(-offset))
+                                                : _("{} after the time", durationLabel(offset));
     }
     if (ring.late.count() > 0) {
         notification.body += '\n';
-        notification.body += filled(texts.late, ring.late.count());
+        notification.body += _("Rings {} late", durationLabel(ring.late));
     }
-    notification.actions = {{stopAction, texts.stop}, {snoozeAction, filled(texts.snooze, snoozeTime.count())}};
+    notification.actions = {{stopAction, _c("alarm", "Stop")},
+                            {snoozeAction, _("Snooze {}", durationLabel(snoozeTime))}};
     return notification;
 }
 

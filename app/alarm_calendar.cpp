@@ -6,11 +6,12 @@
 #include "companion/autostart.h"
 #include "companion/user_connection.h"
 #include "platform/folders.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
 
-constexpr const char* noEvent = "The alarm has no event in the calendar.";
+constexpr const char* noEvent = N_("The alarm has no event in the calendar.");
 
 std::shared_ptr<UserEventStore> calendarOf(Session& session, UserDatabase& database) {
     auto store = std::make_shared<UserEventStore>(session.dataFolder(), loadSettings(database).calendarLayout);
@@ -38,7 +39,7 @@ void AlarmCalendar::switchOn(int code) {
 }
 
 void AlarmCalendar::switchOff(int code) {
-    report(book_.switchOff(code), "The event of the alarm may still stand in the calendar.");
+    report(book_.switchOff(code), _("The event of the alarm may still be in the calendar."));
 }
 
 void AlarmCalendar::change(const std::function<void()>& change) {

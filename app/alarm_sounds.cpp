@@ -10,6 +10,7 @@
 
 #include "app/session.h"
 #include "companion/sounds.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -71,24 +72,22 @@ bool soundExists(Session& session, const std::string& name) {
     return isInTheme(session, name);
 }
 
-std::string soundNamedByUser(Session& session, const std::string& wish) {
+std::string soundNamedByUser(Session& session, const std::string& request) {
     std::error_code error;
     // A file of the present folder is meant only where no sound has that name.
-    const bool isFile = isPath(wish) || (!soundExists(session, wish) && fs::is_regular_file(wish, error));
-    const std::string name = isFile ? fs::absolute(wish, error).lexically_normal().string() : wish;
+    const bool isFile = isPath(request) || (!soundExists(session, request) && fs::is_regular_file(request, error));
+    const std::string name = isFile ? fs::absolute(request, error).lexically_normal().string() : request;
     if (isFile && fs::is_regular_file(name, error) && !isPlayable(name)) {
-        throw Failure(ExitCode::notFound,
-                      fmt::format("{} cannot be played: it is neither a WAV nor an Ogg Vorbis file.", name));
+        throw Failure(ExitCode::notFound, _("{} cannot be played: it is neither a WAV nor an Ogg Vorbis file.", name));
     }
     if (!name.empty() && soundExists(session, name)) return name;
-    throw Failure(ExitCode::notFound,
-                  fmt::format("There is no sound \"{}\". There are {}.", wish, soundsToChoose(session)));
+    throw Failure(ExitCode::notFound, _("There is no sound \"{}\". Use one of {}.", request, soundsToChoose(session)));
 }
 
 std::string soundsToChoose(Session& session) {
     std::string text;
-    for (const std::string& name : bundledSounds(session.bundle())) text += name + ", ";
-    return text + "those of the desktop's sound theme (such as alarm-clock-elapsed), and any file";
+    for (const std::string& name : bundledSounds(session.bundle())) text += (text.empty() ? "" : ", ") + name;
+    return _("{}, those of the desktop's sound theme (such as alarm-clock-elapsed), and any file", text);
 }
 
 }  // namespace quode::app

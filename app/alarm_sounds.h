@@ -12,7 +12,7 @@ class Session;
 
 /// A sound that the user named, as it is kept: a name of the bundle or of the desktop's sound theme, or the whole path
 /// of a file. Throws `Failure` (notFound) when there is no such sound, for the alarm would be silent.
-std::string soundNamedByUser(Session& session, const std::string& wish);
+std::string soundNamedByUser(Session& session, const std::string& request);
 
 /// Whether a sound that is kept is still there.
 bool soundExists(Session& session, const std::string& name);

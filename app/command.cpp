@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/command.h"
 
+#include "texts/translation.h"
+
 namespace quode::app {
 
 std::optional<std::string> Arguments::text(std::string_view name) const {
@@ -11,29 +13,27 @@ std::optional<std::string> Arguments::text(std::string_view name) const {
 }
 
 Parameter cityParameter() {
-    return {Parameter::Kind::option, "city", "NAME|ID|LAT,LON", "The place: a city, its id, or degrees"};
+    return {Parameter::Kind::option, "city", "NAME|ID|LAT,LON", _("The place: a city, its id, or degrees")};
 }
 
 Parameter dateParameter() {
-    return {Parameter::Kind::option, "date", "YYYY-MM-DD", "Another day than today"};
+    return {Parameter::Kind::option, "date", "YYYY-MM-DD", _("Another day than today")};
 }
 
 Parameter formatParameter() {
-    Parameter parameter{Parameter::Kind::option, "format", "FORMAT", "table (the default), csv or json"};
+    Parameter parameter{Parameter::Kind::option, "format", "FORMAT", _("table (the default), csv or json")};
     parameter.choices = {"table", "csv", "json"};
     return parameter;
 }
 
 Parameter languageParameter() {
-    Parameter parameter{Parameter::Kind::option, "lang", "LANGUAGE", "The language: tr, en, fr or de"};
-    parameter.choices = {"tr", "en", "fr", "de"};
-    return parameter;
+    return {Parameter::Kind::option, "lang", "LANGUAGE", _("The language, such as en or tr")};
 }
 
 std::vector<Parameter> commonParameters() {
-    return {{Parameter::Kind::toggle, "json", "", "Print JSON"},
+    return {{Parameter::Kind::toggle, "json", "", _("Print JSON")},
             languageParameter(),
-            {Parameter::Kind::toggle, "no-color", "", "Print without colours"}};
+            {Parameter::Kind::toggle, "no-color", "", _("Print without colours")}};
 }
 
 }  // namespace quode::app

@@ -7,7 +7,9 @@
 #include <list>
 
 #include "app/failure.h"
+#include "app/text_layout.h"
 #include "common/utf8.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -52,11 +54,15 @@ void addParameter(CLI::App& app, const Parameter& parameter, Slots::Slot& slot) 
 
 void prepare(CLI::App& app) {
     app.get_formatter()->column_width(helpColumn);
-    app.get_formatter()->label("REQUIRED", "(required)");
-    app.get_formatter()->label("OPTIONS", "OPTIONS");
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("SUBCOMMANDS", "COMMANDS");
-    app.set_help_flag("-h,--help", "Explain the command");
+    app.get_formatter()->label("REQUIRED", _("(required)"));
+    app.get_formatter()->label("OPTIONS", _("OPTIONS"));
+    app.get_formatter()->label("SUBCOMMAND", _("COMMAND"));
+    app.get_formatter()->label("SUBCOMMANDS", _("COMMANDS"));
+    app.get_formatter()->label("Usage", _("Usage"));
+    app.get_formatter()->label("Options", _("Options"));
+    app.get_formatter()->label("Positionals", _("Arguments"));
+    app.get_formatter()->label("Subcommands", _("Commands"));
+    app.set_help_flag("-h,--help", _("Explain the command"));
 }
 
 void checkChoices(const Parameter& parameter, const std::string& value) {
@@ -64,7 +70,7 @@ void checkChoices(const Parameter& parameter, const std::string& value) {
     if (choices.empty() || std::find(choices.begin(), choices.end(), value) != choices.end()) return;
     std::string list;
     for (const std::string& choice : choices) list += (list.empty() ? "" : ", ") + choice;
-    throw Failure(ExitCode::usage, "--" + parameter.name + " is one of " + list + ", not \"" + value + "\".");
+    throw Failure(ExitCode::usage, _("--{} is one of {}, not \"{}\".", parameter.name, list, value));
 }
 
 Arguments argumentsOf(const Slots& slots) {
@@ -106,8 +112,7 @@ class Parser {
     Invocation invocation() const {
         const Slots& chosen = deepest();
         if (chosen.command->run) return {chosen.command, mergedArguments(chosen)};
-        throw Failure(ExitCode::usage,
-                      commandPath() + " needs the name of what to do. Try: " + commandPath() + " --help");
+        throw Failure(ExitCode::usage, _("{0} needs a command. Try: {0} --help", commandPath()));
     }
 
     /// The first argument that nothing could be made of.
@@ -172,8 +177,7 @@ class Parser {
         for (const auto& [name, value] : arguments.all()) {
             const auto isOfCommand = [&name = name](const Slots::Slot& slot) { return slot.parameter->name == name; };
             if (std::none_of(chosen.slots.begin(), chosen.slots.end(), isOfCommand)) {
-                throw Failure(ExitCode::usage,
-                              commandPath() + " has no --" + name + ". Try: " + commandPath() + " --help");
+                throw Failure(ExitCode::usage, _("{0} has no option --{1}. Try: {0} --help", commandPath(), name));
             }
         }
         const Arguments own = argumentsOf(chosen);
@@ -206,9 +210,9 @@ std::string escaped(const std::string& bytes) {
 void checkEncoding(const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments) {
         if (isUtf8(argument)) continue;
-        throw Failure(ExitCode::usage, "\"" + escaped(argument) +
-                                           "\" is not UTF-8 text. Set the terminal to UTF-8, or write the name "
-                                           "without accents.");
+        throw Failure(ExitCode::usage,
+                      _("\"{}\" is not UTF-8 text. Set the terminal to UTF-8, or write the name without accents.",
+                        escaped(argument)));
     }
 }
 
@@ -235,6 +239,29 @@ std::string sentence(std::string text) {
 
 }  // namespace
 
+std::optional<std::string> languageOption(const std::vector<std::string>& arguments) {
+    constexpr std::string_view option = "--lang";
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string_view argument = arguments[i];
+        if (argument == "--") return std::nullopt;
+        if (argument == option && i + 1 < arguments.size()) return arguments[i + 1];
+        if (argument.starts_with("--lang=")) return std::string(argument.substr(option.size() + 1));
+    }
+    return std::nullopt;
+}
+
+std::string helpFooter(const std::vector<std::pair<const char*, const char*>>& variables,
+                       const std::vector<const char*>& exitCodes) {
+    constexpr int nameWidth = 16;
+    std::string text = std::string(_("Environment:")) + '\n';
+    for (const auto& [name, meaning] : variables) text += "  " + padRight(name, nameWidth) + "  " + meaning + '\n';
+    text.append("\n").append(_("Exit codes:")).append("\n");
+    for (std::size_t code = 0; code < exitCodes.size(); ++code) {
+        text += "  " + wrapped(fmt::format("{}  {}", code, exitCodes[code]), pageWidth - 2, 5) + '\n';
+    }
+    return text;
+}
+
 ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
                             std::vector<std::string> arguments) {
     checkEncoding(arguments);
@@ -245,13 +272,13 @@ ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& 
     } catch (const CLI::CallForHelp&) {
         return HelpText{parser.help()};
     } catch (const CLI::ExtrasError&) {
-        throw Failure(ExitCode::usage, parser.commandPath() + " does not know \"" + parser.firstUnknown() +
-                                           "\". Try: " + parser.commandPath() + " --help");
+        throw Failure(ExitCode::usage,
+                      _("{0} does not know \"{1}\". Try: {0} --help", parser.commandPath(), parser.firstUnknown()));
     } catch (const CLI::ParseError& error) {
-        if (parser.wantsVersion()) return VersionWish{};
-        throw Failure(ExitCode::usage, sentence(error.what()) + " Try: " + parser.commandPath() + " --help");
+        if (parser.wantsVersion()) return VersionRequest{};
+        throw Failure(ExitCode::usage, _("{0} Try: {1} --help", sentence(error.what()), parser.commandPath()));
     }
-    if (parser.wantsVersion()) return VersionWish{};
+    if (parser.wantsVersion()) return VersionRequest{};
     return parser.invocation();
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -16,13 +17,13 @@ struct Invocation {
     Arguments arguments;
 };
 
-/// Help that was asked for, or the wish to see the version.
+/// Help that was asked for, or a request for the version.
 struct HelpText {
     std::string text;
 };
-struct VersionWish {};
+struct VersionRequest {};
 
-using ParsedLine = std::variant<Invocation, HelpText, VersionWish>;
+using ParsedLine = std::variant<Invocation, HelpText, VersionRequest>;
 
 /// A program, as its help describes it.
 struct Program {
@@ -30,8 +31,16 @@ struct Program {
     std::string description;
     std::string footer;                 ///< what the help ends with
     std::vector<Parameter> parameters;  ///< that every command has
-    std::string versionHelp = "Show the version and the sources of the data";
+    std::string versionHelp = {};
 };
+
+/// The value of --lang, found before anything else is read: messages about the rest are in that language.
+std::optional<std::string> languageOption(const std::vector<std::string>& arguments);
+
+/// The end of a help text: environment variables and exit codes, each with its meaning.
+/// @param exitCodes  from 0 on
+std::string helpFooter(const std::vector<std::pair<const char*, const char*>>& variables,
+                       const std::vector<const char*>& exitCodes);
 
 /// Reads the command line of a program. Throws `Failure` (usage) when it cannot be understood.
 /// @param commands        all commands; may be empty

@@ -11,6 +11,7 @@
 #include "app/failure.h"
 #include "common/calendar.h"
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -36,20 +37,21 @@ std::vector<int> numbersOf(std::string_view text) {
     }
 }
 
-std::vector<int> parsed(std::string_view text, std::size_t count, const char* what, const char* form) {
+std::vector<int> parsed(std::string_view text, std::size_t count, const char* what, const char* form,
+                        const char* example) {
     std::vector<int> numbers = numbersOf(text);
     if (numbers.size() == count) return numbers;
-    throw Failure(ExitCode::usage, fmt::format("\"{}\" is no {}. Write it as {}.", text, what, form));
+    throw Failure(ExitCode::usage, _("\"{}\" is not a {}. Write it as {}, such as {}.", text, what, form, example));
 }
 
 void checkYear(int year) {
     if (year >= 1 && year <= lastYear) return;
-    throw Failure(ExitCode::usage, fmt::format("The year {} is out of reach: it is one from 1 to {}.", year, lastYear));
+    throw Failure(ExitCode::usage, _("Year {} is out of range (1–{}).", year, lastYear));
 }
 
 void checkMonth(int month) {
     if (month >= 1 && month <= 12) return;
-    throw Failure(ExitCode::usage, fmt::format("There is no month {}: it is one from 1 to 12.", month));
+    throw Failure(ExitCode::usage, _("Month {} is out of range (1–12).", month));
 }
 
 bool isLeapYear(int year) {
@@ -63,37 +65,37 @@ bool isSkipped(int year, int month, int day) {
 }  // namespace
 
 int parseYear(std::string_view text) {
-    const int year = parsed(text, 1, "year", "YYYY, such as 2026")[0];
+    const int year = parsed(text, 1, _("year"), "YYYY", "2026")[0];
     checkYear(year);
     return year;
 }
 
 Month parseMonth(std::string_view text) {
-    const std::vector<int> numbers = parsed(text, 2, "month", "YYYY-MM, such as 2026-11");
+    const std::vector<int> numbers = parsed(text, 2, _("month"), "YYYY-MM", "2026-11");
     checkYear(numbers[0]);
     checkMonth(numbers[1]);
     return {numbers[0], numbers[1]};
 }
 
 VAKDate parseDate(std::string_view text) {
-    const std::vector<int> numbers = parsed(text, 3, "date", "YYYY-MM-DD, such as 2026-11-21");
+    const std::vector<int> numbers = parsed(text, 3, _("date"), "YYYY-MM-DD", "2026-11-21");
     const int year = numbers[0], month = numbers[1], day = numbers[2];
     checkYear(year);
     checkMonth(month);
     if (day < 1 || day > daysInMonth(year, month)) {
-        throw Failure(ExitCode::usage, fmt::format("There is no day {}: {:04}-{:02} has {} days.", text, year, month,
-                                                   daysInMonth(year, month)));
+        throw Failure(ExitCode::usage,
+                      _("There is no day {}: {:04}-{:02} has {} days.", text, year, month, daysInMonth(year, month)));
     }
     if (isSkipped(year, month, day)) {
-        throw Failure(ExitCode::usage, fmt::format("There is no day {}: the calendar went from 1582-10-04 (Julian) to "
-                                                   "1582-10-15 (Gregorian).",
-                                                   text));
+        throw Failure(ExitCode::usage, _("There is no day {}: the calendar went from 1582-10-04 (Julian) to "
+                                         "1582-10-15 (Gregorian).",
+                                         text));
     }
     return VAKDateMake(day, month, year, 0, 0, 0);
 }
 
 VAKDate parseHijriDate(std::string_view text) {
-    const std::vector<int> numbers = parsed(text, 3, "Hijri date", "YYYY-MM-DD, such as 1448-09-01");
+    const std::vector<int> numbers = parsed(text, 3, _("Hijri date"), "YYYY-MM-DD", "1448-09-01");
     const int year = numbers[0], month = numbers[1], day = numbers[2];
     checkMonth(month);
     // The product stays in range for every year that can be meant.
@@ -101,22 +103,20 @@ VAKDate parseHijriDate(std::string_view text) {
     const double first = calendar::GetHijriFirstDayOfTheMonthAsJulianDate(index);
     const double next = calendar::GetHijriFirstDayOfTheMonthAsJulianDate(index + 1);
     if (first < 0.0 || next < 0.0) {
-        throw Failure(ExitCode::notFound,
-                      fmt::format("The Hijri table does not hold {}: it goes from 1429-12-01 to 1470-12-30.", text));
+        throw Failure(ExitCode::notFound, _("{} is outside the Hijri table (1429-12-01 to 1470-12-30).", text));
     }
     const int length = static_cast<int>(next - first);
     if (day < 1 || day > length) {
-        throw Failure(ExitCode::usage, fmt::format("There is no Hijri day {}: the month has {} days.", text, length));
+        throw Failure(ExitCode::usage, _("There is no Hijri day {}: the month has {} days.", text, length));
     }
     return VAKDateMake(day, month, year, 0, 0, 0);
 }
 
 std::chrono::sys_seconds parseMoment(std::string_view text) {
     const auto fail = [text]() -> std::chrono::sys_seconds {
-        throw Failure(ExitCode::usage,
-                      fmt::format("\"{}\" is no moment. Write it as 2026-11-21T04:00:00Z or with an offset, "
-                                  "2026-11-21T07:00:00+03:00.",
-                                  text));
+        throw Failure(ExitCode::usage, _("\"{}\" is not a moment. Write it as 2026-11-21T04:00:00Z, or with an offset "
+                                         "as 2026-11-21T07:00:00+03:00.",
+                                         text));
     };
     constexpr std::size_t dateLength = 10, momentLength = 19, offsetLength = 6;
     if (text.size() <= momentLength || text[dateLength] != 'T' || text[13] != ':' || text[16] != ':') return fail();

@@ -14,6 +14,8 @@
 #include "app/text_layout.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
+#include "common/labels.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -33,19 +35,20 @@ double shownHours(double hours) {
     return hours < 0.0 ? hours + hoursPerDay : hours;
 }
 
-std::string dayOfMonth(const Texts& texts, int day) {
-    return day == 1 ? std::string(texts.firstOfMonth) : std::to_string(day);
+std::string dayOfMonth(int day) {
+    // Translators: how the first day of a month is written in a date, such as "1er" in French.
+    return day == 1 ? _c("day of a month", "1") : std::to_string(day);
 }
 
-std::string dateText(const Texts& texts, int day, const std::string& month, int year) {
-    return fmt::format(fmt::runtime(texts.date), "", dayOfMonth(texts, day), month, year);
+std::string dateText(int day, const std::string& month, int year) {
+    // Translators: a date: {0} the day, {1} the month, {2} the year.
+    return _("{0} {1} {2}", dayOfMonth(day), month, year);
 }
 
 std::string daysText(Session& session, const ZoneDisagreement& problem) {
-    const Texts& texts = session.texts();
     const std::string first = dayAndMonth(session, problem.first), last = dayAndMonth(session, problem.last);
-    if (problem.days == 1) return fmt::format(fmt::runtime(texts.zoneWarningDay), first);
-    return fmt::format(fmt::runtime(texts.zoneWarningDays), problem.days, first, last);
+    if (problem.days == 1) return _("on {}", first);
+    return _("on {0} days from {1} to {2}", problem.days, first, last);
 }
 
 std::string superscript(std::size_t number) {
@@ -82,14 +85,11 @@ Json skyTimeJson(double hours) {
     return timeJson(hours < 0.0 ? missingTime : std::fmod(hours, hoursPerDay));
 }
 
-std::string durationText(Session& session, std::chrono::seconds duration) {
-    const auto minutes = std::chrono::ceil<std::chrono::minutes>(duration).count();
-    const Texts& texts = session.texts();
-    if (minutes < minutesPerHour) return fmt::format(fmt::runtime(texts.minutes), minutes);
-    return fmt::format(fmt::runtime(texts.hoursMinutes), minutes / minutesPerHour, minutes % minutesPerHour);
+std::string durationText(std::chrono::seconds duration) {
+    return durationLabel(std::chrono::ceil<std::chrono::minutes>(duration));
 }
 
-std::optional<VAKDate> wishedDate(const Arguments& arguments) {
+std::optional<VAKDate> requestedDate(const Arguments& arguments) {
     const std::optional<std::string> text = arguments.text("date");
     if (!text) return std::nullopt;
     return parseDate(*text);
@@ -101,14 +101,19 @@ VAKDate today(Session& session, const Site& site) {
 }
 
 std::string longDate(Session& session, const VAKDate& date) {
-    const Texts& texts = session.texts();
-    return fmt::format(fmt::runtime(texts.longDate), texts.weekdays.at(static_cast<std::size_t>(weekdayOf(date))),
-                       dayOfMonth(texts, date.Days), session.monthName(date.Months), date.Years);
+    // Translators: a date: {0} the day of the week, {1} the day, {2} the month, {3} the year.
+    return _("{0} {1} {2} {3}", session.weekdayName(weekdayOf(date)), dayOfMonth(date.Days),
+             session.monthName(date.Months), date.Years);
 }
 
 std::string dayAndMonth(Session& session, std::chrono::year_month_day date) {
     const int day = static_cast<int>(unsigned(date.day())), month = static_cast<int>(unsigned(date.month()));
-    return dateText(session.texts(), day, session.monthName(month), int(date.year()));
+    return dateText(day, session.monthName(month), int(date.year()));
+}
+
+std::string clockChangeText(Session& session, const ClockChange& change) {
+    const std::string day = dayAndMonth(session, change.date);
+    return change.toSummerTime ? _("clocks go forward on {}", day) : _("clocks go back on {}", day);
 }
 
 std::optional<VAKDate> hijriByTable(const VAKDate& date) {
@@ -118,7 +123,7 @@ std::optional<VAKDate> hijriByTable(const VAKDate& date) {
 }
 
 std::string hijriText(Session& session, const VAKDate& hijri) {
-    return dateText(session.texts(), hijri.Days, session.hijriMonth(hijri.Months), hijri.Years);
+    return dateText(hijri.Days, session.hijriMonth(hijri.Months), hijri.Years);
 }
 
 Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char* calendar) {
@@ -181,10 +186,10 @@ std::optional<double> computedLatitude(const CityDay& day) {
 
 std::string latitudeNote(Session& session, double lowest, double highest) {
     const auto text = [&session](double latitude) {
-        return fmt::format("{}° {}", decimal(session.texts(), std::abs(latitude), 1), latitude < 0.0 ? 'S' : 'N');
+        return fmt::format("{}° {}", session.decimal(std::abs(latitude), 1), latitude < 0.0 ? 'S' : 'N');
     };
     const std::string latitudes = lowest == highest ? text(lowest) : text(lowest) + " – " + text(highest);
-    return fmt::format(fmt::runtime(session.texts().fallbackLatitude), latitudes);
+    return _("The Sun does not both rise and set here on this day: the times are those of latitude {}.", latitudes);
 }
 
 std::string Footnotes::latitudeMark(Session& session, const PrayTimes& times, int code) {
@@ -194,11 +199,13 @@ std::string Footnotes::latitudeMark(Session& session, const PrayTimes& times, in
     return mark(latitudeNote(session, latitude, latitude));
 }
 
-std::string Footnotes::earlierDayMark(Session& session, const PrayTimes& times, int code) {
+std::string Footnotes::earlierDayMark(const PrayTimes& times, int code) {
     const bool isShown = timeOfPrayer(times, code) != missingTime && fallbacksOf(times, code).earlierDay;
     if (!isShown) return "";
-    const Texts& texts = session.texts();
-    return mark(std::string(code == firstPrayer ? texts.fallbackImsak : texts.fallbackYatsi));
+    return mark(code == firstPrayer ? _("The Sun does not sink 19° below the horizon: the time is that of "
+                                        "the nearest earlier day on which it does.")
+                                    : _("The Sun does not sink 17° below the horizon: the time is that of "
+                                        "the nearest earlier day on which it does."));
 }
 
 std::string Footnotes::sourceMark(const CityDay& day, int code) {
@@ -237,8 +244,9 @@ std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate
 void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems) {
     for (const ZoneDisagreement& problem : problems) {
         const std::string text =
-            fmt::format(fmt::runtime(session.texts().zoneWarning), problem.zone, utcOffsetText(problem.storedHours),
-                        utcOffsetText(problem.systemHours), daysText(session, problem));
+            _("{0}: its stored clock is {1}, that of this system {2}, {3}. The times follow the stored one.",
+              problem.zone, utcOffsetText(problem.storedHours), utcOffsetText(problem.systemHours),
+              daysText(session, problem));
         session.print(session.style().warning(wrapped("! " + text, pageWidth, 2)));
     }
 }
@@ -251,12 +259,16 @@ Json warningsJson(const std::vector<ZoneDisagreement>& problems) {
 
 void printHowChosen(Session& session, const ChosenPlace& place) {
     if (place.source != PlaceSource::systemZone && place.source != PlaceSource::fallback) return;
-    const Texts& texts = session.texts();
-    const std::string_view format =
-        place.source == PlaceSource::systemZone ? texts.chosenByZone : texts.chosenByDefault;
+    const std::string zone = session.systemZoneText();
+    const std::string text = place.source == PlaceSource::systemZone
+                                 ? _("{} is the largest city in the time zone of this system, {}. To choose another "
+                                     "one: quode city home NAME.",
+                                     place.city.name, zone)
+                                 : _("{} is shown because the time zone of this system, {}, has no city. To choose "
+                                     "one: quode city home NAME.",
+                                     place.city.name, zone);
     session.print();
-    session.print(session.style().dim(
-        wrapped(fmt::format(fmt::runtime(format), place.city.name, session.systemZoneText()), pageWidth, 0)));
+    session.print(session.style().dim(wrapped(text, pageWidth, 0)));
 }
 
 }  // namespace quode::app

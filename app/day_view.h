@@ -33,15 +33,17 @@ std::string clock24(double hours);
 Json timeJson(double hours);
 Json skyTimeJson(double hours);
 /// "2 h 13 min", rounded up to the minute, as the difference of two clock texts is.
-std::string durationText(Session& session, std::chrono::seconds duration);
+std::string durationText(std::chrono::seconds duration);
 
 // --- dates
 /// The day of --date; nothing when it was not given. Throws `Failure` (usage).
-std::optional<VAKDate> wishedDate(const Arguments& arguments);
+std::optional<VAKDate> requestedDate(const Arguments& arguments);
 /// The present day of a place.
 VAKDate today(Session& session, const Site& site);
 std::string longDate(Session& session, const VAKDate& date);
 std::string dayAndMonth(Session& session, std::chrono::year_month_day date);
+/// "clocks go forward on 28 March 2027"
+std::string clockChangeText(Session& session, const ClockChange& change);
 /// The Hijri date by the table; nothing outside it.
 std::optional<VAKDate> hijriByTable(const VAKDate& date);
 std::string hijriText(Session& session, const VAKDate& hijri);
@@ -84,7 +86,7 @@ class Footnotes {
   public:
     // The mark of a time, such as "¹"; empty when it does not come from that fallback.
     std::string latitudeMark(Session& session, const PrayTimes& times, int code);
-    std::string earlierDayMark(Session& session, const PrayTimes& times, int code);
+    std::string earlierDayMark(const PrayTimes& times, int code);
     /// The mark of a time that the chosen method, a table or the user changed.
     std::string sourceMark(const CityDay& day, int code);
 

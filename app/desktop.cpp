@@ -6,6 +6,7 @@
 
 #include "app/failure.h"
 #include "platform/folders.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 
@@ -15,8 +16,8 @@ const Desktop& desktop() {
     void* const library = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
     const void* const operations = library ? dlsym(library, desktopSymbol) : nullptr;
     if (operations) return *static_cast<const Desktop*>(operations);
-    throw Failure(ExitCode::damagedData, "The part of Quode that speaks to the desktop cannot be loaded (" +
-                                             std::string(dlerror()) + "). Install Quode again.");
+    throw Failure(ExitCode::damagedData,
+                  _("The desktop part of Quode cannot be loaded: {}. Install Quode again.", dlerror()));
 }
 
 }  // namespace quode::app

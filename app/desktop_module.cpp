@@ -23,7 +23,7 @@ int endLoop(sd_event_source* source, std::uint64_t, void*) {
     return sd_event_exit(sd_event_source_get_event(source), 0);
 }
 
-/// A loop that ends after some time, or when the process is told to end.
+/// A loop that ends after some time, or with a signal that ends the process.
 Loop newLoop(std::chrono::seconds time) {
     sigset_t ending;
     sigemptyset(&ending);
@@ -31,7 +31,7 @@ Loop newLoop(std::chrono::seconds time) {
     sigaddset(&ending, SIGINT);
     sigprocmask(SIG_BLOCK, &ending, nullptr);
     sd_event* made = nullptr;
-    if (sd_event_new(&made) < 0) throw std::runtime_error("The system gives no event loop.");
+    if (sd_event_new(&made) < 0) throw std::runtime_error("The system provides no event loop.");
     Loop loop(made);
     sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
     sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);

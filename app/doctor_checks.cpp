@@ -45,44 +45,42 @@ struct Known {
     }
 };
 
-const char* plural(std::size_t count, const char* one, const char* many) {
-    return count == 1 ? one : many;
-}
-
 Finding checkDataFolder(Session& session) {
-    Finding found{"data_folder", "Data folder", State::ok, session.dataFolder().string(), ""};
+    Finding found{"data_folder", _("Data folder"), State::ok, session.dataFolder().string(), ""};
     std::error_code error;
     fs::path folder = fs::absolute(session.dataFolder(), error);
     const bool isThere = fs::is_directory(folder, error);
     while (!fs::exists(folder, error) && folder.has_relative_path()) folder = folder.parent_path();
     if (!fs::is_directory(folder, error) || access(folder.c_str(), W_OK | X_OK) != 0) {
         found.state = State::problem;
-        found.advice = fmt::format(
-            "Nothing can be kept: {} {}. Give yourself the right to write there, or name "
-            "another folder in QUODE_DATA_DIR.",
-            folder.string(), fs::is_directory(folder, error) ? "cannot be written" : "is no folder");
+        found.advice = fs::is_directory(folder, error)
+                           ? _("Nothing can be stored: {} cannot be written. Give yourself write permission, or set "
+                               "QUODE_DATA_DIR to another folder.",
+                               folder.string())
+                           : _("Nothing can be stored: {} is not a folder. Set QUODE_DATA_DIR to another folder.",
+                               folder.string());
         return found;
     }
     const fs::space_info space = fs::space(folder, error);
     constexpr std::uintmax_t enough = 1 << 20;
     if (!error && space.available < enough) {
         found.state = State::problem;
-        found.advice = "The disk is full. Make room.";
+        found.advice = _("The disk is full. Free some space.");
     } else if (!isThere) {
         found.state = State::note;
-        found.text += " is made when there is something to keep";
+        found.text = _("{} is created when there is something to store", session.dataFolder().string());
     }
     return found;
 }
 
 Finding checkCityDatabase(Session& session, Known& known) {
-    Finding found{"city_database", "City database", State::ok, "", ""};
+    Finding found{"city_database", _("City database"), State::ok, "", ""};
     try {
         found.text = session.cities().edition();
         known.hasCityDatabase = true;
     } catch (const CityDatabaseError& error) {
         found.state = State::problem;
-        found.text = "cannot be used";
+        found.text = _("cannot be used");
         found.advice = error.what();
     }
     return found;
@@ -91,9 +89,9 @@ Finding checkCityDatabase(Session& session, Known& known) {
 std::string summaryOf(const Known& known, const std::optional<UserCity>& home) {
     const std::size_t cities = known.cities.size();
     const auto on = static_cast<std::size_t>(std::ranges::count_if(known.alarms->alarms, &UserAlarm::isOn));
-    const std::string homeText = home && home->city ? ", home " + home->city->name : "";
-    return fmt::format("{} {}{}; {} {} on", cities, plural(cities, "city", "cities"), homeText, on,
-                       plural(on, "alarm", "alarms"));
+    std::string text = _n("{0} city", "{0} cities", cities);
+    if (home && home->city) text += _(", home {}", home->city->name);
+    return text + "; " + _n("{0} alarm on", "{0} alarms on", on);
 }
 
 std::vector<CalendarEvent> eventsWithoutAlarm(Session& session, UserDatabase& database) {
@@ -107,16 +105,15 @@ void readUserDatabase(Session& session, Known& known, Finding& found) {
     if (!database) {
         known.hasUserDatabase = false;
         found.state = State::note;
-        found.text = "none yet; it is made with the first city or alarm";
+        found.text = _("none yet; it is created with the first city or alarm");
         return;
     }
     if (const std::optional<std::string> fault = database->connection().fault()) {
         found.state = State::problem;
-        found.text = "damaged";
-        found.advice = fmt::format(
-            "{} ({}). The next change of a city or an alarm keeps the file aside and makes a "
-            "fresh one.",
-            database->file().string(), *fault);
+        found.text = _("damaged");
+        found.advice =
+            _("{} is damaged: {}. The next change of a city or an alarm keeps the file aside and creates a new one.",
+              database->file().string(), *fault);
         return;
     }
     known.cities = database->cities();
@@ -126,30 +123,27 @@ void readUserDatabase(Session& session, Known& known, Finding& found) {
     found.text = summaryOf(known, home);
     if (home && !home->city) {
         found.state = State::problem;
-        found.advice = fmt::format(
-            "The home city, number {}, is not in the city database any more. Choose another "
-            "one:",
-            home->id);
+        found.advice = _("The home city, number {}, is no longer in the city database. Choose another one:", home->id);
         found.command = "quode city home NAME";
     } else if (!home && known.anyAlarmIsOn()) {
         found.state = State::problem;
-        found.advice = "Alarms ring for the home city. Choose one:";
+        found.advice = _("Alarms ring for the home city. Choose one:");
         found.command = "quode city home NAME";
     }
 }
 
 Finding checkUserDatabase(Session& session, Known& known) {
-    Finding found{"user_database", "User database", State::ok, "", ""};
+    Finding found{"user_database", _("User database"), State::ok, "", ""};
     if (!known.hasCityDatabase) {
         found.state = State::note;
-        found.text = "not looked at without the city database";
+        found.text = _("not checked without the city database");
         return found;
     }
     try {
         readUserDatabase(session, known, found);
     } catch (const UserDatabaseError& error) {
         found.state = State::problem;
-        found.text = "cannot be read";
+        found.text = _("cannot be read");
         found.advice = error.what();
     }
     return found;
@@ -181,14 +175,14 @@ void reportStrayEvents(const Known& known, Finding& found) {
 
 Finding checkCalendar(Session& session, const Known& known) {
     UserEventStore store(session.dataFolder(), known.settings().calendarLayout);
-    Finding found{"calendar", "Calendar", State::ok, "", ""};
+    Finding found{"calendar", _("Calendar"), State::ok, "", ""};
     const EventList list = store.ownEvents();
     const std::string file = store.defaultCalendar().location.filename().string();
-    found.text = fmt::format("{}, {} {}", file, list.events.size(), plural(list.events.size(), "event", "events"));
-    if (evolutionSource(session).isConnected()) found.text += "; shown by Evolution";
+    found.text = _n("{1}, {0} event", "{1}, {0} events", list.events.size(), file);
+    if (evolutionSource(session).isConnected()) found.text += _("; shown by Evolution");
     if (!list.status.ok) {
         found.state = State::problem;
-        found.text = file + " cannot be read";
+        found.text = _("{} cannot be read", file);
         found.advice = list.status.message;
         return found;
     }
@@ -200,12 +194,12 @@ Finding checkCalendar(Session& session, const Known& known) {
     }
     found.state = known.evolutionRings(session) ? State::problem : State::note;
     found.advice =
-        fmt::format("The events of {} are not up to date. The alarm service renews them when it runs.", names);
+        _("The events of {} are not up to date. The alarm service renews them when it runs.", names);
     return found;
 }
 
 Finding checkSounds(Session& session, const Known& known) {
-    Finding found{"sounds", "Sounds", State::ok, known.settings().defaultSound, ""};
+    Finding found{"sounds", _("Sounds"), State::ok, known.settings().defaultSound, ""};
     std::set<std::string> sounds{known.settings().defaultSound};
     for (int code = firstPrayer; known.alarms && code <= lastMainPrayer; ++code) {
         if (known.alarms->alarm(code).isOn) sounds.insert(soundOf(*known.alarms, known.alarms->alarm(code)));
@@ -216,8 +210,7 @@ Finding checkSounds(Session& session, const Known& known) {
         if (soundExists(session, sound)) continue;
         const bool isDefault = sound == known.settings().defaultSound;
         found.state = State::problem;
-        found.advice =
-            fmt::format("There is no sound \"{}\" any more, so that alarms are silent. Choose another one:", sound);
+        found.advice = _("The sound \"{}\" no longer exists: alarms are silent. Choose another one:", sound);
         found.command = isDefault ? "quode settings sound NAME" : "quode alarm set PRAYER --sound NAME";
     }
     return found;
@@ -225,7 +218,7 @@ Finding checkSounds(Session& session, const Known& known) {
 
 Finding checkNotificationService(Session& session, const Known& known) {
     const NotificationCheck check = desktop().checkNotifications();
-    Finding found{"notifications", "Notifications", State::ok, check.name, ""};
+    Finding found{"notifications", _("Notifications"), State::ok, check.name, ""};
     const bool matters = known.anyAlarmIsOn() && !known.evolutionRings(session);
     const auto set = [&](State state, const char* text, const char* advice) {
         found.state = state;
@@ -234,26 +227,27 @@ Finding checkNotificationService(Session& session, const Known& known) {
     };
     switch (check.state) {
         case NotificationCheck::State::running:
-            if (check.name.empty()) found.text = "a service is running";
+            if (check.name.empty()) found.text = _("a service is running");
             if (!check.hasActions) {
                 found.state = State::note;
-                found.advice = "It shows no buttons: an alarm can be closed, but not put off.";
+                found.advice = _("It shows no buttons: an alarm can be dismissed, not snoozed.");
             }
             break;
         case NotificationCheck::State::startable:
-            found.text = "a service starts when it is needed";
+            found.text = _("a service starts when it is needed");
             break;
         case NotificationCheck::State::unresponsive:
-            set(State::problem, "the service does not answer", "Restart the notification service of your desktop.");
+            set(State::problem, _("the service does not answer"),
+                _("Restart the notification service of your desktop."));
             break;
         case NotificationCheck::State::none:
-            set(matters ? State::problem : State::note, "no service",
-                "Alarms are heard but not shown. Start the notification service of your desktop, or install one, such "
-                "as dunst.");
+            set(matters ? State::problem : State::note, _("no service"),
+                _("Alarms are heard but not shown. Start the notification service of your desktop, or install one such "
+                  "as dunst."));
             break;
         case NotificationCheck::State::noBus:
-            set(matters ? State::problem : State::note, "no session bus",
-                "Alarms are heard but not shown. Run quode within your desktop's session.");
+            set(matters ? State::problem : State::note, _("no session bus"),
+                _("Alarms are heard but not shown. Run quode in your desktop session."));
             break;
     }
     return found;
@@ -261,8 +255,9 @@ Finding checkNotificationService(Session& session, const Known& known) {
 
 Finding checkAlarmService(Session& session, const Known& known) {
     const RingerState state = ringerState(session, known.settings());
-    Finding found{"alarm_service", "Alarm service", State::ok, state.serviceRuns ? "running" : "not running", ""};
-    if (state.ringer == Ringer::evolution) found.text += "; Evolution rings";
+    Finding found{"alarm_service", _("Alarm service"), State::ok, state.serviceRuns ? _("running") : _("not running"),
+                  ""};
+    if (state.ringer == Ringer::evolution) found.text += _("; Evolution rings");
     if (known.anyAlarmIsOn()) {
         if (!state.isReady()) {
             found.state = State::problem;
@@ -275,8 +270,8 @@ Finding checkAlarmService(Session& session, const Known& known) {
         }
     } else if (!state.serviceRuns) {
         found.state = State::note;
-        found.text +=
-            known.alarms || !known.hasUserDatabase ? ", and no alarm is on" : "; whether an alarm is on is not known";
+        found.text += known.alarms || !known.hasUserDatabase ? _(", and no alarm is on")
+                                                             : _("; it is not known whether an alarm is on");
     }
     return found;
 }
@@ -298,10 +293,10 @@ std::vector<StoredZone> zonesOfUser(Session& session, const Known& known) {
 }
 
 Finding checkZoneRules(Session& session, const Known& known) {
-    Finding found{"zone_rules", "Zone rules", State::ok, "", ""};
+    Finding found{"zone_rules", _("Zone rules"), State::ok, "", ""};
     if (!known.hasCityDatabase) {
         found.state = State::note;
-        found.text = "not looked at without the city database";
+        found.text = _("not checked without the city database");
         return found;
     }
     const std::vector<StoredZone> zones = zonesOfUser(session, known);
@@ -313,12 +308,14 @@ Finding checkZoneRules(Session& session, const Known& known) {
         if (!each.unknownToSystem) found.state = State::problem;
     }
     if (problems.empty()) {
-        found.text = names.empty() ? "no city to compare the clock of" : names + " as in this system's zone data";
+        found.text = names.empty() ? std::string(_("no city to compare the clock of"))
+                                   : _("{} as in the zone data of this system", names);
         return found;
     }
-    found.text = found.state == State::problem ? "a stored clock differs from this system's" : "not to be compared";
+    found.text =
+        found.state == State::problem ? _("a stored clock differs from that of this system") : _("cannot be compared");
     if (found.state == State::ok) found.state = State::note;
-    found.advice = problems + ". Bring Quode and the system's zone data (tzdata) up to date.";
+    found.advice = _("{}. Update Quode and the zone data of the system (tzdata).", problems);
     return found;
 }
 

@@ -25,7 +25,7 @@ struct Finding {
     std::string command = {};  ///< that does it; may be empty
 };
 
-/// All checks, in the order in which they are told.
+/// All checks, in the order in which they are shown.
 std::vector<Finding> examine(Session& session);
 
 }  // namespace quode::app

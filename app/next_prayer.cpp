@@ -7,6 +7,7 @@
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/session.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 
@@ -15,10 +16,9 @@ std::chrono::seconds timeLeft(Session& session, const NextPrayer& next) {
 }
 
 std::string timeLeftText(Session& session, const Site& site, const NextPrayer& next) {
-    const Texts& texts = session.texts();
-    const std::string left = fmt::format(fmt::runtime(texts.in), durationText(session, timeLeft(session, next)));
+    const std::string left = _("in {}", durationText(timeLeft(session, next)));
     const bool isTomorrow = civilDate(next.date) > civilDate(today(session, site));
-    return isTomorrow ? std::string(texts.tomorrow) + ", " + left : left;
+    return isTomorrow ? std::string(_("tomorrow")) + ", " + left : left;
 }
 
 Json nextPrayerJson(Session& session, const NextPrayer& next) {

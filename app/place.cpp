@@ -40,17 +40,18 @@ std::optional<Point> pointOf(std::string_view text) {
 ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
     const auto check = [](double value, double limit, const char* what) {
         if (std::abs(value) <= limit) return;
-        throw Failure(ExitCode::usage, fmt::format("There is no {} of {} degrees: it lies between -{} and {}. "
-                                                   "Coordinates are LATITUDE,LONGITUDE, north and east positive.",
-                                                   what, value, limit, limit));
+        throw Failure(
+            ExitCode::usage,
+            _("{0} {1} is out of range (-{2} to {2}). Write LATITUDE,LONGITUDE in degrees, north and east positive.",
+              what, value, limit));
     };
-    check(point.latitude, 90.0, "latitude");
-    check(point.longitude, 180.0, "longitude");
+    check(point.latitude, 90.0, _("Latitude"));
+    check(point.longitude, 180.0, _("Longitude"));
     ChosenPlace place;
     place.nearest = cities.nearest(point.latitude, point.longitude);
-    if (!place.nearest) throw Failure(ExitCode::notFound, "There is no city whose clock could be used there.");
+    if (!place.nearest) throw Failure(ExitCode::notFound, _("There is no city near enough to take the clock from."));
     const CityRecord& nearest = place.nearest->city;
-    place.city.name = coordinatesText(textsOf(languageEnglish), point.latitude, point.longitude);  // also in JSON
+    place.city.name = coordinatesText(point.latitude, point.longitude, ".");  // also in JSON
     place.city.latitude = point.latitude;
     place.city.longitude = point.longitude;
     place.city.zone = nearest.zone;
@@ -61,8 +62,8 @@ ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
 }
 
 std::string suggestions(Session& session, const std::vector<CityHit>& hits) {
-    if (hits.empty()) return " Coordinates are understood too: --city LATITUDE,LONGITUDE";
-    std::string text = " Did you mean one of these? Use the name or the id:";
+    if (hits.empty()) return _("Coordinates work too: --city LATITUDE,LONGITUDE");
+    std::string text = _("Did you mean one of these? Use the name or the id:");
     for (const CityHit& hit : hits) {
         text += fmt::format("\n  {:>9}  {}", hit.city.id, fullName(session, hit.city));
         if (!hit.otherName.empty()) text += fmt::format(" ({})", hit.otherName);
@@ -74,25 +75,24 @@ CityRecord cityNamed(Session& session, std::string_view name) {
     const std::vector<CityHit> named = session.cities().named(name, 1);
     if (!named.empty()) return named.front().city;
     const std::vector<CityHit> hits = session.cities().search(name, suggestionCount);
-    throw Failure(ExitCode::notFound, fmt::format("No city is called \"{}\".{}", name, suggestions(session, hits)));
+    throw Failure(ExitCode::notFound, _("No city is called \"{}\".", name) + ' ' + suggestions(session, hits));
 }
 
-ChosenPlace placeNamed(Session& session, std::string_view wish) {
-    wish = trimmed(wish);
-    if (wish.empty()) throw Failure(ExitCode::usage, "The name of the city is empty.");
-    if (const auto point = pointOf(wish)) return placeAt(session.cities(), *point);
+ChosenPlace placeNamed(Session& session, std::string_view request) {
+    request = trimmed(request);
+    if (request.empty()) throw Failure(ExitCode::usage, _("The name of the city is empty."));
+    if (const auto point = pointOf(request)) return placeAt(session.cities(), *point);
     ChosenPlace place;
-    if (const auto own = ownPlace(session, wish)) {
+    if (const auto own = ownPlace(session, request)) {
         place.city = *own;
-    } else if (const auto id = numberOf<int>(wish)) {
+    } else if (const auto id = numberOf<int>(request)) {
         const std::optional<CityRecord> city = session.cities().city(*id);
         if (!city) {
-            throw Failure(ExitCode::notFound,
-                          fmt::format("No city has the id {}. Find one with: quode city search NAME", wish));
+            throw Failure(ExitCode::notFound, _("No city has the id {}. Find one with: quode city search NAME", request));
         }
         place.city = *city;
     } else {
-        place.city = cityNamed(session, wish);
+        place.city = cityNamed(session, request);
     }
     return place;
 }
@@ -110,11 +110,12 @@ ChosenPlace placeOfVariable(Session& session, const std::string& value) {
 /// A clock that TZ gives without naming a zone, or that the system makes UTC because it names none, has no place.
 void tellOfNamelessZone(Session& session) {
     const std::optional<std::string> value = session.variable("TZ");
-    const std::string remedy = " Name a zone, such as TZ=Europe/Istanbul, or choose your city: quode city home NAME";
-    if (!value) return writeMessage("The system does not tell the name of its time zone." + remedy);
+    const std::string remedy = _("Set a zone such as TZ=Europe/Istanbul, or choose your city: quode city home NAME");
+    if (!value) return writeMessage(_("The system has no name for its time zone. {}", remedy));
     const bool isRule = parsePosixZone(*value).has_value();
-    const char* problem = isRule ? "tells a clock, but no place" : "is no time zone that this system knows";
-    writeMessage(fmt::format("TZ is \"{}\", which {}.{}", *value, problem, remedy));
+
+    writeMessage(isRule ? _("TZ is \"{}\", which is a clock without a place. {}", *value, remedy)
+                        : _("TZ is \"{}\", which is not a time zone of this system. {}", *value, remedy));
 }
 
 ChosenPlace placeOfSystem(Session& session) {
@@ -122,7 +123,7 @@ ChosenPlace placeOfSystem(Session& session) {
     if (zone.empty()) tellOfNamelessZone(session);
     if (const auto city = session.cities().largestCityOfZone(zone)) return {*city, PlaceSource::systemZone, {}};
     const auto city = session.cities().city(mecca);
-    if (!city) throw Failure(ExitCode::notFound, "Choose a city: quode city home NAME");
+    if (!city) throw Failure(ExitCode::notFound, _("Choose a city: quode city home NAME"));
     return {*city, PlaceSource::fallback, {}};
 }
 
@@ -141,8 +142,8 @@ const char* sourceName(PlaceSource source) {
     }
 }
 
-ChosenPlace placeWithoutChoice(Session& session, const std::optional<std::string>& wish) {
-    if (wish) return placeNamed(session, *wish);
+ChosenPlace placeWithoutChoice(Session& session, const std::optional<std::string>& request) {
+    if (request) return placeNamed(session, *request);
     if (const auto variable = session.variable("QUODE_CITY")) {
         return placeOfVariable(session, *variable);
     }
@@ -179,14 +180,14 @@ void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates
     const CityRecord& city = place.city;
     const Style& style = session.style();
     if (place.nearest) {
-        const std::string clock = fmt::format(fmt::runtime(session.texts().clockOfNearest), place.nearest->city.name,
-                                              std::lround(place.nearest->distanceKm));
-        const std::string coordinates = coordinatesText(session.texts(), city.latitude, city.longitude);
+        const std::string clock =
+            _("clock of {}, {} km away", place.nearest->city.name, std::lround(place.nearest->distanceKm));
+        const std::string coordinates = coordinatesText(city.latitude, city.longitude, session.decimalMark());
         session.print(style.strong(coordinates) + "  " + style.dim(clock));
         return;
     }
     const std::string where = regionAndCountry(session, city);
-    const std::string coordinates = coordinatesText(session.texts(), city.latitude, city.longitude);
+    const std::string coordinates = coordinatesText(city.latitude, city.longitude, session.decimalMark());
     const int used = displayWidth(city.name) + 2 + displayWidth(where);
     if (!withCoordinates) return session.print(style.strong(city.name) + "  " + where);
     const bool fits = used + 2 + displayWidth(coordinates) <= pageWidth;
@@ -195,9 +196,9 @@ void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates
     if (!fits) session.print(style.dim(coordinates));
 }
 
-std::string coordinatesText(const Texts& texts, double latitude, double longitude) {
-    return fmt::format("{}° {}  {}° {}", decimal(texts, std::abs(latitude), 4), latitude < 0.0 ? 'S' : 'N',
-                       decimal(texts, std::abs(longitude), 4), longitude < 0.0 ? 'W' : 'E');
+std::string coordinatesText(double latitude, double longitude, std::string_view decimalMark) {
+    return fmt::format("{}° {}  {}° {}", decimalText(std::abs(latitude), 4, decimalMark), latitude < 0.0 ? 'S' : 'N',
+                       decimalText(std::abs(longitude), 4, decimalMark), longitude < 0.0 ? 'W' : 'E');
 }
 
 Json cityJson(const CityRecord& city) {

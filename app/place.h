@@ -32,7 +32,7 @@ struct ChosenPlace {
 
 /// Finds the place of --city, else of $QUODE_CITY, else the home city, else that of the system's time zone. Throws
 /// `Failure`: notFound with suggestions for an unknown city, usage for coordinates outside the Earth.
-ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish);
+ChosenPlace choosePlace(Session& session, const std::optional<std::string>& request);
 
 /// "İstanbul, İstanbul, Türkiye"; the region only where it is not the country.
 std::string regionAndCountry(Session& session, const CityRecord& city);
@@ -43,7 +43,7 @@ std::string fullName(Session& session, const CityRecord& city);
 void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates = false);
 
 /// "41.0138° N  28.9497° E".
-std::string coordinatesText(const Texts& texts, double latitude, double longitude);
+std::string coordinatesText(double latitude, double longitude, std::string_view decimalMark);
 
 Json placeJson(const ChosenPlace& place);
 Json cityJson(const CityRecord& city);

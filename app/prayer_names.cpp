@@ -15,6 +15,7 @@
 #include "common/LanguagePack.h"
 #include "common/numbers.h"
 #include "data/name_folding.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -83,7 +84,7 @@ std::vector<std::string> wordsOf(std::string_view text) {
         keys += (keys.empty() ? "" : ", ") + prayerKey(code);
     }
     throw Failure(ExitCode::usage,
-                  fmt::format("No prayer is called \"{}\". There are {} ({}; 1 to 6), and all.", word, names, keys));
+                  _("There is no prayer \"{}\". Use one of {} ({}; 1 to 6), or all.", word, names, keys));
 }
 
 }  // namespace

@@ -11,7 +11,9 @@
 #include "app/session.h"
 #include "app/terminal.h"
 #include "companion/UserDatabase.h"
+#include "companion/language.h"
 #include "data/attribution.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 
@@ -22,7 +24,7 @@ std::string versionText(Session& session, const std::string& program) {
     } catch (const CityDatabaseError& error) {
         edition = error.what();
     }
-    return fmt::format("{}\n\nCity database: {}\n{}\n", program, edition, dataAttribution);
+    return fmt::format("{}\n\n{}\n{}\n", program, _("City database: {}", edition), dataAttribution);
 }
 
 ExitCode writtenOrFailed(const std::string& text, ExitCode code) {
@@ -32,7 +34,7 @@ ExitCode writtenOrFailed(const std::string& text, ExitCode code) {
         case WriteResult::readerGone:  // as with "quode year | head": whoever reads has seen enough
             return ExitCode::outputFailed;
         default:
-            writeMessage("The output could not be written: " + std::system_category().message(errno) + ".");
+            writeMessage(_("The output cannot be written: {}.", std::system_category().message(errno)));
             return ExitCode::outputFailed;
     }
 }
@@ -43,6 +45,9 @@ ExitCode runReportingFailures(const std::function<ExitCode()>& run) {
     } catch (const Failure& failure) {
         writeMessage(failure.what());
         return failure.code();
+    } catch (const UnknownLanguage& error) {
+        writeMessage(error.what());
+        return ExitCode::usage;
     } catch (const CityDatabaseError& error) {
         writeMessage(error.what());
         return ExitCode::damagedData;
@@ -50,7 +55,7 @@ ExitCode runReportingFailures(const std::function<ExitCode()>& run) {
         writeMessage(error.what());
         return error.reason() == UserDatabaseError::Reason::refused ? ExitCode::usage : ExitCode::userData;
     } catch (const std::exception& error) {
-        writeMessage(std::string("Something unexpected happened: ") + error.what());
+        writeMessage(_("Unexpected error: {}", error.what()));
         return ExitCode::internalError;
     }
 }

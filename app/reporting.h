@@ -15,10 +15,10 @@ class Session;
 /// What a program shows of its edition: its name with its number, and the sources of the data.
 std::string versionText(Session& session, const std::string& program);
 
-/// Writes the output of a program. Returned: `code`, or that it could not be written, which is told.
+/// Writes the output of a program. Returned: `code`, or that it could not be written, which is reported.
 ExitCode writtenOrFailed(const std::string& text, ExitCode code);
 
-/// Runs a program; what it throws is told to the user.
+/// Runs a program; what it throws is reported to the user.
 ExitCode runReportingFailures(const std::function<ExitCode()>& run);
 
 }  // namespace quode::app

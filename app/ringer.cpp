@@ -6,7 +6,6 @@
 
 #include "app/session.h"
 #include "app/text_layout.h"
-#include "app/user_texts.h"
 #include "companion/UserEventStore.h"
 #include "companion/alarm_service.h"
 #include "companion/ringer.h"
@@ -30,13 +29,12 @@ void findProblem(Session& session, const UserSettings& settings, RingerState& st
               obstacle),
             "quode settings ringer quode");
     } else if (settings.ringer == Ringer::quode && obstacle.empty()) {
-        set(_("Evolution rings beside Quode: every alarm comes twice. Let Quode ring alone:"),
+        set(_("Both Evolution and Quode ring: every alarm comes twice. Let Quode ring alone:"),
             "quode settings ringer quode");
     } else if (!state.serviceRuns && state.ringer == Ringer::quode) {
         set(_("The alarm service is not running: nothing rings. Start it:"), startService);
     } else if (!state.serviceRuns) {
-        set(_("The alarm service is not running: Evolution rings each alarm once more, and then no longer. Start it:"),
-            startService);
+        set(_("The alarm service is not running: Evolution rings each alarm only once more. Start it:"), startService);
     }
 }
 
@@ -76,13 +74,15 @@ void setRinger(Session& session, UserDatabase& database, Ringer ringer) {
 }
 
 void printRinger(Session& session, const RingerState& state) {
-    const UserTexts& texts = userTextsOf(session.services().languageId());
     const Style& style = session.style();
     if (!state.isReady()) {
         session.print(style.warning(wrapped("! " + state.problem, pageWidth, 2)));
         return session.print("  " + state.remedy);
     }
-    const std::string_view text = state.ringer == Ringer::quode ? texts.quodeRings : texts.evolutionRings;
+    const std::string_view text =
+        state.ringer == Ringer::quode
+            ? _("The alarm service of Quode rings; it is running.")
+            : _("Evolution rings, by its reminders; the alarm service of Quode renews the events.");
     session.print(style.dim(wrapped(text, pageWidth, 0)));
 }
 

@@ -3,10 +3,13 @@
 #include "app/session.h"
 
 #include "app/dates.h"
+#include "app/text_layout.h"
 #include "common/captions.h"
+#include "common/labels.h"
 #include "common/prayer.h"
 #include "platform/folders.h"
 #include "platform/system_platform.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -57,15 +60,15 @@ std::string languageOfLocale(const std::string& locale) {
 std::string_view plainCaption(int textId) {
     switch (textId) {
         case sunCaption:
-            return "Sun";
+            return _("Sun");
         case moonCaption:
-            return "Moon";
+            return _("Moon");
         case moonAtSunsetCaption:
-            return "Moon at sunset";
+            return _("Moon at sunset");
         case zoneCaption:
-            return "Time zone";
+            return _("Time zone");
         case qiblaCaption:
-            return "Qibla";
+            return _("Qibla");
         default:
             return "";
     }
@@ -81,9 +84,12 @@ std::string withoutColon(std::string text) {
 
 }  // namespace
 
-Session::Session(Environment environment, const Wishes& wishes)
-    : environment_(std::move(environment)), wishes_(wishes), drawsOnTerminal_(isTerminal(environment_)) {
-    style_.colours = drawsOnTerminal_ && !wishes_.noColours && !nonEmpty(environment_, "NO_COLOR");
+Session::Session(Environment environment, const Options& options)
+    : environment_(std::move(environment)),
+      options_(options),
+      language_(options_.language ? *options_.language : speakChosenLanguage(environment_, {})),
+      drawsOnTerminal_(isTerminal(environment_)) {
+    style_.colours = drawsOnTerminal_ && !options_.noColours && !nonEmpty(environment_, "NO_COLOR");
 }
 
 Session::~Session() = default;
@@ -91,7 +97,7 @@ Session::~Session() = default;
 Clock& Session::clock() {
     if (!clock_) {
         clock_ = systemClock();
-        std::optional<std::chrono::sys_seconds> moment = wishes_.moment;
+        std::optional<std::chrono::sys_seconds> moment = options_.moment;
         if (const auto value = variable("QUODE_NOW"); value && !moment) moment = parseMoment(*value);
         if (moment) clock_ = std::make_shared<StoppedClock>(clock_, *moment);
     }
@@ -124,38 +130,24 @@ const CityDatabase& Session::cities() {
     return *cities_;
 }
 
-std::string Session::chosenLanguage() const {
-    if (wishes_.language) return *wishes_.language;
-    const std::optional<std::string> language = variable("QUODE_LANG");
-    if (!language) return "";
-    if (!languageIdOf(*language)) {
-        throw Failure(ExitCode::usage, "QUODE_LANG is one of tr, en, fr, de, not \"" + *language + "\".");
-    }
-    return *language;
-}
-
 GlobalFuncs& Session::services() {
     if (services_ != nullptr) return *services_;
     clock();
     const std::string locale = localeNameFrom(environment_);
-    const std::string language = chosenLanguage();
     Platform platform = systemPlatform();
     platform.clock = clock_;
     platform.eventStore = calendar_;
     platform.dataFolder = dataFolder().string();
     if (device_) platform.device = device_;
-    if (!language.empty() && language != languageOfLocale(locale)) {
-        platform.locale = std::make_shared<TranslatedLocale>(platform.locale, icuLocale(language));
+    if (language_.isGiven && language_.code != languageOfLocale(locale)) {
+        platform.locale = std::make_shared<TranslatedLocale>(platform.locale, icuLocale(language_.code));
     }
     services_ = &GlobalFuncs::startUp(platform);
     services_->setApplicationBundlePath(bundle().string());
     if (const auto& problem = services_->dataFolderProblem()) writeMessage(*problem);
-    services_->chooseLanguage(language.empty() ? languageOfLocale(locale) : language);
+    // The widget has packs of four languages; its texts are English in every other one.
+    if (!services_->chooseLanguage(language_.code)) services_->chooseLanguage("en");
     return *services_;
-}
-
-const Texts& Session::texts() {
-    return textsOf(services().languageId());
 }
 
 bool Session::isTurkish() {
@@ -167,28 +159,46 @@ GlobalFuncs& Session::servicesWithTexts() {
     if (textsAreLoaded_) return shared;
     textsAreLoaded_ = true;
     if (const auto problem = shared.loadLanguageFile()) {
-        complain(*problem + ". Plain names are shown instead. Install Quode again to repair this.",
+        complain(_("{}. The names of the catalogue are shown instead. Install Quode again to repair this.", *problem),
                  ExitCode::damagedData);
     }
     return shared;
 }
 
 std::string Session::prayerName(int code) {
-    return servicesWithTexts().GetTextPrayLabels(code).value_or(factsOf(code).plainName);
+    return prayerLabel(servicesWithTexts(), code);
 }
 
 std::string Session::hijriMonth(int month) {
-    return servicesWithTexts().GetTextHijriMonth(month).value_or(std::to_string(month));
+    return hijriMonthLabel(servicesWithTexts(), month);
 }
 
 std::string Session::caption(int textId) {
-    std::string text = servicesWithTexts().GetKeyValue(textId).value_or("");
+    GlobalFuncs& shared = servicesWithTexts();
+    const bool isOurs = languageName(shared.languageId()) == languageInUse();
+    std::string text = isOurs ? shared.GetKeyValue(textId).value_or("") : "";
     text.erase(std::min(text.size(), text.find("%@")));
     return text.empty() ? std::string(plainCaption(textId)) : withoutColon(std::move(text));
 }
 
 std::string Session::monthName(int month) {
     return services().GetTextGregorianMonth(month);
+}
+
+std::string Session::weekdayName(int weekday) {
+    return services().platform().locale->weekdayName(weekday);
+}
+
+std::string Session::shortWeekdayName(int weekday) {
+    return services().platform().locale->shortWeekdayName(weekday);
+}
+
+std::string Session::decimalMark() {
+    return services().platform().locale->decimalMark();
+}
+
+std::string Session::decimal(double value, int places, bool withSign) {
+    return decimalText(value, places, decimalMark(), withSign);
 }
 
 void Session::complain(std::string_view message, ExitCode code) {

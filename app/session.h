@@ -12,8 +12,8 @@
 #include "app/failure.h"
 #include "app/json.h"
 #include "app/terminal.h"
-#include "app/texts.h"
 #include "common/GlobalFuncs.h"
+#include "companion/language.h"
 #include "data/CityDatabase.h"
 #include "platform/Device.h"
 #include "platform/Environment.h"
@@ -25,14 +25,15 @@ namespace quode::app {
 /// it is first asked for, so that a command pays only for what it shows.
 class Session {
   public:
-    struct Wishes {
-        std::optional<std::string> language;  ///< "tr", "en", "fr" or "de"
+    struct Options {
+        /// As speakChosenLanguage() returned it at the start; otherwise it is chosen now.
+        std::optional<LanguageChoice> language = {};
         bool json = false;
         bool noColours = false;
         std::optional<std::chrono::sys_seconds> moment = {};  ///< taken for now, before $QUODE_NOW
     };
 
-    Session(Environment environment, const Wishes& wishes);
+    Session(Environment environment, const Options& options);
     ~Session();
 
     /// The present moment: that of $QUODE_NOW when it is set. Throws `Failure` when that is no moment.
@@ -64,7 +65,10 @@ class Session {
 
     /// The shared services, in the language that was chosen.
     GlobalFuncs& services();
-    const Texts& texts();
+
+    /// A number with a fixed count of decimals, as the language writes it.
+    std::string decimal(double value, int places, bool withSign = false);
+    std::string decimalMark();
     bool isTurkish();
 
     // Texts of the language pack. Without a usable pack there are plain names, and the problem is reported once.
@@ -76,10 +80,14 @@ class Session {
     /// The name of a Gregorian month, in the language that was asked for, else as the locale has it.
     std::string monthName(int month);
 
+    /// The name of a day of the week, 0 = Sunday .. 6 = Saturday.
+    std::string weekdayName(int weekday);
+    std::string shortWeekdayName(int weekday);
+
     /// A value of the environment; nothing when it is empty.
     std::optional<std::string> variable(std::string_view name) const { return nonEmpty(environment_, name); }
 
-    bool wantsJson() const { return wishes_.json; }
+    bool wantsJson() const { return options_.json; }
     const Style& style() const { return style_; }
     bool drawsOnTerminal() const { return drawsOnTerminal_; }
 
@@ -100,10 +108,10 @@ class Session {
   private:
     Clock& clock();
     GlobalFuncs& servicesWithTexts();
-    std::string chosenLanguage() const;
 
     Environment environment_;
-    Wishes wishes_;
+    Options options_;
+    LanguageChoice language_;
     bool drawsOnTerminal_ = false;
     Style style_;
     std::shared_ptr<Clock> clock_;

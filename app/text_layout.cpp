@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/text_layout.h"
 
+#include <fmt/format.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
@@ -59,6 +60,12 @@ std::string wrapped(std::string_view text, int width, int indentation) {
         column += length;
     }
     return lines;
+}
+
+std::string decimalText(double value, int places, std::string_view decimalMark, bool withSign) {
+    std::string text = withSign ? fmt::format("{:+.{}f}", value, places) : fmt::format("{:.{}f}", value, places);
+    if (places > 0) text.replace(text.find('.'), 1, decimalMark);
+    return text;
 }
 
 std::vector<std::string> TextTable::lines() const {

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "texts/translation.h"
+
 namespace quode::app {
 
 /// The columns that a page has.
@@ -20,6 +22,9 @@ std::string padLeft(std::string_view text, int width);   ///< filled with blanks
 
 /// The text in lines of at most `width` columns, broken at blanks; later lines begin with `indentation` blanks.
 std::string wrapped(std::string_view text, int width, int indentation);
+
+/// A number with a fixed count of decimals and this sign before them.
+std::string decimalText(double value, int places, std::string_view decimalMark, bool withSign = false);
 
 /// Rows of cells, each column as wide as its widest cell, with two blanks between. Blanks at the end of a line are left
 /// out.

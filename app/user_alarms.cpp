@@ -14,9 +14,9 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "app/user_data.h"
-#include "app/user_texts.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
+#include "common/labels.h"
 #include "companion/RingRecords.h"
 #include "texts/translation.h"
 
@@ -57,7 +57,7 @@ std::string dayText(Session& session, const CityRecord& city, const VAKDate& dat
     const VAKDate now = today(session, siteOf(city));
     if (sameDay(date, now)) return _("today");
     const bool isLater = calendar::GregorianDateToJulian(date) > calendar::GregorianDateToJulian(now);
-    return isLater ? std::string(session.texts().tomorrow) : _("yesterday");
+    return isLater ? std::string(_("tomorrow")) : _("yesterday");
 }
 
 /// When an alarm rings; with the day where that is another one than the prayer's.
@@ -68,16 +68,15 @@ std::string ringText(Session& session, const CityRecord& city, const AlarmOccurr
 }
 
 std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const UserAlarm& alarm, bool isNext) {
-    const UserTexts& texts = userTextsOf(session.services().languageId());
     const auto ring = std::ranges::find(all.coming, alarm.code, &AlarmOccurrence::code);
     const bool comes = ring != all.coming.end();
     std::vector<std::string> row{
         isNext ? "›" : " ", session.prayerName(alarm.code), clockText(session, comes ? ring->hours : missingTime),
-        comes ? dayText(session, *all.city, ring->date) : "", std::string(alarm.isOn ? texts.on : texts.off)};
+        comes ? dayText(session, *all.city, ring->date) : "", std::string(alarm.isOn ? _c("alarm", "on") : _c("alarm", "off"))};
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();
     if (!isSetUp) return row;
     row.push_back(comes ? ringText(session, *all.city, *ring) : std::string(formatting::noTime));
-    row.push_back(offsetText(session, alarm.offset));
+    row.push_back(offsetText(alarm.offset));
     row.push_back(soundOf(all, alarm));
     return row;
 }
@@ -158,10 +157,10 @@ std::string soundOf(const UserAlarms& all, const UserAlarm& alarm) {
     return alarm.sound.empty() ? all.settings.defaultSound : alarm.sound;
 }
 
-std::string offsetText(Session& session, int minutes) {
-    const UserTexts& texts = userTextsOf(session.services().languageId());
-    if (minutes == 0) return std::string(texts.atTheTime);
-    return fmt::format(fmt::runtime(minutes < 0 ? texts.before : texts.after), std::abs(minutes));
+std::string offsetText(int minutes) {
+    if (minutes == 0) return std::string(_("at the time"));
+    const std::string length = durationLabel(std::chrono::minutes(std::abs(minutes)));
+    return minutes < 0 ? _("{} before", length) : _("{} after", length);
 }
 
 std::string clockAt(Session& session, const CityRecord& city, sys_seconds instant) {
@@ -170,10 +169,9 @@ std::string clockAt(Session& session, const CityRecord& city, sys_seconds instan
 }
 
 std::string timeUntil(Session& session, const CityRecord& city, sys_seconds instant) {
-    const Texts& texts = session.texts();
-    const std::string left = fmt::format(fmt::runtime(texts.in), durationText(session, instant - session.now()));
+    const std::string left = _("in {}", durationText(instant - session.now()));
     const bool isToday = sameDay(wallClock(city.rule, instant), today(session, siteOf(city)));
-    return isToday ? left : std::string(texts.tomorrow) + ", " + left;
+    return isToday ? left : std::string(_("tomorrow")) + ", " + left;
 }
 
 void printAlarmCity(Session& session, const UserAlarms& all) {
@@ -204,7 +202,7 @@ void showAlarms(Session& session, const UserAlarms& all) {
     if (all.city) {
         printAlarmCity(session, all);
     } else {
-        session.print(userTextsOf(session.services().languageId()).noCities);
+        session.print(_("You have no cities yet. To choose one: quode city home NAME."));
         session.print();
     }
     printTable(session, all);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The user's alarms: when they ring, and what is told of them.
+// The user's alarms: when they ring, and what is shown of them.
 #pragma once
 
 #include <string>
@@ -39,7 +39,7 @@ UserAlarms readAlarms(Session& session, UserDatabase& database);
 std::string soundOf(const UserAlarms& all, const UserAlarm& alarm);
 
 /// "15 min before".
-std::string offsetText(Session& session, int minutes);
+std::string offsetText(int minutes);
 
 /// The wall clock at the place of an instant, as the locale tells it.
 std::string clockAt(Session& session, const CityRecord& city, std::chrono::sys_seconds instant);

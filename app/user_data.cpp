@@ -13,6 +13,7 @@
 #include "data/AlarmJournal.h"
 #include "data/name_folding.h"
 #include "data/user_places.h"
+#include "texts/translation.h"
 
 namespace quode::app {
 namespace {
@@ -24,18 +25,18 @@ std::string nameOf(const UserCity& city) {
     return city.city ? city.city->name : "";
 }
 
-bool isCalled(const UserCity& city, std::string_view wish) {
-    return city.city && foldedName(city.city->name) == foldedName(wish);
+bool isCalled(const UserCity& city, std::string_view request) {
+    return city.city && foldedName(city.city->name) == foldedName(request);
 }
 
-std::vector<UserCity> citiesMeant(const std::vector<UserCity>& cities, std::string_view wish) {
-    const std::optional<int> number = numberOf<int>(wish);
+std::vector<UserCity> citiesMeant(const std::vector<UserCity>& cities, std::string_view request) {
+    const std::optional<int> number = numberOf<int>(request);
     if (number && *number >= 1 && *number <= static_cast<int>(cities.size())) {
         return {cities[static_cast<std::size_t>(*number - 1)]};
     }
     std::vector<UserCity> meant;
     std::ranges::copy_if(cities, std::back_inserter(meant),
-                         [&](const UserCity& city) { return number ? city.id == *number : isCalled(city, wish); });
+                         [&](const UserCity& city) { return number ? city.id == *number : isCalled(city, request); });
     return meant;
 }
 
@@ -75,9 +76,8 @@ UserDatabase userDatabaseToChange(Session& session) {
 }
 
 std::string lostHome(int id) {
-    return fmt::format(
-        "Your home city, number {}, is not in the city database any more. Choose another one: quode city home NAME",
-        id);
+    return _("Your home city, number {}, is no longer in the city database. Choose another one: quode city home NAME",
+             id);
 }
 
 std::optional<CityRecord> homeCity(Session& session) {
@@ -88,33 +88,32 @@ std::optional<CityRecord> homeCity(Session& session) {
         if (!home->city) session.complain(lostHome(home->id), ExitCode::userData);
         return home->city;
     } catch (const UserDatabaseError& error) {
-        session.complain(std::string("Your home city is not known. ") + error.what(), ExitCode::userData);
+        session.complain(_("Your home city cannot be read. {}", error.what()), ExitCode::userData);
         return std::nullopt;
     }
 }
 
-std::optional<CityRecord> ownPlace(Session& session, std::string_view wish) {
+std::optional<CityRecord> ownPlace(Session& session, std::string_view request) {
     try {
         const std::optional<UserDatabase> database = userDatabaseToRead(session);
         if (!database) return std::nullopt;
-        const std::optional<int> number = numberOf<int>(wish);
+        const std::optional<int> number = numberOf<int>(request);
         for (const UserCity& city : database->cities()) {
-            if (isUserPlace(city.id) && (number ? city.id == *number : isCalled(city, wish))) return city.city;
+            if (isUserPlace(city.id) && (number ? city.id == *number : isCalled(city, request))) return city.city;
         }
     } catch (const UserDatabaseError&) {
-        // What is wished may be a city all the same; if not, that is told.
+        // The name may be that of a city all the same; if not, that is reported.
     }
     return std::nullopt;
 }
 
-UserCity cityOfList(const std::vector<UserCity>& cities, std::string_view wish) {
-    const std::vector<UserCity> meant = citiesMeant(cities, wish);
+UserCity cityOfList(const std::vector<UserCity>& cities, std::string_view request) {
+    const std::vector<UserCity> meant = citiesMeant(cities, request);
     if (meant.size() == 1) return meant.front();
     if (meant.empty()) {
-        throw Failure(ExitCode::notFound,
-                      fmt::format("\"{}\" is not among your cities. Show them with: quode city list", wish));
+        throw Failure(ExitCode::notFound, _("\"{}\" is not in your list. Show your cities: quode city list", request));
     }
-    std::string text = fmt::format("Several of your cities are called \"{}\". Use the id:", wish);
+    std::string text = _("Several of your cities are called \"{}\". Use the id:", request);
     for (const UserCity& city : meant) text += fmt::format("\n  {:>9}  {}", city.id, nameOf(city));
     throw Failure(ExitCode::usage, text);
 }

@@ -17,11 +17,11 @@ class Session;
 /// The user database, to read from; nothing when there is none yet. Throws `UserDatabaseError`.
 std::optional<UserDatabase> userDatabaseToRead(Session& session);
 
-/// The user database, to be changed; it is made when there is none. What the user should know about it is told. Throws
+/// The user database, to be changed; it is made when there is none. What the user should know about it is reported. Throws
 /// `UserDatabaseError`.
 UserDatabase userDatabaseToChange(Session& session);
 
-/// What the user is told whose home city, a number, neither database knows any more.
+/// The message for a home city, a number, that neither database knows any longer.
 std::string lostHome(int id);
 
 /// The user's home city; nothing when none was chosen. A database that cannot be read, and a city that is not known any
@@ -29,10 +29,10 @@ std::string lostHome(int id);
 std::optional<CityRecord> homeCity(Session& session);
 
 /// A place that the user added by coordinates, by its name or its number; nothing when there is none.
-std::optional<CityRecord> ownPlace(Session& session, std::string_view wish);
+std::optional<CityRecord> ownPlace(Session& session, std::string_view request);
 
 /// The city of the user's list that is meant by its position, its id or its name. Throws `Failure` when there is none,
 /// or more than one.
-UserCity cityOfList(const std::vector<UserCity>& cities, std::string_view wish);
+UserCity cityOfList(const std::vector<UserCity>& cities, std::string_view request);
 
 }  // namespace quode::app

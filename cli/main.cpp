@@ -12,21 +12,22 @@ using namespace quode;
 using namespace quode::app;
 using namespace quode::cli;
 
-Session::Wishes wishesOf(const Arguments& arguments) {
-    return {arguments.text("lang"), arguments.has("json") || arguments.text("format") == "json",
+Session::Options optionsOf(const Arguments& arguments, const LanguageChoice& language) {
+    return {language, arguments.has("json") || arguments.text("format") == "json",
             arguments.has("no-color")};
 }
 
 ExitCode run(const std::vector<std::string>& arguments) {
+    const LanguageChoice language = speakChosenLanguage(processEnvironment(), languageOption(arguments));
     const std::vector<Command> commands = allCommands();
     const ParsedLine line = parseCommandLine(quodeProgram(), commands, commands.front(), arguments);
     if (const auto* help = std::get_if<HelpText>(&line)) return writtenOrFailed(help->text, ExitCode::ok);
-    if (std::holds_alternative<VersionWish>(line)) {
-        Session session(processEnvironment(), {});
+    if (std::holds_alternative<VersionRequest>(line)) {
+        Session session(processEnvironment(), {language});
         return writtenOrFailed(versionText(session, "quode " QUODE_VERSION), ExitCode::ok);
     }
     const auto& invocation = std::get<Invocation>(line);
-    Session session(processEnvironment(), wishesOf(invocation.arguments));
+    Session session(processEnvironment(), optionsOf(invocation.arguments, language));
     invocation.command->run(session, invocation.arguments);
     return writtenOrFailed(session.output(), session.exitCode());
 }

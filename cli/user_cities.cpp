@@ -7,7 +7,7 @@
 #include "app/place.h"
 #include "app/session.h"
 #include "app/text_layout.h"
-#include "app/user_texts.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 
@@ -21,24 +21,23 @@ using Align = TextTable::Align;
 enum class Width { withZone, withRegion, nameOnly };
 
 std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& cities, Width width) {
-    const UserTexts& texts = userTextsOf(session.services().languageId());
     TextTable table({Align::right, Align::left, Align::left, Align::left, Align::right, Align::left});
     for (const UserCity& each : cities) {
         const std::string position = std::to_string(&each - cities.data() + 1);
         const std::string id = std::to_string(each.id);
-        const std::string home(each.isHome ? texts.home : "");
+        const std::string home(each.isHome ? _c("city", "home") : "");
         if (each.city) {
             table.add({position, each.city->name, width == Width::nameOnly ? "" : regionAndCountry(session, *each.city),
                        width == Width::withZone ? each.city->zone : "", id, home});
         } else {
-            table.add({position, "?", std::string(texts.unknownCity), "", id, home});
+            table.add({position, "?", std::string(_("no longer in the city database")), "", id, home});
         }
     }
     return table.lines();
 }
 
 void printCities(Session& session, const std::vector<UserCity>& cities) {
-    if (cities.empty()) return session.print(userTextsOf(session.services().languageId()).noCities);
+    if (cities.empty()) return session.print(_("You have no cities yet. To choose one: quode city home NAME."));
     std::vector<std::string> lines;
     for (const Width width : {Width::withZone, Width::withRegion, Width::nameOnly}) {
         lines = linesOf(session, cities, width);

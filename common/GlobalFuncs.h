@@ -28,7 +28,7 @@ class GlobalFuncs {
     struct Key {};  // keeps the constructor to this class
 
   public:
-    /// Creates the shared object on this platform. A later call creates it anew in the same place, with all its state,
+    /// Creates the shared object on this platform. A later call recreates it in the same place, with all its state,
     /// which tests use; references to it stay valid.
     static GlobalFuncs& startUp(Platform platform);
 

@@ -71,7 +71,7 @@ void GlobalFuncs::NSLogToFile(std::string_view message) noexcept {
             fmt::format("[{:02d}:{:02d}:{:02d}] {}\n", now.Hours, now.Minutes, now.Seconds, message);
         platform_.files->append(fmt::format("{}/{}", dataFolder(), logFileName), line);
     } catch (const std::exception&) {
-        // There is no other place to tell it: the missing folder itself is told by dataFolderProblem.
+        // There is no other place to report it: dataFolderProblem reports the missing folder.
     }
 }
 

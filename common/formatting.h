@@ -9,7 +9,7 @@
 /// Texts of times, zones and angles. A number that is not finite, or too large for the text, is shown as dashes.
 namespace quode::formatting {
 
-/// How a clock is told: with 24 hours, or with 12 and a sign for each half of the day.
+/// How a time is written: with 24 hours, or with 12 and a sign for each half of the day.
 struct ClockConvention {
     bool is24Hour = true;
     std::string amSym;

@@ -33,7 +33,7 @@ struct PrayerFacts {
     Prayer prayer;
     const char* key;                          ///< in JSON and CSV, and on the command line
     const char* packKey;                      ///< in the section PRAYERS of a language pack
-    const char* plainName;                    ///< shown when no language pack can be read
+    const char* plainName;                    ///< also accepted on the command line
     double PrayTimes::*time;                  ///< local decimal hours
     bool PrayTimes::*isEarlierDay = nullptr;  ///< set when the time is that of an earlier day; null: never
 };

@@ -60,7 +60,7 @@ std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path
                                                      const CityDatabase& cities, const Clock& device,
                                                      std::chrono::milliseconds patience) {
     const std::filesystem::path file = userDatabaseFile(dataFolder);
-    std::error_code unreachable;  // such a file is told of when it is opened
+    std::error_code unreachable;  // such a file is reported when it is opened
     if (!std::filesystem::exists(file, unreachable) && !unreachable) return std::nullopt;
     auto connection = std::make_unique<UserConnection>(file, patience);
     if (connection->isEmpty()) return std::nullopt;
@@ -74,7 +74,7 @@ const std::filesystem::path& UserDatabase::file() const {
     return connection_->file();
 }
 
-// The largest city of the device's zone. Without one the user is told.
+// The largest city of the device's zone. Without one the user gets a notice.
 std::optional<int> UserDatabase::firstCity() {
     const std::string zone = device_->zoneName();
     if (const std::optional<CityRecord> city = cities_->largestCityOfZone(zone)) return city->id;

@@ -68,7 +68,7 @@ struct UserAlarm {
 inline constexpr int largestAlarmOffset = 720;  // minutes
 
 /// The file "user.sqlite" of the data folder, opened for a task and closed again; programs that run for long open it
-/// anew for each task. Every operation that changes something either does so altogether or throws `UserDatabaseError`
+/// again for each task. Every operation that changes something either does so altogether or throws `UserDatabaseError`
 /// and changes nothing. One object is used by one thread; several programs may use the file at once.
 class UserDatabase {
   public:

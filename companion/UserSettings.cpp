@@ -11,6 +11,7 @@ namespace {
 constexpr const char* soundName = "alarm.sound";
 constexpr const char* layoutName = "calendar.layout";
 constexpr const char* ringerName = "alarm.ringer";
+constexpr const char* languageName = "language";
 constexpr const char* panelName = "panel.layout";
 constexpr const char* colorsName = "panel.colors";
 constexpr int colorSchemes = 6;
@@ -34,6 +35,8 @@ UserSettings loadSettings(const UserDatabase& database) {
     if (!sound.empty()) settings.defaultSound = sound;
     if (database.setting(layoutName) == "vdir") settings.calendarLayout = CalendarLayout::vdir;
     if (database.setting(ringerName) == "evolution") settings.ringer = Ringer::evolution;
+    const std::string language = database.setting(languageName).value_or("");
+    if (!language.empty()) settings.language = language;
     for (const PanelLayout layout : {PanelLayout::phone, PanelLayout::tablet}) {
         if (database.setting(panelName) == valueOf(layout)) settings.panelLayout = layout;
     }
@@ -48,6 +51,7 @@ void saveSettings(UserDatabase& database, const UserSettings& settings) {
         database.setSetting(soundName, settings.defaultSound);
         database.setSetting(layoutName, settings.calendarLayout == CalendarLayout::vdir ? "vdir" : "ics");
         database.setSetting(ringerName, settings.ringer == Ringer::evolution ? "evolution" : "quode");
+        database.setSetting(languageName, settings.language);
         database.setSetting(panelName, valueOf(settings.panelLayout));
         database.setSetting(colorsName, std::to_string(settings.colorScheme));
     });

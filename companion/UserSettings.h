@@ -32,6 +32,7 @@ struct UserSettings {
     std::string defaultSound = "chime";  ///< of alarms that are set up without one
     CalendarLayout calendarLayout = CalendarLayout::ics;
     Ringer ringer = Ringer::quode;
+    std::string language = "auto";  ///< of every program; "auto": that of the locale
     PanelLayout panelLayout = PanelLayout::automatic;
     int colorScheme = 1;  ///< of the widget, 0..5
 

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 
+#include "data/sqlite_reading.h"
+#include "data/user_places.h"
+#include "platform/folders.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -52,6 +55,29 @@ LanguageChoice chosenLanguage(const std::optional<std::string>& option, const En
     if (setting && isAvailable(*setting, available)) return {*setting, true};
     if (const auto language = languageOfLocale(messageLocale(environment), available)) return {*language, true};
     return {"en", false};
+}
+
+LanguageChoice speakChosenLanguage(const Environment& environment, const std::optional<std::string>& option) {
+    const std::filesystem::path bundle = bundleFolderFrom(environment, executablePath());
+    const bool isNamed = option || nonEmpty(environment, "QUODE_LANG");
+    const auto setting = isNamed ? std::nullopt : storedLanguage(dataFolderFrom(environment));
+    LanguageChoice choice = chosenLanguage(option, environment, setting, availableLanguages(bundle));
+    useLanguage(choice.code, bundle);
+    return choice;
+}
+
+std::optional<std::string> storedLanguage(const std::filesystem::path& dataFolder) {
+    const std::filesystem::path file = userDatabaseFile(dataFolder);
+    std::error_code error;
+    if (!std::filesystem::exists(file, error)) return std::nullopt;
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
+    const sqlite::Database database(opened);
+    if (result != SQLITE_OK) return std::nullopt;
+    const sqlite::Statement row =
+        sqlite::prepare(database.get(), "SELECT VALUE FROM USER_SETTING WHERE NAME = 'language'");
+    if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return std::nullopt;
+    return sqlite::text(row.get(), 0);
 }
 
 }  // namespace quode

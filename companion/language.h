@@ -3,6 +3,7 @@
 // Which language every program speaks.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -34,6 +35,14 @@ struct LanguageChoice {
 /// @throw UnknownLanguage  when the option or QUODE_LANG names a language without a catalogue
 LanguageChoice chosenLanguage(const std::optional<std::string>& option, const Environment& environment,
                               const std::optional<std::string>& setting, const std::vector<std::string>& available);
+
+/// Chooses the language by that rule, with the setting of the user database and the catalogues of the bundle, and makes
+/// it that of this process. Every program calls this at its start.
+/// @throw UnknownLanguage
+LanguageChoice speakChosenLanguage(const Environment& environment, const std::optional<std::string>& option);
+
+/// The language in the settings of a user database; nothing when it has none or cannot be read now.
+std::optional<std::string> storedLanguage(const std::filesystem::path& dataFolder);
 
 /// @throw UnknownLanguage  when the language has no catalogue
 void checkLanguage(const std::string& origin, const std::string& language, const std::vector<std::string>& available);

@@ -19,7 +19,7 @@ class CompassViewController : public QWidget {
     bool shouldAutorotateToInterfaceOrientation(DeviceOrientation) const { return true; }
 
     /// Empties the frame of the compass on top, which goes on to cover the window as its parts are not clipped, and
-    /// places its dial anew.
+    /// places its dial again.
     /// @param duration  seconds; the turn is not animated here
     void willAnimateRotationToInterfaceOrientation(DeviceOrientation orientation, double duration);
 

@@ -30,7 +30,7 @@ struct AlarmChange {
 /// Reads and writes the alarms of the user database, and keeps an event in the device's calendar for each that is on.
 ///
 /// Prayers are named by their codes 200 (Imsak) to 205 (Yatsi). Every operation opens the database and closes it again;
-/// a missing file makes it do nothing. Nothing is thrown: failures are told in the debug log. The clock, the files and
+/// a missing file makes it do nothing. Nothing is thrown: failures are written to the debug log. The clock, the files and
 /// the calendar are those of the shared services' platform. Everything runs on one thread.
 ///
 /// Row and event change together: see `AlarmJournal`. What an earlier program has left half done is finished first.

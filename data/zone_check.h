@@ -46,7 +46,7 @@ std::optional<ZoneDisagreement> checkZone(const StoredZone& zone, DayRange range
 std::vector<ZoneDisagreement> checkZones(std::span<const StoredZone> zones, DayRange range,
                                          const std::filesystem::path& zoneFolder = systemZoneFolder);
 
-/// An offset from Greenwich such as "UTC+5:45"; seconds are told where there are any.
+/// An offset from Greenwich such as "UTC+5:45"; with seconds where there are any.
 std::string utcOffsetText(double hours);
 
 /// A disagreement in one line, for example

@@ -32,7 +32,7 @@ class HomeWatch : public MomentWatch {
     void lookAgain();
 
   Q_SIGNALS:
-    /// Something was chosen that the widget need not be built anew for, such as an alarm.
+    /// Something was chosen that the widget need not be rebuilt for, such as an alarm.
     void otherChoicesWritten();
 
   private:

@@ -13,7 +13,7 @@
 namespace quode::host {
 
 /// Tells when a moment has come by the wall clock, and when that clock was set to another time or zone, or went on
-/// after the device slept, so that the moment has to be found anew.
+/// after the device slept, so that the moment has to be found again.
 class MomentWatch : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ class MomentWatch : public QObject {
 };
 
 /// By this machine's clock. Also tells of files that were written, such as the one that names the zone.
-/// @param clock  what the moments are told by; one that is stopped, or set to another time, is waited for as long as if
+/// @param clock  the clock of the moments; one that is stopped, or set to another time, is waited for as long as if
 ///               it went on from there
 std::unique_ptr<MomentWatch> systemMomentWatch(const Clock& clock, std::vector<std::filesystem::path> files);
 

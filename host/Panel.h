@@ -25,21 +25,21 @@ struct OpenRows {
 };
 
 /// Presents the widget in its window and dismisses it. While it is presented, a change of day, of the clock or of its
-/// zone, and the end of a sleep of the device present it anew, so that nobody sees the times of another day. While it
+/// zone, and the end of a sleep of the device present it again, so that nobody sees the times of another day. While it
 /// is dismissed nothing runs.
 class Panel : public QObject, private WidgetHost {
     Q_OBJECT
 
   public:
     /// All but `prepare` are kept by the caller for as long as the panel lives.
-    /// @param prepare  called before each presentation, also before one anew
+    /// @param prepare  called before each presentation, also before a repeated one
     Panel(WidgetViewController& widget, PanelWindow& window, const Clock& clock, MomentWatch& watch,
           std::function<void()> prepare);
     ~Panel() override;
 
     bool isPresented() const { return isPresented_; }
 
-    /// What is told around the widget, found at each presentation and each full minute while it is presented.
+    /// What is shown around the widget, found at each presentation and each full minute while it is presented.
     void setFacts(std::function<PanelFacts()> facts) { facts_ = std::move(facts); }
 
     /// Which rows of the widget are open. They are opened again at each presentation, by the widget's own buttons.
@@ -50,10 +50,10 @@ class Panel : public QObject, private WidgetHost {
     /// @param alarmsOn  by the codes of the prayers
     void showAlarms(const std::map<int, bool>& alarmsOn);
 
-    /// Finds again what is told around the widget.
+    /// Finds again what is shown around the widget.
     void refreshFacts();
 
-    /// Presents a presented widget anew.
+    /// Presents a presented widget again.
     void presentAnew();
 
     /// Presents the widget; one that is presented comes to the front.

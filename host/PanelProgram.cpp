@@ -41,7 +41,7 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
       device_(std::move(device)),
       window_(trayWatch_.isTrayThere() ? PanelStyle::popover : PanelStyle::window, isComposited()),
       menu_([this] { return menuState(); }),
-      // The widget reads the user's cities as soon as it is made. What is to be told then is told with the first panel.
+      // The widget reads the user's cities as soon as it is made. Notices of that moment are shown with the first panel.
       told_(prepareUserChoices(session_, *calendar_)),
       bundle_(session_.bundle().string()),
       widget_(bundle_.makeWidget()),
@@ -178,7 +178,7 @@ void PanelProgram::copyTimes() {
     if (panel_.isPresented()) MessageView::toastInView(*widget_->view(), _("Today’s times are copied."));
 }
 
-// What cannot be told on an open panel is told with the next one.
+// What cannot be shown on an open panel is shown with the next one.
 void PanelProgram::tell(const QString& problem) {
     if (problem.isEmpty()) return;
     if (panel_.isPresented()) {

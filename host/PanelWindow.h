@@ -43,7 +43,7 @@ class PanelWindow : public QWidget {
 
     void setTheme(const Theme& theme);
 
-    /// What is told around the widget.
+    /// What is shown around the widget.
     void setFacts(const PanelFacts& facts);
 
     /// The menu of the button below the widget, and of a click with the other button; it stays with its owner.

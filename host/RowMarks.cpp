@@ -32,7 +32,7 @@ void RowMarks::setRows(std::optional<int> current, std::optional<int> next) {
     update();
 }
 
-// The rows are laid out anew when the view is.
+// The rows are laid out again when the view is.
 bool RowMarks::eventFilter(QObject*, QEvent* event) {
     const auto type = event->type();
     if (type == QEvent::Resize) setGeometry(parentWidget()->rect());

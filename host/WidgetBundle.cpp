@@ -5,6 +5,7 @@
 #include <QPluginLoader>
 
 #include "app/failure.h"
+#include "texts/translation.h"
 
 namespace quode::host {
 namespace {
@@ -16,12 +17,12 @@ WidgetPlugin* loadedPlugin(const std::string& bundlePath) {
     QPluginLoader loader(QString::fromStdString(module));
     auto* const plugin = qobject_cast<WidgetPlugin*>(loader.instance());
     if (plugin != nullptr) return plugin;
-    std::string reason = "it holds no widget of this edition";
+    std::string reason = _("it has no widget of this edition");
     if (!loader.isLoaded()) reason = loader.errorString().toStdString();
     if (reason.ends_with('.')) reason.pop_back();  // some of Qt's are whole sentences
-    throw app::Failure(app::ExitCode::damagedData, "The widget \"" + module + "\" cannot be used: " + reason +
-                                                       ". Install Quode again, or name the folder of its bundle in "
-                                                       "QUODE_BUNDLE_DIR.");
+    throw app::Failure(app::ExitCode::damagedData, _("The widget \"{}\" cannot be used: {}. Install Quode again, or "
+                                                     "set QUODE_BUNDLE_DIR to the folder of its bundle.",
+                                                     module, reason));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/coming_prayer.h"
 
+#include "common/labels.h"
+
 #include <fmt/format.h>
 
 #include <stdexcept>
@@ -9,7 +11,7 @@
 #include "app/day_view.h"
 #include "app/next_prayer.h"
 #include "app/user_data.h"
-#include "host/texts.h"
+#include "texts/translation.h"
 
 namespace quode::host {
 
@@ -28,18 +30,16 @@ namespace {
 constexpr auto lookAgain = 24h;  // where no prayer is waited for
 
 ComingPrayer foundComingPrayer(app::Session& session) {
-    const Texts& texts = textsOf(session.services().languageId());
     const std::optional<CityRecord> city = app::homeCity(session);
-    if (!city) return {texts.noCity, texts.noCity, session.now() + lookAgain};
+    if (!city) return {_("No city is chosen"), _("No city is chosen"), session.now() + lookAgain};
     const Site site = siteOf(*city);
     const std::optional<NextPrayer> next = nextPrayer(site, session.now());
     if (!next) return {city->name, city->name, session.now() + lookAgain};
 
     const std::string prayer = session.prayerName(next->code) + " " + app::clockText(session, next->hours);
     const TimeBound bound = boundOf(app::timeLeft(session, *next));
-    const bool isHours = bound.bound >= 1h;
-    const std::string within = fmt::format(fmt::runtime(isHours ? texts.withinHours : texts.withinMinutes),
-                                           isHours ? bound.bound / 1h : bound.bound / 1min);
+    const std::string within =
+        _("within {}", durationLabel(std::chrono::duration_cast<std::chrono::minutes>(bound.bound)));
     return {prayer + ", " + app::timeLeftText(session, site, *next), city->name + ": " + prayer + ", " + within,
             next->instant - bound.next};
 }

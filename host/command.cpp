@@ -5,6 +5,7 @@
 #include "app/dates.h"
 #include "app/failure.h"
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 namespace quode::host {
 namespace {
@@ -14,31 +15,29 @@ using app::ExitCode;
 using app::Failure;
 using app::Parameter;
 
-constexpr const char* footer = R"(The picture is drawn without a display. It shows the city of --city, of
-$QUODE_CITY, or the home city.
-
-Environment:
-  QUODE_CITY        the city of a picture when --city is not given
-  QUODE_LANG        the language when --lang is not given
-  QUODE_NOW         the moment taken for now, such as 2026-11-21T04:00:00Z
-  QUODE_BUNDLE_DIR  the folder with widget, city database and language files
-  QUODE_DATA_DIR    the folder of the user's files
-
-Exit codes:
-  0  done
-  1  not found: no such city, no display
-  2  the command line cannot be understood, or names something impossible
-  3  a file of the installation is missing or damaged
-  4  the picture could not be written
-  5  something unexpected
-  6  the user's files cannot be read or changed)";
+std::string footer() {
+    return std::string(_("The picture is drawn without a display. It shows the city of --city, of $QUODE_CITY, or the "
+                         "home city.")) +
+           "\n\n" +
+           app::helpFooter(
+               {{"QUODE_CITY", _("the city of a picture when --city is not given")},
+                {"QUODE_LANG", _("the language when --lang is not given")},
+                {"QUODE_NOW", _("the moment used as now, such as 2026-11-21T04:00:00Z")},
+                {"QUODE_BUNDLE_DIR", _("the folder with the widget, the city database and the language files")},
+                {"QUODE_DATA_DIR", _("the folder of the user's files")}},
+               {_("done"), _("not found: no such city, no display"),
+                _("the command line cannot be understood, or names something impossible"),
+                _("a file of the installation is missing or damaged"), _("the picture cannot be written"),
+                _("unexpected error"), _("the user's files cannot be read or changed")});
+}
 
 app::Program panelProgram() {
     return {"quode-panel",
-            "The prayer times in a panel on the desktop: from an icon in the tray, or in a\n"
-            "window where there is no tray. A second start opens the panel of the first.",
-            footer,
-            {app::languageParameter()}};
+            _("Prayer times in a panel on the desktop: from an icon in the tray, or in a window where there is no "
+              "tray. A second start opens the panel of the first."),
+            footer(),
+            {app::languageParameter()},
+            _("Show the version and the sources of the data")};
 }
 
 app::Command panelCommand() {
@@ -47,11 +46,11 @@ app::Command panelCommand() {
     };
     return {"",
             "",
-            {{Parameter::Kind::option, "screenshot", "FILE", "Draw the panel into a PNG file instead"},
-             {Parameter::Kind::option, "scale", "FACTOR", "Pixels per point of the picture, 1 to 4"},
-             toggle("info", "The picture shows the lines about the city"),
-             toggle("all", "The picture shows the further times"),
-             toggle("compass", "The picture shows the compass"),
+            {{Parameter::Kind::option, "screenshot", "FILE", _("Draw the panel into a PNG file instead")},
+             {Parameter::Kind::option, "scale", "FACTOR", _("Pixels per point of the picture, 1 to 4")},
+             toggle("info", _("The picture shows the lines about the city")),
+             toggle("all", _("The picture shows the further times")),
+             toggle("compass", _("The picture shows the compass")),
              app::cityParameter(),
              app::dateParameter()},
             [](app::Session&, const Arguments&) {}};
@@ -61,43 +60,44 @@ double scaleOf(const Arguments& arguments) {
     const std::string text = arguments.text("scale").value_or("1");
     const std::optional<double> scale = numberOf<double>(text);
     if (scale && *scale >= 1.0 && *scale <= 4.0) return *scale;
-    throw Failure(ExitCode::usage, "--scale is a number from 1 to 4, not \"" + text + "\".");
+    throw Failure(ExitCode::usage, _("--scale is a number from 1 to 4, not \"{}\".", text));
 }
 
 void refuseWithoutPicture(const Arguments& arguments) {
     for (const char* name : {"scale", "info", "all", "compass", "city", "date"}) {
         if (!arguments.has(name)) continue;
-        throw Failure(ExitCode::usage, std::string("--") + name + " is for a picture: add --screenshot FILE.");
+        throw Failure(ExitCode::usage, _("--{} is for a picture: add --screenshot FILE.", name));
     }
 }
 
-std::optional<ScreenshotWish> screenshotOf(const Arguments& arguments) {
+std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
     const std::optional<std::string> file = arguments.text("screenshot");
     if (!file) {
         refuseWithoutPicture(arguments);
         return std::nullopt;
     }
-    if (file->empty()) throw Failure(ExitCode::usage, "--screenshot needs the name of a file.");
-    ScreenshotWish wish;
-    wish.file = *file;
-    wish.scale = scaleOf(arguments);
-    wish.info = arguments.has("info");
-    wish.all = arguments.has("all");
-    wish.compass = arguments.has("compass");
-    wish.city = arguments.text("city");
-    if (const auto date = arguments.text("date")) wish.date = app::parseDate(*date);
-    return wish;
+    if (file->empty()) throw Failure(ExitCode::usage, _("--screenshot needs the name of a file."));
+    ScreenshotOptions options;
+    options.file = *file;
+    options.scale = scaleOf(arguments);
+    options.info = arguments.has("info");
+    options.all = arguments.has("all");
+    options.compass = arguments.has("compass");
+    options.city = arguments.text("city");
+    if (const auto date = arguments.text("date")) options.date = app::parseDate(*date);
+    return options;
 }
 
 }  // namespace
 
-std::variant<PanelWish, app::HelpText, app::VersionWish> readCommandLine(const std::vector<std::string>& arguments) {
+std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(
+    const std::vector<std::string>& arguments) {
     const app::Command command = panelCommand();
     app::ParsedLine line = app::parseCommandLine(panelProgram(), {}, command, arguments);
     if (auto* help = std::get_if<app::HelpText>(&line)) return std::move(*help);
-    if (std::holds_alternative<app::VersionWish>(line)) return app::VersionWish{};
+    if (std::holds_alternative<app::VersionRequest>(line)) return app::VersionRequest{};
     const Arguments& given = std::get<app::Invocation>(line).arguments;
-    return PanelWish{given.text("lang"), screenshotOf(given)};
+    return PanelOptions{given.text("lang"), screenshotOf(given)};
 }
 
 }  // namespace quode::host

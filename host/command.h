@@ -12,12 +12,12 @@
 namespace quode::host {
 
 /// What a start of the program is to do.
-struct PanelWish {
+struct PanelOptions {
     std::optional<std::string> language;
-    std::optional<ScreenshotWish> screenshot;  ///< nothing: open the panel
+    std::optional<ScreenshotOptions> screenshot;  ///< nothing: open the panel
 };
 
-/// Reads a command line. Returned: the wish, or the help or version that was asked for. Throws `app::Failure` (usage).
-std::variant<PanelWish, app::HelpText, app::VersionWish> readCommandLine(const std::vector<std::string>& arguments);
+/// Reads a command line. Returned: the options, or the help or version that was asked for. Throws `app::Failure` (usage).
+std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(const std::vector<std::string>& arguments);
 
 }  // namespace quode::host

@@ -12,6 +12,7 @@
 #include "host/alarm_service.h"
 #include "host/display.h"
 #include "host/user_choices.h"
+#include "texts/translation.h"
 #include "views/accessibility.h"
 
 namespace quode::host {
@@ -28,11 +29,12 @@ void chooseDisplay(const Environment& environment) {
     if (!needsDisplay) return;
     const Displays displays = answeringDisplays(environment);
     if (!displays.x && !displays.wayland) {
-        std::string problem = "There is no display to open the panel on.";
-        if (nonEmpty(environment, "WAYLAND_DISPLAY")) problem += " Under Wayland the package qt6-wayland is needed.";
-        throw Failure(ExitCode::notFound, problem +
-                                              " To draw it into a picture: quode-panel --screenshot FILE. To print the "
-                                              "times: quode");
+        std::string problem = _("There is no display to open the panel on.");
+        if (nonEmpty(environment, "WAYLAND_DISPLAY"))
+            problem.append(" ").append(_("Under Wayland the package qt6-wayland is needed."));
+        throw Failure(
+            ExitCode::notFound,
+            problem + ' ' + _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
     }
     if (!displays.x) qputenv("QT_QPA_PLATFORM", "wayland");
     if (!displays.wayland) qputenv("QT_QPA_PLATFORM", "xcb");
@@ -40,7 +42,8 @@ void chooseDisplay(const Environment& environment) {
 
 ExitCode presentOther(const Instance& instance) {
     if (instance.presentOther()) return ExitCode::ok;
-    throw Failure(ExitCode::notFound, "The panel runs already, but does not answer. End that program and try again.");
+    throw Failure(ExitCode::notFound,
+                  _("The panel is already running but does not answer. End that program and try again."));
 }
 
 ExitCode serve(Session& session, const Instance& instance) {
@@ -59,7 +62,7 @@ ExitCode serve(Session& session, const Instance& instance) {
 
 }  // namespace
 
-ExitCode runOnDesktop(const Environment& environment, const std::optional<std::string>& language) {
+ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& language) {
     chooseDisplay(environment);
     int count = 1;
     char name[] = "quode-panel";

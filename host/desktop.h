@@ -7,12 +7,13 @@
 #include <string>
 
 #include "app/failure.h"
+#include "companion/language.h"
 #include "platform/Environment.h"
 
 namespace quode::host {
 
 /// Opens the panel and serves it until the user ends it; where another process of the session does that already, the
 /// panel of that one is opened. Makes the application object itself, once in a process. Throws `app::Failure`.
-app::ExitCode runOnDesktop(const Environment& environment, const std::optional<std::string>& language);
+app::ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& language);
 
 }  // namespace quode::host

@@ -12,17 +12,18 @@ namespace {
 using namespace quode;
 
 app::ExitCode run(const std::vector<std::string>& arguments) {
+    const LanguageChoice language = speakChosenLanguage(processEnvironment(), app::languageOption(arguments));
     const auto line = host::readCommandLine(arguments);
     if (const auto* help = std::get_if<app::HelpText>(&line)) {
         return app::writtenOrFailed(help->text, app::ExitCode::ok);
     }
-    if (std::holds_alternative<app::VersionWish>(line)) {
-        app::Session session(processEnvironment(), {});
+    if (std::holds_alternative<app::VersionRequest>(line)) {
+        app::Session session(processEnvironment(), {language});
         return app::writtenOrFailed(app::versionText(session, "quode-panel " QUODE_VERSION), app::ExitCode::ok);
     }
-    const auto& wish = std::get<host::PanelWish>(line);
-    if (wish.screenshot) return host::takeScreenshot(processEnvironment(), wish.language, *wish.screenshot);
-    return host::runOnDesktop(processEnvironment(), wish.language);
+    const auto& options = std::get<host::PanelOptions>(line);
+    if (options.screenshot) return host::takeScreenshot(processEnvironment(), language, *options.screenshot);
+    return host::runOnDesktop(processEnvironment(), language);
 }
 
 }  // namespace

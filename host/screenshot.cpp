@@ -56,10 +56,10 @@ void passMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
 }
 
 /// What makes the pictures of all machines alike.
-void prepareQt(const ScreenshotWish& wish, const QTemporaryDir& folder) {
+void prepareQt(const ScreenshotOptions& options, const QTemporaryDir& folder) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
-    qputenv("QT_SCALE_FACTOR", QByteArray::number(wish.scale));
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
     qputenv("QT_FONT_DPI", "96");
     qInstallMessageHandler(passMessage);
 }
@@ -94,7 +94,7 @@ QImage pictureOfCompass() {
     throw std::logic_error("The widget shows no compass.");
 }
 
-QImage picture(const ScreenshotWish& wish, Session& session) {
+QImage picture(const ScreenshotOptions& options, Session& session) {
     WidgetBundle bundle(session.bundle().string());
     const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
     PanelMenu menu([] { return MenuState{}; });
@@ -104,10 +104,10 @@ QImage picture(const ScreenshotWish& wish, Session& session) {
     Panel panel(*widget, window, session.deviceClock(), watch, [] {});
     panel.setFacts([&session] { return panelFacts(session); });
     panel.present({0, 0});
-    if (wish.info) tap(*widget->view(), tagCityInfo);
-    if (wish.all) tap(*widget->view(), tagShowAll);
-    if (wish.compass) tap(*widget->view(), tagCompass);
-    if (wish.compass) return pictureOfCompass();
+    if (options.info) tap(*widget->view(), tagCityInfo);
+    if (options.all) tap(*widget->view(), tagShowAll);
+    if (options.compass) tap(*widget->view(), tagCompass);
+    if (options.compass) return pictureOfCompass();
     window.resize(window.wantedSize());  // the picture shows everything, whatever the screen
     QCoreApplication::processEvents();
     return window.grab().toImage();
@@ -118,21 +118,21 @@ void save(const QImage& image, const std::string& name) {
     const bool isSaved = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
     if (isSaved) return;
     throw Failure(ExitCode::outputFailed,
-                  "The picture \"" + name + "\" could not be written: " + file.errorString().toStdString() + ".");
+                  _("The picture \"{}\" cannot be written: {}.", name, file.errorString().toStdString()));
 }
 
 }  // namespace
 
-ExitCode takeScreenshot(const Environment& environment, const std::optional<std::string>& language,
-                        const ScreenshotWish& wish) {
-    Session::Wishes wishes{language};
-    if (wish.date) wishes.moment = noonOf(*wish.date, *systemClock());
-    Session user(environment, wishes);
-    const app::ChosenPlace place = app::choosePlace(user, wish.city);
+ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& language,
+                        const ScreenshotOptions& options) {
+    Session::Options sessionOptions{language};
+    if (options.date) sessionOptions.moment = noonOf(*options.date, *systemClock());
+    Session user(environment, sessionOptions);
+    const app::ChosenPlace place = app::choosePlace(user, options.city);
 
     const QTemporaryDir folder;
-    if (!folder.isValid()) throw Failure(ExitCode::outputFailed, "No temporary folder could be made.");
-    prepareQt(wish, folder);
+    if (!folder.isValid()) throw Failure(ExitCode::outputFailed, _("No temporary folder can be created."));
+    prepareQt(options, folder);
     int count = 1;
     char name[] = "quode-panel";
     char* arguments[] = {name, nullptr};
@@ -141,15 +141,16 @@ ExitCode takeScreenshot(const Environment& environment, const std::optional<std:
 
     // The widget reads its cities from the user's files; another city is put into files of its own.
     const bool isHome = place.source == app::PlaceSource::home;
-    Session session(isHome ? environment : with(environment, "QUODE_DATA_DIR", folder.path().toStdString()), wishes);
-    const auto device = std::make_shared<PanelDevice>(Idiom::phone, screenSize, wish.scale);
+    Session session(isHome ? environment : with(environment, "QUODE_DATA_DIR", folder.path().toStdString()),
+                    sessionOptions);
+    const auto device = std::make_shared<PanelDevice>(Idiom::phone, screenSize, options.scale);
     device->setWantedWidth(widthForCityName(place.city.name));
     session.setDevice(device);
     GlobalFuncs& services = session.services();
     services.getSettings().uiControlColorId = chosenColorScheme(user);
     services.updateUIColors();
     if (!isHome) makeUserDatabase(session, place.city);
-    save(picture(wish, session), wish.file);
+    save(picture(options, session), options.file);
     return user.exitCode();
 }
 

@@ -8,12 +8,13 @@
 
 #include "app/failure.h"
 #include "astro/VAKDate.h"
+#include "companion/language.h"
 #include "platform/Environment.h"
 
 namespace quode::host {
 
 /// The picture that is wanted.
-struct ScreenshotWish {
+struct ScreenshotOptions {
     std::string file;    ///< where the PNG is written to; an older file is replaced
     double scale = 1.0;  ///< pixels per point
     bool info = false;   ///< the lines about the city are open
@@ -25,7 +26,7 @@ struct ScreenshotWish {
 
 /// Draws the panel, or the compass, into a file. Makes the application object itself, once in a process. Throws
 /// `app::Failure`.
-app::ExitCode takeScreenshot(const Environment& environment, const std::optional<std::string>& language,
-                             const ScreenshotWish& wish);
+app::ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& language,
+                             const ScreenshotOptions& options);
 
 }  // namespace quode::host

@@ -12,8 +12,8 @@
 #include "companion/UserDatabase.h"
 #include "companion/autostart.h"
 #include "data/user_places.h"
-#include "host/texts.h"
 #include "platform/folders.h"
+#include "texts/translation.h"
 
 namespace quode::host {
 
@@ -36,7 +36,7 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
         for (const std::string& notice : database.notices()) notices << QString::fromStdString(notice);
         const std::optional<UserCity> home = database.home();
         if (home && !home->city) notices << QString::fromStdString(app::lostHome(home->id));
-        if (database.cities().empty()) notices << textsOf(services.languageId()).addCity;
+        if (database.cities().empty()) notices << _("Choose your city from the menu.");
         calendar.setLayout(loadSettings(database).calendarLayout);
         const AlarmChange renewed =
             AlarmBook(session.dataFolder(), database, calendar, DatabaseFunctions::drawingPatience).renew();
@@ -54,7 +54,7 @@ namespace {
 constexpr const char* openRowsName = "panel.open";
 
 // What a function finds in the user database; nothing when there is none or when it cannot be read. What is wrong with
-// it is told with the panel.
+// the panel reports it.
 template <typename Function>
 auto readFrom(app::Session& session, Function function)
     -> std::optional<std::invoke_result_t<Function, const UserDatabase&>> {

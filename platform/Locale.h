@@ -33,7 +33,7 @@ class Locale {
     /// The sign between a whole number and its decimals. Digits are always 0 to 9, as in the times.
     virtual std::string decimalMark() const = 0;
 
-    /// A date pattern for an hour alone: it holds an "a" where hours are told with an AM/PM sign.
+    /// A date pattern for an hour alone: it holds an "a" where hours have an AM/PM sign.
     virtual std::string hourPattern() const = 0;
 
     /// The text in lower case, by the rules that hold for every language.

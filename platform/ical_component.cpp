@@ -36,7 +36,7 @@ constexpr long long kLongestNoted = 100'000'000'000;  // beyond the years that a
 
 constexpr int kLastSequence = std::numeric_limits<int>::max();
 
-// What a save sets anew. An event that recurs or is cancelled would ring too often or not at all.
+// What a save sets again. An event that recurs or is cancelled would ring too often or not at all.
 constexpr std::array<std::string_view, 18> kOwnProperties{
     "BEGIN",    "END",           "UID",    "DTSTAMP", "DTSTART", "DTEND",  "DURATION", "SUMMARY",    "LOCATION",
     "SEQUENCE", "LAST-MODIFIED", "STATUS", "RRULE",   "RDATE",   "EXDATE", "EXRULE",   kOwnDuration, kOwnMark};

@@ -11,7 +11,7 @@
 namespace quode {
 
 /// The notification service of the session bus (org.freedesktop.Notifications), with the signals of which the loop
-/// wakes. Without a session bus every `show` looks for one anew.
+/// wakes. Without a session bus every `show` looks for one again.
 std::unique_ptr<NotificationService> sdBusNotifications(sd_event* loop);
 
 }  // namespace quode

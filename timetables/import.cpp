@@ -36,8 +36,8 @@ struct BadRow {
 
 class Reader {
   public:
-    Reader(const RawTable& raw, const ImportWishes& wishes, SunCheck& check)
-        : raw_(raw), wishes_(wishes), check_(check) {}
+    Reader(const RawTable& raw, const ImportOptions& options, SunCheck& check)
+        : raw_(raw), options_(options), check_(check) {}
 
     Import read() {
         import_.format = raw_.format;
@@ -117,7 +117,7 @@ class Reader {
 
     /// Which of two numbers is the day: what a number above 12 tells, else what makes the rows follow each other.
     void findDateOrder() {
-        import_.dateOrder = wishes_.dateOrder;
+        import_.dateOrder = options_.dateOrder;
         findForm();
         bool dayFirst = false, monthFirst = false, isOpen = false;
         for (const RawRow& row : raw_.rows) {
@@ -176,7 +176,7 @@ class Reader {
         } else if (!date->monthIsNamed && order == DateOrder::monthFirst) {
             std::swap(month, day);
         }
-        if (year < 0) year = wishes_.year.value_or(-1);
+        if (year < 0) year = options_.year.value_or(-1);
         if (year >= 0 && year < 100) year += 2000;
         if (year < earliestYear || year > latestYear) return std::nullopt;
         using namespace std::chrono;
@@ -319,7 +319,7 @@ class Reader {
         const std::string text =
             has(Column::date) ? cell(row, Column::date) : cell(row, Column::day) + " " + cell(row, Column::month);
         const auto date = written(row);
-        if (date && date->third < 0 && !wishes_.year) throw BadRow{_("\"{}\" has no year; say it with --year", text)};
+        if (date && date->third < 0 && !options_.year) throw BadRow{_("\"{}\" has no year; say it with --year", text)};
         throw BadRow{_("\"{}\" is no date", text)};
     }
 
@@ -367,7 +367,7 @@ class Reader {
     }
 
     const RawTable& raw_;
-    const ImportWishes& wishes_;
+    const ImportOptions& options_;
     SunCheck& check_;
     Import import_;
     std::array<int, 19> places_ = [] {
@@ -382,8 +382,8 @@ class Reader {
 
 }  // namespace
 
-Import importTable(const RawTable& raw, const ImportWishes& wishes, SunCheck& check) {
-    return Reader(raw, wishes, check).read();
+Import importTable(const RawTable& raw, const ImportOptions& options, SunCheck& check) {
+    return Reader(raw, options, check).read();
 }
 
 }  // namespace quode::timetables

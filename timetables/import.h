@@ -17,7 +17,7 @@ namespace quode::timetables {
 
 enum class DateOrder { unknown, yearFirst, dayFirst, monthFirst };
 
-struct ImportWishes {
+struct ImportOptions {
     DateOrder dateOrder = DateOrder::unknown;  ///< where the dates alone do not tell
     std::optional<int> year;                   ///< of dates without one
 };
@@ -39,6 +39,6 @@ struct Import {
 };
 
 /// Reads a table for the place that `check` knows. Throws `ImportError` when the file as a whole cannot be understood.
-Import importTable(const RawTable& raw, const ImportWishes& wishes, SunCheck& check);
+Import importTable(const RawTable& raw, const ImportOptions& options, SunCheck& check);
 
 }  // namespace quode::timetables

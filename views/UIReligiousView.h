@@ -36,7 +36,7 @@ class UIReligiousView : public View {
     const std::vector<City>& userCities() const { return userCities_; }
     void setUserCities(std::vector<City> cities) { userCities_ = std::move(cities); }
 
-    /// Finds the entries of a day anew. Where a text of the language pack is missing or does not fit, the list ends
+    /// Finds the entries of a day again. Where a text of the language pack is missing or does not fit, the list ends
     /// before it, and the log says why.
     /// @param hijri      the Hijri date of the day
     /// @param gregorian  its Gregorian date

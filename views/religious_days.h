@@ -12,7 +12,7 @@
 
 namespace quode {
 
-/// What the religious days of a day depend on, and the texts that they are told in.
+/// What the religious days of a day depend on, and their texts.
 struct ReligiousDaysInput {
     VAKDate hijri;      ///< the Hijri date of the day
     VAKDate gregorian;  ///< the Gregorian date of the day

@@ -36,7 +36,7 @@ struct DateInformation {
 /// The widget: a table of the religious days, the city, its details, six prayer times with their alarms, three further
 /// times, and a footer.
 ///
-/// Every build reads the user's cities anew, and computes the day of the one that is shown. While it is built, a timer
+/// Every build reads the user's cities again, and computes the day of the one that is shown. While it is built, a timer
 /// looks for a change of day, which renews the two date labels only; everything else waits for the next build. Nothing
 /// is thrown: what fails leaves its labels as they were, and the debug log tells of it.
 ///
@@ -80,7 +80,7 @@ class QuodeController final : public WidgetViewController,
 
     // --- the refresh cycle, in the order of a build
 
-    /// Reads language, 12/24-hour convention and texts anew.
+    /// Reads language, 12/24-hour convention and texts again.
     void initializeParameters();
 
     /// Reads the user's cities, and chooses the one to show. A database that is missing or cannot be read has none.

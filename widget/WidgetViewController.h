@@ -11,7 +11,7 @@ namespace quode {
 /// What a widget asks of the place that shows it.
 class WidgetHost {
   public:
-    /// The widget's preferred size has changed; the host asks for it anew.
+    /// The widget's preferred size has changed; the host asks for it again.
     virtual void invalidatePreferredViewSize() = 0;
 
   protected:
@@ -24,13 +24,13 @@ class WidgetViewController {
   public:
     virtual ~WidgetViewController() = default;
 
-    /// The host shows the widget: it is built anew with the present day's data.
+    /// The host shows the widget: it is rebuilt with the present day's data.
     virtual void hostDidPresent() = 0;
 
     /// The host has hidden the widget: its views are released and nothing of it runs any more.
     virtual void hostDidDismiss() = 0;
 
-    /// The size, in points, in which the whole widget is seen without scrolling. It is told only while the widget is
+    /// The size, in points, in which the whole widget is seen without scrolling. It is known only while the widget is
     /// built.
     virtual Size preferredViewSize() const = 0;
 

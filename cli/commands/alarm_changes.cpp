@@ -12,12 +12,13 @@
 #include "cli/commands.h"
 #include "common/numbers.h"
 #include "companion/user_connection.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
 Parameter prayerWords() {
-    return {Parameter::Kind::words, "PRAYER", "", "A name such as fajr or imsak, a number 1 to 6, or all", true};
+    return {Parameter::Kind::words, "PRAYER", "", _("A name such as fajr or imsak, a number 1 to 6, or all"), true};
 }
 
 std::optional<int> offsetOf(const Arguments& arguments) {
@@ -25,9 +26,9 @@ std::optional<int> offsetOf(const Arguments& arguments) {
     if (!text) return std::nullopt;
     const std::optional<int> minutes = numberOf<int>(*text);
     if (minutes) return minutes;
-    throw Failure(ExitCode::usage, fmt::format("--offset is a number of minutes, such as -15 for a quarter of an hour "
-                                               "before, not \"{}\".",
-                                               trimmed(*text)));
+    throw Failure(ExitCode::usage, _("--offset is a number of minutes, such as -15 for a quarter of an hour "
+                                     "before, not \"{}\".",
+                                     trimmed(*text)));
 }
 
 /// What was given with a command is set; the rest stays, with the sound of the settings where there is none.
@@ -44,7 +45,8 @@ void setUp(UserDatabase& database, const std::vector<int>& codes, std::optional<
 void runSet(Session& session, const Arguments& arguments) {
     const std::optional<int> offset = offsetOf(arguments);
     std::optional<std::string> sound = arguments.text("sound");
-    if (!offset && !sound) throw Failure(ExitCode::usage, "Say what to set: --offset MINUTES, --sound NAME, or both.");
+    if (!offset && !sound)
+        throw Failure(ExitCode::usage, _("Say what to set: --offset MINUTES, --sound NAME, or both."));
     if (sound) sound = soundNamedByUser(session, *sound);
     UserDatabase database = userDatabaseToChange(session);
     AlarmCalendar calendar(session, database);
@@ -58,7 +60,7 @@ void runOn(Session& session, const Arguments& arguments) {
     AlarmCalendar calendar(session, database);
     const std::vector<int> codes = prayersNamed(session, arguments.text("PRAYER").value_or(""));
     if (!database.home()) {
-        throw Failure(ExitCode::notFound, "An alarm rings for your home city. Choose one: quode city home NAME");
+        throw Failure(ExitCode::notFound, _("An alarm rings for your home city. Choose one: quode city home NAME"));
     }
     database.connection().change([&] { setUp(database, codes, std::nullopt, std::nullopt); });
     for (const int code : codes) calendar.switchOn(code);
@@ -77,19 +79,19 @@ void runOff(Session& session, const Arguments& arguments) {
 Command alarmSetCommand() {
     return {
         "set",
-        "Set when an alarm rings, and its sound",
+        _("Set when an alarm rings, and its sound"),
         {prayerWords(),
-         {Parameter::Kind::option, "offset", "MINUTES", "-15: a quarter of an hour before the time; 0: at the time"},
-         {Parameter::Kind::option, "sound", "NAME|FILE", "The sound, see quode settings sound"}},
+         {Parameter::Kind::option, "offset", "MINUTES", _("-15: a quarter of an hour before the time; 0: at the time")},
+         {Parameter::Kind::option, "sound", "NAME|FILE", _("The sound, see quode settings sound")}},
         runSet};
 }
 
 Command alarmOnCommand() {
-    return {"on", "Switch alarms on", {prayerWords()}, runOn};
+    return {"on", _("Switch alarms on"), {prayerWords()}, runOn};
 }
 
 Command alarmOffCommand() {
-    return {"off", "Switch alarms off", {prayerWords()}, runOff};
+    return {"off", _("Switch alarms off"), {prayerWords()}, runOff};
 }
 
 }  // namespace quode::cli

@@ -5,8 +5,8 @@
 #include "app/ringer.h"
 #include "app/session.h"
 #include "app/user_alarms.h"
-#include "app/user_texts.h"
 #include "cli/commands.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -18,7 +18,7 @@ void runList(Session& session, const Arguments&) {
 }  // namespace
 
 Command alarmListCommand() {
-    return {"list", "Show the alarms of the six prayers", {}, runList};
+    return {"list", _("Show the alarms of the six prayers"), {}, runList};
 }
 
 }  // namespace quode::cli

@@ -8,10 +8,10 @@
 #include "app/prayer_names.h"
 #include "app/session.h"
 #include "app/user_alarms.h"
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
 #include "companion/sounds.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -24,14 +24,15 @@ std::chrono::seconds timeOf(const Arguments& arguments) {
     const std::optional<int> number = numberOf<int>(*text);
     if (number && *number >= shortest && *number <= longest) return std::chrono::seconds(*number);
     throw Failure(ExitCode::usage,
-                  fmt::format("--seconds is a number from {} to {}, not \"{}\".", shortest, longest, trimmed(*text)));
+                  _("--seconds is a number from {} to {}, not \"{}\".", shortest, longest, trimmed(*text)));
 }
 
 void print(Session& session, const std::string& sound, const TrialResult& result) {
-    const std::string shown = result.isShown ? "shown" : "not shown";
-    const std::string played = result.soundProblem.empty() ? "played " + sound : "not heard";
-    session.print(
-        fmt::format("The alarm was {}, and {}{}.", shown, played, result.isStopped ? "; you stopped it" : ""));
+    std::string text = result.isShown ? _("The alarm was shown.") : _("The alarm was not shown.");
+    text += ' ';
+    text += result.soundProblem.empty() ? _("It played {}.", sound) : std::string(_("It was not heard."));
+    if (result.isStopped) text.append(" ").append(_("You stopped it."));
+    session.print(text);
 }
 
 void tell(Session& session, const std::string& prayer, const std::string& sound, const TrialResult& result) {
@@ -47,11 +48,11 @@ void tell(Session& session, const std::string& prayer, const std::string& sound,
     }
     if (!result.isShown) {
         session.complain(
-            "No notification service showed it. Start that of your desktop, or install one, such as dunst.",
+            _("No notification service showed it. Start the one of your desktop, or install one such as dunst."),
             ExitCode::notFound);
     }
     if (!result.soundProblem.empty()) {
-        session.complain(result.soundProblem + " Is the sound of this system on?", ExitCode::notFound);
+        session.complain(_("{} Is the sound of this system on?", result.soundProblem), ExitCode::notFound);
     }
 }
 
@@ -59,13 +60,13 @@ void runTest(Session& session, const Arguments& arguments) {
     const std::chrono::seconds time = timeOf(arguments);
     const UserAlarms all = readAlarms(session);
     const int code = prayersNamed(session, arguments.text("PRAYER").value_or("1")).front();
-    const std::optional<std::string> wish = arguments.text("sound");
-    const std::string sound = wish ? soundNamedByUser(session, *wish) : soundOf(all, all.alarm(code));
-    const UserTexts& texts = userTextsOf(session.services().languageId());
+    const std::optional<std::string> request = arguments.text("sound");
+    const std::string sound = request ? soundNamedByUser(session, *request) : soundOf(all, all.alarm(code));
     const std::string city = all.city ? all.city->name + "\n" : "";
     const std::string prayer = session.prayerName(code);
-    const TrialResult result = desktop().ring({prayer, city + std::string(texts.testRing), std::string(texts.stop),
-                                               soundNamed(sound, session.bundle()), time});
+    const TrialResult result =
+        desktop().ring({prayer, city + std::string(_("A test of the alarm")), std::string(_c("alarm", "Stop")),
+                        soundNamed(sound, session.bundle()), time});
     tell(session, prayer, sound, result);
 }
 
@@ -73,10 +74,10 @@ void runTest(Session& session, const Arguments& arguments) {
 
 Command alarmTestCommand() {
     return {"test",
-            "Ring once, to see and hear that it works",
-            {{Parameter::Kind::words, "PRAYER", "", "The prayer whose alarm is tried (the first)"},
-             {Parameter::Kind::option, "sound", "NAME|FILE", "Another sound than that of the alarm"},
-             {Parameter::Kind::option, "seconds", "N", "How long it rings unless stopped (10)"}},
+            _("Ring once, to see and hear that it works"),
+            {{Parameter::Kind::words, "PRAYER", "", _("The prayer whose alarm is tried (the first)")},
+             {Parameter::Kind::option, "sound", "NAME|FILE", _("Another sound than that of the alarm")},
+             {Parameter::Kind::option, "seconds", "N", _("How long it rings unless stopped (10)")}},
             runTest};
 }
 

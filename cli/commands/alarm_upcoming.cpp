@@ -8,20 +8,19 @@
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "app/user_alarms.h"
-#include "app/user_texts.h"
 #include "cli/commands.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
 void printRings(Session& session, const UserAlarms& all) {
     using Align = TextTable::Align;
-    const UserTexts& texts = userTextsOf(session.services().languageId());
     TextTable table({Align::right, Align::left, Align::left, Align::left, Align::left});
     for (const AlarmOccurrence& ring : all.rings()) {
         const bool isSnoozed = all.isSnoozed(ring);
         table.add({clockAt(session, *all.city, ring.due), session.prayerName(ring.code),
-                   isSnoozed ? std::string(texts.snoozed) : offsetText(session, all.alarm(ring.code).offset),
+                   isSnoozed ? std::string(_("snoozed")) : offsetText(all.alarm(ring.code).offset),
                    timeUntil(session, *all.city, ring.due), soundOf(all, all.alarm(ring.code))});
     }
     const std::vector<std::string> lines = table.lines();
@@ -40,7 +39,7 @@ void runUpcoming(Session& session, const Arguments&) {
             {{"city", all.city ? cityJson(*all.city) : Json()}, {"rings", rings}, {"ringer", ringerJson(ringer)}}));
     }
     if (!all.anyIsOn() && all.snoozed.empty()) {
-        return session.print(userTextsOf(session.services().languageId()).noneOn);
+        return session.print(_("No alarm is on. To switch one on: quode alarm on PRAYER."));
     }
     if (all.city) {
         printAlarmCity(session, all);
@@ -53,7 +52,7 @@ void runUpcoming(Session& session, const Arguments&) {
 }  // namespace
 
 Command alarmUpcomingCommand() {
-    return {"upcoming", "What will ring within a day, and by whom", {}, runUpcoming};
+    return {"upcoming", _("What will ring within a day, and by whom"), {}, runUpcoming};
 }
 
 }  // namespace quode::cli

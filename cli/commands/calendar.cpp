@@ -3,6 +3,9 @@
 // quode calendar: one day in several calendars.
 #include <fmt/format.h>
 
+#include <array>
+#include <string_view>
+
 #include "app/crescent_date.h"
 #include "app/dates.h"
 #include "app/day_view.h"
@@ -10,9 +13,19 @@
 #include "app/text_layout.h"
 #include "astro/FastAstro.h"
 #include "cli/commands.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
+
+/// The months of the Rumi calendar, the first being March.
+std::string_view rumiMonth(int month) {
+    constexpr std::array<std::string_view, 12> months{"Mart",        "Nisan",       "Mayıs",      "Haziran",
+                                                      "Temmuz",      "Ağustos",     "Eylül",      "Teşrinievvel",
+                                                      "Teşrinisani", "Kânunuevvel", "Kânunusani", "Şubat"};
+    if (month < 1 || month > 12) return "";
+    return months[static_cast<std::size_t>(month) - 1];
+}
 
 struct CalendarDay {
     VAKDate date;
@@ -49,20 +62,20 @@ Json calendarJson(Session& session, const CalendarDay& day) {
 }
 
 void printCalendar(Session& session, const CalendarDay& day) {
-    const Texts& texts = session.texts();
     const AllCalendarInfo& info = day.info;
     TextTable table({TextTable::Align::left, TextTable::Align::left});
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
     };
-    add(isJulianCalendar(day.date) ? texts.julian : texts.gregorian, longDate(session, day.date));
-    add(texts.byTable, day.byTable ? hijriText(session, *day.byTable) : std::string(texts.outsideTable));
-    if (day.byCrescent) add(texts.byCrescent, hijriText(session, *day.byCrescent));
+    add(isJulianCalendar(day.date) ? _("Julian") : _("Gregorian"), longDate(session, day.date));
+    add(_("Hijri, by the table"),
+        day.byTable ? hijriText(session, *day.byTable) : std::string(_("outside the Hijri table")));
+    if (day.byCrescent) add(_("Hijri, by the crescent"), hijriText(session, *day.byCrescent));
     if (info.RumiYear > 0) {
-        add(texts.rumi, fmt::format("{} {} {}", info.RumiDay, rumiMonth(info.RumiMonth), info.RumiYear));
+        add(_("Rumi"), fmt::format("{} {} {}", info.RumiDay, rumiMonth(info.RumiMonth), info.RumiYear));
     }
-    add(texts.season,
-        fmt::format(fmt::runtime(info.isSummerSeason ? texts.summerSeason : texts.winterSeason), info.DayOfSeason));
+    add(_("Season"), info.isSummerSeason ? _("day {} of the summer half-year, from 6 May", info.DayOfSeason)
+                                         : _("day {} of the winter half-year, from 8 November", info.DayOfSeason));
     for (const std::string& line : table.lines()) session.print(line);
 }
 
@@ -81,8 +94,8 @@ void runCalendar(Session& session, const Arguments& arguments) {
 
 Command calendarCommand() {
     return {"calendar",
-            "A day in several calendars",
-            {{Parameter::Kind::word, "DATE", "", "Another day than today, YYYY-MM-DD"}, cityParameter()},
+            _("A day in several calendars"),
+            {{Parameter::Kind::word, "DATE", "", _("Another day than today, YYYY-MM-DD")}, cityParameter()},
             runCalendar};
 }
 

@@ -9,6 +9,7 @@
 #include "app/user_data.h"
 #include "cli/commands.h"
 #include "companion/UserEventStore.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -35,15 +36,14 @@ void tell(Session& session, UserDatabase& database, const std::string& text) {
 
 void runConnect(Session& session, const Arguments& arguments) {
     if (arguments.text("PROGRAM") != "evolution") {
-        throw Failure(ExitCode::usage, "Only evolution can be connected: quode calendar connect evolution");
+        throw Failure(ExitCode::usage, _("Only evolution can be connected: quode calendar connect evolution"));
     }
     if (arguments.has("ring")) requireEvolutionProgram(session);
     UserDatabase database = userDatabaseToChange(session);
     const UserSettings settings = loadSettings(database);
     if (settings.calendarLayout != CalendarLayout::ics) {
-        throw Failure(ExitCode::usage,
-                      "Evolution shows the alarms only where they are kept in one file. Choose that "
-                      "first: quode settings calendar ics");
+        throw Failure(ExitCode::usage, _("Evolution shows the alarms only where they are kept in one file. Choose that "
+                                         "first: quode settings calendar ics"));
     }
     const std::filesystem::path file =
         UserEventStore(session.dataFolder(), CalendarLayout::ics).defaultCalendar().location;
@@ -51,8 +51,9 @@ void runConnect(Session& session, const Arguments& arguments) {
     check(evolutionSource(session).connect(std::filesystem::absolute(file), rings));
     setRinger(session, database, rings ? Ringer::evolution : Ringer::quode);
     tell(session, database,
-         "Evolution and GNOME's calendar show the alarms as the calendar \"Quode\". They read " + file.string() +
-             " and do not change it. To undo this: quode calendar disconnect");
+         _("Evolution and GNOME's calendar show the alarms as the calendar \"Quode\". They read {} and do not change "
+           "it. To undo this: quode calendar disconnect",
+           file.string()));
 }
 
 void runDisconnect(Session& session, const Arguments&) {
@@ -61,22 +62,22 @@ void runDisconnect(Session& session, const Arguments&) {
     setRinger(session, database, Ringer::quode);
     check(evolutionSource(session).disconnect());
     tell(session, database,
-         wasConnected ? "Evolution shows the alarms no more. The events stay where they are."
-                      : "Evolution was not connected.");
+         wasConnected ? _("Disconnected from Evolution. The events stay where they are.")
+                      : _("Evolution was not connected."));
 }
 
 }  // namespace
 
 Command calendarConnectCommand() {
     return {"connect",
-            "Let Evolution and GNOME's calendar show the alarms",
+            _("Let Evolution and GNOME's calendar show the alarms"),
             {{Parameter::Kind::word, "PROGRAM", "", "evolution", true},
-             {Parameter::Kind::toggle, "ring", "", "Let Evolution ring, in place of Quode"}},
+             {Parameter::Kind::toggle, "ring", "", _("Let Evolution ring, in place of Quode")}},
             runConnect};
 }
 
 Command calendarDisconnectCommand() {
-    return {"disconnect", "Undo connect; then Quode rings", {}, runDisconnect};
+    return {"disconnect", _("Undo connect; then Quode rings"), {}, runDisconnect};
 }
 
 }  // namespace quode::cli

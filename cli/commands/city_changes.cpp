@@ -10,6 +10,7 @@
 #include "cli/commands.h"
 #include "cli/user_cities.h"
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -33,7 +34,7 @@ void changeCities(Session& session, const Change& change) {
 
 int addPoint(UserDatabase& database, const ChosenPlace& point, const Arguments& arguments) {
     const std::optional<std::string> name = arguments.text("name");
-    if (!name) throw Failure(ExitCode::usage, "A place that is given by coordinates needs a name: --name NAME");
+    if (!name) throw Failure(ExitCode::usage, _("A place that is given by coordinates needs a name: --name NAME"));
     return database.addPlace(
         {std::string(trimmed(*name)), point.city.latitude, point.city.longitude, arguments.text("zone").value_or("")});
 }
@@ -44,11 +45,10 @@ int addCity(Session& session, UserDatabase& database, const Arguments& arguments
     if (place.nearest) return addPoint(database, place, arguments);
     if (arguments.has("name") || arguments.has("zone")) {
         throw Failure(ExitCode::usage,
-                      "--name and --zone are for places given by coordinates; the city database "
-                      "knows those of " +
-                          place.city.name + ".");
+                      _("--name and --zone are for places given by coordinates: the city database knows those of {}.",
+                        place.city.name));
     }
-    if (!database.addCity(place.city.id)) writeMessage(place.city.name + " is among your cities already.");
+    if (!database.addCity(place.city.id)) writeMessage(_("{} is already in your list.", place.city.name));
     return place.city.id;
 }
 
@@ -63,9 +63,9 @@ void runRemove(Session& session, const Arguments& arguments) {
 }
 
 /// The id of a city among the user's; nothing when it is not there.
-std::optional<int> idInList(const UserDatabase& database, const std::string& wish) {
+std::optional<int> idInList(const UserDatabase& database, const std::string& request) {
     try {
-        return cityOfList(database.cities(), wish).id;
+        return cityOfList(database.cities(), request).id;
     } catch (const Failure& failure) {
         if (failure.code() != ExitCode::notFound) throw;
         return std::nullopt;
@@ -85,9 +85,8 @@ void runMove(Session& session, const Arguments& arguments) {
     const std::optional<int> position =
         blank == std::string::npos ? std::nullopt : numberOf<int>(std::string_view(words).substr(blank));
     if (!position || *position < 1) {
-        throw Failure(ExitCode::usage,
-                      "Name a city of your list and its new position, such as: quode city move "
-                      "Ankara 1");
+        throw Failure(ExitCode::usage, _("Name a city of your list and its new position, such as: quode city move "
+                                         "Ankara 1"));
     }
     changeCities(session, [&](UserDatabase& database) {
         const UserCity city = cityOfList(database.cities(), trimmed(words.substr(0, blank)));
@@ -96,29 +95,29 @@ void runMove(Session& session, const Arguments& arguments) {
 }
 
 std::vector<Parameter> additionParameters() {
-    return {cityWords("NAME, ID or LAT,LON"),
-            {Parameter::Kind::option, "name", "NAME", "The name of a place given by coordinates"},
-            {Parameter::Kind::option, "zone", "ZONE", "Its time zone, when not that of the nearest city"}};
+    return {cityWords(_("NAME, ID or LAT,LON")),
+            {Parameter::Kind::option, "name", "NAME", _("The name of a place given by coordinates")},
+            {Parameter::Kind::option, "zone", "ZONE", _("Its time zone, when not that of the nearest city")}};
 }
 
 }  // namespace
 
 Command cityAddCommand() {
-    return {"add", "Add a city or place to yours", additionParameters(), runAdd};
+    return {"add", _("Add a city or place to yours"), additionParameters(), runAdd};
 }
 
 Command cityRemoveCommand() {
-    return {"remove", "Remove one of your cities", {cityWords("Its position, NAME or ID")}, runRemove};
+    return {"remove", _("Remove one of your cities"), {cityWords(_("Its position, NAME or ID"))}, runRemove};
 }
 
 Command cityHomeCommand() {
-    return {"home", "Choose the city whose times are shown and ring", additionParameters(), runHome};
+    return {"home", _("Choose the city whose times are shown and ring"), additionParameters(), runHome};
 }
 
 Command cityMoveCommand() {
     return {"move",
-            "Move one of your cities to another position",
-            {cityWords("Its position, NAME or ID; then its new position")},
+            _("Move one of your cities to another position"),
+            {cityWords(_("Its position, NAME or ID; then its new position"))},
             runMove};
 }
 

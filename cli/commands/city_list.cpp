@@ -5,6 +5,7 @@
 #include "app/user_data.h"
 #include "cli/commands.h"
 #include "cli/user_cities.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -17,7 +18,7 @@ void runList(Session& session, const Arguments&) {
 }  // namespace
 
 Command cityListCommand() {
-    return {"list", "Show your cities", {}, runList};
+    return {"list", _("Show your cities"), {}, runList};
 }
 
 }  // namespace quode::cli

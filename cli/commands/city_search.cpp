@@ -8,6 +8,7 @@
 #include "app/text_layout.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -15,13 +16,13 @@ namespace {
 constexpr int defaultLimit = 10, mostHits = 1000;
 
 int limitOf(const Arguments& arguments) {
-    const auto wish = arguments.text("limit");
-    if (!wish) return defaultLimit;
+    const auto request = arguments.text("limit");
+    if (!request) return defaultLimit;
     const bool isNumber =
-        !wish->empty() && wish->size() <= 4 && wish->find_first_not_of("0123456789") == std::string::npos;
-    const int limit = isNumber ? leadingNumber<int>(*wish) : 0;
+        !request->empty() && request->size() <= 4 && request->find_first_not_of("0123456789") == std::string::npos;
+    const int limit = isNumber ? leadingNumber<int>(*request) : 0;
     if (limit >= 1 && limit <= mostHits) return limit;
-    throw Failure(ExitCode::usage, fmt::format("--limit is a number from 1 to {}, not \"{}\".", mostHits, *wish));
+    throw Failure(ExitCode::usage, _("--limit is a number from 1 to {}, not \"{}\".", mostHits, *request));
 }
 
 const char* matchName(CityMatch match) {
@@ -60,10 +61,10 @@ void printHits(Session& session, const std::vector<CityHit>& hits) {
 
 void runSearch(Session& session, const Arguments& arguments) {
     const std::string text(trimmed(arguments.text("TEXT").value_or("")));
-    if (text.empty()) throw Failure(ExitCode::usage, "The name of the city is empty.");
+    if (text.empty()) throw Failure(ExitCode::usage, _("The name of the city is empty."));
     const std::vector<CityHit> hits = session.cities().search(text, limitOf(arguments));
     if (hits.empty()) {
-        throw Failure(ExitCode::notFound, fmt::format("No city is called \"{}\", and none is called nearly so.", text));
+        throw Failure(ExitCode::notFound, _("No city is called \"{}\" or has a similar name.", text));
     }
     if (session.wantsJson()) {
         session.printJson(hitsJson(hits));
@@ -76,9 +77,9 @@ void runSearch(Session& session, const Arguments& arguments) {
 
 Command citySearchCommand() {
     return {"search",
-            "Find cities by name",
-            {{Parameter::Kind::words, "TEXT", "", "A name; after a comma a country or region", true},
-             {Parameter::Kind::option, "limit", "N", "The most cities to show (10)"}},
+            _("Find cities by name"),
+            {{Parameter::Kind::words, "TEXT", "", _("A name; after a comma a country or region"), true},
+             {Parameter::Kind::option, "limit", "N", _("The most cities to show (10)")}},
             runSearch};
 }
 

@@ -10,6 +10,7 @@
 #include "cli/commands.h"
 #include "common/captions.h"
 #include "common/formatting.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -24,21 +25,18 @@ Json ruleJson(const ZoneRule& rule, std::optional<ClockChange> change) {
 }
 
 void printCity(Session& session, const ChosenPlace& place, std::optional<ClockChange> change) {
-    const Texts& texts = session.texts();
     const CityRecord& city = place.city;
     TextTable table({TextTable::Align::left, TextTable::Align::left});
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
     };
     if (city.id != 0) add("ID", std::to_string(city.id));
-    add(texts.coordinates, coordinatesText(texts, city.latitude, city.longitude));
-    if (city.elevation) add(texts.elevation, fmt::format("{} m", *city.elevation));
-    if (city.population > 0) add(texts.population, std::to_string(city.population));
+    add(_("Coordinates"), coordinatesText(city.latitude, city.longitude, session.decimalMark()));
+    if (city.elevation) add(_("Elevation"), fmt::format("{} m", *city.elevation));
+    if (city.population > 0) add(_("Population"), std::to_string(city.population));
     const std::string clock = city.zone + "  " + formatting::GetGMTValueStr(false, city.rule.gmt);
     add(session.caption(zoneCaption), clock);
-    const std::string_view format = change && change->toSummerTime ? texts.clocksForward : texts.clocksBack;
-    add("", change ? fmt::format(fmt::runtime(format), dayAndMonth(session, change->date))
-                   : std::string(texts.noSummerTime));
+    add("", change ? clockChangeText(session, *change) : _("no summer time"));
     printPlace(session, place);
     session.print();
     for (const std::string& line : table.lines()) session.print("  " + line);
@@ -63,8 +61,8 @@ void runShow(Session& session, const Arguments& arguments) {
 
 Command cityShowCommand() {
     return {"show",
-            "Show what is known of a city",
-            {{Parameter::Kind::words, "CITY", "", "NAME, ID or LAT,LON", true}},
+            _("Show what is known of a city"),
+            {{Parameter::Kind::words, "CITY", "", _("NAME, ID or LAT,LON"), true}},
             runShow};
 }
 

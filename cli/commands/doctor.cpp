@@ -7,6 +7,7 @@
 #include "app/text_layout.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
+#include "texts/translation.h"
 
 #include <algorithm>
 
@@ -83,8 +84,8 @@ void runDoctor(Session& session, const Arguments& arguments) {
 
 Command doctorCommand() {
     return {"doctor",
-            "Check what times and alarms depend on",
-            {{Parameter::Kind::toggle, "tidy", "", "First remove the calendar events of alarms that are gone"}},
+            _("Check what times and alarms depend on"),
+            {{Parameter::Kind::toggle, "tidy", "", _("First remove the calendar events of alarms that are gone")}},
             runDoctor};
 }
 

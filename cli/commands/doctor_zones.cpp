@@ -7,6 +7,7 @@
 #include "app/session.h"
 #include "cli/commands.h"
 #include "data/zone_check.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -38,14 +39,14 @@ void runZones(Session& session, const Arguments&) {
     }
     for (const ZoneDisagreement& disagreement : found) session.print(describe(disagreement));
     if (!found.empty()) session.print();
-    session.print(fmt::format("{} of {} time zones disagree with this system's zone data between {} and {}.",
-                              found.size(), zones.size(), begin, end));
+    session.print(_("{} of {} time zones differ from the system's zone data between {} and {}.", found.size(),
+                    zones.size(), begin, end));
 }
 
 }  // namespace
 
 Command doctorZonesCommand() {
-    return {"zones", "List zones whose clock this system tells otherwise", {}, runZones};
+    return {"zones", _("List zones whose rule differs from the system's tzdata"), {}, runZones};
 }
 
 }  // namespace quode::cli

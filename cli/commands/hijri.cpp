@@ -28,15 +28,14 @@ HijriDay fromHijri(const std::string& text) {
 
 std::string noCrescentDate(const VAKDate& date) {
     constexpr int firstYear = 622;
-    if (date.Years <= firstYear) return isoDate(date) + " lies before the Hijri calendar begins, in 622.";
-    return "No crescent was found for " + isoDate(date) + ": the motion of the Moon is not known that far ahead.";
+    if (date.Years <= firstYear) return _("{} is before the start of the Hijri calendar in 622.", isoDate(date));
+    return _("No crescent is known for {}: the motion of the Moon is not known that far ahead.", isoDate(date));
 }
 
 std::string notInTable(const VAKDate& date) {
     const std::string day = isoDate(date);
-    return "The Hijri table does not hold " + day +
-           ": it goes from 2008-11-29 to 2048-10-08. For other days there is the crescent: quode hijri --crescent " +
-           day;
+    return _("{0} is outside the Hijri table (2008-11-29 to 2048-10-08). Use the crescent: quode hijri --crescent {0}",
+             day);
 }
 
 HijriDay fromGregorian(const VAKDate& date, bool byCrescent) {
@@ -49,7 +48,7 @@ HijriDay dayOf(Session& session, const Arguments& arguments) {
     const auto date = arguments.text("DATE");
     if (const auto hijri = arguments.text("to-gregorian")) {
         if (date || arguments.has("crescent")) {
-            throw Failure(ExitCode::usage, "--to-gregorian goes with the table, and with no other date.");
+            throw Failure(ExitCode::usage, _("--to-gregorian works with the table and without another date."));
         }
         return fromHijri(*hijri);
     }
@@ -103,9 +102,9 @@ void runHijri(Session& session, const Arguments& arguments) {
                                   {"calendars", calendarsJson(day.gregorian)}}));
         return;
     }
-    const Texts& texts = session.texts();
-    const std::string hijri =
-        hijriText(session, day.hijri) + " (" + std::string(day.isByCrescent ? texts.byCrescent : texts.byTable) + ")";
+    const std::string hijri = hijriText(session, day.hijri) + " (" +
+                              std::string(day.isByCrescent ? _("Hijri, by the crescent") : _("Hijri, by the table")) +
+                              ")";
     session.print(longDate(session, day.gregorian));
     session.print(hijri);
     printOthers(session, day);
@@ -115,10 +114,10 @@ void runHijri(Session& session, const Arguments& arguments) {
 
 Command hijriCommand() {
     return {"hijri",
-            "The Hijri date of a day, and back",
-            {{Parameter::Kind::word, "DATE", "", "Another day than today, YYYY-MM-DD"},
-             {Parameter::Kind::toggle, "crescent", "", "By the visibility of the crescent at Mecca"},
-             {Parameter::Kind::option, "to-gregorian", "YYYY-MM-DD", "The Gregorian date of a Hijri day"},
+            _("The Hijri date of a day, and back"),
+            {{Parameter::Kind::word, "DATE", "", _("Another day than today, YYYY-MM-DD")},
+             {Parameter::Kind::toggle, "crescent", "", _("By the visibility of the crescent at Mecca")},
+             {Parameter::Kind::option, "to-gregorian", "YYYY-MM-DD", _("The Gregorian date of a Hijri day")},
              cityParameter()},
             runHijri};
 }

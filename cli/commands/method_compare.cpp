@@ -49,7 +49,7 @@ CityDay dayBy(const ChosenPlace& place, const std::string& key, const VAKDate& d
 
 std::vector<VAKDate> datesOf(Session& session, const Arguments& arguments, const ChosenPlace& place) {
     if (const auto month = arguments.text("month")) return daysOf(parseMonth(*month));
-    return {wishedDate(arguments).value_or(today(session, siteOf(place.city)))};
+    return {requestedDate(arguments).value_or(today(session, siteOf(place.city)))};
 }
 
 void printDay(Session& session, const ChosenPlace& place, const std::vector<std::string>& keys, const VAKDate& date) {

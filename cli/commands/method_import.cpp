@@ -38,13 +38,13 @@ std::string contentOf(const std::string& path) {
     return content;
 }
 
-timetables::ImportWishes wishesOf(const Arguments& arguments) {
-    timetables::ImportWishes wishes;
+timetables::ImportOptions optionsOf(const Arguments& arguments) {
+    timetables::ImportOptions options;
     if (const auto order = arguments.text("date-order")) {
-        wishes.dateOrder = *order == "day" ? timetables::DateOrder::dayFirst : timetables::DateOrder::monthFirst;
+        options.dateOrder = *order == "day" ? timetables::DateOrder::dayFirst : timetables::DateOrder::monthFirst;
     }
-    if (const auto year = arguments.text("year")) wishes.year = parseYear(*year);
-    return wishes;
+    if (const auto year = arguments.text("year")) options.year = parseYear(*year);
+    return options;
 }
 
 ChosenPlace cityToChange(Session& session, const Arguments& arguments) {
@@ -152,7 +152,7 @@ Import readFile(const std::string& path, const Arguments& arguments, const Site&
     if (!std::filesystem::is_regular_file(path)) throw Failure(ExitCode::notFound, _("There is no file {}.", path));
     try {
         timetables::SunCheck check(site);
-        Import import = timetables::importTable(timetables::readRawTable(contentOf(path)), wishesOf(arguments), check);
+        Import import = timetables::importTable(timetables::readRawTable(contentOf(path)), optionsOf(arguments), check);
         import.table.name = arguments.text("name").value_or(std::filesystem::path(path).stem().string());
         return import;
     } catch (const ImportError& error) {

@@ -18,6 +18,7 @@
 #include "cli/moon_picture.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -62,12 +63,12 @@ int phaseOf(double dayBegin, const MoonInfo& info) {
 }
 
 MoonPage moonPageOf(Session& session, const Arguments& arguments) {
-    const std::optional<VAKDate> wished = wishedDate(arguments);
+    const std::optional<VAKDate> requested = requestedDate(arguments);
     MoonPage page;
     page.place = choosePlace(session, arguments.text("city"));
     page.site = siteOf(page.place.city);
     const VAKDate present = wallClock(page.site.rule, session.now());
-    const VAKDate shown = wished.value_or(present);
+    const VAKDate shown = requested.value_or(present);
     const bool isToday = sameDay(shown, present);
     // Another day than today is described at its noon.
     page.clock = isToday ? present : VAKDateMake(shown.Days, shown.Months, shown.Years, 12, 0, 0);
@@ -87,50 +88,51 @@ MoonPage moonPageOf(Session& session, const Arguments& arguments) {
     return page;
 }
 
+/// From New Moon to the waning crescent, in the order of the phases.
+constexpr std::array<const char*, 8> phaseNames{N_("New Moon"),       N_("Waxing crescent"), N_("First quarter"),
+                                                N_("Waxing gibbous"), N_("Full Moon"),       N_("Waning gibbous"),
+                                                N_("Last quarter"),   N_("Waning crescent")};
+
 /// Seen from the north the waxing Moon is lit on the right, seen from the south on the left.
 bool isLitOnTheRight(const MoonPage& page) {
     return page.info.BrightInc == (page.site.latitude >= 0.0);
 }
 
-std::string_view litText(Session& session, const MoonPage& page) {
-    const Texts& texts = session.texts();
-    if (page.info.IlluminatedFraction < 1.0) return texts.notLit;
-    if (page.info.IlluminatedFraction > 99.0) return texts.fullyLit;
-    return isLitOnTheRight(page) ? texts.litRight : texts.litLeft;
+std::string_view litText(const MoonPage& page) {
+    if (page.info.IlluminatedFraction < 1.0) return _("not lit");
+    if (page.info.IlluminatedFraction > 99.0) return _("fully lit");
+    return isLitOnTheRight(page) ? _("lit on the right") : _("lit on the left");
 }
 
 std::vector<std::string> moonFacts(Session& session, const MoonPage& page) {
-    const Texts& texts = session.texts();
     TextTable table({TextTable::Align::left, TextTable::Align::left});
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
     };
     const double altitude = page.day.sky.MoonAltitudeOnSunSet;
-    add(texts.moonrise, skyClockText(session, page.day.sky.MoonRise));
-    add(texts.transit, skyClockText(session, page.transit));
-    add(texts.moonset, skyClockText(session, page.day.sky.MoonSet));
-    add(texts.illuminated,
-        fmt::format(fmt::runtime(texts.illuminatedValue), decimal(texts, page.info.IlluminatedFraction, 0),
-                    page.info.BrightInc ? texts.waxing : texts.waning));
-    add(texts.moonAtSunset, altitude == missingMoonTime ? std::string(formatting::noTime)
-                                                        : formatting::getDegMinStrWithMinusPlus(altitude));
-    add(texts.elongation, decimal(texts, page.info.Elongation, 1) + "°");
-    add(texts.distance, fmt::format("{:.0f} km", page.info.Distance));
-    add(texts.age, fmt::format(fmt::runtime(texts.ageValue), decimal(texts, page.age.sinceNewMoon, 1)));
-    add(texts.nextNewMoon, fmt::format(fmt::runtime(texts.nextNewMoonValue), decimal(texts, page.age.toNewMoon, 1)));
+    add(_("Moonrise"), skyClockText(session, page.day.sky.MoonRise));
+    add(_c("Moon", "Transit"), skyClockText(session, page.transit));
+    add(_("Moonset"), skyClockText(session, page.day.sky.MoonSet));
+    add(_c("Moon", "Illuminated"), _("{} %, {}", session.decimal(page.info.IlluminatedFraction, 0),
+                                     page.info.BrightInc ? _c("Moon", "waxing") : _c("Moon", "waning")));
+    add(_("Moon at sunset"), altitude == missingMoonTime ? std::string(formatting::noTime)
+                                                         : formatting::getDegMinStrWithMinusPlus(altitude));
+    add(_("Elongation"), session.decimal(page.info.Elongation, 1) + "°");
+    add(_("Distance"), fmt::format("{:.0f} km", page.info.Distance));
+    add(_c("Moon", "Age"), _("{} days", session.decimal(page.age.sinceNewMoon, 1)));
+    add(_("New Moon"), _("in {} days", session.decimal(page.age.toNewMoon, 1)));
     return table.lines();
 }
 
 void printMoon(Session& session, const MoonPage& page, bool draws) {
-    const Texts& texts = session.texts();
-    const std::string_view phase = texts.moonPhases.at(static_cast<std::size_t>(page.phase));
+    const std::string phase = _(phaseNames.at(static_cast<std::size_t>(page.phase)));
     printPlace(session, page.place);
     session.print(longDate(session, page.day.date) + ", " +
                   session.services().timeLeadingZero(page.clock.Hours, page.clock.Minutes));
     session.print();
     std::vector<std::string> facts = moonFacts(session, page);
     if (!draws) {
-        session.print(fmt::format("{}, {}", phase, litText(session, page)));
+        session.print(fmt::format("{}, {}", phase, litText(page)));
         for (const std::string& fact : facts) session.print("  " + fact);
         return;
     }
@@ -145,13 +147,13 @@ void printMoon(Session& session, const MoonPage& page, bool draws) {
     }
 }
 
-Json moonJson(Session& session, const MoonPage& page) {
+Json moonJson(const MoonPage& page) {
     const auto phase = static_cast<std::size_t>(page.phase);
     const double altitude = page.day.sky.MoonAltitudeOnSunSet;
     return object({{"place", placeJson(page.place)},
                    {"date", isoDate(page.day.date)},
                    {"described_at", fmt::format("{:02}:{:02}", page.clock.Hours, page.clock.Minutes)},
-                   {"phase", object({{"key", phaseKeys.at(phase)}, {"name", session.texts().moonPhases.at(phase)}})},
+                   {"phase", object({{"key", phaseKeys.at(phase)}, {"name", _(phaseNames.at(phase))}})},
                    {"rise", skyTimeJson(page.day.sky.MoonRise)},
                    {"transit", skyTimeJson(page.transit)},
                    {"set", skyTimeJson(page.day.sky.MoonSet)},
@@ -188,12 +190,11 @@ std::vector<PhaseLine> phasesOfYear(const Site& site, int year) {
 
 void printPhases(Session& session, const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
     using Align = TextTable::Align;
-    const Texts& texts = session.texts();
     TextTable table({Align::right, Align::left, Align::right, Align::left});
     for (const PhaseLine& line : lines) {
         table.add({std::to_string(line.clock.Days), session.monthName(line.clock.Months),
                    session.services().timeLeadingZero(line.clock.Hours, line.clock.Minutes),
-                   std::string(texts.moonPhases.at(2 * static_cast<std::size_t>(line.phase.phase)))});
+                   _(phaseNames.at(2 * static_cast<std::size_t>(line.phase.phase)))});
     }
     printPlace(session, place);
     session.print(std::to_string(year));
@@ -202,12 +203,12 @@ void printPhases(Session& session, const ChosenPlace& place, int year, const std
     printHowChosen(session, place);
 }
 
-Json phasesJson(Session& session, const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
+Json phasesJson(const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
     Json::Array phases;
     for (const PhaseLine& line : lines) {
         const std::size_t phase = 2 * static_cast<std::size_t>(line.phase.phase);
         phases.push_back(object({{"key", phaseKeys.at(phase)},
-                                 {"name", session.texts().moonPhases.at(phase)},
+                                 {"name", _(phaseNames.at(phase))},
                                  {"date", isoDate(line.clock)},
                                  {"time", fmt::format("{:02}:{:02}", line.clock.Hours, line.clock.Minutes)},
                                  {"instant", isoMoment(instantOfJulianDay(line.phase.julianDay))}}));
@@ -216,12 +217,12 @@ Json phasesJson(Session& session, const ChosenPlace& place, int year, const std:
 }
 
 void runPhases(Session& session, const Arguments& arguments, const std::string& yearText) {
-    if (arguments.has("date")) throw Failure(ExitCode::usage, "--phases is about a year: leave --date out.");
+    if (arguments.has("date")) throw Failure(ExitCode::usage, _("--phases is about a year: leave --date out."));
     const int year = parseYear(yearText);
     const ChosenPlace place = choosePlace(session, arguments.text("city"));
     const std::vector<PhaseLine> lines = phasesOfYear(siteOf(place.city), year);
     if (session.wantsJson()) {
-        session.printJson(phasesJson(session, place, year, lines));
+        session.printJson(phasesJson(place, year, lines));
     } else {
         printPhases(session, place, year, lines);
     }
@@ -231,10 +232,10 @@ void runMoon(Session& session, const Arguments& arguments) {
     if (const auto year = arguments.text("phases")) return runPhases(session, arguments, *year);
     if (arguments.has("crescent")) {
         const ChosenPlace place = choosePlace(session, arguments.text("city"));
-        return showCrescent(session, place, wishedDate(arguments).value_or(today(session, siteOf(place.city))));
+        return showCrescent(session, place, requestedDate(arguments).value_or(today(session, siteOf(place.city))));
     }
     const MoonPage page = moonPageOf(session, arguments);
-    if (session.wantsJson()) return session.printJson(moonJson(session, page));
+    if (session.wantsJson()) return session.printJson(moonJson(page));
     printMoon(session, page, session.drawsOnTerminal() && !arguments.has("plain"));
     printHowChosen(session, page.place);
 }
@@ -243,12 +244,12 @@ void runMoon(Session& session, const Arguments& arguments) {
 
 Command moonCommand() {
     return {"moon",
-            "The Moon of a day, or the phases of a year",
+            _("The Moon of a day, or the phases of a year"),
             {cityParameter(),
              dateParameter(),
-             {Parameter::Kind::option, "phases", "YYYY", "The phases of a year in the city's time"},
-             {Parameter::Kind::toggle, "crescent", "", "The outlook for seeing the new crescent"},
-             {Parameter::Kind::toggle, "plain", "", "Words only, no picture"}},
+             {Parameter::Kind::option, "phases", "YYYY", _("The phases of a year in the city's time")},
+             {Parameter::Kind::toggle, "crescent", "", _("The outlook for seeing the new crescent")},
+             {Parameter::Kind::toggle, "plain", "", _("Words only, no picture")}},
             runMoon};
 }
 

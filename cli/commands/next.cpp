@@ -9,6 +9,7 @@
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "cli/commands.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -26,17 +27,15 @@ std::string placeholderValue(Session& session, const ComingPrayer& coming, std::
     if (name == "key") return prayerKey(coming.prayer.code);
     if (name == "time") return clockText(session, coming.prayer.hours);
     if (name == "time24") return clock24(coming.prayer.hours);
-    if (name == "left") return durationText(session, left);
+    if (name == "left") return durationText(left);
     if (name == "countdown") return fmt::format("{}:{:02}", minutes / 60, minutes % 60);
     if (name == "minutes") return std::to_string(minutes);
     if (name == "seconds") return std::to_string(left.count());
     if (name == "city") return coming.place.city.name;
     if (name == "date") return isoDate(coming.prayer.date);
     throw Failure(ExitCode::usage,
-                  fmt::format("--format has no placeholder {{{}}}. There are {{name}}, {{key}}, {{time}}, "
-                              "{{time24}}, {{left}}, {{countdown}}, {{minutes}}, {{seconds}}, {{city}} "
-                              "and {{date}}.",
-                              name));
+                  _("--format has no placeholder {}. Use one of {}.", fmt::format("{{{}}}", name),
+                    "{name}, {key}, {time}, {time24}, {left}, {countdown}, {minutes}, {seconds}, {city}, {date}"));
 }
 
 /// The template with its placeholders filled; "{{" and "}}" stand for braces.
@@ -54,7 +53,7 @@ std::string filled(Session& session, const ComingPrayer& coming, std::string_vie
         }
         const std::size_t end = format.find('}');
         if (format.front() == '}' || end == std::string_view::npos) {
-            throw Failure(ExitCode::usage, "--format has a brace without its partner. Write {{ or }} for a brace.");
+            throw Failure(ExitCode::usage, _("--format has an unpaired brace. Write {{ or }} for a brace."));
         }
         text += placeholderValue(session, coming, format.substr(1, end - 1));
         format.remove_prefix(end + 1);
@@ -68,7 +67,7 @@ void runNext(Session& session, const Arguments& arguments) {
     useMethod(session, arguments, coming.place);
     coming.site = siteOf(coming.place.city);
     const std::optional<NextPrayer> prayer = nextPrayer(coming.site, session.now());
-    if (!prayer) throw Failure(ExitCode::notFound, "No prayer time exists at this place today and tomorrow.");
+    if (!prayer) throw Failure(ExitCode::notFound, _("No prayer time exists at this place today and tomorrow."));
     coming.prayer = *prayer;
     if (session.wantsJson()) {
         session.printJson(object({{"place", placeJson(coming.place)}, {"next", nextPrayerJson(session, *prayer)}}));
@@ -85,9 +84,9 @@ void runNext(Session& session, const Arguments& arguments) {
 Command nextCommand() {
     std::vector<Parameter> parameters{
         cityParameter(),
-        {Parameter::Kind::option, "format", "TEMPLATE", "The line, such as \"{name} {time} in {left}\""}};
+        {Parameter::Kind::option, "format", "TEMPLATE", _("The line, such as \"{name} {time} in {left}\"")}};
     for (Parameter& parameter : methodParameters()) parameters.push_back(std::move(parameter));
-    return {"next", "The coming prayer and the time left, in one line", std::move(parameters), runNext};
+    return {"next", _("The coming prayer and the time left, in one line"), std::move(parameters), runNext};
 }
 
 }  // namespace quode::cli

@@ -15,6 +15,7 @@
 #include "cli/commands.h"
 #include "common/captions.h"
 #include "common/formatting.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -46,11 +47,11 @@ double distanceToKaaba(double latitude, double longitude) {
 }
 
 Qibla qiblaOf(Session& session, const Arguments& arguments) {
-    const std::optional<VAKDate> wished = wishedDate(arguments);
+    const std::optional<VAKDate> requested = requestedDate(arguments);
     Qibla qibla;
     qibla.place = choosePlace(session, arguments.text("city"));
     const Site site = siteOf(qibla.place.city);
-    qibla.day = computeCityDay(site, wished ? *wished : today(session, site));
+    qibla.day = computeCityDay(site, requested ? *requested : today(session, site));
     qibla.bearing = bearingOf(qibla.day.kible);
     qibla.compass = wrapped360(qibla.bearing - qibla.day.declination);
     qibla.now = currentField(site, qibla.day.date);
@@ -59,7 +60,7 @@ Qibla qiblaOf(Session& session, const Arguments& arguments) {
     return qibla;
 }
 
-/// Whether the direction is told to be north only because the arctangent of zero is zero; it may be south as well.
+/// Whether the direction is given as north only because the arctangent of zero is zero; it may be south as well.
 bool isOnKaabaMeridian(const Qibla& qibla) {
     return qibla.bearing == 0.0;
 }
@@ -70,27 +71,28 @@ bool isNorthOfKaaba(const Qibla& qibla) {
 
 void printQibla(Session& session, const Qibla& qibla) {
     using Align = TextTable::Align;
-    const Texts& texts = session.texts();
     TextTable table({Align::left, Align::right, Align::left});
     const auto add = [&table](std::string_view label, std::string value, std::string_view remark) {
         table.add({std::string(label), std::move(value), std::string(remark)});
     };
-    add(texts.bearing, formatting::getQiblaAngleStr(qibla.day.kible.K), texts.fromNorth);
-    add(texts.compassBearing, decimal(texts, qibla.compass, 1) + "°", texts.compassRemark);
-    add(texts.declination, decimal(texts, qibla.day.declination, 1, true) + "°",
-        fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
-    add("", decimal(texts, qibla.now.declination, 1, true) + "°", currentFieldRemark(qibla.now));
+    add(_("Qibla"), formatting::getQiblaAngleStr(qibla.day.kible.K), _("clockwise from true north"));
+    add(_("Compass"), session.decimal(qibla.compass, 1) + "°", _("on a magnetic compass"));
+    add(_("Declination"), session.decimal(qibla.day.declination, 1, true) + "°",
+        _("magnetic, east is +; {} ({})", magneticModel, int(MagneticVariation::modelEpoch)));
+    add("", session.decimal(qibla.now.declination, 1, true) + "°", currentFieldRemark(qibla.now));
     const bool hasTime = qibla.sunTime != missingTime;
     add(session.caption(sunCaption), hasTime ? clockText(session, qibla.sunTime) : std::string(formatting::noTime),
-        hasTime ? texts.sunInQibla : texts.noSunInQibla);
-    add(texts.distance, fmt::format("{:.0f} km", qibla.distanceKm), texts.kaabaDistance);
+        hasTime ? _("the Sun stands in this direction") : _("the Sun is never in this direction that day"));
+    add(_("Distance"), fmt::format("{:.0f} km", qibla.distanceKm), _("to the Kaaba"));
     printPlace(session, qibla.place);
     session.print(longDate(session, qibla.day.date));
     session.print();
     for (const std::string& line : table.lines()) session.print("  " + line);
     if (isOnKaabaMeridian(qibla)) {
         const std::string note =
-            fmt::format(fmt::runtime(texts.kaabaMeridian), isNorthOfKaaba(qibla) ? texts.dueSouth : texts.dueNorth);
+            _("This place lies on the meridian of the Kaaba. The formula gives 0° on both sides of it; the Kaaba lies "
+              "due {}.",
+              isNorthOfKaaba(qibla) ? _("south") : _("north"));
         session.print();
         session.print(session.style().warning(wrapped("! " + note, pageWidth, 2)));
     }
@@ -116,7 +118,7 @@ void runQibla(Session& session, const Arguments& arguments) {
 }  // namespace
 
 Command qiblaCommand() {
-    return {"qibla", "The direction of the Kaaba", {cityParameter(), dateParameter()}, runQibla};
+    return {"qibla", _("The direction of the Kaaba"), {cityParameter(), dateParameter()}, runQibla};
 }
 
 }  // namespace quode::cli

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// quode settings: what is kept of the user's wishes beside cities and alarms.
+// quode settings: what is stored of the user's choices beside cities and alarms.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -15,6 +15,8 @@
 #include "cli/commands.h"
 #include "common/color_schemes.h"
 #include "common/numbers.h"
+#include "companion/language.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -64,9 +66,8 @@ void changeSound(Session& session, const std::string& value) {
 void changeLayout(Session& session, const std::string& value) {
     const bool wantsFolder = isOneOf(value, "ics", "vdir", "calendar");
     if (wantsFolder && evolutionSource(session).isConnected()) {
-        throw Failure(ExitCode::usage,
-                      "Evolution shows the one file of the layout ics. Disconnect it first: quode "
-                      "calendar disconnect");
+        throw Failure(ExitCode::usage, _("Evolution shows the one file of the layout ics. Disconnect it first: quode "
+                                         "calendar disconnect"));
     }
     UserDatabase database = userDatabaseToChange(session);
     AlarmCalendar calendar(session, database);
@@ -77,8 +78,8 @@ void changeRinger(Session& session, const std::string& value) {
     const bool wantsEvolution = isOneOf(value, "quode", "evolution", "ringer");
     if (wantsEvolution && !evolutionSource(session).isConnected()) {
         throw Failure(ExitCode::usage,
-                      "Evolution is not connected. Connect it and let it ring: quode calendar connect "
-                      "evolution --ring");
+                      _("Evolution is not connected. Connect it and let it ring: quode calendar connect "
+                        "evolution --ring"));
     }
     if (wantsEvolution) requireEvolutionProgram(session);
     UserDatabase database = userDatabaseToChange(session);
@@ -88,7 +89,7 @@ void changeRinger(Session& session, const std::string& value) {
 void changePanel(Session& session, const std::string& value) {
     const auto* const layout = std::ranges::find(panelLayouts, value, [](auto& each) { return each.first; });
     if (layout == panelLayouts.end()) {
-        throw Failure(ExitCode::usage, fmt::format("panel is auto, phone or tablet, not \"{}\".", value));
+        throw Failure(ExitCode::usage, _("panel is auto, phone or tablet, not \"{}\".", value));
     }
     UserDatabase database = userDatabaseToChange(session);
     UserSettings settings = loadSettings(database);
@@ -99,8 +100,7 @@ void changePanel(Session& session, const std::string& value) {
 void changeColors(Session& session, const std::string& value) {
     const std::optional<int> scheme = numberOf<int>(value);
     if (!scheme || *scheme < 1 || *scheme > colorSchemeCount) {
-        throw Failure(ExitCode::usage,
-                      fmt::format("colors is a number from 1 to {}, not \"{}\".", colorSchemeCount, value));
+        throw Failure(ExitCode::usage, _("colors is a number from 1 to {}, not \"{}\".", colorSchemeCount, value));
     }
     UserDatabase database = userDatabaseToChange(session);
     UserSettings settings = loadSettings(database);
@@ -108,23 +108,43 @@ void changeColors(Session& session, const std::string& value) {
     saveSettings(database, settings);
 }
 
-const std::array<Setting, 5> settings{{
-    {"sound", "of alarms that have none of their own", [](const UserSettings& all) { return all.defaultSound; },
+void changeLanguage(Session& session, const std::string& value) {
+    if (value != "auto") checkLanguage("language", value, availableLanguages(session.bundle()));
+    UserDatabase database = userDatabaseToChange(session);
+    UserSettings settings = loadSettings(database);
+    settings.language = value;
+    saveSettings(database, settings);
+}
+
+std::string languagesToChoose(Session& session) {
+    std::string text = _("auto (that of the locale)");
+    for (const std::string& language : availableLanguages(session.bundle())) text += ", " + language;
+    return text;
+}
+
+const std::array<Setting, 6> settings{{
+    {"sound", N_("of alarms that have none of their own"), [](const UserSettings& all) { return all.defaultSound; },
      soundsToChoose, changeSound},
-    {"calendar", "how the events of the alarms are kept", layoutName,
-     [](Session&) { return std::string("ics (one file, Quode.ics) and vdir (a folder with a file for each event)"); },
-     changeLayout},
-    {"ringer", "the program that rings", ringerName,
+    {"calendar", N_("how the events of the alarms are stored"), layoutName,
      [](Session&) {
-         return std::string("quode (the alarm service) and evolution (the reminders of Evolution, when connected)");
+         return std::string(_("ics (one file, Quode.ics) and vdir (a folder with a file for each event)"));
+     },
+     changeLayout},
+    {"ringer", N_("the program that rings"), ringerName,
+     [](Session&) {
+         return std::string(_("quode (the alarm service) and evolution (the reminders of Evolution, when connected)"));
      },
      changeRinger},
-    {"panel", "the layout of the panel", panelName,
-     [](Session&) { return std::string("auto (by the screen), phone and tablet, from the next start of the panel"); },
+    {"language", N_("the language of all programs"), [](const UserSettings& all) { return all.language; },
+     languagesToChoose, changeLanguage},
+    {"panel", N_("the layout of the panel"), panelName,
+     [](Session&) {
+         return std::string(_("auto (by the screen), phone and tablet, from the next start of the panel"));
+     },
      changePanel},
-    {"colors", "the colour scheme of the panel",
+    {"colors", N_("the colour scheme of the panel"),
      [](const UserSettings& all) { return std::to_string(all.colorScheme + 1); },
-     [](Session&) { return std::string("1 to 6; an open panel takes them at once"); }, changeColors},
+     [](Session&) { return std::string(_("1 to 6; an open panel takes them at once")); }, changeColors},
 }};
 
 // --- showing them
@@ -134,7 +154,7 @@ const Setting& settingNamed(const std::string& key) {
     if (found != settings.end()) return *found;
     std::string keys;
     for (const Setting& each : settings) keys += (keys.empty() ? "" : ", ") + std::string(each.key);
-    throw Failure(ExitCode::usage, fmt::format("There is no setting \"{}\". There are {}.", key, keys));
+    throw Failure(ExitCode::usage, _("There is no setting \"{}\". Use one of {}.", key, keys));
 }
 
 UserSettings presentSettings(Session& session) {
@@ -151,7 +171,7 @@ void showAll(Session& session) {
     }
     using Align = TextTable::Align;
     TextTable table({Align::left, Align::left, Align::left});
-    for (const Setting& each : settings) table.add({each.key, each.value(present), each.meaning});
+    for (const Setting& each : settings) table.add({each.key, each.value(present), _(each.meaning)});
     for (const std::string& line : table.lines()) session.print(line);
 }
 
@@ -161,7 +181,7 @@ void showOne(Session& session, const Setting& setting) {
         return session.printJson(object({{"settings", Json(Json::Object{{setting.key, value}})}}));
     }
     session.print(value);
-    session.print(session.style().dim(wrapped("There are " + setting.choices(session) + ".", pageWidth, 0)));
+    session.print(session.style().dim(wrapped(_("Choices: {}.", setting.choices(session)), pageWidth, 0)));
 }
 
 void runSettings(Session& session, const Arguments& arguments) {
@@ -177,9 +197,9 @@ void runSettings(Session& session, const Arguments& arguments) {
 
 Command settingsCommand() {
     return {"settings",
-            "Show or change settings",
-            {{Parameter::Kind::word, "KEY", "", "sound, calendar, ringer or panel"},
-             {Parameter::Kind::word, "VALUE", "", "What it is to be"}},
+            _("Show or change settings"),
+            {{Parameter::Kind::word, "KEY", "", _("sound, calendar, ringer, language or panel")},
+             {Parameter::Kind::word, "VALUE", "", _("What it is to be")}},
             runSettings};
 }
 

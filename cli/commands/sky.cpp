@@ -7,23 +7,23 @@
 #include "app/text_layout.h"
 #include "cli/commands.h"
 #include "common/formatting.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
 void printSky(Session& session, const ChosenPlace& place, const CityDay& day) {
-    const Texts& texts = session.texts();
     const double altitude = day.sky.MoonAltitudeOnSunSet;
     TextTable table({TextTable::Align::left, TextTable::Align::right});
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
     };
-    add(texts.sunrise, skyClockText(session, day.sky.SunRise));
-    add(texts.sunset, skyClockText(session, day.sky.SunSet));
-    add(texts.moonrise, skyClockText(session, day.sky.MoonRise));
-    add(texts.moonset, skyClockText(session, day.sky.MoonSet));
-    add(texts.moonAtSunset, altitude == missingMoonTime ? std::string(formatting::noTime)
-                                                        : formatting::getDegMinStrWithMinusPlus(altitude));
+    add(_("Sunrise"), skyClockText(session, day.sky.SunRise));
+    add(_("Sunset"), skyClockText(session, day.sky.SunSet));
+    add(_("Moonrise"), skyClockText(session, day.sky.MoonRise));
+    add(_("Moonset"), skyClockText(session, day.sky.MoonSet));
+    add(_("Moon at sunset"), altitude == missingMoonTime ? std::string(formatting::noTime)
+                                                         : formatting::getDegMinStrWithMinusPlus(altitude));
     printPlace(session, place);
     session.print(longDate(session, day.date));
     session.print();
@@ -32,10 +32,10 @@ void printSky(Session& session, const ChosenPlace& place, const CityDay& day) {
 }
 
 void runSky(Session& session, const Arguments& arguments) {
-    const std::optional<VAKDate> wished = wishedDate(arguments);
+    const std::optional<VAKDate> requested = requestedDate(arguments);
     const ChosenPlace place = choosePlace(session, arguments.text("city"));
     const Site site = siteOf(place.city);
-    const CityDay day = computeCityDay(site, wished ? *wished : today(session, site));
+    const CityDay day = computeCityDay(site, requested ? *requested : today(session, site));
     if (session.wantsJson()) {
         session.printJson(object({{"place", placeJson(place)}, {"date", isoDate(day.date)}, {"sky", skyJson(day)}}));
     } else {
@@ -46,7 +46,7 @@ void runSky(Session& session, const Arguments& arguments) {
 }  // namespace
 
 Command skyCommand() {
-    return {"sky", "Rise and set of Sun and Moon", {cityParameter(), dateParameter()}, runSky};
+    return {"sky", _("Rise and set of Sun and Moon"), {cityParameter(), dateParameter()}, runSky};
 }
 
 }  // namespace quode::cli

@@ -14,6 +14,7 @@
 #include "cli/commands.h"
 #include "cli/day_csv.h"
 #include "data/city_days.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -83,8 +84,8 @@ std::string hijriMonths(Session& session, const std::vector<VAKDate>& days) {
 void printMonthHead(Session& session, const Month& month, const std::vector<VAKDate>& days) {
     const std::string name = fmt::format("{} {}", session.monthName(month.month), month.year);
     const std::string hijri = hijriMonths(session, days);
-    const std::string remark = hijri.empty() ? std::string(session.texts().outsideTable)
-                                             : fmt::format("{} ({})", hijri, session.texts().byTable);
+    const std::string remark = hijri.empty() ? std::string(_("outside the Hijri table"))
+                                             : fmt::format("{} ({})", hijri, _("Hijri, by the table"));
     session.print(session.style().strong(name) + "  " + session.style().dim(remark));
     session.print();
 }
@@ -98,8 +99,7 @@ struct Columns {
 std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns prayers, TableNotes& notes) {
     const std::optional<VAKDate> hijri = hijriByTable(day.date);
     std::vector<std::string> row{
-        std::string(session.texts().weekdaysShort.at(static_cast<std::size_t>(weekdayOf(day.date)))) + ' ' +
-            padLeft(std::to_string(day.date.Days), 2),
+        session.shortWeekdayName(weekdayOf(day.date)) + ' ' + padLeft(std::to_string(day.date.Days), 2),
         hijri ? std::to_string(hijri->Days) : "", ""};
     if (const auto latitude = computedLatitude(day.times)) {
         row.back() = "*";
@@ -107,7 +107,7 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
     }
     for (int code = prayers.first; code <= prayers.last; ++code) {
         row.push_back(clockText(session, timeOfPrayer(day, code)) +
-                      notes.earlierDay.earlierDayMark(session, day.times, code) +
+                      notes.earlierDay.earlierDayMark(day.times, code) +
                       notes.earlierDay.sourceMark(day, code));
     }
     return row;
@@ -178,9 +178,7 @@ void printClockChanges(Session& session, const Timetable& table) {
         const std::chrono::year_month_day before(std::chrono::sys_days(begin) - std::chrono::days(1));
         const auto change = nextClockChange(table.site.rule, before);
         if (!change || change->date.year() != begin.year() || change->date.month() != begin.month()) continue;
-        const Texts& texts = session.texts();
-        const std::string_view format = change->toSummerTime ? texts.clocksForward : texts.clocksBack;
-        session.print("☀ " + fmt::format(fmt::runtime(format), dayAndMonth(session, change->date)));
+        session.print("☀ " + clockChangeText(session, *change));
     }
 }
 
@@ -248,19 +246,19 @@ void print(Session& session, const Arguments& arguments, Timetable table) {
 }
 
 void runMonth(Session& session, const Arguments& arguments) {
-    const std::optional<std::string> wish = arguments.text("YYYY-MM");
+    const std::optional<std::string> request = arguments.text("YYYY-MM");
     std::vector<Month> months;
-    if (wish) months.push_back(parseMonth(*wish));
+    if (request) months.push_back(parseMonth(*request));
     Timetable table = timetableOf(session, arguments, months);
-    if (!wish) table.months = {{table.today.Years, table.today.Months}};
+    if (!request) table.months = {{table.today.Years, table.today.Months}};
     print(session, arguments, std::move(table));
 }
 
 void runYear(Session& session, const Arguments& arguments) {
-    const std::optional<std::string> wish = arguments.text("YYYY");
-    const int wishedYear = wish ? parseYear(*wish) : 0;
+    const std::optional<std::string> request = arguments.text("YYYY");
+    const int requestedYear = request ? parseYear(*request) : 0;
     Timetable table = timetableOf(session, arguments, {});
-    const int year = wish ? wishedYear : table.today.Years;
+    const int year = request ? requestedYear : table.today.Years;
     for (int month = 1; month <= 12; ++month) table.months.push_back({year, month});
     print(session, arguments, std::move(table));
 }
@@ -269,7 +267,7 @@ std::vector<Parameter> parameters(const char* word, const char* help) {
     std::vector<Parameter> all{{Parameter::Kind::word, word, "", help},
                                cityParameter(),
                                formatParameter(),
-                               {Parameter::Kind::toggle, "all", "", "All nine times, not only the six main ones"}};
+                               {Parameter::Kind::toggle, "all", "", _("All nine times, not only the six main ones")}};
     for (Parameter& parameter : methodParameters()) all.push_back(std::move(parameter));
     return all;
 }
@@ -277,11 +275,11 @@ std::vector<Parameter> parameters(const char* word, const char* help) {
 }  // namespace
 
 Command monthCommand() {
-    return {"month", "The timetable of a month", parameters("YYYY-MM", "Another month than this one"), runMonth};
+    return {"month", _("The timetable of a month"), parameters("YYYY-MM", _("Another month than this one")), runMonth};
 }
 
 Command yearCommand() {
-    return {"year", "The timetable of a year", parameters("YYYY", "Another year than this one"), runYear};
+    return {"year", _("The timetable of a year"), parameters("YYYY", _("Another year than this one")), runYear};
 }
 
 }  // namespace quode::cli

@@ -14,6 +14,7 @@
 #include "cli/commands.h"
 #include "common/captions.h"
 #include "common/formatting.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -37,12 +38,12 @@ struct DayPage {
 
 DayPage pageOf(Session& session, const Arguments& arguments) {
     DayPage page;
-    const std::optional<VAKDate> wished = wishedDate(arguments);
+    const std::optional<VAKDate> requested = requestedDate(arguments);
     page.place = choosePlace(session, arguments.text("city"));
     useMethod(session, arguments, page.place);
     page.site = siteOf(page.place.city);
     page.today = today(session, page.site);
-    page.day = computeCityDay(page.site, wished.value_or(page.today));
+    page.day = computeCityDay(page.site, requested.value_or(page.today));
     page.hijri = hijriByTable(page.day.date);
     if (sameDay(page.day.date, page.today)) page.next = nextPrayer(page.site, session.now());
     page.change = nextClockChange(page.site.rule, civilDate(page.day.date));
@@ -60,21 +61,21 @@ int marginHeight(const DayPage& page) {
 
 void printHead(Session& session, const DayPage& page) {
     printPlace(session, page.place, true);
-    const Texts& texts = session.texts();
-    const std::string hijri = page.hijri ? hijriText(session, *page.hijri) + " (" + std::string(texts.byTable) + ")"
-                                         : std::string(texts.outsideTable);
+    const std::string hijri = page.hijri
+                                  ? hijriText(session, *page.hijri) + " (" + std::string(_("Hijri, by the table")) + ")"
+                                  : std::string(_("outside the Hijri table"));
     session.print();
     session.print(longDate(session, page.day.date));
     session.print(hijri);
     session.print();
 }
 
-std::string remarkOf(Session& session, double hours) {
+std::string remarkOf(double hours) {
     if (hours == missingTime) return "";
     constexpr int minutesPerDay = 1440;
     const int minute = shownMinute(hours);
-    if (minute >= minutesPerDay) return std::string(session.texts().afterMidnight);
-    return hours < 0.0 ? std::string(session.texts().dayBefore) : "";
+    if (minute >= minutesPerDay) return std::string(_("after midnight"));
+    return hours < 0.0 ? std::string(_("the evening before")) : "";
 }
 
 /// Where the coming prayer stands in the table: in the row of its code, or in a row of its own before the first or
@@ -102,10 +103,10 @@ Row nextRow(Session& session, const DayPage& page) {
 Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
     const double hours = timeOfPrayer(page.day, code);
     const bool isNext = nextRowOf(page) == NextRow::ofToday && page.next->code == code;
-    std::string remark = remarkOf(session, hours);
+    std::string remark = remarkOf(hours);
     const PrayTimes& times = page.day.times;
     std::string marks = notes.latitudeMark(session, times, code);  // the first to be numbered
-    marks += notes.earlierDayMark(session, times, code);
+    marks += notes.earlierDayMark(times, code);
     marks += notes.sourceMark(page.day, code);
     if (isNext) remark += (remark.empty() ? "" : ", ") + timeLeftText(session, page.site, *page.next);
     return {{isNext ? "›" : " ", session.prayerName(code), clockText(session, hours, page.withSeconds), marks, remark},
@@ -139,22 +140,19 @@ void printTimes(Session& session, const DayPage& page, Footnotes& notes) {
 }
 
 std::string zoneRemark(Session& session, const DayPage& page) {
-    const Texts& texts = session.texts();
-    if (!page.change) return std::string(texts.noSummerTime);
-    const std::string_view format = page.change->toSummerTime ? texts.clocksForward : texts.clocksBack;
-    return fmt::format(fmt::runtime(format), dayAndMonth(session, page.change->date));
+    if (!page.change) return std::string(_("no summer time"));
+    return clockChangeText(session, *page.change);
 }
 
-std::string marginText(Session& session, const DayPage& page) {
+std::string marginText(const DayPage& page) {
     const long seconds = std::lround(page.marginHours * 3600.0);
-    const Texts& texts = session.texts();
-    const std::string margin = fmt::format(fmt::runtime(texts.marginValue), seconds / 60, seconds % 60);
-    return fmt::format(fmt::runtime(texts.margin), margin, marginHeight(page));
+    const std::string margin = _("{} min {:02} s", seconds / 60, seconds % 60);
+    return _("The times include a margin (temkin) of {}, for {} m of height; 31 s and more round the minute up.",
+             margin, marginHeight(page));
 }
 
 void printFacts(Session& session, const DayPage& page) {
     using Align = TextTable::Align;
-    const Texts& texts = session.texts();
     const WidgetSkyInfo& sky = page.day.sky;
     const auto clock = [&](double hours) { return skyClockText(session, hours, page.withSeconds); };
     TextTable table({Align::left, Align::left, Align::left});
@@ -169,16 +167,17 @@ void printFacts(Session& session, const DayPage& page) {
         "");
     add(session.caption(zoneCaption), formatting::GetGMTValueStr(page.day.isDSTTime, page.day.GMTValue),
         zoneRemark(session, page));
-    add(session.caption(qiblaCaption), formatting::getQiblaAngleStr(page.day.kible.K), std::string(texts.fromNorth));
-    add(std::string(texts.declination), decimal(texts, page.day.declination, 1, true) + "°",
-        fmt::format(fmt::runtime(texts.declinationRemark), magneticModel, int(MagneticVariation::modelEpoch)));
+    add(session.caption(qiblaCaption), formatting::getQiblaAngleStr(page.day.kible.K),
+        std::string(_("clockwise from true north")));
+    add(std::string(_("Declination")), session.decimal(page.day.declination, 1, true) + "°",
+        _("magnetic, east is +; {} ({})", magneticModel, int(MagneticVariation::modelEpoch)));
     for (const std::string& line : table.lines()) session.print("   " + line);
 }
 
 void printNotes(Session& session, const DayPage& page, const Footnotes& notes) {
     const Style& style = session.style();
     session.print();
-    if (isByEngine(page.day)) session.print(style.dim(wrapped(marginText(session, page), pageWidth, 0)));
+    if (isByEngine(page.day)) session.print(style.dim(wrapped(marginText(page), pageWidth, 0)));
     printMethod(session, page.site);
     for (const std::string& remark : methodRemarks(page.day)) session.print(style.dim(wrapped(remark, pageWidth, 0)));
     for (const std::string& line : notes.lines()) session.print(wrapped(line, pageWidth, 2));
@@ -259,9 +258,9 @@ void runToday(Session& session, const Arguments& arguments) {
 
 Command todayCommand() {
     std::vector<Parameter> parameters{
-        cityParameter(), dateParameter(), {Parameter::Kind::toggle, "seconds", "", "Show seconds, unrounded"}};
+        cityParameter(), dateParameter(), {Parameter::Kind::toggle, "seconds", "", _("Show seconds, unrounded")}};
     for (Parameter& parameter : methodParameters()) parameters.push_back(std::move(parameter));
-    return {"today", "The times of a day (the default)", std::move(parameters), runToday};
+    return {"today", _("The times of a day (the default)"), std::move(parameters), runToday};
 }
 
 }  // namespace quode::cli

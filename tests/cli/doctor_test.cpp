@@ -92,7 +92,7 @@ TEST(Doctor, FindsAHomeThatIsGone) {
     const json check = checkOf(program, "user_database");
     EXPECT_EQ(check["state"], "problem");
     EXPECT_EQ(check["command"], "quode city home NAME");
-    EXPECT_NE(program.run({"city", "list"}).out.find("not in the city database any more"), std::string::npos);
+    EXPECT_NE(program.run({"city", "list"}).out.find("no longer in the city database"), std::string::npos);
     const Outcome today = program.run({"next"});
     EXPECT_EQ(today.code, 6);
     EXPECT_NE(today.err.find("Choose another one: quode city home NAME"), std::string::npos) << today.err;

@@ -31,25 +31,25 @@ TEST(Failures, OfUnknownCitiesComeWithSuggestions) {
 }
 
 TEST(Failures, OfImpossiblePlaces) {
-    expectFailure({"--city", "91,0"}, 2, "no latitude of 91");
-    expectFailure({"--city", "-90.5,0"}, 2, "no latitude of -90.5");
-    expectFailure({"city", "show", "10,181"}, 2, "no longitude of 181");
+    expectFailure({"--city", "91,0"}, 2, "Latitude 91 is out of range (-90 to 90)");
+    expectFailure({"--city", "-90.5,0"}, 2, "Latitude -90.5 is out of range");
+    expectFailure({"city", "show", "10,181"}, 2, "Longitude 181 is out of range");
     expectFailure({"--city", ""}, 2, "The name of the city is empty.");
     expectFailure({"city", "search", ""}, 2, "The name of the city is empty.");
     expectFailure({"city", "search", " "}, 2, "The name of the city is empty.");
-    expectFailure({"--city", "nan,0"}, 2, "no latitude");
+    expectFailure({"--city", "nan,0"}, 2, "Latitude nan is out of range");
 }
 
 TEST(Failures, OfImpossibleDates) {
     expectFailure({"--date", "2026-02-30"}, 2, "2026-02 has 28 days");
     expectFailure({"--date", "tomorrow"}, 2, "YYYY-MM-DD");
-    expectFailure({"--date", "10000-01-01"}, 2, "from 1 to 9999");
-    expectFailure({"month", "2026-13"}, 2, "no month 13");
-    expectFailure({"year", "0"}, 2, "from 1 to 9999");
+    expectFailure({"--date", "10000-01-01"}, 2, "out of range (1–9999)");
+    expectFailure({"month", "2026-13"}, 2, "Month 13 is out of range");
+    expectFailure({"year", "0"}, 2, "out of range (1–9999)");
     expectFailure({"hijri", "1582-10-10"}, 2, "1582-10-15");
     expectFailure({"hijri", "2008-11-28"}, 1, "2008-11-29");
     expectFailure({"hijri", "--to-gregorian", "1445-12-29"}, 2, "28 days");
-    expectFailure({"hijri", "--to-gregorian", "1471-01-01"}, 1, "from 1429-12-01 to 1470-12-30");
+    expectFailure({"hijri", "--to-gregorian", "1471-01-01"}, 1, "(1429-12-01 to 1470-12-30)");
     EXPECT_EQ(Program().run({"hijri", "--to-gregorian", "1470-12-30"}).code, 0);
 }
 
@@ -57,11 +57,11 @@ TEST(Failures, OfTheCommandLine) {
     expectFailure({"prayers"}, 2, "does not know \"prayers\". Try: quode --help");
     expectFailure({"month", "--fromat", "csv"}, 2, "quode month does not know \"--fromat\"");
     expectFailure({"month", "--format", "xml"}, 2, "table, csv, json");
-    expectFailure({"--lang", "es"}, 2, "tr, en, fr, de");
+    expectFailure({"--lang", "es"}, 2, "ar, de, en");
     expectFailure({"city"}, 2, "quode city --help");
     expectFailure({"city", "search"}, 2, "required");
     expectFailure({"--city"}, 2, "--city");
-    expectFailure({"--date", "2026-01-01", "month"}, 2, "quode month has no --date");
+    expectFailure({"--date", "2026-01-01", "month"}, 2, "quode month has no option --date");
     expectFailure({"city", "search", "Ankara", "--limit", "0"}, 2, "--limit");
     expectFailure({"--city", "\xff\xfe"}, 2, "\\xff\\xfe");
 }
@@ -109,7 +109,7 @@ TEST(Failures, OfALanguageFileLeaveTheTimesReadable) {
     EXPECT_NE(damaged.err.find("en.plist"), std::string::npos) << damaged.err;
     const Outcome whole = Program().run({"--city", "Ankara"});
     const auto timeIn = [](const std::string& line) { return line.substr(line.find(':') - 2, 5); };
-    EXPECT_EQ(timeIn(damaged.lineWith("Ogle")), timeIn(whole.lineWith("Dhuhr")));
+    EXPECT_EQ(timeIn(damaged.lineWith("Dhuhr")), timeIn(whole.lineWith("Dhuhr")));
     for (const char* label : {"Sun ", "Moon ", "Moon at sunset", "Time zone", "Qibla", "Declination"}) {
         EXPECT_EQ(damaged.lineWith(label), whole.lineWith(label));
     }
@@ -135,10 +135,10 @@ TEST(Failures, OfTheOutput) {
     Program program;
     const Outcome full = program.runShell("quode year > /dev/full");
     EXPECT_EQ(full.code, 4);
-    EXPECT_NE(full.err.find("could not be written"), std::string::npos) << full.err;
+    EXPECT_NE(full.err.find("cannot be written"), std::string::npos) << full.err;
     const Outcome closed = program.runShell("quode year >&-");
     EXPECT_EQ(closed.code, 4);
-    EXPECT_NE(closed.err.find("could not be written"), std::string::npos) << closed.err;
+    EXPECT_NE(closed.err.find("cannot be written"), std::string::npos) << closed.err;
     const Outcome gone = program.runShell("quode year --json | true; echo ${PIPESTATUS[0]}");
     EXPECT_EQ(gone.out, "4\n") << "a reader who went away";
     EXPECT_EQ(gone.err, "");

@@ -186,7 +186,7 @@ TEST(Hijri, ByTheCrescentIsNotMadeUpWhereNoCrescentWasFound) {
     const Outcome far = Program().run({"hijri", "9999-12-31", "--crescent"});
     EXPECT_EQ(far.code, 1);
     EXPECT_EQ(far.out, "");
-    EXPECT_TRUE(far.err.starts_with("quode: No crescent was found for 9999-12-31")) << far.err;
+    EXPECT_TRUE(far.err.starts_with("quode: No crescent is known for 9999-12-31")) << far.err;
 }
 
 TEST(Calendar, LeavesOutWhatTheDayDoesNotHave) {

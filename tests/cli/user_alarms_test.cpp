@@ -220,12 +220,12 @@ TEST(UserAlarms, AreNamedByNameKeyOrNumberInAnyLanguage) {
 
 TEST(UserAlarms, AreRefusedForWhatIsNoPrayer) {
     for (const char* command : {"on", "off"}) {
-        expectRefusal({"alarm", command, "foo"}, 2, "No prayer is called \"foo\". There are Fajr, Sunrise");
+        expectRefusal({"alarm", command, "foo"}, 2, "There is no prayer \"foo\". Use one of Fajr, Sunrise");
         expectRefusal({"alarm", command}, 2, "PRAYER is required");
     }
-    expectRefusal({"alarm", "set", "7", "--offset", "2"}, 2, "No prayer is called \"7\"");
-    expectRefusal({"alarm", "set", "israk", "--offset", "2"}, 2, "No prayer is called \"israk\"");
-    expectRefusal({"alarm", "test", "foo"}, 2, "No prayer is called \"foo\"");
+    expectRefusal({"alarm", "set", "7", "--offset", "2"}, 2, "There is no prayer \"7\"");
+    expectRefusal({"alarm", "set", "israk", "--offset", "2"}, 2, "There is no prayer \"israk\"");
+    expectRefusal({"alarm", "test", "foo"}, 2, "There is no prayer \"foo\"");
 }
 
 TEST(UserAlarms, AreRefusedWithAnImpossibleOffsetOrSound) {
@@ -236,7 +236,7 @@ TEST(UserAlarms, AreRefusedWithAnImpossibleOffsetOrSound) {
     expectRefusal({"alarm", "set", "fajr", "--offset", "721"}, 2, "at most 720 minutes before or after");
     expectRefusal({"alarm", "set", "fajr", "--offset", "-721"}, 2, "at most 720 minutes");
     expectRefusal({"alarm", "set", "fajr"}, 2, "--offset MINUTES, --sound NAME, or both");
-    expectRefusal({"alarm", "set", "fajr", "--sound", "nosuch"}, 1, "There is no sound \"nosuch\". There are bell");
+    expectRefusal({"alarm", "set", "fajr", "--sound", "nosuch"}, 1, "There is no sound \"nosuch\". Use one of bell");
     expectRefusal({"alarm", "set", "fajr", "--sound", "/etc/passwd"}, 1, "neither a WAV nor an Ogg Vorbis file");
     expectRefusal({"alarm", "test", "--seconds", "61"}, 2, "from 1 to 60");
 }

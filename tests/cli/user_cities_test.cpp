@@ -45,7 +45,7 @@ TEST(UserCities, AreNoneBeforeTheFirstChange) {
     const Program program;
     const Outcome list = program.run({"city", "list"});
     EXPECT_EQ(list.code, 0);
-    EXPECT_EQ(list.out, "You have chosen no city yet. To choose one: quode city home NAME.\n");
+    EXPECT_EQ(list.out, "You have no cities yet. To choose one: quode city home NAME.\n");
     EXPECT_EQ(idsIn(program), "");
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite")) << "looking makes nothing";
 }
@@ -86,7 +86,7 @@ TEST(UserCities, AreAddedOnce) {
     program.run({"city", "add", "Berlin"});
     const Outcome again = program.run({"city", "add", std::to_string(berlin), "--json"});
     EXPECT_EQ(again.code, 0);
-    EXPECT_EQ(again.err, "quode: Berlin is among your cities already.\n");
+    EXPECT_EQ(again.err, "quode: Berlin is already in your list.\n");
     EXPECT_EQ(idsShown(again), "745044* 2950159");
 }
 
@@ -101,7 +101,7 @@ TEST(UserCities, AreMovedByPositionNameAndId) {
     expectRefusal(program, {"city", "move", "1", "4"}, 2, "There is no position 4 among 3 cities.");
     expectRefusal(program, {"city", "move", "1", "0"}, 2, "quode city move Ankara 1");
     expectRefusal(program, {"city", "move", "Berlin"}, 2, "quode city move Ankara 1");
-    expectRefusal(program, {"city", "move", "Mecca", "1"}, 1, "\"Mecca\" is not among your cities");
+    expectRefusal(program, {"city", "move", "Mecca", "1"}, 1, "\"Mecca\" is not in your list");
 }
 
 TEST(UserCities, AreRemovedAndTheHomePassesToTheFirst) {
@@ -112,8 +112,8 @@ TEST(UserCities, AreRemovedAndTheHomePassesToTheFirst) {
     EXPECT_EQ(idsShown(program.run({"city", "remove", "2", "--json"})), "2950159*");
     const Outcome none = program.run({"city", "remove", "berlin"});
     EXPECT_EQ(none.code, 0);
-    EXPECT_NE(none.out.find("no city"), std::string::npos) << none.out;
-    expectRefusal(program, {"city", "remove", "1"}, 1, "\"1\" is not among your cities. Show them with: quode city");
+    EXPECT_NE(none.out.find("no cities"), std::string::npos) << none.out;
+    expectRefusal(program, {"city", "remove", "1"}, 1, "\"1\" is not in your list. Show your cities: quode city");
     EXPECT_EQ(idsShown(program.run({"city", "add", "Ankara", "--json"})), "323786*") << "the first one becomes home";
 }
 

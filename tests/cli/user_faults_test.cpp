@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Files of the user that are damaged, locked or out of reach: nothing is lost, and a message says what to do.
+// Files of the user that are damaged, locked or unreachable: nothing is lost, and a message says what to do.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -66,7 +66,7 @@ TEST_F(DamagedUserDatabase, IsNamedByWhateverReadsIt) {
          {Words{"city", "list"}, Words{"alarm", "list"}, Words{"alarm", "upcoming", "--json"}, Words{"settings"}}) {
         const Outcome run = program.run(words);
         expectMessage(run, 6, "user.sqlite is damaged");
-        EXPECT_NE(run.err.find("keeps the file aside and makes a fresh one"), std::string::npos) << run.err;
+        EXPECT_NE(run.err.find("keeps the file aside and creates a new one"), std::string::npos) << run.err;
         EXPECT_EQ(run.out, "");
     }
     EXPECT_EQ(stateOf("user_database"), "problem");
@@ -217,7 +217,7 @@ TEST(UserFolder, ThatIsAFileIsTold) {
     expectMessage(program.run({"alarm", "on", "fajr"}), 6, "set QUODE_DATA_DIR to another folder");
     const auto check = program.run({"doctor", "--json"}).json()["checks"][0];
     EXPECT_EQ(check["state"], "problem");
-    EXPECT_NE(check["advice"].get<std::string>().find("is no folder"), std::string::npos);
+    EXPECT_NE(check["advice"].get<std::string>().find("is not a folder"), std::string::npos);
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ TEST_F(UserDatabaseTest, BeginsWithoutACityInAZoneWithoutPlaces) {
     EXPECT_THAT(database.cities(), IsEmpty());
     EXPECT_FALSE(database.home());
     EXPECT_THAT(database.notices(), ElementsAre(HasSubstr("Etc/UTC")));
-    EXPECT_THAT(open().notices(), IsEmpty()) << "it is told once";
+    EXPECT_THAT(open().notices(), IsEmpty()) << "it is reported once";
 }
 
 TEST_F(UserDatabaseTest, BeginsWithSixAlarmsThatAreOff) {

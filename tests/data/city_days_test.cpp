@@ -34,7 +34,7 @@ std::uint64_t bitsOf(const CityDay& day) {
     return digest.sum();
 }
 
-/// A day by an engine that is told nothing of what is needed, and remembers nothing.
+/// A day by an engine that does not know what is needed, and remembers nothing.
 CityDay plainDay(const Site& site, const VAKDate& day) {
     const ZoneRule& rule = site.rule;
     FastAstro engine;

@@ -27,7 +27,7 @@ class ComingPrayerTest : public testing::Test {
                                                         {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
                                                         {"QUODE_NOW", now},
                                                         {"LC_ALL", "en_GB.UTF-8"}}),
-                                         Session::Wishes{language});
+                                         Session::Options{language});
     }
 
     /// The same with Istanbul as the only city.

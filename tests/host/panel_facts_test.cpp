@@ -21,7 +21,7 @@ class PanelFactsTest : public testing::Test {
                                                              {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
                                                              {"QUODE_NOW", now},
                                                              {"LC_ALL", "en_GB.UTF-8"}}),
-                                              app::Session::Wishes{"en"});
+                                              app::Session::Options{});
     }
 
     std::unique_ptr<app::Session> inIstanbul(const std::string& now) {

@@ -150,9 +150,9 @@ TEST_F(PanelProgram, DrawsWithoutADisplayWhateverQtIsToldToUse) {
 TEST_F(PanelProgram, SaysWhatIsWrong) {
     const QString file = path("panel.png");
     expectFailure({"--screenshot", file, "--city", "Nowheretown"}, 1, "No city is called \"Nowheretown\"");
-    expectFailure({"--screenshot", file, "--city", "91,0"}, 2, "There is no latitude");
+    expectFailure({"--screenshot", file, "--city", "91,0"}, 2, "Latitude 91 is out of range");
     expectFailure({"--screenshot", file, "--date", "21.11.2026"}, 2, "YYYY-MM-DD");
-    expectFailure({"--screenshot", path("no/such/folder.png"), "--city", "Istanbul"}, 4, "could not be written");
+    expectFailure({"--screenshot", path("no/such/folder.png"), "--city", "Istanbul"}, 4, "cannot be written");
     expectFailure({"--all"}, 2, "add --screenshot FILE");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "panel.png"));
 }

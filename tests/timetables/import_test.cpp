@@ -12,14 +12,14 @@ namespace {
 
 constexpr int firstOfMarch2026 = 20513;
 
-Import imported(const std::string& content, const ImportWishes& wishes = {}) {
+Import imported(const std::string& content, const ImportOptions& options = {}) {
     SunCheck check(istanbul());
-    return importTable(readRawTable(content), wishes, check);
+    return importTable(readRawTable(content), options, check);
 }
 
-std::string messageOf(const std::string& content, const ImportWishes& wishes = {}) {
+std::string messageOf(const std::string& content, const ImportOptions& options = {}) {
     try {
-        imported(content, wishes);
+        imported(content, options);
     } catch (const ImportError& error) {
         return error.what();
     }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Measures the contrast of every colour scheme. The page docs/contrast.md is what this test finds; to write it anew,
+// Measures the contrast of every colour scheme. The page docs/contrast.md is what this test finds; to write it again,
 // run this program with QUODE_WRITE_PAGES=1.
 #include "views/contrast.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Every glyph in every state, and every frame, compared with pictures that were looked at. To take them anew, run this
+// Every glyph in every state, and every frame, compared with pictures that were looked at. To take them again, run this
 // program with QUODE_TAKE_PICTURES=1 and look at tests/fixtures/glyphs.
 #include <QPainter>
 #include <QTest>

@@ -47,10 +47,10 @@ void releaseKey(QWidget& widget, Qt::Key key);
 /// there is none or when several have the name.
 QAccessibleInterface& spokenAs(QWidget& root, const std::string& name);
 
-/// The names of everything that is told of, in the order in which it is told.
+/// The names of everything that is exposed, in its order.
 std::vector<std::string> spokenNames(QWidget& root);
 
-/// Whether assistive technology is told of changes; waits for its bus where the platform has one.
+/// Whether assistive technology gets changes; waits for its bus where the platform has one.
 bool somethingListens();
 
 /// A picture of a view on the panel's colour.

@@ -51,7 +51,7 @@ class WidgetTest : public testing::Test {
     /// The number of the first place of a name in the shipped database.
     static int cityNamed(std::string_view name);
 
-    /// Starts the shared services anew, and makes a widget as a host does.
+    /// Restarts the shared services, and makes a widget as a host does.
     QuodeController& makeWidget();
 
     /// The same with the user's one city.

@@ -122,7 +122,7 @@ void addPlaces(const std::filesystem::path& folder, SourceData& data) {
     }
 }
 
-// The most populous place of a country that bears a name.
+// The most populous place of a country with a given name.
 std::int32_t largestNamed(const SourceData& data, const std::string& country, const std::string& name) {
     const Place* largest = nullptr;
     for (const Place& place : data.places) {

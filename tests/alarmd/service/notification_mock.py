@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: the Quode authors
 # SPDX-License-Identifier: MIT
-"""A notification service that writes down what it is told, one JSON object per line on its standard output.
+"""A notification service that writes down what it receives, one JSON object per line on its standard output.
 
 With the argument "described" it tells its name and what it can do; else it refuses to. With "slow" it answers after six
 seconds.

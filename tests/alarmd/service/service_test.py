@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: the Quode authors
 # SPDX-License-Identifier: MIT
 """The alarm service as a user has it: the real program on a private session bus, with a notification service that writes down
-what it is told. The wall clock of the programs is moved so that a full minute is a few seconds away.
+what it receives. The wall clock of the programs is moved so that a full minute is a few seconds away.
 
   service_test.py PROGRAMS BUNDLE [TEST]
 

@@ -24,7 +24,7 @@ TEST(Truth, IsWhatTheAccuracyPageShows) {
     std::stringstream page;
     page << stream.rdbuf();
     EXPECT_EQ(accuracyPage(allComparisons()), page.str())
-        << "write it anew: build/release/bin/accuracy > docs/accuracy.md";
+        << "write it again: build/release/bin/accuracy > docs/accuracy.md";
 }
 
 }  // namespace
