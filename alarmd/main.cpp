@@ -81,7 +81,7 @@ int serve() {
         fmt::print(stderr, "quode-alarmd: The alarm service is running already.\n");
         return 0;
     }
-    const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()));
+    const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()), services.platform().zoneFolder);
     const Loop loop = newLoop();
     const auto notifications = sdBusNotifications(loop.get());
     const auto player = canberraSoundPlayer(loop.get());

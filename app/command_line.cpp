@@ -5,6 +5,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <list>
+#include <numeric>
+#include <string_view>
+#include <utility>
 
 #include "app/failure.h"
 #include "common/utf8.h"
@@ -79,6 +82,23 @@ Arguments argumentsOf(const Slots& slots) {
     return arguments;
 }
 
+constexpr std::size_t largestMistake = 2;
+
+/// How many letters have to be put in, left out or replaced to make one word of the other.
+std::size_t mistakesBetween(std::string_view one, std::string_view other) {
+    std::vector<std::size_t> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < other.size(); ++j) {
+            const std::size_t replaced = diagonal + (one[i] == other[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row.back();
+}
+
 /// The parser for a set of commands, with the values it fills.
 class Parser {
   public:
@@ -110,6 +130,20 @@ class Parser {
 
     /// The first argument that nothing could be made of.
     std::string firstUnknown() const { return app_.remaining(true).front(); }
+
+    /// The command that is nearest to a word with a typing mistake; empty when none is near.
+    std::string nearestCommand(const std::string& word) const {
+        std::string nearest;
+        std::size_t least = largestMistake + 1;
+        for (const CLI::App* const command : deepest().app->get_subcommands([](const CLI::App*) { return true; })) {
+            const std::size_t distance = mistakesBetween(word, command->get_name());
+            if (distance < least && distance < word.size()) {
+                least = distance;
+                nearest = command->get_name();
+            }
+        }
+        return nearest;
+    }
 
     std::string commandPath() const {
         const Slots& chosen = deepest();
@@ -241,8 +275,10 @@ ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& 
     } catch (const CLI::CallForHelp&) {
         return HelpText{parser.help()};
     } catch (const CLI::ExtrasError&) {
-        throw Failure(ExitCode::usage, parser.commandPath() + " does not know \"" + parser.firstUnknown() +
-                                           "\". Try: " + parser.commandPath() + " --help");
+        const std::string unknown = parser.firstUnknown(), nearest = parser.nearestCommand(unknown);
+        const std::string question = nearest.empty() ? "" : " Did you mean \"" + nearest + "\"?";
+        throw Failure(ExitCode::usage, parser.commandPath() + " does not know \"" + unknown + "\"." + question +
+                                           " Try: " + parser.commandPath() + " --help");
     } catch (const CLI::ParseError& error) {
         if (parser.wantsVersion()) return VersionWish{};
         throw Failure(ExitCode::usage, sentence(error.what()) + " Try: " + parser.commandPath() + " --help");

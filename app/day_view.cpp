@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "app/dates.h"
+#include "app/day_notes.h"
 #include "app/method_choice.h"
 #include "app/session.h"
 #include "app/text_layout.h"
@@ -96,7 +97,7 @@ std::optional<VAKDate> wishedDate(const Arguments& arguments) {
 }
 
 VAKDate today(Session& session, const Site& site) {
-    const VAKDate clock = wallClock(site.rule, session.now());
+    const VAKDate clock = wallClock(site.clock(), session.now());
     return VAKDateMake(clock.Days, clock.Months, clock.Years, 0, 0, 0);
 }
 
@@ -218,20 +219,25 @@ std::vector<std::string> Footnotes::lines() const {
     return lines;
 }
 
-std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
-                                           const VAKDate& last) {
+std::vector<ZoneDisagreement> zoneProblems(Session& session, const CityRecord& city, const VAKDate& now,
+                                           const VAKDate& first, const VAKDate& last) {
     const auto begin = civilDate(first), end = civilDate(last), present = civilDate(now);
     std::vector<ZoneDisagreement> problems;
     const auto check = [&](DayRange range) {
-        const auto found = checkZone({city.zone, city.rule}, range);
+        const auto found = checkZone({city.zone, city.rule, city.known}, range, session.zoneFolder());
         if (found && !found->unknownToSystem) problems.push_back(*found);
     };
-    if (!present.ok() || !begin.ok() || !end.ok()) return problems;
+    if (!present.ok() || !begin.ok() || !end.ok() || (city.known && city.known->systemIsOlder())) return problems;
     const DayRange coming = twoYearsFrom(present);
     check(coming);
     const DayRange shown{begin, end};
     if (shown.first < coming.first || shown.last > coming.last) check(shown);
     return problems;
+}
+
+Json zoneDataJson(const CityRecord& city) {
+    if (!city.known || city.known->edition.empty()) return nullptr;
+    return object({{"edition", city.known->edition}, {"of_system", city.known->isOfSystem()}});
 }
 
 void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems) {
@@ -250,13 +256,10 @@ Json warningsJson(const std::vector<ZoneDisagreement>& problems) {
 }
 
 void printHowChosen(Session& session, const ChosenPlace& place) {
-    if (place.source != PlaceSource::systemZone && place.source != PlaceSource::fallback) return;
-    const Texts& texts = session.texts();
-    const std::string_view format =
-        place.source == PlaceSource::systemZone ? texts.chosenByZone : texts.chosenByDefault;
+    const std::string note = guessNote(session, place);
+    if (note.empty()) return;
     session.print();
-    session.print(session.style().dim(
-        wrapped(fmt::format(fmt::runtime(format), place.city.name, session.systemZoneText()), pageWidth, 0)));
+    session.print(session.style().dim(wrapped(note, pageWidth, 0)));
 }
 
 }  // namespace quode::app

@@ -18,7 +18,6 @@
 namespace quode::app {
 namespace {
 
-constexpr int mecca = 104515;
 constexpr int suggestionCount = 5;
 constexpr double sameTerrainKm = 15.0;  // from a city whose height stands for a point
 
@@ -55,6 +54,7 @@ ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
     place.city.longitude = point.longitude;
     place.city.zone = nearest.zone;
     place.city.rule = nearest.rule;
+    place.city.known = nearest.known;
     place.city.temkin = nearest.temkin;
     if (place.nearest->distanceKm < sameTerrainKm) place.city.choice.height = nearest.elevation.value_or(0);
     return place;
@@ -121,7 +121,7 @@ ChosenPlace placeOfSystem(Session& session) {
     const std::string zone = session.systemZone();
     if (zone.empty()) tellOfNamelessZone(session);
     if (const auto city = session.cities().largestCityOfZone(zone)) return {*city, PlaceSource::systemZone, {}};
-    const auto city = session.cities().city(mecca);
+    const auto city = session.cities().city(fallbackCity);
     if (!city) throw Failure(ExitCode::notFound, "Choose a city: quode city home NAME");
     return {*city, PlaceSource::fallback, {}};
 }
@@ -141,19 +141,23 @@ const char* sourceName(PlaceSource source) {
     }
 }
 
+ChosenPlace storedHomePlace(Session& session) {
+    const std::optional<UserCity> home = storedHome(session);
+    if (!home || !home->city) return placeOfSystem(session);
+    const PlaceSource guess = home->id == fallbackCity ? PlaceSource::fallback : PlaceSource::systemZone;
+    return {*home->city, home->isGuess ? guess : PlaceSource::home, {}};
+}
+
 ChosenPlace placeWithoutChoice(Session& session, const std::optional<std::string>& wish) {
     if (wish) return placeNamed(session, *wish);
     if (const auto variable = session.variable("QUODE_CITY")) {
         return placeOfVariable(session, *variable);
     }
-    if (const auto home = homeCity(session)) return {*home, PlaceSource::home, {}};
-    return placeOfSystem(session);
+    return storedHomePlace(session);
 }
 
-}  // namespace
-
-ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish) {
-    ChosenPlace place = placeWithoutChoice(session, wish);
+// The place with the method that the user chose for it.
+ChosenPlace withChoice(Session& session, ChosenPlace place) {
     CityRecord& city = place.city;
     if (city.id == 0) return place;
     city.choice = readSiteChoice(userDatabaseFile(session.dataFolder()), city.id);
@@ -163,6 +167,16 @@ ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish
             ExitCode::userData);
     }
     return place;
+}
+
+}  // namespace
+
+ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish) {
+    return withChoice(session, placeWithoutChoice(session, wish));
+}
+
+ChosenPlace chooseHomePlace(Session& session) {
+    return withChoice(session, storedHomePlace(session));
 }
 
 std::string regionAndCountry(Session& session, const CityRecord& city) {

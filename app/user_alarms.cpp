@@ -147,14 +147,14 @@ std::string offsetText(Session& session, int minutes) {
 }
 
 std::string clockAt(Session& session, const CityRecord& city, sys_seconds instant) {
-    const VAKDate clock = wallClock(city.rule, instant);
+    const VAKDate clock = wallClock(siteOf(city).clock(), instant);
     return session.services().timeLeadingZero(clock.Hours, clock.Minutes);
 }
 
 std::string timeUntil(Session& session, const CityRecord& city, sys_seconds instant) {
     const Texts& texts = session.texts();
     const std::string left = fmt::format(fmt::runtime(texts.in), durationText(session, instant - session.now()));
-    const bool isToday = sameDay(wallClock(city.rule, instant), today(session, siteOf(city)));
+    const bool isToday = sameDay(wallClock(siteOf(city).clock(), instant), today(session, siteOf(city)));
     return isToday ? left : std::string(texts.tomorrow) + ", " + left;
 }
 

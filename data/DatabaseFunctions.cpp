@@ -24,7 +24,7 @@ namespace {
 using std::chrono::sys_seconds;
 
 constexpr const char* fileName = "user.sqlite";
-constexpr int lockPatienceMs = 2000;
+constexpr int lockPatienceMs = 200;
 
 // The blanks belong to the texts.
 constexpr const char* alarmInfoQuery =
@@ -43,6 +43,11 @@ sqlite::Statement firstRow(sqlite3* database, const std::string& sql) {
 
 bool hasQuote(const std::string& text) {
     return text.find('\'') != std::string::npos;
+}
+
+VAKDate presentOn(const Clock& clock) {
+    const CivilTime now = clock.civilTime(clock.now());
+    return VAKDateMake(now.day, now.month, now.year, now.hour, now.minute, now.second);
 }
 
 VAKDate oneMinuteLater(VAKDate date) {
@@ -208,8 +213,9 @@ DatabaseFunctions::AlarmRow DatabaseFunctions::readAlarmRow(int timeId) {
 
 // Writes the event of an alarm and gives the identifier under which it is found from now on.
 std::string DatabaseFunctions::saveEvent(const AlarmRow& alarm) {
-    const Clock& clock = *globalFuncs_->platform().clock;
-    const VAKDate start = nextAlarmMoment(globalFuncs_->GetCurrentDateTime(), alarm.prayTime, alarm.offset);
+    const Platform& platform = globalFuncs_->platform();
+    const Clock& clock = platform.alarmClock ? *platform.alarmClock : *platform.clock;
+    const VAKDate start = nextAlarmMoment(presentOn(clock), alarm.prayTime, alarm.offset);
     VAKDate end = start;  // keeps the day of the start, also over midnight
     const VAKDate later = oneMinuteLater(start);
     end.Hours = later.Hours;

@@ -36,7 +36,8 @@ bool isWhole(const std::filesystem::path& file) {
 
 }  // namespace
 
-CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) {
+CityConnection::CityConnection(const std::filesystem::path& file, const std::filesystem::path& zoneFolder)
+    : file_(file) {
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(file, ignored)) {
         throw CityDatabaseError(Reason::missing,
@@ -48,6 +49,7 @@ CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) 
     checkEdition();
     checkTables();
     recordQuery_ = query(cityRecordSql);
+    zones_.emplace(database_.get(), zoneFolder);
 }
 
 void CityConnection::failDamaged(const std::string& detail) const {
@@ -73,7 +75,7 @@ void CityConnection::checkTables() const {
     for (const char* sql :
          {"SELECT FOLDED, ID, KIND, POPULATION, PARENT FROM CITY_NAME", "SELECT ID, NAME FROM OTHER_NAME",
           "SELECT LATITUDE, LONGITUDE, ID FROM CITY_POINT", "SELECT NAME, ZONE FROM ZONE_NAME",
-          "SELECT GMT, LARGEST FROM ZONE", "SELECT WHAT, EDITION FROM EDITION"}) {
+          "SELECT GMT, LARGEST, DAYS FROM ZONE", "SELECT WHAT, EDITION FROM EDITION"}) {
         query(sql);
     }
 }
@@ -122,6 +124,7 @@ std::optional<CityRecord> CityConnection::record(int id) {
     city.temkin = integer(17) != 0;
     city.population = static_cast<long>(sqlite3_column_int64(row, 18));
     if (sqlite3_column_type(row, 19) != SQLITE_NULL) city.elevation = integer(19);
+    city.known = zones_->of(city.zone, text(20));
     sqlite3_reset(row);
     if (!(std::abs(city.latitude) <= 90.0 && std::abs(city.longitude) <= 180.0)) {
         failDamaged(_("the coordinates of place {} are out of range", id));

@@ -49,7 +49,7 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
           systemMomentWatch(session_.deviceClock(), {zoneFile}),
           systemMomentWatch(session_.deviceClock(), userFiles(session_)), [this] { return shownChoices(session_); },
           settle),
-      panel_(*widget_, window_, session_.deviceClock(), watch_, [this] { prepare(); }),
+      panel_(*widget_, window_, session_.homeClock(), watch_, [this] { prepare(); }),
       storedRows_(rememberedRows(session_)) {
     MessageView::setKeepsNewestOnly(true);
     connectMenu();

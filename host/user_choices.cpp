@@ -12,15 +12,22 @@
 #include "host/texts.h"
 
 namespace quode::host {
+namespace {
+
+// For another program that keeps the user database locked; the panel stands still so long.
+constexpr std::chrono::milliseconds lockPatience{200};
+
+}  // namespace
 
 QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
     GlobalFuncs& services = session.services();
     QStringList notices;
     if (services.dataFolderProblem()) notices << QString::fromStdString(*services.dataFolderProblem());
     try {
-        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock(), lockPatience);
         for (const std::string& notice : database.notices()) notices << QString::fromStdString(notice);
         const std::optional<UserCity> home = database.home();
+        session.followCity(home && home->city ? &*home->city : nullptr);
         if (home && !home->city) notices << QString::fromStdString(app::lostHome(home->id));
         if (database.cities().empty()) notices << textsOf(services.languageId()).addCity;
         database.refreshPrayerTimes();

@@ -10,7 +10,7 @@
 namespace quode {
 
 /// The folder of the user's files: $QUODE_DATA_DIR, else $XDG_DATA_HOME/Quode, else $HOME/.local/share/Quode; the
-/// folder need not exist. An empty variable counts as not set, and so does an $XDG_DATA_HOME that is no absolute path.
+/// folder need not exist. An empty variable counts as not set, and so does an $XDG_DATA_HOME or $HOME that is no absolute path.
 /// Without any of the three it is "Quode" in the folder for temporary files.
 std::string dataFolderFrom(const Environment& environment);
 
@@ -18,6 +18,9 @@ std::string dataFolderFrom(const Environment& environment);
 /// beside the folder of the program. The folder need not exist.
 /// @param executable  the path of the program, as executablePath() gives it
 std::string bundleFolderFrom(const Environment& environment, const std::filesystem::path& executable);
+
+/// The folder of the machine's zone data: $TZDIR, else /usr/share/zoneinfo. The folder need not exist.
+std::string zoneFolderFrom(const Environment& environment);
 
 /// The path of the program that runs; empty when the system does not tell.
 std::filesystem::path executablePath();

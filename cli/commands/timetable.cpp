@@ -7,6 +7,7 @@
 #include <array>
 
 #include "app/dates.h"
+#include "app/day_notes.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/session.h"
@@ -36,9 +37,9 @@ Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<
     return table;
 }
 
-void addWarnings(Timetable& table) {
+void addWarnings(Session& session, Timetable& table) {
     const VAKDate first = daysOf(table.months.front()).front(), last = daysOf(table.months.back()).back();
-    table.warnings = zoneProblems(table.place.city, table.today, first, last);
+    table.warnings = zoneProblems(session, table.place.city, table.today, first, last);
 }
 
 // --- text
@@ -48,6 +49,11 @@ struct TableNotes {
     Footnotes earlierDay;
     // The latitudes for which times were computed where the Sun does not rise and set.
     std::optional<double> lowest, highest;
+    std::vector<std::string> missing;  // why there are no times
+
+    void addMissing(const std::string& note) {
+        if (!note.empty() && std::ranges::find(missing, note) == missing.end()) missing.push_back(note);
+    }
 
     void addLatitude(double latitude) {
         lowest = std::min(latitude, lowest.value_or(latitude));
@@ -101,6 +107,7 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
         row.push_back(clockText(session, timeOfPrayer(day, code)) +
                       notes.earlierDay.earlierDayMark(session, day.times, code) +
                       notes.earlierDay.sourceMark(day, code));
+        notes.addMissing(missingPrayerNote(session, day, code));
     }
     return row;
 }
@@ -169,7 +176,7 @@ void printClockChanges(Session& session, const Timetable& table) {
         const auto begin = civilDate(first);
         if (!begin.ok()) continue;
         const std::chrono::year_month_day before(std::chrono::sys_days(begin) - std::chrono::days(1));
-        const auto change = nextClockChange(table.site.rule, before);
+        const auto change = nextClockChange(table.site.clock(), before);
         if (!change || change->date.year() != begin.year() || change->date.month() != begin.month()) continue;
         const Texts& texts = session.texts();
         const std::string_view format = change->toSummerTime ? texts.clocksForward : texts.clocksBack;
@@ -189,6 +196,7 @@ void printTable(Session& session, const Timetable& table) {
         session.print(wrapped(note, pageWidth, 2));
     }
     for (const std::string& line : notes.earlierDay.lines()) session.print(wrapped(line, pageWidth, 2));
+    for (const std::string& note : notes.missing) session.print(wrapped("--:-- " + note, pageWidth, 6));
     printWarnings(session, table.warnings);
     printHowChosen(session, table.place);
 }
@@ -202,7 +210,10 @@ std::vector<std::string> notesOf(const CityDay& day) {
     if (times.isLatitudeChanged) notes.emplace_back("other_latitude");
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
         const double hours = timeOfPrayer(day, code);
-        if (hours == missingTime) continue;
+        if (hours == missingTime) {
+            notes.push_back(prayerKey(code) + "_missing");
+            continue;
+        }
         if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
         if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
     }
@@ -254,13 +265,15 @@ void printJson(Session& session, const Timetable& table) {
             days.push_back(dayJson(session, computeCityDay(table.site, date)));
         }
     }
-    session.printJson(
-        object({{"place", placeJson(table.place)}, {"days", days}, {"warnings", warningsJson(table.warnings)}}));
+    session.printJson(object({{"place", placeJson(table.place)},
+                              {"rule", ruleJson(table.site)},
+                              {"days", days},
+                              {"warnings", warningsJson(table.warnings)}}));
 }
 
 void print(Session& session, const Arguments& arguments, Timetable table) {
     if (arguments.text("format") == "csv" && !arguments.has("json")) return printCsv(session, table);
-    addWarnings(table);
+    addWarnings(session, table);
     if (session.wantsJson()) return printJson(session, table);
     printTable(session, table);
 }
