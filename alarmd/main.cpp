@@ -15,8 +15,8 @@
 #include "alarmd/InstanceLock.h"
 #include "common/GlobalFuncs.h"
 #include "companion/UserEventStore.h"
-#include "companion/ringer.h"
 #include "companion/language.h"
+#include "companion/ringer.h"
 #include "platform/Uptime.h"
 #include "platform/canberra_sound_player.h"
 #include "platform/folders.h"
@@ -103,7 +103,7 @@ int serve() {
         fmt::print(stderr, "quode-alarmd: {}\n", _("The alarm service is already running."));
         return 0;
     }
-    const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()));
+    const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()), services.platform().zoneFolder);
     const Loop loop = newLoop();
     const auto notifications = sdBusNotifications(loop.get());
     const auto player = canberraSoundPlayer(loop.get());

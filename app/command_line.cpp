@@ -5,6 +5,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <list>
+#include <numeric>
+#include <string_view>
+#include <utility>
 
 #include "app/failure.h"
 #include "app/text_layout.h"
@@ -85,6 +88,23 @@ Arguments argumentsOf(const Slots& slots) {
     return arguments;
 }
 
+constexpr std::size_t largestMistake = 2;
+
+/// How many letters have to be put in, left out or replaced to make one word of the other.
+std::size_t mistakesBetween(std::string_view one, std::string_view other) {
+    std::vector<std::size_t> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < other.size(); ++j) {
+            const std::size_t replaced = diagonal + (one[i] == other[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row.back();
+}
+
 /// The parser for a set of commands, with the values it fills.
 class Parser {
   public:
@@ -117,6 +137,20 @@ class Parser {
 
     /// The first argument that nothing could be made of.
     std::string firstUnknown() const { return app_.remaining(true).front(); }
+
+    /// The command that is nearest to a word with a typing mistake; empty when none is near.
+    std::string nearestCommand(const std::string& word) const {
+        std::string nearest;
+        std::size_t least = largestMistake + 1;
+        for (const CLI::App* const command : deepest().app->get_subcommands([](const CLI::App*) { return true; })) {
+            const std::size_t distance = mistakesBetween(word, command->get_name());
+            if (distance < least && distance < word.size()) {
+                least = distance;
+                nearest = command->get_name();
+            }
+        }
+        return nearest;
+    }
 
     std::string commandPath() const {
         const Slots& chosen = deepest();
@@ -272,8 +306,10 @@ ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& 
     } catch (const CLI::CallForHelp&) {
         return HelpText{parser.help()};
     } catch (const CLI::ExtrasError&) {
-        throw Failure(ExitCode::usage,
-                      _("{0} does not know \"{1}\". Try: {0} --help", parser.commandPath(), parser.firstUnknown()));
+        const std::string unknown = parser.firstUnknown(), nearest = parser.nearestCommand(unknown);
+        std::string problem = _("{0} does not know \"{1}\".", parser.commandPath(), unknown);
+        if (!nearest.empty()) problem.append(" ").append(_("Did you mean \"{}\"?", nearest));
+        throw Failure(ExitCode::usage, problem.append(" ").append(_("Try: {} --help", parser.commandPath())));
     } catch (const CLI::ParseError& error) {
         if (parser.wantsVersion()) return VersionRequest{};
         throw Failure(ExitCode::usage, _("{0} Try: {1} --help", sentence(error.what()), parser.commandPath()));

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "app/dates.h"
+#include "app/day_notes.h"
 #include "app/method_choice.h"
 #include "app/session.h"
 #include "app/text_layout.h"
@@ -96,7 +97,7 @@ std::optional<VAKDate> requestedDate(const Arguments& arguments) {
 }
 
 VAKDate today(Session& session, const Site& site) {
-    const VAKDate clock = wallClock(site.rule, session.now());
+    const VAKDate clock = wallClock(site.clock(), session.now());
     return VAKDateMake(clock.Days, clock.Months, clock.Years, 0, 0, 0);
 }
 
@@ -199,13 +200,16 @@ std::string Footnotes::latitudeMark(Session& session, const PrayTimes& times, in
     return mark(latitudeNote(session, latitude, latitude));
 }
 
+std::string earlierDayNote(int code) {
+    return code == firstPrayer ? _("The Sun does not sink 19° below the horizon: the time is that of "
+                                   "the nearest earlier day on which it does.")
+                               : _("The Sun does not sink 17° below the horizon: the time is that of "
+                                   "the nearest earlier day on which it does.");
+}
+
 std::string Footnotes::earlierDayMark(const PrayTimes& times, int code) {
     const bool isShown = timeOfPrayer(times, code) != missingTime && fallbacksOf(times, code).earlierDay;
-    if (!isShown) return "";
-    return mark(code == firstPrayer ? _("The Sun does not sink 19° below the horizon: the time is that of "
-                                        "the nearest earlier day on which it does.")
-                                    : _("The Sun does not sink 17° below the horizon: the time is that of "
-                                        "the nearest earlier day on which it does."));
+    return isShown ? mark(earlierDayNote(code)) : "";
 }
 
 std::string Footnotes::sourceMark(const CityDay& day, int code) {
@@ -225,20 +229,25 @@ std::vector<std::string> Footnotes::lines() const {
     return lines;
 }
 
-std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
-                                           const VAKDate& last) {
+std::vector<ZoneDisagreement> zoneProblems(Session& session, const CityRecord& city, const VAKDate& now,
+                                           const VAKDate& first, const VAKDate& last) {
     const auto begin = civilDate(first), end = civilDate(last), present = civilDate(now);
     std::vector<ZoneDisagreement> problems;
     const auto check = [&](DayRange range) {
-        const auto found = checkZone({city.zone, city.rule}, range);
+        const auto found = checkZone({city.zone, city.rule, city.known}, range, session.zoneFolder());
         if (found && !found->unknownToSystem) problems.push_back(*found);
     };
-    if (!present.ok() || !begin.ok() || !end.ok()) return problems;
+    if (!present.ok() || !begin.ok() || !end.ok() || (city.known && city.known->systemIsOlder())) return problems;
     const DayRange coming = twoYearsFrom(present);
     check(coming);
     const DayRange shown{begin, end};
     if (shown.first < coming.first || shown.last > coming.last) check(shown);
     return problems;
+}
+
+Json zoneDataJson(const CityRecord& city) {
+    if (!city.known || city.known->edition.empty()) return nullptr;
+    return object({{"edition", city.known->edition}, {"of_system", city.known->isOfSystem()}});
 }
 
 void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems) {
@@ -258,17 +267,10 @@ Json warningsJson(const std::vector<ZoneDisagreement>& problems) {
 }
 
 void printHowChosen(Session& session, const ChosenPlace& place) {
-    if (place.source != PlaceSource::systemZone && place.source != PlaceSource::fallback) return;
-    const std::string zone = session.systemZoneText();
-    const std::string text = place.source == PlaceSource::systemZone
-                                 ? _("{} is the largest city in the time zone of this system, {}. To choose another "
-                                     "one: quode city home NAME.",
-                                     place.city.name, zone)
-                                 : _("{} is shown because the time zone of this system, {}, has no city. To choose "
-                                     "one: quode city home NAME.",
-                                     place.city.name, zone);
+    const std::string note = guessNote(session, place);
+    if (note.empty()) return;
     session.print();
-    session.print(session.style().dim(wrapped(text, pageWidth, 0)));
+    session.print(session.style().dim(wrapped(note, pageWidth, 0)));
 }
 
 }  // namespace quode::app

@@ -81,6 +81,9 @@ std::optional<double> computedLatitude(const CityDay& day);
 /// @param lowest,highest  degrees: the latitudes that were used
 std::string latitudeNote(Session& session, double lowest, double highest);
 
+/// "The Sun does not sink 19° below the horizon ...": the note for a dawn or night time of an earlier day.
+std::string earlierDayNote(int code);
+
 /// Explanations below a table, numbered in the order in which they are needed.
 class Footnotes {
   public:
@@ -99,10 +102,13 @@ class Footnotes {
     std::vector<std::string> texts_;
 };
 
-/// Where the stored clock rule of a city differs from the system's: in the two years from `now` on, and in a range of
-/// days that is shown.
-std::vector<ZoneDisagreement> zoneProblems(const CityRecord& city, const VAKDate& now, const VAKDate& first,
-                                           const VAKDate& last);
+/// Where the clock of a city differs from the system's: in the two years from `now` on, and in a range of days that is
+/// shown. Nothing where the system's zone data are known to be older.
+std::vector<ZoneDisagreement> zoneProblems(Session& session, const CityRecord& city, const VAKDate& now,
+                                           const VAKDate& first, const VAKDate& last);
+
+/// {"edition": "2026f", "of_system": false}: the zone data that the clock of a city rests on.
+Json zoneDataJson(const CityRecord& city);
 
 /// Prints these problems as warnings.
 void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems);

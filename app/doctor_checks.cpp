@@ -10,8 +10,10 @@
 
 #include "app/alarm_sounds.h"
 #include "app/dates.h"
+#include "app/day_notes.h"
 #include "app/day_view.h"
 #include "app/desktop.h"
+#include "app/method_choice.h"
 #include "app/ringer.h"
 #include "app/session.h"
 #include "app/user_alarms.h"
@@ -193,8 +195,7 @@ Finding checkCalendar(Session& session, const Known& known) {
         return found;
     }
     found.state = known.evolutionRings(session) ? State::problem : State::note;
-    found.advice =
-        _("The events of {} are not up to date. The alarm service renews them when it runs.", names);
+    found.advice = _("The events of {} are not up to date. The alarm service renews them when it runs.", names);
     return found;
 }
 
@@ -280,7 +281,7 @@ std::vector<StoredZone> zonesOfUser(Session& session, const Known& known) {
     std::vector<StoredZone> zones;
     const auto add = [&zones](const CityRecord& city) {
         if (std::ranges::find(zones, city.zone, &StoredZone::name) == zones.end()) {
-            zones.push_back({city.zone, city.rule});
+            zones.push_back({city.zone, city.rule, city.known});
         }
     };
     for (const UserCity& each : known.cities) {
@@ -292,6 +293,16 @@ std::vector<StoredZone> zonesOfUser(Session& session, const Known& known) {
     return zones;
 }
 
+// "Europe/Istanbul; zone data 2026f".
+std::string zonesText(const std::vector<StoredZone>& zones) {
+    std::string names;
+    for (const StoredZone& zone : zones) names += (names.empty() ? "" : ", ") + zone.name;
+    const auto& known = zones.front().known;
+    if (!known || known->edition.empty()) return names;
+    if (known->isOfSystem()) return _("{}; zone data {} of this system", names, known->edition);
+    return _("{}; zone data {}", names, known->edition);
+}
+
 Finding checkZoneRules(Session& session, const Known& known) {
     Finding found{"zone_rules", _("Zone rules"), State::ok, "", ""};
     if (!known.hasCityDatabase) {
@@ -299,23 +310,38 @@ Finding checkZoneRules(Session& session, const Known& known) {
         found.text = _("not checked without the city database");
         return found;
     }
-    const std::vector<StoredZone> zones = zonesOfUser(session, known);
+    std::vector<StoredZone> zones = zonesOfUser(session, known);
+    found.text = zones.empty() ? "no city to compare the clock of" : zonesText(zones);
+    // Older data of the system cannot say that a clock is wrong.
+    std::erase_if(zones, [](const StoredZone& zone) { return zone.known && zone.known->systemIsOlder(); });
     const auto today = std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(session.now()));
-    std::string names, problems;
-    for (const StoredZone& zone : zones) names += (names.empty() ? "" : ", ") + zone.name;
-    for (const ZoneDisagreement& each : checkZones(zones, twoYearsFrom(today))) {
+    std::string problems;
+    for (const ZoneDisagreement& each : checkZones(zones, twoYearsFrom(today), session.zoneFolder())) {
         problems += (problems.empty() ? "" : "; ") + describe(each);
         if (!each.unknownToSystem) found.state = State::problem;
     }
-    if (problems.empty()) {
-        found.text = names.empty() ? std::string(_("no city to compare the clock of"))
-                                   : _("{} as in the zone data of this system", names);
-        return found;
-    }
+    if (problems.empty()) return found;
     found.text =
         found.state == State::problem ? _("a stored clock differs from that of this system") : _("cannot be compared");
     if (found.state == State::ok) found.state = State::note;
     found.advice = _("{}. Update Quode and the zone data of the system (tzdata).", problems);
+    return found;
+}
+
+// The rule behind the times of the city that is shown when none is named.
+Finding namedRule(Session& session, const Known& known) {
+    Finding found{"rule", "Rule", State::ok, "", ""};
+    if (known.hasCityDatabase) {
+        const auto home = std::ranges::find(known.cities, true, &UserCity::isHome);
+        const bool isKnown = home != known.cities.end() && home->city;
+        const auto city = isKnown ? home->city : session.cities().largestCityOfZone(session.systemZone());
+        if (city)
+            found.text =
+                city->name + ": " + (city->choice.isDefault() ? ruleText(siteOf(*city)) : methodLine(siteOf(*city)));
+    }
+    if (!found.text.empty()) return found;
+    found.state = State::note;
+    found.text = _("no city to name the rule of");
     return found;
 }
 
@@ -330,6 +356,7 @@ std::vector<Finding> examine(Session& session) {
     findings.push_back(checkNotificationService(session, known));
     findings.push_back(checkAlarmService(session, known));
     findings.push_back(checkZoneRules(session, known));
+    findings.push_back(namedRule(session, known));
     return findings;
 }
 

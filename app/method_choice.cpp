@@ -98,6 +98,7 @@ void takeMalaysianClock(Session& session, CityRecord& city) {
     if (const auto capital = session.cities().largestCityOfZone("Asia/Kuala_Lumpur")) {
         city.zone = capital->zone;
         city.rule = capital->rule;
+        city.known = capital->known;
     }
 }
 

@@ -18,7 +18,6 @@
 namespace quode::app {
 namespace {
 
-constexpr int mecca = 104515;
 constexpr int suggestionCount = 5;
 constexpr double sameTerrainKm = 15.0;  // from a city whose height stands for a point
 
@@ -56,6 +55,7 @@ ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
     place.city.longitude = point.longitude;
     place.city.zone = nearest.zone;
     place.city.rule = nearest.rule;
+    place.city.known = nearest.known;
     place.city.temkin = nearest.temkin;
     if (place.nearest->distanceKm < sameTerrainKm) place.city.choice.height = nearest.elevation.value_or(0);
     return place;
@@ -88,7 +88,8 @@ ChosenPlace placeNamed(Session& session, std::string_view request) {
     } else if (const auto id = numberOf<int>(request)) {
         const std::optional<CityRecord> city = session.cities().city(*id);
         if (!city) {
-            throw Failure(ExitCode::notFound, _("No city has the id {}. Find one with: quode city search NAME", request));
+            throw Failure(ExitCode::notFound,
+                          _("No city has the id {}. Find one with: quode city search NAME", request));
         }
         place.city = *city;
     } else {
@@ -122,7 +123,7 @@ ChosenPlace placeOfSystem(Session& session) {
     const std::string zone = session.systemZone();
     if (zone.empty()) tellOfNamelessZone(session);
     if (const auto city = session.cities().largestCityOfZone(zone)) return {*city, PlaceSource::systemZone, {}};
-    const auto city = session.cities().city(mecca);
+    const auto city = session.cities().city(fallbackCity);
     if (!city) throw Failure(ExitCode::notFound, _("Choose a city: quode city home NAME"));
     return {*city, PlaceSource::fallback, {}};
 }
@@ -142,19 +143,23 @@ const char* sourceName(PlaceSource source) {
     }
 }
 
+ChosenPlace storedHomePlace(Session& session) {
+    const std::optional<UserCity> home = storedHome(session);
+    if (!home || !home->city) return placeOfSystem(session);
+    const PlaceSource guess = home->id == fallbackCity ? PlaceSource::fallback : PlaceSource::systemZone;
+    return {*home->city, home->isGuess ? guess : PlaceSource::home, {}};
+}
+
 ChosenPlace placeWithoutChoice(Session& session, const std::optional<std::string>& request) {
     if (request) return placeNamed(session, *request);
     if (const auto variable = session.variable("QUODE_CITY")) {
         return placeOfVariable(session, *variable);
     }
-    if (const auto home = homeCity(session)) return {*home, PlaceSource::home, {}};
-    return placeOfSystem(session);
+    return storedHomePlace(session);
 }
 
-}  // namespace
-
-ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish) {
-    ChosenPlace place = placeWithoutChoice(session, wish);
+// The place with the method that the user chose for it.
+ChosenPlace withChoice(Session& session, ChosenPlace place) {
     CityRecord& city = place.city;
     if (city.id == 0) return place;
     city.choice = readSiteChoice(userDatabaseFile(session.dataFolder()), city.id);
@@ -164,6 +169,16 @@ ChosenPlace choosePlace(Session& session, const std::optional<std::string>& wish
             ExitCode::userData);
     }
     return place;
+}
+
+}  // namespace
+
+ChosenPlace choosePlace(Session& session, const std::optional<std::string>& request) {
+    return withChoice(session, placeWithoutChoice(session, request));
+}
+
+ChosenPlace chooseHomePlace(Session& session) {
+    return withChoice(session, storedHomePlace(session));
 }
 
 std::string regionAndCountry(Session& session, const CityRecord& city) {

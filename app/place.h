@@ -19,7 +19,8 @@ enum class PlaceSource {
     argument,     ///< named on the command line
     environment,  ///< named in $QUODE_CITY
     home,         ///< the user's home city
-    systemZone,   ///< the largest city of the system's time zone
+    systemZone,   ///< the largest city of the system's time zone, also when it was stored as home without being asked
+                  ///< for
     fallback,     ///< Mecca, for the system's time zone belongs to no city
 };
 
@@ -33,6 +34,9 @@ struct ChosenPlace {
 /// Finds the place of --city, else of $QUODE_CITY, else the home city, else that of the system's time zone. Throws
 /// `Failure`: notFound with suggestions for an unknown city, usage for coordinates outside the Earth.
 ChosenPlace choosePlace(Session& session, const std::optional<std::string>& request);
+
+/// The same without --city and $QUODE_CITY: what a front shows that always shows the home city.
+ChosenPlace chooseHomePlace(Session& session);
 
 /// "İstanbul, İstanbul, Türkiye"; the region only where it is not the country.
 std::string regionAndCountry(Session& session, const CityRecord& city);

@@ -104,6 +104,17 @@ Clock& Session::clock() {
     return *clock_;
 }
 
+const Clock& Session::homeClock() {
+    clock();
+    if (!homeClock_) homeClock_ = std::make_shared<HomeClock>(clock_);
+    return *homeClock_;
+}
+
+void Session::followCity(const CityRecord* city) {
+    homeClock();
+    homeClock_->follow(city ? std::optional(ZoneClock{city->rule, city->known}) : std::nullopt);
+}
+
 std::chrono::sys_seconds Session::now() {
     return std::chrono::floor<std::chrono::seconds>(clock().now());
 }
@@ -125,8 +136,12 @@ std::filesystem::path Session::bundle() const {
     return bundleFolderFrom(environment_, executablePath());
 }
 
+std::filesystem::path Session::zoneFolder() const {
+    return zoneFolderFrom(environment_);
+}
+
 const CityDatabase& Session::cities() {
-    if (!cities_) cities_.emplace(CityDatabase::fileIn(bundle()));
+    if (!cities_) cities_.emplace(CityDatabase::fileIn(bundle()), zoneFolder());
     return *cities_;
 }
 
@@ -135,9 +150,12 @@ GlobalFuncs& Session::services() {
     clock();
     const std::string locale = localeNameFrom(environment_);
     Platform platform = systemPlatform();
-    platform.clock = clock_;
+    homeClock();
+    platform.clock = homeClock_;
+    platform.alarmClock = clock_;
     platform.eventStore = calendar_;
     platform.dataFolder = dataFolder().string();
+    platform.zoneFolder = zoneFolder().string();
     if (device_) platform.device = device_;
     if (language_.isGiven && language_.code != languageOfLocale(locale)) {
         platform.locale = std::make_shared<TranslatedLocale>(platform.locale, icuLocale(language_.code));

@@ -15,6 +15,7 @@
 #include "common/GlobalFuncs.h"
 #include "companion/language.h"
 #include "data/CityDatabase.h"
+#include "data/HomeClock.h"
 #include "platform/Device.h"
 #include "platform/Environment.h"
 #include "platform/EventStore.h"
@@ -50,11 +51,20 @@ class Session {
     /// The clock of this system, stopped at $QUODE_NOW when that is set.
     const Clock& deviceClock() { return clock(); }
 
+    /// The same clock, which tells date and time as they are in the city that it follows; see `followCity`. It is that
+    /// of the shared services.
+    const Clock& homeClock();
+
+    /// Lets the shared services tell date and time of a city from now on; without one, those of this system.
+    void followCity(const CityRecord* city);
+
     const Environment& environment() const { return environment_; }
 
     /// The folder of the user's files; it is made by `services`.
     std::filesystem::path dataFolder() const;
     std::filesystem::path bundle() const;
+    /// Where this machine keeps its zone data.
+    std::filesystem::path zoneFolder() const;
 
     /// The calendar to which the shared services write alarms; to be told before they are first asked for.
     void setCalendar(std::shared_ptr<EventStore> calendar) { calendar_ = std::move(calendar); }
@@ -115,6 +125,7 @@ class Session {
     bool drawsOnTerminal_ = false;
     Style style_;
     std::shared_ptr<Clock> clock_;
+    std::shared_ptr<HomeClock> homeClock_;
     std::shared_ptr<EventStore> calendar_;
     std::shared_ptr<Device> device_;
     std::optional<CityDatabase> cities_;

@@ -62,7 +62,7 @@ std::string dayText(Session& session, const CityRecord& city, const VAKDate& dat
 
 /// When an alarm rings; with the day where that is another one than the prayer's.
 std::string ringText(Session& session, const CityRecord& city, const AlarmOccurrence& ring) {
-    const VAKDate day = wallClock(city.rule, ring.due);
+    const VAKDate day = wallClock(siteOf(city).clock(), ring.due);
     const std::string clock = clockAt(session, city, ring.due);
     return sameDay(day, ring.date) ? clock : dayText(session, city, day) + " " + clock;
 }
@@ -70,9 +70,10 @@ std::string ringText(Session& session, const CityRecord& city, const AlarmOccurr
 std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const UserAlarm& alarm, bool isNext) {
     const auto ring = std::ranges::find(all.coming, alarm.code, &AlarmOccurrence::code);
     const bool comes = ring != all.coming.end();
-    std::vector<std::string> row{
-        isNext ? "›" : " ", session.prayerName(alarm.code), clockText(session, comes ? ring->hours : missingTime),
-        comes ? dayText(session, *all.city, ring->date) : "", std::string(alarm.isOn ? _c("alarm", "on") : _c("alarm", "off"))};
+    std::vector<std::string> row{isNext ? "›" : " ", session.prayerName(alarm.code),
+                                 clockText(session, comes ? ring->hours : missingTime),
+                                 comes ? dayText(session, *all.city, ring->date) : "",
+                                 std::string(alarm.isOn ? _c("alarm", "on") : _c("alarm", "off"))};
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();
     if (!isSetUp) return row;
     row.push_back(comes ? ringText(session, *all.city, *ring) : std::string(formatting::noTime));
@@ -164,13 +165,13 @@ std::string offsetText(int minutes) {
 }
 
 std::string clockAt(Session& session, const CityRecord& city, sys_seconds instant) {
-    const VAKDate clock = wallClock(city.rule, instant);
+    const VAKDate clock = wallClock(siteOf(city).clock(), instant);
     return session.services().timeLeadingZero(clock.Hours, clock.Minutes);
 }
 
 std::string timeUntil(Session& session, const CityRecord& city, sys_seconds instant) {
     const std::string left = _("in {}", durationText(instant - session.now()));
-    const bool isToday = sameDay(wallClock(city.rule, instant), today(session, siteOf(city)));
+    const bool isToday = sameDay(wallClock(siteOf(city).clock(), instant), today(session, siteOf(city)));
     return isToday ? left : std::string(_("tomorrow")) + ", " + left;
 }
 

@@ -19,7 +19,7 @@ namespace quode::app {
 namespace {
 
 // Nobody waits long for the times of today; another program needs some milliseconds for a change.
-constexpr std::chrono::milliseconds readingPatience{1000};
+constexpr std::chrono::milliseconds readingPatience{200};
 
 std::string nameOf(const UserCity& city) {
     return city.city ? city.city->name : "";
@@ -81,12 +81,17 @@ std::string lostHome(int id) {
 }
 
 std::optional<CityRecord> homeCity(Session& session) {
+    const std::optional<UserCity> home = storedHome(session);
+    return home ? home->city : std::nullopt;
+}
+
+std::optional<UserCity> storedHome(Session& session) {
     try {
         const std::optional<UserDatabase> database = userDatabaseToRead(session);
         const std::optional<UserCity> home = database ? database->home() : std::nullopt;
         if (!home) return std::nullopt;
         if (!home->city) session.complain(lostHome(home->id), ExitCode::userData);
-        return home->city;
+        return home;
     } catch (const UserDatabaseError& error) {
         session.complain(_("Your home city cannot be read. {}", error.what()), ExitCode::userData);
         return std::nullopt;

@@ -28,6 +28,9 @@ std::string lostHome(int id);
 /// more, are complained of.
 std::optional<CityRecord> homeCity(Session& session);
 
+/// The same with what is stored of it: a city that is not known any more, a guess.
+std::optional<UserCity> storedHome(Session& session);
+
 /// A place that the user added by coordinates, by its name or its number; nothing when there is none.
 std::optional<CityRecord> ownPlace(Session& session, std::string_view request);
 

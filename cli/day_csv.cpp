@@ -18,7 +18,10 @@ std::vector<std::string> notesOf(const CityDay& day) {
     if (times.isLatitudeChanged) notes.emplace_back("other_latitude");
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
         const double hours = timeOfPrayer(day, code);
-        if (hours == missingTime) continue;
+        if (hours == missingTime) {
+            notes.push_back(prayerKey(code) + "_missing");
+            continue;
+        }
         if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
         if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
     }
@@ -43,9 +46,13 @@ std::string csvTimes(const CityDay& day) {
 }
 
 std::string csvText(std::string_view text) {
-    if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
+    // A spreadsheet would take such a text for a formula; an apostrophe marks it as a text.
+    const bool looksLikeFormula =
+        !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
+    const std::string safe = (looksLikeFormula ? "'" : "") + std::string(text);
+    if (safe.find_first_of(",\"\r\n") == std::string::npos) return safe;
     std::string quoted = "\"";
-    for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
+    for (const char c : safe) quoted.append(c == '"' ? 2 : 1, c);
     return quoted + '"';
 }
 

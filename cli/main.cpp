@@ -13,8 +13,7 @@ using namespace quode::app;
 using namespace quode::cli;
 
 Session::Options optionsOf(const Arguments& arguments, const LanguageChoice& language) {
-    return {language, arguments.has("json") || arguments.text("format") == "json",
-            arguments.has("no-color")};
+    return {language, arguments.has("json") || arguments.text("format") == "json", arguments.has("no-color")};
 }
 
 ExitCode run(const std::vector<std::string>& arguments) {

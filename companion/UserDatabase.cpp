@@ -8,6 +8,7 @@
 #include <cmath>
 #include <utility>
 
+#include "common/numbers.h"
 #include "common/printable.h"
 #include "common/utf8.h"
 #include "companion/SiteChoices.h"
@@ -82,7 +83,15 @@ std::optional<int> UserDatabase::firstCity() {
         zone.empty()
             ? std::string(_("The time zone of this device has no name. Add your city: quode city add NAME."))
             : _("There is no city in the time zone of this device, {}. Add your city: quode city add NAME.", zone));
-    return std::nullopt;
+    return cities_->city(fallbackCity) ? std::optional(fallbackCity) : std::nullopt;
+}
+
+std::optional<int> UserDatabase::guessedHome() const {
+    return numberOf<int>(setting(guessedHomeSetting).value_or(""));
+}
+
+void UserDatabase::forgetGuess() {
+    connection_->run("DELETE FROM USER_SETTING WHERE NAME = ?", {std::string(guessedHomeSetting)});
 }
 
 // --- cities
@@ -125,14 +134,17 @@ std::optional<UserCity> UserDatabase::home() const {
     if (rows.empty()) return std::nullopt;
     auto home = std::ranges::find(rows, true, &CityRow::isHome);
     if (home == rows.end()) home = rows.begin();
-    return UserCity{home->id, true, place(home->id)};
+    return UserCity{home->id, true, place(home->id), home->id == guessedHome()};
 }
 
 bool UserDatabase::addCity(int id) {
     bool isAdded = false;
     connection_->change([&] {
         std::vector<CityRow> rows = cityRows();
+        const std::optional<int> guess = guessedHome();
+        if (guess == id) forgetGuess();  // who names it has chosen it
         if (std::ranges::find(rows, id, &CityRow::id) != rows.end()) return;
+        if (guess == fallbackCity) std::erase_if(rows, [](const CityRow& row) { return row.id == fallbackCity; });
         if (!place(id)) refuse(_("There is no city with the number {}.", id));
         rows.push_back({id, rows.empty()});
         writeCityRows(std::move(rows));
@@ -160,6 +172,14 @@ int UserDatabase::addPlace(const NewPlace& newPlace) {
         if (id != 0) {
             addCity(id);
             return;
+        }
+        const sqlite::Statement twin =
+            connection_->query("SELECT ID FROM USER_PLACE WHERE NAME = ? COLLATE NOCASE", {newPlace.name});
+        if (connection_->next(twin)) {
+            refuse(
+                _("You have a place called \"{0}\" already. Choose another name, or remove that place: "
+                  "quode city remove {1}",
+                  newPlace.name, sqlite3_column_int(twin.get(), 0)));
         }
         const sqlite::Statement lowest = connection_->query(
             "SELECT MIN(0, COALESCE(MIN(ID), 0)) - 1 FROM (SELECT ID FROM USER_PLACE UNION ALL SELECT ID FROM "
@@ -213,6 +233,7 @@ void UserDatabase::chooseHome(int id) {
     connection_->change([&] {
         std::vector<CityRow> rows = cityRows();
         const auto home = rowOf(rows, id);
+        forgetGuess();
         for (CityRow& row : rows) row.isHome = false;
         home->isHome = true;
         writeCityRows(std::move(rows));

@@ -44,7 +44,11 @@ struct UserCity {
     int id = 0;
     bool isHome = false;
     std::optional<CityRecord> city;  ///< nothing when neither database knows the place any more
+    bool isGuess = false;            ///< home, but put there by a new file, and never chosen by the user
 };
+
+/// The city with which a new file begins where no city lies in the device's time zone: Mecca.
+inline constexpr int fallbackCity = 104515;
 
 /// A place to be added by coordinates.
 struct NewPlace {
@@ -73,9 +77,9 @@ inline constexpr int largestAlarmOffset = 720;  // minutes
 class UserDatabase {
   public:
     /// Opens the file, creating folder and file where there is none: with the largest city of the device's zone as
-    /// home, and six alarms that are off. A damaged file is kept aside as "user.sqlite.damaged-N" and a fresh one is
-    /// made; `notices` tells it. The city database and the clock must outlive the object.
-    /// patience    how long to wait for another program that keeps the file locked
+    /// home, marked as a guess, and six alarms that are off. A damaged file is kept aside as "user.sqlite.damaged-N"
+    /// and a fresh one is made; `notices` tells it. The city database and the clock must outlive the object. patience
+    /// how long to wait for another program that keeps the file locked
     UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
                  std::chrono::milliseconds patience = std::chrono::seconds(3));
     ~UserDatabase();
@@ -100,7 +104,8 @@ class UserDatabase {
     /// The home city: the first that is marked so, else the first of all; nothing without cities.
     std::optional<UserCity> home() const;
 
-    /// Adds a city of the city database, or a place added before, at the end; the first one becomes home.
+    /// Adds a city of the city database, or a place added before, at the end; the first one becomes home, and takes the
+    /// place of `fallbackCity` while that is a guess.
     /// Returned: false, and nothing is changed, when it is among them already.
     bool addCity(int id);
 
@@ -155,6 +160,8 @@ class UserDatabase {
     std::optional<CityRecord> place(int id) const;
     int samePlace(const NewPlace& wanted) const;
     std::optional<int> firstCity();
+    std::optional<int> guessedHome() const;
+    void forgetGuess();
     std::vector<UserAlarm> readAlarms(const std::string& condition) const;
 
     const CityDatabase* cities_;

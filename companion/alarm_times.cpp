@@ -48,8 +48,8 @@ std::vector<AlarmOccurrence> alarmOccurrences(const Site& site, std::span<const 
     int reach = 0;
     for (const AlarmRule& alarm : alarms) reach = std::max(reach, std::abs(alarm.offset));
     // A time of a day may lie on the next one, after midnight.
-    const sys_days first = dayOf(wallClock(site.rule, after - minutes(reach))) - days(1);
-    const sys_days last = dayOf(wallClock(site.rule, until + minutes(reach)));
+    const sys_days first = dayOf(wallClock(site.clock(), after - minutes(reach))) - days(1);
+    const sys_days last = dayOf(wallClock(site.clock(), until + minutes(reach)));
     std::vector<AlarmOccurrence> found;
     CityDays series;
     CityDay computed;

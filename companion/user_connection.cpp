@@ -186,7 +186,11 @@ void UserConnection::createTables(const FirstCity& firstCity) {
         if (result != SQLITE_OK) fail(result);
         for (long long timeId = 1; timeId <= 6; ++timeId) run(userDatabaseAlarmRow, {timeId, usualSound});
         const std::optional<int> city = isNew_ ? firstCity() : std::nullopt;
-        if (city) run("INSERT INTO USER_CITY (ID, SETASHOME) VALUES (?, 1)", {*city});
+        if (city) {
+            run("INSERT INTO USER_CITY (ID, SETASHOME) VALUES (?, 1)", {*city});
+            run("INSERT INTO USER_SETTING (NAME, VALUE) VALUES (?, ?)",
+                {std::string(guessedHomeSetting), std::to_string(*city)});
+        }
         run("PRAGMA user_version = " + std::to_string(userDatabaseEdition));
     });
 }

@@ -31,6 +31,9 @@ inline constexpr const char* usualSound = "default";
 inline constexpr const char* userDatabaseAlarmRow =
     "INSERT INTO USER_ALARMS (TIMEID, MELODYNAME) SELECT ?1, ?2 WHERE ?1 NOT IN (SELECT TIMEID FROM USER_ALARMS)";
 
+/// The setting that holds the number of the home city while that is a guess.
+inline constexpr const char* guessedHomeSetting = "home.guessed";
+
 /// Fails on a file that lacks one of the columns.
 inline constexpr const char* userDatabaseColumns[] = {
     "SELECT ID, SETASHOME FROM USER_CITY",

@@ -5,7 +5,9 @@
 #include <sqlite3.h>
 
 #include "common/GlobalFuncs.h"
+#include "common/civil_date.h"
 #include "common/numbers.h"
+#include "data/ZoneSource.h"
 #include "data/city_day.h"
 #include "data/coordinates.h"
 #include "data/row_checksum.h"
@@ -25,12 +27,22 @@ constexpr const char* cityQuery =
     "                           AND   CP.DSTID = D.DSTID"
     "                           AND   C.ID=";
 
-// A damaged page would give wrong times. A database without checksums has the tables of the query alone.
-bool recordIsIntact(sqlite3* database, int id) {
-    const sqlite::Statement record = sqlite::prepare(database, cityRecordSql);
-    if (!record) return true;
-    sqlite3_bind_int(record.get(), 1, id);
-    return sqlite3_step(record.get()) == SQLITE_ROW && isIntact(record.get());
+// Columns of `cityRecordSql`.
+constexpr int zoneNameColumn = 9, zoneDaysColumn = 20;
+
+// Whether the record is whole: a damaged page would give wrong times. A database without checksums has the tables of
+// the query alone, and no record then.
+bool recordIsIntact(sqlite3_stmt* record, int id) {
+    if (record == nullptr) return true;
+    sqlite3_bind_int(record, 1, id);
+    return sqlite3_step(record) == SQLITE_ROW && isIntact(record);
+}
+
+// Replaces the yearly rule of a city's clock where it is not true on a day.
+void correctClock(City& city, std::shared_ptr<const ZoneKnowledge> known, std::chrono::year_month_day date) {
+    const ZoneRule stored = siteOf(city).rule;
+    const ZoneRule rule = ZoneClock{stored, std::move(known)}.ruleOn(date);
+    if (rule != stored) fillClock(city, rule);
 }
 
 }  // namespace
@@ -48,12 +60,13 @@ void City::changeTemkin() {
 void City::getAllCityInfo(City& city) const {
     const int id = leadingNumber<int>(city.cityId_);
     city.setChoice(readSiteChoice(userDatabaseFile(globalFuncs_->dataFolder()), id));
-    if (isUserPlace(id)) return fillWithUserPlace(city, id, globalFuncs_->dataFolder(), globalFuncs_->appBundlePath());
+    if (isUserPlace(id)) return fillWithUserPlace(city, id, *globalFuncs_);
     const sqlite::Database database = sqlite::openUnchanging(globalFuncs_->appBundlePath() + "/database/cities.sqlite");
     if (!database) return;
     const sqlite::Statement row = sqlite::prepare(database.get(), cityQuery + numberText(id));
     if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
-    if (!recordIsIntact(database.get(), id)) {
+    const sqlite::Statement record = sqlite::prepare(database.get(), cityRecordSql);
+    if (!recordIsIntact(record.get(), id)) {
         GlobalFuncs::globalFuncs().NSLogToFile("Error in City -> getAllCityInfo: the record of city " + numberText(id) +
                                                " has a wrong checksum. Install Quode again.");
         return;
@@ -73,6 +86,10 @@ void City::getAllCityInfo(City& city) const {
     city.stopDay_ = column(11);
     city.hour_ = column(12);
     city.temkin_ = column(13);
+    if (!record) return;
+    ZoneSource zones(database.get(), globalFuncs_->platform().zoneFolder);
+    correctClock(city, zones.of(sqlite::text(record.get(), zoneNameColumn), sqlite::text(record.get(), zoneDaysColumn)),
+                 civilDate(globalFuncs_->GetCurrentDateTime()));
 }
 
 }  // namespace quode

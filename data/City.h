@@ -44,7 +44,7 @@ class City {
     void changeTemkin();
 
     /// Fills `city` from the city database of the bundle by its `cityId`: names, coordinates, zone, summer-time rule
-    /// and margin. A negative id is that of a place of the user's own, see "data/user_places.h". Says nothing when that
+    /// and margin. Where the rule is not true on the present day, offset and rule are those of that day. A negative id is that of a place of the user's own, see "data/user_places.h". Says nothing when that
     /// is not possible: without the database, or without such a city, `city` stays as it was. Use `CityDatabase` where
     /// the user has to be told.
     void getAllCityInfo(City& city) const;

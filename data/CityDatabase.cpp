@@ -57,7 +57,8 @@ Nearest nearestWithin(const CityConnection& connection, double latitude, double 
 
 }  // namespace
 
-CityDatabase::CityDatabase(const std::filesystem::path& file) : connection_(std::make_unique<CityConnection>(file)) {}
+CityDatabase::CityDatabase(const std::filesystem::path& file, const std::filesystem::path& zoneFolder)
+    : connection_(std::make_unique<CityConnection>(file, zoneFolder)) {}
 CityDatabase::~CityDatabase() = default;
 CityDatabase::CityDatabase(CityDatabase&&) noexcept = default;
 CityDatabase& CityDatabase::operator=(CityDatabase&&) noexcept = default;
@@ -93,14 +94,16 @@ std::optional<CityRecord> CityDatabase::largestCityOfZone(std::string_view zone)
 
 std::vector<StoredZone> CityDatabase::zones() const {
     const sqlite::Statement row = connection_->query(
-        "SELECT Z.NAME, Z.GMT, D.DST, D.STARTMONTH, D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR "
+        "SELECT Z.NAME, Z.GMT, D.DST, D.STARTMONTH, D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, Z.DAYS "
         "FROM ZONE Z JOIN DST D ON D.DSTID = Z.DSTID ORDER BY Z.NAME");
     std::vector<StoredZone> zones;
     const auto integer = [&row](int column) { return sqlite3_column_int(row.get(), column); };
     while (connection_->next(row)) {
-        zones.push_back({sqlite::text(row.get(), 0),
+        const std::string name = sqlite::text(row.get(), 0);
+        zones.push_back({name,
                          {leadingNumber<double>(sqlite::text(row.get(), 1)), integer(2) != 0, integer(3), integer(4),
-                          integer(5), integer(6), integer(7)}});
+                          integer(5), integer(6), integer(7)},
+                         connection_->zones().of(name, sqlite::text(row.get(), 8))});
     }
     return zones;
 }

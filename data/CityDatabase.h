@@ -13,6 +13,7 @@
 
 #include "data/CityMatch.h"
 #include "data/SiteChoice.h"
+#include "data/zone_days.h"
 #include "data/zone_rules.h"
 
 namespace quode {
@@ -32,10 +33,11 @@ struct CityRecord {
     double longitude = 0.0;  ///< degrees, east positive
     std::string zone;        ///< IANA name
     ZoneRule rule;
-    bool temkin = true;            ///< the margin is used
-    long population = 0;           ///< 0 = not known
-    std::optional<int> elevation;  ///< metres
-    SiteChoice choice = {};        ///< of one of the user's cities: the method of its times
+    bool temkin = true;                               ///< the margin is used
+    long population = 0;                              ///< 0 = not known
+    std::optional<int> elevation;                     ///< metres
+    SiteChoice choice = {};                           ///< of one of the user's cities: the method of its times
+    std::shared_ptr<const ZoneKnowledge> known = {};  ///< what is known of the zone's clock beyond the rule
 };
 
 /// A place found by a search.
@@ -55,6 +57,7 @@ struct NearestCity {
 struct StoredZone {
     std::string name;  ///< IANA name
     ZoneRule rule;
+    std::shared_ptr<const ZoneKnowledge> known = {};  ///< what is known of its clock beyond the rule
 };
 
 /// Why the city database cannot be used. The message names the file and says what to do.
@@ -74,7 +77,9 @@ class CityDatabase {
   public:
     /// Opens a file. Throws `CityDatabaseError` when it is missing, damaged or of another edition than this program
     /// reads; a missing file is not created.
-    explicit CityDatabase(const std::filesystem::path& file);
+    /// zoneFolder   where this machine keeps its zone data, which are believed where they are newer than those of the
+    ///              file; empty: they are not looked at
+    explicit CityDatabase(const std::filesystem::path& file, const std::filesystem::path& zoneFolder = {});
     ~CityDatabase();
     CityDatabase(CityDatabase&&) noexcept;
     CityDatabase& operator=(CityDatabase&&) noexcept;

@@ -34,6 +34,11 @@ bool hasQuote(const std::string& text) {
     return text.find('\'') != std::string::npos;
 }
 
+VAKDate presentOn(const Clock& clock) {
+    const CivilTime now = clock.civilTime(clock.now());
+    return VAKDateMake(now.day, now.month, now.year, now.hour, now.minute, now.second);
+}
+
 VAKDate oneMinuteLater(VAKDate date) {
     ++date.Minutes;
     return calendar::JulianToGregorian(calendar::GregorianDateToJulian(date));
@@ -116,8 +121,9 @@ AlarmChange DatabaseFunctions::retractEvent(int code, AlarmJournal& journal) {
 }
 
 std::optional<DatabaseFunctions::Moments> DatabaseFunctions::momentsOf(const AlarmRow& alarm) const {
-    const Clock& clock = *globalFuncs_->platform().clock;
-    const VAKDate start = nextAlarmMoment(globalFuncs_->GetCurrentDateTime(), alarm.prayTime, alarm.offset);
+    const Platform& platform = globalFuncs_->platform();
+    const Clock& clock = platform.alarmClock ? *platform.alarmClock : *platform.clock;
+    const VAKDate start = nextAlarmMoment(presentOn(clock), alarm.prayTime, alarm.offset);
     VAKDate end = start;  // keeps the day of the start, also over midnight
     const VAKDate later = oneMinuteLater(start);
     end.Hours = later.Hours;

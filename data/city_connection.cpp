@@ -36,7 +36,8 @@ bool isWhole(const std::filesystem::path& file) {
 
 }  // namespace
 
-CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) {
+CityConnection::CityConnection(const std::filesystem::path& file, const std::filesystem::path& zoneFolder)
+    : file_(file) {
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(file, ignored)) {
         throw CityDatabaseError(Reason::missing,
@@ -47,6 +48,7 @@ CityConnection::CityConnection(const std::filesystem::path& file) : file_(file) 
     if (!database_) failDamaged(_("it cannot be opened"));
     checkEdition();
     recordQuery_ = query(cityRecordSql);  // fails where tables are missing
+    zones_.emplace(database_.get(), zoneFolder);
 }
 
 void CityConnection::failDamaged(const std::string& detail) const {
@@ -122,6 +124,7 @@ CityRecord CityConnection::recordOf(sqlite3_stmt* row) const {
     city.temkin = integer(17) != 0;
     city.population = static_cast<long>(sqlite3_column_int64(row, 18));
     if (sqlite3_column_type(row, 19) != SQLITE_NULL) city.elevation = integer(19);
+    city.known = zones_->of(city.zone, text(20));
     if (!(std::abs(city.latitude) <= 90.0 && std::abs(city.longitude) <= 180.0)) {
         failDamaged(_("the coordinates of place {} are out of range", city.id));
     }

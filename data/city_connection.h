@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "data/CityDatabase.h"
+#include "data/ZoneSource.h"
 #include "data/sqlite_reading.h"
 
 namespace quode {
@@ -16,7 +17,8 @@ namespace quode {
 /// The open database behind `CityDatabase`. Every failure is a `CityDatabaseError`.
 class CityConnection {
   public:
-    explicit CityConnection(const std::filesystem::path& file);
+    /// zoneFolder: where this machine keeps its zone data; empty: they are not looked at.
+    CityConnection(const std::filesystem::path& file, const std::filesystem::path& zoneFolder);
 
     sqlite::Statement query(const std::string& sql) const;
 
@@ -34,6 +36,7 @@ class CityConnection {
 
     /// The largest place of a zone or of an older name of it.
     std::optional<CityRecord> largestCityOfZone(std::string_view zone);
+    ZoneSource& zones() { return *zones_; }
 
   private:
     [[noreturn]] void failDamaged(const std::string& detail) const;
@@ -43,6 +46,7 @@ class CityConnection {
     std::filesystem::path file_;
     sqlite::Database database_;
     sqlite::Statement recordQuery_;  // kept, for a search reads many records
+    mutable std::optional<ZoneSource> zones_;
 };
 
 }  // namespace quode

@@ -15,14 +15,9 @@
 namespace quode {
 namespace {
 
-// Rules name days, not hours: nearly everywhere the clocks change within an hour of this time of the standard clock.
-constexpr std::chrono::hours changeOfClocks{2};
-
 using std::chrono::days;
-using std::chrono::floor;
 using std::chrono::minutes;
 using std::chrono::seconds;
-using std::chrono::sys_days;
 using std::chrono::sys_seconds;
 
 seconds offsetOf(double hours) {
@@ -32,7 +27,7 @@ seconds offsetOf(double hours) {
 }  // namespace
 
 Site siteOf(const CityRecord& city) {
-    Site site{city.latitude, city.longitude, city.rule, city.temkin, city.choice};
+    Site site{city.latitude, city.longitude, city.rule, city.temkin, city.choice, city.known};
     if (site.choice.height == 0.0) site.choice.height = city.elevation.value_or(0);
     return site;
 }
@@ -64,7 +59,7 @@ WidgetSkyInfo withLocalSun(WidgetSkyInfo sky, double offset) {
 }
 
 void setEngine(FastAstro& engine, const Site& site, const VAKDate& day) {
-    const ZoneRule& rule = site.rule;
+    const ZoneRule rule = site.clock().ruleOn(civilDate(day));
     engine.clearTimes();
     engine.SetCurrentDateTime(VAKDateMake(day.Days, day.Months, day.Years, 0, 0, 0));
     engine.SetPlace(site.latitude, site.longitude, rule.gmt, rule.dst ? 1 : 0, rule.startMonth, rule.startDay,
@@ -125,15 +120,12 @@ sys_seconds instantOf(const CityDay& day, double hours) {
     return sys_seconds(dayOf(day.date)) + minutes(shownMinute(hours)) - offsetOf(day.GMTValue);
 }
 
-VAKDate wallClock(const ZoneRule& rule, sys_seconds instant) {
-    const sys_seconds standard = instant + offsetOf(rule.gmt);
-    const auto ruleDay = floor<days>(standard - changeOfClocks);
-    const bool isSummer = isSummerTime(rule, std::chrono::year_month_day(ruleDay));
-    return recordOf(isSummer ? standard + std::chrono::hours(1) : standard);
+VAKDate wallClock(const ZoneClock& clock, sys_seconds instant) {
+    return recordOf(instant + seconds(clock.offsetAt(instant)));
 }
 
 std::optional<NextPrayer> nextPrayer(const Site& site, sys_seconds now) {
-    const VAKDate clock = wallClock(site.rule, now);
+    const VAKDate clock = wallClock(site.clock(), now);
     std::optional<NextPrayer> next;
     FastAstro engine;
     engine.setTimesOnly(true);

@@ -12,7 +12,7 @@
 #include "data/CityDatabase.h"
 #include "data/SiteChoice.h"
 #include "data/day_method.h"
-#include "data/zone_rules.h"
+#include "data/zone_days.h"
 
 namespace quode {
 
@@ -21,15 +21,22 @@ struct Site {
     double latitude = 0.0;   ///< degrees, north positive
     double longitude = 0.0;  ///< degrees, east positive
     ZoneRule rule;
-    bool temkin = true;      ///< safety margin for 500 m of height; 250 m otherwise
-    SiteChoice choice = {};  ///< the method and table that the user chose
+    bool temkin = true;                               ///< safety margin for 500 m of height; 250 m otherwise
+    SiteChoice choice = {};                           ///< the method and table that the user chose
+    std::shared_ptr<const ZoneKnowledge> known = {};  ///< what is known of the clock beyond the rule
 
-    friend bool operator==(const Site&, const Site&) = default;
+    ZoneClock clock() const { return {rule, known}; }
+
+    friend bool operator==(const Site& a, const Site& b) {
+        return a.latitude == b.latitude && a.longitude == b.longitude && a.temkin == b.temkin && a.choice == b.choice &&
+               a.clock() == b.clock();
+    }
 };
 
 Site siteOf(const CityRecord& city);
 
-/// The site of a city as the databases hold it, in texts; what is no number counts as 0.
+/// The site of a city as the databases hold it, in texts; what is no number counts as 0. Its clock is that of the day
+/// for which the city was read.
 Site siteOf(const City& city);
 
 /// Everything that is computed for one day at one place.
@@ -44,7 +51,7 @@ struct CityDay {
     DayMethod method;          ///< how the times came about
 };
 
-/// Computes a day. Only the date of `day` counts.
+/// Computes a day, by the offset that the place's clock has at its noon. Only the date of `day` counts.
 CityDay computeCityDay(const Site& site, const VAKDate& day);
 
 /// Computes the day of `day` and stores the results in the city: times, sky, offset text, qibla, declination.
@@ -64,10 +71,9 @@ int shownMinute(double hours);
 /// The instant of a time of a day, to the minute at which it is shown.
 std::chrono::sys_seconds instantOf(const CityDay& day, double hours);
 
-/// The wall clock of a place at an instant, by the rule with which its times are computed. On the days that a rule
-/// names the clocks change at two o'clock standard time; the prayer times count the whole of such a day as the new
-/// time.
-VAKDate wallClock(const ZoneRule& rule, std::chrono::sys_seconds instant);
+/// The wall clock of a place at an instant. Where only the days of changes are known, the clocks change at two o'clock
+/// standard time; the prayer times count the whole of such a day as the time at its noon.
+VAKDate wallClock(const ZoneClock& clock, std::chrono::sys_seconds instant);
 
 /// A coming prayer.
 struct NextPrayer {

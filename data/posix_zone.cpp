@@ -89,14 +89,13 @@ std::chrono::sys_days PosixChange::namedDay(std::chrono::year year) const {
     return std::chrono::sys_days(inMonth / day[static_cast<unsigned>(week)]);
 }
 
-int PosixZone::offsetAt(std::chrono::sys_seconds moment) const {
-    if (!summer) return offset;
+bool PosixZone::isSummerAt(std::chrono::sys_seconds moment) const {
+    if (!summer) return false;
     using std::chrono::seconds;
     const std::chrono::year_month_day local(std::chrono::floor<std::chrono::days>(moment + seconds(offset)));
     const auto start = summer->start.namedDay(local.year()) + seconds(summer->start.seconds - offset);
     const auto end = summer->end.namedDay(local.year()) + seconds(summer->end.seconds - summer->offset);
-    const bool inside = start < end ? moment >= start && moment < end : moment >= start || moment < end;
-    return inside ? summer->offset : offset;
+    return start < end ? moment >= start && moment < end : moment >= start || moment < end;
 }
 
 std::optional<PosixZone> parsePosixZone(std::string_view text) {

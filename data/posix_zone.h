@@ -28,12 +28,19 @@ struct PosixZone {
         int offset = 0;  ///< seconds east of Greenwich
         PosixChange start;
         PosixChange end;
+
+        friend bool operator==(const Summer&, const Summer&) = default;
     };
     int offset = 0;  ///< seconds east of Greenwich, standard time
     std::optional<Summer> summer;
 
     /// Seconds east of Greenwich at a moment.
-    int offsetAt(std::chrono::sys_seconds moment) const;
+    int offsetAt(std::chrono::sys_seconds moment) const { return isSummerAt(moment) ? summer->offset : offset; }
+
+    /// Whether the second time is in force at a moment.
+    bool isSummerAt(std::chrono::sys_seconds moment) const;
+
+    friend bool operator==(const PosixZone&, const PosixZone&) = default;
 };
 
 /// Reads such a line, for example "CET-1CEST,M3.5.0,M10.5.0/3". Yearly changes must be given by weekdays (Mm.w.d), as

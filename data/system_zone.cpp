@@ -95,21 +95,22 @@ std::optional<SystemZone> SystemZone::parse(std::string_view file) {
 
     Bytes times(bytes.take(counts->transitions * 8));
     Bytes indexes(bytes.take(counts->transitions));
-    std::vector<int> offsets;
+    std::vector<Time> types;
     for (std::uint64_t i = 0; i < counts->types; ++i) {
-        offsets.push_back(static_cast<int>(bytes.number(4)));
-        bytes.take(2);  // whether it is summer time, and the abbreviation
+        const auto offset = static_cast<int>(bytes.number(4));
+        types.push_back({offset, bytes.number(1) != 0});
+        bytes.take(1);  // the abbreviation
     }
     bytes.take(counts->letters + counts->leapSeconds * 12 + counts->standardFlags + counts->utcFlags);
 
     SystemZone zone;
-    zone.firstOffset_ = offsets.front();
+    zone.first_ = types.front();
     for (std::uint64_t i = 0; i < counts->transitions; ++i) {
         const std::chrono::sys_seconds moment{std::chrono::seconds(times.number(8))};
         const auto type = static_cast<std::size_t>(indexes.number(1));
-        if (type >= offsets.size()) return std::nullopt;
+        if (type >= types.size()) return std::nullopt;
         if (!zone.transitions_.empty() && moment <= zone.transitions_.back().moment) return std::nullopt;
-        zone.transitions_.push_back({moment, offsets[type]});
+        zone.transitions_.push_back({moment, types[type]});
     }
     const std::optional<std::string_view> line = footer(bytes.rest());
     if (!bytes.ok() || !line) return std::nullopt;
@@ -118,12 +119,18 @@ std::optional<SystemZone> SystemZone::parse(std::string_view file) {
     return zone.afterwards_ ? std::optional(zone) : std::nullopt;
 }
 
-int SystemZone::offsetAt(std::chrono::sys_seconds moment) const {
+SystemZone::Time SystemZone::timeAt(std::chrono::sys_seconds moment) const {
     const auto after =
         std::upper_bound(transitions_.begin(), transitions_.end(), moment,
                          [](auto time, const Transition& transition) { return time < transition.moment; });
-    if (after == transitions_.end() && afterwards_) return afterwards_->offsetAt(moment);
-    return after == transitions_.begin() ? firstOffset_ : std::prev(after)->offset;
+    if (after == transitions_.end() && afterwards_) {
+        return {afterwards_->offsetAt(moment), afterwards_->isSummerAt(moment)};
+    }
+    return after == transitions_.begin() ? first_ : std::prev(after)->time;
+}
+
+int SystemZone::offsetAt(std::chrono::sys_seconds moment) const {
+    return timeAt(moment).offset;
 }
 
 int SystemZone::offsetAtNoon(std::chrono::sys_days day) const {
@@ -133,6 +140,10 @@ int SystemZone::offsetAtNoon(std::chrono::sys_days day) const {
     int offset = offsetAt(noon);
     for (int look = 0; look < 2; ++look) offset = offsetAt(noon - std::chrono::seconds(offset));
     return offset;
+}
+
+bool SystemZone::isSummerAtNoon(std::chrono::sys_days day) const {
+    return timeAt(day + std::chrono::hours(12) - std::chrono::seconds(offsetAtNoon(day))).isSummer;
 }
 
 }  // namespace quode

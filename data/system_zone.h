@@ -29,12 +29,25 @@ class SystemZone {
     /// Seconds east of Greenwich at noon of the zone's own clock.
     int offsetAtNoon(std::chrono::sys_days day) const;
 
+    /// Whether the data call the time at that noon summer time.
+    bool isSummerAtNoon(std::chrono::sys_days day) const;
+
+    friend bool operator==(const SystemZone&, const SystemZone&) = default;
+
   private:
+    struct Time {
+        int offset = 0;  ///< seconds east of Greenwich
+        bool isSummer = false;
+        friend bool operator==(const Time&, const Time&) = default;
+    };
     struct Transition {
         std::chrono::sys_seconds moment;
-        int offset = 0;  ///< from the moment on
+        Time time;  ///< from the moment on
+        friend bool operator==(const Transition&, const Transition&) = default;
     };
-    int firstOffset_ = 0;                  ///< before the first transition
+    Time timeAt(std::chrono::sys_seconds moment) const;
+
+    Time first_;                           ///< before the first transition
     std::vector<Transition> transitions_;  ///< in order of time
     std::optional<PosixZone> afterwards_;  ///< after the last transition; without it the last offset stays
 };

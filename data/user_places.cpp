@@ -2,15 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "data/user_places.h"
 
+#include "common/GlobalFuncs.h"
+#include "common/civil_date.h"
 #include "common/numbers.h"
 #include "common/printable.h"
+#include "data/city_day.h"
 #include "data/sqlite_reading.h"
 
 namespace quode {
 namespace {
 
 constexpr const char* placeQuery = "SELECT NAME, LATITUDE, LONGITUDE, ZONE FROM USER_PLACE WHERE ID = ?1";
-constexpr int lockPatienceMs = 2000;
+constexpr int lockPatienceMs = 200;
 
 struct KeptPlace {
     std::string name;
@@ -61,6 +64,7 @@ std::optional<CityRecord> userPlace(sqlite3* userDatabase, const CityDatabase& c
     if (const std::optional<CityRecord> ofZone = cities.largestCityOfZone(kept->zone)) {
         place.zone = ofZone->zone;
         place.rule = ofZone->rule;
+        place.known = ofZone->known;
     }
     return place;
 }
@@ -69,14 +73,7 @@ std::optional<CityRecord> placeById(const std::filesystem::path& userDatabase, c
     return isUserPlace(id) ? userPlace(userDatabase, cities, id) : cities.city(id);
 }
 
-void fillCity(City& city, const CityRecord& record) {
-    const ZoneRule& rule = record.rule;
-    city.setName(record.name);
-    city.setNameParent(record.region);
-    city.setCountryNameEn(record.countryNameEn);
-    city.setCountryNameTr(record.countryNameTr);
-    city.setLatitude(fixedText(record.latitude, 6));
-    city.setLongitude(fixedText(record.longitude, 6));
+void fillClock(City& city, const ZoneRule& rule) {
     city.setGMT(numberText(rule.gmt));
     city.setDST(rule.dst ? "1" : "0");
     city.setStartMonth(numberText(rule.startMonth));
@@ -84,15 +81,24 @@ void fillCity(City& city, const CityRecord& record) {
     city.setStopMonth(numberText(rule.stopMonth));
     city.setStopDay(numberText(rule.stopDay));
     city.setHour(numberText(rule.hour));
+}
+
+void fillCity(City& city, const CityRecord& record, std::chrono::year_month_day date) {
+    fillClock(city, ZoneClock{record.rule, record.known}.ruleOn(date));
+    city.setName(record.name);
+    city.setNameParent(record.region);
+    city.setCountryNameEn(record.countryNameEn);
+    city.setCountryNameTr(record.countryNameTr);
+    city.setLatitude(fixedText(record.latitude, 6));
+    city.setLongitude(fixedText(record.longitude, 6));
     city.setTemkin(record.temkin ? "1" : "0");
 }
 
-void fillWithUserPlace(City& city, int id, const std::filesystem::path& dataFolder,
-                       const std::filesystem::path& bundle) {
+void fillWithUserPlace(City& city, int id, const GlobalFuncs& services) {
     try {
-        const CityDatabase cities(CityDatabase::fileIn(bundle));
-        const std::optional<CityRecord> place = userPlace(userDatabaseFile(dataFolder), cities, id);
-        if (place) fillCity(city, *place);
+        const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()), services.platform().zoneFolder);
+        const std::optional<CityRecord> place = userPlace(userDatabaseFile(services.dataFolder()), cities, id);
+        if (place) fillCity(city, *place, civilDate(services.GetCurrentDateTime()));
     } catch (const CityDatabaseError&) {
         // Without the city database no city is filled; those who open it themselves tell the user.
     }

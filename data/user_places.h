@@ -15,6 +15,8 @@ struct sqlite3;
 
 namespace quode {
 
+class GlobalFuncs;
+
 /// Whether a number is that of a place of the user's own.
 constexpr bool isUserPlace(int id) {
     return id < 0;
@@ -34,11 +36,15 @@ std::optional<CityRecord> userPlace(sqlite3* userDatabase, const CityDatabase& c
 /// A place of either kind by its number.
 std::optional<CityRecord> placeById(const std::filesystem::path& userDatabase, const CityDatabase& cities, int id);
 
-/// Stores the facts of a record in a city, as texts: names, coordinates, zone, summer-time rule and margin.
-void fillCity(City& city, const CityRecord& record);
+/// Stores the facts of a record in a city, as texts: names, coordinates, margin, and the zone with the summer-time rule
+/// that is true on a day.
+void fillCity(City& city, const CityRecord& record, std::chrono::year_month_day date);
 
-/// Fills a city with a place of the user's own. The city stays as it was when that is not possible.
-void fillWithUserPlace(City& city, int id, const std::filesystem::path& dataFolder,
-                       const std::filesystem::path& bundle);
+/// Stores a zone's offset and summer-time rule in a city, as texts.
+void fillClock(City& city, const ZoneRule& rule);
+
+/// Fills a city with a place of the user's own, with the clock of the present day. The city stays as it was when that
+/// is not possible.
+void fillWithUserPlace(City& city, int id, const GlobalFuncs& services);
 
 }  // namespace quode

@@ -47,7 +47,7 @@ std::optional<ZoneDisagreement> checkZone(const StoredZone& zone, DayRange range
         return found;
     }
     for (std::chrono::sys_days day = range.first; day <= range.last; day += days(1)) {
-        const double stored = offsetOn(zone.rule, year_month_day(day));
+        const double stored = ZoneClock{zone.rule, zone.known}.offsetOn(year_month_day(day)) / 3600.0;
         const double theirs = system->offsetAtNoon(day) / 3600.0;
         if (std::abs(stored - theirs) < smallestDifference) continue;
         if (found.days == 0) {

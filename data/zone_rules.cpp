@@ -26,15 +26,4 @@ double offsetOn(const ZoneRule& rule, std::chrono::year_month_day date) {
     return rule.gmt + (isSummerTime(rule, date) ? rule.hour : 0);
 }
 
-std::optional<ClockChange> nextClockChange(const ZoneRule& rule, std::chrono::year_month_day after) {
-    if (!rule.dst || !after.ok()) return std::nullopt;
-    const std::chrono::sys_days first(after);
-    const bool now = isSummerTime(rule, after);
-    for (int days = 1; days <= 366; ++days) {
-        const std::chrono::year_month_day date(first + std::chrono::days(days));
-        if (isSummerTime(rule, date) != now) return ClockChange{date, !now};
-    }
-    return std::nullopt;
-}
-
 }  // namespace quode

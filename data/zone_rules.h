@@ -45,7 +45,4 @@ bool isSummerTime(const ZoneRule& rule, std::chrono::year_month_day date);
 /// Hours east of Greenwich that the engine uses on a day, summer time included.
 double offsetOn(const ZoneRule& rule, std::chrono::year_month_day date);
 
-/// The first change after a day; nothing when the clocks do not change within a year.
-std::optional<ClockChange> nextClockChange(const ZoneRule& rule, std::chrono::year_month_day after);
-
 }  // namespace quode

@@ -49,7 +49,7 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
           systemMomentWatch(session_.deviceClock(), {zoneFile}),
           systemMomentWatch(session_.deviceClock(), userFiles(session_)), [this] { return shownChoices(session_); },
           settle),
-      panel_(*widget_, window_, session_.deviceClock(), watch_, [this] { prepare(); }),
+      panel_(*widget_, window_, session_.homeClock(), watch_, [this] { prepare(); }),
       storedRows_(rememberedRows(session_)) {
     MessageView::setKeepsNewestOnly(true);
     connectMenu();
@@ -69,7 +69,7 @@ void PanelProgram::present() {
 
 // Another program may keep the user's files locked.
 void PanelProgram::lookAgainForWhatCannotBeRead() {
-    if (panel_.isPresented() && !alarmStates(session_)) watch_.lookAgain();
+    if (panel_.isPresented() && homeIsMissing(session_)) watch_.lookAgain();
 }
 
 void PanelProgram::prepare() {
@@ -87,7 +87,10 @@ void PanelProgram::connectPanel() {
     panel_.setOpenRows(storedRows_);
     window_.setMenu(&menu_, _("Menu"));
     connect(&panel_, &Panel::dismissed, this, &PanelProgram::onDismissed);
-    connect(&watch_, &HomeWatch::otherChoicesWritten, this, &PanelProgram::showAlarms);
+    connect(&watch_, &HomeWatch::otherChoicesWritten, this, [this] {
+        showAlarms();
+        lookAgainForWhatCannotBeRead();
+    });
     connect(&theme_, &DesktopTheme::changed, this, [this] { window_.setTheme(theme_.theme()); });
 }
 

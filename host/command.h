@@ -18,6 +18,7 @@ struct PanelOptions {
 };
 
 /// Reads a command line. Returned: the options, or the help or version that was asked for. Throws `app::Failure` (usage).
-std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(const std::vector<std::string>& arguments);
+std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(
+    const std::vector<std::string>& arguments);
 
 }  // namespace quode::host

@@ -4,7 +4,9 @@
 
 #include <stdexcept>
 
+#include "app/day_notes.h"
 #include "app/day_view.h"
+#include "app/method_choice.h"
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "app/user_data.h"
@@ -42,7 +44,7 @@ QString datesText(app::Session& session, const VAKDate& date) {
     return qt(hijri ? civil + "\n" + app::hijriText(session, *hijri) : civil);
 }
 
-QStringList notesOf(app::Session& session, const CityDay& day) {
+QStringList notesOf(app::Session& session, const app::ChosenPlace& place, const CityDay& day) {
     app::Footnotes notes;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
         notes.latitudeMark(session, day.times, code);
@@ -50,6 +52,9 @@ QStringList notesOf(app::Session& session, const CityDay& day) {
     }
     QStringList lines;
     for (const std::string& line : notes.lines()) lines << qt(line);
+    for (const std::string& note : app::missingNotes(session, day)) lines << qt(note);
+    if (app::isByEngine(day)) lines << qt(app::ruleText(siteOf(place.city)));
+    if (const std::string note = app::guessNote(session, place); !note.empty()) lines << qt(note);
     return lines;
 }
 
@@ -66,7 +71,7 @@ PanelFacts panelFacts(app::Session& session) {
         if (next) facts.next = nextText(session, site, *next);
         if (next) facts.nextCode = next->code;
         facts.dates = datesText(session, day.date);
-        facts.notes = notesOf(session, day);
+        facts.notes = notesOf(session, app::chooseHomePlace(session), day);
         facts.currentCode = currentPrayer(day, session.now());
         return facts;
     } catch (const std::runtime_error&) {

@@ -12,7 +12,10 @@
 
 #include "app/place.h"
 #include "app/session.h"
+#include "app/user_data.h"
+#include "common/civil_date.h"
 #include "compass/CompassViewOverlayWindow.h"
+#include "data/city_day.h"
 #include "host/Panel.h"
 #include "host/PanelDevice.h"
 #include "host/PanelMenu.h"
@@ -41,12 +44,11 @@ Environment with(Environment environment, std::string name, std::string value) {
     };
 }
 
-/// Noon of a day by the wall clock of this machine.
-std::chrono::sys_seconds noonOf(const VAKDate& date, const Clock& clock) {
-    const std::chrono::year_month_day day{std::chrono::year(date.Years), std::chrono::month(unsigned(date.Months)),
-                                          std::chrono::day(unsigned(date.Days))};
-    const std::chrono::sys_seconds noon = std::chrono::sys_days(day) + std::chrono::hours(12);
-    return noon - clock.utcOffset(noon);
+/// Noon of a day by the wall clock of a city.
+std::chrono::sys_seconds noonOf(const VAKDate& date, const CityRecord& city) {
+    const std::chrono::year_month_day day = civilDate(date);
+    const ZoneClock clock{city.rule, city.known};
+    return std::chrono::sys_days(day) + std::chrono::hours(12) - std::chrono::seconds(clock.offsetOn(day));
 }
 
 /// Drops what the platform without a screen says of its nature.
@@ -101,7 +103,7 @@ QImage picture(const ScreenshotOptions& options, Session& session) {
     PanelWindow window(PanelStyle::popover, true);
     window.setMenu(&menu, _("Menu"));
     NeverWatch watch;
-    Panel panel(*widget, window, session.deviceClock(), watch, [] {});
+    Panel panel(*widget, window, session.homeClock(), watch, [] {});
     panel.setFacts([&session] { return panelFacts(session); });
     panel.present({0, 0});
     if (options.info) tap(*widget->view(), tagCityInfo);
@@ -121,14 +123,21 @@ void save(const QImage& image, const std::string& name) {
                   _("The picture \"{}\" cannot be written: {}.", name, file.errorString().toStdString()));
 }
 
+/// Whether a city that nobody chose is in the user's files all the same.
+bool isStoredGuess(Session& user, const app::ChosenPlace& place) {
+    const bool isGuess = place.source == app::PlaceSource::systemZone || place.source == app::PlaceSource::fallback;
+    const auto home = isGuess ? app::storedHome(user) : std::nullopt;
+    return home && home->id == place.city.id;
+}
+
 }  // namespace
 
 ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& language,
                         const ScreenshotOptions& options) {
     Session::Options sessionOptions{language};
-    if (options.date) sessionOptions.moment = noonOf(*options.date, *systemClock());
     Session user(environment, sessionOptions);
     const app::ChosenPlace place = app::choosePlace(user, options.city);
+    if (options.date) sessionOptions.moment = noonOf(*options.date, place.city);
 
     const QTemporaryDir folder;
     if (!folder.isValid()) throw Failure(ExitCode::outputFailed, _("No temporary folder can be created."));
@@ -140,7 +149,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     installAccessibility();
 
     // The widget reads its cities from the user's files; another city is put into files of its own.
-    const bool isHome = place.source == app::PlaceSource::home;
+    const bool isHome = place.source == app::PlaceSource::home || isStoredGuess(user, place);
     Session session(isHome ? environment : with(environment, "QUODE_DATA_DIR", folder.path().toStdString()),
                     sessionOptions);
     const auto device = std::make_shared<PanelDevice>(Idiom::phone, screenSize, options.scale);
@@ -150,6 +159,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     services.getSettings().uiControlColorId = chosenColorScheme(user);
     services.updateUIColors();
     if (!isHome) makeUserDatabase(session, place.city);
+    session.followCity(&place.city);
     save(picture(options, session), options.file);
     return user.exitCode();
 }

@@ -16,6 +16,12 @@
 #include "texts/translation.h"
 
 namespace quode::host {
+namespace {
+
+// For another program that keeps the user database locked; the panel stands still so long.
+constexpr std::chrono::milliseconds lockPatience{200};
+
+}  // namespace
 
 namespace {
 
@@ -32,9 +38,10 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
     QStringList notices;
     if (services.dataFolderProblem()) notices << QString::fromStdString(*services.dataFolderProblem());
     try {
-        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock(), lockPatience);
         for (const std::string& notice : database.notices()) notices << QString::fromStdString(notice);
         const std::optional<UserCity> home = database.home();
+        session.followCity(home && home->city ? &*home->city : nullptr);
         if (home && !home->city) notices << QString::fromStdString(app::lostHome(home->id));
         if (database.cities().empty()) notices << _("Choose your city from the menu.");
         calendar.setLayout(loadSettings(database).calendarLayout);

@@ -47,6 +47,10 @@ std::string bundleFolderFrom(const Environment& environment, const std::filesyst
     return (executable.parent_path().parent_path() / "lib/quode/Quode.bundle").string();
 }
 
+std::string zoneFolderFrom(const Environment& environment) {
+    return nonEmpty(environment, "TZDIR").value_or("/usr/share/zoneinfo");
+}
+
 std::filesystem::path executablePath() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error);

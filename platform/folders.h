@@ -26,6 +26,9 @@ std::string dataFolderFrom(const Environment& environment);
 /// @param executable  the path of the program, as executablePath() gives it
 std::string bundleFolderFrom(const Environment& environment, const std::filesystem::path& executable);
 
+/// The folder of the machine's zone data: $TZDIR, else /usr/share/zoneinfo. The folder need not exist.
+std::string zoneFolderFrom(const Environment& environment);
+
 /// The path of the program that runs; empty when the system does not tell.
 std::filesystem::path executablePath();
 

@@ -7,7 +7,9 @@
 namespace quode {
 
 Platform systemPlatform(const std::string& localeName) {
-    return {systemClock(), icuLocale(localeName), desktopDevice(), posixFiles(), dataFolderFrom(processEnvironment())};
+    const Environment environment = processEnvironment();
+    return {systemClock(), icuLocale(localeName),       desktopDevice(),
+            posixFiles(),  dataFolderFrom(environment), zoneFolderFrom(environment)};
 }
 
 }  // namespace quode

@@ -22,7 +22,7 @@ namespace quode {
 namespace {
 
 constexpr const char* cityQuery = "SELECT ID, SETASHOME FROM USER_CITY";
-constexpr int lockPatienceMs = 2000;
+constexpr int lockPatienceMs = 200;
 using formatting::noTime;
 
 // Runs an operation at whose edge every failure stops; the log says which it was.
@@ -62,6 +62,10 @@ std::vector<City> readCities(sqlite3* userDB) {
         city.getAllCityInfo(city);
         cities.push_back(std::move(city));
     }
+    // Without its coordinates the home city would get the times of latitude and longitude 0: rather none is shown.
+    const auto home = std::ranges::find_if(cities, isHome);
+    const City* const shown = home != cities.end() ? &*home : cities.empty() ? nullptr : &cities.front();
+    if (shown != nullptr && shown->latitude().empty()) cities.clear();
     return cities;
 }
 

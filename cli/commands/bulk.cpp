@@ -26,12 +26,12 @@ constexpr std::size_t mostLines = 4000000;  // some 500 MB
 /// Whether a place is among those that --cities names.
 class Selection {
   public:
-    explicit Selection(const std::string& wish) {
-        if (wish == "all") return;
+    explicit Selection(const std::string& request) {
+        if (request == "all") return;
         isAll_ = false;
-        for (std::size_t at = 0; at <= wish.size();) {
-            const std::size_t end = std::min(wish.find(',', at), wish.size());
-            add(wish.substr(at, end - at));
+        for (std::size_t at = 0; at <= request.size();) {
+            const std::size_t end = std::min(request.find(',', at), request.size());
+            add(request.substr(at, end - at));
             at = end + 1;
         }
     }
@@ -75,8 +75,8 @@ std::vector<CityRecord> citiesOf(Session& session, const Arguments& arguments) {
         if (selection.has(city)) cities.push_back(city);
     });
     if (cities.empty()) throw Failure(ExitCode::notFound, "No place is selected. Try --cities all, or a country code.");
-    if (const auto wish = arguments.text("largest")) {
-        const auto count = numberOf<int>(*wish);
+    if (const auto request = arguments.text("largest")) {
+        const auto count = numberOf<int>(*request);
         if (!count || *count < 1) throw Failure(ExitCode::usage, "--largest takes a number of places, such as 1000.");
         std::ranges::stable_sort(cities, std::ranges::greater(), &CityRecord::population);
         cities.resize(std::min(cities.size(), static_cast<std::size_t>(*count)));

@@ -45,11 +45,12 @@ void printCity(Session& session, const ChosenPlace& place, std::optional<ClockCh
 void runShow(Session& session, const Arguments& arguments) {
     const ChosenPlace place = choosePlace(session, arguments.text("CITY").value_or(""));
     const VAKDate present = today(session, siteOf(place.city));
-    const auto change = nextClockChange(place.city.rule, civilDate(present));
-    const std::vector<ZoneDisagreement> warnings = zoneProblems(place.city, present, present, present);
+    const auto change = nextClockChange(siteOf(place.city).clock(), civilDate(present));
+    const std::vector<ZoneDisagreement> warnings = zoneProblems(session, place.city, present, present, present);
     if (session.wantsJson()) {
         return session.printJson(object({{"place", placeJson(place)},
                                          {"clock", ruleJson(place.city.rule, change)},
+                                         {"zone_data", zoneDataJson(place.city)},
                                          {"warnings", warningsJson(warnings)}}));
     }
     printCity(session, place, change);

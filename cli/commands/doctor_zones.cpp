@@ -27,7 +27,7 @@ void runZones(Session& session, const Arguments&) {
     const auto first = std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(session.now()));
     const DayRange range = twoYearsFrom(first);
     const std::vector<StoredZone> zones = session.cities().zones();
-    const std::vector<ZoneDisagreement> found = checkZones(zones, range);
+    const std::vector<ZoneDisagreement> found = checkZones(zones, range, session.zoneFolder());
     const std::string begin = isoDate(std::chrono::year_month_day(range.first));
     const std::string end = isoDate(std::chrono::year_month_day(range.last));
     if (session.wantsJson()) {

@@ -32,7 +32,7 @@ constexpr std::array<const char*, 8> phaseKeys{"new_moon",  "waxing_crescent", "
 VAKDate localClock(const Site& site, double julianDay) {
     constexpr double halfMinute = 0.5 / 1440.0, nudgeOfConversion = 1e-5;
     const auto instant = instantOfJulianDay(julianDay);
-    const VAKDate clock = wallClock(site.rule, instant);
+    const VAKDate clock = wallClock(site.clock(), instant);
     const auto shown = std::chrono::sys_days(civilDate(clock)) + std::chrono::hours(clock.Hours) +
                        std::chrono::minutes(clock.Minutes) + std::chrono::seconds(clock.Seconds);
     const double offset = std::chrono::duration<double>(shown - instant).count() / 86400.0;
@@ -67,7 +67,7 @@ MoonPage moonPageOf(Session& session, const Arguments& arguments) {
     MoonPage page;
     page.place = choosePlace(session, arguments.text("city"));
     page.site = siteOf(page.place.city);
-    const VAKDate present = wallClock(page.site.rule, session.now());
+    const VAKDate present = wallClock(page.site.clock(), session.now());
     const VAKDate shown = requested.value_or(present);
     const bool isToday = sameDay(shown, present);
     // Another day than today is described at its noon.

@@ -51,10 +51,10 @@ Outlook outlookOf(const Site& site, double conjunction) {
     Outlook outlook;
     outlook.conjunction = conjunction;
     const VAKDate utc = dayOf(conjunction);
-    const double first = std::floor(conjunction + offsetOn(site.rule, civilDate(utc)) / 24.0 + 0.5) - 0.5;
+    const double first = std::floor(conjunction + site.clock().offsetOn(civilDate(utc)) / 86400.0 + 0.5) - 0.5;
     for (int i = 0; i < eveningsShown; ++i) {
         const VAKDate date = dayOf(first + i + 0.25);
-        const double offset = offsetOn(site.rule, civilDate(date));
+        const double offset = site.clock().offsetOn(civilDate(date)) / 3600.0;
         outlook.evenings.push_back(
             {date, offset,
              conventions::crescentEvening(first + i, site.latitude, site.longitude, offset, conjunction)});

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "app/dates.h"
+#include "app/day_notes.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/session.h"
@@ -39,9 +40,9 @@ Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<
     return table;
 }
 
-void addWarnings(Timetable& table) {
+void addWarnings(Session& session, Timetable& table) {
     const VAKDate first = daysOf(table.months.front()).front(), last = daysOf(table.months.back()).back();
-    table.warnings = zoneProblems(table.place.city, table.today, first, last);
+    table.warnings = zoneProblems(session, table.place.city, table.today, first, last);
 }
 
 std::vector<CityDay> computedDays(const Timetable& table, const std::vector<VAKDate>& dates) {
@@ -57,6 +58,11 @@ struct TableNotes {
     Footnotes earlierDay;
     // The latitudes for which times were computed where the Sun does not rise and set.
     std::optional<double> lowest, highest;
+    std::vector<std::string> missing;  // why there are no times
+
+    void addMissing(const std::string& note) {
+        if (!note.empty() && std::ranges::find(missing, note) == missing.end()) missing.push_back(note);
+    }
 
     void addLatitude(double latitude) {
         lowest = std::min(latitude, lowest.value_or(latitude));
@@ -106,9 +112,9 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
         notes.addLatitude(*latitude);
     }
     for (int code = prayers.first; code <= prayers.last; ++code) {
-        row.push_back(clockText(session, timeOfPrayer(day, code)) +
-                      notes.earlierDay.earlierDayMark(day.times, code) +
+        row.push_back(clockText(session, timeOfPrayer(day, code)) + notes.earlierDay.earlierDayMark(day.times, code) +
                       notes.earlierDay.sourceMark(day, code));
+        notes.addMissing(missingPrayerNote(session, day, code));
     }
     return row;
 }
@@ -176,7 +182,7 @@ void printClockChanges(Session& session, const Timetable& table) {
         const auto begin = civilDate(first);
         if (!begin.ok()) continue;
         const std::chrono::year_month_day before(std::chrono::sys_days(begin) - std::chrono::days(1));
-        const auto change = nextClockChange(table.site.rule, before);
+        const auto change = nextClockChange(table.site.clock(), before);
         if (!change || change->date.year() != begin.year() || change->date.month() != begin.month()) continue;
         session.print("☀ " + clockChangeText(session, *change));
     }
@@ -194,6 +200,7 @@ void printTable(Session& session, const Timetable& table) {
         session.print(wrapped(note, pageWidth, 2));
     }
     for (const std::string& line : notes.earlierDay.lines()) session.print(wrapped(line, pageWidth, 2));
+    for (const std::string& note : notes.missing) session.print(wrapped("--:-- " + note, pageWidth, 6));
     printWarnings(session, table.warnings);
     printHowChosen(session, table.place);
 }
@@ -234,13 +241,15 @@ void printJson(Session& session, const Timetable& table) {
     for (const Month& month : table.months) {
         for (const CityDay& day : computedDays(table, daysOf(month))) days.push_back(dayJson(session, day));
     }
-    session.printJson(
-        object({{"place", placeJson(table.place)}, {"days", days}, {"warnings", warningsJson(table.warnings)}}));
+    session.printJson(object({{"place", placeJson(table.place)},
+                              {"rule", ruleJson(table.site)},
+                              {"days", days},
+                              {"warnings", warningsJson(table.warnings)}}));
 }
 
 void print(Session& session, const Arguments& arguments, Timetable table) {
     if (arguments.text("format") == "csv" && !arguments.has("json")) return printCsv(session, table);
-    addWarnings(table);
+    addWarnings(session, table);
     if (session.wantsJson()) return printJson(session, table);
     printTable(session, table);
 }

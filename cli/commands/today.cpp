@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "app/dates.h"
+#include "app/day_notes.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/next_prayer.h"
@@ -46,9 +47,9 @@ DayPage pageOf(Session& session, const Arguments& arguments) {
     page.day = computeCityDay(page.site, requested.value_or(page.today));
     page.hijri = hijriByTable(page.day.date);
     if (sameDay(page.day.date, page.today)) page.next = nextPrayer(page.site, session.now());
-    page.change = nextClockChange(page.site.rule, civilDate(page.day.date));
+    page.change = nextClockChange(page.site.clock(), civilDate(page.day.date));
     page.marginHours = FastAstro::Temkin(page.site.latitude, page.site.temkin);
-    page.warnings = zoneProblems(page.place.city, page.today, page.day.date, page.day.date);
+    page.warnings = zoneProblems(session, page.place.city, page.today, page.day.date, page.day.date);
     page.withSeconds = arguments.has("seconds");
     return page;
 }
@@ -177,10 +178,14 @@ void printFacts(Session& session, const DayPage& page) {
 void printNotes(Session& session, const DayPage& page, const Footnotes& notes) {
     const Style& style = session.style();
     session.print();
-    if (isByEngine(page.day)) session.print(style.dim(wrapped(marginText(page), pageWidth, 0)));
+    if (isByEngine(page.day)) {
+        session.print(style.dim(wrapped(ruleText(page.site) + ".", pageWidth, 0)));
+        session.print(style.dim(wrapped(marginText(page), pageWidth, 0)));
+    }
     printMethod(session, page.site);
     for (const std::string& remark : methodRemarks(page.day)) session.print(style.dim(wrapped(remark, pageWidth, 0)));
     for (const std::string& line : notes.lines()) session.print(wrapped(line, pageWidth, 2));
+    for (const std::string& note : missingNotes(session, page.day)) session.print(wrapped(note, pageWidth, 2));
     printWarnings(session, page.warnings);
 }
 
@@ -222,7 +227,14 @@ Json zoneJson(const DayPage& page) {
                    {"offset_hours", page.day.GMTValue},
                    {"offset_text", formatting::GetGMTValueStr(page.day.isDSTTime, page.day.GMTValue)},
                    {"summer_time", page.day.isDSTTime},
-                   {"next_change", change}});
+                   {"next_change", change},
+                   {"data", zoneDataJson(page.place.city)}});
+}
+
+Json notesJson(Session& session, const DayPage& page) {
+    Json::Array notes;
+    for (const std::string& note : dayNotes(session, page.place, page.day)) notes.emplace_back(note);
+    return notes;
 }
 
 Json pageJson(Session& session, const DayPage& page) {
@@ -239,6 +251,8 @@ Json pageJson(Session& session, const DayPage& page) {
                    {"qibla", qiblaJson(page.day)},
                    {"magnetic_declination", declinationJson(page.day)},
                    {"margin", object({{"minutes", page.marginHours * 60.0}, {"height_metres", marginHeight(page)}})},
+                   {"rule", ruleJson(page.site)},
+                   {"notes", notesJson(session, page)},
                    {"rounding", "31 seconds and more round the minute up"},
                    {"computed_latitude", computedLatitude(page.day)},
                    {"method", methodJson(page.day)},

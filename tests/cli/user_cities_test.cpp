@@ -169,6 +169,8 @@ TEST(UserPlaces, AreRefusedWithoutANameOrOutsideTheEarth) {
     expectRefusal(program, {"city", "add", "36.8,28.3", "--name", " "}, 2, "A place needs a name.");
     expectRefusal(program, {"city", "add", "36.8,28.3", "--name", "Boat\x1B[31m"}, 2, "control characters");
     expectRefusal(program, {"city", "add", "95,0", "--name", "X"}, 2, "no latitude of 95");
+    program.run({"city", "add", "36.8,28.3", "--name", "Hut"});
+    expectRefusal(program, {"city", "add", "1,1", "--name", "hut"}, 2, "already. Choose another name");
     expectRefusal(program, {"city", "add", "1,1", "--name", "X", "--zone", "Nowhere/X"}, 2, "time zone \"Nowhere/X\"");
     expectRefusal(program, {"city", "add", "Berlin", "--name", "X"}, 2, "--name and --zone are for places given by");
 }

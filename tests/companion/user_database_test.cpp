@@ -54,11 +54,21 @@ TEST_F(UserDatabaseTest, BeginsWithTheLargestCityOfTheZone) {
     EXPECT_THAT(database.notices(), IsEmpty());
 }
 
-TEST_F(UserDatabaseTest, BeginsWithoutACityInAZoneWithoutPlaces) {
+TEST_F(UserDatabaseTest, KeepsAGuessedHomeMarkedUntilTheUserChooses) {
+    UserDatabase database = open();
+    ASSERT_TRUE(database.home());
+    EXPECT_TRUE(database.home()->isGuess);
+    EXPECT_TRUE(open().home()->isGuess) << "whoever opens it";
+    database.chooseHome(database.home()->id);
+    EXPECT_FALSE(open().home()->isGuess);
+}
+
+TEST_F(UserDatabaseTest, BeginsWithTheFallbackInAZoneWithoutPlaces) {
     clock.setZone("UTC0", "Etc/UTC");
     const UserDatabase database = open();
-    EXPECT_THAT(database.cities(), IsEmpty());
-    EXPECT_FALSE(database.home());
+    ASSERT_TRUE(database.home());
+    EXPECT_EQ(database.home()->id, fallbackCity);
+    EXPECT_TRUE(database.home()->isGuess);
     EXPECT_THAT(database.notices(), ElementsAre(HasSubstr("Etc/UTC")));
     EXPECT_THAT(open().notices(), IsEmpty()) << "it is reported once";
 }

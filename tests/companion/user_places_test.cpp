@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "common/GlobalFuncs.h"
+#include "common/civil_date.h"
 #include "fixture.h"
 #include "platform/system_platform.h"
 #include "support/fake_platform.h"
@@ -109,7 +110,7 @@ TEST_F(UserPlacesTest, FillACityExactlyAsTheCityDatabaseDoes) {
         fromDatabase.setCityId(std::to_string(record.id));
         fromDatabase.getAllCityInfo(fromDatabase);
         City fromRecord;
-        fillCity(fromRecord, record);
+        fillCity(fromRecord, record, civilDate(GlobalFuncs::globalFuncs().GetCurrentDateTime()));
         EXPECT_EQ(fromRecord.latitude(), fromDatabase.latitude());
         EXPECT_EQ(fromRecord.GMT(), fromDatabase.GMT());
         EXPECT_EQ(fromRecord.countryNameTr(), fromDatabase.countryNameTr());

@@ -89,7 +89,7 @@ TEST(WallClock, ChangesInTheNightsThatTheRuleNames) {
     EXPECT_EQ(VAKDateMake(1, 7, 2026, 14, 0, 0), wallClock(centralEurope, utc(2026, 7, 1, 12h)));
     EXPECT_EQ(VAKDateMake(1, 12, 2026, 13, 0, 0), wallClock(centralEurope, utc(2026, 12, 1, 12h)));
     EXPECT_EQ(VAKDateMake(1, 1, 2027, 11, 0, 0), wallClock(sydneyZone, utc(2027, 1, 1, 0h)));
-    EXPECT_EQ(VAKDateMake(1, 7, 2026, 5, 45, 0), wallClock({5.75}, utc(2026, 7, 1, 0h)));
+    EXPECT_EQ(VAKDateMake(1, 7, 2026, 5, 45, 0), wallClock(ZoneRule{5.75}, utc(2026, 7, 1, 0h)));
 }
 
 TEST(WallClock, BeginsEveryDayAtMidnightAndKeepsEveryDay) {

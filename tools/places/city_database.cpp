@@ -127,10 +127,12 @@ class CityDatabaseWriter {
             const Place*& known = largest[regionOf(place).zone];
             if (!known || place.population > known->population) known = &place;
         }
-        auto zones = out_.table("ZONE", 5);
+        auto zones = out_.table("ZONE", 6);
         std::map<std::string, long> names = zoneNumbers_;
         for (const auto& [name, rule] : data_.zones) {
-            zones.add({zoneNumbers_.at(name), name, numberText(rule.gmt), dstNumber(rule), long{largest.at(name)->id}});
+            const auto days = data_.zoneDays.find(name);
+            zones.add({zoneNumbers_.at(name), name, numberText(rule.gmt), dstNumber(rule), long{largest.at(name)->id},
+                       days == data_.zoneDays.end() ? "" : zoneDaysText(days->second)});
         }
         for (const auto& [alias, zone] : data_.zoneAliases) names[alias] = zoneNumbers_.at(zone);
         auto zoneNames = out_.table("ZONE_NAME", 3);

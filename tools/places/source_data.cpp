@@ -55,18 +55,28 @@ std::map<std::string, Country> readCountries(const std::filesystem::path& file) 
     return countries;
 }
 
-std::map<std::string, ZoneRule> readZones(const std::filesystem::path& file) {
-    std::map<std::string, ZoneRule> zones;
+std::chrono::sys_days dayOf(const std::string& text) {
+    std::string_view rest = text;
+    const auto part = [&rest]() {
+        const int value = takeNumber<int>(rest).value_or(0);
+        if (!rest.empty()) rest.remove_prefix(1);  // the dash
+        return value;
+    };
+    const int year = part(), month = part(), day = part();
+    const auto date = std::chrono::year(year) / month / day;
+    if (!date.ok()) throw std::runtime_error("\"" + text + "\" is no date");
+    return date;
+}
+
+std::map<std::string, std::vector<ZoneDays>> readZoneDays(const std::filesystem::path& file,
+                                                          const std::map<std::string, ZoneRule>& zones) {
+    std::map<std::string, std::vector<ZoneDays>> all;
     for (const auto& row : readTable(file, 4)) {
-        const auto zone = parsePosixZone(row[2]);
-        if (!zone) throw std::runtime_error(file.string() + ": the rule " + row[2] + " is not understood");
-        const ZoneRule rule = encoded(*zone, fittedYears);
-        if (std::abs(rule.gmt - numberOf<double>(row[1]).value_or(100.0)) > 1e-9 || rule.dst != (row[3] == "1")) {
-            throw std::runtime_error(file.string() + ": the columns of " + row[0] + " contradict each other");
-        }
-        zones[row[0]] = rule;
+        required(zones, row[0], "no zone is called " + row[0]);
+        const auto offset = static_cast<int>(wholeNumber(row[3], "the offset of " + row[0]));
+        all[row[0]].push_back({dayOf(row[1]), dayOf(row[2]), offset});
     }
-    return zones;
+    return all;
 }
 
 std::map<std::string, std::string> readPairs(const std::filesystem::path& file) {
@@ -150,11 +160,31 @@ void addOtherNames(const std::filesystem::path& folder, SourceData& data) {
 
 }  // namespace
 
+std::map<std::string, ZoneRule> readZoneRules(const std::filesystem::path& folder) {
+    const std::filesystem::path file = folder / "zones.tsv";
+    std::map<std::string, ZoneRule> zones;
+    for (const auto& row : readTable(file, 4)) {
+        const auto zone = parsePosixZone(row[2]);
+        if (!zone) throw std::runtime_error(file.string() + ": the rule " + row[2] + " is not understood");
+        const ZoneRule rule = encoded(*zone, fittedYears);
+        if (std::abs(rule.gmt - numberOf<double>(row[1]).value_or(100.0)) > 1e-9 || rule.dst != (row[3] == "1")) {
+            throw std::runtime_error(file.string() + ": the columns of " + row[0] + " contradict each other");
+        }
+        zones[row[0]] = rule;
+    }
+    return zones;
+}
+
+std::map<std::string, std::string> readEditions(const std::filesystem::path& folder) {
+    return readPairs(folder / "edition.tsv");
+}
+
 SourceData readSourceData(const std::filesystem::path& folder) {
     SourceData data;
-    data.edition = readPairs(folder / "edition.tsv");
+    data.edition = readEditions(folder);
     data.countries = readCountries(folder / "countries.tsv");
-    data.zones = readZones(folder / "zones.tsv");
+    data.zones = readZoneRules(folder);
+    data.zoneDays = readZoneDays(folder / "zone_days.tsv", data.zones);
     data.zoneAliases = readPairs(folder / "zone_aliases.tsv");
     for (const auto& [alias, zone] : data.zoneAliases) {
         required(data.zones, zone, "the zone " + alias + " points to " + zone + ", which no place lies in");

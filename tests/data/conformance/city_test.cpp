@@ -8,6 +8,8 @@
 #include <fstream>
 
 #include "common/GlobalFuncs.h"
+#include "data/city_day.h"
+#include "data/tzif_writer.h"
 #include "data/write_file.h"
 #include "support/fake_platform.h"
 
@@ -105,6 +107,35 @@ TEST_F(CityTest, KeepsTheSkySummaryUnchanged) {
     EXPECT_EQ(info.MoonRise, -1650.0);
     EXPECT_EQ(info.MoonSet, 20.0);
     EXPECT_EQ(info.MoonAltitudeOnSunSet, 7.75);
+}
+
+// Cuba keeps summer time through the winter of 2026/27, which no yearly rule tells.
+TEST_F(CityTest, HasTheClockOfTheDayForWhichItIsRead) {
+    test::FakePlatform device;
+    GlobalFuncs::startUp(device.platform()).setApplicationBundlePath(QUODE_BUNDLE);
+    const auto havanaOn = [&device](int year, int month, int day) {
+        device.clock->show(year, month, day, 12, 0, 0);
+        City city = cityWithId("3553478");
+        city.getAllCityInfo(city);
+        computeCity(city, VAKDateMake(day, month, year, 0, 0, 0));
+        return city.GMTStr();
+    };
+    EXPECT_EQ(havanaOn(2026, 10, 15), "(-) 04:00 ☀");
+    EXPECT_EQ(havanaOn(2027, 1, 15), "(-) 04:00 ☀");
+    EXPECT_EQ(havanaOn(2028, 1, 15), "(-) 05:00");
+}
+
+TEST_F(CityTest, FollowsZoneDataOfTheMachineThatAreNewer) {
+    const TemporaryFolder folder;
+    test::writeFile(folder, "tzdata.zi", "# version 2031a\n");
+    test::writeFile(folder, "Europe/Istanbul", test::tzif(4 * 3600, {}, "<+04>-4"));
+    Platform platform = test::FakePlatform().platform();
+    platform.zoneFolder = folder.path().string();
+    GlobalFuncs::startUp(platform).setApplicationBundlePath(QUODE_BUNDLE);
+    City city = cityWithId("745044");
+    city.getAllCityInfo(city);
+    EXPECT_EQ(city.GMT(), "4");
+    EXPECT_EQ(city.DST(), "0");
 }
 
 TEST_F(CityTest, KeepsAngles) {

@@ -83,6 +83,8 @@ class SmallData : public testing::Test {
         test::writeFile(folder, "regions.tsv", "country\tadmin1\tname\nTR\t01\tAdana\n");
         test::writeFile(folder, "countries.tsv", "country\ten\ttr\nTR\tTurkey\tTürkiye\n");
         test::writeFile(folder, "zones.tsv", "zone\tstd\tposix\tdst\nEurope/Istanbul\t3\t<+03>-3\t0\n");
+        test::writeFile(folder, "zone_days.tsv",
+                        "zone\tfirst\tlast\toffset\nEurope/Istanbul\t2026-01-01\t2026-01-02\t7200\n");
         test::writeFile(folder, "former_names.tsv", "id\tname\tascii\n7\tZ\tZ\n");
         test::writeFile(folder, "other_names.tsv", "country\tplace\tother\nTR\tX\tW\n");
         test::writeFile(folder, "zone_aliases.tsv", "alias\tzone\nTurkey\tEurope/Istanbul\n");
