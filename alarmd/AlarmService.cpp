@@ -154,7 +154,9 @@ int AlarmService::zoneFolderChanged(sd_event_source*, const inotify_event* event
 
 int AlarmService::choicesSettled(sd_event_source*, std::uint64_t, void* self) {
     auto* const service = static_cast<AlarmService*>(self);
-    if (service->isWatchLost_ || service->keeper_->choicesChanged()) service->wakeKeeper();
+    // To look into the database would make a folder again that the user deleted.
+    const bool isServed = !service->isWatchLost_ && service->mayServe_() == Service::go;
+    if (!isServed || service->keeper_->choicesChanged()) service->wakeKeeper();
     return 0;
 }
 
