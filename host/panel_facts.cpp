@@ -48,7 +48,7 @@ QStringList notesOf(app::Session& session, const app::ChosenPlace& place, const 
     app::Footnotes notes;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
         notes.latitudeMark(session, day.times, code);
-        notes.earlierDayMark(session, day.times, code);
+        notes.earlierDayMark(day.times, code);
     }
     QStringList lines;
     for (const std::string& line : notes.lines()) lines << qt(line);

@@ -163,6 +163,16 @@ QString makeHome(app::Session& session, int city) {
     });
 }
 
+bool homeIsMissing(app::Session& session) {
+    try {
+        const std::optional<UserDatabase> database = app::userDatabaseToRead(session);
+        const std::optional<UserCity> home = database ? database->home() : std::nullopt;
+        return home && !home->city;
+    } catch (const std::runtime_error&) {
+        return true;
+    }
+}
+
 void makeUserDatabase(app::Session& session, const CityRecord& city) {
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
     const bool isKnown = city.id > 0;

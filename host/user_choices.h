@@ -43,6 +43,10 @@ QString rememberRows(app::Session& session, OpenRows rows);
 QString chooseColorScheme(app::Session& session, int scheme);
 QString makeHome(app::Session& session, int city);
 
+/// Whether the times of the home city cannot be shown now, though one was chosen: the user database is locked or cannot
+/// be read, or the city is no longer in the city database.
+bool homeIsMissing(app::Session& session);
+
 /// Makes a user database in an empty folder whose only city is this one.
 void makeUserDatabase(app::Session& session, const CityRecord& city);
 
