@@ -69,7 +69,8 @@ TEST_F(RingRecordsTest, TellHowFarAllIsDecided) {
                            utc("2026-10-17 09:01"),
                            {"boot", std::chrono::milliseconds(7)},
                            745044,
-                           {{200, -15}, {205, 0}}};
+                           {{200, -15}, {205, 0}},
+                           {}};
     open().setDecided(note);
     EXPECT_EQ(open().decided(), note);
 }

@@ -26,8 +26,9 @@ class ComingPrayerTest : public testing::Test {
         return std::make_unique<Session>(environmentOf({{"QUODE_DATA_DIR", folder.path().string()},
                                                         {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
                                                         {"QUODE_NOW", now},
+                                                        {"QUODE_LANG", language},
                                                         {"LC_ALL", "en_GB.UTF-8"}}),
-                                         Session::Options{language});
+                                         Session::Options{});
     }
 
     /// The same with Istanbul as the only city.

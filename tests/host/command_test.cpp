@@ -24,7 +24,7 @@ void expectUsageError(const std::vector<std::string>& arguments, const std::stri
 }
 
 TEST(PanelCommandLine, OpensThePanelWithoutArguments) {
-    const PanelOptions request = optionsOf({});
+    const PanelOptions options = optionsOf({});
     EXPECT_FALSE(options.screenshot);
     EXPECT_FALSE(options.language);
     EXPECT_EQ(optionsOf({"--lang", "tr"}).language, "tr");

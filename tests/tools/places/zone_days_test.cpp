@@ -115,7 +115,7 @@ TEST(ZoneClocks, AreOursForAZoneThatTheNewerMachineLacks) {
 // What the engine makes of the rule of each unusual day.
 TEST(ZoneClocks, LeadTheEngineOnEveryDayBesideTheRule) {
     for (const StoredZone& zone : CityDatabase(QUODE_CITY_DATABASE).zones()) {
-        Site site{45.0, 0.0, zone.rule, true, zone.known};
+        Site site{45.0, 0.0, zone.rule, true, {}, zone.known};
         for (const ZoneDays& run : zone.known->days) {
             for (const sys_days day : {run.first, run.last}) {
                 const year_month_day date(day);
