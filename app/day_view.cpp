@@ -237,7 +237,13 @@ std::vector<ZoneDisagreement> zoneProblems(Session& session, const CityRecord& c
         const auto found = checkZone({city.zone, city.rule, city.known}, range, session.zoneFolder());
         if (found && !found->unknownToSystem) problems.push_back(*found);
     };
-    if (!present.ok() || !begin.ok() || !end.ok() || (city.known && city.known->systemIsOlder())) return problems;
+    if (!present.ok() || !begin.ok() || !end.ok()) return problems;
+    if (city.known && city.known->systemIsOlder()) {
+        // It still knows the days before those that the newer edition covers.
+        const std::chrono::year_month_day lastOld(firstKnownDay - std::chrono::days(1));
+        if (begin <= lastOld) check({begin, std::min(end, lastOld)});
+        return problems;
+    }
     const DayRange coming = twoYearsFrom(present);
     check(coming);
     const DayRange shown{begin, end};

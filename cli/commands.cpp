@@ -62,7 +62,7 @@ std::vector<Command> allCommands() {
         group("alarm", _("Alarms for the prayers"),
               {alarmListCommand(), alarmSetCommand(), alarmOnCommand(), alarmOffCommand(), alarmUpcomingCommand(),
                alarmTestCommand()}),
-        group("method", "How the times are computed: authorities, angles, your own minutes",
+        group("method", "The method of the times, and your own minutes",
               {methodListCommand(), methodShowCommand(), methodSuggestCommand(), methodCompareCommand(),
                methodSetCommand(), methodImportCommand(), methodRemoveTableCommand()}),
         settingsCommand(),

@@ -173,14 +173,6 @@ int UserDatabase::addPlace(const NewPlace& newPlace) {
             addCity(id);
             return;
         }
-        const sqlite::Statement twin =
-            connection_->query("SELECT ID FROM USER_PLACE WHERE NAME = ? COLLATE NOCASE", {newPlace.name});
-        if (connection_->next(twin)) {
-            refuse(
-                _("You have a place called \"{0}\" already. Choose another name, or remove that place: "
-                  "quode city remove {1}",
-                  newPlace.name, sqlite3_column_int(twin.get(), 0)));
-        }
         const sqlite::Statement lowest = connection_->query(
             "SELECT MIN(0, COALESCE(MIN(ID), 0)) - 1 FROM (SELECT ID FROM USER_PLACE UNION ALL SELECT ID FROM "
             "USER_CITY)");

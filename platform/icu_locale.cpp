@@ -32,7 +32,8 @@ icu::Locale localeOf(const std::string& name) {
     const bool isPosix = language.empty() || language == "C" || language == "POSIX";
     const icu::Locale locale = icu::Locale::createCanonical(isPosix ? posixLocale : name.c_str());
     // A name that is none, such as "american english", is taken for POSIX, as the C library does.
-    return locale.isBogus() ? icu::Locale::createCanonical(posixLocale) : locale;
+    const bool isNone = locale.isBogus() || locale.getISO3Language()[0] == '\0';
+    return isNone ? icu::Locale::createCanonical(posixLocale) : locale;
 }
 
 struct CloseResource {

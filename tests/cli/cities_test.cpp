@@ -153,7 +153,7 @@ TEST(SystemZone, ThatNamesNoPlaceDoesNotMatterWhereACityIsChosen) {
     program.with("TZ", "nonsense");
     EXPECT_EQ(program.run({"next", "--city", "Berlin"}).err, "");
     EXPECT_EQ(program.run({"city", "home", "Berlin"}).err,
-              "quode: The time zone of this device has no name. Please add your city.\n");
+              "quode: The time zone of this device has no name. Add your city: quode city add NAME.\n");
     const Outcome home = program.run({"next"});
     EXPECT_EQ(home.err, "");
     EXPECT_EQ(home.out, Program().run({"next", "--city", "Berlin"}).out);
@@ -166,7 +166,7 @@ TEST(DoctorZones, ListsTheZonesThatDisagree) {
     for (const json& zone : report.at("disagreements")) EXPECT_TRUE(zone.contains("unknown_to_system"));
     const Outcome text = Program().run({"doctor", "zones"});
     EXPECT_EQ(text.code, 0);
-    EXPECT_NE(text.out.find("time zones disagree"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("time zones differ from the system's zone data"), std::string::npos) << text.out;
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST(Failures, OfImpossiblePlaces) {
     expectFailure({"--city", ""}, 2, "The name of the city is empty.");
     expectFailure({"city", "search", ""}, 2, "The name of the city is empty.");
     expectFailure({"city", "search", " "}, 2, "The name of the city is empty.");
-    expectFailure({"--city", "nan,0"}, 2, "Latitude nan is out of range");
+    expectFailure({"--city", "nan,0"}, 1, "No city is called \"nan,0\"");
 }
 
 TEST(Failures, OfImpossibleDates) {

@@ -33,14 +33,18 @@ TEST(Settings, AreShownWithTheirMeaning) {
     const Program program;
     EXPECT_EQ(program.run({"settings"}).out,
               "sound     chime  of alarms that have none of their own\n"
-              "calendar  ics    how the events of the alarms are kept\n"
+              "calendar  ics    how the events of the alarms are stored\n"
               "ringer    quode  the program that rings\n"
+              "language  auto   the language of all programs\n"
               "panel     auto   the layout of the panel\n"
               "colors    2      the colour scheme of the panel\n");
     const auto settings = program.run({"settings", "--json"}).json()["settings"];
-    EXPECT_EQ(settings,
-              (nlohmann::json{
-                  {"sound", "chime"}, {"calendar", "ics"}, {"ringer", "quode"}, {"panel", "auto"}, {"colors", "2"}}));
+    EXPECT_EQ(settings, (nlohmann::json{{"sound", "chime"},
+                                        {"calendar", "ics"},
+                                        {"ringer", "quode"},
+                                        {"language", "auto"},
+                                        {"panel", "auto"},
+                                        {"colors", "2"}}));
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite")) << "looking makes nothing";
 }
 

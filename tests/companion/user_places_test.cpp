@@ -90,7 +90,10 @@ TEST_F(UserPlacesTest, FillACityOfTheWidget) {
     EXPECT_EQ(city.longitude(), "-123.393300");
     EXPECT_EQ(city.temkin(), "1");
     EXPECT_FALSE(city.GMT().empty());
-    EXPECT_EQ(siteOf(city), siteOf(*placeById(file(), cities, id)));
+    Site shown = siteOf(city), stored = siteOf(*placeById(file(), cities, id));
+    EXPECT_EQ(*shown.known, *stored.known);
+    shown.known = stored.known;
+    EXPECT_EQ(shown, stored);
 
     City unknown;
     unknown.setCityId("-999");

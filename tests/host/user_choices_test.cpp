@@ -48,7 +48,7 @@ TEST_F(UserChoicesTest, TellHowToChooseACityWhenThereIsNone) {
         UserDatabase database = open(fresh);
         for (const UserCity& city : database.cities()) database.removeCity(city.id);
     }
-    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "Choose your city in a terminal: quode city add NAME");
+    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "Choose your city from the menu.");
 }
 
 TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {

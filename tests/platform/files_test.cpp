@@ -40,10 +40,10 @@ TEST_F(PosixFilesInAFolder, AppendAndRead) {
 
 TEST_F(PosixFilesInAFolder, ReplaceAFileAndLeaveNothingBeside) {
     files->write(folder / "a", "first");
-    fs::permissions(folder / "a", fs::perms(0640));
+    fs::permissions(folder / "a", fs::perms(0600));
     files->write(folder / "a", std::string("sec\0nd", 6));
     EXPECT_EQ(files->read(folder / "a"), std::string("sec\0nd", 6));
-    EXPECT_EQ(fs::status(folder / "a").permissions(), fs::perms(0640));
+    EXPECT_EQ(fs::status(folder / "a").permissions(), fs::perms(0600));
     EXPECT_EQ(entries(), 1);
 }
 
@@ -55,11 +55,11 @@ TEST_F(PosixFilesInAFolder, WriteThroughALink) {
     EXPECT_EQ(files->read(folder / "a"), "second");
 }
 
-TEST_F(PosixFilesInAFolder, GiveANewFileTheRightsOfTheProcess) {
+TEST_F(PosixFilesInAFolder, KeepANewFileToTheUserAlone) {
     const mode_t mask = umask(027);
     files->write(folder / "a", "");
     umask(mask);
-    EXPECT_EQ(fs::status(folder / "a").permissions(), fs::perms(0640));
+    EXPECT_EQ(fs::status(folder / "a").permissions(), fs::perms(0600));
 }
 
 TEST_F(PosixFilesInAFolder, KeepTheOldFileWhenItCannotBeReplaced) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include <map>
+#include <utility>
 
 #include "tools/manual/manual.h"
 
@@ -46,16 +46,19 @@ std::vector<std::string> wordsAfter(const Subject& subject, const std::vector<Co
     return words;
 }
 
-// The values of each option that has choices; options of one name have the same ones everywhere.
-std::map<std::string, std::vector<std::string>> choicesOf(const Subject& subject) {
-    std::map<std::string, std::vector<std::string>> choices;
-    const auto add = [&choices](const std::vector<Parameter>& parameters) {
+// The values of each option that has choices, by a pattern of the shell for "COMMAND --OPTION".
+std::vector<std::pair<std::string, std::vector<std::string>>> choicesOf(const Subject& subject) {
+    std::vector<std::pair<std::string, std::vector<std::string>>> choices;
+    const auto add = [&choices](const std::string& command, const std::vector<Parameter>& parameters) {
         for (const Parameter& parameter : parameters) {
-            if (!parameter.choices.empty()) choices["--" + parameter.name] = parameter.choices;
+            if (!parameter.choices.empty())
+                choices.emplace_back(command + "' --" + parameter.name + "'", parameter.choices);
         }
     };
-    add(subject.program->parameters);
-    for (const CommandPath& path : allPaths(subject.commands)) add(path.command->parameters);
+    for (const CommandPath& path : allPaths(subject.commands)) {
+        add("'" + joined(path.words, " ") + "'", path.command->parameters);
+    }
+    add("*", subject.program->parameters);
     return choices;
 }
 
@@ -93,13 +96,14 @@ std::string bashCompletion(const Subject& subject) {
     const std::string& name = subject.program->name;
     std::string text = "# bash completion for " + name + "\n_" + name + "() {\n";
     text += "    local cur=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} path= word words=\n";
-    text += "    COMPREPLY=()\n    case $previous in\n";
+    text += "    COMPREPLY=()\n    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n";
+    text += "        case $word in -*) ;; *) path+=\"${path:+ }$word\" ;; esac\n    done\n";
+    text += "    case \"$path $previous\" in\n";
     for (const auto& [option, values] : choicesOf(subject)) {
         text += "        " + option + ") COMPREPLY=($(compgen -W " + quoted(joined(values, " ")) +
                 " -- \"$cur\")); return ;;\n";
     }
-    text += "    esac\n    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n";
-    text += "        case $word in -*) ;; *) path+=\"${path:+ }$word\" ;; esac\n    done\n    case $path in\n";
+    text += "    esac\n    case $path in\n";
     std::vector<std::string> all = wordsAfter(subject, subject.commands, {});
     all.push_back("--version");
     text += bashCase("", all);
