@@ -125,7 +125,7 @@ TEST(Doctor, DoesNotBelieveZoneDataThatAreOlder) {
     giveZoneData(program, "2025b");
     const json check = checkOf(program, "zone_rules");
     EXPECT_EQ(check["state"], "ok");
-    EXPECT_EQ(check["text"], "Europe/Berlin; zone data 2026f");
+    EXPECT_NE(check["text"].get<std::string>().find("Europe/Berlin; zone data 2026f"), std::string::npos);
     const json today = program.run({"today", "--json"}).json();
     EXPECT_EQ(today["warnings"], json::array());
     EXPECT_EQ(today["zone"]["offset_hours"], 1.0);

@@ -99,7 +99,7 @@ TEST_F(UserFaults, ADamagedCalendarIsKeptAsideAndBegunAnew) {
     EXPECT_EQ(stateOf("calendar"), "problem");
     EXPECT_EQ(contentOf(calendar), "no calendar");
     const Outcome on = program.run({"alarm", "on", "all"});
-    expectMessage(on, 0, "It is kept as Quode.ics.damaged-1, and a new calendar has been begun.");
+    expectMessage(on, 0, "It is kept as Quode.ics.damaged-1, and a new calendar is started.");
     EXPECT_EQ(contentOf(folder / "Quode.ics.damaged-1"), "no calendar");
     EXPECT_EQ(stateOf("calendar"), "ok");
 }

@@ -296,7 +296,7 @@ class ServiceTest(unittest.TestCase):
         time.sleep(0.5)
         second = self.start()
         self.assertEqual(second.wait(5), 0)
-        self.assertIn("running already", self.messages())
+        self.assertIn("already running", self.messages())
         self.expect_ring(due)
         self.expect_silence()
 
