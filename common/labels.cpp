@@ -13,13 +13,14 @@ namespace quode {
 namespace {
 
 // Translators: the names of the prayers are those in common use; the last three are further times of the day.
-constexpr std::array<const char*, 9> prayers{N_("Fajr"), N_("Sunrise"), N_("Dhuhr"),        N_("Asr"),           N_("Maghrib"),
-                                             N_("Isha"), N_("Ishraq"),  N_("Asr al-Thani"), N_("Isfirar al-Shams")};
+constexpr std::array<const char*, 9> prayers{N_("Fajr"),   N_("Sunrise"),      N_("Dhuhr"),
+                                             N_("Asr"),    N_("Maghrib"),      N_("Isha"),
+                                             N_("Ishraq"), N_("Asr al-Thani"), N_("Isfirar al-Shams")};
 
-constexpr std::array<const char*, 12> hijriMonths{
-    N_("Muharram"),        N_("Safar"), N_("Rabi al-Awwal"), N_("Rabi al-Thani"), N_("Jumada al-Ula"),
-    N_("Jumada al-Akhirah"), N_("Rajab"), N_("Sha’ban"),       N_("Ramadan"),       N_("Shawwal"),
-    N_("Dhu al-Qa’dah"),   N_("Dhu al-Hijjah")};
+constexpr std::array<const char*, 12> hijriMonths{N_("Muharram"),      N_("Safar"),         N_("Rabi al-Awwal"),
+                                                  N_("Rabi al-Thani"), N_("Jumada al-Ula"), N_("Jumada al-Akhirah"),
+                                                  N_("Rajab"),         N_("Sha’ban"),       N_("Ramadan"),
+                                                  N_("Shawwal"),       N_("Dhu al-Qa’dah"), N_("Dhu al-Hijjah")};
 
 template <std::size_t size>
 const char* entry(const std::array<const char*, size>& texts, int index) {

@@ -16,7 +16,7 @@ struct CityDay;
 
 /// Where a time comes from.
 enum class TimeSource {
-    engine,         ///< the default method; its fallbacks are told by the flags of the record
+    engine,         ///< the default method; the flags of the record mark its fallbacks
     convention,     ///< the rule of the chosen convention
     highLatitude,   ///< the convention's rule for high latitudes
     otherLatitude,  ///< the convention, computed for a lower latitude

@@ -78,7 +78,7 @@ QScrollArea* newScrollArea(QWidget* parent) {
     return scroll;
 }
 
-// What is told around the widget stands in the widget's column: a part is as wide as it may be, in the middle.
+// What the host shows around the widget stands in the widget's column: a part is as wide as it may be, in the middle.
 QHBoxLayout* columnOf(QWidget* part) {
     constexpr int nearlyAll = 10000;
     auto* const row = new QHBoxLayout;

@@ -64,7 +64,7 @@ TEST_F(KeeperFaultsTest, RingsOnceOnAFullDisk) {
     }
     EXPECT_EQ(desk.rings.size(), 1U);
     EXPECT_THAT(told, HasSubstr("the disk is full"));
-    EXPECT_EQ(told.find("disk is full", told.find("disk is full") + 1), std::string::npos) << "it is told once";
+    EXPECT_EQ(told.find("disk is full", told.find("disk is full") + 1), std::string::npos) << "it is reported once";
     disk.emplace(FaultyDisk::Fault::none);
     keeper->wake();
     restart();

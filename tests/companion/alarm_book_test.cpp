@@ -139,7 +139,7 @@ TEST_F(AlarmBookTest, FinishesWhatWasLeftBeforeItsOwnChange) {
     book->switchOn(maghrib);
     leave({Kind::off, 5, eventOf(maghrib)});
     EXPECT_TRUE(book->switchOn(maghrib).ok());
-    EXPECT_TRUE(database->alarm(maghrib).isOn) << "the later wish counts";
+    EXPECT_TRUE(database->alarm(maghrib).isOn) << "the later request counts";
     EXPECT_EQ(events().size(), 1U);
 }
 

@@ -238,7 +238,7 @@ def main():
     parser.add_argument("--every", type=int, default=1, help="only every N-th point, another one in each command")
     parser.add_argument("--service-every", type=int, default=5, help="the same for the alarm service; 0: not at all")
     parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--figures", help="a page whose figures are written anew")
+    parser.add_argument("--figures", help="a page whose figures are replaced")
     parser.add_argument("--only", help="only commands that contain this text")
     arguments = parser.parse_args()
     begun = time.time()
