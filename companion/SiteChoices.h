@@ -16,9 +16,12 @@ void storeMethod(UserConnection& connection, int cityId, const conventions::Meth
 /// Stores the timetable of a city in place of a former one.
 void storeTimetable(UserConnection& connection, int cityId, const Timetable& table);
 
+/// Stores when the congregation of a city begins, in place of former rules.
+void storeIqama(UserConnection& connection, int cityId, const IqamaRules& rules);
+
 void forgetTimetable(UserConnection& connection, int cityId);
 
-/// Forgets method and timetable of a city.
+/// Forgets method, timetable and congregation times of a city.
 void forgetSiteChoice(UserConnection& connection, int cityId);
 
 }  // namespace quode

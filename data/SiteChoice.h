@@ -19,13 +19,16 @@ struct SiteChoice {
     conventions::Method method;
     double height = 0.0;                     ///< metres above sea level, as the city database has it
     std::shared_ptr<const Timetable> table;  ///< nullptr: none was imported
+    IqamaRules iqama;                        ///< where the table of a day has none
     bool isUnreadable = false;               ///< a choice is stored, but this version cannot read it
 
+    /// Whether the times are the engine's own. The congregation's times change none of them.
     bool isDefault() const { return method.isDefault() && !table; }
 
     friend bool operator==(const SiteChoice& a, const SiteChoice& b) {
         const bool sameTable = a.table == b.table || (a.table && b.table && *a.table == *b.table);
-        return a.method == b.method && a.height == b.height && a.isUnreadable == b.isUnreadable && sameTable;
+        return a.method == b.method && a.height == b.height && a.isUnreadable == b.isUnreadable && sameTable &&
+               a.iqama == b.iqama;
     }
 };
 

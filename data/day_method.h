@@ -40,7 +40,7 @@ struct DayMethod {
     bool isFromTable = false;         ///< the imported table has this day
     bool hasTable = false;            ///< a table was imported, whether it has this day or not
     std::string tableName;
-    std::array<std::optional<Iqama>, conventions::prayerCount> iqama;  ///< of the table
+    IqamaRules iqama;  ///< of the table, else as the user chose for the city
 
     const TimeMark& mark(int code) const { return marks.at(static_cast<std::size_t>(code - 200)); }
 };
