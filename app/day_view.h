@@ -13,6 +13,7 @@
 #include "app/place.h"
 #include "astro/MagneticVariation.h"
 #include "data/city_day.h"
+#include "data/night_parts.h"
 #include "data/zone_check.h"
 
 namespace quode::app {
@@ -34,6 +35,11 @@ Json timeJson(double hours);
 Json skyTimeJson(double hours);
 /// "2 h 13 min", rounded up to the minute, as the difference of two clock texts is.
 std::string durationText(std::chrono::seconds duration);
+
+/// "First third", "Midnight", "Last third".
+std::string nightPartLabel(const NightPartName& part);
+/// {"first_third": ..., "midnight": ..., "last_third": ...} of the night that begins on a day.
+Json nightJson(const CityDay& day);
 
 // --- dates
 /// The day of --date; nothing when it was not given. Throws `Failure` (usage).
