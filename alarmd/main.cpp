@@ -11,6 +11,7 @@
 
 #include "alarmd/AlarmKeeper.h"
 #include "alarmd/AlarmService.h"
+#include "alarmd/BusProcess.h"
 #include "alarmd/DesktopRingDesk.h"
 #include "alarmd/InstanceLock.h"
 #include "common/GlobalFuncs.h"
@@ -49,6 +50,7 @@ Loop newLoop() {
     sigemptyset(&ending);
     sigaddset(&ending, SIGTERM);
     sigaddset(&ending, SIGINT);
+    sigaddset(&ending, SIGCHLD);
     sigprocmask(SIG_BLOCK, &ending, nullptr);
     sd_event* made = nullptr;
     if (sd_event_new(&made) < 0) throw std::runtime_error("The system gives no event loop.");
@@ -118,6 +120,12 @@ int serve() {
     AlarmKeeper keeper(std::move(surroundings));
     AlarmService service(loop.get(), keeper, *notifications, services.dataFolder(), "/etc/localtime",
                          [&] { return mayServe(lock, services.dataFolder(), tell); });
+    // An answer that comes over the bus counts as one that the notification gave, which is taken away.
+    const auto answered = [&notifications](const NotificationId& shown, const std::string& action) {
+        if (notifications->onAction) notifications->onAction(shown, action);
+        notifications->close(shown);
+    };
+    const BusProcess bus(loop.get(), executablePath().parent_path() / "quode-service", answered, tell);
     return service.run() < 0 ? 1 : 0;
 }
 

@@ -37,4 +37,8 @@ std::string Json::text() const {
     return documentOf(*this).dump(indentation, ' ', false, Document::error_handler_t::replace) + "\n";
 }
 
+std::string Json::line() const {
+    return documentOf(*this).dump(-1, ' ', false, Document::error_handler_t::replace) + "\n";
+}
+
 }  // namespace quode::app

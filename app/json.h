@@ -44,6 +44,9 @@ class Json {
     /// The text in several lines, with a line break at its end.
     std::string text() const;
 
+    /// The same in one line, with a line break at its end.
+    std::string line() const;
+
   private:
     Value value_;
 };

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/printed_times.h"
 
-#include <dlfcn.h>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -16,7 +15,7 @@
 #include "data/city_days.h"
 #include "data/iqama.h"
 #include "data/night_parts.h"
-#include "platform/folders.h"
+#include "platform/module.h"
 #include "texts/translation.h"
 
 namespace quode::app {
@@ -186,6 +185,19 @@ void fillPages(Session& session, const PrintRequest& request, const std::vector<
     if (request.isSheet) marks.addTo(table.remarks);
 }
 
+template <typename Operation>
+Operation* operation(const char* module, const char* symbol) {
+    const ModuleSymbol found = loadModule(module, symbol);
+    if (found.address) return reinterpret_cast<Operation*>(const_cast<void*>(found.address));
+    throw Failure(ExitCode::damagedData,
+                  _("The printing part of Quode cannot be loaded: {}. Install Quode again.", found.problem));
+}
+
+std::string bytesOf(printing::PrintedFile file) {
+    if (file.problem.empty()) return std::move(file.bytes);
+    throw Failure(ExitCode::internalError, _("The file could not be made: {}.", file.problem));
+}
+
 }  // namespace
 
 std::string hijriMonths(Session& session, const std::vector<VAKDate>& days) {
@@ -230,14 +242,18 @@ printing::Timetable printedTimes(Session& session, const PrintRequest& request) 
     return table;
 }
 
-// The module stays loaded as long as the process lives.
-const printing::PrintModule& printModule() {
-    const std::filesystem::path module = executablePath().parent_path().parent_path() / "lib/quode/quode-print.so";
-    void* const library = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
-    const void* const operations = library ? dlsym(library, printing::printSymbol) : nullptr;
-    if (operations) return *static_cast<const printing::PrintModule*>(operations);
-    throw Failure(ExitCode::damagedData,
-                  _("The printing part of Quode cannot be loaded: {}. Install Quode again.", dlerror()));
+std::string printedPdf(const printing::Timetable& timetable, const printing::PdfOptions& options) {
+    auto* const print = operation<printing::PrintPdf>("quode-print.so", printing::printPdfSymbol);
+    printing::PrintedFile file;
+    print(file, timetable, options);
+    return bytesOf(std::move(file));
+}
+
+std::string printedCalendar(const printing::PrayerCalendar& calendar) {
+    auto* const print = operation<printing::PrintCalendar>("quode-publish.so", printing::printCalendarSymbol);
+    printing::PrintedFile file;
+    print(file, calendar);
+    return bytesOf(std::move(file));
 }
 
 }  // namespace quode::app

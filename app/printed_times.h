@@ -25,12 +25,16 @@ struct PrintRequest {
     bool isSheet = false;    ///< for one page: the marks of all months are explained together
 };
 
-/// The timetable of these months, with a column for the congregation where its times are known. For `htmlOf` and for
-/// the operations of `printModule`.
+/// The timetable of these months, with a column for the congregation where its times are known. For `htmlOf` and
+/// `printedPdf`.
 printing::Timetable printedTimes(Session& session, const PrintRequest& request);
 
-/// What makes PDF files; loaded when first asked for. Throws `Failure` (damagedData) when it is missing.
-const printing::PrintModule& printModule();
+/// The bytes of a PDF file. What makes it is loaded when first asked for. Throws `Failure`: damagedData when that is
+/// missing, internalError when it fails.
+std::string printedPdf(const printing::Timetable& timetable, const printing::PdfOptions& options);
+
+/// The text of an iCalendar file; the same holds for it.
+std::string printedCalendar(const printing::PrayerCalendar& calendar);
 
 /// An event for each of the five prayers and sunrise on these days.
 /// @param alarm  a reminder so many minutes before each

@@ -59,7 +59,7 @@ void renewPublishedCalendar(Session& session, const PublishedCalendar& published
     // The day, not the second: a file whose times have not changed stays the same to the byte.
     calendar.made = std::chrono::floor<std::chrono::days>(calendar.made);
     calendar.interval = interval;
-    const std::string text = printing::calendarText(calendar);
+    const std::string text = printedCalendar(calendar);
     const FileContent old = readWholeFile(published.file, largestFile);
     check(old.outcome);
     if (old.bytes == text) return;

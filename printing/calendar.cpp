@@ -9,7 +9,6 @@
 namespace quode::printing {
 namespace {
 
-constexpr const char* product = "-//Quode//Prayer times//EN";
 constexpr int eventSeconds = 600;  // an event without length is not shown by every program
 
 struct FreeComponent {
@@ -66,7 +65,7 @@ std::string calendarText(const PrayerCalendar& calendar) {
     const Component component(icalcomponent_new_vcalendar());
     const auto add = [&](icalproperty* property) { icalcomponent_add_property(component.get(), property); };
     add(icalproperty_new_version("2.0"));
-    add(icalproperty_new_prodid(product));
+    add(icalproperty_new_prodid(calendarProduct));
     add(icalproperty_new_calscale("GREGORIAN"));
     add(named("NAME", calendar.name));
     add(named("X-WR-CALNAME", calendar.name));
@@ -81,10 +80,6 @@ std::string calendarText(const PrayerCalendar& calendar) {
     }
     const std::unique_ptr<char, FreeText> text(icalcomponent_as_ical_string_r(component.get()));
     return text ? text.get() : "";
-}
-
-bool isPrayerCalendar(std::string_view text) {
-    return text.starts_with("BEGIN:VCALENDAR") && text.find(product) != std::string_view::npos;
 }
 
 }  // namespace quode::printing

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "printing/PrintedFile.h"
+
 namespace quode::printing {
 
 /// One prayer of a day.
@@ -36,7 +38,16 @@ struct PrayerCalendar {
 /// what the calendar proposes to show them in.
 std::string calendarText(const PrayerCalendar& calendar);
 
+/// The same in the module "lib/quode/quode-publish.so", by its name there; libical is loaded for it alone.
+using PrintCalendar = void(PrintedFile& file, const PrayerCalendar& calendar) noexcept;
+inline constexpr const char* printCalendarSymbol = "quodePrintCalendar";
+
+/// What calendars of Quode's prayer times are known by.
+inline constexpr const char* calendarProduct = "-//Quode//Prayer times//EN";
+
 /// Whether a text is such a file, whatever it holds.
-bool isPrayerCalendar(std::string_view text);
+inline bool isPrayerCalendar(std::string_view text) {
+    return text.starts_with("BEGIN:VCALENDAR") && text.find(calendarProduct) != std::string_view::npos;
+}
 
 }  // namespace quode::printing

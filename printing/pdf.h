@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "printing/PrintedFile.h"
 #include "printing/Timetable.h"
 
 namespace quode::printing {
@@ -20,13 +21,10 @@ struct PdfOptions {
 /// Throws std::runtime_error when Cairo cannot make it.
 std::string pdfOf(const Timetable& timetable, const PdfOptions& options);
 
-/// The operations of the module "lib/quode/quode-print.so". Cairo and Pango take longer to load than a day to compute,
-/// so programs that print load them when they do; one that draws anyway links the library `Quode::pdf`.
-struct PrintModule {
-    std::string (*pdf)(const Timetable&, const PdfOptions&);
-};
-
-/// The name under which the module gives its operations.
-inline constexpr const char* printSymbol = "quodePrint";
+/// The operation of the module "lib/quode/quode-print.so", by its name there. Cairo and Pango take longer to load than a
+/// day to compute, so programs that print load them when they do; one that draws anyway links the library `Quode::pdf`.
+/// It throws nothing: program and module may have a C++ library each.
+using PrintPdf = void(PrintedFile& file, const Timetable& timetable, const PdfOptions& options) noexcept;
+inline constexpr const char* printPdfSymbol = "quodePrintPdf";
 
 }  // namespace quode::printing

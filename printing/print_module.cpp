@@ -1,7 +1,18 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The module behind `PrintModule`.
+// The module "quode-print.so".
+#include <exception>
+
 #include "printing/pdf.h"
 
-extern "C" const quode::printing::PrintModule quodePrint;
-const quode::printing::PrintModule quodePrint{&quode::printing::pdfOf};
+using namespace quode::printing;
+
+extern "C" void quodePrintPdf(PrintedFile& file, const Timetable& timetable, const PdfOptions& options) noexcept;
+
+void quodePrintPdf(PrintedFile& file, const Timetable& timetable, const PdfOptions& options) noexcept {
+    try {
+        file.bytes = pdfOf(timetable, options);
+    } catch (const std::exception& error) {
+        file.problem = error.what();
+    }
+}

@@ -14,6 +14,8 @@
 namespace quode::cli {
 namespace {
 
+constexpr std::chrono::minutes soon{15};  // a bar may show what comes then in another colour
+
 struct ComingPrayer {
     ChosenPlace place;
     Site site;
@@ -61,6 +63,40 @@ std::string filled(Session& session, const ComingPrayer& coming, std::string_vie
     return text;
 }
 
+/// The text as Pango's markup, in which bars show it.
+std::string marked(const std::string& text) {
+    std::string result;
+    for (const char c : text) {
+        if (c == '&' || c == '<' || c == '>') {
+            result += c == '&' ? "&amp;" : c == '<' ? "&lt;" : "&gt;";
+        } else {
+            result += c;
+        }
+    }
+    return result;
+}
+
+/// What Waybar's module "custom" reads with "return-type": "json". Others, such as Quickshell, read the same.
+Json waybarJson(Session& session, const ComingPrayer& coming) {
+    const NextPrayer& prayer = coming.prayer;
+    const CityDay day = computeCityDay(coming.site, today(session, coming.site));
+    const std::string name = session.prayerName(prayer.code), clock = clockText(session, prayer.hours);
+    std::string tooltip = marked(coming.place.city.name) + ", " + marked(longDate(session, day.date));
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        const std::string line =
+            marked(session.prayerName(code)) + " " + marked(clockText(session, timeOfPrayer(day, code)));
+        const bool isNext = code == prayer.code && sameDay(prayer.date, day.date);
+        tooltip += "\n" + (isNext ? "<b>" + line + "</b>" : line);
+    }
+    const bool isSoon = timeLeft(session, prayer) <= soon;
+    Json::Array classes{prayerKey(prayer.code)};
+    if (isSoon) classes.emplace_back("soon");
+    return object({{"text", marked(name + " " + clock)},
+                   {"alt", prayerKey(prayer.code)},
+                   {"tooltip", tooltip + "\n" + marked(timeLeftText(session, coming.site, prayer))},
+                   {"class", Json(std::move(classes))}});
+}
+
 void runNext(Session& session, const Arguments& arguments) {
     ComingPrayer coming;
     coming.place = choosePlace(session, arguments.text("city"));
@@ -71,6 +107,8 @@ void runNext(Session& session, const Arguments& arguments) {
     coming.prayer = *prayer;
     if (session.wantsJson()) {
         session.printJson(object({{"place", placeJson(coming.place)}, {"next", nextPrayerJson(session, *prayer)}}));
+    } else if (arguments.text("format") == "waybar") {
+        session.write(waybarJson(session, coming).line());
     } else if (const auto format = arguments.text("format")) {
         session.print(filled(session, coming, *format));
     } else {
@@ -84,7 +122,7 @@ void runNext(Session& session, const Arguments& arguments) {
 Command nextCommand() {
     std::vector<Parameter> parameters{
         cityParameter(),
-        {Parameter::Kind::option, "format", "TEMPLATE", _("The line, such as \"{name} {time} in {left}\"")}};
+        {Parameter::Kind::option, "format", "TEMPLATE", _("The line, such as \"{name} in {left}\"; or waybar")}};
     for (Parameter& parameter : methodParameters()) parameters.push_back(std::move(parameter));
     return {"next", _("The coming prayer and the time left, in one line"), std::move(parameters), runNext};
 }

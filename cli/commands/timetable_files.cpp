@@ -18,14 +18,14 @@ using Kind = Parameter::Kind;
 
 constexpr std::array<const char*, 3> fileFormats{"pdf", "html", "ics"};
 
-std::string pdfText(Session& session, const Arguments& arguments, const PrintRequest& request) {
+std::string pdfFile(Session& session, const Arguments& arguments, const PrintRequest& request) {
     printing::PdfOptions options;
     if (arguments.text("paper") == "letter") options.paper = printing::Paper::letter;
     options.isSheet = arguments.has("sheet");
-    return printModule().pdf(printedTimes(session, request), options);
+    return printedPdf(printedTimes(session, request), options);
 }
 
-std::string calendarText(Session& session, const Arguments& arguments, const PrintRequest& request) {
+std::string calendarFile(Session& session, const Arguments& arguments, const PrintRequest& request) {
     std::vector<VAKDate> days;
     for (const Month& month : request.months) {
         for (const VAKDate& date : daysOf(month)) days.push_back(date);
@@ -33,7 +33,7 @@ std::string calendarText(Session& session, const Arguments& arguments, const Pri
     if (std::ranges::any_of(days, isJulianCalendar)) {
         throw Failure(ExitCode::usage, _("A calendar holds days from 15 October 1582 on. Choose a later month."));
     }
-    return printing::calendarText(prayerCalendar(session, request.place, days, alarmMinutes(arguments)));
+    return printedCalendar(prayerCalendar(session, request.place, days, alarmMinutes(arguments)));
 }
 
 /// Options that mean nothing in the chosen format are refused: nobody should print a page and miss what was asked for.
@@ -82,9 +82,9 @@ void writeTimetable(Session& session, const Arguments& arguments, const PrintReq
     if (format == "pdf" && !file && session.drawsOnTerminal()) {
         throw Failure(ExitCode::usage, _("A PDF is nothing for a terminal. Name a file: --output times.pdf"));
     }
-    const std::string text = format == "pdf"    ? pdfText(session, arguments, request)
+    const std::string text = format == "pdf"    ? pdfFile(session, arguments, request)
                              : format == "html" ? printing::htmlOf(printedTimes(session, request))
-                                                : calendarText(session, arguments, request);
+                                                : calendarFile(session, arguments, request);
     if (!file) return session.write(text);
     writeTo(*file, text);
     session.print(_("Written: {}", *file));

@@ -113,5 +113,16 @@ TEST(NextPrayer, RefusesATemplateThatCannotBeFilled) {
     }
 }
 
+TEST(NextPrayer, IsALineOfJsonForWaybar) {
+    const Outcome run = Program().run({"next", "--city", "Berlin", "--format", "waybar"});
+    ASSERT_EQ(run.lines().size(), 1u) << run.out;
+    const nlohmann::json bar = run.json();
+    EXPECT_EQ(bar.at("text"), "Fajr 05:15");
+    EXPECT_EQ(bar.at("class"), nlohmann::json({"fajr", "soon"}));
+    EXPECT_NE(bar.at("tooltip").get<std::string>().find("<b>Fajr 05:15</b>\nSunrise 07:29"), std::string::npos);
+    const nlohmann::json later = Program().run({"next", "--city", "Tokyo", "--format", "waybar"}).json();
+    EXPECT_EQ(later.at("class"), nlohmann::json({later.at("alt").get<std::string>()}));
+}
+
 }  // namespace
 }  // namespace quode::test

@@ -1,0 +1,213 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "service/HomeWatch.h"
+
+#include <sys/inotify.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+
+#include "app/dates.h"
+#include "app/day_notes.h"
+#include "app/day_view.h"
+#include "app/method_choice.h"
+#include "app/published_calendar.h"
+#include "app/user_data.h"
+#include "texts/translation.h"
+
+namespace quode::service {
+namespace {
+
+using namespace app;
+
+constexpr std::uint64_t settlingUs = 50'000, accuracyUs = 10'000;
+constexpr std::int64_t retrySeconds = 60;
+constexpr const char* databaseName = "user.sqlite";
+constexpr const char* ringsName = "alarmd.rings";
+constexpr const char* zoneName = "localtime";
+constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
+
+std::int64_t secondsOf(std::chrono::sys_seconds instant) {
+    return instant.time_since_epoch().count();
+}
+
+std::uint32_t flagsOf(const CityDay& day, int code) {
+    const TimeMark& mark = day.method.mark(code);
+    const Fallbacks fallbacks = fallbacksOf(day.times, code);
+    const bool isFallback = fallbacks.latitude || fallbacks.earlierDay || mark.source == TimeSource::highLatitude ||
+                            mark.source == TimeSource::otherLatitude;
+    if (timeOfPrayer(day, code) == missingTime) return missingTimeFlag;
+    return (isFallback ? fallbackTime : 0U) | (mark.adjusted != 0 ? adjustedTime : 0U);
+}
+
+CityDay dayAt(const Site& site, const VAKDate& today, int offset) {
+    const std::chrono::year_month_day date(std::chrono::sys_days(civilDate(today)) + std::chrono::days(offset));
+    return computeCityDay(site,
+                          VAKDateMake(static_cast<int>(unsigned(date.day())), static_cast<int>(unsigned(date.month())),
+                                      static_cast<int>(date.year()), 0, 0, 0));
+}
+
+/// The main times of yesterday, today and tomorrow that exist, in the order of time.
+std::vector<PrayerFact> mainTimesAround(Session& session, const Site& site, const VAKDate& today) {
+    std::vector<PrayerFact> all;
+    for (const int offset : {-1, 0, 1}) {
+        const std::vector<PrayerFact> prayers = prayersOf(session, dayAt(site, today, offset));
+        std::copy_if(prayers.begin(), prayers.begin() + (lastMainPrayer - firstPrayer + 1), std::back_inserter(all),
+                     [](const PrayerFact& each) { return (each.flags & missingTimeFlag) == 0; });
+    }
+    std::ranges::stable_sort(all, {}, &PrayerFact::instant);
+    return all;
+}
+
+/// The instant at which the place's next day begins.
+std::int64_t nextMidnight(const Site& site, std::chrono::sys_seconds now) {
+    const auto date = civilDate(wallClock(site.clock(), now));
+    for (auto instant = std::chrono::floor<std::chrono::minutes>(now) + std::chrono::minutes(1);;
+         instant += std::chrono::minutes(1)) {
+        const bool isFar = instant - now > std::chrono::hours(49);
+        if (isFar || civilDate(wallClock(site.clock(), instant)) != date) return secondsOf(instant);
+    }
+}
+
+}  // namespace
+
+std::vector<PrayerFact> prayersOf(Session& session, const CityDay& day) {
+    std::vector<PrayerFact> prayers;
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const double hours = timeOfPrayer(day, code);
+        const std::int64_t instant = hours == missingTime ? 0 : secondsOf(instantOf(day, hours));
+        prayers.push_back(
+            {prayerKey(code), session.prayerName(code), instant, clockText(session, hours), flagsOf(day, code)});
+    }
+    return prayers;
+}
+
+HomeWatch::HomeWatch(sd_event* loop) : loop_(loop), timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
+    if (timer_ < 0) throw std::runtime_error("No timer could be made.");
+    freshSession().services();
+    sd_event_source* made = nullptr;
+    sd_event_add_io(loop_, &made, timer_, EPOLLIN, &HomeWatch::timerExpired, this);
+    expiry_.reset(made);
+    made = nullptr;
+    sd_event_add_time_relative(loop_, &made, CLOCK_MONOTONIC, 0, accuracyUs, &HomeWatch::settled, this);
+    settling_.reset(made);
+    sd_event_source_set_enabled(made, SD_EVENT_OFF);
+    dataFolder_ = watch(session_->dataFolder());
+    zoneFolder_ = watch("/etc");
+}
+
+HomeWatch::~HomeWatch() {
+    expiry_.reset();
+    ::close(timer_);
+}
+
+app::Session& HomeWatch::freshSession() {
+    session_ = std::make_unique<Session>(processEnvironment(), Session::Options{});
+    return *session_;
+}
+
+HomeWatch::Source HomeWatch::watch(const std::filesystem::path& folder) {
+    sd_event_source* made = nullptr;
+    sd_event_add_inotify(loop_, &made, folder.c_str(), written | IN_ONLYDIR, &HomeWatch::folderChanged, this);
+    return Source(made);
+}
+
+void HomeWatch::renew() {
+    try {
+        compute();
+        publish();
+        arm(home_.validUntil);
+    } catch (const std::exception& error) {
+        writeMessage(error.what());
+        arm(secondsOf(session_->now()) + retrySeconds);
+    }
+    if (onChange) onChange();
+}
+
+void HomeWatch::compute() {
+    Session& session = *session_;
+    Home home;
+    home.place = chooseHomePlace(session);
+    const CityRecord& city = home.place.city;
+    const Site site = siteOf(city);
+    const VAKDate date = today(session, site);
+    const CityDay day = computeCityDay(site, date);
+    home.placeDetails = regionAndCountry(session, city);
+    home.date = isoDate(date);
+    if (const auto hijri = hijriByTable(date)) {
+        home.hijriDate = isoDate(*hijri);
+        home.hijriText = hijriText(session, *hijri);
+    }
+    home.prayers = prayersOf(session, day);
+    const std::int64_t now = secondsOf(session.now());
+    for (const PrayerFact& each : mainTimesAround(session, site, date)) {
+        if (each.instant <= now) home.current = each;
+        if (each.instant > now && home.next.key.empty()) home.next = each;
+    }
+    home.validUntil = nextMidnight(site, session.now());
+    if (!home.next.key.empty()) home.validUntil = std::min(home.validUntil, home.next.instant);
+    const std::string method = methodLine(site);
+    home.method = method.empty() ? std::string(_("Quode's own method")) : method;
+    home.zoneEdition = city.known ? city.known->edition : "";
+    home.notes = dayNotes(session, home.place, day);
+    home_ = std::move(home);
+}
+
+// What cannot be written now is tried again with the next change.
+void HomeWatch::publish() {
+    try {
+        const std::optional<UserDatabase> database = userDatabaseToRead(*session_);
+        const auto calendar = database ? publishedCalendar(*database) : std::nullopt;
+        if (calendar) renewPublishedCalendar(*session_, *calendar);
+    } catch (const std::exception& error) {
+        writeMessage(error.what());
+    }
+}
+
+void HomeWatch::arm(std::int64_t instant) {
+    if (session_->variable("QUODE_NOW")) return;  // a clock that stands brings no moment
+    itimerspec when{};
+    when.it_value.tv_sec = static_cast<std::time_t>(instant);
+    // Arming the timer takes back a report that the clock was set meanwhile, and fails then.
+    while (timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr) < 0 &&
+           errno == ECANCELED) {
+    }
+}
+
+// The language may be another one, and the services speak it.
+void HomeWatch::choicesChanged() {
+    freshSession().services();
+    renew();
+    if (onChoices) onChoices();
+}
+
+// The moment has come, or the clock was set, which the reading reports as cancelled.
+int HomeWatch::timerExpired(sd_event_source*, int descriptor, std::uint32_t, void* self) {
+    std::uint64_t count = 0;
+    if (::read(descriptor, &count, sizeof count) < 0 && errno == EAGAIN) return 0;
+    static_cast<HomeWatch*>(self)->renew();
+    return 0;
+}
+
+int HomeWatch::folderChanged(sd_event_source*, const inotify_event* event, void* userData) {
+    auto* const self = static_cast<HomeWatch*>(userData);
+    const std::string_view name = event->len > 0 ? event->name : "";
+    const bool isLost = (event->mask & IN_Q_OVERFLOW) != 0;
+    if (name == ringsName && self->onRings) self->onRings();
+    // A change is complete when the journal beside the database is gone.
+    if (!name.starts_with(databaseName) && name != zoneName && !isLost) return 0;
+    sd_event_source_set_time_relative(self->settling_.get(), settlingUs);
+    sd_event_source_set_enabled(self->settling_.get(), SD_EVENT_ONESHOT);
+    return 0;
+}
+
+int HomeWatch::settled(sd_event_source*, std::uint64_t, void* self) {
+    static_cast<HomeWatch*>(self)->choicesChanged();
+    return 0;
+}
+
+}  // namespace quode::service

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// What other programs of the desktop ask for the times: org.quode.Quode1 on the session bus. The alarm service starts it
+// as a process of its own, so that no caller, however many or wrong their calls, delays a ring.
+#include <fmt/format.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <string_view>
+
+#include "app/reporting.h"
+#include "common/numbers.h"
+#include "service/bus.h"
+#include "texts/translation.h"
+
+namespace quode::service {
+namespace {
+
+struct UnrefLoop {
+    void operator()(sd_event* loop) const { sd_event_unref(loop); }
+};
+struct CloseBus {
+    void operator()(sd_bus* bus) const { sd_bus_flush_close_unref(bus); }
+};
+using Loop = std::unique_ptr<sd_event, UnrefLoop>;
+using Bus = std::unique_ptr<sd_bus, CloseBus>;
+
+constexpr const char* ringerOption = "--ringer=";
+
+Loop newLoop() {
+    sigset_t ending;
+    sigemptyset(&ending);
+    sigaddset(&ending, SIGTERM);
+    sigaddset(&ending, SIGINT);
+    sigprocmask(SIG_BLOCK, &ending, nullptr);
+    sd_event* made = nullptr;
+    check(sd_event_new(&made));
+    Loop loop(made);
+    sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
+    sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);
+    return loop;
+}
+
+// The alarm service has ended; the next one starts its own.
+int ringerGone(sd_event_source* source, int, std::uint32_t, void*) {
+    return sd_event_exit(sd_event_source_get_event(source), 0);
+}
+
+void useRinger(sd_event* loop, int descriptor, Context& context) {
+    check(sd_event_add_io(loop, nullptr, descriptor, EPOLLHUP, &ringerGone, nullptr));
+    context.tellRinger = [descriptor](const std::string& command) {
+        const auto written = ::write(descriptor, command.data(), command.size());
+        if (written != static_cast<ssize_t>(command.size()))
+            throw BusError(internalError, "The alarm service is busy.");
+    };
+}
+
+app::ExitCode serve(std::optional<int> ringer) {
+    signal(SIGCHLD, SIG_IGN);  // nobody waits for the programs that are started
+    signal(SIGPIPE, SIG_IGN);
+    speakChosenLanguage(processEnvironment(), {});
+    const Loop loop = newLoop();
+    sd_bus* opened = nullptr;
+    if (sd_bus_open_user(&opened) < 0) {
+        throw app::Failure(app::ExitCode::notFound, _("There is no session bus. Run quode in your desktop session."));
+    }
+    const Bus bus(opened);
+    HomeWatch home(loop.get());
+    Context context{bus.get(), &home, {}};
+    if (ringer) useRinger(loop.get(), *ringer, context);
+    home.renew();
+    addHome(context);
+    addTimes(context);
+    addPlaces(context);
+    addAlarms(context);
+    addSearch(context);
+    check(sd_bus_attach_event(bus.get(), loop.get(), SD_EVENT_PRIORITY_NORMAL));
+    sd_bus_set_exit_on_disconnect(bus.get(), 1);
+    if (sd_bus_request_name(bus.get(), busName, 0) < 0) {
+        throw app::Failure(app::ExitCode::notFound, _("Another program has the name {} on the bus.", busName));
+    }
+    check(sd_event_loop(loop.get()));
+    return app::ExitCode::ok;
+}
+
+app::ExitCode run(const std::vector<std::string_view>& arguments) {
+    std::optional<int> ringer;
+    for (const std::string_view argument : arguments) {
+        if (argument == "--version") {
+            fmt::print("quode-service {}\n", QUODE_VERSION);
+            return app::ExitCode::ok;
+        }
+        if (argument.starts_with(ringerOption))
+            ringer = numberOf<int>(argument.substr(std::string_view(ringerOption).size()));
+        if (argument.starts_with(ringerOption) && ringer) continue;
+        const std::string text =
+            _("quode-service [--version]: serves {} on the session bus; quode-alarmd starts it.", busName);
+        fmt::print(argument == "--help" ? stdout : stderr, "{}\n", text);
+        return argument == "--help" ? app::ExitCode::ok : app::ExitCode::usage;
+    }
+    return serve(ringer);
+}
+
+}  // namespace
+}  // namespace quode::service
+
+int main(int count, char** values) {
+    const std::vector<std::string_view> arguments(values + 1, values + count);
+    return static_cast<int>(quode::app::runReportingFailures([&] { return quode::service::run(arguments); }));
+}

@@ -1,0 +1,388 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
+"""The service on a private session bus, as another program of the desktop meets it.
+
+bus_test.py PROGRAMS BUNDLE XML NOTIFICATION_MOCK [TEST]
+"""
+import calendar
+import csv
+import io
+import json
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+import xml.etree.ElementTree
+
+from gi.repository import Gio, GLib
+
+BIN, BUNDLE, XML, MOCK = sys.argv[1:5]
+del sys.argv[1:5]
+NAME, PATH = "org.quode.Quode1", "/org/quode/Quode1"
+KEYS = ["fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha", "ishraq", "asr_hanafi", "isfirar"]
+
+
+def instant_of(text):
+    return calendar.timegm(time.strptime(text, "%Y-%m-%dT%H:%M:%SZ"))
+
+
+class Bus:
+    """A session bus of its own."""
+
+    def __init__(self, environment):
+        self.process = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"],
+                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+                                        env=environment)
+        self.address = self.process.stdout.readline().strip()
+        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        self.connection = Gio.DBusConnection.new_for_address_sync(self.address, flags, None, None)
+        self.connection.set_exit_on_close(False)
+
+    def call(self, member, signature="()", values=(), timeout=20000):
+        interface, method = member.rsplit(".", 1)
+        return self.connection.call_sync(NAME, PATH, interface, method, GLib.Variant(signature, values), None,
+                                         Gio.DBusCallFlags.NONE, timeout, None).unpack()
+
+    def error(self, *call):
+        try:
+            self.call(*call)
+        except GLib.Error as error:
+            return Gio.DBusError.get_remote_error(error)
+        return None
+
+    def home(self, name):
+        return self.call("org.freedesktop.DBus.Properties.Get", "(ss)", (NAME + ".Home", name))[0]
+
+    def has_name(self, name=NAME):
+        return self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                         "NameHasOwner", GLib.Variant("(s)", (name,)), None, 0, 5000, None).unpack()[0]
+
+    def wait_for_name(self, name=NAME):
+        for _ in range(400):
+            if self.has_name(name):
+                return
+            time.sleep(0.05)
+        raise AssertionError(name + " did not appear")
+
+    def close(self):
+        self.connection.close_sync(None)
+        self.process.terminate()
+        self.process.wait()
+        self.process.stdout.close()
+
+
+class Signals:
+    """The signals of the object, as they come."""
+
+    def __init__(self, bus):
+        self.all, self.bus = [], bus
+        self.context = GLib.MainContext.default()
+        self.number = bus.connection.signal_subscribe(NAME, None, None, PATH, None, 0, self.take)
+
+    def take(self, _connection, _sender, _path, interface, name, values):
+        self.all.append((interface + "." + name, values.unpack()))
+
+    def wait(self, name, timeout=20.0):
+        end = time.monotonic() + timeout
+        while time.monotonic() < end:
+            self.context.iteration(False)
+            found = [values for each, values in self.all if each == name]
+            if found:
+                return found
+            time.sleep(0.01)
+        raise AssertionError(f"{name} did not come, only {[each for each, _ in self.all]}")
+
+
+class ServiceTest(unittest.TestCase):
+    moment = "2026-11-21T04:00:00Z"
+
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix="quode-bus-")
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+        self.environment = dict(os.environ, HOME=self.folder, QUODE_DATA_DIR=self.folder + "/data",
+                                QUODE_BUNDLE_DIR=BUNDLE, TZ="Europe/Istanbul", LC_ALL="C.UTF-8",
+                                XDG_RUNTIME_DIR=self.folder)
+        if self.moment:
+            self.environment["QUODE_NOW"] = self.moment
+        self.bus = Bus(self.environment)
+        self.addCleanup(self.bus.close)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus.address
+
+    def start(self, program="quode-service", **more):
+        process = subprocess.Popen([os.path.join(BIN, program)], env=dict(self.environment, **more),
+                                   stderr=subprocess.DEVNULL)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.terminate)
+        self.bus.wait_for_name()
+        return process
+
+    def wait_until(self, condition):
+        for _ in range(400):
+            if condition():
+                return
+            time.sleep(0.05)
+        self.fail("It did not come about.")
+
+    def quode(self, *arguments):
+        environment = {key: value for key, value in self.environment.items() if key != "LD_PRELOAD"}
+        done = subprocess.run([os.path.join(BIN, "quode"), *arguments], env=environment, capture_output=True, check=True)
+        return done.stdout.decode()
+
+
+class Interface(ServiceTest):
+    def test_names_and_types_are_those_of_the_installed_description(self):
+        def members(text):
+            found = set()
+            for interface in xml.etree.ElementTree.fromstring(text).iter("interface"):
+                name = interface.get("name")
+                for member in interface:
+                    if member.tag == "annotation":
+                        continue
+                    types = [(each.get("name"), each.get("type"), each.get("direction", "out" if member.tag == "signal" else "in"))
+                             for each in member.iter("arg")]
+                    found.add((name, member.tag, member.get("name"), member.get("type"), tuple(types)))
+            return {each for each in found if each[0].startswith(NAME)}
+
+        self.start()
+        with open(XML, encoding="utf-8") as file:
+            described = members(file.read())
+        self.assertEqual(members(self.bus.call("org.freedesktop.DBus.Introspectable.Introspect")[0]), described)
+        self.assertGreater(len(described), 25)
+
+    def test_a_second_client_sees_the_same(self):
+        self.start()
+        output = subprocess.run(["gdbus", "call", "--session", "-d", NAME, "-o", PATH, "-m", NAME + ".Places.Search",
+                                 "cairo", "1"], env=self.environment, capture_output=True, check=True).stdout.decode()
+        self.assertIn("Africa/Cairo", output)
+        output = subprocess.run(["busctl", "--user", "get-property", NAME, PATH, NAME + ".Home", "Date"],
+                                env=self.environment, capture_output=True, check=True).stdout.decode()
+        self.assertEqual(output, 's "2026-11-21"\n')
+
+    def test_wrong_arguments_get_errors_of_our_own(self):
+        self.start()
+        invalid, missing = "org.quode.Error.InvalidArgument", "org.quode.Error.NotFound"
+        for member, signature, values, name in [
+                ("Times.Day", "(ss)", ("Cairo", "yesterday"), invalid), ("Times.Day", "(ss)", ("Nowhereville", ""), missing),
+                ("Times.Day", "(ss)", ("95,0", ""), invalid), ("Times.Day", "(ss)", ("", "1453-05-29"), invalid),
+                ("Times.Range", "(ssu)", ("", "2026-01-01", 401), invalid),
+                ("Times.Range", "(ssu)", ("", "2026-01-01", 0), invalid),
+                ("Times.Describe", "(sss)", ("", "", "noon"), invalid), ("Places.Search", "(su)", ("a", 0), invalid),
+                ("Places.Add", "(s)", ("Nowhereville",), missing), ("Places.Add", "(s)", ("1.5,2.5",), invalid),
+                ("Places.Remove", "(i)", (1,), missing), ("Alarms.Enable", "(sb)", ("lunch", True), invalid),
+                ("Alarms.Set", "(sis)", ("fajr", 100000, ""), invalid), ("Alarms.Set", "(sis)", ("", 0, ""), invalid),
+                ("Alarms.Stop", "()", (), "org.quode.Error.NotRinging"), ("Alarms.Test", "(s)", ("x",), invalid)]:
+            self.assertEqual(self.bus.error(NAME + "." + member, signature, values), name, (member, values))
+        self.assertEqual(self.bus.error(NAME + ".Times.Day", "(i)", (1,)), "org.freedesktop.DBus.Error.InvalidArgs")
+        self.assertEqual(self.bus.home("Date"), "2026-11-21")
+
+
+class Answers(ServiceTest):
+    def test_home_is_what_the_command_line_shows(self):
+        self.start()
+        day = json.loads(self.quode("today", "--json"))
+        prayers = self.bus.home("Prayers")
+        self.assertEqual([each[0] for each in prayers], KEYS)
+        for fact, prayer in zip(prayers, day["prayers"]):
+            self.assertEqual(fact, (prayer["key"], prayer["name"], instant_of(prayer["instant"]), prayer["time"], 0))
+        self.assertEqual(self.bus.home("Next")[:3],
+                         (day["next"]["key"], day["next"]["name"], instant_of(day["next"]["instant"])))
+        self.assertEqual(self.bus.home("Current")[0], "fajr")
+        self.assertEqual(self.bus.home("ValidUntil"), instant_of(day["next"]["instant"]))
+        self.assertEqual(self.bus.home("HijriDate")[0], day["hijri"]["date"])
+        self.assertEqual(self.bus.home("Place")[:2], (day["place"]["city"]["id"], day["place"]["city"]["name"]))
+        self.assertEqual(self.bus.home("Notes"), day["notes"])
+
+    def test_range_is_the_table_of_the_year(self):
+        self.start()
+        keys, days = self.bus.call(NAME + ".Times.Range", "(ssu)", ("Tokyo", "2026-01-01", 365))
+        rows = list(csv.DictReader(io.StringIO(self.quode("year", "2026", "--city", "Tokyo", "--format", "csv"))))
+        self.assertEqual(keys, KEYS)
+        self.assertEqual([date for date, _ in days], [row["date"] for row in rows])
+        for (date, instants), row in zip(days, rows):
+            clocks = [time.strftime("%H:%M", time.gmtime(instant + 9 * 3600)) for instant in instants]
+            self.assertEqual(clocks, [row[key] for key in KEYS], date)
+
+    def test_missing_and_adjusted_times_are_marked(self):
+        self.quode("method", "set", "quode", "--adjust", "isha=+5", "--city", "Ankara")
+        self.start()
+        prayers, facts = self.bus.call(NAME + ".Times.Day", "(ss)", ("Ankara", "2026-03-20"))
+        self.assertEqual([flags for *_, flags in prayers], [0, 0, 0, 0, 0, 2, 0, 0, 0])
+        self.assertEqual(facts["zone"], "Europe/Istanbul")
+        prayers, _ = self.bus.call(NAME + ".Times.Day", "(ss)", ("Oslo", "2026-06-21"))
+        self.assertEqual(prayers[0][4], 1)
+        prayers, _ = self.bus.call(NAME + ".Times.Day", "(ss)", ("Tromsø", "2026-12-21"))
+        self.assertIn((0, 4), [(instant, flags) for _, _, instant, _, flags in prayers])
+
+    def test_a_time_is_explained(self):
+        self.start()
+        text = " ".join(self.bus.call(NAME + ".Times.Describe", "(sss)", ("Tromsø", "2026-06-21", "fajr"))[0])
+        self.assertRegex(text, "19°.*latitude 65.6°")
+
+    def test_places_change_and_tell_it(self):
+        self.start()
+        signals = Signals(self.bus)
+        found = self.bus.call(NAME + ".Places.Search", "(su)", ("ankra", 3))[0]
+        self.assertEqual(found[0][1], "Ankara")
+        self.bus.call(NAME + ".Places.SetHome", "(s)", (str(found[0][0]),))
+        self.assertEqual([each[1] for each in self.bus.call(NAME + ".Places.List")[0] if each[3]], ["Ankara"])
+        signals.wait(NAME + ".Places.Changed")
+        interface, changed, _ = signals.wait("org.freedesktop.DBus.Properties.PropertiesChanged")[-1]
+        self.assertEqual(interface, NAME + ".Home")
+        self.assertEqual(changed["Place"][1], "Ankara")
+        number = self.bus.call(NAME + ".Places.Add", "(s)", ("Konya",))[0]
+        self.bus.call(NAME + ".Places.Remove", "(i)", (number,))
+        self.assertNotIn("Konya", [each[1] for each in self.bus.call(NAME + ".Places.List")[0]])
+
+    def test_a_change_of_the_command_line_is_told(self):
+        self.start()
+        signals = Signals(self.bus)
+        self.quode("city", "home", "Berlin")
+        signals.wait(NAME + ".Places.Changed")
+        self.wait_until(lambda: self.bus.home("Place")[1] == "Berlin")
+        self.quode("settings", "language", "tr")
+        self.wait_until(lambda: self.bus.home("Next")[1] == "İmsak")
+
+    def test_alarms_are_those_of_the_command_line(self):
+        self.start()
+        self.bus.call(NAME + ".Alarms.Set", "(sis)", ("maghrib", -10, "gong"))
+        self.bus.call(NAME + ".Alarms.Enable", "(sb)", ("maghrib", True))
+        alarms = json.loads(self.quode("alarm", "list", "--json"))["alarms"]
+        listed = self.bus.call(NAME + ".Alarms.List")[0]
+        self.assertEqual([each[0] for each in listed if each[2]], ["maghrib"])
+        self.assertEqual([(each["key"], each["on"], each["offset_minutes"]) for each in alarms],
+                         [(key, on, offset) for key, _, on, offset, _ in listed])
+        self.assertIn("SUMMARY:Maghrib", pathlib.Path(self.folder + "/data/Quode.ics").read_text(encoding="utf-8"))
+        rings = self.bus.call(NAME + ".Alarms.Upcoming")[0]
+        self.assertEqual([(rings[0][0], rings[0][3] - rings[0][2])], [("maghrib", 600)])
+        self.bus.call(NAME + ".Alarms.Enable", "(sb)", ("maghrib", False))
+        self.assertEqual(self.bus.call(NAME + ".Alarms.Upcoming")[0], [])
+
+    def test_a_published_calendar_follows_the_home_city(self):
+        file = self.folder + "/prayers.ics"
+        self.quode("calendar", "publish", file)
+        self.start()
+        self.bus.call(NAME + ".Places.SetHome", "(s)", ("Berlin",))
+        self.wait_until(lambda: "Europe/Berlin" in pathlib.Path(file).read_text(encoding="utf-8"))
+
+
+class Searches(ServiceTest):
+    def gnome(self, *terms):
+        ids = self.bus.call("org.gnome.Shell.SearchProvider2.GetInitialResultSet", "(as)", (terms,))[0]
+        return self.bus.call("org.gnome.Shell.SearchProvider2.GetResultMetas", "(as)", (ids,))[0]
+
+    def test_gnome_finds_prayers_days_and_the_qibla(self):
+        self.start()
+        self.assertEqual(self.gnome("asr")[0]["name"], "Asr 15:32")
+        times = self.gnome("prayer", "times", "cairo")[0]
+        self.assertRegex(times["description"], r"^Fajr \d\d:\d\d · Sunrise")
+        self.assertIn("Cairo", times["name"])
+        qibla = self.gnome("qibla", "london")[0]
+        self.assertRegex(qibla["name"], r"^Qibla 11[89]\.\d°$")
+        for words in (["firefox"], ["cairo"], ["asr", "xqzzt"], [""]):
+            self.assertEqual(self.gnome(*words), [], words)
+        self.assertEqual(self.bus.call("org.gnome.Shell.SearchProvider2.GetResultMetas", "(as)", (["nonsense", "9:9"],)),
+                         ([],))
+
+    def test_plasma_finds_the_same(self):
+        self.start()
+        match = self.bus.call("org.kde.krunner1.Match", "(s)", ("qibla london",))[0][0]
+        self.assertRegex(match[1], r"^Qibla 11[89]")
+        self.assertEqual(match[2], "quode")
+        self.assertIn("London", match[5]["subtext"])
+        self.assertEqual(self.bus.call("org.kde.krunner1.Match", "(s)", ("libreoffice",))[0], [])
+        self.assertEqual(self.bus.call("org.kde.krunner1.Actions")[0], [])
+
+    def test_prayers_are_found_in_the_language_of_the_user(self):
+        self.environment["QUODE_LANG"] = "tr"
+        self.start()
+        self.assertTrue(self.gnome("ikindi")[0]["name"].startswith("İkindi 15:32"))
+
+
+class Rings(ServiceTest):
+    """With the alarm service, and a clock that stands a few seconds before a full minute."""
+    moment = None
+    ahead = 4
+
+    def setUp(self):
+        super().setUp()
+        self.mock = subprocess.Popen(["/usr/bin/python3", MOCK], env=self.environment, stdin=subprocess.PIPE,
+                                     stdout=subprocess.PIPE, text=True)
+        for stop in (self.mock.stdout.close, self.mock.stdin.close, self.mock.wait, self.mock.terminate):
+            self.addCleanup(stop)
+        self.assertEqual(json.loads(self.mock.stdout.readline())["call"], "ready")
+        self.shift = 60 - self.ahead - int(time.time()) % 60
+        self.environment.update(SHIFT_SECONDS=str(self.shift), LD_PRELOAD=os.path.join(BIN, "libshifted_clock.so"))
+        done = subprocess.run([os.path.join(BIN, "set_alarm"), BUNDLE], check=True, env=self.environment,
+                              capture_output=True)
+        self.due = int(done.stdout) - self.shift  # by the clock of this test
+
+    def test_a_ring_is_told_and_can_be_stopped(self):
+        self.start("quode-alarmd")
+        signals = Signals(self.bus)
+        key, _, _ = signals.wait(NAME + ".Alarms.Rang")[0]
+        for _ in range(100):  # until the desktop has answered
+            rings = self.bus.call(NAME + ".Alarms.Ringing")[0]
+            if rings and self.bus.error(NAME + ".Alarms.Stop") is None:
+                break
+            time.sleep(0.05)
+        self.assertEqual(rings[0][0], key)
+        self.assertEqual(signals.wait(NAME + ".Alarms.Stopped")[0][0], key)
+        self.assertEqual(self.bus.call(NAME + ".Alarms.Ringing")[0], [])
+
+    def test_a_ring_can_be_snoozed(self):
+        self.start("quode-alarmd")
+        Signals(self.bus).wait(NAME + ".Alarms.Rang")
+        for _ in range(100):
+            if self.bus.error(NAME + ".Alarms.Snooze") is None:
+                break
+            time.sleep(0.05)
+        for _ in range(100):
+            snoozed = [each for each in self.bus.call(NAME + ".Alarms.Upcoming")[0] if each[4]]
+            if snoozed:
+                break
+            time.sleep(0.05)
+        self.assertEqual(len(snoozed), 1)
+
+    def test_a_flood_of_calls_delays_no_ring(self):
+        self.start("quode-alarmd")
+        done = threading.Event()
+
+        def flood():
+            other = Bus.__new__(Bus)
+            flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+            other.connection = Gio.DBusConnection.new_for_address_sync(self.bus.address, flags, None, None)
+            while not done.is_set():
+                for _ in range(50):
+                    other.connection.call(NAME, PATH, NAME + ".Times", "Range",
+                                          GLib.Variant("(ssu)", ("Tromsø", "2026-01-01", 400)), None, 0, 100, None, None)
+                time.sleep(0.2)
+
+        thread = threading.Thread(target=flood, daemon=True)
+        thread.start()
+        try:
+            shown = json.loads(self.mock.stdout.readline())
+            late = time.time() - self.due
+        finally:
+            done.set()
+            thread.join()
+        self.assertEqual(shown["call"], "Notify")
+        self.assertLess(late, 1.5)
+
+    def test_the_service_comes_back_when_it_dies(self):
+        alarms = self.start("quode-alarmd")
+        children = subprocess.run(["pgrep", "-P", str(alarms.pid), "quode-service"], capture_output=True, check=True)
+        os.kill(int(children.stdout), signal.SIGKILL)
+        time.sleep(0.3)
+        self.assertIsNone(alarms.poll())
+        self.bus.wait_for_name()
+        self.assertTrue(self.bus.home("Date"))
+
+
+if __name__ == "__main__":
+    unittest.main()
