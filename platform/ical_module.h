@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What needs libical, and stands in the module "quode-ical.so" for that.
+// The functions that need libical, in the module "quode-ical.so".
 #pragma once
 
 #include <chrono>
@@ -12,15 +12,16 @@
 
 namespace quode {
 
+/// The functions of the module.
 struct IcalModule {
-    /// As the function of this name in "platform/ical_component.h".
+    /// See "platform/ical_component.h".
     std::string (*eventText)(const CalendarEvent& event, std::string_view oldText, std::chrono::sys_seconds now);
 
-    /// Reads the text of a VEVENT, given that of the VTIMEZONEs which it names. The problem is in English.
+    /// Reads the text of a VEVENT, with the text of the VTIMEZONEs that it refers to. The problem is in English.
     ReadEvent (*readEvent)(std::string_view event, std::string_view zones);
 };
 
-/// The name under which the module gives its functions.
+/// The symbol of the module's functions.
 inline constexpr const char* icalSymbol = "quodeIcal";
 
 }  // namespace quode
