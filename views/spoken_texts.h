@@ -6,11 +6,11 @@
 
 namespace quode {
 
-/// Names that are never shown, only spoken by assistive technology.
+/// Names for assistive technology, never shown.
 enum class SpokenText { alarmFor, compass, cityInformation, city, cityDetails, religiousDays, furtherTimes };
 
-/// A name in a language of "common/LanguagePack.h"; in English for an unknown one. In alarmFor "%@" stands for the name
-/// of the prayer.
+/// A name in a language of "common/LanguagePack.h"; in English for an unknown id. In alarmFor, "%@" is the placeholder of
+/// the prayer's name.
 std::string spokenText(SpokenText text, int languageId);
 
 }  // namespace quode
