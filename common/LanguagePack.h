@@ -35,21 +35,6 @@ LanguagePack parseLanguagePack(std::string_view bytes);
 /// The languages of the packs by their id.
 enum LanguageId : int { languageTurkish = 0, languageEnglish = 1, languageFrench = 2, languageGerman = 3 };
 
-/// The one of four texts, or of four sets of them, that is in a language; the English one when the id is of none.
-template <typename T>
-constexpr const T& inLanguage(int languageId, const T& turkish, const T& english, const T& french, const T& german) {
-    switch (languageId) {
-        case languageTurkish:
-            return turkish;
-        case languageFrench:
-            return french;
-        case languageGerman:
-            return german;
-        default:
-            return english;
-    }
-}
-
 /// The id of a language by its name "tr", "en", "fr" or "de"; nothing for another name.
 std::optional<int> languageIdOf(std::string_view name);
 
