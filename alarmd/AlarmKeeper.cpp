@@ -24,7 +24,11 @@ AlarmKeeper::AlarmKeeper(AlarmSurroundings surroundings)
     : with_(std::move(surroundings)),
       events_(*with_.calendar, [this](const std::string& message) { tellOnce(message); }),
       rings_(with_.dataFolder, *with_.desk, with_.tell),
-      damagedCopies_(damagedCopies()) {}
+      damagedCopies_(damagedCopies()) {
+    rings_.onUnseen = [this] {
+        if (onUnseen) onUnseen();
+    };
+}
 
 Present AlarmKeeper::present() const {
     return {floor<seconds>(with_.clock->now()), with_.uptime()};

@@ -66,6 +66,9 @@ class AlarmKeeper {
     /// Notes how far all is decided; to be called before the process ends.
     void rest();
 
+    /// Called when the desktop answers that it does not show a ring, perhaps within `wake`. `wake` is to be called soon.
+    std::function<void()> onUnseen;
+
   private:
     Present present() const;
     UserDatabase openDatabase();

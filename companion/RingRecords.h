@@ -37,6 +37,7 @@ struct RingRecord {
     NotificationId notification;        ///< under which it is shown; the number 0: not known
     std::string city;                   ///< for which it rings
     Uptime rangAt;                      ///< when it rang
+    bool isRepeated = false;  ///< the same notification service may show it once more, under an unknown number
 
     friend bool operator==(const RingRecord&, const RingRecord&) = default;
 };

@@ -88,6 +88,7 @@ class Fields {
 };
 
 constexpr std::string_view ringMark = "ring";
+constexpr std::string_view repeatedMark = "repeated";
 constexpr std::string_view decidedMark = "decided";
 
 std::string rulesText(const std::vector<AlarmRule>& rules) {
@@ -115,11 +116,12 @@ std::vector<AlarmRule> rulesFrom(std::string_view text) {
 std::string ringLine(const NumberedRing& ring) {
     const RingRecord& record = ring.record;
     const AlarmOccurrence& alarm = record.alarm;
-    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", ringMark, ring.serial,
-                              alarm.code, countOf(alarm.due), countOf(alarm.prayer), alarm.hours, alarm.date.Years,
-                              alarm.date.Months, alarm.date.Days, static_cast<int>(record.state),
+    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", ringMark,
+                              ring.serial, alarm.code, countOf(alarm.due), countOf(alarm.prayer), alarm.hours,
+                              alarm.date.Years, alarm.date.Months, alarm.date.Days, static_cast<int>(record.state),
                               countOf(record.ringAt), record.notification.number, field(record.notification.run),
-                              field(record.rangAt.boot), record.rangAt.time.count(), field(record.city)));
+                              field(record.rangAt.boot), record.rangAt.time.count(), field(record.city),
+                              record.isRepeated ? repeatedMark : ""));
 }
 
 std::string decidedLine(const DecidedNote& note) {
@@ -153,6 +155,7 @@ std::optional<NumberedRing> ringFrom(std::string_view line) {
     record.notification.run = fields.text();
     record.rangAt = fields.uptime();
     record.city = fields.text();
+    record.isRepeated = fields.text() == repeatedMark;
     const bool isState = state >= 0 && state <= static_cast<int>(RingState::unseen);
     return fields.isGood() && isState ? std::optional(ring) : std::nullopt;
 }
