@@ -38,7 +38,8 @@ void RingKeeper::decideDue(const Choices& choices, const Present& present, const
     for (const RingRecord& record : due) decide(choices, record, present);
     offerUnseen(choices, present);
     decided_.finish(present);
-    noteDecided(choices, present, !due.empty() || span.isTakenBack);
+    // Another process is to know what the clock was before.
+    noteDecided(choices, present, !due.empty() || span.isTakenBack || span.shift != seconds(0));
     isFirst_ = false;
 }
 
@@ -279,7 +280,8 @@ bool RingKeeper::finish(const NotificationId& notification, Unknown unknown, Rin
     if (!record) return false;
     desk_->silence(record->alarm);
     desk_->close(notification);
-    if (record->notification != notification) desk_->close(record->notification);
+    const bool isShownTwice = record->notification.number != 0 && record->notification != notification;
+    if (isShownTwice) desk_->close(record->notification);
     record->notification.number = 0;
     if (state == RingState::snoozed) record->ringAt = ringAt;
     keepState(*record, state);

@@ -97,17 +97,36 @@ std::string rulesText(const std::vector<AlarmRule>& rules) {
     return text;
 }
 
-std::vector<AlarmRule> rulesFrom(std::string_view text) {
-    std::vector<AlarmRule> rules;
+std::string leftText(const std::vector<LeftClock>& left) {
+    std::string text;
+    for (const LeftClock& each : left) text += fmt::format("{}:{};", each.zero.count(), each.at.count());
+    return text;
+}
+
+/// Calls `take` with both numbers of each "1:2;" in a text.
+template <typename Number, typename Take>
+void eachPair(std::string_view text, Take take) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(';'), text.size());
         std::string_view each = text.substr(0, end);
-        const std::optional<int> code = takeNumber<int>(each);
+        const std::optional<Number> first = takeNumber<Number>(each);
         if (!each.empty()) each.remove_prefix(1);  // the colon
-        const std::optional<int> offset = takeNumber<int>(each);
-        if (code && offset) rules.push_back({*code, *offset});
+        const std::optional<Number> second = takeNumber<Number>(each);
+        if (first && second) take(*first, *second);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
+}
+
+std::vector<LeftClock> leftFrom(std::string_view text) {
+    std::vector<LeftClock> left;
+    eachPair<long long>(text, [&](long long zero, long long at) { left.push_back({seconds(zero), milliseconds(at)}); });
+    if (left.size() > mostLeft) left.resize(mostLeft);
+    return left;
+}
+
+std::vector<AlarmRule> rulesFrom(std::string_view text) {
+    std::vector<AlarmRule> rules;
+    eachPair<int>(text, [&](int code, int offset) { rules.push_back({code, offset}); });
     return rules;
 }
 
@@ -125,10 +144,9 @@ std::string ringLine(const NumberedRing& ring) {
 }
 
 std::string decidedLine(const DecidedNote& note) {
-    const LeftClock left = note.left.value_or(LeftClock{});
-    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", decidedMark, countOf(note.until),
-                              countOf(note.clock), field(note.uptime.boot), note.uptime.time.count(), note.city,
-                              left.zero.count(), left.at.count(), rulesText(note.rules)));
+    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", decidedMark, countOf(note.until), countOf(note.clock),
+                              field(note.uptime.boot), note.uptime.time.count(), note.city, rulesText(note.rules),
+                              leftText(note.left)));
 }
 
 std::string emptyLine() {
@@ -168,11 +186,8 @@ std::optional<DecidedNote> decidedFrom(std::string_view line) {
     note.clock = fields.moment();
     note.uptime = fields.uptime();
     note.city = fields.number<int>();
-    LeftClock left;
-    left.zero = seconds(fields.number<long long>());
-    left.at = milliseconds(fields.number<long long>());
-    if (left != LeftClock{}) note.left = left;
     note.rules = rulesFrom(fields.text());
+    note.left = leftFrom(fields.text());
     return fields.isGood() ? std::optional(note) : std::nullopt;
 }
 

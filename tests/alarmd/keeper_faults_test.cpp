@@ -302,6 +302,67 @@ TEST_F(KeeperFaultsTest, IgnoresAnAnswerToANumberOfAnEarlierRunOfTheService) {
     EXPECT_EQ(desk.rings[2].alarm.code, 203);
 }
 
+// A service that ends is reported twice: another one is there, and then the request gets no answer.
+TEST_F(KeeperFaultsTest, OffersARingAgainWhenItsServiceEndsWithoutAnAnswer) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    desk.isSlow = true;
+    keeper->wake();
+    int calls = 0;
+    keeper->onUnseen = [&calls] { ++calls; };
+    clock->present += seconds(10);
+    desk.service = "service-2";
+    desk.isSlow = false;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    std::exchange(desk.pending, {}).at(0)(std::nullopt);
+    EXPECT_EQ(calls, 1) << "somebody has to wake it: the next alarm may be hours away";
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 2U);
+    keeper->stop(shownAs(1));
+    runUntil(floor<seconds>(clock->present) + minutes(20));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, DoesNotPressAServiceThatRefuses) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due;
+    desk.isSlow = true;
+    for (int second = 0; second < 60; ++second) {
+        clock->present = due + seconds(second);
+        keeper->wake();
+        for (const auto& refuse : std::exchange(desk.pending, {})) refuse(std::nullopt);
+    }
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, TakesTheAnswerToEitherOfTwoNotificationsOfARing) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due;
+    desk.beforeRing = [this] {
+        desk.lastNumber = 41;
+        throw std::runtime_error("killed");
+    };  // it was shown as number 41
+    keeper->wake();
+    desk.beforeRing = nullptr;
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    keeper->snooze(shownAs(41));
+    EXPECT_THAT(desk.closed, testing::ElementsAre(41, 42)) << "both are over";
+    clock->present = due + minutes(1);
+    keeper->snooze(shownAs(41));  // he thinks better of it
+    runUntil(due + minutes(5) + seconds(59));
+    EXPECT_EQ(desk.rings.size(), 1U);
+    runUntil(due + minutes(6));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
 // --- a clock that is wrong for a while
 
 TEST_F(KeeperFaultsTest, RingsAtItsTimeAfterAClockThatRanAheadForAMinute) {
@@ -344,6 +405,31 @@ TEST_F(KeeperFaultsTest, RingsAgainAtItsTimeWhatAWrongClockBroughtHoursTooEarly)
     keeper->wake();
     setClock(due - minutes(1));
     keeper->wake();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    setClock(due - hours(5) + minutes(2));
+    keeper->wake();
+    runUntil(due + minutes(1));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, RingsAgainAtItsTimeAfterAClockThatWasWrongInBothDirections) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(9);
+    keeper->wake();
+    setClock(due - hours(14));  // back, and killed meanwhile
+    keeper->wake();
+    restart();
+    setClock(due - hours(9) + minutes(1));  // right again
+    keeper->wake();
+    clock->present = due - hours(5);
+    keeper->wake();
+    setClock(due - minutes(1));  // ahead
+    keeper->wake();
+    restart();
     clock->present = due;
     keeper->wake();
     EXPECT_EQ(desk.rings.size(), 1U);
