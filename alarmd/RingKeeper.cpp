@@ -146,9 +146,10 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
     }
 }
 
-// Whether a clock that was wrong brought a ring that is still to come.
+// Whether a clock that was wrong brought a ring that is still to come, or can still come late.
 bool RingKeeper::rangTooEarly(const RingRecord& record, milliseconds wrongSince, const Present& present) const {
-    if (record.alarm.due <= present.clock || !areComparable(record.rangAt, present.uptime)) return false;
+    const bool isOver = record.alarm.due + latestRing < present.clock;
+    if (isOver || !areComparable(record.rangAt, present.uptime)) return false;
     if (record.rangAt.time < wrongSince) return false;
     const sys_seconds rang = present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
     return record.alarm.due - rang > tooEarly;

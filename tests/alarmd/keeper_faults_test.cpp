@@ -414,6 +414,25 @@ TEST_F(KeeperFaultsTest, RingsAgainAtItsTimeWhatAWrongClockBroughtHoursTooEarly)
     EXPECT_EQ(desk.rings.size(), 2U);
 }
 
+TEST_F(KeeperFaultsTest, RingsLateWhatAWrongClockBroughtTooEarlyWhenItIsPutRightTooLate) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(2);
+    keeper->wake();
+    setClock(due - minutes(1));
+    keeper->wake();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    clock->present = due + hours(2) + minutes(2);
+    keeper->wake();
+    setClock(due + minutes(3));
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 2U);
+    EXPECT_EQ(desk.rings[1].late, minutes(3));
+}
+
 TEST_F(KeeperFaultsTest, RingsAgainAtItsTimeAfterAClockThatWasWrongInBothDirections) {
     switchOn(202);
     keeper->wake();
