@@ -75,7 +75,8 @@ class AlarmKeeper {
     void takeChoices(UserDatabase& database);
     bool giveBackChoices(UserDatabase& database);
     int damagedCopies() const;
-    Choices choicesIn(UserDatabase& database) const;
+    Choices choicesIn(const UserDatabase& database) const;
+    std::optional<Choices> choicesWithoutDatabase();
     std::optional<Choices> notedChoices() const;
     void warnOfOutage(bool isRead, const Present& present);
     bool renew(UserDatabase& database, std::chrono::sys_seconds& next, std::chrono::sys_seconds now);

@@ -163,7 +163,7 @@ void RingKeeper::decide(const Choices& choices, RingRecord record, const Present
     const UserAlarm* const alarm = choices.alarm(record.alarm.code);
     // It may have been switched off while it was snoozed.
     if (!alarm || !alarm->isOn) return keepState(record, RingState::finished);
-    const bool otherRings = choices.settings.ringer == Ringer::evolution;
+    const bool otherRings = choices.ringer == Ringer::evolution;
     if (decision == RingDecision::drop || otherRings) {
         const auto late = floor<minutes>(present.clock - record.ringAt);
         if (!otherRings) tell_(_("An alarm was missed by {} min and does not ring.", late.count()));

@@ -110,7 +110,7 @@ class RingRecords {
     std::vector<const Entry*> inOrder() const;
     int freeLine();
     void read();
-    void write(int line, const std::string& text, bool& isWritten);
+    bool write(int line, const std::string& text);
 
     std::filesystem::path file_;
     std::map<Key, Entry> entries_;

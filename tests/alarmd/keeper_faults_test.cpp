@@ -5,6 +5,8 @@
 
 #include <fstream>
 
+#include "companion/SiteChoices.h"
+#include "companion/user_connection.h"
 #include "keeper_fixture.h"
 
 namespace quode::test {
@@ -154,6 +156,79 @@ TEST_F(KeeperFaultsTest, RingsWhatItNotedWhenItStartsWithALockedDatabase) {
     keeper->wake();
     ASSERT_EQ(desk.rings.size(), 1U);
     EXPECT_EQ(desk.rings[0].city, "Istanbul");
+}
+
+TEST_F(KeeperFaultsTest, RingsAtAPlaceOfTheUsersOwnWhenItStartsWithALockedDatabase) {
+    const int hut = open().addPlace({"Hut", 39.5, 32.25});
+    open().chooseHome(hut);
+    switchOn(202, 0, "gong");
+    const sys_seconds due = dueOf(202);
+    sqlite3* opened = nullptr;
+    sqlite3_open((folder.path() / "user.sqlite").c_str(), &opened);
+    const sqlite::Database other(opened);
+    // It has begun a change, which nobody may see.
+    sqlite3_exec(opened, "BEGIN EXCLUSIVE; UPDATE USER_ALARMS SET ACTIVE = 0", nullptr, nullptr, nullptr);
+    restart();
+    EXPECT_LE(keeper->wake(), due);
+    clock->present = due;
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].city, "Hut");
+    EXPECT_EQ(desk.sounds, std::vector<std::string>{"gong"});
+}
+
+TEST_F(KeeperFaultsTest, RingsByTheMethodOfTheCityWhenItStartsWithALockedDatabase) {
+    const int home = open().home()->id;
+    UserDatabase database = open();
+    const sys_seconds usual = dueOf(202);
+    storeMethod(database.connection(), home, *conventions::methodOf("quode adjust=0,0,-20,0,0,0"), 0.0);
+    switchOn(202);
+    const auto other = lockDatabase();
+    restart();
+    EXPECT_EQ(keeper->wake(), clock->present + seconds(30));
+    clock->present = usual - minutes(20);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, SeesThatTheMethodOfTheHomeCityWasChanged) {
+    switchOn(202);
+    keeper->wake();
+    EXPECT_FALSE(keeper->choicesChanged());
+    UserDatabase database = open();
+    storeMethod(database.connection(), database.home()->id, *conventions::methodOf("quode adjust=0,0,-20,0,0,0"), 0.0);
+    EXPECT_TRUE(keeper->choicesChanged());
+}
+
+// Nobody but the user decides who is to ring.
+TEST_F(KeeperFaultsTest, GivesBackTheChosenRingerAlthoughItDoesNotRing) {
+    UserSettings settings;
+    settings.ringer = Ringer::evolution;
+    {
+        UserDatabase database = open();
+        saveSettings(database, settings);
+    }
+    switchOn(202);
+    ringer = [](const UserSettings&) { return Ringer::quode; };
+    restart();
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 5000);
+    keeper->wake();
+    EXPECT_TRUE(open().alarm(202).isOn);
+    EXPECT_EQ(loadSettings(open()).ringer, Ringer::evolution);
+}
+
+TEST_F(KeeperFaultsTest, GivesBackTheMethodsOfCitiesAfterDamage) {
+    const int home = open().home()->id;
+    {
+        UserDatabase database = open();
+        storeMethod(database.connection(), home, *conventions::methodOf("mwl asr=2"), 40.0);
+    }
+    switchOn(202);
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 100);
+    keeper->wake();
+    EXPECT_EQ(conventions::textOf(open().home()->city->choice.method), "mwl asr=2");
 }
 
 TEST_F(KeeperFaultsTest, GivesBackWhatWasChosenAfterDamage) {
