@@ -4,6 +4,8 @@
 // when the first choice is made. Failures are `UserDatabaseError`; nothing has been changed then.
 #pragma once
 
+#include <filesystem>
+
 #include "data/SiteChoice.h"
 
 namespace quode {
@@ -17,6 +19,10 @@ void storeMethod(UserConnection& connection, int cityId, const conventions::Meth
 void storeTimetable(UserConnection& connection, int cityId, const Timetable& table);
 
 void forgetTimetable(UserConnection& connection, int cityId);
+
+/// Copies the choices of cities from a damaged database, as far as they can be read and make sense. They hold again for
+/// a city that the user adds again. Those of the user's own places are left, for their numbers will mean other places.
+void salvageSiteChoices(UserConnection& connection, const std::filesystem::path& damaged);
 
 /// Forgets method and timetable of a city.
 void forgetSiteChoice(UserConnection& connection, int cityId);

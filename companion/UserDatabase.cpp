@@ -11,6 +11,7 @@
 #include "common/numbers.h"
 #include "common/printable.h"
 #include "common/utf8.h"
+#include "companion/RingRecords.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "companion/user_database_schema.h"
@@ -51,7 +52,9 @@ UserDatabase::UserDatabase(const std::filesystem::path& dataFolder, const CityDa
       device_(&device),
       connection_(std::make_unique<UserConnection>(
           userDatabaseFile(dataFolder), patience, [this] { return firstCity(); }, notices_)) {
-    if (connection_->isNew()) refreshPrayerTimes();
+    if (!connection_->isNew()) return;
+    RingRecords::reserve(dataFolder);  // the alarm service tries again, and reports a failure
+    refreshPrayerTimes();
 }
 
 UserDatabase::UserDatabase(std::unique_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device)
@@ -66,6 +69,12 @@ std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path
     auto connection = std::make_unique<UserConnection>(file, patience);
     if (connection->isEmpty()) return std::nullopt;
     return UserDatabase(std::move(connection), cities, device);
+}
+
+UserDatabase UserDatabase::openBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                          const Clock& device) {
+    return {std::make_unique<UserConnection>(userDatabaseFile(dataFolder), UserConnection::BehindLock{}), cities,
+            device};
 }
 
 UserDatabase::~UserDatabase() = default;

@@ -38,16 +38,16 @@ void runConnect(Session& session, const Arguments& arguments) {
     if (arguments.text("PROGRAM") != "evolution") {
         throw Failure(ExitCode::usage, _("Only evolution can be connected: quode calendar connect evolution"));
     }
-    if (arguments.has("ring")) requireEvolutionProgram(session);
     UserDatabase database = userDatabaseToChange(session);
     const UserSettings settings = loadSettings(database);
+    const bool rings = arguments.has("ring") || settings.ringer == Ringer::evolution;
+    if (rings) requireEvolutionProgram(session);
     if (settings.calendarLayout != CalendarLayout::ics) {
         throw Failure(ExitCode::usage, _("Evolution shows the alarms only where they are kept in one file. Choose that "
                                          "first: quode settings calendar ics"));
     }
     const std::filesystem::path file =
         UserEventStore(session.dataFolder(), CalendarLayout::ics).defaultCalendar().location;
-    const bool rings = arguments.has("ring") || settings.ringer == Ringer::evolution;
     check(evolutionSource(session).connect(std::filesystem::absolute(file), rings));
     setRinger(session, database, rings ? Ringer::evolution : Ringer::quode);
     tell(session, database,
