@@ -51,8 +51,9 @@ configure_file(debian/copyright.in ${debian_files}/copyright @ONLY)
 set(version ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 
 quode_package(programs quode "Islamic prayer times: command line and alarms"
-  "Quode shows the prayer times, the qibla, the Moon and the Hijri date without a network.
-This package has the command \\\"quode\\\" and the service that rings for the prayers.")
+  "Quode shows the prayer times, the qibla, the Moon and the Hijri date
+without a network. This package has the command line and the service that
+rings for the prayers.")
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS "quode-data (= ${version})")
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_RECOMMENDS "tzdata, notification-daemon, dbus-user-session")
@@ -60,15 +61,16 @@ set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SUGGESTS "quode-panel, libcanberra-pulse")
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/debian/conffiles)
 
 quode_package(data quode-data "Places, texts and sounds of Quode"
-  "Quode shows the Islamic prayer times without a network.
-This package has the places and time zones that it knows, its translations and its sounds.")
+  "Quode shows the Islamic prayer times without a network. This package has
+the places and time zones that it knows, its translations and its sounds.")
 set(CPACK_DEBIAN_DATA_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_DATA_PACKAGE_ARCHITECTURE all)
 
 if(QUODE_HAS_WIDGET)
   quode_package(panel quode-panel "Islamic prayer times: panel and compass"
-    "Quode shows the prayer times, the qibla, the Moon and the Hijri date without a network.
-This package has the panel, which opens from an icon in the tray, and the compass.")
+    "Quode shows the prayer times, the qibla, the Moon and the Hijri date
+without a network. This package has the panel, which opens from an icon in
+the tray, and the compass.")
   set(CPACK_DEBIAN_PANEL_PACKAGE_SECTION utils)
   # The font is loaded by name, and the plugin for Wayland by Qt: neither shows in a library's dependencies.
   set(CPACK_DEBIAN_PANEL_PACKAGE_DEPENDS "quode (= ${version}), fonts-dejavu-core")
@@ -77,24 +79,27 @@ This package has the panel, which opens from an icon in the tray, and the compas
 endif()
 
 quode_package(library libquode${PROJECT_VERSION_MAJOR} "Islamic prayer times: library"
-  "Quode computes the prayer times, the qibla and the Hijri date without a network.
-This package has the library by which other programs use it.")
+  "Quode computes the prayer times, the qibla and the Hijri date without a
+network. This package has the library by which other programs use it.")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "quode-data (>= ${version})")
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+file(WRITE ${debian_files}/shlibs "libquode ${PROJECT_VERSION_MAJOR} libquode${PROJECT_VERSION_MAJOR} (>= ${version})\n")
+file(WRITE ${debian_files}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${debian_files}/shlibs ${debian_files}/triggers)
 
 quode_package(devel libquode-dev "Islamic prayer times: development files"
-  "Quode computes the prayer times, the qibla and the Hijri date without a network.
-This package has what programs in C and C++ are built with, and the astronomy engine as a static library.")
+  "Quode computes the prayer times, the qibla and the Hijri date without a
+network. This package has what programs in C and C++ are built with, and the
+astronomy engine as a static library.")
 set(CPACK_DEBIAN_DEVEL_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVEL_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVEL_PACKAGE_DEPENDS "libquode${PROJECT_VERSION_MAJOR} (= ${version})")
 
 if(Python3_FOUND OR EXISTS /usr/bin/python3)
   quode_package(python python3-quode "Islamic prayer times: Python package"
-    "Quode computes the prayer times, the qibla and the Hijri date without a network.
-This package has its Python package, with NumPy arrays for many days at once.")
+    "Quode computes the prayer times, the qibla and the Hijri date without a
+network. This package has its Python package, with NumPy arrays for many
+days at once.")
   set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
   set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
   set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
