@@ -95,16 +95,14 @@ set(CPACK_DEBIAN_DEVEL_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVEL_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVEL_PACKAGE_DEPENDS "libquode${PROJECT_VERSION_MAJOR} (= ${version})")
 
-if(Python3_FOUND OR EXISTS /usr/bin/python3)
-  quode_package(python python3-quode "Islamic prayer times: Python package"
-    "Quode computes the prayer times, the qibla and the Hijri date without a
+quode_package(python python3-quode "Islamic prayer times: Python package"
+  "Quode computes the prayer times, the qibla and the Hijri date without a
 network. This package has its Python package, with NumPy arrays for many
 days at once.")
-  set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
-  set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
-  set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
-  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3:any (>= 3.9), libquode${PROJECT_VERSION_MAJOR} (>= ${version})")
-  set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS python3-numpy)
-endif()
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3:any (>= 3.9), libquode${PROJECT_VERSION_MAJOR} (>= ${version})")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS python3-numpy)
 
 include(CPack)
