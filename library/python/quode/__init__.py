@@ -15,7 +15,7 @@ from __future__ import annotations
 import dataclasses
 import datetime
 import enum
-from typing import TYPE_CHECKING, NamedTuple
+from typing import TYPE_CHECKING, Any, NamedTuple
 
 from . import _native
 from ._native import byref, c_void_p
@@ -23,6 +23,7 @@ from ._native import library as _library
 
 if TYPE_CHECKING:
     import numpy
+    import numpy.typing
 
 __version__: str = _library.quode_version().decode()
 
@@ -71,7 +72,7 @@ class Absence(enum.IntEnum):
 
     @property
     def text(self) -> str:
-        return _library.quode_absence_text(self).decode()
+        return _text(_library.quode_absence_text(self))
 
 
 class HijriCalendar(enum.IntEnum):
@@ -89,6 +90,10 @@ class Qibla(NamedTuple):
     bearing: float
     """degrees clockwise from true north"""
     distance_km: float
+
+
+def _text(value: bytes) -> str:
+    return value.decode()
 
 
 def _clock(minute: int) -> str:
@@ -186,42 +191,42 @@ class Place:
     @property
     def id(self) -> int:
         """The number in the database; 0 for a point."""
-        return _library.quode_place_id(self._handle)
+        return int(_library.quode_place_id(self._handle))
 
     @property
     def name(self) -> str:
-        return _library.quode_place_name(self._handle).decode()
+        return _text(_library.quode_place_name(self._handle))
 
     @property
     def region(self) -> str:
-        return _library.quode_place_region(self._handle).decode()
+        return _text(_library.quode_place_region(self._handle))
 
     @property
     def country(self) -> str:
         """ISO 3166-1 alpha-2."""
-        return _library.quode_place_country(self._handle).decode()
+        return _text(_library.quode_place_country(self._handle))
 
     @property
     def zone(self) -> str:
         """The IANA name of the time zone."""
-        return _library.quode_place_zone(self._handle).decode()
+        return _text(_library.quode_place_zone(self._handle))
 
     @property
     def method(self) -> str:
-        return _library.quode_place_method(self._handle).decode()
+        return _text(_library.quode_place_method(self._handle))
 
     @property
     def latitude(self) -> float:
-        return _library.quode_place_latitude(self._handle)
+        return float(_library.quode_place_latitude(self._handle))
 
     @property
     def longitude(self) -> float:
-        return _library.quode_place_longitude(self._handle)
+        return float(_library.quode_place_longitude(self._handle))
 
     @property
     def population(self) -> int:
         """0 when it is not known."""
-        return _library.quode_place_population(self._handle)
+        return int(_library.quode_place_population(self._handle))
 
     def with_method(self, method: str) -> Place:
         """The same place with another method, such as "diyanet" or "mwl asr=2"."""
@@ -248,7 +253,7 @@ class Database:
 
     @property
     def edition(self) -> str:
-        return _library.quode_data_edition(self._handle).decode()
+        return _text(_library.quode_data_edition(self._handle))
 
     def find(self, name: str) -> Place:
         """The most populous place with a name; "London, CA" chooses country or region."""
@@ -331,7 +336,7 @@ def day_at(latitude: float, longitude: float, zone: str | None, date: datetime.d
     return day_for(place_at(latitude, longitude, zone).with_method(method), date)
 
 
-def days_array(place: Place, first: datetime.date, count: int) -> numpy.ndarray:
+def days_array(place: Place, first: datetime.date, count: int) -> numpy.typing.NDArray[Any]:
     """The times of `count` days in a row, as a structured array; needs NumPy.
 
     The fields are those of `quode_day`: "date" ("year", "month", "day"), "utc_offset", "is_summer_time", and "times", nine
