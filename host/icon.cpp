@@ -12,7 +12,7 @@ namespace {
 
 constexpr QColor night(28, 28, 30), gold(255, 211, 78);
 
-// On a field of 64 by 64, as in packaging/quode.svg.
+// On a field of 64 by 64, as in packaging/icons/quode.svg.
 QPainterPath crescent() {
     QPainterPath full, shadow;
     full.addEllipse(QPointF(30.0, 32.0), 20.0, 20.0);
