@@ -15,6 +15,7 @@ constexpr const char* tables[] = {
     "CREATE TABLE IF NOT EXISTS USER_TIMETABLE (CITYID INTEGER PRIMARY KEY, NAME TEXT NOT NULL)",
     "CREATE TABLE IF NOT EXISTS USER_TIMETABLE_ROW (CITYID INTEGER NOT NULL, DAY INTEGER NOT NULL, TIMES TEXT NOT NULL,"
     " PRIMARY KEY (CITYID, DAY)) WITHOUT ROWID",
+    "CREATE TABLE IF NOT EXISTS USER_IQAMA (CITYID INTEGER PRIMARY KEY, TIMES TEXT NOT NULL)",
 };
 
 void createTables(UserConnection& connection) {
@@ -48,6 +49,13 @@ void storeTimetable(UserConnection& connection, int cityId, const Timetable& tab
     });
 }
 
+void storeIqama(UserConnection& connection, int cityId, const IqamaRules& rules) {
+    connection.change([&] {
+        createTables(connection);
+        connection.run("INSERT OR REPLACE INTO USER_IQAMA (CITYID, TIMES) VALUES (?, ?)", {cityId, textOf(rules)});
+    });
+}
+
 void forgetTimetable(UserConnection& connection, int cityId) {
     connection.change([&] {
         createTables(connection);
@@ -77,6 +85,7 @@ void forgetSiteChoice(UserConnection& connection, int cityId) {
         createTables(connection);
         removeTimetable(connection, cityId);
         connection.run("DELETE FROM USER_METHOD WHERE CITYID = ?", {cityId});
+        connection.run("DELETE FROM USER_IQAMA WHERE CITYID = ?", {cityId});
     });
 }
 
