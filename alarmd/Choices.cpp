@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "companion/AlarmHabits.h"
 #include "companion/user_connection.h"
 
 namespace quode {
@@ -18,7 +19,7 @@ constexpr int codeBeforeFirst = 199;
 std::vector<AlarmRule> Choices::rules() const {
     std::vector<AlarmRule> rules;
     for (const UserAlarm& alarm : alarms) {
-        if (alarm.isOn) rules.push_back({alarm.code, alarm.offset});
+        if (alarm.isOn) rules.push_back(alarm.ruleWithReminder());
     }
     return rules;
 }
@@ -34,7 +35,10 @@ std::string Choices::text() const {
         text += fmt::format("{} {};", city.id, city.isHome);
         if (city.city) text += fmt::format("{} {} {};", city.city->latitude, city.city->longitude, city.city->zone);
     }
-    for (const UserAlarm& alarm : alarms) text += fmt::format("{} {} {};", alarm.offset, alarm.isOn, alarm.sound);
+    for (const UserAlarm& alarm : alarms) {
+        text += fmt::format("{} {} {} {} {} {};", alarm.offset, alarm.isOn, alarm.sound, alarm.days,
+                            alarm.reminder.value_or(alarm.offset), alarm.silentUntil().time_since_epoch().count());
+    }
     return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(settings.ringer));
 }
 
@@ -66,7 +70,9 @@ void restoreChoices(UserDatabase& database, const Choices& choices) {
             database.setUpAlarm(alarm.code, alarm.offset, alarm.sound);
             database.connection().run("UPDATE USER_ALARMS SET ACTIVE = ?, EVENTID = ? WHERE TIMEID = ?",
                                       {alarm.isOn ? 1 : 0, alarm.eventIdentifier, alarm.code - codeBeforeFirst});
+            storeHabits(database.connection(), alarm);
         }
+        if (!choices.alarms.empty()) muteUntil(database, choices.alarms.front().mutedUntil);
         saveSettings(database, choices.settings);
     });
 }
