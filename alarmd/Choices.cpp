@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "companion/AlarmHabits.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "data/user_places.h"
@@ -34,7 +35,7 @@ void restoreSiteChoice(UserDatabase& database, int id, const SiteChoice& choice)
 std::vector<AlarmRule> Choices::rules() const {
     std::vector<AlarmRule> rules;
     for (const UserAlarm& alarm : alarms) {
-        if (alarm.isOn) rules.push_back({alarm.code, alarm.offset});
+        if (alarm.isOn) rules.push_back(alarm.ruleWithReminder());
     }
     return rules;
 }
@@ -52,7 +53,10 @@ std::string Choices::text() const {
         text += fmt::format("{} {} {};", city.city->latitude, city.city->longitude, city.city->zone);
         text += textOf(city.city->choice);
     }
-    for (const UserAlarm& alarm : alarms) text += fmt::format("{} {} {};", alarm.offset, alarm.isOn, alarm.sound);
+    for (const UserAlarm& alarm : alarms) {
+        text += fmt::format("{} {} {} {} {} {};", alarm.offset, alarm.isOn, alarm.sound, alarm.days,
+                            alarm.reminder.value_or(alarm.offset), alarm.silentUntil().time_since_epoch().count());
+    }
     return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(ringer));
 }
 
@@ -97,7 +101,9 @@ void restoreChoices(UserDatabase& database, const Choices& choices) {
             database.setUpAlarm(alarm.code, alarm.offset, alarm.sound);
             database.connection().run("UPDATE USER_ALARMS SET ACTIVE = ?, EVENTID = ? WHERE TIMEID = ?",
                                       {alarm.isOn ? 1 : 0, alarm.eventIdentifier, alarm.code - codeBeforeFirst});
+            storeHabits(database.connection(), alarm);
         }
+        if (!choices.alarms.empty()) muteUntil(database, choices.alarms.front().mutedUntil);
         saveSettings(database, choices.settings);
     });
 }

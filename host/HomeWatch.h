@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "host/MomentWatch.h"
+#include "fronts/MomentWatch.h"
 
 namespace quode::host {
 
