@@ -19,8 +19,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "fronts/icon.h"
-#include "fronts/theme.h"
+#include "desktop/icon.h"
+#include "desktop/theme.h"
 #include "host/PanelFooter.h"
 #include "host/PanelHeader.h"
 #include "host/RowMarks.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/icon.h"
+#include "desktop/icon.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/alarm_service.h"
+#include "desktop/alarm_service.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/DesktopTheme.h"
+#include "desktop/DesktopTheme.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

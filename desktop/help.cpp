@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/help.h"
+#include "desktop/help.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>

@@ -5,7 +5,7 @@
 #include <QDBusVariant>
 #include <QObject>
 
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 
 namespace quode {
 

@@ -12,7 +12,7 @@
 #include <system_error>
 #include <utility>
 
-#include "fronts/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 
 namespace quode {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/FirstStartDialog.h"
+#include "desktop/FirstStartDialog.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -17,8 +17,8 @@
 #include "app/user_alarms.h"
 #include "common/prayer.h"
 #include "conventions/Convention.h"
-#include "fronts/CityFinder.h"
-#include "fronts/icon.h"
+#include "desktop/CityFinder.h"
+#include "desktop/icon.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/display.h"
+#include "desktop/display.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/CityFinder.h"
+#include "desktop/CityFinder.h"
 
 #include <QKeyEvent>
 #include <QLabel>

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <optional>
 
-#include "fronts/CityFinder.h"
+#include "desktop/CityFinder.h"
 
 class QPushButton;
 

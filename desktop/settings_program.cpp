@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/settings_program.h"
+#include "desktop/settings_program.h"
 
 #include <QCoreApplication>
 #include <QProcess>

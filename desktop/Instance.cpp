@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/Instance.h"
+#include "desktop/Instance.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
