@@ -41,21 +41,6 @@ LanguagePack parseLanguagePack(std::string_view bytes);
 /// The languages of the packs. Fixed values: the widget and stored settings use them.
 enum LanguageId : int { languageTurkish = 0, languageEnglish = 1, languageFrench = 2, languageGerman = 3 };
 
-/// Selects one of four values by language; the English one for an unknown id.
-template <typename T>
-constexpr const T& inLanguage(int languageId, const T& turkish, const T& english, const T& french, const T& german) {
-    switch (languageId) {
-        case languageTurkish:
-            return turkish;
-        case languageFrench:
-            return french;
-        case languageGerman:
-            return german;
-        default:
-            return english;
-    }
-}
-
 /// The id of a language by its name "tr", "en", "fr" or "de"; nothing for another name.
 std::optional<int> languageIdOf(std::string_view name);
 

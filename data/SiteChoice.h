@@ -20,14 +20,16 @@ struct SiteChoice {
     conventions::Method method;
     double height = 0.0;                     ///< metres above sea level, from the city database
     std::shared_ptr<const Timetable> table;  ///< nullptr: no table is imported
+    IqamaRules iqama;                        ///< where the table of a day has none
     bool isUnreadable = false;               ///< a choice is stored, but this version cannot read it
 
-    /// True when the engine's own method applies to every day.
+    /// True when the engine's own method applies to every day. The congregation's times change none of them.
     bool isDefault() const { return method.isDefault() && !table; }
 
     friend bool operator==(const SiteChoice& a, const SiteChoice& b) {
         const bool sameTable = a.table == b.table || (a.table && b.table && *a.table == *b.table);
-        return a.method == b.method && a.height == b.height && a.isUnreadable == b.isUnreadable && sameTable;
+        return a.method == b.method && a.height == b.height && a.isUnreadable == b.isUnreadable && sameTable &&
+               a.iqama == b.iqama;
     }
 };
 

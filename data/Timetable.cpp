@@ -84,4 +84,20 @@ std::optional<TimetableRow> timetableRowOf(std::string_view text) {
     return row;
 }
 
+std::string textOf(const IqamaRules& rules) {
+    std::string text;
+    for (const auto& iqama : rules) text.append(text.empty() ? "" : " ").append(iqamaText(iqama));
+    return text;
+}
+
+std::optional<IqamaRules> iqamaRulesOf(std::string_view text) {
+    const auto words = wordsOf(text);
+    IqamaRules rules;
+    if (words.size() != rules.size()) return std::nullopt;
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        if (!readIqama(words[i], rules[i])) return std::nullopt;
+    }
+    return rules;
+}
+
 }  // namespace quode

@@ -22,11 +22,14 @@ struct Iqama {
     friend bool operator==(const Iqama&, const Iqama&) = default;
 };
 
+/// When the congregation begins at each prayer, as far as it was published or chosen.
+using IqamaRules = std::array<std::optional<Iqama>, conventions::prayerCount>;
+
 /// The published times of one day, in minutes after 0 h of it; from 1440 on in the next day. No value: no time.
 struct TimetableRow {
     std::array<std::optional<int>, conventions::prayerCount> minutes;
     std::optional<int> asrHanafi;
-    std::array<std::optional<Iqama>, conventions::prayerCount> iqama;
+    IqamaRules iqama;
 
     friend bool operator==(const TimetableRow&, const TimetableRow&) = default;
 };
@@ -50,5 +53,9 @@ std::string textOf(const TimetableRow& row);
 
 /// Reads such a text; nothing for any other text.
 std::optional<TimetableRow> timetableRowOf(std::string_view text);
+
+/// Rules as they are stored: "+20 - =810 +10 +5 +10", and back. Nothing when the text is none.
+std::string textOf(const IqamaRules& rules);
+std::optional<IqamaRules> iqamaRulesOf(std::string_view text);
 
 }  // namespace quode

@@ -112,7 +112,9 @@ void applyTable(const Timetable& table, CityDay& day) {
     const TimetableRow* row = table.rowOf(day.date);
     if (row == nullptr) return;
     day.method.isFromTable = true;
-    day.method.iqama = row->iqama;
+    for (std::size_t i = 0; i < row->iqama.size(); ++i) {
+        if (row->iqama[i]) day.method.iqama[i] = row->iqama[i];
+    }
     PrayTimes& times = day.times;
     const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);  // of the engine's own hours
     const auto put = [&](double& slot, std::size_t index, int minutes) {
@@ -137,6 +139,7 @@ void applyChoice(const Site& site, CityDay& day) {
     const SiteChoice& choice = site.choice;
     const bool wasDefault = !day.method.hasTable && day.method.method.isDefault();
     if (!wasDefault) day.method = {};
+    day.method.iqama = choice.iqama;
     if (choice.isDefault()) return;
     day.method.method = choice.method;
     const conventions::Convention* convention = conventions::findConvention(choice.method.key);

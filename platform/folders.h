@@ -26,6 +26,11 @@ std::string dataFolderFrom(const Environment& environment);
 /// @param executable  the path of the program, from `executablePath`
 std::string bundleFolderFrom(const Environment& environment, const std::filesystem::path& executable);
 
+/// The same for a program of any place that uses Quode as a library: Quode.bundle in the folder "quode" beside the library,
+/// or one folder up, where systems with a folder for each architecture have it, or in ../lib. The folder need not exist.
+/// @param library  the file of the library, without symbolic links
+std::string bundleFolderOfLibrary(const Environment& environment, const std::filesystem::path& library);
+
 /// The folder of the machine's zone data: $TZDIR, else /usr/share/zoneinfo. The folder need not exist.
 std::string zoneFolderFrom(const Environment& environment);
 

@@ -34,26 +34,20 @@ bool isCalm(std::string_view zones) {
     return calm && lines <= mostLines;
 }
 
-/// The loaded module; null, with a problem, when it is missing.
-struct LoadedModule {
-    const IcalModule* functions = nullptr;
-    std::string problem;
-};
-
-const LoadedModule& icalModule() {
-    static const LoadedModule loaded = [] {
-        const ModuleSymbol symbol = loadModule("quode-ical.so", icalSymbol);
-        return LoadedModule{static_cast<const IcalModule*>(symbol.address), symbol.problem};
-    }();
+const ModuleSymbol& loadedModule() {
+    static const ModuleSymbol loaded = loadModule("quode-ical.so", icalSymbol);
     return loaded;
 }
 
 }  // namespace
 
+const IcalModule* icalModule() {
+    return static_cast<const IcalModule*>(loadedModule().address);
+}
+
 std::optional<std::string> problemOfCalendars() {
-    const LoadedModule& module = icalModule();
-    if (module.functions) return std::nullopt;
-    return _("The calendar part of Quode cannot be loaded: {}. Install Quode again.", module.problem);
+    if (icalModule()) return std::nullopt;
+    return _("The calendar part of Quode cannot be loaded: {}. Install Quode again.", loadedModule().problem);
 }
 
 std::optional<std::string> problemOfEvent(const CalendarEvent& event) {
@@ -76,7 +70,7 @@ std::string emptyCalendar() {
 }
 
 std::string eventText(const CalendarEvent& event, std::string_view oldText, sys_seconds now) {
-    return icalModule().functions->eventText(event, oldText, now);
+    return icalModule()->eventText(event, oldText, now);
 }
 
 ReadEvent readEvent(const CalendarText& calendar, const CalendarComponent& component) {
@@ -84,7 +78,7 @@ ReadEvent readEvent(const CalendarText& calendar, const CalendarComponent& compo
     const bool namesZone = text.find("TZID") != std::string::npos;
     const std::string zones = namesZone ? zonesOf(calendar, component.calendar) : std::string();
     if (!isCalm(zones)) return {std::nullopt, _("the clock of its time zone changes too often")};
-    ReadEvent read = icalModule().functions->readEvent(text, zones);
+    ReadEvent read = icalModule()->readEvent(text, zones);
     if (read.event) {
         read.event->identifier = component.uid;
     } else {

@@ -262,8 +262,34 @@ ReadEvent parsedEvent(std::string_view event, std::string_view zones) {
     return vevent ? fromComponent(vevent, event) : ReadEvent{std::nullopt, N_("its text cannot be read")};
 }
 
+ListedEvent listed(icalcomponent* component) {
+    ListedEvent event;
+    event.title = orEmpty(icalcomponent_get_summary(component));
+    const icaltimetype start = icalcomponent_get_dtstart(component);
+    event.hasTime = icaltime_is_null_time(start) == 0 && icaltime_is_date(start) == 0;
+    event.isUtc = icaltime_is_utc(start) != 0;
+    event.year = start.year;
+    event.month = start.month;
+    event.day = start.day;
+    event.hour = start.hour;
+    event.minute = start.minute;
+    return event;
+}
+
+ListedCalendar listEvents(std::string_view calendar) {
+    icalerror_set_errors_are_fatal(0);
+    const OwnedComponent root(icalparser_parse_string(std::string(calendar).c_str()));
+    if (!root) return {};
+    ListedCalendar list{true, icalcomponent_count_errors(root.get()) == 0, {}};
+    for (auto* event = icalcomponent_get_first_component(root.get(), ICAL_VEVENT_COMPONENT); event != nullptr;
+         event = icalcomponent_get_next_component(root.get(), ICAL_VEVENT_COMPONENT)) {
+        list.events.push_back(listed(event));
+    }
+    return list;
+}
+
 }  // namespace
 }  // namespace quode
 
 extern "C" const quode::IcalModule quodeIcal;
-const quode::IcalModule quodeIcal{&quode::writtenEvent, &quode::parsedEvent};
+const quode::IcalModule quodeIcal{&quode::writtenEvent, &quode::parsedEvent, &quode::listEvents};
