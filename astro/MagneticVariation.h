@@ -25,7 +25,8 @@ struct FieldComponents {
 /// Source: International Geomagnetic Reference Field, 11th generation: C. C. Finlay and others, Geophysical Journal
 /// International 183 (2010) 1216; synthesis as in the public-domain geomag program of the US National Geophysical Data
 /// Center.
-/// Fixed names: all, except the constants, `Coefficients`, `Field`, `fieldAt`, `PlaceTerms`, `termsAt` and `declination`.
+/// Fixed names: all, except the constants, `Coefficients`, `Field`, `fieldAt`, `TermsOf`,
+/// `PlaceTerms`, `termsAt`, `declination`, `Point` and `declinations`.
 class MagneticVariation {
   public:
     static constexpr int mainDegree = 13;   ///< degree and order of the main field
@@ -70,7 +71,7 @@ class MagneticVariation {
     static Field fieldAt(int day, int month, int year);
 
     /// The part of the synthesis that depends on the place alone, for `declination` on many dates.
-    /// @tparam Value  double, or two of them side by side for two places
+    /// @tparam Value  double, or a vector of two for two places
     template <typename Value>
     struct TermsOf {
         Value cosTilt{}, sinTilt{}, sinLatitude{}, cosLatitude{};
@@ -85,13 +86,14 @@ class MagneticVariation {
     /// The result of `getMagneticVariation`, without filling fields.
     static double declination(const Field& field, const PlaceTerms& place);
 
+    /// A point for `declinations`.
     struct Point {
         double latitude, longitude;  ///< degrees, north and east positive
         double altitude;             ///< metres
     };
 
-    /// The declinations at many places on one date, two at a time: the same bits as one by one, sooner.
-    /// @param results  as many as there are places
+    /// The declinations at many places on one date, two at a time: the same bits as one by one, but faster.
+    /// @param results  as many as places
     static void declinations(const Field& field, std::span<const Point> places, std::span<double> results);
 
     /// Magnetic declination. Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, the `Temp`
