@@ -21,7 +21,8 @@ struct Comparison {
 };
 
 /// The numeric rows of tests/fixtures/truth/NAME.csv; lines that begin with # and the header are left out, texts count
-/// as 0. Throws when the file cannot be read or has no rows.
+/// as 0.
+/// @throw std::exception  when the file cannot be read or has no rows
 std::vector<std::vector<double>> rowsOf(const std::string& name);
 
 /// The comparisons of each part of the engine.
