@@ -64,10 +64,12 @@ class MagneticVariation {
     /// @param target  3: the fields of the date; 4: the `Temp` fields, one year later
     void DIHF(int target);
 
-    /// The coefficients of a date, for `declination` at many places.
+    /// Coefficients for `declination` at many places.
     struct Field {
         Coefficients coefficients{};
     };
+
+    /// The coefficients of a date, extrapolated outside 2010 to 2015.
     static Field fieldAt(int day, int month, int year);
 
     /// The part of the synthesis that depends on the place alone, for `declination` on many dates.
@@ -79,6 +81,8 @@ class MagneticVariation {
         std::array<Value, mainDegree + 1> scales{}, sines{}, cosines{};
     };
     using PlaceTerms = TermsOf<double>;
+
+    /// The terms of a place.
     /// @param latitude,longitude  degrees, north and east positive
     /// @param altitude            metres
     static PlaceTerms termsAt(double latitude, double longitude, double altitude);
@@ -108,16 +112,16 @@ class MagneticVariation {
                                  int latitudeSeconds, int longitudeDegrees, int longitudeMinutes, int longitudeSeconds,
                                  double altitude);
 
-    const Coefficients& gha() const { return gha_; }                 ///< the field at the date
-    const Coefficients& ghb() const { return ghb_; }                 ///< the field one year later
-    double iDeclination() const { return now_.declination; }         ///< east positive, see `getMagneticVariation`
-    double iInclination() const { return now_.inclination; }         ///< downward
-    double iHorizontalIntensity() const { return now_.horizontal; }  ///< nT
-    double iTotalIntensity() const { return now_.total; }            ///< nT
-    double iDeclinationTemp() const { return nextYear_.declination; }
-    double iInclinationTemp() const { return nextYear_.inclination; }
-    double iHorizontalIntensityTemp() const { return nextYear_.horizontal; }
-    double iTotalIntensityTemp() const { return nextYear_.total; }
+    const Coefficients& gha() const { return gha_; }                   ///< the field at the date
+    const Coefficients& ghb() const { return ghb_; }                   ///< the field one year later
+    double iDeclination() const { return now_.declination; }           ///< east positive, see `getMagneticVariation`
+    double iInclination() const { return now_.inclination; }           ///< downward
+    double iHorizontalIntensity() const { return now_.horizontal; }    ///< nT
+    double iTotalIntensity() const { return now_.total; }              ///< nT
+    double iDeclinationTemp() const { return nextYear_.declination; }  ///< one year later, radians
+    double iInclinationTemp() const { return nextYear_.inclination; }  ///< one year later, radians
+    double iHorizontalIntensityTemp() const { return nextYear_.horizontal; }  ///< one year later, nT
+    double iTotalIntensityTemp() const { return nextYear_.total; }            ///< one year later, nT
 
   private:
     struct Elements {
