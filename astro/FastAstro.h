@@ -220,7 +220,7 @@ class FastAstro {
     SunInfoForPray SunInformationForPray(int day, int month, int year);
 
     /// The safety margin for a latitude, interpolated in a table of whole degrees. The table ends at 60 degrees; beyond,
-    /// its last row holds.
+    /// its last row applies.
     /// @param latitude    degrees, north or south
     /// @param height500m  true: for 500 m of height, else for 250 m
     /// @return hours
@@ -298,8 +298,8 @@ class FastAstro {
     /// @return degrees
     double MoonTrueAltitude(double julianDay);
 
-    /// Altitude of the Moon as the observer sees it: less the parallax, plus a sixtieth of what `Refract` gives. Changes
-    /// what `MoonDecRA` changes.
+    /// Altitude of the Moon as the observer sees it: less the parallax, plus a sixtieth of the value of `Refract`.
+    /// Changes what `MoonDecRA` changes.
     /// @param date  universal time; the parallax is that of its noon
     /// @return degrees
     double MoonAppAltitude(const VAKDate& date);
@@ -317,7 +317,7 @@ class FastAstro {
     /// @param distance                    astronomical units
     void DiurnalParallax(double& rightAscension, double& declination, double siderealAngle, double distance) const;
 
-    /// Topocentric altitude and azimuth, degrees, of what the record `Moon` holds. Needs `CalculateTLong`.
+    /// Topocentric altitude and azimuth, degrees, of the record `Moon`. Needs `CalculateTLong`.
     void MoonAltitudeAzimuth(double& altitude, double& azimuth) const;
 
     /// Azimuth of the Moon for the observer.
@@ -413,7 +413,7 @@ class FastAstro {
 
     /// Moves the record of a new moon (universal time) forward to the moment at which the Moon stands 7.97 degrees from
     /// the Sun, far enough to be seen; that is 13 to 20 hours later. When there is no such moment within the next days
-    /// (the record was not that of a new moon, or lies thousands of years away) the record keeps the last moment tried
+    /// (the record was not that of a new moon, or is thousands of years away) the record keeps the last moment tried
     /// and the log gets a message.
     void GetCrescentDate(VAKDate& date);
 
