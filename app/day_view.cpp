@@ -173,19 +173,6 @@ Json declinationJson(const CityDay& day) {
     return object({{"degrees", day.declination}, {"model", magneticModel}, {"epoch", MagneticVariation::modelEpoch}});
 }
 
-double bearingOf(const KiblePair& kible) {
-    return kible.K > 0.0 ? 360.0 - kible.K : std::abs(kible.K);
-}
-
-Fallbacks fallbacksOf(const PrayTimes& times, int code) {
-    const PrayerFacts& facts = factsOf(code);
-    Fallbacks fallbacks;
-    // Noon does not depend on the latitude.
-    fallbacks.latitude = times.isLatitudeChanged && facts.prayer != Prayer::dhuhr;
-    fallbacks.earlierDay = facts.isEarlierDay != nullptr && times.*facts.isEarlierDay;
-    return fallbacks;
-}
-
 std::optional<double> computedLatitude(const PrayTimes& times) {
     if (!times.isLatitudeChanged) return std::nullopt;
     return times.newLat - std::copysign(1.0, times.newLat);  // newLat is the one before the last step

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -109,6 +110,12 @@ class Session {
     void printJson(const Json& json) { output_ += json.text(); }
     const std::string& output() const { return output_; }
 
+    /// Where messages go from now on; at first they are written to the standard error.
+    void setMessenger(std::function<void(std::string_view message)> messenger) { messenger_ = std::move(messenger); }
+
+    /// Reports something that keeps nothing from being done.
+    void tell(std::string_view message) const { messenger_(message); }
+
     /// What the program ends with after a command that did not fail.
     ExitCode exitCode() const { return exitCode_; }
 
@@ -134,6 +141,7 @@ class Session {
     GlobalFuncs* services_ = nullptr;
     bool textsAreLoaded_ = false;
     std::string output_;
+    std::function<void(std::string_view)> messenger_ = writeMessage;
     ExitCode exitCode_ = ExitCode::ok;
 };
 

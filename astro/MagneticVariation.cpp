@@ -18,13 +18,13 @@ constexpr double polarRadius2 = 40408588.0;
 constexpr double referenceRadius = 6371.2001953125;  // km
 constexpr double lastLatitude = 89.9990005493164;
 
-/// Where the synthesis is made: geocentric latitude and radius, and the angle between the two verticals.
+/// The point of a synthesis: geocentric latitude and radius, and the angle between the two verticals.
 struct Station {
     double sinLatitude, cosLatitude, radius;
     double cosTilt = 1.0, sinTilt = 0.0;
 };
 
-/// Two places side by side; each of them goes through the same steps as it would alone.
+/// Values of two places; each takes the same steps as alone.
 using Pair = double __attribute__((vector_size(16)));
 
 Station stationAt(bool geodetic, double latitude, double altitude) {
@@ -42,7 +42,7 @@ Station stationAt(bool geodetic, double latitude, double altitude) {
     return {s * cosTilt - c * sinTilt, c * cosTilt + s * sinTilt, radius, cosTilt, sinTilt};
 }
 
-/// The factors of the recurrences that no place enters, by degree and order.
+/// The factors of the recurrences that do not depend on the place, by degree and order.
 struct Recurrence {
     double a, b, c, bByDegree, diagonal;
 };
@@ -125,7 +125,7 @@ void setPlace(MagneticVariation::TermsOf<Value>& terms, std::size_t i, const Sta
     for (int n = 1; n <= degree; ++n) setLane(terms.scales[static_cast<std::size_t>(n)], i, std::pow(ratio, n + 2));
 }
 
-/// What follows from the place that was set.
+/// Computes the terms that follow from `setPlace`.
 template <typename Value>
 void finishTerms(MagneticVariation::TermsOf<Value>& terms, int degree) {
     legendre(terms.sinLatitude, terms.cosLatitude, degree, terms.P, terms.Q);

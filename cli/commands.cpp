@@ -60,9 +60,10 @@ std::vector<Command> allCommands() {
         group("city", _("Choose your cities; find and show others"),
               {cityListCommand(), cityAddCommand(), cityRemoveCommand(), cityHomeCommand(), cityMoveCommand(),
                citySearchCommand(), cityShowCommand()}),
-        group("alarm", _("Alarms for the prayers"),
-              {alarmListCommand(), alarmSetCommand(), alarmOnCommand(), alarmOffCommand(), alarmUpcomingCommand(),
-               alarmTestCommand()}),
+        group(
+            "alarm", _("Alarms for the prayers"),
+            {alarmListCommand(), alarmSetCommand(), alarmOnCommand(), alarmOffCommand(), alarmDaysCommand(),
+             alarmRemindCommand(), alarmSkipCommand(), alarmMuteCommand(), alarmUpcomingCommand(), alarmTestCommand()}),
         group("method", "The method of the times, and your own minutes",
               {methodListCommand(), methodShowCommand(), methodSuggestCommand(), methodCompareCommand(),
                methodSetCommand(), methodImportCommand(), methodRemoveTableCommand()}),

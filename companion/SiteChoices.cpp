@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "companion/SiteChoices.h"
 
+#include <set>
+#include <string>
+
 #include "companion/user_connection.h"
 
 namespace quode {
@@ -58,6 +61,23 @@ void forgetTimetable(UserConnection& connection, int cityId) {
         createTables(connection);
         removeTimetable(connection, cityId);
     });
+}
+
+void salvageSiteChoices(UserConnection& connection, const std::filesystem::path& damaged) {
+    sqlite3* opened = nullptr;
+    sqlite3_open_v2(damaged.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
+    const sqlite::Database database(opened);
+    std::set<int> ids;
+    for (const std::string table : {"USER_METHOD", "USER_TIMETABLE"}) {
+        const sqlite::Statement row = sqlite::prepare(opened, "SELECT CITYID FROM " + table + " WHERE CITYID >= 0");
+        while (row && sqlite3_step(row.get()) == SQLITE_ROW) ids.insert(sqlite3_column_int(row.get(), 0));
+    }
+    for (const int id : ids) {
+        const SiteChoice choice = readSiteChoice(opened, id);
+        if (choice.isUnreadable || conventions::problemOf(choice.method)) continue;
+        if (!choice.method.isDefault()) storeMethod(connection, id, choice.method, choice.height);
+        if (choice.table && !choice.table->rows.empty()) storeTimetable(connection, id, *choice.table);
+    }
 }
 
 void forgetSiteChoice(UserConnection& connection, int cityId) {

@@ -4,6 +4,8 @@
 // when the first choice is made. Failures are `UserDatabaseError`; nothing has been changed then.
 #pragma once
 
+#include <filesystem>
+
 #include "data/SiteChoice.h"
 
 namespace quode {
@@ -20,6 +22,10 @@ void storeTimetable(UserConnection& connection, int cityId, const Timetable& tab
 void storeIqama(UserConnection& connection, int cityId, const IqamaRules& rules);
 
 void forgetTimetable(UserConnection& connection, int cityId);
+
+/// Copies the choices of cities from a damaged database, as far as they can be read and make sense. They hold again for
+/// a city that the user adds again. Those of the user's own places are left, for their numbers will mean other places.
+void salvageSiteChoices(UserConnection& connection, const std::filesystem::path& damaged);
 
 /// Forgets method, timetable and congregation times of a city.
 void forgetSiteChoice(UserConnection& connection, int cityId);

@@ -13,7 +13,7 @@ constexpr const char* rowsQuery = "SELECT DAY, TIMES FROM USER_TIMETABLE_ROW WHE
 constexpr const char* iqamaQuery = "SELECT TIMES FROM USER_IQAMA WHERE CITYID = ?1";
 constexpr int lockPatienceMs = 2000;
 
-/// A query about a city; nothing when the table does not exist yet.
+/// A query for a city; null when the table does not exist yet.
 sqlite::Statement queryOf(sqlite3* database, const char* sql, int cityId) {
     sqlite::Statement statement = sqlite::prepare(database, sql);
     if (statement) sqlite3_bind_int(statement.get(), 1, cityId);

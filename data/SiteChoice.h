@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What the user chose for the times of a city: a method, and perhaps a table of their mosque. Kept in the user database
-// in tables of their own; without a choice the engine's own method holds.
+// The user's choice for the times of a city: a method, and optionally a timetable of a mosque. The user database stores
+// it; without a choice the engine's own method applies.
 #pragma once
 
 #include <filesystem>
@@ -15,14 +15,15 @@ struct sqlite3;
 
 namespace quode {
 
+/// The choice for one city.
 struct SiteChoice {
     conventions::Method method;
-    double height = 0.0;                     ///< metres above sea level, as the city database has it
-    std::shared_ptr<const Timetable> table;  ///< nullptr: none was imported
-    IqamaRules iqama;                        ///< where the table of a day has none
+    double height = 0.0;                     ///< metres above sea level, from the city database
+    std::shared_ptr<const Timetable> table;  ///< nullptr: no table is imported
+    IqamaRules iqama;                        ///< for days without one in the table
     bool isUnreadable = false;               ///< a choice is stored, but this version cannot read it
 
-    /// Whether the times are the engine's own. The congregation's times change none of them.
+    /// True when the engine's own method applies to every day. The congregation's times do not matter.
     bool isDefault() const { return method.isDefault() && !table; }
 
     friend bool operator==(const SiteChoice& a, const SiteChoice& b) {
@@ -32,7 +33,7 @@ struct SiteChoice {
     }
 };
 
-/// The choice for a city; the default when none is stored.
+/// Reads the choice for a city; the default when none is stored.
 SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId);
 
 /// The same from a file that is not open yet; the default when it cannot be read.

@@ -33,7 +33,8 @@ std::vector<std::string_view> wordsOf(std::string_view text) {
     return words;
 }
 
-/// Reads a minute, or "-" for none. Returned: false when the word is neither.
+/// Reads a minute, or "-" for no value.
+/// @return false when the word is neither
 bool readMinute(std::string_view word, std::optional<int>& minute) {
     if (word == "-") return true;
     minute = numberOf<int>(word);

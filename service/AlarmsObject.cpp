@@ -7,13 +7,12 @@
 #include <algorithm>
 #include <map>
 
-#include "app/alarm_calendar.h"
+#include "app/alarm_changes.h"
+#include "app/alarm_habits.h"
 #include "app/alarm_sounds.h"
 #include "app/day_view.h"
 #include "app/user_alarms.h"
-#include "app/user_data.h"
 #include "companion/RingRecords.h"
-#include "companion/user_connection.h"
 #include "platform/folders.h"
 #include "service/bus.h"
 #include "texts/translation.h"
@@ -26,6 +25,7 @@ namespace {
 using namespace app;
 
 constexpr const char* interfaceName = "org.quode.Quode1.Alarms";
+constexpr std::chrono::seconds longestMute = std::chrono::days(366);
 
 Context& contextOf(void* context) {
     return *static_cast<Context*>(context);
@@ -111,14 +111,9 @@ int setAlarm(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "sis", &prayer, &offset, &sound));
         const int code = alarmOfKey(prayer);
         Session& session = contextOf(context).home->freshSession();
-        const std::string chosen = *sound == '\0' ? "" : soundNamedByUser(session, sound);
-        UserDatabase database = userDatabaseToChange(session);
-        AlarmCalendar calendar(session, database);
-        calendar.change([&] {
-            const UserAlarm alarm = database.alarm(code);
-            const std::string kept = alarm.sound.empty() ? loadSettings(database).defaultSound : alarm.sound;
-            database.setUpAlarm(code, offset, chosen.empty() ? kept : chosen);
-        });
+        std::optional<std::string> chosen;
+        if (*sound != '\0') chosen = soundNamedByUser(session, sound);
+        setUpAlarms(session, {code}, offset, chosen);
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -129,18 +124,32 @@ int enable(sd_bus_message* call, void* context, sd_bus_error* error) {
         int isOn = 0;
         check(sd_bus_message_read(call, "sb", &prayer, &isOn));
         const int code = alarmOfKey(prayer);
+        switchAlarms(contextOf(context).home->freshSession(), {code}, isOn != 0);
+        check(sd_bus_reply_method_return(call, ""));
+    });
+}
+
+int skip(sd_bus_message* call, void* context, sd_bus_error* error) {
+    return answering(error, [&] {
+        const char* prayer = nullptr;
+        check(sd_bus_message_read(call, "s", &prayer));
+        const int code = alarmOfKey(prayer);
+        const auto next = skipNext(contextOf(context).home->freshSession(), code);
+        check(sd_bus_reply_method_return(call, "x", next ? secondsOf(next->due) : std::int64_t(0)));
+    });
+}
+
+int muteUntil(sd_bus_message* call, void* context, sd_bus_error* error) {
+    return answering(error, [&] {
+        std::int64_t instant = 0;
+        check(sd_bus_message_read(call, "x", &instant));
         Session& session = contextOf(context).home->freshSession();
-        UserDatabase database = userDatabaseToChange(session);
-        AlarmCalendar calendar(session, database);
-        if (!isOn) {
-            calendar.switchOff(code);
-        } else {
-            if (!database.home()) throw BusError(notFoundError, _("An alarm rings for your home city. Choose one."));
-            const UserAlarm alarm = database.alarm(code);
-            const std::string sound = alarm.sound.empty() ? loadSettings(database).defaultSound : alarm.sound;
-            database.setUpAlarm(code, alarm.offset, sound);
-            calendar.switchOn(code);
+        const bool isFar = instant > secondsOf(session.now()) + longestMute.count();
+        if (instant != 0 && (instant <= secondsOf(session.now()) || isFar)) {
+            throw BusError(invalidError, _("Give a moment of the coming year, or 0 to ring again."));
         }
+        mute(session,
+             instant == 0 ? std::nullopt : std::optional(std::chrono::sys_seconds(std::chrono::seconds(instant))));
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -194,6 +203,9 @@ const sd_bus_vtable vtable[] = {
                              setAlarm, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD_WITH_NAMES("Enable", "sb", SD_BUS_PARAM(prayer) SD_BUS_PARAM(on), "", , enable,
                              SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_NAMES("SkipNext", "s", SD_BUS_PARAM(prayer), "x", SD_BUS_PARAM(next), skip,
+                             SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_NAMES("MuteUntil", "x", SD_BUS_PARAM(instant), "", , muteUntil, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD("Stop", "", "", stop, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD("Snooze", "", "", snooze, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD_WITH_NAMES("Test", "s", SD_BUS_PARAM(prayer), "", , test, SD_BUS_VTABLE_UNPRIVILEGED),

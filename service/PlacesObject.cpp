@@ -3,7 +3,7 @@
 // The interface org.quode.Quode1.Places: the search, and the user's cities.
 #include <algorithm>
 
-#include "app/alarm_calendar.h"
+#include "app/city_changes.h"
 #include "app/user_data.h"
 #include "service/bus.h"
 #include "texts/translation.h"
@@ -64,21 +64,13 @@ int cityToAdd(Session& session, const char* text) {
                                    "LAT,LON --name NAME"));
 }
 
-/// Changes the user's cities; the alarms follow the home that they then have.
-void change(void* context, const std::function<void(UserDatabase&)>& change) {
-    Session& session = contextOf(context).home->freshSession();
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    calendar.change([&] { change(database); });
-}
-
 int add(sd_bus_message* call, void* context, sd_bus_error* error) {
     return answering(error, [&] {
         const char* text = nullptr;
         check(sd_bus_message_read(call, "s", &text));
         Session& session = contextOf(context).session();
         const int id = cityToAdd(session, text);
-        change(context, [&](UserDatabase& database) { database.addCity(id); });
+        changeCities(contextOf(context).home->freshSession(), [&](UserDatabase& database) { database.addCity(id); });
         check(sd_bus_reply_method_return(call, "i", id));
     });
 }
@@ -89,7 +81,7 @@ int setHome(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "s", &text));
         Session& session = contextOf(context).session();
         const int id = cityToAdd(session, text);
-        change(context, [&](UserDatabase& database) {
+        changeCities(contextOf(context).home->freshSession(), [&](UserDatabase& database) {
             const auto cities = database.cities();
             if (std::ranges::find(cities, id, &UserCity::id) == cities.end()) database.addCity(id);
             database.chooseHome(id);
@@ -102,7 +94,7 @@ int removeCity(sd_bus_message* call, void* context, sd_bus_error* error) {
     return answering(error, [&] {
         int id = 0;
         check(sd_bus_message_read(call, "i", &id));
-        change(context, [&](UserDatabase& database) {
+        changeCities(contextOf(context).home->freshSession(), [&](UserDatabase& database) {
             const auto cities = database.cities();
             const bool isThere = std::ranges::find(cities, id, &UserCity::id) != cities.end();
             if (!isThere) throw BusError(notFoundError, _("No city of yours has the id {}.", id));

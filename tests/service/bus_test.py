@@ -260,6 +260,11 @@ class Answers(ServiceTest):
         self.assertIn("SUMMARY:Maghrib", pathlib.Path(self.folder + "/data/Quode.ics").read_text(encoding="utf-8"))
         rings = self.bus.call(NAME + ".Alarms.Upcoming")[0]
         self.assertEqual([(rings[0][0], rings[0][3] - rings[0][2])], [("maghrib", 600)])
+        later = self.bus.call(NAME + ".Alarms.SkipNext", "(s)", ("maghrib",))[0]
+        self.assertAlmostEqual(later, rings[0][2] + 86400, delta=300)
+        self.assertEqual(self.bus.error(NAME + ".Alarms.MuteUntil", "(x)", (1,)), "org.quode.Error.InvalidArgument")
+        self.bus.call(NAME + ".Alarms.MuteUntil", "(x)", (rings[0][2] + 7200,))
+        self.bus.call(NAME + ".Alarms.MuteUntil", "(x)", (0,))
         self.bus.call(NAME + ".Alarms.Enable", "(sb)", ("maghrib", False))
         self.assertEqual(self.bus.call(NAME + ".Alarms.Upcoming")[0], [])
 

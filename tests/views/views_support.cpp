@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "views_support.h"
 #include "support/fixtures.h"
+#include "texts/translation.h"
 
 #include <QAccessibleActionInterface>
 #include <QApplication>
@@ -33,7 +34,7 @@ void sendKey(QWidget& widget, QEvent::Type type, Qt::Key key) {
     QApplication::sendEvent(&widget, &event);
 }
 
-// What is hidden is not told of; a root that is not on a screen counts as shown.
+// Hidden elements are not reported; a root that is not on a screen counts as shown.
 void collect(QAccessibleInterface* element, QWidget& root, std::vector<QAccessibleInterface*>& elements) {
     const auto* widget = qobject_cast<QWidget*>(element->object());
     if (widget != nullptr && widget != &root && !widget->isVisibleTo(&root)) return;
@@ -65,6 +66,7 @@ ViewsTest::ViewsTest() : globalFuncs(GlobalFuncs::startUp(device.platform())) {
 void ViewsTest::speak(const std::string& language) {
     ASSERT_TRUE(globalFuncs.setLanguage(language));
     ASSERT_FALSE(globalFuncs.loadLanguageFile());
+    useLanguage(language, QUODE_BUNDLE);
 }
 
 QPoint middleOf(const QWidget& widget) {
