@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 
 namespace quode {
 
@@ -56,15 +57,27 @@ class MagneticVariation {
     static Field fieldAt(int day, int month, int year);
 
     /// What the synthesis takes from a place and no date enters, for `declination` on many dates.
-    struct PlaceTerms {
-        double cosTilt = 1.0, sinTilt = 0.0, sinLatitude = 0.0, cosLatitude = 1.0;
-        std::array<double, 104> P{}, Q{};
-        std::array<double, mainDegree + 1> scales{}, sines{}, cosines{};
+    /// @tparam Value  double, or two of them side by side for two places
+    template <typename Value>
+    struct TermsOf {
+        Value cosTilt{}, sinTilt{}, sinLatitude{}, cosLatitude{};
+        std::array<Value, 104> P{}, Q{};
+        std::array<Value, mainDegree + 1> scales{}, sines{}, cosines{};
     };
+    using PlaceTerms = TermsOf<double>;
     static PlaceTerms termsAt(double latitude, double longitude, double altitude);
 
     /// What `getMagneticVariation` returns, and nothing else.
     static double declination(const Field& field, const PlaceTerms& place);
+
+    struct Point {
+        double latitude, longitude;  ///< degrees, north and east positive
+        double altitude;             ///< metres
+    };
+
+    /// The declinations at many places on one date, two at a time: the same bits as one by one, sooner.
+    /// @param results  as many as there are places
+    static void declinations(const Field& field, std::span<const Point> places, std::span<double> results);
 
     /// Magnetic declination. Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, those of
     /// `Temp` in radians.

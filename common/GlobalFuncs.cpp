@@ -99,8 +99,8 @@ void GlobalFuncs::detectSystemVersion() {
 
 void GlobalFuncs::getLangId() {
     const Locale& locale = *platform_.locale;
-    clockConvention_.amSym = locale.lowerCased(locale.amSymbol());
-    clockConvention_.pmSym = locale.lowerCased(locale.pmSymbol());
+    clockConvention_.amSym = locale.lowerAmSymbol();
+    clockConvention_.pmSym = locale.lowerPmSymbol();
     const bool isTurkish = clockConvention_.amSym == "öö" && clockConvention_.pmSym == "ös";
     languageId_ = chosenLanguageId_.value_or(isTurkish ? languageTurkish : languageEnglish);
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/city_days.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <tuple>
 
@@ -26,6 +28,21 @@ VAKDate dayAfter(const VAKDate& day) {
                             : VAKDateMake(1, 1, next.Years + 1, 0, 0, 0);
 }
 
+void setDeclinations(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results) {
+    constexpr std::size_t most = 64;
+    const auto field = MagneticVariation::fieldAt(day.Days, day.Months, day.Years);
+    std::array<MagneticVariation::Point, most> points;
+    std::array<double, most> declinations;
+    for (std::size_t first = 0; first < sites.size(); first += most) {
+        const std::size_t count = std::min(most, sites.size() - first);
+        for (std::size_t i = 0; i < count; ++i) {
+            points[i] = {sites[first + i].latitude, sites[first + i].longitude, declinationHeight};
+        }
+        MagneticVariation::declinations(field, std::span(points).first(count), declinations);
+        for (std::size_t i = 0; i < count; ++i) results[first + i].declination = declinations[i];
+    }
+}
+
 bool isAfter(const VAKDate& a, const VAKDate& b) {
     return std::tie(a.Years, a.Months, a.Days) > std::tie(b.Years, b.Months, b.Days);
 }
@@ -38,9 +55,13 @@ CityDays::CityDays() : memo_(std::make_unique<SkyMemo>()), termsLatitude_(noPlac
 }
 
 void CityDays::compute(const Site& site, const VAKDate& day, CityDay& result) {
+    computeTimesAndSky(site, day, result);
+    result.declination = declination(site, day);
+}
+
+void CityDays::computeTimesAndSky(const Site& site, const VAKDate& day, CityDay& result) {
     computeTimes(site, day, result);
     result.sky = withLocalSun(engine_.getSomeInfoForQuodeWidget(), result.GMTValue);
-    result.declination = declination(site, day);
 }
 
 void CityDays::computeTimes(const Site& site, const VAKDate& day, CityDay& result) {
@@ -90,7 +111,8 @@ void computeDayTimes(const Site& site, std::span<const VAKDate> days, std::span<
 
 void computeDays(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results) {
     CityDays series;
-    for (std::size_t i = 0; i < sites.size(); ++i) series.compute(sites[i], day, results[i]);
+    for (std::size_t i = 0; i < sites.size(); ++i) series.computeTimesAndSky(sites[i], day, results[i]);
+    setDeclinations(sites, day, results);
 }
 
 }  // namespace quode

@@ -26,6 +26,9 @@ class CityDays {
     /// Only the date, the prayer times, the clock and the qibla of a day; the rest of the record stays as it is.
     void computeTimes(const Site& site, const VAKDate& day, CityDay& result);
 
+    /// A whole day but for the declination, which stays as it is: see `MagneticVariation::declinations`.
+    void computeTimesAndSky(const Site& site, const VAKDate& day, CityDay& result);
+
   private:
     double declination(const Site& site, const VAKDate& day);
 

@@ -52,9 +52,10 @@ QPixmap pixmap(int size) {
 }  // namespace
 
 QIcon quodeIcon() {
+    if (QIcon themed = QIcon::fromTheme("quode"); !themed.isNull()) return themed;
     QIcon drawn;
     for (const int size : {16, 22, 24, 32, 48, 64}) drawn.addPixmap(pixmap(size));
-    return QIcon::fromTheme("quode", drawn);
+    return drawn;
 }
 
 }  // namespace quode::host

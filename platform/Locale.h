@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace quode {
 
@@ -36,8 +35,9 @@ class Locale {
     /// A date pattern for an hour alone: it holds an "a" where hours have an AM/PM sign.
     virtual std::string hourPattern() const = 0;
 
-    /// The text in lower case, by the rules that hold for every language.
-    virtual std::string lowerCased(std::string_view text) const = 0;
+    /// The two signs in lower case, by the rules that hold for every language, such as "öö" and "ös".
+    virtual std::string lowerAmSymbol() const = 0;
+    virtual std::string lowerPmSymbol() const = 0;
 };
 
 }  // namespace quode

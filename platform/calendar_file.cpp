@@ -44,6 +44,7 @@ std::string unreadableEvent(std::string_view identifier, const fs::path& file, s
 LoadedCalendar loadCalendar(const fs::path& file) {
     FileContent content = readWholeFile(file, kLargestFile);
     if (!content.outcome.ok || !content.bytes) return {asStatus(content.outcome), std::nullopt, {}};
+    if (auto problem = problemOfCalendars()) return {{false, std::move(*problem)}, std::nullopt, {}};
     ScannedCalendar scanned = scanCalendar(std::move(*content.bytes));
     if (scanned.calendar) return {{}, std::move(scanned.calendar), {}, content.stamp};
     StoreStatus status{false, _("{} cannot be read as a calendar: {}. Repair it, or switch an alarm on: the file is "

@@ -13,6 +13,10 @@
 
 namespace quode {
 
+/// Why no calendar can be read or written here, as a message for the user; no value: they can. While there is a problem, `eventText`
+/// and `readEvent` must not be called.
+std::optional<std::string> problemOfCalendars();
+
 /// Why the event cannot be written, as a message for the user; no value: it can.
 std::optional<std::string> problemOfEvent(const CalendarEvent& event);
 

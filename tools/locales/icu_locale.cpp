@@ -7,7 +7,9 @@
 #include <unicode/unistr.h>
 #include <unicode/ures.h>
 
-#include "platform/system_platform.h"
+#include <optional>
+
+#include "tools/locales/icu_locale.h"
 
 namespace quode {
 namespace {
@@ -48,6 +50,16 @@ Resource part(const Resource& whole, const std::string& key) {
     return U_SUCCESS(status) ? std::move(found) : nullptr;
 }
 
+// The letter of the hours that an entry of the table of countries prefers.
+std::optional<char16_t> preferredLetter(const Resource& country) {
+    const Resource preferred = country ? part(country, "preferred") : nullptr;
+    if (!preferred) return std::nullopt;
+    UErrorCode status = U_ZERO_ERROR;
+    std::int32_t length = 0;
+    const UChar* const letter = ures_getString(preferred.get(), &length, &status);
+    return U_SUCCESS(status) && length == 1 ? std::optional(*letter) : std::nullopt;
+}
+
 // The letter of the hours that a country prefers: 'H' or 'k' of 24, 'h' or 'K' of 12; nothing when it is not known.
 std::optional<char16_t> preferredHours(const icu::Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
@@ -59,12 +71,7 @@ std::optional<char16_t> preferredHours(const icu::Locale& locale) {
     if (!hours) return std::nullopt;
     const std::string country = full.getCountry();
     for (const std::string& key : {full.getLanguage() + ("_" + country), country, std::string("001")}) {
-        const Resource ofCountry = part(hours, key);
-        const Resource preferred = ofCountry ? part(ofCountry, "preferred") : nullptr;
-        if (!preferred) continue;
-        std::int32_t length = 0;
-        const UChar* const letter = ures_getString(preferred.get(), &length, &status);
-        if (U_SUCCESS(status) && length == 1) return *letter;
+        if (const auto letter = preferredLetter(part(hours, key))) return letter;
     }
     return std::nullopt;
 }
@@ -120,12 +127,14 @@ class IcuLocale : public Locale {
         return *hours == u'h' || *hours == u'K' ? "h a" : "HH";
     }
 
-    std::string lowerCased(std::string_view text) const override {
-        const icu::StringPiece piece(text.data(), static_cast<int>(text.size()));
-        return utf8(icu::UnicodeString::fromUTF8(piece).toLower(icu::Locale::getRoot()));
-    }
+    std::string lowerAmSymbol() const override { return lowerCased(amSymbol()); }
+    std::string lowerPmSymbol() const override { return lowerCased(pmSymbol()); }
 
   private:
+    static std::string lowerCased(const std::string& text) {
+        return utf8(icu::UnicodeString::fromUTF8(text).toLower(icu::Locale::getRoot()));
+    }
+
     std::string weekdayOf(int weekday, icu::DateFormatSymbols::DtContextType context,
                           icu::DateFormatSymbols::DtWidthType width) const {
         int count = 0;
@@ -156,15 +165,24 @@ class IcuLocale : public Locale {
 
 }  // namespace
 
-std::string localeNameFrom(const Environment& environment) {
-    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
-        if (auto name = nonEmpty(environment, variable)) return *name;
-    }
-    return "POSIX";
+std::unique_ptr<Locale> icuLocale(const std::string& name) {
+    return std::make_unique<IcuLocale>(name);
 }
 
-std::shared_ptr<Locale> icuLocale(const std::string& name) {
-    return std::make_shared<IcuLocale>(name.empty() ? localeNameFrom(processEnvironment()) : name);
+std::map<std::string, bool> twelveHourCountries() {
+    std::map<std::string, bool> countries;
+    UErrorCode status = U_ZERO_ERROR;
+    const Resource supplement(ures_openDirect(nullptr, "supplementalData", &status));
+    const Resource hours = U_SUCCESS(status) ? part(supplement, "timeData") : nullptr;
+    if (!hours) return countries;
+    for (ures_resetIterator(hours.get()); ures_hasNext(hours.get());) {
+        const Resource country(ures_getNextResource(hours.get(), nullptr, &status));
+        if (U_FAILURE(status)) break;
+        if (const auto letter = preferredLetter(country)) {
+            countries[ures_getKey(country.get())] = *letter == u'h' || *letter == u'K';
+        }
+    }
+    return countries;
 }
 
 }  // namespace quode
