@@ -82,6 +82,20 @@ Json timeJson(double hours) {
     return object({{"time", clock24(hours)}, {"hours", hours}});
 }
 
+std::string nightPartLabel(const NightPartName& part) {
+    if (part.hours == &NightParts::firstThird) return _("First third");
+    return part.hours == &NightParts::midnight ? _("Midnight") : _("Last third");
+}
+
+Json nightJson(const CityDay& day) {
+    const auto night = nightOf(day);
+    Json::Object parts;
+    for (const NightPartName& part : nightPartNames) {
+        parts.emplace_back(part.key, timeJson(night ? (*night).*part.hours : missingTime));
+    }
+    return Json(std::move(parts));
+}
+
 Json skyTimeJson(double hours) {
     return timeJson(hours < 0.0 ? missingTime : std::fmod(hours, hoursPerDay));
 }

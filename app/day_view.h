@@ -14,6 +14,7 @@
 #include "astro/MagneticVariation.h"
 #include "data/city_day.h"
 #include "data/fallbacks.h"
+#include "data/night_parts.h"
 #include "data/qibla.h"
 #include "data/zone_check.h"
 
@@ -36,6 +37,11 @@ Json timeJson(double hours);
 Json skyTimeJson(double hours);
 /// "2 h 13 min", rounded up to the minute, as the difference of two clock texts is.
 std::string durationText(std::chrono::seconds duration);
+
+/// "First third", "Midnight", "Last third".
+std::string nightPartLabel(const NightPartName& part);
+/// {"first_third": ..., "midnight": ..., "last_third": ...} of the night that begins on a day.
+Json nightJson(const CityDay& day);
 
 // --- dates
 /// The day of --date; nothing when it was not given. Throws `Failure` (usage).

@@ -163,7 +163,7 @@ GlobalFuncs& Session::services() {
     }
     services_ = &GlobalFuncs::startUp(platform);
     services_->setApplicationBundlePath(bundle().string());
-    if (const auto& problem = services_->dataFolderProblem()) writeMessage(*problem);
+    if (const auto& problem = services_->dataFolderProblem()) tell(*problem);
     // The widget has packs of four languages; its texts are English in every other one.
     if (!services_->chooseLanguage(language_.code)) services_->chooseLanguage("en");
     return *services_;
@@ -221,7 +221,7 @@ std::string Session::decimal(double value, int places, bool withSign) {
 }
 
 void Session::complain(std::string_view message, ExitCode code) {
-    writeMessage(message);
+    tell(message);
     exitCode_ = code;
 }
 

@@ -18,7 +18,7 @@ constexpr double polarRadius2 = 40408588.0;
 constexpr double referenceRadius = 6371.2001953125;  // km
 constexpr double lastLatitude = 89.9990005493164;
 
-/// Where the synthesis is made: geocentric latitude and radius, and the angle between the two verticals.
+/// The point of a synthesis: geocentric latitude and radius, and the angle between the two verticals.
 struct Station {
     double sinLatitude, cosLatitude, radius;
     double cosTilt = 1.0, sinTilt = 0.0;
@@ -42,7 +42,7 @@ Station stationAt(bool geodetic, double latitude, double altitude) {
     return {s * cosTilt - c * sinTilt, c * cosTilt + s * sinTilt, radius, cosTilt, sinTilt};
 }
 
-/// The factors of the recurrences that no place enters, by degree and order.
+/// The factors of the recurrences that do not depend on the place, by degree and order.
 struct Recurrence {
     double a, b, c, bByDegree, diagonal;
 };

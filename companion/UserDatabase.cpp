@@ -11,6 +11,8 @@
 #include "common/numbers.h"
 #include "common/printable.h"
 #include "common/utf8.h"
+#include "companion/AlarmHabits.h"
+#include "companion/RingRecords.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "companion/user_database_schema.h"
@@ -51,7 +53,9 @@ UserDatabase::UserDatabase(const std::filesystem::path& dataFolder, const CityDa
       device_(&device),
       connection_(std::make_unique<UserConnection>(
           userDatabaseFile(dataFolder), patience, [this] { return firstCity(); }, notices_)) {
-    if (connection_->isNew()) refreshPrayerTimes();
+    if (!connection_->isNew()) return;
+    RingRecords::reserve(dataFolder);  // the alarm service tries again, and reports a failure
+    refreshPrayerTimes();
 }
 
 UserDatabase::UserDatabase(std::unique_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device)
@@ -66,6 +70,12 @@ std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path
     auto connection = std::make_unique<UserConnection>(file, patience);
     if (connection->isEmpty()) return std::nullopt;
     return UserDatabase(std::move(connection), cities, device);
+}
+
+UserDatabase UserDatabase::openBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                          const Clock& device) {
+    return {std::make_unique<UserConnection>(userDatabaseFile(dataFolder), UserConnection::BehindLock{}), cities,
+            device};
 }
 
 UserDatabase::~UserDatabase() = default;
@@ -250,6 +260,7 @@ std::vector<UserAlarm> UserDatabase::readAlarms(const std::string& condition) co
                           sqlite3_column_double(columns, 2), std::move(sound), sqlite3_column_int(columns, 4) != 0,
                           sqlite::text(columns, 5)});
     }
+    readHabits(*connection_, alarms);
     return alarms;
 }
 
@@ -284,7 +295,7 @@ std::vector<AlarmOccurrence> UserDatabase::refreshPrayerTimes() {
     std::vector<std::pair<int, double>> changed;
     const std::vector<UserAlarm> all = alarms();
     std::vector<AlarmRule> rules;
-    for (const UserAlarm& alarm : all) rules.push_back({alarm.code, alarm.offset});
+    for (const UserAlarm& alarm : all) rules.push_back(alarm.rule());
     const std::vector<AlarmOccurrence> ofTheDay =
         alarmOccurrences(siteOf(*homeCity->city), rules, now, now + std::chrono::hours(25));
     for (const UserAlarm& alarm : all) {

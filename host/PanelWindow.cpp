@@ -19,13 +19,13 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "desktop/icon.h"
+#include "desktop/theme.h"
 #include "host/PanelFooter.h"
 #include "host/PanelHeader.h"
 #include "host/RowMarks.h"
-#include "host/icon.h"
 #include "host/panel_facts.h"
 #include "host/placement.h"
-#include "host/theme.h"
 #include "host/widgets.h"
 #include "views/MessageView.h"
 #include "views/contrast.h"

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Thousands of times what the alarms need; a larger file is none of a calendar's.
+// Thousands of times the size that alarms need; a larger file is not a calendar.
 constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 
 FileOutcome startAgain(const fs::path& file, const LoadedCalendar& loaded, std::string_view content, FileCalls& calls) {

@@ -11,7 +11,7 @@
 namespace quode {
 namespace {
 
-// A folder for temporary files will not do: others could make it before.
+// Not a folder for temporary files: other users could create it first.
 constexpr const char* noHome = "/nonexistent";
 
 std::string homeOfAccount() {

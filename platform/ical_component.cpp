@@ -16,8 +16,7 @@ using std::chrono::sys_seconds;
 
 constexpr std::string_view kProduct = "-//Quode//Prayer alarms//EN";
 
-// A time zone whose clock changes once or twice a year, as those of this earth do. To follow one that changes every
-// second would take for ever.
+// Time zones change their clocks once or twice a year. Expanding a rule that changes every second would take forever.
 bool isCalm(std::string_view zones) {
     constexpr std::size_t mostLines = 5000;
     std::size_t lines = 0;
@@ -54,7 +53,7 @@ std::optional<std::string> problemOfCalendars() {
 std::optional<std::string> problemOfEvent(const CalendarEvent& event) {
     using std::chrono::sys_days, std::chrono::year;
     if (auto problem = problemOfCalendars()) return problem;
-    // Calendar programs take a time after the year 2582 for none at all.
+    // Calendar programs treat a time after the year 2582 as missing.
     constexpr sys_seconds earliest = sys_days(year(1) / 1 / 1);
     constexpr sys_seconds past = sys_days(year(2501) / 1 / 1);
     if (event.allDay) return _("An alarm cannot last all day. Give it a time.");

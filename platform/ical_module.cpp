@@ -25,17 +25,17 @@ namespace {
 using std::chrono::seconds;
 using std::chrono::sys_seconds;
 
-// The length of an event in seconds as it was saved, noted where DTEND cannot express it.
+// A property with the length of a saved event in seconds, where DTEND cannot express it.
 constexpr std::string_view kOwnDuration = "X-QUODE-DURATION";
 
-// Which installation saved the event.
+// A property that identifies the installation that saved the event.
 constexpr std::string_view kOwnMark = "X-QUODE-INSTALLATION";
 constexpr seconds kShortestLength{60};
-constexpr long long kLongestNoted = 100'000'000'000;  // beyond the years that an event may have
+constexpr long long kLongestNoted = 100'000'000'000;  // beyond the valid years of an event
 
 constexpr int kLastSequence = std::numeric_limits<int>::max();
 
-// What a save sets again. An event that recurs or is cancelled would ring too often or not at all.
+// Properties that a save replaces or removes: an event that recurs or is cancelled would ring too often or not at all.
 constexpr std::array<std::string_view, 18> kOwnProperties{
     "BEGIN",    "END",           "UID",    "DTSTAMP", "DTSTART", "DTEND",  "DURATION", "SUMMARY",    "LOCATION",
     "SEQUENCE", "LAST-MODIFIED", "STATUS", "RRULE",   "RDATE",   "EXDATE", "EXRULE",   kOwnDuration, kOwnMark};
@@ -71,7 +71,7 @@ icaltimetype asIcalTime(sys_seconds time) {
     return result;
 }
 
-/// The text without what a calendar file cannot hold: control characters go, damaged characters become U+FFFD.
+/// A text that a calendar file can contain: without control characters, with U+FFFD for malformed ones.
 std::string printable(std::string_view text) {
     std::string result;
     while (!text.empty()) {
@@ -87,7 +87,7 @@ std::string printable(std::string_view text) {
     return result;
 }
 
-/// What an older text of the event hands on to the new one.
+/// The data that an older text of the event passes to the new one.
 struct Inheritance {
     int sequence = 0;
     std::string alarmUid;
@@ -132,7 +132,7 @@ std::string alarmText(const CalendarEvent& event, const Inheritance& old) {
 
 // ---- reading ----------------------------------------------------------------------------------------------------
 
-/// The time of a date property; times without a zone are taken in the device's zone. No value: it is malformed.
+/// The time of a date property; times without a zone are in the device's zone. Nothing when it is malformed.
 std::optional<sys_seconds> timeOf(icalproperty* property, icalcomponent* component) {
     const icaltimetype time = icalproperty_get_datetime_with_component(property, component);
     const bool wellFormed = !icaltime_is_null_time(time) && time.month >= 1 && time.month <= 12 && time.day >= 1 &&
@@ -158,7 +158,7 @@ seconds durationOf(const icaldurationtype& duration) {
     return seconds(icaldurationtype_as_int(duration));
 }
 
-/// The length that a save has noted, as long as nobody has changed the end since.
+/// The length that a save stored, unless the end was changed after it.
 std::optional<seconds> notedLength(std::string_view text, seconds written) {
     std::optional<seconds> noted;
     forEachContentLine(text, [&noted](const ContentLine& line) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What needs libical, and stands in the module "quode-ical.so" for that.
+// The functions that need libical, in the module "quode-ical.so".
 #pragma once
 
 #include <chrono>
@@ -27,11 +27,12 @@ struct ListedCalendar {
     std::vector<ListedEvent> events;
 };
 
+/// The functions of the module.
 struct IcalModule {
-    /// As the function of this name in "platform/ical_component.h".
+    /// See "platform/ical_component.h".
     std::string (*eventText)(const CalendarEvent& event, std::string_view oldText, std::chrono::sys_seconds now);
 
-    /// Reads the text of a VEVENT, given that of the VTIMEZONEs which it names. The problem is in English.
+    /// Reads the text of a VEVENT, with the text of the VTIMEZONEs that it refers to. The problem is in English.
     ReadEvent (*readEvent)(std::string_view event, std::string_view zones);
 
     /// The events of a whole calendar, in their order.
@@ -41,7 +42,7 @@ struct IcalModule {
 /// The loaded module; null when it cannot be loaded, see `problemOfCalendars`.
 const IcalModule* icalModule();
 
-/// The name under which the module gives its functions.
+/// The symbol of the module's functions.
 inline constexpr const char* icalSymbol = "quodeIcal";
 
 }  // namespace quode

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The habits of locales, as ICU had them when Quode was built (tools/locales): loading ICU takes longer than a day's times.
+// The conventions of locales from the ICU of the build (tools/locales): loading ICU takes longer than computing a day.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace quode::locale_table {
 
-/// Texts are offsets into `texts`, where each ends with a zero byte.
+/// The conventions of a locale. Texts are offsets into `texts`, where each ends with a zero byte.
 struct Habits {
     std::uint32_t months[12];
     std::uint32_t shortMonths[12];
@@ -19,12 +19,14 @@ struct Habits {
     std::uint32_t decimalMark;
 };
 
+/// A locale.
 struct Name {
-    std::uint32_t text;  ///< such as "tr", "zh_Hant", "en_US"
-    std::uint16_t habits;
+    std::uint32_t text;    ///< such as "tr", "zh_Hant", "en_US"
+    std::uint16_t habits;  ///< index into `habits`
     bool hasTwelveHours;
 };
 
+/// The hours of a country.
 struct Country {
     std::uint32_t text;  ///< such as "US", "en_JP", "001"
     bool hasTwelveHours;
@@ -32,7 +34,7 @@ struct Country {
 
 extern const char* const texts;
 extern const std::span<const Habits> habits;
-extern const std::span<const Name> names;  ///< in the order of their bytes; languages, with and without countries
-extern const std::span<const Country> countries;  ///< in the order of their bytes
+extern const std::span<const Name> names;         ///< sorted by bytes; languages, with and without countries
+extern const std::span<const Country> countries;  ///< sorted by bytes
 
 }  // namespace quode::locale_table

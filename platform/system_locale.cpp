@@ -44,10 +44,10 @@ std::string with(std::string text, char (*change)(char)) {
     return text;
 }
 
-/// What a name says, in the case that the table has.
+/// The parts of a name, in upper and lower case as in the table.
 struct NameParts {
     std::string language, script, country, variant;
-    std::optional<bool> hasTwelveHours;  ///< of "@hours=h12" and the like
+    std::optional<bool> hasTwelveHours;  ///< from "@hours=h12" and similar
 
     std::string joined(bool withScript, bool withCountry, bool withVariant) const {
         std::string name = language;
@@ -70,7 +70,7 @@ void readSubtag(const std::string& tag, NameParts& parts) {
     }
 }
 
-/// The part after "@" of a name of the C library, or a keyword of ICU.
+/// Reads the part after "@": a modifier of the C library, or a keyword of ICU.
 void readModifier(const std::string& modifier, NameParts& parts) {
     if (modifier == "latin")
         parts.script = "Latn";
@@ -100,7 +100,7 @@ NameParts partsOf(const std::string& name) {
     return parts;
 }
 
-/// Whether hours have an AM/PM sign where the table does not have language and country together.
+/// True when hours have an AM/PM symbol, also where the table lacks the pair of language and country.
 bool hasTwelveHours(const NameParts& parts, const table::Name& found) {
     if (parts.hasTwelveHours) return *parts.hasTwelveHours;
     if (parts.country.empty() || textAt(found.text).ends_with("_" + parts.country)) return found.hasTwelveHours;
@@ -110,7 +110,7 @@ bool hasTwelveHours(const NameParts& parts, const table::Name& found) {
     return false;
 }
 
-/// The entry nearest to a name: without its variant, its country, its script; else that of POSIX.
+/// The best entry for a name: tried without variant, country and script; else that of POSIX.
 const table::Name& nearest(const NameParts& parts) {
     for (const std::string& name :
          {parts.joined(true, true, true), parts.joined(true, true, false), parts.joined(false, true, false),

@@ -7,13 +7,13 @@
 
 namespace quode {
 
-/// Characters in a row that take as many columns of a terminal; the ones in no range take one.
+/// A range of characters of the same width in a terminal, in columns; characters outside all ranges take one.
 struct WidthRange {
     std::uint32_t first, last;
     int width;
 };
 
-/// In ascending order; made from ICU's properties by tools/locales when Quode is built.
+/// In ascending order; tools/locales makes them from ICU's properties during the build.
 extern const std::span<const WidthRange> widthRanges;
 
 /// The columns that a character takes: 0 for a mark over another or a character that only formats, 2 for a wide one, else 1.
