@@ -21,7 +21,8 @@ namespace quode {
 /// Fixed names: all, except `midnightBefore`, `isAtChangeOfCalendar` and `fractionOfHour`.
 class AstroGlobalFuncs {
   public:
-    /// Julian day of a civil date and time. The Julian calendar holds up to 14 October 1582, the Gregorian from then on.
+    /// Julian day of a civil date and time. The Julian calendar applies up to 14 October 1582, the Gregorian from
+    /// then on.
     /// @param year                    without a year 0: the year before 1 is -1
     /// @param month                   1..12
     /// @param day,hour,minute,second  values outside their ranges carry over
@@ -67,7 +68,7 @@ class AstroGlobalFuncs {
     /// Weekday of a date, 0 = Sunday to 6 = Saturday.
     static int DayOfWeek(int year, int month, int day);
 
-    /// Whether a date lies in summer time. The start day lies inside, the stop day outside. A start month that is not
+    /// True when a date is in summer time. The start day is included, the stop day is not. A start month that is not
     /// before the stop month is a rule of the southern hemisphere.
     /// @param startDay,stopDay      up to 30: a day of the month, counted from 0; above: a weekday as
     ///                              31 + 5 * weekday (0 = Sunday) + occurrence (0 first .. 3 fourth, 4 last in the month)

@@ -18,7 +18,9 @@ namespace quode {
 /// Fixed names: all, except `Place` and `place`.
 class EarthCompute {
   public:
-    /// Sums of A cos(B + C t) over one table, in 1e-8 radians or astronomical units; t in Julian millennia from J2000.
+    /// The sums of A cos(B + C t) over one table, for the longitude (L), the latitude (B) and the distance (R).
+    /// @param t  Julian millennia from J2000
+    /// @return 1e-8 radians, or 1e-8 astronomical units
     static double L0(double t);
     static double L1(double t);
     static double L2(double t);

@@ -220,7 +220,7 @@ class FastAstro {
     SunInfoForPray SunInformationForPray(int day, int month, int year);
 
     /// The safety margin for a latitude, interpolated in a table of whole degrees. The table ends at 60 degrees; beyond,
-    /// its last row holds.
+    /// its last row applies.
     /// @param latitude    degrees, north or south
     /// @param height500m  true: for 500 m of height, else for 250 m
     /// @return hours
@@ -298,8 +298,8 @@ class FastAstro {
     /// @return degrees
     double MoonTrueAltitude(double julianDay);
 
-    /// Altitude of the Moon as the observer sees it: less the parallax, plus a sixtieth of what `Refract` gives. Changes
-    /// what `MoonDecRA` changes.
+    /// Altitude of the Moon as the observer sees it: less the parallax, plus a sixtieth of the value of `Refract`.
+    /// Changes what `MoonDecRA` changes.
     /// @param date  universal time; the parallax is that of its noon
     /// @return degrees
     double MoonAppAltitude(const VAKDate& date);
@@ -317,7 +317,7 @@ class FastAstro {
     /// @param distance                    astronomical units
     void DiurnalParallax(double& rightAscension, double& declination, double siderealAngle, double distance) const;
 
-    /// Topocentric altitude and azimuth, degrees, of what the record `Moon` holds. Needs `CalculateTLong`.
+    /// Topocentric altitude and azimuth, degrees, of the record `Moon`. Needs `CalculateTLong`.
     void MoonAltitudeAzimuth(double& altitude, double& azimuth) const;
 
     /// Azimuth of the Moon for the observer.
@@ -413,7 +413,7 @@ class FastAstro {
 
     /// Moves the record of a new moon (universal time) forward to the moment at which the Moon stands 7.97 degrees from
     /// the Sun, far enough to be seen; that is 13 to 20 hours later. When there is no such moment within the next days
-    /// (the record was not that of a new moon, or lies thousands of years away) the record keeps the last moment tried
+    /// (the record was not that of a new moon, or is thousands of years away) the record keeps the last moment tried
     /// and the log gets a message.
     void GetCrescentDate(VAKDate& date);
 
@@ -447,6 +447,8 @@ class FastAstro {
 
     // ---- fields --------------------------------------------------------------------------------------------------
 
+    // Each field has a getter and a setter; operations read and set them as described.
+
     double Lat() const { return Lat_; }  ///< observer, degrees, north positive
     void setLat(double value) { Lat_ = value; }
     double Lon() const { return Lon_; }  ///< observer, degrees, east positive
@@ -467,9 +469,9 @@ class FastAstro {
 
     double YE() const { return YE_; }  ///< extreme value of the parabola of `Quad`
     void setYE(double value) { YE_ = value; }
-    double Zero1() const { return Zero1_; }  ///< roots of the parabola, hours from the middle
+    double Zero1() const { return Zero1_; }  ///< first root of the parabola, hours from the middle
     void setZero1(double value) { Zero1_ = value; }
-    double Zero2() const { return Zero2_; }
+    double Zero2() const { return Zero2_; }  ///< second root
     void setZero2(double value) { Zero2_ = value; }
     double DX() const { return DX_; }  ///< half the distance between the roots
     void setDX(double value) { DX_ = value; }
@@ -481,7 +483,7 @@ class FastAstro {
     void setRise(bool value) { Rise_ = value; }
     bool Sett() const { return Sett_; }  ///< a sunset was found
     void setSett(bool value) { Sett_ = value; }
-    const SunInfoForPray& SunInfo() const { return SunInfo_; }
+    const SunInfoForPray& SunInfo() const { return SunInfo_; }  ///< from `SunInformationForPray`
     void setSunInfo(const SunInfoForPray& value) { SunInfo_ = value; }
 
     double tLat() const { return tLat_; }  ///< geocentric latitude, degrees
@@ -508,9 +510,9 @@ class FastAstro {
     void setMoonRise(double value) { MoonRise_ = value; }
     double MoonSet() const { return MoonSet_; }  ///< universal hours, or -1650.0
     void setMoonSet(double value) { MoonSet_ = value; }
-    const MoonInfo& Moon() const { return Moon_; }
+    const MoonInfo& Moon() const { return Moon_; }  ///< the last record of the Moon
     void setMoon(const MoonInfo& value) { Moon_ = value; }
-    const SunData& Sun() const { return Sun_; }
+    const SunData& Sun() const { return Sun_; }  ///< the last record of the Sun
     void setSun(const SunData& value) { Sun_ = value; }
 
   private:

@@ -24,7 +24,7 @@ struct Station {
     double cosTilt = 1.0, sinTilt = 0.0;
 };
 
-/// Two places side by side; each of them goes through the same steps as it would alone.
+/// Values of two places; each takes the same steps as alone.
 using Pair = double __attribute__((vector_size(16)));
 
 Station stationAt(bool geodetic, double latitude, double altitude) {
@@ -125,7 +125,7 @@ void setPlace(MagneticVariation::TermsOf<Value>& terms, std::size_t i, const Sta
     for (int n = 1; n <= degree; ++n) setLane(terms.scales[static_cast<std::size_t>(n)], i, std::pow(ratio, n + 2));
 }
 
-/// What follows from the place that was set.
+/// Computes the terms that follow from `setPlace`.
 template <typename Value>
 void finishTerms(MagneticVariation::TermsOf<Value>& terms, int degree) {
     legendre(terms.sinLatitude, terms.cosLatitude, degree, terms.P, terms.Q);

@@ -25,7 +25,8 @@ struct FieldComponents {
 /// Source: International Geomagnetic Reference Field, 11th generation: C. C. Finlay and others, Geophysical Journal
 /// International 183 (2010) 1216; synthesis as in the public-domain geomag program of the US National Geophysical Data
 /// Center.
-/// Fixed names: all, except the constants, `Coefficients`, `Field`, `fieldAt`, `PlaceTerms`, `termsAt` and `declination`.
+/// Fixed names: all, except the constants, `Coefficients`, `Field`, `fieldAt`, `TermsOf`,
+/// `PlaceTerms`, `termsAt`, `declination`, `Point` and `declinations`.
 class MagneticVariation {
   public:
     static constexpr int mainDegree = 13;   ///< degree and order of the main field
@@ -63,14 +64,16 @@ class MagneticVariation {
     /// @param target  3: the fields of the date; 4: the `Temp` fields, one year later
     void DIHF(int target);
 
-    /// The coefficients of a date, for `declination` at many places.
+    /// Coefficients for `declination` at many places.
     struct Field {
         Coefficients coefficients{};
     };
+
+    /// The coefficients of a date, extrapolated outside 2010 to 2015.
     static Field fieldAt(int day, int month, int year);
 
     /// The part of the synthesis that depends on the place alone, for `declination` on many dates.
-    /// @tparam Value  double, or two of them side by side for two places
+    /// @tparam Value  double, or a vector of two for two places
     template <typename Value>
     struct TermsOf {
         Value cosTilt{}, sinTilt{}, sinLatitude{}, cosLatitude{};
@@ -78,6 +81,8 @@ class MagneticVariation {
         std::array<Value, mainDegree + 1> scales{}, sines{}, cosines{};
     };
     using PlaceTerms = TermsOf<double>;
+
+    /// The terms of a place.
     /// @param latitude,longitude  degrees, north and east positive
     /// @param altitude            metres
     static PlaceTerms termsAt(double latitude, double longitude, double altitude);
@@ -85,13 +90,14 @@ class MagneticVariation {
     /// The result of `getMagneticVariation`, without filling fields.
     static double declination(const Field& field, const PlaceTerms& place);
 
+    /// A point for `declinations`.
     struct Point {
         double latitude, longitude;  ///< degrees, north and east positive
         double altitude;             ///< metres
     };
 
-    /// The declinations at many places on one date, two at a time: the same bits as one by one, sooner.
-    /// @param results  as many as there are places
+    /// The declinations at many places on one date, two at a time: the same bits as one by one, but faster.
+    /// @param results  as many as places
     static void declinations(const Field& field, std::span<const Point> places, std::span<double> results);
 
     /// Magnetic declination. Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, the `Temp`
@@ -106,16 +112,16 @@ class MagneticVariation {
                                  int latitudeSeconds, int longitudeDegrees, int longitudeMinutes, int longitudeSeconds,
                                  double altitude);
 
-    const Coefficients& gha() const { return gha_; }                 ///< the field at the date
-    const Coefficients& ghb() const { return ghb_; }                 ///< the field one year later
-    double iDeclination() const { return now_.declination; }         ///< east positive, see `getMagneticVariation`
-    double iInclination() const { return now_.inclination; }         ///< downward
-    double iHorizontalIntensity() const { return now_.horizontal; }  ///< nT
-    double iTotalIntensity() const { return now_.total; }            ///< nT
-    double iDeclinationTemp() const { return nextYear_.declination; }
-    double iInclinationTemp() const { return nextYear_.inclination; }
-    double iHorizontalIntensityTemp() const { return nextYear_.horizontal; }
-    double iTotalIntensityTemp() const { return nextYear_.total; }
+    const Coefficients& gha() const { return gha_; }                   ///< the field at the date
+    const Coefficients& ghb() const { return ghb_; }                   ///< the field one year later
+    double iDeclination() const { return now_.declination; }           ///< east positive, see `getMagneticVariation`
+    double iInclination() const { return now_.inclination; }           ///< downward
+    double iHorizontalIntensity() const { return now_.horizontal; }    ///< nT
+    double iTotalIntensity() const { return now_.total; }              ///< nT
+    double iDeclinationTemp() const { return nextYear_.declination; }  ///< one year later, radians
+    double iInclinationTemp() const { return nextYear_.inclination; }  ///< one year later, radians
+    double iHorizontalIntensityTemp() const { return nextYear_.horizontal; }  ///< one year later, nT
+    double iTotalIntensityTemp() const { return nextYear_.total; }            ///< one year later, nT
 
   private:
     struct Elements {

@@ -27,7 +27,7 @@ struct PrayTimes {
     double Gece2 = 0.0;         ///< sunset plus half of the night
     double Gece3 = 0.0;         ///< sunset plus a third of the night
     double EzaniImsak = 0.0;    ///< this and the following: the sunset-based counterparts
-    double EzaniGunes = 0.0;    ///< holds the half-day-length difference in minutes
+    double EzaniGunes = 0.0;    ///< the half-day-length difference in minutes
     double EzaniOgle = 0.0;
     double EzaniAsriEvvel = 0.0;
     double EzaniAksam = 0.0;

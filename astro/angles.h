@@ -13,6 +13,7 @@ inline constexpr double degree = 0.01745329238474369;
 /// Radians to degrees, the engine's inverse of `degree`; used instead of a division.
 inline constexpr double degreesPerRadian = 57.295780181884766;
 
+/// Sine, cosine and tangent of an angle in degrees.
 inline double sinDeg(double angle) {
     return std::sin(angle * degree);
 }

@@ -42,6 +42,7 @@ class HorizonForecast {
     struct SunDeclination {
         double sine, cosine;
     };
+    /// The Sun's declination at a moment.
     static SunDeclination sunDeclination(double julianDay);
 
     /// Sine of the altitude plus `sinDepth` at an hour.

@@ -75,6 +75,7 @@ struct QiblaPoint {
 template <typename Entry, std::size_t size>
 class SkyTable {
   public:
+    /// The entry in the slot of a key, which may be that of another key.
     Entry& at(long key) { return entries_[static_cast<std::size_t>(key) % size]; }
 
   private:

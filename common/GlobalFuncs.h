@@ -245,6 +245,8 @@ class GlobalFuncs {
 
     // ---- calendar arithmetic, see "common/calendar.h" ---------------------------------------------------------------
 
+    // Each calls the free function of its name.
+
     double CalculateJulianDay(int year, int month, int day, int hour, int minute, int second) const;
     double GregorianDateToJulian(const VAKDate& date) const;
     VAKDate JulianToGregorian(double julianDay) const;
@@ -259,6 +261,8 @@ class GlobalFuncs {
     void ToHMS(int& hour, int& minute, int& second, double hours) const;
 
     // ---- formatting by the device's convention, see "common/formatting.h" -------------------------------------------
+
+    // Each calls the free function of its name with the device's 12/24-hour convention where it needs one.
 
     std::string timeLeadingZero(double hours) const;
     std::string timeLeadingZero(int hour, int minute) const;

@@ -21,6 +21,7 @@ class LanguagePack {
     using Sections = std::map<std::string, Section, std::less<>>;
 
     LanguagePack() = default;
+    /// A pack with these texts.
     explicit LanguagePack(Sections sections) : sections_(std::move(sections)) {}
 
     /// The text of a key; nothing when the section or the key is missing.

@@ -39,7 +39,7 @@ void CompassCloseButton::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Right:
         case Qt::Key_Up:
         case Qt::Key_Down:
-            event->ignore();  // they turn the dial, wherever the focus is
+            event->ignore();  // these keys turn the dial, wherever the focus is
             return;
         case Qt::Key_Return:
         case Qt::Key_Enter:

@@ -12,16 +12,16 @@
 
 namespace quode {
 
-/// What the compass asks of the device. No pointer is null.
+/// The services of the device that the compass uses. No pointer is null.
 struct CompassDevices {
     std::unique_ptr<HeadingSource> headingSource;
     std::unique_ptr<ScreenKeeper> screenKeeper;
-    std::function<DeviceOrientation()> orientation;  ///< when empty, that of the screen on which the compass is shown
-    bool hasSensor = true;  ///< without one the compass is a picture in a window instead of covering the screen
+    std::function<DeviceOrientation()> orientation;  ///< empty: the orientation of the compass's screen
+    bool hasSensor = true;  ///< false: the compass is a picture in a window and does not cover the screen
 };
 
 /// The sensor service and the screen-saver service of this system.
-/// @param reason  why the screen stays on, for the user who asks the desktop
+/// @param reason  shown by the desktop as the reason why the screen stays on
 CompassDevices systemCompassDevices(const std::string& reason);
 
 }  // namespace quode

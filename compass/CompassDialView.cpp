@@ -15,7 +15,7 @@
 namespace quode {
 namespace {
 
-// The arrow's size against the dial's side, 43 by 232 on 292.
+// The arrow's size relative to the dial's side, 43 by 232 on 292.
 constexpr double arrowWidthPart = 43.0 / 292.0;
 constexpr double arrowHeightPart = 232.0 / 292.0;
 
@@ -158,7 +158,7 @@ void CompassDialView::drawFocusRing(QPainter& painter) const {
 }
 
 void CompassDialView::focusInEvent(QFocusEvent* event) {
-    // A pointer's user sees what is meant; the ring is for who comes by key.
+    // The ring is for keyboard users; pointer users do not need it.
     showsFocus_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     QWidget::focusInEvent(event);
     update();

@@ -12,13 +12,13 @@ class QPainter;
 
 namespace quode {
 
-/// The paths of the pictures that make up the dial.
+/// The paths of the dial's pictures.
 struct CompassImages {
     std::string dial, arrow;
 };
 
-/// The dial with the arrow upon it. The arrow turns with the dial; its own turn comes on top of the dial's. Sizes and
-/// places are in points and need not be whole.
+/// The dial with the arrow on it. The arrow turns with the dial, and its own rotation adds to the dial's. Sizes and
+/// positions are in points and need not be whole.
 class CompassDialView : public QWidget {
     Q_OBJECT
 
@@ -26,18 +26,18 @@ class CompassDialView : public QWidget {
     static constexpr int dialTag = 10000;
     static constexpr int arrowTag = 10001;
 
-    /// @param side  width and height of the dial; the arrow's size goes with it
+    /// @param side  width and height of the dial; the arrow's size is proportional
     CompassDialView(double side, const CompassImages& images, QWidget* parent);
 
     int tag() const { return dialTag; }
     double side() const { return side_; }
     QSizeF arrowSize() const;
 
-    /// The dial's middle in the view that holds it.
+    /// The dial's centre in the parent.
     QPointF center() const { return center_; }
     void setCenter(QPointF center);
 
-    /// Turns, in radians clockwise.
+    /// Rotations, in radians clockwise.
     float dialRotation() const { return dialRotation_; }
     void setDialRotation(float radians);
     float arrowRotation() const { return arrowRotation_; }
@@ -54,12 +54,12 @@ class CompassDialView : public QWidget {
     /// The letters at the dial's quarters, clockwise from north.
     void setLetters(const std::array<std::string, 4>& letters, const QString& fontName);
 
-    /// Whether the user may turn the dial; assistive technology does so by its value.
+    /// True when the user may turn the dial, or assistive technology by its value.
     bool turnsByHand() const { return turnsByHand_; }
     void setTurnsByHand(bool value);
 
   Q_SIGNALS:
-    /// The user wants this direction at the top.
+    /// The user turns this direction to the top.
     void headingAsked(double degrees);
 
   protected:

@@ -64,7 +64,7 @@ void CompassPlate::setPixelSize(int pixelSize) {
     }
 }
 
-// The width of the widest part of any line when lines are cut at a separator.
+// The width of the widest part of any line, split at a separator.
 int CompassPlate::widestOf(const QRegularExpression& separator) const {
     int widest = 0;
     for (const QLabel* label : labels_) {

@@ -13,28 +13,27 @@ class QVBoxLayout;
 
 namespace quode {
 
-/// How text stands on the screen.
+/// The look of text on the screen.
 struct CompassInk {
     QColor text, ground;
     QString fontName;
     int pixelSize = 13;
 };
 
-/// Lines of text on a rounded, nearly opaque plate, so that they are legible above whatever is on the screen.
+/// Lines of text on a rounded, nearly opaque plate, so that they are legible above any screen content.
 class CompassPlate : public QWidget {
     Q_OBJECT
 
   public:
     CompassPlate(const CompassInk& ink, QWidget* parent);
 
-    /// Shows these lines, one label each; without lines the plate hides. The first one is bold if asked.
+    /// Shows lines, one label each; without lines the plate is hidden.
     void setLines(const std::vector<std::string>& lines, bool firstIsBold);
 
-    /// The width that the lines need, or the widest allowed: lines are wrapped then, and set smaller if it takes that
-    /// to keep a word whole.
+    /// The width for the lines, at most `widest`: longer lines are wrapped, and drawn smaller where a word would not fit.
     int fitWithin(int widest);
 
-    /// The height that the lines need when the plate is this wide.
+    /// The height for the lines at a width of the plate.
     int heightFor(int width) const;
 
     void setAlpha(double alpha);

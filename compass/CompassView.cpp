@@ -20,7 +20,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr double clockwiseRadians = -0.017453292519943295;  // of an angle in degrees that counts counter-clockwise
+constexpr double clockwiseRadians = -0.017453292519943295;  // from degrees counter-clockwise
 
 constexpr double phoneDial = 292.0;
 constexpr double tabletDial = 584.0;
@@ -97,7 +97,7 @@ void CompassView::makeDial() {
     dial_ = new CompassDialView(side, images, this);
     dial_->setCenter({glbFuncs_.getScreenWidth() / 2.0, glbFuncs_.getScreenHeight() / 2.0});
     dial_->setLetters(cardinalLetters(glbFuncs_), QString::fromStdString(glbFuncs_.getSettings().fontName));
-    // The dial has north at the top until it is turned, and the arrow is true to it from the start.
+    // The dial starts with north at the top, and the arrow is right relative to it.
     dial_->setArrowRotation(rotationOf(qAngle_));
     connect(dial_, &CompassDialView::headingAsked, this, &CompassView::setManualHeading);
 }
@@ -107,7 +107,7 @@ void CompassView::makeTexts() {
     status_ = new CompassPlate(ink, this);
     numbers_ = new CompassPlate(ink, this);
     auto lines = compassNumbers(glbFuncs_, qiblaAngle_, declination_);
-    // Only beside the others: a pack without them has no numbers at all.
+    // Only together with the others: a pack without them shows no numbers at all.
     if (!lines.empty()) lines.push_back(currentFieldLine(glbFuncs_, latitude_, longitude_));
     numbers_->setLines(lines, true);
 
@@ -182,7 +182,7 @@ void CompassView::onProblem(HeadingProblem problem) {
 
 void CompassView::setGuide(Guide guide) {
     if (guide_ == Guide::sensor && guide != Guide::sensor) {
-        manualHeading_ = dial_->heading();  // by hand it goes on from where the sensor left it
+        manualHeading_ = dial_->heading();  // turning by hand continues from the sensor's last heading
         lastHeading_.reset();
     }
     guide_ = guide;
@@ -228,7 +228,7 @@ void CompassView::updateDisplay() {
         case DeviceOrientation::unknown:
             break;
     }
-    // A screen that turns while the device rests brings no new reading.
+    // The screen may turn without a new reading of the device.
     if (lastHeading_) applyHeading(*lastHeading_);
     placeParts();
 }
@@ -273,7 +273,7 @@ void CompassView::destroy() {
         window_->resignKeyWindow();
         window_.release()->deleteLater();
     }
-    // Not at once: the call may come from an event of theirs.
+    // Deferred: the call may come from one of their events.
     for (QWidget* part : {static_cast<QWidget*>(dial_), static_cast<QWidget*>(status_), static_cast<QWidget*>(numbers_),
                           static_cast<QWidget*>(closeButton_)}) {
         part->deleteLater();

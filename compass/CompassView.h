@@ -23,15 +23,16 @@ namespace quode {
 
 class CompassCloseButton;
 
-/// The compass that covers the screen: a dial that follows the device's heading, and on it the arrow to the qibla.
+/// The compass that covers the screen: a dial that follows the device's heading, with an arrow to the qibla.
 ///
-/// Made by initWithLocation, put on the screen by show, taken down by destroy: by a tap, by Escape, by the close
-/// button, or by the end of the object, whichever comes first. It keeps the screen awake in between. Without a heading
-/// from the device the dial has north at the top, says why, and is turned by hand: by dragging, by the arrow keys, or
-/// through assistive technology.
+/// Create it with `initWithLocation`, show it with `show`; `destroy` closes it, which a tap, Escape, the close button and
+/// the destructor also call. While shown it keeps the screen awake. Without a heading from the device the dial has north
+/// at the top, shows the reason, and the user turns it by dragging, with the arrow keys, or with assistive technology.
 ///
-/// Its owner keeps it until `closed`, and may keep it longer: a compass that was taken down holds nothing of the
-/// device. The shared services must have been started. Everything runs on the main thread.
+/// Its owner keeps it at least until `closed`; a closed compass uses no device. It needs the shared services, on the main
+/// thread.
+///
+/// Fixed names: all, except `turnByHand`, `dialView` and `overlayWindow`.
 class CompassView : public QWidget {
     Q_OBJECT
 
@@ -39,7 +40,7 @@ class CompassView : public QWidget {
 
   public:
     /// @param frame        the area of the screen, in points
-    /// @param a, b         latitude and longitude of the place, degrees
+    /// @param a,b          latitude and longitude of the place, degrees
     /// @param qiblaAngle   degrees from true north, counter-clockwise
     /// @param declination  magnetic declination in degrees, positive in the east
     static std::unique_ptr<CompassView> initWithLocation(const Rect& frame, double a, double b, double qiblaAngle,
@@ -53,29 +54,29 @@ class CompassView : public QWidget {
                 CompassDevices devices);
     ~CompassView() override;
 
-    /// Puts the compass on the screen in a window of its own, which fades in while the compass pops up.
+    /// Shows the compass in a new window, which fades in while the compass pops up.
     void show();
 
-    /// Takes the compass down and gives back everything that it holds of the device. Further calls do nothing.
+    /// Closes the compass and releases the device's services. Further calls do nothing.
     void destroy();
 
-    /// Takes the correction for the way the device is held, and puts the dial in the middle.
+    /// Updates the correction for the device's orientation, and centres the dial.
     void updateDisplay();
 
-    /// The appearance: the compass grows from 0.6 to 1.1, shrinks to 0.9 and settles at its own size.
+    /// The animation of the appearance: the compass grows from 0.6 to 1.1, shrinks to 0.9 and ends at its own size.
     void backgroungEffect();
 
-    /// Renews the request to keep the screen awake while the compass is shown; called by a timer, 2 s after creation
-    /// and every 3 s from then on.
+    /// Renews the request to keep the screen awake while the compass is shown. A timer calls it 2 s after creation and then
+    /// every 3 s.
     void onTick();
 
     void tapActionCompassTapped() { destroy(); }
     void tapActionCompassArrowTapped() { destroy(); }
 
-    /// Turns the dial to a heading. A failed reading, and one with an accuracy of 0 or below, moves nothing.
+    /// Turns the dial to a heading. A failed reading, or one with an accuracy of 0 or below, is ignored.
     void didUpdateHeading(const HeadingReading& reading);
 
-    /// True: a sensor that does not know its heading makes the compass ask for a calibration.
+    /// True: a sensor without a known heading makes the compass ask for a calibration.
     bool locationManagerShouldDisplayHeadingCalibration() const { return true; }
 
     /// Turns the dial by hand, degrees clockwise. Does nothing while the device's heading turns it.
@@ -87,16 +88,16 @@ class CompassView : public QWidget {
     float qAngle() const { return qAngle_; }                          ///< degrees, counter-clockwise
     void setFixAngle(float degrees) { fixAngle_ = degrees; }
 
-    /// The frame as it was set; on the screen the compass covers its window whatever the frame.
+    /// The frame as set; on the screen the compass covers its window, whatever the frame.
     const Rect& frame() const { return frame_; }
     void setFrame(const Rect& frame) { frame_ = frame; }
 
-    /// The dial, and the window while the compass is shown; null when it was taken down.
+    /// The dial, and the window while the compass is shown; null after closing.
     CompassDialView* dialView() const { return dial_; }
     CompassViewOverlayWindow* overlayWindow() const { return window_.get(); }
 
   Q_SIGNALS:
-    /// The compass was taken down.
+    /// The compass is closed.
     void closed();
 
   protected:
@@ -107,7 +108,7 @@ class CompassView : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    /// What the compass has to go by.
+    /// The source of the dial's heading, or why it is missing.
     enum class Guide { none, calibrating, sensor, noSensor, accessDenied, noAnswer };
 
     void makeDial();

@@ -8,7 +8,8 @@
 
 namespace quode {
 
-/// The clear root of the overlay window. Holds the compass and tells it when the screen is turned.
+/// The transparent root of the overlay window. It contains the compass and notifies it when the screen turns. Fixed names:
+/// all.
 class CompassViewController : public QWidget {
     Q_OBJECT
 
@@ -18,8 +19,8 @@ class CompassViewController : public QWidget {
     /// True: the compass is shown in every orientation.
     bool shouldAutorotateToInterfaceOrientation(DeviceOrientation) const { return true; }
 
-    /// Empties the frame of the compass on top, which goes on to cover the window as its parts are not clipped, and
-    /// places its dial again.
+    /// Sets the frame of the top compass to an empty one, and updates its dial. The compass still covers the window, because
+    /// its parts are not clipped.
     /// @param duration  seconds; the turn is not animated here
     void willAnimateRotationToInterfaceOrientation(DeviceOrientation orientation, double duration);
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What taps, drags and keys do to the compass.
+// Taps, drags and keys of the compass.
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr double keyStep = 1.0, largeKeyStep = 10.0;  // degrees
 
-// So near to the middle a small move would be a wild turn.
+// Closer to the middle, a small move would be a large turn.
 constexpr double deadRadius = 12.0;
 
 }  // namespace

@@ -13,7 +13,7 @@
 namespace quode {
 namespace {
 
-// How long a screen takes to turn, in seconds.
+// The duration of a screen's turn, in seconds.
 constexpr double turnDuration = 0.3;
 
 Qt::WindowFlags flagsOf(CompassPlace place) {
@@ -54,7 +54,7 @@ void CompassViewOverlayWindow::setWindowLook(QSize size, const QColor& ground) {
     ground_ = ground;
 }
 
-// As a window of the old key window, so that it lies above that one and the desktop does not tile it.
+// A child window of the old key window, so that it is above that one and the desktop does not tile it.
 void CompassViewOverlayWindow::standOn(QScreen* screen) {
     if (screen == nullptr) return;
     setScreen(screen);
@@ -69,7 +69,7 @@ void CompassViewOverlayWindow::standOn(QScreen* screen) {
 void CompassViewOverlayWindow::cover(QScreen* screen) {
     if (screen == nullptr) return setGeometry({});
     setScreen(screen);
-    setGeometry(screen->geometry());  // where no window manager does it
+    setGeometry(screen->geometry());  // without a window manager that does it
     connect(screen, &QScreen::orientationChanged, this, &CompassViewOverlayWindow::onScreenTurned);
     connect(screen, &QScreen::geometryChanged, this, &CompassViewOverlayWindow::onScreenTurned);
 }
@@ -91,7 +91,7 @@ void CompassViewOverlayWindow::setAlpha(double alpha) {
 }
 
 void CompassViewOverlayWindow::closeEvent(QCloseEvent* event) {
-    event->ignore();  // its owner takes it down
+    event->ignore();  // its owner closes it
     Q_EMIT closeAsked();
 }
 

@@ -15,18 +15,18 @@ class QScreen;
 
 namespace quode {
 
-/// How the compass stands on the screen.
+/// How the compass is shown on the screen.
 enum class CompassPlace {
     overEverything,  ///< it covers the whole screen, without a frame and above all other windows
-    inWindow,        ///< a picture in an ordinary window: nothing turns it that is worth a whole screen
+    inWindow,        ///< a picture in an ordinary window, for a device without a sensor
 };
 
-/// The window of the compass.
+/// The window of the compass. Fixed names: `makeKeyAndVisible`, `resignKeyWindow`, `oldKeyWindow`, `setOldKeyWindow`.
 class CompassViewOverlayWindow : public QWidget {
     Q_OBJECT
 
   public:
-    /// @param screenKeeper  kept by the caller for as long as the window lives
+    /// @param screenKeeper  must outlive the window
     explicit CompassViewOverlayWindow(ScreenKeeper& screenKeeper, CompassPlace place = CompassPlace::overEverything);
     ~CompassViewOverlayWindow() override;
 
@@ -34,28 +34,28 @@ class CompassViewOverlayWindow : public QWidget {
 
     CompassPlace place() const { return place_; }
 
-    /// The size of an ordinary window, in points, and what is behind the compass there.
+    /// Sets the size of an ordinary window, in points, and its background.
     void setWindowLook(QSize size, const QColor& ground);
 
-    /// Keeps the screen awake, notes the active window as the old key window, and shows this one above all others on
-    /// that window's screen, or in its middle, with the keyboard's focus.
+    /// Keeps the screen awake, stores the active window as the old key window, and shows this one above all others on that
+    /// window's screen, or in its middle, with the keyboard focus.
     void makeKeyAndVisible();
 
-    /// Hides the window and makes the old key window the active one again.
+    /// Hides the window and activates the old key window again.
     void resignKeyWindow();
 
-    /// The window that was active before this one; nothing when there was none or when it is gone.
+    /// The window that was active before this one; null without one, or when it is deleted.
     QWidget* oldKeyWindow() const { return oldKeyWindow_; }
     void setOldKeyWindow(QWidget* window) { oldKeyWindow_ = window; }
 
-    /// How opaque everything in the window is, 0 to 1. What is drawn here follows the signal: not every window system
-    /// can do it.
+    /// The opacity of the content, 0 to 1. The content follows the signal, because not every window system supports
+    /// transparent windows.
     double alpha() const { return alpha_; }
     void setAlpha(double alpha);
 
   Q_SIGNALS:
     void alphaChanged(double alpha);
-    /// The desktop, or the user by the desktop's means, closes the window.
+    /// The desktop, or the user through the desktop, closes the window.
     void closeAsked();
 
   protected:

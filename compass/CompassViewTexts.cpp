@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The texts around the dial: what guides it, the heading, and the numbers.
+// The texts around the dial: its source, the heading, and the numbers.
 #include <algorithm>
 
 #include "compass/CompassCloseButton.h"
@@ -15,7 +15,7 @@ constexpr int gap = 6;
 constexpr int widestPlate = 440;
 constexpr int roomForPlate = 140;
 
-// The middle of a circle that fits between the corner of the dial's square and the dial, as a part of half the side.
+// The centre of a circle that fits between the corner of the dial's square and the dial, as a fraction of half the side.
 constexpr double cornerCircle = 0.1716;
 
 }  // namespace
@@ -67,7 +67,7 @@ void CompassView::placeParts() {
     placeCloseButton();
 }
 
-// Above and below the dial; to its left and right where there is little room and more of it beside the dial.
+// Above and below the dial; to its left and right where these have more room.
 void CompassView::placeTexts() {
     const double half = dial_->side() / 2.0;
     const QPointF center = dial_->center();
@@ -96,7 +96,7 @@ void CompassView::placeTexts() {
     }
 }
 
-// In the upper right corner of the dial's square, which the dial leaves free.
+// In the upper right corner of the dial's square, which is free.
 void CompassView::placeCloseButton() {
     const double corner = dial_->side() / 2.0 * (1.0 - cornerCircle);
     const QPointF closeAt = dial_->center() + QPointF(corner, -corner);

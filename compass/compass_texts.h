@@ -13,7 +13,7 @@
 
 namespace quode {
 
-/// The numbers of the compass's texts in the language pack.
+/// The ids of the compass's texts in the language pack. Fixed values.
 namespace compass_text {
 enum Id : int {
     title = 1100,
@@ -37,25 +37,25 @@ enum Id : int {
 };
 }
 
-/// An angle 0 up to a full circle with minutes, such as "5°07'"; rounded to the minute.
+/// An angle in 0..360 with minutes, such as "5°07'"; rounded to the minute.
 std::string degreesAndMinutes(double degrees);
 
 /// A direction in whole degrees 0..359, such as "152°".
 std::string wholeDegrees(double degrees);
 
-/// The text of a number with its values filled in. Nothing where the pack lacks it, or has it with other placeholders,
-/// which is logged.
+/// The text of an id with its values; nothing where the pack lacks it, or has it with other placeholders, which is logged.
 std::optional<std::string> compassText(GlobalFuncs& services, compass_text::Id id,
                                        std::initializer_list<FormatValue> values = {});
 
-/// What the compass knows in numbers, a line each: the qibla from true north and from magnetic north, the declination,
-/// and the model that it comes from.
+/// The numbers of the compass, one line each: the qibla from true north and from magnetic north, the declination, and its
+/// model.
 /// @param qiblaAngle   degrees from north, counter-clockwise
 /// @param declination  degrees, positive in the east
 std::vector<std::string> compassNumbers(GlobalFuncs& services, double qiblaAngle, double declination);
 
-/// The declination by the current model of the field, with the model's epoch and age, for the present day. The compass
-/// itself turns by the declination of `compassNumbers`. latitude, longitude: degrees
+/// Today's declination by the current model of the field, with the model's epoch and age. The compass itself turns by the
+/// declination of `compassNumbers`.
+/// @param latitude,longitude  degrees, north and east positive
 std::string currentFieldLine(GlobalFuncs& services, double latitude, double longitude);
 
 /// The letters for north, east, south and west; empty where the pack lacks them.

@@ -7,7 +7,7 @@
 namespace quode {
 namespace {
 
-// Quarter turns of the content against the device, counter-clockwise from portrait.
+// Quarter turns of the content relative to the device, counter-clockwise from portrait.
 std::optional<int> quarterTurns(Qt::ScreenOrientation orientation) {
     switch (orientation) {
         case Qt::PortraitOrientation:

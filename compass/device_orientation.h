@@ -6,18 +6,18 @@
 
 namespace quode {
 
-/// How the device is held, as its user sees it.
+/// The orientation of the device, as its user sees it. Fixed values.
 enum class DeviceOrientation {
     unknown = 0,
-    portrait = 1,  ///< the way the device is built to stand; for a desktop's screen its usual way
+    portrait = 1,  ///< the device's natural position; for a desktop's screen its usual one
     upsideDown = 2,
     landscapeLeft = 3,   ///< the device's top is at the left
     landscapeRight = 4,  ///< the device's top is at the right
 };
 
-/// The orientation of a device whose screen shows its content this way up.
-/// @param native, current  as a screen reports them; a native orientation that is not known reads as landscape, from
-/// which window systems count their turns
+/// The orientation of a device from that of its screen's content.
+/// @param native,current  as a screen reports them; an unknown native orientation counts as landscape, from which window
+///                        systems count turns
 DeviceOrientation deviceOrientation(Qt::ScreenOrientation native, Qt::ScreenOrientation current);
 
 }  // namespace quode

@@ -4,8 +4,8 @@
 
 namespace quode {
 
-/// Makes every CompassDialView known to assistive technology as a dial whose value is the direction at the top of the
-/// screen, which can be set while the dial is turned by hand. Further calls do nothing.
+/// Registers every `CompassDialView` with assistive technology as a dial. Its value is the direction at the top of the
+/// screen, which can be set while the user may turn the dial. Further calls do nothing.
 void installDialAccessibility();
 
 }  // namespace quode

@@ -39,6 +39,8 @@ class SolarDay {
     /// The altitude of the Sun's centre at the midnight after noon, degrees.
     double midnightAltitude() const;
 
+    // The parameters of the constructor.
+
     double julianDay() const { return julianDay_; }
     double latitude() const { return latitude_; }
     double longitude() const { return longitude_; }

@@ -10,6 +10,7 @@ namespace quode::conventions {
 
 inline constexpr double radiansPerDegree = std::numbers::pi / 180.0;
 
+/// Sine and cosine of an angle in degrees.
 inline double sinDeg(double degrees) {
     return std::sin(degrees * radiansPerDegree);
 }

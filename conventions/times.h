@@ -34,6 +34,7 @@ struct ConventionTime {
     double exact = -1.0;  ///< the same before rounding and the user's minutes
     Origin origin = Origin::missing;
 
+    /// False when there is no such time that day.
     bool exists() const { return origin != Origin::missing; }
 };
 

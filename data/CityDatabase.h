@@ -65,6 +65,8 @@ class CityDatabaseError : public std::runtime_error {
   public:
     /// wrongEdition: made for another version of this program.
     enum class Reason { missing, damaged, wrongEdition };
+
+    /// @param message  for the user: the file, the problem and what to do
     CityDatabaseError(Reason reason, const std::string& message) : std::runtime_error(message), reason_(reason) {}
     Reason reason() const { return reason_; }
 

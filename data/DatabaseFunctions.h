@@ -54,6 +54,7 @@ class DatabaseFunctions {
     DatabaseFunctions(const DatabaseFunctions&) = delete;
     DatabaseFunctions& operator=(const DatabaseFunctions&) = delete;
 
+    /// The path of the user database.
     const std::string& userDBPath() const { return userDBPath_; }
     void setUserDBPath(std::string path) { userDBPath_ = std::move(path); }
 

@@ -13,6 +13,7 @@ namespace quode {
 /// The device's clock with date, time of day and offset of the home city.
 class HomeClock : public Clock {
   public:
+    /// @param device  the device's clock, not null
     explicit HomeClock(std::shared_ptr<const Clock> device) : device_(std::move(device)) {}
 
     /// Uses the clock of a city from now on; without one that of the device.

@@ -20,10 +20,10 @@ struct SiteChoice {
     conventions::Method method;
     double height = 0.0;                     ///< metres above sea level, from the city database
     std::shared_ptr<const Timetable> table;  ///< nullptr: no table is imported
-    IqamaRules iqama;                        ///< where the table of a day has none
+    IqamaRules iqama;                        ///< for days without one in the table
     bool isUnreadable = false;               ///< a choice is stored, but this version cannot read it
 
-    /// True when the engine's own method applies to every day. The congregation's times change none of them.
+    /// True when the engine's own method applies to every day. The congregation's times do not matter.
     bool isDefault() const { return method.isDefault() && !table; }
 
     friend bool operator==(const SiteChoice& a, const SiteChoice& b) {

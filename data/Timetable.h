@@ -22,7 +22,7 @@ struct Iqama {
     friend bool operator==(const Iqama&, const Iqama&) = default;
 };
 
-/// When the congregation begins at each prayer, as far as it was published or chosen.
+/// The begin of the congregation at each prayer; no value: unknown.
 using IqamaRules = std::array<std::optional<Iqama>, conventions::prayerCount>;
 
 /// The published times of one day, in minutes after 0 h of it; from 1440 on in the next day. No value: no time.
@@ -54,8 +54,10 @@ std::string textOf(const TimetableRow& row);
 /// Reads such a text; nothing for any other text.
 std::optional<TimetableRow> timetableRowOf(std::string_view text);
 
-/// Rules as they are stored: "+20 - =810 +10 +5 +10", and back. Nothing when the text is none.
+/// Rules as text for the database: "+20 - =810 +10 +5 +10". A fixed format: it is stored.
 std::string textOf(const IqamaRules& rules);
+
+/// Reads such a text; nothing for any other text.
 std::optional<IqamaRules> iqamaRulesOf(std::string_view text);
 
 }  // namespace quode

@@ -35,7 +35,7 @@ class CityDays {
     /// Computes the date, the prayer times, the clock and the qibla of a day; the rest of the record stays as it is.
     void computeTimes(const Site& site, const VAKDate& day, CityDay& result);
 
-    /// A whole day but for the declination, which stays as it is: see `MagneticVariation::declinations`.
+    /// Computes a day except its declination, which stays as it is: see `MagneticVariation::declinations`.
     void computeTimesAndSky(const Site& site, const VAKDate& day, CityDay& result);
 
   private:

@@ -41,7 +41,7 @@ struct DayMethod {
     bool isFromTable = false;         ///< the imported table contains this day
     bool hasTable = false;            ///< a table is imported, whether it contains this day or not
     std::string tableName;
-    IqamaRules iqama;  ///< of the table, else as the user chose for the city
+    IqamaRules iqama;  ///< of the table, else the user's choice for the city
 
     /// The origin of a prayer's time.
     /// @param code  200 to 208

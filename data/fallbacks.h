@@ -6,14 +6,15 @@
 
 namespace quode {
 
-/// Which fallbacks of the engine a time comes from.
+/// The fallbacks of the engine that a time comes from.
 struct Fallbacks {
     bool latitude = false;    ///< computed for a latitude nearer to the equator
     bool earlierDay = false;  ///< taken from an earlier day
 };
 
 /// The fallbacks of a time.
-/// @param code  200 to 208; anything else throws `std::out_of_range`
+/// @param code  200 to 208
+/// @throw std::out_of_range  for another code
 constexpr Fallbacks fallbacksOf(const PrayTimes& times, int code) {
     const PrayerFacts& facts = factsOf(code);
     // Noon does not depend on the latitude.

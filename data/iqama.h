@@ -8,12 +8,13 @@
 
 namespace quode {
 
-/// When the congregation begins at a prayer, in minutes after 0 h of the day; 1440 and more belong to the next day.
-/// Nothing when it is not known, or when the prayer has no time that day.
+/// The begin of the congregation at a prayer.
 /// @param code  200 to 205; the other times have no congregation
+/// @return minutes after 0 h of the day, from 1440 on in the next day; nothing when it is unknown, or when the prayer has no
+///         time that day
 std::optional<int> iqamaMinute(const CityDay& day, int code);
 
-/// Whether it is known for a prayer of the day.
+/// True when it is known for a prayer of the day.
 bool hasIqama(const CityDay& day, int code);
 
 }  // namespace quode

@@ -34,12 +34,16 @@ class NameGroup {
     /// @param nameLength  of each name, bytes; a group whose size does not fit is empty
     NameGroup(std::string_view bytes, std::size_t nameLength);
 
+    /// The number of names.
     std::size_t size() const { return size_; }
+
+    /// The name with an index below `size`; its text is valid as long as the bytes.
     GroupedName name(std::size_t i) const;
 
     /// False when a name certainly differs by more than `mistakes` from a name with these letters.
     bool mayBeNear(std::size_t i, std::uint64_t letters, int mistakes) const;
 
+    /// The text of a name alone.
     std::string_view folded(std::size_t i) const { return bytes_.substr(size_ * recordSize + i * length_, length_); }
 
   private:

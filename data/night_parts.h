@@ -10,14 +10,15 @@
 
 namespace quode {
 
+/// The limits of the parts, in hours.
 struct NightParts {
     double firstThird = 0.0;  ///< the end of the first third
     double midnight = 0.0;    ///< half of the night
     double lastThird = 0.0;   ///< the beginning of the last third
 };
 
-/// In hours after 0 h of the day, like `timeOfPrayer`; those after midnight are 24 and more. Nothing where dawn or
-/// sunset is missing.
+/// The parts of the night after a day, in hours after 0 h of the day like `timeOfPrayer`; after midnight from 24 on.
+/// @return nothing when dawn or sunset is missing
 std::optional<NightParts> nightOf(const CityDay& day);
 
 /// A part with its key in JSON and CSV.

@@ -6,8 +6,9 @@
 
 namespace quode {
 
-/// A point that is no place of the database: with clock and margin of the place nearest to it, and with its height where
-/// that is near enough to be the same terrain.
+/// A record for a point that is not a place of the database: with clock and margin of the nearest place, and with its
+/// height where that place is near enough to have the same terrain.
+/// @param latitude,longitude  degrees, north and east positive
 CityRecord recordOfPoint(double latitude, double longitude, const NearestCity& nearest);
 
 }  // namespace quode

@@ -6,13 +6,15 @@
 
 namespace quode {
 
-/// The place of the Kaaba, in degrees.
+/// The position of the Kaaba, degrees, north and east positive.
 inline constexpr double kaabaLatitude = 21.4225, kaabaLongitude = 39.8262;
 
 /// The qibla in degrees clockwise from true north.
 double bearingOf(const KiblePair& kible);
 
-/// Kilometres from a place to the Kaaba, along the great circle of a sphere. Degrees, north and east positive.
+/// The distance to the Kaaba along the great circle of a sphere.
+/// @param latitude,longitude  degrees, north and east positive
+/// @return kilometres
 double distanceToKaaba(double latitude, double longitude);
 
 }  // namespace quode

@@ -26,8 +26,8 @@ std::string dataFolderFrom(const Environment& environment);
 /// @param executable  the path of the program, from `executablePath`
 std::string bundleFolderFrom(const Environment& environment, const std::filesystem::path& executable);
 
-/// The same for a program of any place that uses Quode as a library: Quode.bundle in the folder "quode" beside the library,
-/// or one folder up, where systems with a folder for each architecture have it, or in ../lib. The folder need not exist.
+/// The same for any program that uses Quode as a library: Quode.bundle in the folder "quode" beside the library, or one
+/// folder up, for systems with a folder for each architecture, or in ../lib. The folder need not exist.
 /// @param library  the file of the library, without symbolic links
 std::string bundleFolderOfLibrary(const Environment& environment, const std::filesystem::path& library);
 

@@ -14,6 +14,7 @@ namespace quode {
 /// with a message and leaves the file as it is.
 class IcalEventStore : public EventStore {
   public:
+    /// @param dataFolder  created by the first save where missing
     explicit IcalEventStore(std::filesystem::path dataFolder, StoreSurroundings surroundings = {});
 
     FoundEvent findEvent(std::string_view identifier) override;

@@ -13,6 +13,7 @@ namespace quode {
 /// handled as by `IcalEventStore`.
 class VdirEventStore : public EventStore {
   public:
+    /// @param folder  created by the first save where missing
     explicit VdirEventStore(std::filesystem::path folder, StoreSurroundings surroundings = {});
 
     FoundEvent findEvent(std::string_view identifier) override;

@@ -8,21 +8,21 @@
 
 namespace quode {
 
-/// The time that animations run by.
+/// The clock of animations.
 class AnimationClock {
   public:
     using Duration = std::chrono::duration<double>;
 
     virtual ~AnimationClock() = default;
 
-    /// The time since some moment that stays the same.
+    /// The time since a fixed moment.
     virtual Duration now() const = 0;
 
-    /// Calls back once, when the time has passed, unless `context` is gone by then.
+    /// Calls back once after a delay, unless `context` is deleted before.
     virtual void wakeAfter(Duration delay, QObject& context, std::function<void()> callback) = 0;
 };
 
-/// The clock of the machine, which calls back through the event loop.
+/// The clock of the machine; it calls back through the event loop.
 AnimationClock& systemAnimationClock();
 
 }  // namespace quode

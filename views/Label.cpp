@@ -82,7 +82,7 @@ void Label::setDrawsItself(bool value) {
     update();
 }
 
-// A font has whole points; what its size differs from them goes into the scale of the layout.
+// A font has whole points; the scale of the layout makes up the difference.
 QFont Label::screenFont() const {
     QFont font;
     font.setFamilies({toQt(fontName_), QString::fromLatin1(fallbackFont)});
@@ -133,7 +133,7 @@ void Label::drawLines(QPainter& painter, const Layout& layout) const {
         const double spare = bounds().width - metrics.horizontalAdvance(text) * layout.scale;
         const double left = textAlign_ == alignLeft ? 0.0 : textAlign_ == alignCenter ? spare * 0.5 : spare;
         painter.save();
-        // Whole points keep the letters as sharp as their font makes them.
+        // Whole points keep the letters sharp.
         painter.translate(std::round(left), std::round(top + metrics.ascent() * layout.scale));
         painter.scale(layout.scale, layout.scale);
         painter.drawText(QPointF(), text);

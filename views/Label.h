@@ -13,12 +13,12 @@ class QPainter;
 
 namespace quode {
 
-/// How a text is set in its label.
+/// The alignment of a text in its label. Fixed values.
 enum TextAlign : int { alignLeft = 0, alignCenter = 1, alignRight = 2 };
 
-/// A text on a clear background, vertically in the middle. One line that does not fit is set smaller, to half of its
-/// size, and then cut with an ellipsis at its end. Several lines are wrapped between words and cut after the last one.
-/// A label lets touches through to the views below.
+/// A text on a transparent background, vertically centred. A single line that does not fit is drawn smaller, down to half
+/// size, and then truncated with an ellipsis. Several lines are wrapped between words and truncated after the last line.
+/// Touches pass through a label to the views below.
 class Label : public View {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ class Label : public View {
     const std::string& text() const { return text_; }
     void setText(std::optional<std::string> text);
 
-    /// Name of the font; where it is missing "DejaVu Sans" takes its place.
+    /// Name of the font; "DejaVu Sans" replaces a missing font.
     const std::string& fontName() const { return fontName_; }
     /// Size in points of the screen.
     double fontSize() const { return fontSize_; }
@@ -41,19 +41,19 @@ class Label : public View {
     TextAlign textAlign() const { return textAlign_; }
     void setTextAlign(TextAlign align);
 
-    /// A black shadow, one point right and down; false at first.
+    /// A black shadow, one point right and down; false by default.
     bool shadow() const { return shadow_; }
     void setShadow(bool value);
 
-    /// 1 at first.
+    /// 1 by default.
     int numberOfLines() const { return numberOfLines_; }
     void setNumberOfLines(int lines);
 
-    /// Whether the label draws itself; when not, the view that holds it does so with draw(). True at first.
+    /// True, the default: the label draws itself; else its parent draws it with `draw`.
     bool drawsItself() const { return drawsItself_; }
     void setDrawsItself(bool value);
 
-    /// The lines as they are shown: what of the text fits, and the part of the font size it is set in.
+    /// The lines as drawn: the part of the text that fits, and the scale of the font size.
     struct Layout {
         std::vector<std::string> lines;
         double scale = 1.0;

@@ -24,8 +24,8 @@ constexpr double cornerRadius = 5.0;
 constexpr double frameTime = 1.0 / 60.0;
 constexpr double shortestFrame = 0.001;
 
-// The toasts that show or wait, for the whole process; there is no queue while there are none. A toast on screen also
-// has a parent: when that deletes it, the toast takes itself out.
+// The shown and waiting toasts of the whole process; null without any. A toast on screen also has a parent: when that
+// deletes it, the toast removes itself from the queue.
 std::optional<Queue>& queue() {
     static std::optional<Queue> toasts;
     return toasts;
@@ -35,7 +35,7 @@ void dropQueue() {
     const std::optional<Queue> gone = std::exchange(queue(), std::nullopt);
 }
 
-// Widgets cannot outlive the application: a toast that nobody shows any more goes with it at the latest.
+// Widgets cannot outlive the application: the remaining toasts are deleted with it.
 void makeQueue() {
     queue().emplace();
     static const bool registered = [] {
@@ -100,7 +100,7 @@ MessageView::MessageView(const std::string& text) : clock_(currentClock()) {
 
 MessageView::~MessageView() {
     if (!queue() || queue()->empty() || queue()->front().get() != this) return;
-    // The parent deletes the toast that it shows; there is no place left for those that wait.
+    // The parent deletes the toast that it shows; the waiting ones have no parent left.
     Queue waiting = *std::exchange(queue(), std::nullopt);
     static_cast<void>(waiting.front().release());
 }

@@ -12,46 +12,48 @@
 
 namespace quode {
 
-/// A toast: a short message in a grey box that pops in over a view, stays for three seconds and fades out. Toasts that
-/// are asked for meanwhile wait in one queue for the whole process and are shown one after the other, in the parent of
-/// the one before. When that parent goes, its toast and those that wait go with it. Touches pass through a toast.
+/// A toast: a short message in a grey box that pops in over a view, stays for three seconds and fades out. Further toasts
+/// wait in one queue for the whole process and are shown one after the other, in the parent of the previous one. When
+/// that parent is deleted, its toast and the waiting ones are deleted too. Touches pass through a toast.
+///
+/// Fixed names: all, except `queueLength`, `setKeepsNewestOnly`, `clearQueue` and `setAnimationClock`.
 class MessageView : public View {
     Q_OBJECT
 
   public:
     static constexpr Color boxColor{0.5, 0.5, 0.5, 0.8};
 
-    /// Shows a toast in a view, at once or when those before it have gone.
+    /// Shows a toast in a view, at once or after the earlier ones.
     static void toastInView(QWidget& parent, const std::string& text);
 
-    /// Shows the first toast of the queue, if there is one.
+    /// Shows the first toast of the queue, if any.
     static void nextToastInView(QWidget& parent);
 
-    /// Number of toasts that show or wait.
+    /// The number of toasts that are shown or waiting.
     static std::size_t queueLength();
 
-    /// Whether a toast that is asked for takes the place of those before it, which go at once, instead of waiting for
-    /// them. False at first; for the whole process.
+    /// True: a new toast replaces the earlier ones at once instead of waiting for them. False by default; for the whole
+    /// process.
     static void setKeepsNewestOnly(bool value);
 
-    /// Takes away all toasts, those that show and those that wait.
+    /// Removes all toasts, shown and waiting.
     static void clearQueue();
 
-    /// The clock of all toasts to come; null for the clock of the machine. Not owned.
+    /// Sets the clock of all future toasts; null for the clock of the machine. Not owned.
     static void setAnimationClock(AnimationClock* clock);
 
-    /// A toast that is not shown yet.
+    /// Makes a toast without showing it.
     static std::unique_ptr<MessageView> initWithText(const std::string& text);
 
     ~MessageView() override;
 
     Label* textLabel() const { return textLabel_; }
 
-    /// Begins the end of a shown toast: it fades for two seconds and goes. It comes by itself three seconds after the
-    /// toast was shown.
+    /// Fades a shown toast out within two seconds and deletes it. Called automatically three seconds after the toast is
+    /// shown.
     void fadeToastOut();
 
-    /// The present state of the animation: 0 is clear and 1 opaque; 1 is the natural size.
+    /// The current state of the animation: alpha 0 is transparent and 1 opaque; scale 1 is the natural size.
     double alpha() const { return alpha_; }
     double scale() const { return scale_; }
 
@@ -75,7 +77,7 @@ class MessageView : public View {
     AnimationClock::Duration began_{};
     bool fading_ = false;
     toast::Look lookAtFade_;
-    std::size_t run_ = 0;  // tells the wake-ups of this run of the animation from older ones
+    std::size_t run_ = 0;  // distinguishes the wake-ups of this run of the animation from older ones
 };
 
 }  // namespace quode

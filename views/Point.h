@@ -4,7 +4,7 @@
 
 namespace quode {
 
-/// A place in a view, in points from its upper left corner.
+/// A position in a view, in points from its upper left corner.
 struct Point {
     double x = 0.0;
     double y = 0.0;

@@ -171,7 +171,7 @@ void UIButtonX::touchesEnded(Point location) {
     if (contains(bounds(), location)) tap();
     if (!self) return;  // the tap may have closed the view that holds the button
     setSelecting(false);
-    View::touchesMoved(location);  // the base sees the end as one more move, and so never acts on it
+    View::touchesMoved(location);  // the base sees the end as a move, and so does not act on it
 }
 
 void UIButtonX::touchesCancelled() {
@@ -205,7 +205,7 @@ bool UIButtonX::event(QEvent* event) {
     return View::event(event);
 }
 
-// One finger works the button; others on it are not looked at.
+// The button follows one finger and ignores others.
 void UIButtonX::touchEvent(const QTouchEvent& event) {
     if (event.type() == QEvent::TouchCancel || event.pointCount() == 0) {
         touchesCancelled();
@@ -273,7 +273,7 @@ void UIButtonX::setFocusRing(bool value) {
 }
 
 void UIButtonX::focusInEvent(QFocusEvent* event) {
-    // Who uses the mouse knows where it is.
+    // Mouse users need no focus ring.
     const bool byWindow = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
     if (!byWindow) setFocusRing(event->reason() != Qt::MouseFocusReason);
     update();
@@ -326,7 +326,7 @@ void UIButtonX::drawRect(QPainter& painter) const {
     if (hasFocusRing_ && hasFocus()) drawFocusRing(painter);
 }
 
-// A wash over the area of the frame, a rounded one where there is no frame.
+// A wash over the area of the frame; rounded without a frame.
 void UIButtonX::drawPressed(QPainter& painter) const {
     constexpr double washAlpha = 0.3;
     Color wash = frameColor();

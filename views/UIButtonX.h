@@ -22,24 +22,26 @@ class GlobalFuncs;
 struct Settings;
 class UIButtonX;
 
-/// Hears of the taps of a button.
+/// Receives the taps of a button.
 class UIButtonXDelegate {
   public:
-    /// @param selected  the state of the button after the tap; always false for a button that is no toggle
+    /// @param selected  the state of the button after the tap; always false for a button that is not a toggle
     virtual void delegateUIButtonXTapped(UIButtonX& button, bool selected) = 0;
 
   protected:
     ~UIButtonXDelegate() = default;
 };
 
-/// The tags by which the views know their buttons.
+/// The tags of the views' buttons. Fixed values.
 enum ButtonTag : int { tagAlarmOnOff = 222, tagCityInfo = 224, tagShowAll = 225, tagCompass = 226 };
 
-/// A button that draws a frame and a glyph in the colours of the current scheme, and that may be a toggle.
+/// A button, optionally a toggle, that draws a frame and a glyph in the colours of the current scheme.
 ///
-/// It is worked by touch, by the left mouse button, by the Space and Enter keys and through the accessibility
-/// interface, where it is a check box when it is a toggle, else a push button, named by spokenName.
+/// It reacts to touch, to the left mouse button, to the Space and Enter keys and to the accessibility interface, where it
+/// is a check box when it is a toggle, else a push button, with the name `spokenName`.
 ///
+/// Fixed names: all, except `spokenName`, `setSpokenName`, `frameColor` and `glyphColor`; the numbers of buttonType and
+/// buttonShape:
 /// buttonType: 0 no frame, 1 ellipse, 2 circle, 3 rounded rectangle, 4 rectangle.
 /// buttonShape: 0 no glyph, 1 dots, 2 plus, 3 arrows outwards, 4 arrows inwards, 5 house, 6 stepped figure, 7 star of
 /// the compass, 8 information, 9 alarm on, 10 alarm off, 11 bell, 12 open circle. Other numbers draw nothing.
@@ -50,22 +52,22 @@ class UIButtonX : public View {
     explicit UIButtonX(const Rect& frame = {}, QWidget* parent = nullptr);
 
     UIButtonXDelegate* delegate() const { return delegate_; }
-    /// The delegate is not owned; nothing hears of taps while it is null.
+    /// The delegate is not owned; while it is null, taps have no receiver.
     void setDelegate(UIButtonXDelegate* delegate) { delegate_ = delegate; }
 
     std::int32_t buttonType() const { return buttonType_; }
     void setButtonType(std::int32_t type);
 
-    /// Shapes 7 and 8 are signs that the caption shows; they take its place.
+    /// Shapes 7 and 8 are symbols that replace the text of the caption.
     std::int32_t buttonShape() const { return buttonShape_; }
     void setButtonShape(std::int32_t shape);
 
     /// The caption.
     Label* text() const { return text_; }
-    /// Puts another caption in the place of the present one, which is deleted.
+    /// Replaces the caption; the old one is deleted.
     void setText(std::unique_ptr<Label> text);
 
-    /// Whether the button is a toggle; false at first.
+    /// True for a toggle; false by default.
     bool selectable() const { return selectable_; }
     void setSelectable(bool value);
 
@@ -83,32 +85,31 @@ class UIButtonX : public View {
     const Color& enabledColor() const { return enabledColor_; }
     void setEnabledColor(const Color& color);
 
-    /// Whether frame and glyph cast a shadow; true at first.
+    /// True, the default: frame and glyph have a shadow.
     bool isShadow() const { return isShadow_; }
     void setIsShadow(bool value);
 
-    /// A second number for the owner.
+    /// A second number for use by the owner.
     std::int32_t tag2() const { return tag2_; }
     void setTag2(std::int32_t tag) { tag2_ = tag; }
 
-    /// The name by which assistive technology calls the button: what the function gives at that moment; the caption
-    /// where there is none.
+    /// The name for assistive technology: the current result of the function; without a function, the caption.
     std::string spokenName() const;
     void setSpokenName(std::function<std::string()> name) { spokenName_ = std::move(name); }
 
-    /// A finger, the mouse button or the Space key is down inside the button.
+    /// True while a finger, the mouse button or the Space key is down inside the button.
     bool isSelecting() const { return isSelecting_; }
 
-    /// Sets the frame; the caption fills the button but for its two lowest points.
+    /// Sets the frame; the caption fills the button except its two lowest points.
     void setFrame(const Rect& frame) override;
 
-    /// Does what a tap inside the button does. Nothing happens while the button is disabled.
+    /// Has the effect of a tap inside the button. Does nothing while the button is disabled.
     void tap();
 
     /// An arc about (10, 10) with radius 5, from the right clockwise over 135 degrees.
     static QPainterPath createArcPath();
 
-    /// The colours of the present state, as frame and glyph are drawn.
+    /// The colours of frame and glyph in the current state.
     Color frameColor() const;
     Color glyphColor() const;
 

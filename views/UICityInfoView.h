@@ -6,7 +6,7 @@
 
 namespace quode {
 
-/// The seven lines about the city and the day, from top to bottom, each 40 points high.
+/// The seven lines about the city and the day, from top to bottom, each 40 points high. Fixed names: all.
 class UICityInfoView : public View {
     Q_OBJECT
 

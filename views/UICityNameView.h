@@ -8,18 +8,18 @@ namespace quode {
 
 class UICityNameView;
 
-/// Hears of the buttons beside the name of the city.
+/// Receives the taps of the buttons beside the name of the city.
 class UICityNameViewDelegate {
   public:
     virtual void delegateUICityNameView_CompassTapped(UIButtonX& button, UICityNameView& view) = 0;
-    /// The button is a toggle, and has its new state.
+    /// The button is a toggle and already has its new state.
     virtual void delegateUICityNameView_CityInfoTapped(UIButtonX& button, UICityNameView& view) = 0;
 
   protected:
     ~UICityNameViewDelegate() = default;
 };
 
-/// The row of the city: its name, the button of the compass and the button that opens the lines about the city.
+/// The row of the city: its name, the compass button and the button that shows the lines about the city. Fixed names: all.
 class UICityNameView : public View, private UIButtonXDelegate {
     Q_OBJECT
 

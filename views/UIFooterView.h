@@ -8,17 +8,17 @@ namespace quode {
 
 class UIFooterView;
 
-/// Hears of the button that shows all prayer times.
+/// Receives the taps of the button that shows all prayer times.
 class UIFooterViewDelegate {
   public:
-    /// @param showAll  the new state; the button's caption has already followed it
+    /// @param showAll  the new state; the button already has its caption
     virtual void delegateUIFooterView_ShowAllTapped(UIFooterView& footer, bool showAll) = 0;
 
   protected:
     ~UIFooterViewDelegate() = default;
 };
 
-/// The last row: the button that shows or hides the further prayer times.
+/// The last row: the button that shows or hides the further prayer times. Fixed names: all.
 class UIFooterView : public View, private UIButtonXDelegate {
     Q_OBJECT
 
@@ -31,10 +31,10 @@ class UIFooterView : public View, private UIButtonXDelegate {
 
     UIButtonX* buttonShowAll() const { return buttonShowAll_; }
 
-    /// Gives the button its state, and the caption that goes with it.
+    /// Sets the state of the button, with its caption.
     void setButtonShowAllState(bool showAll);
 
-    /// Gives the button the caption of its state.
+    /// Sets the caption of the button from its state.
     void refreshControls();
 
   private:

@@ -8,7 +8,7 @@ namespace quode {
 
 class UITimesView;
 
-/// Hears of the alarm button of a prayer row.
+/// Receives the taps of the alarm button of a prayer row.
 class UITimesViewDelegate {
   public:
     /// @param view  the row, whose tag is the code of its prayer
@@ -18,7 +18,8 @@ class UITimesViewDelegate {
     ~UITimesViewDelegate() = default;
 };
 
-/// The row of one prayer time: its name, its time and the switch of its alarm. The tag is the code of the prayer.
+/// The row of one prayer time: its name, its time and the switch of its alarm. The tag is the code of the prayer. Fixed
+/// names: all.
 class UITimesView : public View, private UIButtonXDelegate {
     Q_OBJECT
 
@@ -36,7 +37,7 @@ class UITimesView : public View, private UIButtonXDelegate {
     /// Always null: a row has no button to set an alarm up.
     UIButtonX* buttonAlarmSet() const { return nullptr; }
 
-    /// Shows whether the alarm of this prayer is on, as the user database has it.
+    /// Shows whether the alarm of this prayer is on, from the user database.
     /// @param currentCityId  index of the city shown; a negative one, for no city, disables the button instead
     void detectAlarmOnOff(int currentCityId);
 

@@ -11,13 +11,13 @@
 namespace quode {
 namespace {
 
-// One direction of a view in the view that holds it.
+// One dimension of a view in its parent.
 struct Span {
     double origin;
     double length;
 };
 
-// Shares a change of the outer length among the flexible parts, each by its present size.
+// Distributes a change of the outer length over the flexible parts, in proportion to their sizes.
 Span followed(Span span, double oldOuter, double newOuter, bool flexibleBefore, bool flexibleLength,
               bool flexibleAfter) {
     const double change = newOuter - oldOuter;

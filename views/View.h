@@ -11,7 +11,7 @@
 
 namespace quode {
 
-/// How a view follows when the view that holds it changes its size; values are added up.
+/// How a view changes when its parent changes its size; a sum of values. Fixed values.
 enum Autoresizing : unsigned {
     fixedAutoresizing = 0,
     flexibleLeftMargin = 1,
@@ -22,35 +22,34 @@ enum Autoresizing : unsigned {
     flexibleBottomMargin = 32,
 };
 
-/// A widget whose place is kept in doubles and rounded to whole points only for the screen. Its background is clear.
-/// Views that were added later are drawn above those added before, and views may lie one upon the other.
+/// A widget whose frame has doubles, rounded to whole points only on the screen. Its background is transparent. Views may
+/// overlap; a view that was added later is drawn above earlier ones.
 class View : public QWidget {
     Q_OBJECT
 
   public:
     explicit View(const Rect& frame = {}, QWidget* parent = nullptr);
 
-    /// Place and size in the view that holds this one. A widget that is moved or resized by other means takes its new
-    /// place as its frame.
+    /// Position and size in the parent. When the widget is moved or resized by other means, its frame follows.
     const Rect& frame() const { return frame_; }
     virtual void setFrame(const Rect& frame);
 
     /// The view's own area: origin 0, size of the frame.
     Rect bounds() const { return {0.0, 0.0, frame_.width, frame_.height}; }
 
-    /// The middle of the frame. Setting it moves the frame and keeps its size.
+    /// The centre of the frame. Setting it moves the frame and keeps its size.
     Point center() const;
     void setCenter(Point center);
 
-    /// A number that its owner gives it; 0 at first.
+    /// A number for use by the owner; 0 by default.
     int tag() const { return tag_; }
     void setTag(int tag) { tag_ = tag; }
 
-    /// A sum of Autoresizing values; 0 at first.
+    /// A sum of `Autoresizing` values; 0 by default.
     unsigned autoresizingMask() const { return autoresizingMask_; }
     void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
 
-    /// Whether views in this one follow a change of its size; true at first.
+    /// True, the default: child views follow a change of this view's size.
     bool autoresizesSubviews() const { return autoresizesSubviews_; }
     void setAutoresizesSubviews(bool value) { autoresizesSubviews_ = value; }
 
@@ -58,11 +57,10 @@ class View : public QWidget {
     /// The whole points that the frame covers on the screen.
     virtual QRect screenGeometry() const;
 
-    /// Brings the widget to screenGeometry.
+    /// Moves the widget to `screenGeometry`.
     void placeOnScreen();
 
-    // What a finger, the mouse's left button or a key does to the view; locations are in the view's own points. A plain
-    // view does nothing with it.
+    // Called for a finger, the left mouse button or a key; locations are in the view's points. The base does nothing.
     virtual void touchesBegan(Point) {}
     virtual void touchesMoved(Point) {}
     virtual void touchesEnded(Point) {}
@@ -81,8 +79,8 @@ class View : public QWidget {
     bool autoresizesSubviews_ = true;
 };
 
-/// Puts a new view into another one, above those already there, and shows it unless it was hidden before.
-/// Returned: the view, which the parent now owns.
+/// Adds a view to a parent, above its other views, and shows it unless it was hidden before.
+/// @return the view, which the parent owns
 template <typename T>
 T* addSubview(QWidget& parent, std::unique_ptr<T> view) {
     const bool hidden = view->testAttribute(Qt::WA_WState_ExplicitShowHide) && view->isHidden();

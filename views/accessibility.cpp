@@ -20,7 +20,7 @@
 namespace quode {
 namespace {
 
-// A view whose name is asked for when it is needed, because texts change.
+// A view whose name is computed at each request, because texts change.
 class NamedView : public QAccessibleWidget {
   public:
     using Name = std::function<std::string()>;
@@ -37,7 +37,7 @@ class NamedView : public QAccessibleWidget {
     Name name_;
 };
 
-// A button is one thing: its caption is its name, not a text of its own.
+// A button is a single element: its caption is its name, not a separate text.
 class ButtonInterface final : public NamedView {
   public:
     explicit ButtonInterface(UIButtonX& button)
@@ -90,7 +90,7 @@ QAccessibleInterface* row(QWidget& view, NamedView::Name name) {
     return new NamedView(view, QAccessible::Row, std::move(name));
 }
 
-// The framework takes the interface over.
+// The framework owns the interface.
 QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
     if (auto* label = qobject_cast<Label*>(object)) {
         return new NamedView(*label, QAccessible::StaticText, [label] { return label->text(); });

@@ -4,8 +4,8 @@
 
 namespace quode {
 
-/// Makes every view of this program known to assistive technology with role, name, state and actions. To be called once
-/// after the application object was made; further calls do nothing.
+/// Registers every view of this program with assistive technology, with role, name, state and actions. Call it after
+/// creating the application object; further calls do nothing.
 void installAccessibility();
 
 }  // namespace quode

@@ -9,7 +9,7 @@ namespace quode {
 /// The contrast of two opaque colours by the Web Content Accessibility Guidelines 2.1: 1 (none) to 21 (black on white).
 double contrastRatio(const Color& a, const Color& b);
 
-/// What a colour looks like on an opaque one that shines through as its alpha lets it.
+/// The opaque colour that results from a transparent colour over an opaque one.
 Color over(const Color& front, const Color& back);
 
 }  // namespace quode

@@ -14,7 +14,7 @@
 namespace quode {
 namespace {
 
-// A clear image of a size in points; what is a whole number but for the last bits is taken as whole.
+// A transparent image of a size in points; a number that is whole except for its last bits counts as whole.
 QImage clearImage(QSizeF size, double pixelsPerPoint) {
     const auto pixels = [&](double points) { return static_cast<int>(std::ceil(points * pixelsPerPoint - 1e-6)); };
     QImage image(pixels(size.width()), pixels(size.height()), QImage::Format_ARGB32_Premultiplied);
@@ -23,7 +23,7 @@ QImage clearImage(QSizeF size, double pixelsPerPoint) {
     return image;
 }
 
-// Draws an image in a size through a transform onto a clear canvas.
+// Draws an image in a size through a transform onto a transparent canvas.
 QImage drawn(const QImage& image, Size size, QSizeF canvasSize, const QTransform& transform) {
     QImage canvas = clearImage(canvasSize, image.devicePixelRatio());
     QPainter painter(&canvas);
@@ -39,7 +39,7 @@ void drawRoundedRectangle(QPainterPath& path, const Rect& rect, double radius) {
     const double r = std::clamp(radius, 0.0, std::min(rect.width, rect.height) * 0.5);
     const double maxX = rect.x + rect.width;
     const double maxY = rect.y + rect.height;
-    // A quarter of a circle about a centre, clockwise from an angle that is counted as paths do.
+    // A quarter of a circle around a centre, clockwise from an angle in the convention of paths.
     const auto corner = [&](double centerX, double centerY, double from) {
         if (r > 0.0) {
             path.arcTo(centerX - r, centerY - r, 2.0 * r, 2.0 * r, from, -90.0);

@@ -17,7 +17,7 @@ namespace {
 
 using Parts = std::vector<GlyphPart>;
 
-// The marks of the area of a glyph from which its points are measured.
+// The reference points of a glyph's area.
 struct Marks {
     explicit Marks(const Rect& area)
         : midX(area.x + area.width * 0.5), midY(area.y + area.height * 0.5), minY(area.y), maxY(area.y + area.height) {}
@@ -25,7 +25,7 @@ struct Marks {
     double midX, midY, minY, maxY;
 };
 
-// A closed line through points that are given from an origin; `mirror` is -1.0 for the mirror image.
+// A closed line through points relative to an origin; `mirror` is -1.0 for the mirror image.
 QPainterPath closedLine(Point origin, std::initializer_list<Point> points, double mirror = 1.0) {
     QPainterPath path;
     for (const Point& point : points) {
@@ -67,7 +67,7 @@ Parts plus(const Marks& m) {
     return {{path, 2.0, Qt::FlatCap, false}};
 }
 
-// Two arrows whose points lie to both sides of the middle, the right one being the mirror image of the left.
+// Two arrows on both sides of the middle; the right one is the mirror image of the left.
 Parts arrows(const Marks& m, double width, std::initializer_list<Point> left) {
     Parts parts;
     for (const double mirror : {1.0, -1.0}) {
@@ -132,7 +132,7 @@ Parts steppedFigure(const Marks& m) {
 }
 
 // The outline of a bell: dome, flaring sides and a rim with round ends.
-// @param inset  how much smaller than the outermost outline
+// @param inset  distance from the outermost outline
 QPainterPath bellBody(const Marks& m, double inset) {
     const double dome = 6.0 - inset;
     const double domeY = m.midY - 2.5;
@@ -184,12 +184,12 @@ Parts alarmOn(const Marks& m) {
     return {{hollowBell(m), 1.0, Qt::RoundCap, true}, {dot, 1.0, Qt::RoundCap, true}};
 }
 
-// What is left of a figure when a bar is laid over it, with a gap around the bar that keeps both apart.
+// A figure without a bar and a gap around it.
 QPainterPath cutByBar(const QPainterPath& figure, const QPainterPath& bar, double barWidth, double gap) {
     QPainterPathStroker stroker;
     stroker.setWidth(barWidth + 2.0 * gap);
     stroker.setCapStyle(Qt::SquareCap);
-    // Paths are cut to a fixed precision: in a large drawing curves stay smooth.
+    // Clipping has a fixed precision; in an enlarged drawing curves stay smooth.
     constexpr double enlargement = 64.0;
     const QTransform enlarge = QTransform::fromScale(enlargement, enlargement);
     const QPainterPath rest = enlarge.map(figure).subtracted(enlarge.map(stroker.createStroke(bar)));
@@ -242,7 +242,7 @@ std::vector<GlyphPart> drawnParts(std::int32_t shape, const Rect& area, double d
 
 }  // namespace
 
-// Uniting and cutting outlines is slow, and a table draws the same few glyphs again and again.
+// A cache: uniting and clipping outlines is slow, and a table draws the same few glyphs repeatedly.
 const std::vector<GlyphPart>& glyphParts(std::int32_t shape, const Rect& area, double defaultWidth) {
     using Key = std::array<double, 6>;
     constexpr std::size_t mostDrawn = 64;
@@ -258,7 +258,7 @@ std::string_view signOfShape(std::int32_t shape) {
         case 7:
             return "✧";
         case 8:
-            return "\u2139\uFE0E";  // the letter i as a sign, asked for as text rather than as a picture
+            return "\u2139\uFE0E";  // the letter i as a symbol, in its text form, not as a picture
         default:
             return {};
     }

@@ -19,14 +19,14 @@ struct GlyphPart {
     bool filled = false;  ///< filled besides being stroked
 };
 
-/// The parts of a glyph in the order in which they are drawn; none for a number without a glyph.
-/// They are drawn once for each place and size; the returned list lasts until the next call.
+/// The parts of a glyph in drawing order; none for a number without a glyph. They are computed once for each area; the
+/// returned list is valid until the next call.
 /// @param shape         as UIButtonX::buttonShape
 /// @param area          the rectangle that the glyph is drawn into
-/// @param defaultWidth  stroke width of the glyphs that have none of their own
+/// @param defaultWidth  stroke width of the glyphs without a fixed width
 const std::vector<GlyphPart>& glyphParts(std::int32_t shape, const Rect& area, double defaultWidth);
 
-/// The sign that the caption shows in the place of a glyph; empty for a shape that is drawn.
+/// The symbol that the caption shows instead of a glyph; empty for a shape that is drawn.
 std::string_view signOfShape(std::int32_t shape);
 
 /// The path of a frame.

@@ -37,7 +37,7 @@ bool isDay(const VAKDate& date, int day, int month) {
     return date.Days == day && date.Months == month;
 }
 
-// The Hijri date of the day after.
+// The Hijri date of the next day.
 VAKDate following(const VAKDate& hijri) {
     return calendar::JulianToHijri(calendar::HijriDateToJulian(hijri) + 1.0);
 }

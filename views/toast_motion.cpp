@@ -26,7 +26,7 @@ const QEasingCurve& easing() {
     return curve;
 }
 
-// The value at a time of a movement that begins at time 0.
+// The value of a movement that begins at time 0.
 double moved(double from, double to, double time, double duration) {
     if (time >= duration) return to;
     return from + (to - from) * easing().valueForProgress(std::max(time / duration, 0.0));

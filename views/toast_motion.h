@@ -2,24 +2,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// How a toast moves. Times are in seconds; every movement begins and ends slowly.
+/// The animation of a toast. Times are in seconds; every movement begins and ends slowly.
 namespace quode::toast {
 
-inline constexpr double stay = 3.0;  ///< from appearing to the beginning of the end
+inline constexpr double stay = 3.0;  ///< from the appearance to the start of the fade
 inline constexpr double popDuration = 0.6;
 inline constexpr double fadeDuration = 2.0;
 
-/// How a toast is drawn at a moment.
+/// The look of a toast at a moment.
 struct Look {
     double alpha = 0.0;
     double scale = 1.0;
 };
 
-/// Its look a time after it appeared: it grows beyond its size and comes back.
+/// The look a time after the appearance: the toast grows beyond its size and returns to it.
 Look popIn(double time);
 
-/// Its look a time after its end began.
-/// @param alpha, scale  what it had when its end began
+/// The look a time after the start of the fade.
+/// @param from  the look at the start of the fade
 Look fadeOut(double time, Look from);
 
 }  // namespace quode::toast

@@ -8,8 +8,8 @@
 
 namespace quode {
 
-/// Holds a widget for the one who made it. The widget is deleted with the holder, or when another takes its place,
-/// whether or not it has been put into a parent; the holder notices when the parent has deleted it before.
+/// Owns a widget. The widget is deleted with its owner, or when another replaces it, whether or not it has a parent; when
+/// the parent deletes it first, the owner becomes empty.
 template <typename T>
 class Owned {
   public:

@@ -18,7 +18,7 @@ constexpr double fullInfoHeight = 280.0;
 constexpr double infoHeightWithoutCity = 80.0;
 constexpr double hiddenRowHeight = 0.01;
 
-// What the rows count for in the height of the widget, whatever their own heights.
+// The heights of the rows in the height of the widget, independent of their own heights.
 constexpr double mainTimesHeight = 240.0;
 constexpr double otherTimesHeight = 120.0;
 constexpr double footerHeight = 37.0;
@@ -48,7 +48,7 @@ void QuodeController::initialize(const std::string& bundlePath) {
 
 QuodeController::QuodeController(std::function<CompassDevices()> compassDevices)
     : globalFuncs_(GlobalFuncs::globalFuncs()), compassDevices_(std::move(compassDevices)) {
-    currentInfo_.MiladiDate.Minutes = -1;  // nothing is computed yet
+    currentInfo_.MiladiDate.Minutes = -1;  // no date yet
     loadView();
 }
 
@@ -110,7 +110,7 @@ void QuodeController::makeTimesRows(double width) {
             row->setDelegate(this);
             row->detectAlarmOnOff(currentCityId_);
         } else {
-            row->buttonAlarmOnOff()->hide();  // these times carry no alarms
+            row->buttonAlarmOnOff()->hide();  // these times have no alarms
         }
         timesViews_[static_cast<std::size_t>(code - firstPrayer)] = std::move(row);
     }
@@ -137,7 +137,7 @@ void QuodeController::unloadView() {
     religiousView_.reset();
     for (Owned<UITimesView>& row : timesViews_) row.reset();
     footerView_.reset();
-    myView_.reset();  // with a toast that it may show
+    myView_.reset();  // with its toast, if any
     timer_.reset();
     isWidgetUnloading_ = false;
 }

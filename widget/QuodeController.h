@@ -36,22 +36,24 @@ struct DateInformation {
 /// The widget: a table of the religious days, the city, its details, six prayer times with their alarms, three further
 /// times, and a footer.
 ///
-/// Every build reads the user's cities again, and computes the day of the one that is shown. While it is built, a timer
-/// looks for a change of day, which renews the two date labels only; everything else waits for the next build. Nothing
-/// is thrown: what fails leaves its labels as they were, and the debug log tells of it.
+/// Every build reads the user's cities and computes the day of the city shown. While it is built, a timer checks for a
+/// change of day, which updates the two date labels only; everything else waits for the next build. Nothing throws: after
+/// a failure the labels stay as they were, and the debug log has the reason.
 ///
-/// The shared services must have been started, and initialize called. Everything runs on the main thread.
+/// It needs the shared services and a call of `initialize`, on the main thread.
+///
+/// Fixed names: all, except `timesView`.
 class QuodeController final : public WidgetViewController,
                               public WidgetTableSource,
                               public UICityNameViewDelegate,
                               public UITimesViewDelegate,
                               public UIFooterViewDelegate {
   public:
-    /// Tells the shared services the folder of the bundle. To be called once, before a widget is made.
+    /// Sets the folder of the bundle in the shared services. Call it once, before creating a widget.
     static void initialize(const std::string& bundlePath);
 
     /// Builds the widget.
-    /// @param compassDevices  makes the devices of a compass; those of this system when empty
+    /// @param compassDevices  creates the devices of a compass; empty: those of this system
     explicit QuodeController(std::function<CompassDevices()> compassDevices = {});
     ~QuodeController() override;
     QuodeController(const QuodeController&) = delete;
@@ -59,35 +61,35 @@ class QuodeController final : public WidgetViewController,
 
     void hostDidPresent() override;
     void hostDidDismiss() override;
-    /// The width of the shared services' widget area, and getWidgetHeight.
+    /// The width of the shared services' widget area, and `getWidgetHeight`.
     Size preferredViewSize() const override;
     QWidget* view() const override { return view_.data(); }
 
-    /// Builds views and data, in the place of those of an earlier build, which are released.
+    /// Builds views and data; those of an earlier build are released.
     void loadView();
 
     /// Releases views and data, and stops the timer. A compass on the screen stays.
     void unloadView();
 
-    /// The height in which every row is seen; what is not built counts as 0.
+    /// The height of all rows, points; parts that are not built count as 0.
     double getWidgetHeight() const;
 
-    /// Brings table and root view to getWidgetHeight, and tells the host.
+    /// Sets table and root view to `getWidgetHeight`, and notifies the host.
     void refreshMainTableHeight();
 
-    /// Tells the footer whether the further times are shown.
+    /// Sets the footer's state: whether the further times are shown.
     void finalizeButtonStateInViews();
 
     // --- the refresh cycle, in the order of a build
 
-    /// Reads language, 12/24-hour convention and texts again.
+    /// Updates language, 12/24-hour convention and texts.
     void initializeParameters();
 
-    /// Reads the user's cities, and chooses the one to show. A database that is missing or cannot be read has none.
+    /// Reads the user's cities and chooses the one to show; none when the database is missing or cannot be read.
     void loadAllUserCities();
 
-    /// Chooses the first city that is marked as home, else the first one.
-    /// @return false when there is none
+    /// Chooses the first city that is marked as home, else the first city.
+    /// @return false without cities
     bool findHomeCityId();
 
     /// Takes today's date from the clock.
@@ -101,10 +103,10 @@ class QuodeController final : public WidgetViewController,
     /// Shows the name of the city and its prayer times.
     void updatePrayerTimes() noexcept;
 
-    /// Shows zone, qibla, Sun and Moon of the city; without a city, says so in the place of its name.
+    /// Shows zone, qibla, Sun and Moon of the city; without a city, a message in place of its name.
     void updateCityInfo() noexcept;
 
-    /// Looks for a change of day, and takes the new date when there is one. Does nothing in the middle of a build.
+    /// Checks for a change of day, and then updates the date. Does nothing during a build.
     void timerFireMethod(const VAKDate& now) noexcept;
 
     // --- taps

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What the widget shows: the user's cities, the day of one of them, and the labels.
+// The content of the widget: the user's cities, the day of one of them, and the labels.
 #include <fmt/format.h>
 #include <sqlite3.h>
 
@@ -25,7 +25,7 @@ constexpr const char* cityQuery = "SELECT ID, SETASHOME FROM USER_CITY";
 constexpr int lockPatienceMs = 200;
 using formatting::noTime;
 
-// Runs an operation at whose edge every failure stops; the log says which it was.
+// Runs an operation and catches every failure; the log gets the reason.
 template <typename Operation>
 void guarded(GlobalFuncs& globalFuncs, std::string_view name, Operation operation) noexcept {
     try {
@@ -50,7 +50,7 @@ sqlite::Database openDatabase(const std::string& path) {
     return database;
 }
 
-// The cities that a user database has.
+// The cities in a user database.
 std::vector<City> readCities(sqlite3* userDB) {
     std::vector<City> cities;
     const sqlite::Statement row = sqlite::prepare(userDB, cityQuery);
@@ -62,7 +62,7 @@ std::vector<City> readCities(sqlite3* userDB) {
         city.getAllCityInfo(city);
         cities.push_back(std::move(city));
     }
-    // Without its coordinates the home city would get the times of latitude and longitude 0: rather none is shown.
+    // Without coordinates the home city would get the times of latitude and longitude 0: show no city instead.
     const auto home = std::ranges::find_if(cities, isHome);
     const City* const shown = home != cities.end() ? &*home : cities.empty() ? nullptr : &cities.front();
     if (shown != nullptr && shown->latitude().empty()) cities.clear();
@@ -136,7 +136,7 @@ void QuodeController::refreshDateLabels() {
         fmt::format("{} {} {}", hijri.Days, globalFuncs_.GetTextHijriMonth(hijri.Months).value_or(""), hijri.Years));
 }
 
-// The clock is looked at in even seconds only.
+// The clock is checked in even seconds only.
 void QuodeController::tick() {
     const VAKDate now = globalFuncs_.GetCurrentDateTime();
     if (now.Seconds % 2 == 0) timerFireMethod(now);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What the buttons of the widget do.
+// The actions of the widget's buttons.
 #include "common/GlobalFuncs.h"
 #include "data/DatabaseFunctions.h"
 #include "data/city_day.h"
@@ -65,7 +65,7 @@ void QuodeController::delegateUITimesView_AlarmOnOffTapped(UIButtonX& button, UI
     } else {
         database.deleteAlarm(view.tag());
     }
-    // What is shown is what is stored. A row without a sound could not be read: it had one a moment ago.
+    // Show the stored state. A row without a sound could not be read: it had one a moment ago.
     const AlarmInfo stored = database.getAlarmInfo(view.tag());
     if (!stored.melodyName.empty() && stored.active == isWantedOn) return;
     showAlarmState(button, stored.melodyName.empty() ? !isWantedOn : stored.active);

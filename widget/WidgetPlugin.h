@@ -10,13 +10,14 @@
 
 namespace quode {
 
-/// The face that the module of a widget bundle shows to a host, which loads it with QPluginLoader. The host has started
-/// the shared services (GlobalFuncs::startUp) and has made a QApplication before it asks for a widget.
+/// The interface of a widget bundle's module for its host, which loads it with QPluginLoader. Before creating a widget the
+/// host starts the shared services (`GlobalFuncs::startUp`) and creates a QApplication. Fixed names: the interface is a
+/// contract with hosts.
 class WidgetPlugin {
   public:
     virtual ~WidgetPlugin() = default;
 
-    /// Makes the widget, which builds itself once.
+    /// Creates the widget, which builds itself once.
     /// @param bundlePath  folder of the bundle that the module was loaded from
     virtual std::unique_ptr<WidgetViewController> makeWidget(const std::string& bundlePath) = 0;
 };

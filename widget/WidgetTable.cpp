@@ -20,9 +20,9 @@ constexpr double separatorOpacity = 0.25;
 
 }  // namespace
 
-// --- a cell ----------------------------------------------------------------------------------------------------------
+// ---- a cell ---------------------------------------------------------------------------------------------------------
 
-// A view that stays in its row keeps its parent, and with it the keyboard's focus.
+// A view that stays in its row keeps its parent, and so the keyboard focus.
 void WidgetTableCell::setAccessoryView(View* view) {
     if (accessoryView_ != view && accessoryView_ && accessoryView_->parentWidget() == this) {
         accessoryView_->setParent(nullptr);
@@ -47,7 +47,7 @@ void WidgetTableCell::placeAccessoryView() {
         {frame().width - accessoryMargin - size.width, (frame().height - size.height) * 0.5, size.width, size.height});
 }
 
-// --- the table -------------------------------------------------------------------------------------------------------
+// ---- the table ------------------------------------------------------------------------------------------------------
 
 WidgetTable::WidgetTable(const Rect& frame, QWidget* parent) : View(frame, parent) {}
 
@@ -76,7 +76,7 @@ void WidgetTable::reloadData() {
     update();
 }
 
-// Each row has its own cell again, so that nothing moves between cells.
+// Each row reuses its own cell, so that no view moves between cells.
 WidgetTableCell* WidgetTable::cellToReuse(std::size_t row) {
     return row < rows_.size() ? rows_[row].cell : addSubview(*this, std::make_unique<WidgetTableCell>());
 }

@@ -16,10 +16,10 @@ struct IndexPath {
     int row = 0;
 };
 
-/// The cell of a row. It keeps its tag and its view until it is given others.
+/// The cell of a row. It keeps its tag and its view until they are replaced.
 ///
-/// The accessory view keeps its size. It stands in the middle of the height of the cell and `accessoryMargin` from its
-/// right edge: a view as wide as the cell hangs over the left edge by as much.
+/// The accessory view keeps its size. It is vertically centred in the cell, `accessoryMargin` from the right edge: a view
+/// as wide as the cell extends beyond the left edge by the same distance.
 class WidgetTableCell final : public View {
     Q_OBJECT
 
@@ -40,13 +40,13 @@ class WidgetTableCell final : public View {
     QPointer<View> accessoryView_;
 };
 
-/// Tells a table of its rows.
+/// The source of a table's rows. Fixed names: all.
 class WidgetTableSource {
   public:
     virtual int numberOfSectionsInTableView() const = 0;
     virtual int numberOfRowsInSection(int section) const = 0;
     virtual double heightForRowAtIndexPath(IndexPath path) const = 0;
-    /// Fills the cell of a row, which is an empty one with tag 0 at first.
+    /// Fills the cell of a row, which is empty with tag 0 before its first use.
     virtual void cellForRowAtIndexPath(WidgetTableCell& cell, IndexPath path) const = 0;
 
   protected:
@@ -60,19 +60,20 @@ struct EdgeInsets {
     friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
 };
 
-/// A plain table: rows one below the other on a clear background, with a fine line under each. It neither scrolls nor
-/// lets rows be selected; what does not fit is not seen. A row of almost no height, such as 0.01, is a hidden one.
+/// A plain table: rows one below the other on a transparent background, with a thin line under each. It does not scroll,
+/// and rows cannot be selected; rows beyond its height are not visible. A row with a height of almost 0, such as 0.01, is
+/// hidden.
 class WidgetTable final : public View {
     Q_OBJECT
 
   public:
     explicit WidgetTable(const Rect& frame, QWidget* parent = nullptr);
 
-    /// The source is not owned. The rows are asked for at the next layout: when the table is given a frame, or when
-    /// the event loop is reached.
+    /// Sets the source, which is not owned. The rows are read at the next layout: when the frame is set, or in the event
+    /// loop.
     void setDataSource(const WidgetTableSource* source);
 
-    /// Asks the source for all rows again, at once.
+    /// Reads all rows from the source again, at once.
     void reloadData();
 
     const EdgeInsets& separatorInset() const { return separatorInset_; }
@@ -81,7 +82,7 @@ class WidgetTable final : public View {
     int numberOfRows() const { return static_cast<int>(rows_.size()); }
     const WidgetTableCell& cellForRow(int row) const { return *rows_.at(static_cast<std::size_t>(row)).cell; }
 
-    /// Where a row lies, counted over all sections; it may reach below the table.
+    /// The area of a row, counted over all sections; it may extend below the table.
     Rect rectForRow(int row) const;
 
     void setFrame(const Rect& frame) override;

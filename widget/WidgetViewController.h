@@ -8,37 +8,35 @@ class QWidget;
 
 namespace quode {
 
-/// What a widget asks of the place that shows it.
+/// The host of a widget, as the widget sees it. Fixed names: all of this file are a contract with hosts.
 class WidgetHost {
   public:
-    /// The widget's preferred size has changed; the host asks for it again.
+    /// Called when the widget's preferred size has changed; the host then reads it again.
     virtual void invalidatePreferredViewSize() = 0;
 
   protected:
     ~WidgetHost() = default;
 };
 
-/// A widget as its host knows it: made once, then presented and dismissed as often as the host likes, all on the main
-/// thread.
+/// A widget, as the host sees it: created once, then presented and dismissed any number of times, on the main thread.
 class WidgetViewController {
   public:
     virtual ~WidgetViewController() = default;
 
-    /// The host shows the widget: it is rebuilt with the present day's data.
+    /// The host shows the widget, which rebuilds itself with today's data.
     virtual void hostDidPresent() = 0;
 
-    /// The host has hidden the widget: its views are released and nothing of it runs any more.
+    /// The host has hidden the widget, which releases its views and stops its timer.
     virtual void hostDidDismiss() = 0;
 
-    /// The size, in points, in which the whole widget is seen without scrolling. It is known only while the widget is
-    /// built.
+    /// The size of the whole widget without scrolling, in points. It is valid only while the widget is built.
     virtual Size preferredViewSize() const = 0;
 
-    /// The widget's root view; null while it is torn down. Each presentation makes another one. The widget owns it, and
-    /// the host may give it a parent.
+    /// The widget's root view, a new one for each presentation; null while dismissed. The widget owns it, and the host may
+    /// give it a parent.
     virtual QWidget* view() const = 0;
 
-    /// The host, which is not owned; null when there is none.
+    /// The host, which is not owned; may be null.
     WidgetHost* widgetHost() const { return widgetHost_; }
     void setWidgetHost(WidgetHost* host) { widgetHost_ = host; }
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The face of the bundle's module to the host that loads it.
+// The interface of the bundle's module for the host that loads it.
 #include <QObject>
 
 #include "widget/QuodeController.h"

@@ -3,9 +3,9 @@
 # Turns the number tables (*.csv in this folder) into constexpr arrays. The numbers are copied as they are printed.
 
 # quode_table(NAME ROW_TYPE [GROUPED] [PREFIX p] [DROP n]): writes generated/astro/tables/NAME.inc with the rows of NAME.csv.
-#   GROUPED: the first column names the array that a row belongs to; without it there is one array, NAME.
-#   PREFIX p: is put before each array's name.
-#   DROP n:  leaves out the first n columns.
+#   GROUPED: the first column is the name of the row's array; without it there is one array, NAME.
+#   PREFIX p: prefix of each array's name.
+#   DROP n:  ignores the first n columns.
 # An empty field becomes 0.
 function(quode_table name row_type)
   cmake_parse_arguments(ARG "GROUPED" "DROP;PREFIX" "" ${ARGN})

@@ -10,7 +10,8 @@
 
 namespace quode::test {
 
-/// Takes values in their order; two sequences that differ in one bit have different sums, but for a chance of 2^-64.
+/// A checksum of a sequence of values: sequences that differ in one bit have different sums, except with a probability of
+/// 2^-64.
 class Digest {
   public:
     void add(std::uint64_t bits) {
@@ -20,7 +21,7 @@ class Digest {
     void add(int value) { add(static_cast<std::uint64_t>(static_cast<std::int64_t>(value))); }
     void add(bool value) { add(value ? 1 : 0); }
 
-    /// The sign and payload of what is no number do not count: compilers differ there.
+    /// The sign and payload of a NaN do not count: compilers differ there.
     void add(double value) { add(value == value ? std::bit_cast<std::uint64_t>(value) : ~std::uint64_t{0}); }
 
     void add(const VAKDate& date) {

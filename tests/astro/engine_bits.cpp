@@ -19,7 +19,7 @@ namespace {
 
 using Compute = void (*)(RandomNumbers&, Digest&);
 
-/// A day of a place in an engine of its own: what a front computes of it.
+/// A day of a place in a new engine: the values that a front end computes.
 void freshDay(RandomNumbers& random, Digest& digest) {
     const RandomPlace place = randomPlace(random);
     const VAKDate day = randomDay(random);
@@ -73,7 +73,7 @@ void mixedOperations(RandomNumbers& random, Digest& digest) {
     }
 }
 
-/// Hijri dates by the crescent, in the years in which it is found.
+/// Hijri dates by the crescent, in years in which it is found.
 void crescentDates(RandomNumbers& random, Digest& digest) {
     FastAstro engine;
     for (int i = 0; i < 5; ++i) {

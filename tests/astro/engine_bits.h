@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Checksums over the bits of the engine's results, to notice that any of them changes.
+// Checksums over the bits of the engine's results, to detect any change.
 #pragma once
 
 #include <cstdint>
@@ -17,12 +17,12 @@ struct BitBlock {
     friend bool operator==(const BitBlock&, const BitBlock&) = default;
 };
 
-/// Checksums over 24,000 city-days in engines of their own, 8,000 in engines that are kept, and 24,000 operations in
-/// random order, with all fields after each of them; and over the calendars and the magnetic declination.
+/// Checksums over 24,000 city-days in new engines, 8,000 in reused engines, and 24,000 operations in random order, with all
+/// fields after each; and over the calendars and the magnetic declination.
 std::vector<BitBlock> engineBits();
 
-/// Tells maths libraries apart: a checksum over what the C library's functions give. The engine's last bits follow it:
-/// with fused multiply-add the same library rounds differently from without.
+/// Identifies a maths library: a checksum over results of the C library's functions. The engine's last bits depend on them:
+/// with fused multiply-add the same library rounds differently.
 std::uint64_t mathsLibraryBits();
 
 /// A file of checksums: lines of a name and sixteen hexadecimal digits, the first one "maths"; '#' begins a comment.

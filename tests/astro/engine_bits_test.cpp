@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Every bit of the engine's results is what it was when the checksums were taken.
+// Every bit of the engine's results equals that of the recorded checksums.
 #include "engine_bits.h"
 #include "support/fixtures.h"
 

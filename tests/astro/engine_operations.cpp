@@ -18,7 +18,7 @@ VAKDate moment(RandomNumbers& random, VAKDate day) {
     return day;
 }
 
-/// A day near the engine's own, so that what it remembers is of use, and of harm if it is wrong.
+/// A day near the engine's current one, so that cached values are used, and errors in them show.
 VAKDate dayNear(const FastAstro& engine, RandomNumbers& random) {
     VAKDate day = engine.iCurrentDate();
     if (random.oneIn(2)) day.Days = random.whole(1, 28);
@@ -201,7 +201,7 @@ void set(FastAstro& engine, const RandomPlace& place, const VAKDate& day) {
 }
 
 void setAnywhere(FastAstro& engine, RandomNumbers& random) {
-    // Each step in a statement of its own: compilers differ in the order in which arguments are computed.
+    // Each step in a separate statement: compilers evaluate arguments in different orders.
     const RandomPlace place = randomPlace(random);
     const VAKDate day = randomDay(random);
     set(engine, place, day);

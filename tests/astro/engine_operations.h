@@ -15,7 +15,7 @@ void set(FastAstro& engine, const RandomPlace& place, const VAKDate& day);
 /// Sets any date and place.
 void setAnywhere(FastAstro& engine, RandomNumbers& random);
 
-/// Makes one operation, chosen at random among those that set fields or read them, and adds what it returns.
+/// Runs one operation, chosen at random among those that set or read fields, and adds its result.
 void operate(FastAstro& engine, RandomNumbers& random, Digest& digest);
 
 }  // namespace quode::test

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The vectorised cosine gives the bits of the C library's, over its whole range.
+// The vectorised cosine equals the C library's bit for bit, over its whole range.
 #include "astro/float_cosine.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t batch = 4096;
 
-/// How many of the floats from one to another, in steps of their bit patterns, have another cosine than the library's.
+/// The number of floats in a range, in steps of their bit patterns, whose cosine differs from the library's.
 std::int64_t differences(float first, float last, std::uint32_t step) {
     const std::vector<double> ones(batch, 1.0), zeros(batch, 0.0);
     std::vector<double> arguments(batch), cosines(batch);
@@ -30,7 +30,7 @@ std::int64_t differences(float first, float last, std::uint32_t step) {
             argument = std::bit_cast<float>(std::min(bits, end));
             bits += step;
         }
-        // Nothing but the argument: 1 * cosf(B + 0 * 0).
+        // The cosine alone: 1 * cosf(B + 0 * 0).
         FloatCosine::products(ones.data(), arguments.data(), zeros.data(), 0.0, cosines.data(), batch);
         for (std::size_t i = 0; i < batch; ++i) {
             const float library = std::cos(static_cast<float>(arguments[i]));
@@ -79,7 +79,7 @@ TEST_F(FloatCosineBits, MultiplyInDoublePrecision) {
 }
 
 TEST(FloatCosine, IsOnlyTakenWhereTheLibraryWorksTheSameWay) {
-    // An argument whose cosine has another last bit where the library does not use fused steps.
+    // An argument whose cosine has a different last bit where the library does not use fused steps.
     const volatile float telling = 0x1.1475b6p+4F;
     const bool isFused = std::cos(static_cast<float>(telling)) == -0x1.69eeep-16F;
     EXPECT_TRUE(isFused || !FloatCosine::isVectorised());

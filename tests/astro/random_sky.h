@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Random places and dates for comparing bits: the same ones on every machine, with every compiler and library.
+// Random places and dates for comparing bits: the same on every machine, with every compiler and library.
 #pragma once
 
 #include <cstdint>
@@ -37,14 +37,14 @@ class RandomNumbers {
     std::uint64_t state_;
 };
 
-/// A place with its clock, as `FastAstro::SetPlace` takes it.
+/// A place with its clock, for `FastAstro::SetPlace`.
 struct RandomPlace {
     double latitude = 0.0, longitude = 0.0, zone = 0.0;
     int dst = 0, startMonth = 0, startDay = 0, stopMonth = 0, stopDay = 0, temkin = 1;
 };
 
 /// Half of the latitudes anywhere, the rest near and at the polar circles, the poles and the equator; some longitudes
-/// at the date line and at Greenwich; clocks that fit the longitude, and clocks that do not.
+/// at the date line and at Greenwich; clocks that match the longitude, and clocks that do not.
 inline RandomPlace randomPlace(RandomNumbers& random) {
     constexpr double latitudes[] = {-90.0, 90.0, 0.0, 66.5, -66.5, 23.44, -23.44, 89.99, 48.5, 21.4225};
     constexpr double longitudes[] = {-180.0, 180.0, 0.0, 179.99, -179.99, 39.8262};

@@ -86,7 +86,7 @@ TEST_F(ClockOfTheServices, GivesLocalJulianDays) {
 }
 
 TEST(JulianDayOfAMoment, MeetsTheReferenceValues) {
-    // Shows any date, also one beyond the range of the system's moments.
+    // Shows any date, even beyond the range of the system's moments.
     class CivilClock : public test::FixedClock {
       public:
         CivilTime shown;

@@ -123,7 +123,7 @@ TEST(SexagesimalText, BecomesADecimal) {
 TEST(SexagesimalText, DividesItsLastFieldBy3600) {
     EXPECT_EQ(getFloatStr("41;30"), "41.008333");  // 41 + 30/3600
     EXPECT_EQ(getFloatStr("36"), "0.010000");
-    EXPECT_EQ(getFloatStr("1;30;30;36"), "2.010000");  // every middle field counts in sixtieths
+    EXPECT_EQ(getFloatStr("1;30;30;36"), "2.010000");  // every middle field is divided by 60
 }
 
 TEST(SexagesimalText, KeepsSixDecimalsOfSeconds) {

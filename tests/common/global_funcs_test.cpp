@@ -29,7 +29,7 @@ class SharedServices : public testing::Test {
 };
 
 TEST(SharedServicesBeforeStartUp, AreRefused) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a process of its own, in which nothing was started
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a separate process, without started services
     EXPECT_EXIT(
         {
             try {
@@ -190,7 +190,7 @@ TEST_F(SharedServices, KeepToTheLanguageThatTheUserChose) {
     EXPECT_EQ(services.languageId(), 3);
     EXPECT_TRUE(services.chooseLanguage(""));
     EXPECT_EQ(services.languageId(), 0);
-    services.setLanguage("fr");  // no choice: it lasts until the locale is asked again
+    services.setLanguage("fr");  // lasts until getLangId, because it is no choice
     services.getLangId();
     EXPECT_EQ(services.languageId(), 0);
 }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The language packs as they are shipped in the bundle.
+// The language packs of the bundle.
 #include <gtest/gtest.h>
 
 #include <array>

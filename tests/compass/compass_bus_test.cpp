@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The real clients of the sensor service and of the screen-saver service, against services on a bus of the test's own.
+// The real clients of the sensor service and of the screen-saver service, with services on a private bus.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr int patience = 5000;  // ms
 
-// A service in a process of its own, which obeys and answers in lines.
+// A service in a separate process, with orders and answers in lines.
 class Service {
   public:
     explicit Service(const QString& script, const QString& systemBus = {}) {
@@ -43,13 +43,13 @@ class Service {
         waitFor("done " + line.split(' ').first());
     }
 
-    // Waits until the service has printed a line; what it printed before is gone then.
+    // Waits until the service prints a line, and drops earlier lines.
     void waitFor(const QByteArray& line) {
         const bool seen = QTest::qWaitFor([&] { return take(line); }, patience);
         EXPECT_TRUE(seen) << "no line \"" << line.toStdString() << "\"";
     }
 
-    // Whether the service prints a line within a moment.
+    // True when the service prints a line within a short time.
     bool says(const QByteArray& line) {
         return QTest::qWaitFor([&] { return take(line); }, 300);
     }
@@ -176,7 +176,7 @@ TEST_F(CompassBus, SaysThatTheSensorIsNotOpenToIt) {
     EXPECT_EQ(view->dialView()->heading(), 0.0);
 }
 
-// Most systems keep the compass from ordinary users by a rule of the bus itself.
+// Most systems deny the compass to ordinary users by a rule of the bus.
 TEST_F(CompassBus, SaysThatTheBusKeepsTheSensorFromIt) {
     QProcess daemon;
     daemon.start("dbus-daemon", {"--nofork", "--print-address", "--config-file=" QUODE_MOCKS "/locked_bus.conf"});
@@ -252,7 +252,7 @@ TEST_F(CompassBus, IsSilentWithoutAScreenSaver) {
     keeper->keepAwake();
     QTest::qWait(100);
     keeper->keepAwake();
-    Service screenSaver("screensaver_service.py");  // comes later
+    Service screenSaver("screensaver_service.py");  // starts later
     screenSaver.waitFor("Inhibit 77 Quode Test");
     QTest::qWait(50);
     QElapsedTimer time;

@@ -12,7 +12,7 @@
 namespace quode::test {
 namespace {
 
-// Lives until the process ends, as Qt asks for.
+// Exists until the process ends, as Qt requires.
 class Application : public testing::Environment {
   public:
     void SetUp() override {

@@ -16,9 +16,9 @@ class QAbstractButton;
 
 namespace quode::test {
 
-/// A sensor that says what the test says.
+/// A sensor with readings from the test.
 struct FakeHeading {
-    HeadingSource::Callbacks callbacks;  ///< empty while the readings are not started
+    HeadingSource::Callbacks callbacks;  ///< empty before the readings start
     double filter = 0.0;
     int starts = 0, stops = 0;
 
@@ -28,14 +28,14 @@ struct FakeHeading {
     }
 };
 
-/// What was asked of a screen keeper.
+/// The calls of a screen keeper.
 struct ScreenLog {
     bool isAwake = false;
     int requests = 0;
     bool isAlive = false;
 };
 
-/// Compasses on an offscreen screen, in English unless chosen otherwise, with the bundle's own images and packs.
+/// Compasses on an offscreen screen, in English by default, with the bundle's images and packs.
 class CompassFixture : public testing::Test {
   protected:
     CompassFixture();
@@ -48,13 +48,13 @@ class CompassFixture : public testing::Test {
     std::unique_ptr<CompassView> compass(CompassDevices devices, double qiblaAngle = istanbul,
                                          double declination = 5.25);
 
-    /// Devices that say and note what the fields below hold.
+    /// Devices that use and set the fields below.
     CompassDevices fakeDevices();
 
-    /// Every text on the screen below a widget, a line each.
+    /// All visible texts in a widget, one line each.
     static QString textsOf(const QWidget& widget);
 
-    /// The button with an accessible name; a failure of the test when there is none.
+    /// The button with an accessible name; without one the test fails.
     static QAbstractButton* buttonNamed(const QWidget& widget, const QString& name);
 
     FakePlatform device;

@@ -25,7 +25,7 @@ double onCircle(double degrees) {
     return degrees - 360.0 * std::floor(degrees / 360.0);
 }
 
-// Where on the screen the dial's north and the arrow point, degrees clockwise from the top.
+// The directions of the dial's north and of the arrow on the screen, degrees clockwise from the top.
 double northOnScreen(const CompassView& view) {
     return onCircle(double(view.dialView()->dialRotation()) * degreesPerRadian);
 }
@@ -34,7 +34,7 @@ double arrowOnScreen(const CompassView& view) {
     return onCircle((double(dial.dialRotation()) + double(dial.arrowRotation())) * degreesPerRadian);
 }
 
-// The colour on the dial's picture at a direction from its middle, at a part of its radius.
+// The colour of the dial's picture in a direction from its centre, at a fraction of its radius.
 QColor colorAt(CompassView& view, double degrees, double radiusPart) {
     const QImage image = view.dialView()->grab().toImage();
     const double radius = view.dialView()->side() / 2.0 * radiusPart * image.devicePixelRatio();
@@ -103,7 +103,7 @@ TEST_F(Compass, DrawsNorthAndArrowWhereTheyPoint) {
 }
 
 TEST_F(Compass, TakesEastDeclinationAsEastOfNorth) {
-    // A needle that points 10 degrees east of true north: who follows it looks at 10 degrees.
+    // A needle that points 10 degrees east of true north: its direction is 10 degrees.
     const auto east = compass(0.0, 10.0);
     heading->say(0.0);
     EXPECT_NEAR(northOnScreen(*east), 350.0, 1e-4);

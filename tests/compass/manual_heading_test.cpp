@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The compass without a sensor: it says so, and is turned by hand.
+// The compass without a sensor: it shows that, and the user turns it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ class ManualHeading : public CompassFixture {
 
     std::string texts() const { return textsOf(*view).toStdString(); }
 
-    // A place at a direction from the dial's middle, degrees clockwise from the top.
+    // A point in a direction from the dial's centre, degrees clockwise from the top.
     QPoint at(double degrees, double radius = 100.0) const {
         const double angle = qDegreesToRadians(degrees);
         return (view->dialView()->center() + QPointF(radius * std::sin(angle), -radius * std::cos(angle))).toPoint();

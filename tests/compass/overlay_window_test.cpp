@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The window of the compass: how it comes, what it holds of the device, and the ways in which it goes.
+// The window of the compass: how it opens, which services of the device it uses, and how it closes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -151,7 +151,7 @@ TEST_F(Overlay, ClosesByEveryWayAndLeavesNothingBehind) {
         const auto view = shown();
         QSignalSpy closed(view.get(), &CompassView::closed);
         close(*view);
-        // An accessible press is shown for a moment.
+        // An accessible press is visible for a short time.
         EXPECT_TRUE(QTest::qWaitFor([&] { return closed.count() > 0; }));
         expectGone(*view);
         EXPECT_EQ(closed.count(), 1);

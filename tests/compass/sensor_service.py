@@ -4,7 +4,7 @@
 """A sensor service on the system bus, as the compass sees the real one. Obeys the lines that it reads:
 
   compass yes|no     whether there is a compass
-  heading DEGREES    a new heading; told to others only while somebody has claimed the compass
+  heading DEGREES    a new heading; signalled only while a client has claimed the compass
   deny yes|no        whether claims are refused
   mute yes|no        whether calls stay without an answer
   leave, come        gives the service's name up, and takes it again

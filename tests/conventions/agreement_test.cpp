@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The conventions against published rows. The bars are those of city centres: the point from which an authority
-// computes is often not known to better than a minute in 25.
+// The conventions compared with published rows. The limits allow for city centres: the point for which an authority
+// computes is often uncertain.
 #include <gtest/gtest.h>
 
 #include "published_rows.h"
@@ -13,9 +13,9 @@ namespace {
 struct Bar {
     const char* key;
     const char* authority;
-    double withinOne;  ///< least part of all times within a minute
+    double withinOne;  ///< smallest fraction of all times within a minute
     int worst;         ///< largest difference, minutes
-    double exact;      ///< least part of exact minutes
+    double exact;      ///< smallest fraction of exact minutes
 };
 
 std::ostream& operator<<(std::ostream& out, const Bar& bar) {

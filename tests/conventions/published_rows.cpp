@@ -61,7 +61,7 @@ bool isEuropeanSummer(int year, int month, int day) {
     return month > 3 && month < 10;
 }
 
-/// Metres of the Tunisian places, from a terrain model.
+/// Heights of the Tunisian places in metres, from a terrain model.
 double heightOf(const std::string& place) {
     return place == "Gafsa" ? 295.0 : place == "Tunis" ? 23.0 : 0.0;
 }

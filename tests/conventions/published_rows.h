@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Published rows of authorities, and how a convention agrees with them.
+// Published rows of authorities, and the agreement of a convention with them.
 #pragma once
 
 #include <array>
@@ -35,13 +35,13 @@ struct ConventionAgreement {
     std::array<Agreement, prayerCount> prayers;
 };
 
-/// How a convention agrees with rows. The clock of a row is that of its zone. Heights by name of the place.
+/// The agreement of a convention with rows. The clock of a row is that of its zone. Heights by name of the place.
 ConventionAgreement agreementOf(const Convention& convention, const std::vector<PublishedRow>& rows);
 
 /// The rows of a convention's authorities.
 std::vector<PublishedRow> rowsOf(const Convention& convention, const std::vector<PublishedRow>& rows);
 
-/// The request that a row is computed by.
+/// The request for computing a row.
 Request requestOf(const PublishedRow& row);
 
 }  // namespace quode::conventions

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What holds for every convention, place and day, on random inputs.
+// Properties of every convention, place and day, on random inputs.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ inline std::ostream& operator<<(std::ostream& out, const Case& it) {
                << '-' << r.day << " offset " << r.offset;
 }
 
-/// Random places from pole to pole and across the date line, with a clock as one there may have.
+/// Random places from pole to pole and across the date line, with a plausible clock.
 class Cases {
   public:
     explicit Cases(unsigned seed) : random_(seed) {}
@@ -72,7 +72,7 @@ inline void check(const Case& it) {
                 << it << ' ' << nameOf(prayer);
             continue;
         }
-        // Minutes of caution may exceed the shortest days, by no more than they are.
+        // Added minutes may exceed the shortest days, by at most their own size.
         EXPECT_GE(time.hours, before - 15.0 / 60.0) << it << ' ' << nameOf(prayer);
         EXPECT_GT(time.hours, -14.0) << it;
         EXPECT_LT(time.hours, 38.0) << it;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Rules that are not angles, each against its own definition.
+// Rules that are not angles, each compared with its definition.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -24,7 +24,7 @@ std::string contents(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-// What opening a file ends with; a message without the file's name helps nobody.
+// The reason of a failure to open a file; its message must contain the name of the file.
 Reason reasonOfRefusal(const std::filesystem::path& file) {
     try {
         CityDatabase database(file);
@@ -110,7 +110,7 @@ TEST(CityDatabase, FindsTheNearestPlaceAnywhereOnEarth) {
 
 TEST(CityDatabase, NearnessDoesNotStopAtTheDateLine) {
     const CityDatabase database(shipped);
-    // Taveuni lies across the 180th meridian; the point is just west of it, places lie on both sides.
+    // Taveuni is on both sides of the 180th meridian, with places on both sides; the point is just west of it.
     const auto west = database.nearest(-16.8, 179.999);
     const auto east = database.nearest(-16.8, -179.999);
     ASSERT_TRUE(west && east);

@@ -42,7 +42,7 @@ TEST(CityDay, HoldsWhatTheEngineComputes) {
 
 TEST(ShownMinute, RoundsAsTheTableDoes) {
     EXPECT_EQ(12 * 60 + 31, shownMinute(12.50875));            // 12:30:31.5
-    EXPECT_EQ(12 * 60 + 30, shownMinute(12.508611111111111));  // 12:30:31 reads as 30 seconds in single precision
+    EXPECT_EQ(12 * 60 + 30, shownMinute(12.508611111111111));  // 12:30:31 becomes 30 seconds in single precision
     EXPECT_EQ(0, shownMinute(0.0));
     EXPECT_EQ(24 * 60, shownMinute(23.9999));                  // shown as 00:00, of the next day
     EXPECT_EQ(24 * 60 + 47, shownMinute(24.0 + 47.2 / 60.0));  // a night prayer after midnight
@@ -53,7 +53,7 @@ TEST(TimeOfPrayer, IsCountedFromTheDayItselfWhereTheClockIsADayAheadOfTheLongitu
     const Site kiritimati{2.01643, -157.48773, {14.0}, true};
     for (const Site& site : {apia, kiritimati}) {
         const CityDay day = computeCityDay(site, VAKDateMake(21, 11, 2026, 0, 0, 0));
-        EXPECT_GT(day.times.Ogle, 24.0);  // as the engine has it
+        EXPECT_GT(day.times.Ogle, 24.0);  // as the engine returns it
         double before = 0.0;
         for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
             const double hours = timeOfPrayer(day, code);
@@ -153,7 +153,7 @@ TEST(NextPrayer, CountsInstantsAcrossBothClockChanges) {
         const auto next = nextPrayer(berlin, instantOf(before, before.times.IsaEvvel));
         ASSERT_TRUE(next);
         EXPECT_EQ(200, next->code);
-        // Dawn moves by a few minutes a day in the sky, whatever the clocks do.
+        // Dawn moves by a few minutes a day in universal time, whatever the clocks do.
         const auto night = next->instant - instantOf(before, before.times.Imsak);
         EXPECT_NEAR(24.0 * 60.0, double(std::chrono::duration_cast<std::chrono::minutes>(night).count()), 5.0);
     }
@@ -164,7 +164,7 @@ TEST(Sky, TellsASunriseWithoutASunsetByTheClockOfThePlace) {
     const CityDay last = computeCityDay(tromso, VAKDateMake(16, 5, 2026, 0, 0, 0));
     ASSERT_NE(missingTime, before.sky.SunSet);
     ASSERT_EQ(missingTime, last.sky.SunSet) << "the midnight sun begins";
-    // The Sun rises a little earlier every day; by universal time it would be two hours.
+    // The Sun rises slightly earlier every day; universal time would differ by two hours.
     EXPECT_LT(last.sky.SunRise, before.sky.SunRise);
     EXPECT_NEAR(before.sky.SunRise, last.sky.SunRise, 0.5);
 }

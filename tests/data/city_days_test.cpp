@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Many days at once are, bit for bit, what they are one by one.
+// Many days at once equal single days, bit for bit.
 #include "data/city_days.h"
 
 #include <bit>
@@ -36,7 +36,7 @@ std::uint64_t bitsOf(const CityDay& day) {
     return digest.sum();
 }
 
-/// A day by an engine that does not know what is needed, and remembers nothing.
+/// A day by an engine without shortcuts and caches.
 CityDay plainDay(const Site& site, const VAKDate& day) {
     const ZoneRule& rule = site.rule;
     FastAstro engine;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The search finds the same places in the same order as one that looks at every name.
+// The search finds the same places in the same order as one that compares every name.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -58,7 +58,7 @@ class PlainSearch {
     const std::vector<Name>& names() const { return names_; }
     const std::string& countryOf(const Name& name) const { return countryOfParent_.at(name.parent); }
 
-    /// country: two letters that are no region's code, or nothing.
+    /// country: two letters that are not a region's code, or empty.
     Order find(const std::string& text, const std::string& country, std::size_t limit) const {
         std::map<int, Found> found;
         bool words = false;
@@ -166,9 +166,9 @@ TEST_F(CitySearchOrder, OfRandomTextsIsThatOfTheWholeList) {
                 break;
         }
         text = foldedName(text);
-        if (text.empty() || plain().find(text, {}, 1).empty()) continue;  // then regions are looked for in it
+        if (text.empty() || plain().find(text, {}, 1).empty()) continue;  // then the search tries regions
         expectSame(text);
-        // A code that is a region's too lets more places in.
+        // A code that is also a region's finds more places.
         if (i % 4 == 3 && plain().countryOf(name) == "tr") expectSame(text, "tr");
     }
 }

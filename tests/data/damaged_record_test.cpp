@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// A record that was changed behind the program's back is refused, whichever table holds the change.
+// A record that another program changed is rejected, whichever table contains the change.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int hongKong = 1819729;
 
-// A bundle whose city database was changed by a statement.
+// A bundle with a city database that a statement has changed.
 class DamagedBundle {
   public:
     explicit DamagedBundle(const std::string& sql) {

@@ -37,7 +37,7 @@ TEST(SystemZone, AfterTheLastTransitionTheFooterRules) {
 }
 
 TEST(SystemZone, TransitionsComeBeforeTheFooter) {
-    // An interruption of summer time that the footer does not know.
+    // An interruption of summer time that the footer does not have.
     const auto zone = SystemZone::parse(
         tzif(7200, {{at(2027y / April / 1), 10800}, {at(2027y / May / 1), 7200}, {at(2027y / June / 1), 10800}},
              "EET-2EEST,M3.5.0/3,M10.5.0/4"));
@@ -53,7 +53,7 @@ TEST(SystemZone, WithoutAFooterTheLastOffsetStays) {
 }
 
 TEST(SystemZone, NoonIsThatOfTheZonesOwnClock) {
-    // Far from Greenwich the clocks change at 02:00 local of 14 March, which is still, or already, another day there.
+    // Far from Greenwich the clocks change at 02:00 local time of 14 March, which is another day in Greenwich.
     const auto honolulu = SystemZone::parse(tzif(0, {}, "HST10HDT,M3.2.0,M11.1.0"));
     ASSERT_TRUE(honolulu);
     EXPECT_EQ(honolulu->offsetAtNoon(sys_days(2027y / March / 13)), -10 * 3600);

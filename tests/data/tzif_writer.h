@@ -8,7 +8,7 @@
 
 namespace quode::test {
 
-/// One change of the clocks in a zone file that a test makes.
+/// One change of the clocks in a test's zone file.
 struct TzifTransition {
     std::int64_t moment = 0;  ///< seconds since 1970
     int offset = 0;           ///< seconds east of Greenwich, from then on
@@ -28,7 +28,7 @@ inline std::string tzifHeader(char version, std::uint32_t transitions, std::uint
 
 /// The bytes of a zone file (TZif version 2): an offset, later changes, and the rule after the last of them.
 inline std::string tzif(int firstOffset, const std::vector<TzifTransition>& transitions, const std::string& footer) {
-    // The part with short times stays as small as it may be: one type, no transition.
+    // The part with short times is minimal: one type, no transition.
     std::string bytes = tzifHeader('2', 0, 1) + std::string(6, '\0') + std::string("XXX\0", 4);
     bytes += tzifHeader('2', static_cast<std::uint32_t>(transitions.size()),
                         static_cast<std::uint32_t>(transitions.size() + 1));

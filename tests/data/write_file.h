@@ -10,7 +10,7 @@
 
 namespace quode::test {
 
-/// Writes a file of a temporary folder, with the folders above it.
+/// Writes a file in a temporary folder, with its parent folders.
 inline std::filesystem::path writeFile(const TemporaryFolder& folder, const std::filesystem::path& name,
                                        std::string_view content) {
     const std::filesystem::path file = folder.path() / name;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Compares the engine's prayer times with reference values. Needs nothing but the engine and the standard library, so that
-// the engine can be tested where nothing else is installed.
+// Compares the engine's prayer times with reference values. Needs only the engine and the standard library, so that the
+// engine can be tested where nothing else is installed.
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr double toleranceHours = 1e-7;
 
-// The numbers of the list that follows a key; none when the key or the list is missing.
+// The numbers of the list after a key; none when the key or the list is missing.
 std::vector<double> numbersAfter(const std::string& line, const std::string& key) {
     std::vector<double> numbers;
     std::size_t at = line.find('"' + key + "\": [");

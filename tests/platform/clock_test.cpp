@@ -67,7 +67,7 @@ TEST(SystemClock, GivesTheServicesTheLocalDateInAnyZone) {
         VAKDate now;
         CivilTime before;
         CivilTime after;
-        do {  // again when the second changed meanwhile
+        do {  // again when the second changes in between
             before = systemClock()->civilTime(systemClock()->now());
             now = services.GetCurrentDateTime();
             after = systemClock()->civilTime(systemClock()->now());

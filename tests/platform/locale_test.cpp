@@ -144,7 +144,7 @@ TEST(TableOfLocales, IsWhatIcuSaysOfLanguagesInOtherCountries) {
             const std::string name = languages[i] + "_" + countries[(i * 3 + k * 83) % countries.size()];
             const auto locale = systemLocale(name);
             const auto ofIcu = icuLocale(name);
-            // ICU takes the script that is usual there, even where it has no words in it.
+            // ICU chooses the usual script, even where it has no texts in it.
             const bool hasOtherScript = ofIcu->monthName(1) == "M01" && locale->monthName(1) != "M01";
             if (hasOtherScript) continue;
             EXPECT_EQ(allOf(*locale), allOf(*ofIcu)) << name;

@@ -10,7 +10,7 @@
 
 namespace quode::test {
 
-/// An environment that holds just these variables.
+/// An environment with only these variables.
 inline Environment environmentOf(std::map<std::string, std::string, std::less<>> variables) {
     return [variables = std::move(variables)](std::string_view name) -> std::optional<std::string> {
         const auto found = variables.find(name);

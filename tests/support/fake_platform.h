@@ -12,7 +12,7 @@
 
 #include "platform/Platform.h"
 
-/// A device whose every fact is set by the test.
+/// A device with all facts set by the test.
 namespace quode::test {
 
 /// A clock that stands still, in a zone with a fixed offset.
@@ -44,7 +44,7 @@ class FixedClock : public Clock {
     }
 };
 
-/// A locale made of plain texts; English with 24 hours unless changed.
+/// A locale with plain texts; English with 24 hours by default.
 class FixedLocale : public Locale {
   public:
     std::string am = "AM";
@@ -84,7 +84,7 @@ class FixedLocale : public Locale {
     }
 };
 
-/// A phone with a screen of 320 by 480 points unless changed.
+/// A phone with a screen of 320 by 480 points by default.
 class FixedDevice : public Device {
   public:
     std::optional<Idiom> kind = Idiom::phone;
@@ -98,7 +98,7 @@ class FixedDevice : public Device {
     double screenScale() const override { return scale; }
 };
 
-/// Files that live in memory, and that can be made to fail.
+/// Files in memory, which can be made to fail.
 class MemoryFiles : public Files {
   public:
     std::map<std::string, std::string> contents;
@@ -132,7 +132,7 @@ class MemoryFiles : public Files {
     }
     void createFolders(const std::filesystem::path& path) override { failIf(broken, path); }
 
-    bool undeletable = false;  ///< nothing may be deleted, but all may be written
+    bool undeletable = false;  ///< files cannot be deleted, but can be written
 
   private:
     static void failIf(bool failing, const std::filesystem::path& path) {
@@ -143,7 +143,7 @@ class MemoryFiles : public Files {
     }
 };
 
-/// The parts of a platform whose facts a test sets; `platform()` is what GlobalFuncs takes.
+/// The parts of a platform with facts set by the test; `platform()` returns them for GlobalFuncs.
 struct FakePlatform {
     std::shared_ptr<FixedClock> clock = std::make_shared<FixedClock>();
     std::shared_ptr<FixedLocale> locale = std::make_shared<FixedLocale>();

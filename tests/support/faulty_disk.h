@@ -4,22 +4,22 @@
 
 namespace quode::test {
 
-/// Makes the disk of SQLite fail at a chosen step, for as long as the object lives. A step is a write, a flush, a
-/// change of length or the deletion of a file.
+/// Makes the disk of SQLite fail at a chosen step while the object exists. A step is a write, a flush, a change of length
+/// or the deletion of a file.
 class FaultyDisk {
   public:
     enum class Fault {
-        none,  ///< nothing fails; only the flushes are left out, for tests that write a lot
-        full,  ///< from this step on, everything that needs room fails
-        kill,  ///< the process dies at this step, without any clearing up
+        none,  ///< nothing fails; flushes are skipped, for tests with many writes
+        full,  ///< from this step on, everything that needs space fails
+        kill,  ///< the process dies at this step, without cleaning up
     };
-    /// step    the first that fails, counted from 1; 0: none, they are only counted
+    /// @param step  the first that fails, counted from 1; 0: none, steps are only counted
     explicit FaultyDisk(Fault fault, int step = 0);
     ~FaultyDisk();
     FaultyDisk(const FaultyDisk&) = delete;
     FaultyDisk& operator=(const FaultyDisk&) = delete;
 
-    /// How many steps were asked for.
+    /// The number of requested steps.
     int steps() const;
 };
 

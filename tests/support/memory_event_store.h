@@ -12,13 +12,13 @@
 
 namespace quode::test {
 
-/// A calendar that lives in memory, and that can be made to fail.
+/// A calendar in memory, which can be made to fail.
 class MemoryEventStore : public EventStore {
   public:
     std::map<std::string, CalendarEvent> events;
     bool failing = false;                    ///< nothing can be read or written
     std::string nextIdentifier = "event-1";  ///< the identifier of the next new event
-    std::function<void()> beforeSave;        ///< done once, by the next save
+    std::function<void()> beforeSave;        ///< called once, by the next save
     int saves = 0;
 
     FoundEvent findEvent(std::string_view identifier) override {

@@ -1,4 +1,4 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Carries the precompiled headers of the tests, see QUODE_PCH.
+// Contains the precompiled headers of the tests, see QUODE_PCH.
 int main() {}

@@ -8,7 +8,7 @@
 
 namespace quode::test {
 
-/// Sets an environment variable of this process, or takes it away, for as long as it lives.
+/// Sets or removes an environment variable of this process while the object exists.
 class ScopedVariable {
   public:
     ScopedVariable(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {

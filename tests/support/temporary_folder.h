@@ -10,7 +10,7 @@
 
 namespace quode::test {
 
-/// A new, empty folder that is deleted with all it holds at the end of its life.
+/// A new, empty folder that deletes itself with its content.
 class TemporaryFolder {
   public:
     TemporaryFolder() {

@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <cmath>
 
-/// How near a result has to come to a reference value. Everything not listed is compared exactly.
+/// Tolerances for reference values. All other values are compared exactly.
 namespace quode::test {
 
 inline constexpr double timeRelative = 1e-9;  ///< Julian days, sidereal times
 inline constexpr double fastSunDegrees = 1e-9;
-/// A single-precision argument may round the other way with another maths library.
+/// A single-precision argument may round differently with another maths library.
 inline constexpr double accurateSunDegrees = 2e-6;
 inline constexpr double clockHours = 1e-7;  ///< rise, set and prayer times
 inline constexpr double preciseMoonDegrees = 7.6e-6;

@@ -10,7 +10,7 @@
 namespace quode::test {
 
 /// One reference value of an independent implementation: an operation, its arguments and its result.
-/// Booleans read as 0 and 1, the text "nan" as NaN; other texts stand in the `texts` lists at the same index.
+/// Booleans become 0 and 1, the text "nan" a NaN; other texts are in the `texts` lists at the same index.
 struct Vector {
     std::string op;
     std::vector<double> in;

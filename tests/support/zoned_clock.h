@@ -10,10 +10,10 @@
 
 namespace quode::test {
 
-/// A clock that a test sets, in a zone with summer time, which may be changed while it runs.
+/// A clock that a test sets, in a zone with summer time that the test may change.
 class ZonedClock : public Clock {
   public:
-    /// rule    as in the TZ environment variable, such as "CET-1CEST,M3.5.0,M10.5.0/3"
+    /// @param rule  as in the TZ environment variable, such as "CET-1CEST,M3.5.0,M10.5.0/3"
     explicit ZonedClock(const std::string& rule = "UTC0", std::string name = "UTC") { setZone(rule, std::move(name)); }
 
     void setZone(const std::string& rule, std::string name) {

@@ -86,7 +86,7 @@ TEST(MessageCatalogue, SurvivesDamage) {
         try {
             const MessageCatalogue cut(good.substr(0, size));
             EXPECT_LE(cut.find("Sunrise").value_or("").size(), good.size());
-        } catch (const std::runtime_error&) {  // so much is missing that it is no catalogue
+        } catch (const std::runtime_error&) {  // too much is missing for a catalogue
         }
     }
     for (std::size_t at = 4; at < good.size(); ++at) {

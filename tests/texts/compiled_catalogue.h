@@ -11,7 +11,7 @@
 namespace quode::test {
 
 /// Compiles a catalogue with msgfmt, as the build does.
-/// @param entries  what follows the header in the .po file
+/// @param entries  the .po file without its header
 inline void compileCatalogue(const std::filesystem::path& file, const std::string& language, const std::string& plural,
                              const std::string& entries) {
     std::filesystem::create_directories(file.parent_path());

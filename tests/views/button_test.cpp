@@ -72,7 +72,7 @@ TEST_F(Button, TakesAnotherCaption) {
     EXPECT_EQ("Other", button.spokenName());
 }
 
-// --- touches
+// ---- touches
 
 TEST_F(Button, StaysUnselectedAfterATapUnlessItIsAToggle) {
     click(button);
@@ -217,7 +217,7 @@ TEST_F(Button, TakesASelectionOnlyAsAToggle) {
     EXPECT_TRUE(taps.states.empty());
 }
 
-// --- keyboard
+// ---- keyboard
 
 TEST_F(Button, IsTappedByTheSpaceKeyWhenItIsReleased) {
     pressKey(button, Qt::Key_Space);
@@ -265,7 +265,7 @@ TEST_F(Button, ShowsAFocusRingToWhoUsesTheKeyboard) {
     EXPECT_EQ(plain, pictureOf(*second, 1.0));
 }
 
-// --- accessibility
+// ---- accessibility
 
 TEST_F(Button, IsToldOfAsACheckBoxWithItsState) {
     button.setSelectable(true);
@@ -309,7 +309,7 @@ TEST_F(Button, AnnouncesAChangeOfItsState) {
     EXPECT_EQ(2, changes);
 }
 
-// --- colours, frames and glyphs
+// ---- colours, frames and glyphs
 
 TEST_F(Button, StrokesFrameAndGlyphInTheColorOfItsState) {
     const Color red{1.0, 0.0, 0.0, 1.0};

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Measures the contrast of every colour scheme. The page docs/contrast.md is what this test finds; to write it again,
-// run this program with QUODE_WRITE_PAGES=1.
+// Measures the contrast of every colour scheme. docs/contrast.md is the result; run this program with QUODE_WRITE_PAGES=1 to
+// write it again.
 #include "views/contrast.h"
 
 #include <fmt/format.h>
@@ -22,7 +22,7 @@ namespace {
 constexpr double forText = 4.5;      // letters of ordinary size
 constexpr double forDrawings = 3.0;  // glyphs, frames and the focus ring
 
-// The card on which the panel shows the widget. Nothing shines through it.
+// The opaque card on which the panel shows the widget.
 constexpr Color card{14.0 / 255.0, 14.0 / 255.0, 16.0 / 255.0, 1.0};
 
 struct Pair {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Every glyph in every state, and every frame, compared with pictures that were looked at. To take them again, run this
-// program with QUODE_TAKE_PICTURES=1 and look at tests/fixtures/glyphs.
+// Every glyph in every state, and every frame, compared with checked pictures. To make new ones, run this program with
+// QUODE_TAKE_PICTURES=1 and check tests/fixtures/glyphs by eye.
 #include <QPainter>
 #include <QTest>
 
@@ -39,7 +39,7 @@ QImage buttonPicture(int type, int shape, State state) {
     return pictureOf(button, pixelsPerPoint);
 }
 
-// The states of a button side by side.
+// The states of a button in a row.
 QImage statesPicture(int type, int shape) {
     const QSize size(100, 60);
     QImage sheet(size.width() * int(std::size(states)), size.height(), QImage::Format_RGB32);

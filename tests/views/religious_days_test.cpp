@@ -15,12 +15,12 @@ using Entries = std::vector<std::string>;
 
 constexpr Rect rowFrame{0.0, 7.0, 320.0, 40.0};
 
-// --- what is to be found, counted from the table of months alone
+// ---- expected entries, from the table of months alone
 
 constexpr int firstYear = 1430;
 constexpr int lastYear = 1470;
 
-// The number of a day: whole days that grow by one from day to day. It begins at midnight.
+// The number of a day: increases by one at each midnight.
 int dayNumber(int year, int month, int day) {
     const auto index = static_cast<std::size_t>(12 * (year - 1430) + month);
     return static_cast<int>(HijriFirstDayOfMonths[index] - 0.5) + day - 1;
@@ -36,7 +36,7 @@ VAKDate gregorianDate(int number) {
     return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
 }
 
-// The entries of each day under the number of the rule that they come from.
+// The entries of each day, by the number of their rule.
 class Almanac {
   public:
     Almanac() {
@@ -61,7 +61,7 @@ class Almanac {
   private:
     void add(double rule, int number, const std::string& entry) { days_[number].emplace(rule, entry); }
 
-    // The eve of 1430 is not looked at, and that of 1471 is not known: the table of months ends with 1470.
+    // The eves of 1430 and 1471 are left out: the table of months ends with 1470.
     void addWithEve(double rule, int number, const std::string& entry) {
         add(rule, number, entry);
         add(rule, number - 1, "Tomorrow: " + entry);
@@ -112,7 +112,7 @@ class ReligiousDays : public ViewsTest {
         return view.religiousDaysArray();
     }
 
-    // A Gregorian day that adds nothing by itself: 14 May 2026, a Thursday, and the day after.
+    // A Gregorian day without entries: 14 May 2026, a Thursday, and the day after.
     const VAKDate thursday = VAKDateMake(14, 5, 2026, 0, 0, 0);
     const VAKDate friday = VAKDateMake(15, 5, 2026, 0, 0, 0);
 

@@ -46,7 +46,7 @@ bool isBelow(const View& row, const QWidget* lower, const QWidget* upper) {
     return row.children().indexOf(lower) < row.children().indexOf(upper);
 }
 
-// --- a prayer time
+// ---- a prayer time
 
 class AlarmTaps : public UITimesViewDelegate {
   public:
@@ -139,7 +139,7 @@ TEST_F(TimesRow, DisablesItsAlarmWithoutACity) {
     EXPECT_TRUE(spokenAs(row, "Alarm for Asr").state().disabled);
 }
 
-// A user database on disk in which the alarm of Ikindi (203) is on and that of Aksam (204) is off.
+// A user database on disk with the alarm of Ikindi (203) on and that of Aksam (204) off.
 class TimesRowWithAlarms : public ViewsTest {
   protected:
     TimesRowWithAlarms() {
@@ -176,7 +176,7 @@ TEST_F(TimesRowWithAlarms, ShowsTheStoredAlarm) {
     EXPECT_EQ(10, row.buttonAlarmOnOff()->buttonShape());
 }
 
-// --- the city
+// ---- the city
 
 class CityTaps : public UICityNameViewDelegate {
   public:
@@ -252,7 +252,7 @@ TEST_F(Rows, CityInformationHasSevenLinesTwoPointsLarger) {
     EXPECT_EQ(QAccessible::Row, spokenAs(view, "Details of the city").role());
 }
 
-// --- the footer
+// ---- the footer
 
 class ShowAllTaps : public UIFooterViewDelegate {
   public:

@@ -11,7 +11,7 @@
 namespace quode::test {
 namespace {
 
-// A clock that the test moves on; wake-ups come at their exact moments.
+// A clock that the test advances; wake-ups come at their exact moments.
 class DrivenClock : public AnimationClock {
   public:
     Duration now() const override { return now_; }
@@ -163,7 +163,7 @@ TEST_F(Toast, ComesOneAfterTheOtherInTheFirstParent) {
     EXPECT_EQ("two", textShown(view));
     clock.advance(0.02);  // 10.01 s
     EXPECT_EQ("three", textShown(view));
-    EXPECT_EQ(30.0, shown(view)->center().y);  // the place that its own parent gave it
+    EXPECT_EQ(30.0, shown(view)->center().y);  // the position in its parent
     clock.advance(4.98);
     EXPECT_EQ(1U, MessageView::queueLength());
     clock.advance(0.02);
@@ -183,7 +183,7 @@ TEST_F(Toast, TakesThePlaceOfOlderOnesWhereOnlyTheNewestIsKept) {
     EXPECT_EQ("two", textShown(view));
     EXPECT_EQ(1, view.findChildren<MessageView*>().size());
     clock.advance(4.98);
-    EXPECT_EQ("two", textShown(view));  // its own time is the usual one
+    EXPECT_EQ("two", textShown(view));  // its duration is the usual one
     MessageView::clearQueue();
     EXPECT_EQ(nullptr, shown(view));
     MessageView::setKeepsNewestOnly(false);
@@ -215,7 +215,7 @@ TEST_F(Toast, CanBeToldToFadeBefore) {
     QPointer<MessageView> toast = shown(view);
     toast->fadeToastOut();
     clock.advance(1.0);
-    toast->fadeToastOut();  // it does already
+    toast->fadeToastOut();  // it fades already
     clock.advance(1.01);
     EXPECT_TRUE(toast.isNull());
     clock.advance(10.0);

@@ -34,7 +34,7 @@ void sendKey(QWidget& widget, QEvent::Type type, Qt::Key key) {
     QApplication::sendEvent(&widget, &event);
 }
 
-// What is hidden is not told of; a root that is not on a screen counts as shown.
+// Hidden elements are not reported; a root that is not on a screen counts as shown.
 void collect(QAccessibleInterface* element, QWidget& root, std::vector<QAccessibleInterface*>& elements) {
     const auto* widget = qobject_cast<QWidget*>(element->object());
     if (widget != nullptr && widget != &root && !widget->isVisibleTo(&root)) return;

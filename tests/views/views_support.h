@@ -17,10 +17,10 @@
 
 namespace quode::test {
 
-/// The dark colour that the pictures of views are taken on.
+/// The dark background of pictures of views.
 inline const QColor panelColor(28, 28, 30);
 
-/// Starts the shared services on a device of the test, in English and with 24 hours, with the texts that are shipped.
+/// Starts the shared services on a test device, in English and with 24 hours, with the bundle's texts.
 class ViewsTest : public testing::Test {
   protected:
     ViewsTest();
@@ -32,10 +32,10 @@ class ViewsTest : public testing::Test {
     GlobalFuncs& globalFuncs;
 };
 
-/// The middle of a widget in its own points.
+/// The centre of a widget in its own coordinates.
 QPoint middleOf(const QWidget& widget);
 
-/// What a person does with the left mouse button, a finger or a key.
+/// User input with the left mouse button, a finger or a key.
 void click(QWidget& widget);
 void pressAt(QWidget& widget, QPoint place);
 void dragTo(QWidget& widget, QPoint place);
@@ -43,21 +43,21 @@ void releaseAt(QWidget& widget, QPoint place);
 void pressKey(QWidget& widget, Qt::Key key);
 void releaseKey(QWidget& widget, Qt::Key key);
 
-/// What assistive technology tells of the view with a name, below and including `root`. Fails the test and throws when
-/// there is none or when several have the name.
+/// The accessibility interface of the view with a name, in or below `root`. Fails the test and throws when there is none or
+/// several have the name.
 QAccessibleInterface& spokenAs(QWidget& root, const std::string& name);
 
-/// The names of everything that is exposed, in its order.
+/// The names of all exposed elements, in order.
 std::vector<std::string> spokenNames(QWidget& root);
 
-/// Whether assistive technology gets changes; waits for its bus where the platform has one.
+/// True when assistive technology gets changes; waits for its bus where the platform has one.
 bool somethingListens();
 
 /// A picture of a view on the panel's colour.
 QImage pictureOf(QWidget& view, double pixelsPerPoint);
 
-/// How far two pictures of the same size are apart: the mean difference of a colour component, 0..255, over the pixels
-/// of which either differs from the panel's colour.
+/// The difference of two pictures of the same size: the mean difference of a colour component, 0..255, over the pixels that
+/// differ from the panel's colour in either.
 double differenceOf(const QImage& a, const QImage& b);
 
 }  // namespace quode::test

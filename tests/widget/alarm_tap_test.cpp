@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A clock at which a toast stays where it is.
+// A clock that never advances a toast.
 class StandingClock : public AnimationClock {
   public:
     Duration now() const override { return {}; }
@@ -33,7 +33,7 @@ class AlarmTap : public WidgetTest {
                           std::to_string(prayTime) + " WHERE TIMEID = " + std::to_string(timeId));
     }
 
-    // The columns of an alarm that a tap changes.
+    // The columns of an alarm changed by a tap.
     std::string storedAlarm(int timeId) {
         return readFromUserDatabase("SELECT ACTIVE || ' ' || EVENTID FROM USER_ALARMS WHERE TIMEID = " +
                                     std::to_string(timeId));
@@ -184,7 +184,7 @@ TEST_F(AlarmTap, StaysOnWhenTheCalendarFails) {
     EXPECT_EQ("1 ", storedAlarm(6));
 }
 
-// As another program's lock, a full disk or a file without the right to write does.
+// As with another program's lock, a full disk or a read-only file.
 TEST_F(AlarmTap, ShowsTheStoredStateAndAMessageWhenTheAlarmCannotBeStored) {
     setUpAlarm(3, 13.0);
     runOnUserDatabase("CREATE TRIGGER refuse BEFORE UPDATE ON USER_ALARMS BEGIN SELECT raise(ABORT, 'refused'); END");

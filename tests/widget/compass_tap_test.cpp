@@ -9,7 +9,7 @@
 namespace quode::test {
 namespace {
 
-// What a compass asked of the device.
+// The calls of a compass to the device.
 struct Record {
     int made = 0, started = 0, stopped = 0, awake = 0;
 };
@@ -48,7 +48,7 @@ class CompassTap : public WidgetTest {
         settle();
     }
 
-    // Until everything that deletes itself has gone.
+    // Until all deferred deletions are done.
     static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     Record record;
@@ -104,7 +104,7 @@ TEST_F(CompassTap, NeverShowsTwoCompasses) {
     EXPECT_NE(nullptr, widget->compass()->overlayWindow());
 }
 
-// A panel that is left for the compass dismisses its widget.
+// A panel that loses the focus to the compass dismisses its widget.
 TEST_F(CompassTap, LeavesTheCompassWhenTheWidgetIsDismissed) {
     presentWidgetFor("Istanbul");
     click(button("Qibla compass"));

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The tick that looks for a change of day.
+// The tick that checks for a change of day.
 #include <QTest>
 
 #include "widget/widget_fixture.h"
@@ -102,7 +102,7 @@ TEST_F(DayChange, IsLookedForNoMoreOnceDismissed) {
     EXPECT_EQ(21, widget->currentInfo().MiladiDate.Days);
 }
 
-// A locale that is asked for a month's name in the middle of a build, which is where a tick must do nothing.
+// A locale whose month name is read during a build, when a tick must do nothing.
 class TickingLocale : public FixedLocale {
   public:
     std::string monthName(int month) const override {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What goes wrong stays where it happens, and the debug log tells of it.
+// Failures stay local, and the debug log reports them.
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -12,7 +12,7 @@ namespace {
 
 using testing::HasSubstr;
 
-// A locale that loses its months.
+// A locale without names of months.
 class ForgetfulLocale : public FixedLocale {
   public:
     std::string monthName(int month) const override {
@@ -24,7 +24,7 @@ class ForgetfulLocale : public FixedLocale {
 
 class Failures : public WidgetTest {
   protected:
-    // A bundle with the shipped database of cities and an English language pack in which a text is replaced.
+    // A bundle with the shipped city database and an English language pack with one text replaced.
     std::string bundleWith(const std::string& text, const std::string& replacement) {
         namespace fs = std::filesystem;
         const fs::path bundle = folder.path() / "Bundle";

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The module of the bundle, as a host loads it.
+// The module of the bundle, loaded as by a host.
 #include <QPluginLoader>
 
 #include "widget/WidgetPlugin.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The widget as its host knows it: made, presented, dismissed, presented again.
+// The widget as its host uses it: created, presented, dismissed, presented again.
 #include <QApplication>
 
 #include "widget/widget_fixture.h"
 
-// The objects alive, as Qt tells its own inspection tools.
+// The existing objects, as Qt reports them to its inspection tools.
 extern quintptr Q_DECL_IMPORT qtHookData[];
 
 namespace quode::test {
@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 int liveObjects = 0;
 
-// Counts every QObject of the process that is made and deleted while it lives.
+// Counts the QObjects of the process that are created and deleted while it exists.
 class ObjectCount {
   public:
     ObjectCount() : add_(qtHookData[addObject]), remove_(qtHookData[removeObject]) {
@@ -48,7 +48,7 @@ class Presentation : public WidgetTest {
         return tags;
     }
 
-    // The rows that show something.
+    // The visible rows.
     std::vector<int> filledRows() const {
         std::vector<int> rows;
         for (int row = 0; row < 13; ++row) {
@@ -250,7 +250,7 @@ TEST_F(Presentation, TakesThePlaceOfAnEarlierBuild) {
     widget->hostDidPresent();
     EXPECT_TRUE(first.isNull());
     EXPECT_TRUE(firstRow.isNull());
-    EXPECT_EQ(widgets + 13, int(QApplication::allWidgets().size()));  // the cells, which the host's view shows first
+    EXPECT_EQ(widgets + 13, int(QApplication::allWidgets().size()));  // the cells, shown by the host first
 }
 
 TEST_F(Presentation, ShowsNothingTwiceInAPanelThatKeepsTheView) {
@@ -287,7 +287,7 @@ TEST_F(Presentation, DoesNotGrowInAHundredPresentations) {
         click(button("Show less"));
         QCoreApplication::processEvents();
     };
-    presentAndUse();  // what the toolkit makes once and keeps
+    presentAndUse();  // for what the toolkit creates once and keeps
     widget->hostDidDismiss();
     const ObjectCount count;
     int presented = 0;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What the widget shows of the user's cities and of the day.
+// The widget's content: the user's cities and the day.
 #include <filesystem>
 #include <fstream>
 
@@ -26,7 +26,7 @@ class Refresh : public WidgetTest {
 
     const std::string& cityName() const { return widget->cityNameView()->labelCityName()->text(); }
 
-    // The city shown, to be given other results than those of the day.
+    // The city shown, to set other results than those of the day.
     City& shownCity() { return const_cast<City&>(widget->userCities().at(std::size_t(widget->currentCityId()))); }
 
     void expectNoCity() {
@@ -48,7 +48,7 @@ class Refresh : public WidgetTest {
     }
 };
 
-// --- the user's cities
+// ---- the user's cities
 
 TEST_F(Refresh, ShowsNoCityWithoutAUserDatabase) {
     makeWidget().hostDidPresent();
@@ -179,7 +179,7 @@ TEST_F(Refresh, TakesTheHijriDateOfTheWholeDay) {
     EXPECT_EQ("12 Jumada al-Akhirah 1448", widget->cityInfoView()->labelHijri()->text());
 }
 
-// --- the day of the city
+// ---- the day of the city
 
 TEST_F(Refresh, WritesTheNineTimesOfTheDay) {
     makeWidgetFor("Istanbul");
@@ -196,7 +196,7 @@ TEST_F(Refresh, WritesTheFactsOfTheCity) {
     EXPECT_EQ("Moon at sunset : +24°40'", info.labelMoonOnSunSet()->text());
 }
 
-// The engine, asked by hand for the moment of the build; not the way the widget goes.
+// The engine's results for the moment of the build, computed without the widget's code.
 TEST_F(Refresh, KeepsExactlyWhatTheEngineFindsForTheMomentOfTheBuild) {
     for (const auto& [name, month] : {std::pair{"Istanbul", 11}, {"Berlin", 7}, {"New York City", 3}, {"Sydney", 1}}) {
         std::filesystem::remove(userDatabase());
@@ -274,7 +274,7 @@ TEST_F(Refresh, ShowsAPrayerThatDoesNotExistAsNone) {
     EXPECT_THAT(times(), ElementsAre("--:--", "00:00", "00:00", "00:00", "00:00", "00:00", "00:00", "00:00", "--:--"));
 }
 
-// --- language and clock
+// ---- language and clock
 
 TEST_F(Refresh, FollowsTheLocaleAtEveryPresentation) {
     presentWidgetFor("Istanbul");

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The plain table by itself.
+// The plain table alone.
 #include <QCoreApplication>
 #include <QPainter>
 
@@ -42,14 +42,14 @@ class Table : public ViewsTest {
         table.setDataSource(&rows);
     }
 
-    // Gives the table its frame, at which it asks for its rows.
+    // Sets the frame of the table, which then reads its rows.
     void lay() { table.setFrame({0.0, 0.0, 320.0, 200.0}); }
 
-    // Whether a line is drawn at a point.
+    // True when a line is drawn at a point.
     bool isLineAt(int x, int y) { return pictureOf(table, 1.0).pixel(x, y) != panelColor.rgb(); }
 
     Rows rows;
-    WidgetTable table{Rect{0.0, 0.0, 320.0, 200.0}};  // goes after its views
+    WidgetTable table{Rect{0.0, 0.0, 320.0, 200.0}};  // deleted after its views
     View first{Rect{0.0, 0.0, 320.0, 40.0}}, second{Rect{0.0, 0.0, 320.0, 40.0}}, third{Rect{0.0, 0.0, 320.0, 30.0}};
 };
 

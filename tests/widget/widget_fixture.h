@@ -19,7 +19,7 @@
 
 namespace quode::test {
 
-/// A host that notes what the widget tells it.
+/// A host that records the widget's calls.
 class RecordingHost : public WidgetHost {
   public:
     void invalidatePreferredViewSize() override { ++invalidations; }
@@ -27,14 +27,14 @@ class RecordingHost : public WidgetHost {
     int invalidations = 0;
 };
 
-/// One of the user's cities, as the user database keeps it.
+/// One of the user's cities, as stored in the user database.
 struct KeptCity {
     int id = 0;
     int setAsHome = 0;
 };
 
-/// The widget on a device of the test: the bundle as it is shipped, a data folder of the test's own, a clock that
-/// stands still. English with 24 hours; 21 November 2026, 11:30:20; no city unless the test keeps one.
+/// The widget on a test device: the shipped bundle, a temporary data folder, a stopped clock. English with 24 hours;
+/// 21 November 2026, 11:30:20; no city unless the test adds one.
 class WidgetTest : public testing::Test {
   protected:
     WidgetTest();
@@ -42,34 +42,34 @@ class WidgetTest : public testing::Test {
     /// Writes the user database: these cities, and the six alarms, off and without a sound.
     void keepCities(const std::vector<KeptCity>& cities);
 
-    /// Runs SQL on the user database, which is made when missing.
+    /// Runs SQL on the user database, which is created when missing.
     void runOnUserDatabase(const std::string& sql);
 
-    /// What a query of one column yields in the user database; "" for no row.
+    /// The result of a query of one column in the user database; "" without a row.
     std::string readFromUserDatabase(const std::string& query);
 
-    /// The number of the first place of a name in the shipped database.
+    /// The id of the first place with a name in the shipped database.
     static int cityNamed(std::string_view name);
 
-    /// Restarts the shared services, and makes a widget as a host does.
+    /// Restarts the shared services, and creates a widget as a host does.
     QuodeController& makeWidget();
 
     /// The same with the user's one city.
     QuodeController& makeWidgetFor(std::string_view cityName);
 
-    /// Makes a widget and presents it.
+    /// Creates a widget and presents it.
     QuodeController& presentWidgetFor(std::string_view cityName);
 
-    /// Lets the tick's timer run out once, at once.
+    /// Fires the tick's timer once, at once.
     void tick();
 
-    /// The debug log; "" when there is none.
+    /// The debug log; "" without one.
     std::string log() const;
 
     /// The control with an accessible name, in the root view of the widget.
     UIButtonX& button(const std::string& spokenName);
 
-    /// The texts of the widget that a person sees, from top to bottom.
+    /// The visible texts of the widget, from top to bottom.
     std::vector<std::string> shownTexts();
 
     std::filesystem::path userDatabase() const { return folder.path() / "user.sqlite"; }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The worked examples of J. Meeus, Astronomical Algorithms. The engine takes single-precision constants and
-// trigonometry, and exchanges two small terms of the Moon; the tolerances are what that allows, as is said beside them.
+// The worked examples of J. Meeus, Astronomical Algorithms. The engine uses single-precision constants and trigonometry,
+// and exchanges two small terms of the Moon; the tolerances allow for that, with the reason beside them.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -21,7 +21,7 @@ constexpr double arcSecond = 1.0 / 3600.0;
 constexpr double second = 1.0 / 86400.0;
 
 TEST(PublishedExamples, PlaceOfTheMoonOn12April1992) {
-    // Example 47.a; the exchanged terms come to no more than 0.0006 degrees.
+    // Example 47.a; the exchanged terms differ by at most 0.0006 degrees.
     double declination = 0.0, rightAscension = 0.0, distance = 0.0;
     MoonCompute::Moon_Coordinate(april1992, declination, rightAscension, distance);
     EXPECT_NEAR(134.688470, rightAscension * 15.0, 0.0015);
@@ -30,7 +30,7 @@ TEST(PublishedExamples, PlaceOfTheMoonOn12April1992) {
 }
 
 TEST(PublishedExamples, EclipticToEquatorialOn12April1992) {
-    // The ecliptic place of example 47.a before nutation, in and out.
+    // The ecliptic place of example 47.a, without nutation before and with nutation after.
     double lambda = 133.162655, alpha = 0.0, delta = 0.0;
     MoonCompute::Calc_Geocentric(april1992, lambda, -3.229126, alpha, delta);
     EXPECT_NEAR(133.167265, lambda, 5e-6);
@@ -52,7 +52,7 @@ TEST(PublishedExamples, IlluminatedPartOn12April1992) {
 }
 
 TEST(PublishedExamples, NutationOn10April1987) {
-    // Example 22.a, whose sum takes all terms; the left-out ones come to a few thousandths of an arc second.
+    // Example 22.a, whose sum takes all terms; the omitted ones add up to a few thousandths of an arc second.
     double deltaPsi = 0.0, epsilon = 0.0;
     MoonCompute::Calc_Epsilon_Phi(2446895.5, deltaPsi, epsilon);
     EXPECT_NEAR(-3.788 * arcSecond, deltaPsi, 0.01 * arcSecond);
@@ -63,7 +63,7 @@ TEST(PublishedExamples, SiderealTimeOn10April1987) {
     EXPECT_NEAR(13.0 + 10.0 / 60.0 + 46.3668 / 3600.0, FastAstro::LMST(46895.0, 0.0), 0.05 / 3600.0);
 }
 
-/// The phase nearest to a dynamical time, brought back to dynamical time.
+/// The phase nearest to a dynamical time, converted back to dynamical time.
 double dynamicalPhase(int phase, double near, double year) {
     for (const MoonPhase& p : moonPhasesBetween(near - 3.0, near + 3.0)) {
         if (p.phase == phase) return p.julianDay + deltaT(year) * second;

@@ -22,8 +22,8 @@ int whole(double x) {
     return static_cast<int>(x);
 }
 
-/// Runs an operation on the arguments of every vector; each result must come within its tolerance. The last tolerance
-/// holds for the results that follow.
+/// Runs an operation on the arguments of every vector; each result must be within its tolerance. The last tolerance
+/// applies to all further results.
 void expectVectors(std::string_view op, const Numbers& tolerances, const std::function<Numbers(const Numbers&)>& run) {
     for (const Vector& v : vectorsOf("moon", op)) {
         const Numbers actual = run(v.in);

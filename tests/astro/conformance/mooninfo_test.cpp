@@ -25,7 +25,7 @@ VAKDate dateFrom(const Numbers& in, std::size_t at) {
                        whole(in[at + 5]));
 }
 
-/// An engine with the date and the place that every vector begins with.
+/// An engine with the date and the place at the start of every vector.
 FastAstro engineFrom(const Numbers& in) {
     FastAstro engine;
     engine.SetCurrentDateTime(dateFrom(in, 0));
@@ -36,7 +36,7 @@ FastAstro engineFrom(const Numbers& in) {
 
 constexpr std::size_t arguments = 15;
 
-/// Runs an operation on every vector. The last tolerance holds for the results that follow.
+/// Runs an operation on every vector. The last tolerance applies to all further results.
 void expectVectors(std::string_view op, const Numbers& tolerances,
                    const std::function<Numbers(FastAstro&, const Numbers&)>& run) {
     for (const Vector& v : vectorsOf("mooninfo", op)) {

@@ -104,16 +104,15 @@ TEST(AltitudeIteration, AgreesWithTheReference) {
 TEST(AltitudeIteration, GivesANegativeTimeOneHour) {
     SunInfoForPray equinox;
     double time = 0.0;
-    // Sunrise at six by the Sun, seen by a clock that runs ten hours behind it.
+    // Sunrise at six solar time, on a clock ten hours behind.
     EXPECT_EQ(1, FastAstro::Iterasyon(time, 0.0, 0.0, 0.0, -10.0, 0, -1, equinox));
     EXPECT_NEAR(-4.0 + 1.0, time, 1e-6);
 }
 
 TEST(SafetyMargin, AgreesWithTheReference) {
     for (const Vector& v : vectorsOf("prayer", "Temkin")) {
-        // Between two southern rows this one operation of the reference interpolates toward the wrong row, while its
-        // prayer times at southern latitudes (-59.6 among them, compared above) have the margin of the northern
-        // latitude.
+        // Between two southern rows this operation of the reference interpolates toward the wrong row, while its prayer
+        // times at southern latitudes (including -59.6, compared above) have the margin of the northern latitude.
         if (v.in[0] < 0.0 && v.in[0] != std::trunc(v.in[0]) && v.in[0] > -60.0) continue;
         EXPECT_NEAR(v.out[0], FastAstro::Temkin(v.in[0], v.in[1] != 0.0), 1e-12) << v.describe();
     }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The number tables as the engine holds them, against the files they are made from and the published rows.
+// The number tables of the engine, compared with their source files and the published rows.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -16,7 +16,7 @@ namespace {
 
 using Row = std::vector<double>;
 
-/// The rows of astro/tables/NAME.csv; texts count as 0. With a group, only rows whose first column is that text.
+/// The rows of astro/tables/NAME.csv; texts count as 0. With a group, only rows with that text in the first column.
 std::vector<Row> rowsOf(const std::string& name, const std::string& group = {}) {
     std::ifstream stream(std::string(QUODE_TABLES) + "/" + name + ".csv");
     std::string line;

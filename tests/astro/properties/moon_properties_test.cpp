@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What holds for the Moon over every place on Earth and every year, whatever the numbers are.
+// Properties of the Moon for every place on Earth and every year.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -26,7 +26,7 @@ std::ostream& operator<<(std::ostream& out, const Case& c) {
                << c.date.Months << "-" << c.date.Days << " " << c.date.Hours << ":" << c.date.Minutes;
 }
 
-/// Places all over the Earth, the poles and the equator among them, at any zone and in any year.
+/// Places all over the Earth, including the poles and the equator, in any zone and any year.
 std::vector<Case> anywhere(int count, int lastYear = 9999) {
     std::mt19937 random(14290101);
     const auto pick = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };
@@ -109,7 +109,7 @@ double moonElevation(FastAstro& engine, double julianDay) {
 }
 
 TEST(MoonEverywhere, StandsOnTheHorizonWhenItRisesAndSets) {
-    // The search joins three points an hour apart by a parabola; far from the poles that is good to a few arc minutes.
+    // The search fits a parabola to three points an hour apart; far from the poles it is good to a few arc minutes.
     int found = 0;
     for (const Case& c : anywhere(1500, 2500)) {
         if (std::abs(c.latitude) > 60.0) continue;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What holds for every place on Earth and every day, whatever the numbers are.
+// Properties of the times for every place on Earth and every day.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -31,7 +31,7 @@ FastAstro engineFor(const Case& c) {
     return engine;
 }
 
-/// Places all over the Earth, the poles and the equator among them, at any zone and in any year.
+/// Places all over the Earth, including the poles and the equator, in any zone and any year.
 std::vector<Case> anywhere(int count, int firstYear, int lastYear) {
     std::mt19937 random(20261121);
     const auto pick = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The searches keep what they have computed for an hour. Here the plain searches stand beside them, written without any
-// memory: every result and every field must be the same to the last bit.
+// The searches cache the values of an hour. Here they are compared with plain searches without a cache: every result and
+// every field must be the same to the last bit.
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -41,7 +41,7 @@ FastAstro engineFor(const Day& d) {
     return engine;
 }
 
-/// Everything that a search may leave behind, as bits.
+/// All fields that a search may set, as bits.
 std::vector<std::uint64_t> fieldsOf(const FastAstro& e) {
     std::vector<std::uint64_t> bits;
     for (const double field :
@@ -147,8 +147,8 @@ double midnight(const VAKDate& d, int later = 0) {
     return AstroGlobalFuncs::CalculateJulianDay(d.Years, d.Months, d.Days + later, 0, 0, 0);
 }
 
-/// First day of the month that the last crescent before a day begins: every ten days back from the day's tenth follower
-/// a new moon is computed and judged, without remembering the one before.
+/// First day of the month that the last crescent before a day begins: computes and checks a new moon every ten days, back
+/// from ten days after the day, without a cache.
 std::optional<double> monthStart(FastAstro& e, double today) {
     VAKDate searched = calendarDate(today + 10.0);
     for (int back = 0; back <= 400; back += 10) {

@@ -62,11 +62,10 @@ std::vector<Comparison> allComparisons() {
 std::string accuracyPage(const std::vector<Comparison>& comparisons) {
     std::string page =
         "# How accurate the engine is\n\n"
-        "The engine's values beside published ones. This page is written by `build/release/bin/accuracy` from the "
-        "values in\n"
-        "`tests/fixtures/truth`, each with its source; a test keeps it up to date and holds every value to its "
-        "tolerance.\n"
-        "The conformance tests are another thing: they hold the engine to its own definitions, to the last digit.\n\n"
+        "The engine's values compared with published ones. `build/release/bin/accuracy` writes this page from\n"
+        "the values in `tests/fixtures/truth`, each with its source; a test keeps it up to date and checks the\n"
+        "tolerances. The conformance tests are separate: they compare the engine with its own\n"
+        "definitions, to the last digit.\n\n"
         "| quantity | unit | values | RMS | largest | bias | tolerance | source |\n"
         "| --- | --- | ---: | ---: | ---: | ---: | ---: | --- |\n";
     for (const Comparison& c : comparisons) {

@@ -7,12 +7,12 @@
 
 namespace quode::truth {
 
-/// How the engine's values of one quantity stand to published ones.
+/// The engine's values of one quantity compared with published ones.
 struct Comparison {
     std::string quantity;
     std::string unit;
     std::string source;          ///< who published the values
-    double tolerance = 0.0;      ///< no value may be farther off
+    double tolerance = 0.0;      ///< the largest allowed error
     std::vector<double> errors;  ///< engine less published
 
     double rms() const;
@@ -21,7 +21,8 @@ struct Comparison {
 };
 
 /// The numeric rows of tests/fixtures/truth/NAME.csv; lines that begin with # and the header are left out, texts count
-/// as 0. Throws when the file cannot be read or has no row.
+/// as 0.
+/// @throw std::exception  when the file cannot be read or has no rows
 std::vector<std::vector<double>> rowsOf(const std::string& name);
 
 /// The comparisons of each part of the engine.
@@ -30,7 +31,7 @@ std::vector<Comparison> sunEventComparisons();
 std::vector<Comparison> moonComparisons();
 std::vector<Comparison> magneticComparisons();
 
-/// All of them, in the order of the table in docs/accuracy.md.
+/// All comparisons, in the order of the table in docs/accuracy.md.
 std::vector<Comparison> allComparisons();
 
 /// The text of docs/accuracy.md.

@@ -10,7 +10,7 @@
 namespace quode::truth {
 
 std::vector<Comparison> magneticComparisons() {
-    constexpr double tolerance = 0.1;  // degrees; the two models differ by some hundredths themselves
+    constexpr double tolerance = 0.1;  // degrees; the two models differ by some hundredths
     constexpr int geodetic = 1, target = 3;
     Comparison c{
         "magnetic declination, 2010 to 2012", "degrees", "World Magnetic Model 2010, test values", tolerance, {}};

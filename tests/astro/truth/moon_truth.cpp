@@ -11,11 +11,11 @@
 namespace quode::truth {
 namespace {
 
-// Nobody may be farther off than this.
+// The largest allowed errors.
 constexpr double phaseTolerance = 2.0;      // minutes
 constexpr double riseTolerance = 1.5;       // minutes
 constexpr double transitTolerance = 0.1;    // minutes
-constexpr double preciseTolerance = 0.03;   // degrees; universal time stands for dynamical time
+constexpr double preciseTolerance = 0.03;   // degrees; universal time is used as dynamical time
 constexpr double fastTolerance = 0.1;       // degrees
 constexpr double distanceTolerance = 20.0;  // km
 constexpr double litTolerance = 0.5;        // percent

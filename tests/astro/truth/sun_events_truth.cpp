@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The engine's Sun, its events and the default method's times against an ephemeris fitted to JPL's.
+// The engine's Sun, its events and the default method's times, compared with an ephemeris fitted to JPL's.
 #include <array>
 #include <cmath>
 #include <tuple>
@@ -15,7 +15,7 @@ namespace {
 constexpr const char* ephemeris = "ERFA 2.0, an ephemeris fitted to JPL DE405";
 constexpr double minutesPerHour = 60.0;
 
-// Nobody may be farther off than this.
+// The largest allowed errors.
 constexpr double placeTolerance = 0.002;    // degrees
 constexpr double equationTolerance = 0.02;  // minutes
 constexpr double riseTolerance = 1.0;       // minutes
@@ -90,7 +90,7 @@ void compareEvents(const std::vector<double>& row, BandComparisons& band) {
     const double clock = std::round(row[longitude] / 15.0);
     const auto add = [&](Comparison& comparison, int angle, int side, Column column) {
         double hours = 0.0;
-        // On the clock of the place, as the times are used.
+        // On the clock of the place.
         FastAstro::Iterasyon(hours, row[latitude], row[longitude] / -15.0, 0.0, clock, angle, side, sun);
         comparison.errors.push_back(difference(hours - clock, row[column]));
     };

@@ -9,7 +9,7 @@
 namespace quode::truth {
 namespace {
 
-// Nobody may be farther off than this.
+// The largest allowed errors.
 constexpr double longitudeTolerance = 0.01;   // degrees
 constexpr double positionTolerance = 0.0005;  // degrees
 constexpr double distanceTolerance = 1000.0;  // km

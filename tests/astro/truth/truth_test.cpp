@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The engine against the world's values.
+// The engine compared with published values.
 #include <gtest/gtest.h>
 
 #include <fstream>

@@ -26,7 +26,7 @@ class CityTest : public testing::Test {
 
     void useBundle(const std::filesystem::path& bundle) { services.setApplicationBundlePath(bundle.string()); }
 
-    // A bundle whose database was made by these statements.
+    // A bundle with a database made by these statements.
     static void makeDatabase(const TemporaryFolder& bundle, const std::string& sql) {
         std::filesystem::create_directories(bundle.path() / "database");
         sqlite3* database = nullptr;
@@ -42,7 +42,7 @@ class CityTest : public testing::Test {
         return city;
     }
 
-    // A city whose every filled field is marked, to see which ones stay.
+    // A city with marks in all fields, to see which ones stay.
     static City markedCity(const std::string& id) {
         City city = cityWithId(id);
         city.setName("n");
@@ -109,7 +109,7 @@ TEST_F(CityTest, KeepsTheSkySummaryUnchanged) {
     EXPECT_EQ(info.MoonAltitudeOnSunSet, 7.75);
 }
 
-// Cuba keeps summer time through the winter of 2026/27, which no yearly rule tells.
+// Cuba keeps summer time through the winter of 2026/27, against its yearly rule.
 TEST_F(CityTest, HasTheClockOfTheDayForWhichItIsRead) {
     test::FakePlatform device;
     GlobalFuncs::startUp(device.platform()).setApplicationBundlePath(QUODE_BUNDLE);

@@ -30,7 +30,7 @@ constexpr const char* tables =
     "CREATE TABLE USER_CITY (ID INTEGER, SETASHOME INTEGER);"
     "CREATE TABLE USER_ALARMS (TIMEID INTEGER, MINUTE, PRAYTIME, MELODYTIME, MELODYNAME, ACTIVE, EVENTID);";
 
-// A user database in a folder of its own, a calendar in memory, and a clock that the test sets.
+// A user database in a temporary folder, a calendar in memory, and a clock that the test sets.
 class DatabaseFunctionsTest : public testing::Test {
   protected:
     DatabaseFunctionsTest() {
@@ -93,7 +93,7 @@ TEST_F(DatabaseFunctionsTest, WorksOnUserSqliteOfTheDataFolder) {
     EXPECT_EQ(functions->userDBPath(), folder.path().string() + "/user.sqlite");
 }
 
-// --- column readers
+// ---- column readers
 
 class ColumnReaders : public DatabaseFunctionsTest {
   protected:
@@ -155,7 +155,7 @@ TEST_F(ColumnReaders, GiveTextsAsUtf8) {
     EXPECT_EQ(functions->asString(row.get(), 0), "Çan sesi ☾");
 }
 
-// --- running statements
+// ---- running statements
 
 TEST_F(DatabaseFunctionsTest, RunsAStatement) {
     sql(tables);
@@ -209,7 +209,7 @@ TEST_F(DatabaseFunctionsTest, ReportsFailureForAListOfFailuresAndForAnEmptyList)
     EXPECT_FALSE(functions->executeArrayOfSQL({}));
 }
 
-// --- reading an alarm
+// ---- reading an alarm
 
 TEST_F(DatabaseFunctionsTest, ReadsTheAlarmOfAPrayer) {
     sql(std::string(tables) +
@@ -242,7 +242,7 @@ TEST_F(DatabaseFunctionsTest, ReadsAnEmptyAlarmFromADamagedFileAndLogsIt) {
     EXPECT_THAT(log(), HasSubstr("Error in DatabaseFunctions -> getAlarmInfo: "));
 }
 
-// --- switching an alarm on
+// ---- switching an alarm on
 
 TEST_F(DatabaseFunctionsTest, WritesTheEventOfAnAlarm) {
     clock->present = utc("2026-10-17 03:00:42");
@@ -368,7 +368,7 @@ TEST_F(DatabaseFunctionsTest, MakesOneEventWhenTwoProgramsSwitchTheAlarmOnAtOnce
     std::future<void> other;
     store->beforeSave = [&other] {
         other = std::async(std::launch::async, [] { DatabaseFunctions().reCalculateAlarm(200); });
-        other.wait_for(std::chrono::milliseconds(200));  // far longer than it takes if nothing holds it up
+        other.wait_for(std::chrono::milliseconds(200));  // far longer than needed without a lock
     };
     functions->reCalculateAlarm(200);
     other.get();
@@ -429,7 +429,7 @@ TEST_F(DatabaseFunctionsTest, SurvivesNumbersThatLeadToNoDate) {
     }
 }
 
-// --- switching an alarm off
+// ---- switching an alarm off
 
 TEST_F(DatabaseFunctionsTest, RemovesTheEventOfAnAlarm) {
     clock->present = utc("2026-10-17 03:00");
@@ -465,9 +465,9 @@ TEST_F(DatabaseFunctionsTest, TouchesOnlyTheRowOfThePrayer) {
     EXPECT_EQ(value("SELECT group_concat(ACTIVE) FROM USER_ALARMS"), "0,1,0");
 }
 
-// --- the statements
+// ---- the statements
 
-// What every connection that is opened meanwhile runs.
+// SQL that every new connection runs.
 class Statements {
   public:
     Statements() {
@@ -511,7 +511,7 @@ TEST_F(DatabaseFunctionsTest, RunsItsStatementsWordForWord) {
                              " UPDATE USER_ALARMS SET ACTIVE = 0  WHERE TIMEID = 4 "));
 }
 
-// --- the device's clock
+// ---- the device's clock
 
 class InBerlin : public DatabaseFunctionsTest {
   protected:

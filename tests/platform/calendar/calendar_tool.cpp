@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Drives the calendar stores from the command line, for the tests that bring in other programs.
+// Runs the calendar stores from the command line, for tests with other programs.
 #include <cstdlib>
 #include <iostream>
 #include <memory>

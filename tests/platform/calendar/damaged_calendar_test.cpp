@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Damaged calendar files: nothing that was in them is lost, and the alarm is saved all the same.
+// Damaged calendar files: no content is lost, and the alarm is still saved.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ class DamagedCalendarTest : public testing::Test {
         intact = contentOf(file);
     }
 
-    /// Saves and removes an alarm in a file of this content. Its bytes are either all back or all kept aside.
+    /// Saves and removes an alarm in a file with this content. All its bytes are then in the file again or kept beside it.
     void survive(const std::string& content) {
         std::filesystem::remove(aside);
         write(file, content);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What every calendar store does, shown with each of them.
+// The common behaviour of all calendar stores, tested with each.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

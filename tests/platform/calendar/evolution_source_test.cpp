@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The description that lets GNOME's calendar server show our file.
+// The description that makes GNOME's calendar server show Quode's file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

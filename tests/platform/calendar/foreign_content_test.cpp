@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What other programs keep in the same calendar: it survives, and what they make of our events is understood.
+// Data of other programs in the same calendar survive, and their changes of Quode's events are read.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ using std::chrono::sys_days, std::chrono::year;
 
 constexpr std::string_view kOwnIdentifier = "quode-0123abcd-4567-4890-abcd-ef0123456789";
 
-// Written as several programs do: other line ends, an unknown property and component, empty values, odd folding.
+// In the styles of several programs: other line ends, an unknown property and component, empty values, odd folding.
 const std::string kForeign =
     "BEGIN:VCALENDAR\r\nPRODID:-//Someone//Else//EN\r\nVERSION:2.0\r\nX-WR-CALNAME:Family\r\nCALSCALE:GREGORIAN\r\n"
     "BEGIN:VTIMEZONE\r\nTZID:Ankara Time\r\nBEGIN:STANDARD\r\nDTSTART:20160907T000000\r\nTZOFFSETFROM:+0300\r\n"
@@ -34,7 +34,7 @@ class ForeignContentTest : public testing::Test {
   protected:
     std::filesystem::path file() const { return folder.path() / "Quode.ics"; }
 
-    /// A calendar of one event of ours, with these lines in it.
+    /// A calendar with one event of Quode, with additional lines.
     void writeOwnEvent(const std::string& lines) {
         write(file(), "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:" + std::string(kOwnIdentifier) + "\r\n" +
                           lines + "END:VEVENT\r\nEND:VCALENDAR\r\n");

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// A calendar that is no file, that is too large or never ends, and one that another program changes at the same time.
+// A calendar that is not a file, that is too large or endless, and one that another program changes at the same time.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -64,7 +64,7 @@ TEST(GuardedCalendar, DoesNotFollowAZoneWhoseClockChangesEverySecond) {
     }
 }
 
-/// A program that knows of no lock and saves the calendar while it is being written.
+/// A program that ignores the lock and saves the calendar while Quode writes it.
 class OtherProgram : public UnsynchronisedCalls {
   public:
     OtherProgram(std::filesystem::path file, int times) : file_(std::move(file)), times_(times) {}

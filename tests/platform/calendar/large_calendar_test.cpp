@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 
 constexpr int kEvents = 5000;
 
-/// Runs the work and prints how long it took.
+/// Runs the work and prints its duration.
 template <typename Work>
 void timed(std::string_view what, const Work& work) {
     const auto begin = std::chrono::steady_clock::now();

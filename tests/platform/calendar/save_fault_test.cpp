@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Saves that go wrong: the calendar is then the old one or the new one, never less.
+// Failing saves: the calendar is then the old or the new one, never a part.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
@@ -29,7 +29,8 @@ using namespace std::chrono_literals;
 
 constexpr int kMoreCallsThanASaveMakes = 60;
 
-/// Runs `work` in a process of its own; gives its exit status as waitpid() does.
+/// Runs `work` in a separate process.
+/// @return its exit status, as from waitpid()
 int inChild(const std::function<int()>& work) {
     const pid_t child = ::fork();
     if (child == 0) ::_exit(work());
@@ -59,7 +60,7 @@ class SaveFaultTest : public testing::Test {
         write(file, content);
     }
 
-    /// After a fault, a store that knows nothing of it works and cleans up.
+    /// After a fault, a new store works and cleans up.
     void expectWorkingAgain() {
         IcalEventStore fresh(folder.path(), surroundingsWith(systemFileCalls()));
         const SavedEvent saved = fresh.saveEvent(changed);
@@ -254,7 +255,7 @@ TEST_F(SaveFaultTest, AWriterThatNeverFinishesIsNotWaitedForForever) {
     EXPECT_TRUE(store.saveEvent(changed).status.ok);
 }
 
-/// Runs as an ordinary user; the administrator may write everywhere.
+/// Runs as an ordinary user, because the administrator may write everywhere.
 int asOrdinaryUser(const std::function<int()>& work) {
     return inChild([&] {
         if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) return 100;
@@ -288,7 +289,7 @@ TEST_F(SaveFaultTest, AFileThatMayNotBeReadIsLeftAlone) {
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "Quode.ics.damaged-1"));
 }
 
-/// Takes a mounted disk away again.
+/// Unmounts a disk again.
 struct Unmounting {
     std::filesystem::path disk;
     ~Unmounting() { ::umount2(disk.c_str(), MNT_DETACH); }
