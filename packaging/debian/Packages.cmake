@@ -67,10 +67,10 @@ set(CPACK_DEBIAN_DATA_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_DATA_PACKAGE_ARCHITECTURE all)
 
 if(QUODE_HAS_WIDGET)
-  quode_package(panel quode-panel "Islamic prayer times: panel and compass"
+  quode_package(panel quode-panel "Islamic prayer times: panel, compass and settings"
     "Quode shows the prayer times, the qibla, the Moon and the Hijri date
 without a network. This package has the panel, which opens from an icon in
-the tray, and the compass.")
+the tray, the compass, and the window in which cities and alarms are chosen.")
   set(CPACK_DEBIAN_PANEL_PACKAGE_SECTION utils)
   # The font is loaded by name, and the plugin for Wayland by Qt: neither shows in a library's dependencies.
   set(CPACK_DEBIAN_PANEL_PACKAGE_DEPENDS "quode (= ${version}), fonts-dejavu-core")
