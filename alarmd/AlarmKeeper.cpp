@@ -24,7 +24,11 @@ AlarmKeeper::AlarmKeeper(AlarmSurroundings surroundings)
     : with_(std::move(surroundings)),
       events_(*with_.calendar, [this](const std::string& message) { tellOnce(message); }),
       rings_(with_.dataFolder, *with_.desk, with_.tell),
-      damagedCopies_(damagedCopies()) {}
+      damagedCopies_(damagedCopies()) {
+    rings_.onUnseen = [this] {
+        if (onUnseen) onUnseen();
+    };
+}
 
 Present AlarmKeeper::present() const {
     return {floor<seconds>(with_.clock->now()), with_.uptime()};
@@ -43,7 +47,7 @@ sys_seconds AlarmKeeper::wake() {
         takeChoices(*database);
     });
     warnOfOutage(isRead, present);
-    if (!choices_) choices_ = notedChoices();
+    if (!choices_) choices_ = choicesWithoutDatabase();
     sys_seconds next = nextMidnight(now);
     bool succeeded = isRead;
     if (choices_) {
@@ -71,7 +75,7 @@ sys_seconds AlarmKeeper::wake() {
 bool AlarmKeeper::renew(UserDatabase& database, sys_seconds& next, sys_seconds now) {
     return attempt([&] {
         with_.useLayout(choices_->settings.calendarLayout);
-        const std::optional<sys_seconds> again = events_.renew(database, choices_->settings.ringer, now);
+        const std::optional<sys_seconds> again = events_.renew(database, choices_->ringer, now);
         if (again) next = std::min(next, *again);
     });
 }
@@ -95,10 +99,20 @@ UserDatabase AlarmKeeper::openDatabase() {
 }
 
 // With the program that really rings.
-Choices AlarmKeeper::choicesIn(UserDatabase& database) const {
+Choices AlarmKeeper::choicesIn(const UserDatabase& database) const {
     Choices choices = readChoices(database);
-    choices.settings.ringer = with_.ringer(choices.settings);
+    choices.ringer = with_.ringer(choices.settings);
     return choices;
+}
+
+// When the database could not be read since this process began.
+std::optional<Choices> AlarmKeeper::choicesWithoutDatabase() {
+    std::optional<Choices> choices;
+    attempt([&] {
+        choices = readChoicesBehindLock(with_.dataFolder, *with_.cities, *with_.clock);
+        if (choices) choices->ringer = with_.ringer(choices->settings);
+    });
+    return choices ? choices : notedChoices();
 }
 
 void AlarmKeeper::takeChoices(UserDatabase& database) {
@@ -135,7 +149,7 @@ int AlarmKeeper::damagedCopies() const {
     return count;
 }
 
-// What is known of the choices when the database could not be read since this process began.
+// What the notes of rings say about the choices.
 std::optional<Choices> AlarmKeeper::notedChoices() const {
     const std::optional<DecidedNote>& note = rings_.records().decided();
     if (!note) return std::nullopt;

@@ -66,13 +66,17 @@ class AlarmKeeper {
     /// Notes how far all is decided; to be called before the process ends.
     void rest();
 
+    /// Called when the desktop answers that it does not show a ring, perhaps within `wake`. `wake` is to be called soon.
+    std::function<void()> onUnseen;
+
   private:
     Present present() const;
     UserDatabase openDatabase();
     void takeChoices(UserDatabase& database);
     bool giveBackChoices(UserDatabase& database);
     int damagedCopies() const;
-    Choices choicesIn(UserDatabase& database) const;
+    Choices choicesIn(const UserDatabase& database) const;
+    std::optional<Choices> choicesWithoutDatabase();
     std::optional<Choices> notedChoices() const;
     void warnOfOutage(bool isRead, const Present& present);
     bool renew(UserDatabase& database, std::chrono::sys_seconds& next, std::chrono::sys_seconds now);

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "alarmd/ring_texts.h"
 
@@ -46,10 +47,16 @@ AlarmService::AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationServ
     notifications_->onAction = [this](const NotificationId& notification, const std::string& key) {
         if (key == snoozeAction) {
             keeper_->snooze(notification);
-        } else {
+        } else if (key == stopAction) {
             keeper_->stop(notification);
+        } else {
+            return;  // of another program: the services report the answers to all
         }
         wakeKeeper();
+    };
+    keeper_->onUnseen = [this] {
+        isRingUnseen_ = true;
+        startSettling();
     };
     notifications_->onClosed = [this](const NotificationId& notification) { keeper_->closed(notification); };
     notifications_->onRun = [this] { wakeKeeper(); };
@@ -59,6 +66,7 @@ AlarmService::~AlarmService() {
     notifications_->onAction = nullptr;
     notifications_->onClosed = nullptr;
     notifications_->onRun = nullptr;
+    keeper_->onUnseen = nullptr;
     expiry_.reset();  // before its descriptor goes
     ::close(timer_);
 }
@@ -136,13 +144,11 @@ int AlarmService::timerExpired(sd_event_source*, int descriptor, std::uint32_t, 
 
 int AlarmService::dataFolderChanged(sd_event_source*, const inotify_event* event, void* self) {
     auto* const service = static_cast<AlarmService*>(self);
-    sd_event_source* const settling = service->settling_.get();
     const bool isLost = (event->mask & gone) != 0;
     if (isLost) service->isWatchLost_ = true;
     const bool overflow = (event->mask & IN_Q_OVERFLOW) != 0;
     if (!isLost && !overflow && (event->len == 0 || std::string_view(event->name) != databaseName)) return 0;
-    sd_event_source_set_time_relative(settling, settlingUs);
-    sd_event_source_set_enabled(settling, SD_EVENT_ONESHOT);
+    service->startSettling();
     return 0;
 }
 
@@ -152,11 +158,17 @@ int AlarmService::zoneFolderChanged(sd_event_source*, const inotify_event* event
     return 0;
 }
 
+void AlarmService::startSettling() {
+    sd_event_source_set_time_relative(settling_.get(), settlingUs);
+    sd_event_source_set_enabled(settling_.get(), SD_EVENT_ONESHOT);
+}
+
 int AlarmService::choicesSettled(sd_event_source*, std::uint64_t, void* self) {
     auto* const service = static_cast<AlarmService*>(self);
     // To look into the database would make a folder again that the user deleted.
     const bool isServed = !service->isWatchLost_ && service->mayServe_() == Service::go;
-    if (!isServed || service->keeper_->choicesChanged()) service->wakeKeeper();
+    const bool isUnseen = std::exchange(service->isRingUnseen_, false);
+    if (!isServed || isUnseen || service->keeper_->choicesChanged()) service->wakeKeeper();
     return 0;
 }
 

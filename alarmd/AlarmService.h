@@ -44,6 +44,7 @@ class AlarmService {
     void wakeKeeper();
     int arm(std::chrono::sys_seconds next);
     void watchAgain();
+    void startSettling();
     Source hearTimer();
     Source makeSettling();
     Source watchFolder(const std::filesystem::path& folder, sd_event_inotify_handler_t handler);
@@ -61,7 +62,8 @@ class AlarmService {
     std::function<Service()> mayServe_;
     int timer_;
     Source expiry_;
-    Source settling_;  // waits until several changes of the user's have come together
+    Source settling_;            // waits until several changes of the user's have come together
+    bool isRingUnseen_ = false;  // the desktop has answered that it does not show a ring
     Source dataFolderWatch_;
     bool isWatchLost_ = false;
     Source zoneFolderWatch_;

@@ -7,12 +7,28 @@
 #include <algorithm>
 
 #include "companion/AlarmHabits.h"
+#include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
+#include "data/user_places.h"
 
 namespace quode {
 namespace {
 
 constexpr int codeBeforeFirst = 199;
+
+std::string textOf(const SiteChoice& choice) {
+    std::string text = fmt::format("{} {} {};", conventions::textOf(choice.method), choice.height, choice.isUnreadable);
+    if (!choice.table) return text;
+    for (const auto& [day, row] : choice.table->rows) text += fmt::format("{} {};", day, quode::textOf(row));
+    return text;
+}
+
+// The method and the timetable of a city.
+void restoreSiteChoice(UserDatabase& database, int id, const SiteChoice& choice) {
+    if (choice.isUnreadable) return;
+    if (!choice.method.isDefault()) storeMethod(database.connection(), id, choice.method, choice.height);
+    if (choice.table) storeTimetable(database.connection(), id, *choice.table);
+}
 
 }  // namespace
 
@@ -33,17 +49,31 @@ std::string Choices::text() const {
     std::string text;
     for (const UserCity& city : cities) {
         text += fmt::format("{} {};", city.id, city.isHome);
-        if (city.city) text += fmt::format("{} {} {};", city.city->latitude, city.city->longitude, city.city->zone);
+        if (!city.city) continue;
+        text += fmt::format("{} {} {};", city.city->latitude, city.city->longitude, city.city->zone);
+        text += textOf(city.city->choice);
     }
     for (const UserAlarm& alarm : alarms) {
         text += fmt::format("{} {} {} {} {} {};", alarm.offset, alarm.isOn, alarm.sound, alarm.days,
                             alarm.reminder.value_or(alarm.offset), alarm.silentUntil().time_since_epoch().count());
     }
-    return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(settings.ringer));
+    return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(ringer));
 }
 
 Choices readChoices(const UserDatabase& database) {
-    return {database.cities(), database.home(), database.alarms(), loadSettings(database)};
+    Choices choices{database.cities(), database.home(), database.alarms(), loadSettings(database)};
+    choices.ringer = choices.settings.ringer;
+    return choices;
+}
+
+std::optional<Choices> readChoicesBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                             const Clock& device) {
+    const std::optional<std::string> before = UserConnection::committedState(userDatabaseFile(dataFolder));
+    if (!before) return std::nullopt;
+    const UserDatabase database = UserDatabase::openBehindLock(dataFolder, cities, device);
+    Choices choices = readChoices(database);
+    const bool isWhole = UserConnection::committedState(userDatabaseFile(dataFolder)) == before;
+    return isWhole ? std::optional(choices) : std::nullopt;
 }
 
 void restoreChoices(UserDatabase& database, const Choices& choices) {
@@ -58,6 +88,7 @@ void restoreChoices(UserDatabase& database, const Choices& choices) {
             } else if (each.city) {
                 id = database.addPlace({each.city->name, each.city->latitude, each.city->longitude, each.city->zone});
             }
+            if (each.city) restoreSiteChoice(database, id, each.city->choice);
             if (each.isHome) home = id;
         }
         for (const UserCity& each : fresh) {

@@ -17,6 +17,7 @@ struct Choices {
     std::optional<UserCity> home;
     std::vector<UserAlarm> alarms;
     UserSettings settings;
+    Ringer ringer = Ringer::quode;  ///< who really rings; the settings say who is to
 
     /// The alarms that are on.
     std::vector<AlarmRule> rules() const;
@@ -29,6 +30,11 @@ struct Choices {
 };
 
 Choices readChoices(const UserDatabase& database);
+
+/// The choices in a database that another program keeps locked, as they were before it began to change anything. Nothing
+/// when that cannot be told.
+std::optional<Choices> readChoicesBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                             const Clock& device);
 
 /// Writes what was chosen into a fresh database. Alarms that are on keep the identifier of their event.
 void restoreChoices(UserDatabase& database, const Choices& choices);

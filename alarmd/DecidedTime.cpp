@@ -28,33 +28,42 @@ seconds zeroOf(sys_seconds clock, const Uptime& uptime) {
 
 DecidedTime::DecidedTime(std::optional<DecidedNote> note) : note_(std::move(note)) {}
 
+// The clock is another one now. Of those that it was before, all are forgotten that it had since it was this one the last
+// time: it has come back to itself. Returned: when it left, if it comes back to itself.
+std::optional<milliseconds> DecidedTime::followJump(seconds zeroBefore, seconds zero, milliseconds uptime) {
+    std::vector<LeftClock>& left = note_->left;
+    const auto same =
+        std::ranges::find_if(left, [&](const LeftClock& each) { return abs(each.zero - zero) < sameClock; });
+    if (same != left.end()) {
+        const milliseconds leftAt = same->at;
+        left.erase(same, left.end());
+        return leftAt;
+    }
+    if (left.size() == mostLeft) left.erase(left.begin());
+    left.push_back({zeroBefore, uptime});
+    return std::nullopt;
+}
+
 // Finds out whether the clock was set since the last time.
 void DecidedTime::followClock(const Present& present, Span& span) {
     const sys_seconds now = present.clock;
     const seconds passed = floor<seconds>(present.uptime.time - note_->uptime.time);
     const seconds shift = now - (note_->clock + passed);
     if (abs(shift) > inaccuracy) span.shift = shift;
+    std::optional<milliseconds> leftAt;
     const seconds zero = zeroOf(present.clock, present.uptime);
-    const seconds zeroBefore = zeroOf(note_->clock, note_->uptime);
+    if (abs(shift) >= sameClock) leftAt = followJump(zero - shift, zero, present.uptime.time);
     if (shift < -inaccuracy) {
         span.isTakenBack = true;
         // What is held was never decided, so that the moment is still that of the clock before it jumped.
         note_->until = hold_ ? std::min(note_->until, now) : note_->until + shift;
         hold_.reset();
-        if (note_->left && abs(zero - note_->left->zero) < sameClock) {
-            // What was decided while it was wrong is open again, from where it left.
-            span.wrongSince = note_->left->at;
-            note_->until = std::min(note_->until, sys_seconds(note_->left->zero + floor<seconds>(note_->left->at)));
-            note_->left.reset();
-        } else if (!wentBackFrom_) {
-            wentBackFrom_ = zeroBefore;
-        }
+        if (!leftAt) return;
+        // What was decided while it was wrong is open again, from where it left.
+        span.wrongSince = leftAt;
+        note_->until = std::min(note_->until, sys_seconds(zero + floor<seconds>(*leftAt)));
     } else if (shift > jump) {
         hold_ = Hold{now, present.uptime.time + holdTime};
-        // One that was back for a while, and comes to itself, leaves no clock that was right.
-        const bool comesBack = wentBackFrom_ && abs(zero - *wentBackFrom_) < sameClock;
-        if (comesBack) wentBackFrom_.reset();
-        if (!comesBack && !note_->left) note_->left = LeftClock{zeroBefore, present.uptime.time};
     }
 }
 
@@ -68,10 +77,12 @@ DecidedTime::Span DecidedTime::begin(const Present& present) {
     }
     if (areComparable(note_->uptime, present.uptime)) {
         followClock(present, span);
-    } else if (note_->until > now) {
-        note_->until = now - latestRing;
-        span.isTakenBack = true;
-        note_->left.reset();
+    } else {
+        note_->left.clear();  // they were those of another start of the device
+        if (note_->until > now) {
+            note_->until = now - latestRing;
+            span.isTakenBack = true;
+        }
     }
     note_->clock = now;
     note_->uptime = present.uptime;

@@ -31,7 +31,7 @@ class DecidedTime {
         std::chrono::sys_seconds since{};  ///< all until then is decided
         std::chrono::seconds shift{0};     ///< by how much the clock was set, as far as that is known
         bool isTakenBack = false;          ///< what was decided after `since` is open again
-        /// The clock is what it was before it jumped ahead, when the device had run for so long.
+        /// The clock is what it was before it jumped, when the device had run for so long.
         std::optional<std::chrono::milliseconds> wrongSince;
         /// Rings until then are left for later: the clock has just jumped over them, perhaps in error.
         std::chrono::sys_seconds heldUntil = std::chrono::sys_seconds::min();
@@ -59,11 +59,12 @@ class DecidedTime {
         std::chrono::milliseconds end{};   // in the time that the device has run
     };
 
+    std::optional<std::chrono::milliseconds> followJump(std::chrono::seconds zeroBefore, std::chrono::seconds zero,
+                                                        std::chrono::milliseconds uptime);
     void followClock(const Present& present, Span& span);
 
     std::optional<DecidedNote> note_;
     std::optional<Hold> hold_;
-    std::optional<std::chrono::seconds> wentBackFrom_;  // what the clock was before it went back, see `LeftClock::zero`
 };
 
 }  // namespace quode

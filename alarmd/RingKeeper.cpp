@@ -19,6 +19,10 @@ constexpr seconds offerInterval{30};
 constexpr hours tooEarly{1};       // a ring that a wrong clock brought by more than that was none
 constexpr minutes soundIsOver{1};  // what rang longer ago sounds again when it is shown at last
 
+bool rangWithin(const RingRecord& record, const Present& present, seconds time) {
+    return areComparable(record.rangAt, present.uptime) && present.uptime.time - record.rangAt.time < time;
+}
+
 }  // namespace
 
 RingKeeper::RingKeeper(const std::filesystem::path& dataFolder, RingDesk& desk,
@@ -34,7 +38,8 @@ void RingKeeper::decideDue(const Choices& choices, const Present& present, const
     for (const RingRecord& record : due) decide(choices, record, present);
     offerUnseen(choices, present);
     decided_.finish(present);
-    noteDecided(choices, present, !due.empty() || span.isTakenBack);
+    // Another process is to know what the clock was before.
+    noteDecided(choices, present, !due.empty() || span.isTakenBack || span.shift != seconds(0));
     isFirst_ = false;
 }
 
@@ -129,6 +134,7 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
                 records_.forget(record.alarm.code, due);
             } else {
                 record.ringAt = due;
+                record.notification = {};
                 keepState(record, RingState::begun);
             }
         } else if (span.wrongSince && rangTooEarly(record, *span.wrongSince, present)) {
@@ -142,9 +148,10 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
     }
 }
 
-// Whether a clock that was wrong brought a ring that is still to come.
+// Whether a clock that was wrong brought a ring that is still to come, or can still come late.
 bool RingKeeper::rangTooEarly(const RingRecord& record, milliseconds wrongSince, const Present& present) const {
-    if (record.alarm.due <= present.clock || !areComparable(record.rangAt, present.uptime)) return false;
+    const bool isOver = record.alarm.due + latestRing < present.clock;
+    if (isOver || !areComparable(record.rangAt, present.uptime)) return false;
     if (record.rangAt.time < wrongSince) return false;
     const sys_seconds rang = present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
     return record.alarm.due - rang > tooEarly;
@@ -159,7 +166,7 @@ void RingKeeper::decide(const Choices& choices, RingRecord record, const Present
     // It may have been switched off while it was snoozed.
     if (!alarm || !alarm->isOn) return keepState(record, RingState::finished);
     if (record.ringAt <= alarm->silentUntil()) return keepState(record, RingState::finished);
-    const bool otherRings = choices.settings.ringer == Ringer::evolution;
+    const bool otherRings = choices.ringer == Ringer::evolution;
     if (decision == RingDecision::drop || otherRings) {
         const auto late = floor<minutes>(present.clock - record.ringAt);
         if (!otherRings) tell_(_("An alarm was missed by {} min and does not ring.", late.count()));
@@ -174,8 +181,11 @@ void RingKeeper::ring(const Choices& choices, RingRecord record, const Present& 
     const UserAlarm* const alarm = choices.alarm(record.alarm.code);
     const Ring ring{record.alarm, record.city, alarm->sound.empty() ? choices.settings.defaultSound : alarm->sound,
                     floor<minutes>(present.clock - record.ringAt)};
+    const std::string run = desk_->run();
+    const bool isSameRun = !run.empty() && record.notification.run == run;
+    record.isRepeated = isSameRun && (record.isRepeated || record.state == RingState::begun);
     record.rangAt = present.uptime;
-    record.notification = {};
+    record.notification = {run, 0};
     if (sound == Sound::yes) keepState(record, RingState::begun);
     awaited_.insert(key);
     desk_->show(ring, [this, key](const std::optional<NotificationId>& shown) { answered(key, shown); });
@@ -196,8 +206,9 @@ void RingKeeper::answered(const Key& key, const std::optional<NotificationId>& s
         if (shown) desk_->close(*shown);
         return;
     }
-    record->notification = shown.value_or(NotificationId{});
+    if (shown) record->notification = *shown;
     keepState(*record, shown ? RingState::shown : RingState::unseen);
+    if (!shown && onUnseen) onUnseen();
 }
 
 // --- the notification service
@@ -217,7 +228,7 @@ void RingKeeper::followService() {
 }
 
 void RingKeeper::offerUnseen(const Choices& choices, const Present& present) {
-    const bool hasService = !desk_->run().empty();
+    const std::string run = desk_->run();
     for (const RingRecord& record : records_.unfinished()) {
         const bool isAwaited = awaited_.contains({record.alarm.code, record.alarm.due});
         if (record.state != RingState::unseen || isAwaited) continue;
@@ -228,10 +239,10 @@ void RingKeeper::offerUnseen(const Choices& choices, const Present& present) {
         } else if (decision == RingDecision::drop) {
             tell_(_("An alarm rang, but for 15 min no notification service was there to show it."));
             keepState(record, RingState::dropped);
-        } else if (hasService && decision != RingDecision::wait) {
-            const bool isSounding =
-                areComparable(record.rangAt, present.uptime) && present.uptime.time - record.rangAt.time < soundIsOver;
-            ring(choices, record, present, isSounding ? Sound::no : Sound::yes);
+        } else if (!run.empty() && decision != RingDecision::wait) {
+            // A service that refuses is not asked all the time.
+            if (record.notification.run == run && rangWithin(record, present, offerInterval)) continue;
+            ring(choices, record, present, rangWithin(record, present, soundIsOver) ? Sound::no : Sound::yes);
         }
     }
 }
@@ -258,13 +269,24 @@ std::optional<RingRecord> RingKeeper::shownAs(const NotificationId& notification
     return std::nullopt;
 }
 
+// The newest ring for which the desktop was perhaps asked once more than is known.
+std::optional<RingRecord> RingKeeper::perhapsShownAs(const NotificationId& notification) const {
+    if (std::optional<RingRecord> record = shownAs({notification.run, 0})) return record;
+    for (const RingRecord& record : std::views::reverse(records_.all())) {
+        if (record.isRepeated && record.notification.run == notification.run) return record;
+    }
+    return std::nullopt;
+}
+
 bool RingKeeper::finish(const NotificationId& notification, Unknown unknown, RingState state, sys_seconds ringAt) {
     std::optional<RingRecord> record = shownAs(notification);
-    if (!record && unknown == Unknown::counts) record = shownAs({notification.run, 0});
+    if (!record && unknown == Unknown::counts) record = perhapsShownAs(notification);
     if (!record) return false;
     desk_->silence(record->alarm);
     desk_->close(notification);
-    record->notification = {};
+    const bool isShownTwice = record->notification.number != 0 && record->notification != notification;
+    if (isShownTwice) desk_->close(record->notification);
+    record->notification.number = 0;
     if (state == RingState::snoozed) record->ringAt = ringAt;
     keepState(*record, state);
     return true;

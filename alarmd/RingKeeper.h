@@ -21,7 +21,7 @@ namespace quode {
 ///
 /// Each ring is noted before the desktop is asked, as soon as it was asked, and when it has answered. A process that is
 /// killed in between finds what is left to do; only between asking and the next note nobody can say whether the desktop
-/// was asked, and the ring is repeated: twice is better than never.
+/// was asked, and the ring is repeated: twice is better than never. Then an answer under an unknown number is for it.
 class RingKeeper {
   public:
     /// When the calendar's event of an alarm stands; nothing when there is none.
@@ -51,6 +51,10 @@ class RingKeeper {
 
     const RingRecords& records() const { return records_; }
 
+    /// Called when the desktop answers that a ring is not shown, outside of `decideDue` or within it. It is to be offered
+    /// again: `decideDue` is to be called soon, but not from here.
+    std::function<void()> onUnseen;
+
   private:
     using Key = std::pair<int, std::chrono::sys_seconds>;
     enum class Sound { yes, no };
@@ -72,6 +76,7 @@ class RingKeeper {
     void ring(const Choices& choices, RingRecord record, const Present& present, Sound sound);
     void answered(const Key& key, const std::optional<NotificationId>& shown);
     std::optional<RingRecord> shownAs(const NotificationId& notification) const;
+    std::optional<RingRecord> perhapsShownAs(const NotificationId& notification) const;
     bool finish(const NotificationId& notification, Unknown unknown, RingState state, std::chrono::sys_seconds ringAt);
     void keepState(RingRecord record, RingState state);
     void noteDecided(const Choices& choices, const Present& present, bool isUrgent);

@@ -18,16 +18,16 @@ void check(const FileOutcome& outcome) {
 }  // namespace
 
 std::filesystem::path connectEvolution(Session& session, bool letsItRing) {
-    if (letsItRing) requireEvolutionProgram(session);
     UserDatabase database = userDatabaseToChange(session);
     const UserSettings settings = loadSettings(database);
+    const bool rings = letsItRing || settings.ringer == Ringer::evolution;
+    if (rings) requireEvolutionProgram(session);
     if (settings.calendarLayout != CalendarLayout::ics) {
         throw Failure(ExitCode::usage, _("Evolution shows the alarms only where they are kept in one file. Choose that "
                                          "first: quode settings calendar ics"));
     }
     const std::filesystem::path file =
         UserEventStore(session.dataFolder(), CalendarLayout::ics).defaultCalendar().location;
-    const bool rings = letsItRing || settings.ringer == Ringer::evolution;
     check(evolutionSource(session).connect(std::filesystem::absolute(file), rings));
     setRinger(session, database, rings ? Ringer::evolution : Ringer::quode);
     return file;

@@ -104,6 +104,8 @@ class Session {
 
     /// Adds a line to the output.
     void print(std::string_view line = "");
+    /// Adds bytes to the output as they stand.
+    void write(std::string_view bytes) { output_ += bytes; }
     /// Adds a JSON document to the output.
     void printJson(const Json& json) { output_ += json.text(); }
     const std::string& output() const { return output_; }

@@ -55,7 +55,8 @@ std::vector<Command> allCommands() {
         moonCommand(),
         skyCommand(),
         hijriCommand(),
-        with(calendarCommand(), {calendarConnectCommand(), calendarDisconnectCommand()}),
+        with(calendarCommand(), {calendarConnectCommand(), calendarDisconnectCommand(), calendarPublishCommand(),
+                                 calendarUnpublishCommand()}),
         group("city", _("Choose your cities; find and show others"),
               {cityListCommand(), cityAddCommand(), cityRemoveCommand(), cityHomeCommand(), cityMoveCommand(),
                citySearchCommand(), cityShowCommand()}),
@@ -66,6 +67,7 @@ std::vector<Command> allCommands() {
         group("method", "The method of the times, and your own minutes",
               {methodListCommand(), methodShowCommand(), methodSuggestCommand(), methodCompareCommand(),
                methodSetCommand(), methodImportCommand(), methodRemoveTableCommand()}),
+        with(iqamaCommand(), {iqamaSetCommand(), iqamaRemoveCommand()}),
         settingsCommand(),
         with(doctorCommand(), {doctorZonesCommand()}),
     };

@@ -177,16 +177,18 @@ void RingRecords::save() {
         problem_ = std::strerror(errno);
         return;
     }
-    if (decided_) write(0, decidedLine(*decided_), isDecidedWritten_);
-    for (auto& [key, entry] : entries_) write(entry.line, ringLine({entry.serial, entry.record}), entry.isWritten);
-    for (auto& [line, isWritten] : cleared_) write(line, emptyLine(), isWritten);
+    if (decided_ && !isDecidedWritten_) isDecidedWritten_ = write(0, decidedLine(*decided_));
+    for (auto& [key, entry] : entries_) {
+        if (!entry.isWritten) entry.isWritten = write(entry.line, ringLine({entry.serial, entry.record}));
+    }
+    for (auto& [line, isWritten] : cleared_) isWritten = write(line, emptyLine());
     std::erase_if(cleared_, [](const auto& each) { return each.second; });
 }
 
-void RingRecords::write(int line, const std::string& text, bool& isWritten) {
-    if (isWritten) return;
-    isWritten = writeLine(file_, line, text);
+bool RingRecords::write(int line, const std::string& text) {
+    const bool isWritten = writeLine(file_, line, text);
     if (!isWritten) problem_ = std::strerror(errno);
+    return isWritten;
 }
 
 }  // namespace quode

@@ -37,17 +37,21 @@ struct RingRecord {
     NotificationId notification;        ///< under which it is shown; the number 0: not known
     std::string city;                   ///< for which it rings
     Uptime rangAt;                      ///< when it rang
+    bool isRepeated = false;  ///< the same notification service may show it once more, under an unknown number
 
     friend bool operator==(const RingRecord&, const RingRecord&) = default;
 };
 
-/// What the clock was before it jumped ahead.
+/// What the clock was before it jumped.
 struct LeftClock {
     std::chrono::seconds zero{};     ///< what it showed when the device started, in seconds since 1970
     std::chrono::milliseconds at{};  ///< how long the device had run when it jumped
 
     friend bool operator==(const LeftClock&, const LeftClock&) = default;
 };
+
+/// How many former clocks are kept.
+inline constexpr std::size_t mostLeft = 4;
 
 /// How far all alarms have been decided, and by which clock.
 struct DecidedNote {
@@ -56,7 +60,7 @@ struct DecidedNote {
     Uptime uptime;                     ///< at the same moment
     int city = 0;                      ///< the number of the home city
     std::vector<AlarmRule> rules;      ///< the alarms that were on
-    std::optional<LeftClock> left;     ///< since the clock has jumped ahead
+    std::vector<LeftClock> left;       ///< what the clock was before, each left for the next one; at most `mostLeft`
 
     friend bool operator==(const DecidedNote&, const DecidedNote&) = default;
 };
@@ -106,7 +110,7 @@ class RingRecords {
     std::vector<const Entry*> inOrder() const;
     int freeLine();
     void read();
-    void write(int line, const std::string& text, bool& isWritten);
+    bool write(int line, const std::string& text);
 
     std::filesystem::path file_;
     std::map<Key, Entry> entries_;

@@ -98,6 +98,11 @@ class UserDatabase {
     /// how long to wait for another program that keeps the file locked
     UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
                  std::chrono::milliseconds patience = std::chrono::seconds(3));
+    /// Opens the file only to read from it, although another program keeps it locked. See
+    /// `UserConnection::committedState` for whether what is read is whole. Throws `UserDatabaseError`.
+    static UserDatabase openBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                       const Clock& device);
+
     ~UserDatabase();
     UserDatabase(UserDatabase&&) noexcept;
 

@@ -88,6 +88,7 @@ class Fields {
 };
 
 constexpr std::string_view ringMark = "ring";
+constexpr std::string_view repeatedMark = "repeated";
 constexpr std::string_view decidedMark = "decided";
 
 std::string rulesText(const std::vector<AlarmRule>& rules) {
@@ -96,17 +97,36 @@ std::string rulesText(const std::vector<AlarmRule>& rules) {
     return text;
 }
 
-std::vector<AlarmRule> rulesFrom(std::string_view text) {
-    std::vector<AlarmRule> rules;
+std::string leftText(const std::vector<LeftClock>& left) {
+    std::string text;
+    for (const LeftClock& each : left) text += fmt::format("{}:{};", each.zero.count(), each.at.count());
+    return text;
+}
+
+/// Calls `take` with both numbers of each "1:2;" in a text.
+template <typename Number, typename Take>
+void eachPair(std::string_view text, Take take) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(';'), text.size());
         std::string_view each = text.substr(0, end);
-        const std::optional<int> code = takeNumber<int>(each);
+        const std::optional<Number> first = takeNumber<Number>(each);
         if (!each.empty()) each.remove_prefix(1);  // the colon
-        const std::optional<int> offset = takeNumber<int>(each);
-        if (code && offset) rules.push_back({*code, *offset});
+        const std::optional<Number> second = takeNumber<Number>(each);
+        if (first && second) take(*first, *second);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
+}
+
+std::vector<LeftClock> leftFrom(std::string_view text) {
+    std::vector<LeftClock> left;
+    eachPair<long long>(text, [&](long long zero, long long at) { left.push_back({seconds(zero), milliseconds(at)}); });
+    if (left.size() > mostLeft) left.resize(mostLeft);
+    return left;
+}
+
+std::vector<AlarmRule> rulesFrom(std::string_view text) {
+    std::vector<AlarmRule> rules;
+    eachPair<int>(text, [&](int code, int offset) { rules.push_back({code, offset}); });
     return rules;
 }
 
@@ -115,18 +135,18 @@ std::vector<AlarmRule> rulesFrom(std::string_view text) {
 std::string ringLine(const NumberedRing& ring) {
     const RingRecord& record = ring.record;
     const AlarmOccurrence& alarm = record.alarm;
-    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", ringMark, ring.serial,
-                              alarm.code, countOf(alarm.due), countOf(alarm.prayer), alarm.hours, alarm.date.Years,
-                              alarm.date.Months, alarm.date.Days, static_cast<int>(record.state),
+    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", ringMark,
+                              ring.serial, alarm.code, countOf(alarm.due), countOf(alarm.prayer), alarm.hours,
+                              alarm.date.Years, alarm.date.Months, alarm.date.Days, static_cast<int>(record.state),
                               countOf(record.ringAt), record.notification.number, field(record.notification.run),
-                              field(record.rangAt.boot), record.rangAt.time.count(), field(record.city)));
+                              field(record.rangAt.boot), record.rangAt.time.count(), field(record.city),
+                              record.isRepeated ? repeatedMark : ""));
 }
 
 std::string decidedLine(const DecidedNote& note) {
-    const LeftClock left = note.left.value_or(LeftClock{});
-    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", decidedMark, countOf(note.until),
-                              countOf(note.clock), field(note.uptime.boot), note.uptime.time.count(), note.city,
-                              left.zero.count(), left.at.count(), rulesText(note.rules)));
+    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", decidedMark, countOf(note.until), countOf(note.clock),
+                              field(note.uptime.boot), note.uptime.time.count(), note.city, rulesText(note.rules),
+                              leftText(note.left)));
 }
 
 std::string emptyLine() {
@@ -153,6 +173,7 @@ std::optional<NumberedRing> ringFrom(std::string_view line) {
     record.notification.run = fields.text();
     record.rangAt = fields.uptime();
     record.city = fields.text();
+    record.isRepeated = fields.text() == repeatedMark;
     const bool isState = state >= 0 && state <= static_cast<int>(RingState::unseen);
     return fields.isGood() && isState ? std::optional(ring) : std::nullopt;
 }
@@ -165,11 +186,8 @@ std::optional<DecidedNote> decidedFrom(std::string_view line) {
     note.clock = fields.moment();
     note.uptime = fields.uptime();
     note.city = fields.number<int>();
-    LeftClock left;
-    left.zero = seconds(fields.number<long long>());
-    left.at = milliseconds(fields.number<long long>());
-    if (left != LeftClock{}) note.left = left;
     note.rules = rulesFrom(fields.text());
+    note.left = leftFrom(fields.text());
     return fields.isGood() ? std::optional(note) : std::nullopt;
 }
 

@@ -8,6 +8,7 @@
 
 #include <utility>
 
+#include "companion/SiteChoices.h"
 #include "companion/UserDatabase.h"
 #include "companion/user_database_schema.h"
 #include "data/AlarmJournal.h"
@@ -185,6 +186,7 @@ void UserConnection::createTables(const FirstCity& firstCity) {
         sqlite3_free(message);
         if (result != SQLITE_OK) fail(result);
         for (long long timeId = 1; timeId <= 6; ++timeId) run(userDatabaseAlarmRow, {timeId, usualSound});
+        run(userDatabaseSounds, {usualSound});
         const std::optional<int> city = isNew_ ? firstCity() : std::nullopt;
         if (city) {
             run("INSERT INTO USER_CITY (ID, SETASHOME) VALUES (?, 1)", {*city});
@@ -257,6 +259,7 @@ fs::path UserConnection::makeFresh(const FirstCity& firstCity) {
     const fs::path damaged = std::exchange(file_, fresh);
     open(toChange);
     createTables(firstCity);
+    salvageSiteChoices(*this, damaged);
     database_.reset();
     file_ = damaged;
     return fresh;

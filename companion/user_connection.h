@@ -36,6 +36,14 @@ class UserConnection {
     /// Opens a file that is there, to read from it: nothing is made, changed or mended.
     UserConnection(const std::filesystem::path& file, std::chrono::milliseconds patience);
 
+    /// Opens a file to read from it what it holds while another program keeps it locked, see `committedState`.
+    struct BehindLock {};
+    UserConnection(const std::filesystem::path& file, BehindLock);
+
+    /// Names the state of a file that holds whole changes only; it changes with every change. Nothing while another
+    /// program is writing a change into it, or was cut off in doing so.
+    static std::optional<std::string> committedState(const std::filesystem::path& file);
+
     /// Whether the file holds no table at all, as one does that is about to be made.
     bool isEmpty() const;
 

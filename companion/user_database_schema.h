@@ -5,7 +5,7 @@
 namespace quode {
 
 /// What the user database is known by: SQLite's `user_version`. It changes with every change of the tables.
-inline constexpr int userDatabaseEdition = 1;
+inline constexpr int userDatabaseEdition = 2;
 
 /// The tables. The widget reads USER_CITY without asking for an order: it gets the rows by POSITION, for no index holds
 /// both of the columns that it reads. Instants are seconds since 1970, UTC.
@@ -26,6 +26,9 @@ CREATE TABLE IF NOT EXISTS USER_RING (TIMEID INTEGER NOT NULL, DUE INTEGER NOT N
 /// The sound of an alarm that rings with the sound of the settings. A widget takes an alarm without any sound for one
 /// that is not set up.
 inline constexpr const char* usualSound = "default";
+
+/// Up to edition 1 such an alarm had no sound.
+inline constexpr const char* userDatabaseSounds = "UPDATE USER_ALARMS SET MELODYNAME = ? WHERE MELODYNAME = ''";
 
 /// Adds the row of an alarm that has none.
 inline constexpr const char* userDatabaseAlarmRow =

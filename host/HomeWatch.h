@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "fronts/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 
 namespace quode::host {
 

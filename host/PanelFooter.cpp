@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QToolButton>
 
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 #include "host/panel_facts.h"
 #include "host/widgets.h"
 

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 #include "host/panel_facts.h"
 #include "host/widgets.h"
 

@@ -7,7 +7,7 @@
 #include <QPixmap>
 
 #include "common/color_schemes.h"
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "fronts/DesktopTheme.h"
+#include "desktop/DesktopTheme.h"
 #include "host/HomeWatch.h"
 #include "host/Panel.h"
 #include "host/PanelDevice.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/PanelTray.h"
 
-#include "fronts/icon.h"
+#include "desktop/icon.h"
 #include "host/PanelMenu.h"
 
 namespace quode::host {

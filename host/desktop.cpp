@@ -7,9 +7,9 @@
 
 #include "app/session.h"
 #include "companion/UserEventStore.h"
-#include "fronts/Instance.h"
-#include "fronts/alarm_service.h"
-#include "fronts/display.h"
+#include "desktop/Instance.h"
+#include "desktop/alarm_service.h"
+#include "desktop/display.h"
 #include "host/PanelDevice.h"
 #include "host/PanelProgram.h"
 #include "host/user_choices.h"

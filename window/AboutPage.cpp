@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "app/mending.h"
-#include "fronts/alarm_service.h"
-#include "fronts/help.h"
+#include "desktop/alarm_service.h"
+#include "desktop/help.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 #include "window/parts.h"

@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "app/city_changes.h"
-#include "fronts/CityFinder.h"
+#include "desktop/CityFinder.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 #include "window/CityRows.h"

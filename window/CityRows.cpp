@@ -8,7 +8,7 @@
 
 #include "app/city_changes.h"
 #include "app/user_data.h"
-#include "fronts/CityFinder.h"
+#include "desktop/CityFinder.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 

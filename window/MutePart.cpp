@@ -9,7 +9,7 @@
 
 #include "app/alarm_habits.h"
 #include "app/ringer.h"
-#include "fronts/alarm_service.h"
+#include "desktop/alarm_service.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 

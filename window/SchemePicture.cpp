@@ -6,7 +6,7 @@
 #include <QPainterPath>
 
 #include "common/GlobalFuncs.h"
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 #include "views/Label.h"
 #include "views/UIButtonX.h"
 #include "views/UITimesView.h"

@@ -15,9 +15,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "fronts/help.h"
-#include "fronts/icon.h"
-#include "fronts/theme.h"
+#include "desktop/help.h"
+#include "desktop/icon.h"
+#include "desktop/theme.h"
 #include "texts/translation.h"
 #include "window/AboutPage.h"
 #include "window/AlarmsPage.h"

@@ -7,7 +7,7 @@
 #include <array>
 #include <functional>
 
-#include "fronts/DesktopTheme.h"
+#include "desktop/DesktopTheme.h"
 #include "window/Context.h"
 
 class QLabel;

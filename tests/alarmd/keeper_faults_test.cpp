@@ -5,6 +5,8 @@
 
 #include <fstream>
 
+#include "companion/SiteChoices.h"
+#include "companion/user_connection.h"
 #include "keeper_fixture.h"
 
 namespace quode::test {
@@ -156,6 +158,79 @@ TEST_F(KeeperFaultsTest, RingsWhatItNotedWhenItStartsWithALockedDatabase) {
     EXPECT_EQ(desk.rings[0].city, "Istanbul");
 }
 
+TEST_F(KeeperFaultsTest, RingsAtAPlaceOfTheUsersOwnWhenItStartsWithALockedDatabase) {
+    const int hut = open().addPlace({"Hut", 39.5, 32.25});
+    open().chooseHome(hut);
+    switchOn(202, 0, "gong");
+    const sys_seconds due = dueOf(202);
+    sqlite3* opened = nullptr;
+    sqlite3_open((folder.path() / "user.sqlite").c_str(), &opened);
+    const sqlite::Database other(opened);
+    // It has begun a change, which nobody may see.
+    sqlite3_exec(opened, "BEGIN EXCLUSIVE; UPDATE USER_ALARMS SET ACTIVE = 0", nullptr, nullptr, nullptr);
+    restart();
+    EXPECT_LE(keeper->wake(), due);
+    clock->present = due;
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].city, "Hut");
+    EXPECT_EQ(desk.sounds, std::vector<std::string>{"gong"});
+}
+
+TEST_F(KeeperFaultsTest, RingsByTheMethodOfTheCityWhenItStartsWithALockedDatabase) {
+    const int home = open().home()->id;
+    UserDatabase database = open();
+    const sys_seconds usual = dueOf(202);
+    storeMethod(database.connection(), home, *conventions::methodOf("quode adjust=0,0,-20,0,0,0"), 0.0);
+    switchOn(202);
+    const auto other = lockDatabase();
+    restart();
+    EXPECT_EQ(keeper->wake(), clock->present + seconds(30));
+    clock->present = usual - minutes(20);
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperFaultsTest, SeesThatTheMethodOfTheHomeCityWasChanged) {
+    switchOn(202);
+    keeper->wake();
+    EXPECT_FALSE(keeper->choicesChanged());
+    UserDatabase database = open();
+    storeMethod(database.connection(), database.home()->id, *conventions::methodOf("quode adjust=0,0,-20,0,0,0"), 0.0);
+    EXPECT_TRUE(keeper->choicesChanged());
+}
+
+// Nobody but the user decides who is to ring.
+TEST_F(KeeperFaultsTest, GivesBackTheChosenRingerAlthoughItDoesNotRing) {
+    UserSettings settings;
+    settings.ringer = Ringer::evolution;
+    {
+        UserDatabase database = open();
+        saveSettings(database, settings);
+    }
+    switchOn(202);
+    ringer = [](const UserSettings&) { return Ringer::quode; };
+    restart();
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 5000);
+    keeper->wake();
+    EXPECT_TRUE(open().alarm(202).isOn);
+    EXPECT_EQ(loadSettings(open()).ringer, Ringer::evolution);
+}
+
+TEST_F(KeeperFaultsTest, GivesBackTheMethodsOfCitiesAfterDamage) {
+    const int home = open().home()->id;
+    {
+        UserDatabase database = open();
+        storeMethod(database.connection(), home, *conventions::methodOf("mwl asr=2"), 40.0);
+    }
+    switchOn(202);
+    keeper->wake();
+    std::filesystem::resize_file(folder.path() / "user.sqlite", 100);
+    keeper->wake();
+    EXPECT_EQ(conventions::textOf(open().home()->city->choice.method), "mwl asr=2");
+}
+
 TEST_F(KeeperFaultsTest, GivesBackWhatWasChosenAfterDamage) {
     const int ankara = cities.search("Ankara").at(0).city.id;
     open().addCity(ankara);
@@ -302,6 +377,67 @@ TEST_F(KeeperFaultsTest, IgnoresAnAnswerToANumberOfAnEarlierRunOfTheService) {
     EXPECT_EQ(desk.rings[2].alarm.code, 203);
 }
 
+// A service that ends is reported twice: another one is there, and then the request gets no answer.
+TEST_F(KeeperFaultsTest, OffersARingAgainWhenItsServiceEndsWithoutAnAnswer) {
+    switchOn(202);
+    keeper->wake();
+    clock->present = dueOf(202);
+    desk.isSlow = true;
+    keeper->wake();
+    int calls = 0;
+    keeper->onUnseen = [&calls] { ++calls; };
+    clock->present += seconds(10);
+    desk.service = "service-2";
+    desk.isSlow = false;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    std::exchange(desk.pending, {}).at(0)(std::nullopt);
+    EXPECT_EQ(calls, 1) << "somebody has to wake it: the next alarm may be hours away";
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 2U);
+    keeper->stop(shownAs(1));
+    runUntil(floor<seconds>(clock->present) + minutes(20));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, DoesNotPressAServiceThatRefuses) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due;
+    desk.isSlow = true;
+    for (int second = 0; second < 60; ++second) {
+        clock->present = due + seconds(second);
+        keeper->wake();
+        for (const auto& refuse : std::exchange(desk.pending, {})) refuse(std::nullopt);
+    }
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, TakesTheAnswerToEitherOfTwoNotificationsOfARing) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due;
+    desk.beforeRing = [this] {
+        desk.lastNumber = 41;
+        throw std::runtime_error("killed");
+    };  // it was shown as number 41
+    keeper->wake();
+    desk.beforeRing = nullptr;
+    restart();
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    keeper->snooze(shownAs(41));
+    EXPECT_THAT(desk.closed, testing::ElementsAre(41, 42)) << "both are over";
+    clock->present = due + minutes(1);
+    keeper->snooze(shownAs(41));  // he thinks better of it
+    runUntil(due + minutes(5) + seconds(59));
+    EXPECT_EQ(desk.rings.size(), 1U);
+    runUntil(due + minutes(6));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
 // --- a clock that is wrong for a while
 
 TEST_F(KeeperFaultsTest, RingsAtItsTimeAfterAClockThatRanAheadForAMinute) {
@@ -344,6 +480,50 @@ TEST_F(KeeperFaultsTest, RingsAgainAtItsTimeWhatAWrongClockBroughtHoursTooEarly)
     keeper->wake();
     setClock(due - minutes(1));
     keeper->wake();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    setClock(due - hours(5) + minutes(2));
+    keeper->wake();
+    runUntil(due + minutes(1));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperFaultsTest, RingsLateWhatAWrongClockBroughtTooEarlyWhenItIsPutRightTooLate) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(2);
+    keeper->wake();
+    setClock(due - minutes(1));
+    keeper->wake();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    clock->present = due + hours(2) + minutes(2);
+    keeper->wake();
+    setClock(due + minutes(3));
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 2U);
+    EXPECT_EQ(desk.rings[1].late, minutes(3));
+}
+
+TEST_F(KeeperFaultsTest, RingsAgainAtItsTimeAfterAClockThatWasWrongInBothDirections) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(9);
+    keeper->wake();
+    setClock(due - hours(14));  // back, and killed meanwhile
+    keeper->wake();
+    restart();
+    setClock(due - hours(9) + minutes(1));  // right again
+    keeper->wake();
+    clock->present = due - hours(5);
+    keeper->wake();
+    setClock(due - minutes(1));  // ahead
+    keeper->wake();
+    restart();
     clock->present = due;
     keeper->wake();
     EXPECT_EQ(desk.rings.size(), 1U);

@@ -39,10 +39,17 @@ class AlarmKeeperTest : public testing::Test {
 
     /// A process that knows nothing but what the files tell.
     void restart() {
-        keeper = std::make_unique<AlarmKeeper>(AlarmSurroundings{
-            folder.path(), &cities, clock.get(), [this] { return uptime(); }, calendar.get(),
-            [](CalendarLayout) { return StoreStatus{}; }, &desk,
-            [this](std::string_view message) { told += std::string(message) + "\n"; }, milliseconds(100)});
+        AlarmSurroundings with{folder.path(),
+                               &cities,
+                               clock.get(),
+                               [this] { return uptime(); },
+                               calendar.get(),
+                               [](CalendarLayout) { return StoreStatus{}; },
+                               &desk,
+                               [this](std::string_view message) { told += std::string(message) + "\n"; },
+                               milliseconds(100)};
+        if (ringer) with.ringer = ringer;
+        keeper = std::make_unique<AlarmKeeper>(std::move(with));
     }
 
     /// A device that never slept: as long as the clock goes forward it is right.
@@ -101,6 +108,7 @@ class AlarmKeeperTest : public testing::Test {
     std::shared_ptr<MemoryEventStore> calendar = std::make_shared<MemoryEventStore>();
     RecordingDesk desk;
     std::unique_ptr<AlarmKeeper> keeper;
+    std::function<Ringer(const UserSettings&)> ringer;  ///< who really rings; empty: who is to
     std::string told;
     std::string boot = "boot-1";
     Clock::TimePoint formerly = utc("2026-10-16 21:00:00");

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <random>
 
+#include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "fixture.h"
 #include "support/faulty_disk.h"
@@ -225,6 +226,33 @@ TEST_F(UserDatabaseFaults, ADamagedFileIsKeptAsideAndAFreshOneMade) {
           "Damaged again, and long enough for a header that can be looked at by anybody who cares to. And more.");
     EXPECT_THAT(open().notices(), ElementsAre(HasSubstr("user.sqlite.damaged-2")));
     EXPECT_THAT(contentOf(folder.path() / "user.sqlite.damaged-1"), HasSubstr("once"));
+}
+
+TEST_F(UserDatabaseFaults, TheMethodsOfCitiesOutliveDamageElsewhereInTheFile) {
+    const int istanbul = cityNamed("Istanbul");
+    Timetable table{"Mosque", {}};
+    table.rows[20000].minutes[0] = 312;
+    std::streamoff alarms = 0;
+    {
+        UserDatabase database = open();
+        const int hut = database.addPlace({"Hut", 47.5, 11.25});
+        storeMethod(database.connection(), istanbul, *conventions::methodOf("mwl asr=2 adjust=2,0,0,0,0,-1"), 40.0);
+        storeMethod(database.connection(), hut, *conventions::methodOf("isna"), 900.0);
+        storeTimetable(database.connection(), istanbul, table);
+        const sqlite::Statement page =
+            database.connection().query("SELECT rootpage FROM sqlite_schema WHERE name = 'USER_ALARMS'");
+        ASSERT_TRUE(database.connection().next(page));
+        alarms = (sqlite3_column_int(page.get(), 0) - 1) * 4096;
+    }
+    std::fstream(file(), std::ios::in | std::ios::out).seekp(alarms) << std::string(4096, '\xFF');
+    UserDatabase database = open();
+    EXPECT_THAT(database.notices(), ElementsAre(HasSubstr("damaged-1")));
+    const SiteChoice kept = readSiteChoice(database.connection().handle(), istanbul);
+    EXPECT_EQ(conventions::textOf(kept.method), "mwl asr=2 adjust=2,0,0,0,0,-1");
+    EXPECT_EQ(kept.height, 40.0);
+    ASSERT_TRUE(kept.table);
+    EXPECT_EQ(kept.table->rows, table.rows);
+    EXPECT_TRUE(readSiteChoice(database.connection().handle(), -1).isDefault()) << "another place may get the number";
 }
 
 TEST_F(UserDatabaseFaults, AFileWithOtherTablesIsKeptAside) {

@@ -90,12 +90,27 @@ TEST_F(UserDatabaseTest, MakesTheFolderThatIsMissing) {
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "a" / "b" / "user.sqlite"));
 }
 
-TEST_F(UserDatabaseTest, LeavesNothingBesideTheFile) {
+TEST_F(UserDatabaseTest, LeavesNothingBesideTheFileAndTheRoomForNotesOfRings) {
     open().chooseHome(open().cities().at(0).id);
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
         names.push_back(entry.path().filename());
-    EXPECT_THAT(names, ElementsAre("user.sqlite"));
+    EXPECT_THAT(names, testing::UnorderedElementsAre("user.sqlite", "alarmd.rings"));
+    EXPECT_GT(std::filesystem::file_size(folder.path() / "alarmd.rings"), 40000U);
+}
+
+TEST_F(UserDatabaseTest, GivesAlarmsOfTheFirstEditionTheUsualSound) {
+    {
+        UserDatabase database = open();
+        database.setUpAlarm(203, 0, "gong");
+        database.connection().run("UPDATE USER_ALARMS SET MELODYNAME = '' WHERE TIMEID <> 4");
+        database.connection().run("PRAGMA user_version = 1");
+    }
+    UserDatabase database = open();
+    const sqlite::Statement row = database.connection().query("SELECT MELODYNAME FROM USER_ALARMS ORDER BY TIMEID");
+    std::vector<std::string> sounds;
+    while (database.connection().next(row)) sounds.push_back(sqlite::text(row.get(), 0));
+    EXPECT_THAT(sounds, ElementsAre("default", "default", "default", "gong", "default", "default"));
 }
 
 TEST_F(UserDatabaseTest, KeepsTheOrderOfTheCities) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/CityDialog.h"
+#include "desktop/CityDialog.h"
 
 #include <gtest/gtest.h>
 

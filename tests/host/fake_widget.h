@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "fronts/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 #include "widget/WidgetViewController.h"
 
 namespace quode::test {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 
 #include <gtest/gtest.h>
 

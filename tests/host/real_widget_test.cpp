@@ -15,7 +15,7 @@
 #include "companion/UserDatabase.h"
 #include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 #include "host/HomeWatch.h"
 #include "host/Panel.h"
 #include "host/RowMarks.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 
 #include <gtest/gtest.h>
 

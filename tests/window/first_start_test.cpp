@@ -7,8 +7,8 @@
 
 #include "app/first_start.h"
 #include "fixture.h"
-#include "fronts/CityFinder.h"
-#include "fronts/FirstStartDialog.h"
+#include "desktop/CityFinder.h"
+#include "desktop/FirstStartDialog.h"
 
 namespace quode::test {
 namespace {

@@ -6,7 +6,7 @@
 #include <set>
 
 #include "fixture.h"
-#include "fronts/theme.h"
+#include "desktop/theme.h"
 #include "views/contrast.h"
 
 namespace quode::test {

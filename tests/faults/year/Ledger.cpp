@@ -60,6 +60,12 @@ void Ledger::snooze(int code, Moment prayer, Moment due) {
     demands_.push_back(again);
 }
 
+void Ledger::stop(int code, Moment prayer, Moment now) {
+    std::erase_if(demands_, [&](const Demand& each) {
+        return each.code == code && each.prayer == prayer && each.isSnooze && each.due > now;
+    });
+}
+
 void Ledger::shown(const Ring& ring, Moment now, seconds clockError) {
     const std::string what = fmt::format("{} of {} at {}, shown at {}, clock {:+d} s", ring.alarm.code, ring.city,
                                          momentText(ring.alarm.due), momentText(now), clockError.count());

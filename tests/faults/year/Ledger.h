@@ -28,6 +28,9 @@ class Ledger {
     /// The user sleeps on: the ring is demanded once more.
     void snooze(int code, Moment prayer, Moment due);
 
+    /// The user has answered a ring. It may be shown twice, then the last answer counts: a snooze that is to come is over.
+    void stop(int code, Moment prayer, Moment now);
+
     /// A ring is shown. `clockError` is what the device's clock is ahead.
     void shown(const Ring& ring, Moment now, std::chrono::seconds clockError);
 

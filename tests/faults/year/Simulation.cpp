@@ -74,6 +74,7 @@ void Simulation::startProcess() {
         with.tell = [](std::string_view) {};
         with.lockPatience = milliseconds(1);
         keeper_ = std::make_unique<AlarmKeeper>(with);
+        keeper_->onUnseen = [this] { agenda_.in(seconds(0), [this] { wake(); }); };
     });
     noteChance();
     wake();
@@ -149,7 +150,11 @@ void Simulation::userAnswers(std::uint32_t number, const Desktop::Shown& shown) 
     const NotificationId id{desk_.run(), number};
     const auto answer = [this, id, kind, alarm = shown.alarm] {
         if (id.run != desk_.run() || !desk_.isShown(id.number) || !keeper_ || isAsleep_) return;
-        if (kind < 6) return guarded([&] { keeper_->stop(id); });
+        if (kind < 6) {
+            ledger_.stop(alarm.code, alarm.prayer, agenda_.now());
+            return guarded([&] { keeper_->stop(id); });
+        }
+        ledger_.stop(alarm.code, alarm.prayer, agenda_.now());
         ledger_.snooze(alarm.code, alarm.prayer, agenda_.now() + minutes(5));
         guarded([&] { keeper_->snooze(id); });
         wake();

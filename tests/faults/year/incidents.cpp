@@ -119,6 +119,7 @@ void Simulation::happen(Fault fault) {
         calendar_->failing = true;
     } else {
         areWritesFailing_ = true;
+        desk_.killPoint = Desktop::KillPoint::none;  // see killOrCrash
         limitFiles(0);
     }
     agenda_.in(time, [this] {

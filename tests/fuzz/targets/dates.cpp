@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Dates and moments of a command line.
+#include "app/dates.h"
+#include "app/failure.h"
+#include "fuzz/target.h"
+
+namespace {
+
+template <typename Parse>
+void attempt(Parse parse) {
+    try {
+        parse();
+    } catch (const quode::app::Failure& failure) {
+        quode::fuzz::require(*failure.what() != '\0');
+    }
+}
+
+}  // namespace
+
+void quode::fuzz::consume(std::string_view bytes) {
+    using namespace app;
+    attempt([&] { require(sameDay(parseDate(isoDate(parseDate(bytes))), parseDate(bytes))); });
+    attempt([&] { daysOf(parseMonth(bytes)); });
+    attempt([&] { parseYear(bytes); });
+    attempt([&] { parseHijriDate(bytes); });
+    attempt([&] { require(parseMoment(isoMoment(parseMoment(bytes))) == parseMoment(bytes)); });
+}

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Names that somebody looks for among all places.
+#include "data/CityDatabase.h"
+#include "fuzz/target.h"
+
+void quode::fuzz::consume(std::string_view bytes) {
+    static const CityDatabase cities(CityDatabase::fileIn(QUODE_BUNDLE));
+    for (const CityHit& hit : cities.search(bytes, 3)) require(!hit.city.name.empty());
+    cities.named(bytes, 1);
+    cities.largestCityOfZone(bytes);
+}
