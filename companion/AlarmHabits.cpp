@@ -28,7 +28,7 @@ sys_seconds mutedIn(const UserConnection& connection) {
     return connection.next(row) ? momentOf(sqlite3_column_int64(row.get(), 0)) : sys_seconds{};
 }
 
-bool hasTable(const UserConnection& connection) {
+bool tableExists(const UserConnection& connection) {
     return connection.next(connection.query("SELECT 1 FROM sqlite_master WHERE name = 'USER_ALARM_HABIT'"));
 }
 
@@ -47,7 +47,7 @@ void readHabit(sqlite3_stmt* row, UserAlarm& alarm) {
 void readHabits(const UserConnection& connection, std::vector<UserAlarm>& alarms) {
     const sys_seconds muted = mutedIn(connection);
     for (UserAlarm& alarm : alarms) alarm.mutedUntil = muted;
-    if (!hasTable(connection)) return;
+    if (!tableExists(connection)) return;
     const sqlite::Statement row = connection.query("SELECT TIMEID, DAYS, REMINDER, SILENTUNTIL FROM USER_ALARM_HABIT");
     while (connection.next(row)) {
         const int code = prayerOfAlarm(sqlite3_column_int(row.get(), 0));

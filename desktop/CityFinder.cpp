@@ -22,6 +22,11 @@ QString describe(const CityHit& hit) {
     return toQt(text) + " — " + regionAndCountryOf(hit.city);
 }
 
+// The database knows names in Latin letters alone.
+bool hasOtherLetters(const QString& text) {
+    return std::ranges::any_of(text, [](QChar c) { return c.isLetter() && c.script() != QChar::Script_Latin; });
+}
+
 }  // namespace
 
 QString regionAndCountryOf(const CityRecord& city) {
@@ -61,7 +66,10 @@ void CityFinder::find(const QString& text) {
     const std::string wanted = text.trimmed().toStdString();
     try {
         if (!wanted.empty()) hits_ = search_(wanted);
-        nothing_->setText(_("No place goes with this. Try another spelling, or the name of a larger city nearby."));
+        nothing_->setText(
+            hasOtherLetters(text)
+                ? _("Places are known by their names in Latin letters.")
+                : _("No place goes with this. Try another spelling, or the name of a larger city nearby."));
     } catch (const std::runtime_error& error) {
         nothing_->setText(QString::fromUtf8(error.what()));
     }

@@ -37,7 +37,7 @@ QWidget* CitiesPage::newSearchPart() {
     auto* const card = new Card(this);
     QLabel* const caption = newHeading(_("Add a city"), card);
     finder_ = new CityFinder([this](const std::string& text) { return session().cities().search(text); }, card);
-    finder_->field().setPlaceholderText(_("Type its name, in any script"));
+    finder_->field().setPlaceholderText(_("Type its name"));
     finder_->list().setFixedHeight(listHeight);
     finder_->list().hide();
     caption->setBuddy(finder_);

@@ -12,12 +12,14 @@
 #include "app/city_changes.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
+#include "window/WorldMap.h"
 
 namespace quode::window {
 
 NewPlacePart::NewPlacePart(Context& context, QWidget* parent)
     : Card(parent),
       context_(context),
+      map_(new WorldMap(context.session().bundle(), this)),
       name_(new QLineEdit(this)),
       latitude_(newCoordinate(N_("Latitude"), 90.0)),
       longitude_(newCoordinate(N_("Longitude"), 180.0)),
@@ -30,7 +32,8 @@ NewPlacePart::NewPlacePart(Context& context, QWidget* parent)
     form->addRow(_("Latitude"), latitude_);
     form->addRow(_("Longitude"), longitude_);
     column()->addWidget(newHeading(_("Add a place by its coordinates"), this));
-    column()->addWidget(newRemark(_("In degrees; south and west are negative."), this));
+    column()->addWidget(newRemark(_("Click on the map, or write degrees; south and west are negative."), this));
+    column()->addWidget(map_);
     column()->addLayout(form);
     column()->addWidget(nearest_);
     column()->addWidget(add_, 0, Qt::AlignRight);
@@ -41,6 +44,7 @@ NewPlacePart::NewPlacePart(Context& context, QWidget* parent)
     for (QDoubleSpinBox* const box : {latitude_, longitude_}) {
         connect(box, &QDoubleSpinBox::valueChanged, this, &NewPlacePart::showNearest);
     }
+    connect(map_, &WorldMap::pointed, this, &NewPlacePart::takePoint);
     connect(add_, &QPushButton::clicked, this, &NewPlacePart::add);
     showNearest();
 }
@@ -54,7 +58,13 @@ QDoubleSpinBox* NewPlacePart::newCoordinate(const char* name, double limit) {
     return box;
 }
 
+void NewPlacePart::takePoint(double latitude, double longitude) {
+    latitude_->setValue(latitude);
+    longitude_->setValue(longitude);
+}
+
 void NewPlacePart::showNearest() {
+    map_->setPoint(latitude_->value(), longitude_->value());
     add_->setEnabled(!name_->text().trimmed().isEmpty());
     const auto nearest = context_.session().cities().nearest(latitude_->value(), longitude_->value());
     if (!nearest) return nearest_->setText(_("There is no city near enough to take the clock from."));

@@ -11,7 +11,9 @@ class QPushButton;
 
 namespace quode::window {
 
-/// Adds a place by its coordinates, with the zone of the nearest city.
+class WorldMap;
+
+/// Adds a place by its coordinates or a point of the map, with the zone of the nearest city.
 class NewPlacePart : public Card {
     Q_OBJECT
 
@@ -21,9 +23,11 @@ class NewPlacePart : public Card {
   private:
     QDoubleSpinBox* newCoordinate(const char* name, double limit);
     void showNearest();
+    void takePoint(double latitude, double longitude);
     void add();
 
     Context& context_;
+    WorldMap* map_;
     QLineEdit* name_;
     QDoubleSpinBox *latitude_, *longitude_;
     QLabel* nearest_;

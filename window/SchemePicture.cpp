@@ -15,10 +15,11 @@ namespace quode::window {
 namespace {
 
 constexpr int rowWidth = 320, rowHeight = 40, rowsShown = 2;  // points, of the widget
-constexpr double pictureScale = 0.5;
+constexpr int emptyLeft = 44;                                 // of a row, cut off here
+constexpr double pictureScale = 0.6;
 constexpr double cornerRadius = 8.0;
 constexpr int edge = 3;
-constexpr QSize pictureSize(int(rowWidth* pictureScale), int(rowHeight* pictureScale* rowsShown));
+constexpr QSize pictureSize(int((rowWidth - emptyLeft) * pictureScale), int(rowHeight* pictureScale* rowsShown));
 
 /// The services' colours are those of a scheme while this lives: rows take them when they are made.
 class OtherColors {
@@ -69,7 +70,7 @@ void SchemePicture::setRows(const std::vector<Row>& rows) {
         row.labelPrayName()->setText(rows[std::size_t(at)].name.toStdString());
         row.labelPrayTime()->setText(rows[std::size_t(at)].time.toStdString());
         row.buttonAlarmOnOff()->setSelected(at == 0);
-        row.render(&painter, QPoint(0, at * rowHeight), {}, QWidget::DrawChildren);
+        row.render(&painter, QPoint(-emptyLeft, at * rowHeight), {}, QWidget::DrawChildren);
     }
     update();
 }

@@ -61,7 +61,9 @@ SettingsWindow::SettingsWindow(Context& context) : context_(context), list_(new 
     resize(usualSize.boundedTo(screen()->availableSize()));
     list_->setAccessibleName(_("Pages"));
     list_->setFrameShape(QFrame::NoFrame);
-    list_->setStyleSheet("QListView::item { padding-left: 12px; padding-right: 12px }");
+    list_->setStyleSheet(
+        "QListView::item { border: none; padding-left: 12px; padding-right: 12px }"
+        "QListView::item:selected { background: palette(highlight); color: palette(highlighted-text) }");
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->setSpacing(0);

@@ -58,6 +58,7 @@ TEST(DocumentOfTheCommandLine, TellsOfEveryCommandOfTheHelp) {
                                 "city remove",    "city search",      "city show",           "alarm list",
                                 "alarm set",      "method list",      "method show",         "method suggest",
                                 "method compare", "method set",       "method import",       "method remove-table",
+                                "alarm days",     "alarm remind",     "alarm skip",          "alarm mute",
                                 "alarm on",       "alarm off",        "alarm upcoming",      "alarm test",
                                 "settings",       "calendar connect", "calendar disconnect", "doctor",
                                 "doctor zones"}) {

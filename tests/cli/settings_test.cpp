@@ -37,14 +37,18 @@ TEST(Settings, AreShownWithTheirMeaning) {
               "ringer    quode  the program that rings\n"
               "language  auto   the language of all programs\n"
               "panel     auto   the layout of the panel\n"
-              "colors    2      the colour scheme of the panel\n");
+              "colors    2      the colour scheme of the panel\n"
+              "text      100    the size of texts in windows, percent\n"
+              "tray      on     whether the panel has an icon in the tray\n");
     const auto settings = program.run({"settings", "--json"}).json()["settings"];
     EXPECT_EQ(settings, (nlohmann::json{{"sound", "chime"},
                                         {"calendar", "ics"},
                                         {"ringer", "quode"},
                                         {"language", "auto"},
                                         {"panel", "auto"},
-                                        {"colors", "2"}}));
+                                        {"colors", "2"},
+                                        {"text", "100"},
+                                        {"tray", "on"}}));
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite")) << "looking makes nothing";
 }
 

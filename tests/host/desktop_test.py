@@ -158,6 +158,9 @@ class Desktop(unittest.TestCase):
                                 QUODE_NOW="2026-11-21T04:00:00Z", LC_ALL="en_GB.UTF-8", TZ="Europe/Istanbul",
                                 XDG_RUNTIME_DIR=self.folder.name)
         self.programs = []
+        if self._testMethodName != "test_a_first_start_asks_once":
+            command = os.path.join(os.path.dirname(PROGRAM), "quode")
+            subprocess.run([command, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
 
     def tearDown(self):
         for program in self.programs:
@@ -181,6 +184,18 @@ class Desktop(unittest.TestCase):
 
     def assert_hidden(self):
         wait_for(lambda: not windows("^Quode$"), "the panel is hidden")
+
+    def test_a_first_start_asks_once(self):
+        first = self.start(PROGRAM)
+        wait_for(lambda: windows("^Welcome to Quode$"), "the question")
+        xdotool("key", "Escape")
+        wait_for(lambda: not windows("^Welcome to Quode$"), "the question goes")
+        first.kill()
+        first.wait()
+        self.start(PROGRAM)
+        self.assert_shown()
+        rest(0.5)
+        self.assertEqual(windows("^Welcome to Quode$"), [])
 
     def test_with_a_tray(self):
         tray = Tray(self.bus)

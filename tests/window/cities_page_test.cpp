@@ -6,6 +6,7 @@
 
 #include "app/city_changes.h"
 #include "fixture.h"
+#include "window/WorldMap.h"
 
 namespace quode::test {
 namespace {
@@ -107,6 +108,24 @@ TEST_F(CitiesPage, AddsAPlaceByItsCoordinates) {
     EXPECT_EQ(added.city->name, "Our village");
     EXPECT_DOUBLE_EQ(added.city->latitude, 39.5);
     EXPECT_EQ(added.city->zone, "Europe/Istanbul");
+}
+
+TEST_F(CitiesPage, TakesAPointOfTheMap) {
+    auto* const map = control<window::WorldMap>("Map of the world");
+    ASSERT_NE(map, nullptr);
+    QTest::mouseClick(map, Qt::LeftButton, {}, QPoint(map->width() * 3 / 4, map->height() / 4));
+    EXPECT_NEAR(control<QDoubleSpinBox>("Longitude")->value(), 90.0, 1.0);
+    EXPECT_NEAR(control<QDoubleSpinBox>("Latitude")->value(), 45.0, 1.0);
+    QTest::keyClick(map, Qt::Key_Up);
+    EXPECT_NEAR(control<QDoubleSpinBox>("Latitude")->value(), 47.0, 1.0);
+    const QImage picture = map->grab().toImage();
+    const auto at = [&](double longitude, double latitude) {
+        return picture.pixel(int((longitude + 180) / 360 * picture.width()),
+                             int((90 - latitude) / 180 * picture.height()));
+    };
+    EXPECT_EQ(at(20, 10), at(-100, 45)) << "Africa and North America are land";
+    EXPECT_EQ(at(-30, 30), at(-140, 0)) << "Atlantic and Pacific are sea";
+    EXPECT_NE(at(20, 10), at(-30, 30));
 }
 
 TEST_F(CitiesPage, ShowsWhatOtherProgramsChange) {
