@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "alarmd/ring_texts.h"
+#include "companion/AlarmHabits.h"
 #include "companion/user_connection.h"
 #include "data/alarm_moment.h"
 #include "texts/translation.h"
@@ -187,6 +188,14 @@ void AlarmKeeper::stop(const NotificationId& notification) {
 
 void AlarmKeeper::snooze(const NotificationId& notification) {
     rings_.snooze(notification, present().clock + snoozeTime);
+}
+
+void AlarmKeeper::mute(const NotificationId& notification) {
+    if (!rings_.stop(notification) || !choices_ || !choices_->home || !choices_->home->city) return;
+    attempt([this] {
+        UserDatabase database = openDatabase();
+        muteUntil(database, startOfNextDay(siteOf(*choices_->home->city), present().clock));
+    });
 }
 
 void AlarmKeeper::closed(const NotificationId& notification) {

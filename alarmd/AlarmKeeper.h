@@ -60,6 +60,9 @@ class AlarmKeeper {
     /// The user wants to be reminded again in a few minutes. `wake` is to be called afterwards.
     void snooze(const NotificationId& notification);
 
+    /// The user has seen it, and wants no ring for the rest of the day at the home city.
+    void mute(const NotificationId& notification);
+
     /// A notification is gone, whatever the reason.
     void closed(const NotificationId& notification);
 

@@ -49,6 +49,8 @@ AlarmService::AlarmService(sd_event* loop, AlarmKeeper& keeper, NotificationServ
             keeper_->snooze(notification);
         } else if (key == stopAction) {
             keeper_->stop(notification);
+        } else if (key == muteAction) {
+            keeper_->mute(notification);
         } else {
             return;  // of another program: the services report the answers to all
         }

@@ -23,7 +23,8 @@ Notification notificationOf(const Ring& ring, const GlobalFuncs& services) {
         notification.body += _("Rings {} late", durationLabel(ring.late));
     }
     notification.actions = {{stopAction, _c("alarm", "Stop")},
-                            {snoozeAction, _("Snooze {}", durationLabel(snoozeTime))}};
+                            {snoozeAction, _("Snooze {}", durationLabel(snoozeTime))},
+                            {muteAction, _("Mute today")}};
     return notification;
 }
 

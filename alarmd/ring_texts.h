@@ -12,6 +12,7 @@ class GlobalFuncs;
 /// What comes back when the user chooses a button of a ring.
 inline constexpr const char* stopAction = "stop";
 inline constexpr const char* snoozeAction = "snooze";
+inline constexpr const char* muteAction = "mute";
 
 /// How long a snoozed ring is silent.
 inline constexpr std::chrono::minutes snoozeTime{5};

@@ -110,11 +110,8 @@ void mute(Session& session, std::optional<sys_seconds> until) {
 
 sys_seconds startOfTomorrow(Session& session) {
     const std::optional<CityRecord> city = homeCity(session);
-    const auto now = session.now();
-    if (!city) return std::chrono::floor<std::chrono::days>(now) + std::chrono::days(1);
-    const ZoneClock clock = siteOf(*city).clock();
-    const auto tomorrow = dayOf(wallClock(clock, now)) + std::chrono::days(1);
-    return tomorrow - std::chrono::seconds(clock.offsetOn(std::chrono::year_month_day(tomorrow)));
+    if (city) return startOfNextDay(siteOf(*city), session.now());
+    return std::chrono::floor<std::chrono::days>(session.now()) + std::chrono::days(1);
 }
 
 unsigned daysNamed(Session& session, std::string_view words) {

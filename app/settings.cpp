@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "app/alarm_calendar.h"
@@ -47,12 +48,16 @@ bool isOneOf(const std::string& value, const std::string& first, const std::stri
 
 // --- changing them
 
-void changeSound(Session& session, const std::string& value) {
-    const std::string sound = soundNamedByUser(session, value);
+void store(Session& session, const std::function<void(UserSettings&)>& change) {
     UserDatabase database = userDatabaseToChange(session);
     UserSettings settings = loadSettings(database);
-    settings.defaultSound = sound;
+    change(settings);
     saveSettings(database, settings);
+}
+
+void changeSound(Session& session, const std::string& value) {
+    const std::string sound = soundNamedByUser(session, value);
+    store(session, [&](UserSettings& settings) { settings.defaultSound = sound; });
 }
 
 void changeLayout(Session& session, const std::string& value) {
@@ -83,10 +88,7 @@ void changePanel(Session& session, const std::string& value) {
     if (layout == panelLayouts.end()) {
         throw Failure(ExitCode::usage, _("panel is auto, phone or tablet, not \"{}\".", value));
     }
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.panelLayout = layout->second;
-    saveSettings(database, settings);
+    store(session, [&](UserSettings& settings) { settings.panelLayout = layout->second; });
 }
 
 void changeColors(Session& session, const std::string& value) {
@@ -94,18 +96,12 @@ void changeColors(Session& session, const std::string& value) {
     if (!scheme || *scheme < 1 || *scheme > colorSchemeCount) {
         throw Failure(ExitCode::usage, _("colors is a number from 1 to {}, not \"{}\".", colorSchemeCount, value));
     }
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.colorScheme = *scheme - 1;
-    saveSettings(database, settings);
+    store(session, [&](UserSettings& settings) { settings.colorScheme = *scheme - 1; });
 }
 
 void changeLanguage(Session& session, const std::string& value) {
     if (value != "auto") checkLanguage("language", value, availableLanguages(session.bundle()));
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.language = value;
-    saveSettings(database, settings);
+    store(session, [&](UserSettings& settings) { settings.language = value; });
 }
 
 void changeTextSize(Session& session, const std::string& value) {
@@ -114,18 +110,12 @@ void changeTextSize(Session& session, const std::string& value) {
         throw Failure(ExitCode::usage,
                       _("text is a number from {} to {}, not \"{}\".", smallestText, largestText, value));
     }
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.textSize = *percent;
-    saveSettings(database, settings);
+    store(session, [&](UserSettings& settings) { settings.textSize = *percent; });
 }
 
 void changeTray(Session& session, const std::string& value) {
     const bool isWanted = isOneOf(value, "off", "on", "tray");
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.hasTrayIcon = isWanted;
-    saveSettings(database, settings);
+    store(session, [&](UserSettings& settings) { settings.hasTrayIcon = isWanted; });
 }
 
 std::string languagesToChoose(Session& session) {

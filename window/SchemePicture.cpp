@@ -16,7 +16,7 @@ namespace {
 
 constexpr int rowWidth = 320, rowHeight = 40, rowsShown = 2;  // points, of the widget
 constexpr int emptyLeft = 44;                                 // of a row, cut off here
-constexpr double pictureScale = 0.6;
+constexpr double pictureScale = 0.45;                         // two beside each other fit a phone
 constexpr double cornerRadius = 8.0;
 constexpr int edge = 3;
 constexpr QSize pictureSize(int((rowWidth - emptyLeft) * pictureScale), int(rowHeight* pictureScale* rowsShown));

@@ -25,6 +25,7 @@
 #include "window/CitiesPage.h"
 #include "window/LookPage.h"
 #include "window/TimesPage.h"
+#include "window/TimetablePage.h"
 #include "window/parts.h"
 
 namespace quode::window {
@@ -72,6 +73,7 @@ SettingsWindow::SettingsWindow(Context& context) : context_(context), list_(new 
     addPage("cities", _("Cities"), new CitiesPage(context, this));
     addPage("alarms", _("Alarms"), new AlarmsPage(context, this));
     addPage("times", _("Times"), new TimesPage(context, this));
+    addPage("timetable", _("Timetable"), new TimetablePage(context, this));
     addPage("look", _("Look"), new LookPage(context, this));
     addPage("calendar", _("Calendar"), new CalendarPage(context, this));
     addPage("about", _("About and doctor"), new AboutPage(context, this));

@@ -28,7 +28,7 @@ class SettingsWindow : public QWidget {
   public:
     explicit SettingsWindow(Context& context);
 
-    /// Opens a page: cities, alarms, times, look, calendar, about. Another name changes nothing.
+    /// Opens a page: cities, alarms, times, timetable, look, calendar, about. Another name changes nothing.
     void openPage(const QString& key);
     QString openedPage() const;
 

@@ -27,7 +27,7 @@ app::Program program() {
 
 app::Command command() {
     Parameter page{Parameter::Kind::option, "page", "PAGE", _("The page to open")};
-    page.choices = {"cities", "alarms", "times", "look", "calendar", "about"};
+    page.choices = {"cities", "alarms", "times", "timetable", "look", "calendar", "about"};
     return {"", "", {page}, [](app::Session&, const app::Arguments&) {}};
 }
 

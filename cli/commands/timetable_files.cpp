@@ -6,9 +6,8 @@
 #include <array>
 
 #include "app/session.h"
+#include "app/timetable_file.h"
 #include "cli/minutes.h"
-#include "platform/atomic_file.h"
-#include "printing/html.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -18,22 +17,15 @@ using Kind = Parameter::Kind;
 
 constexpr std::array<const char*, 3> fileFormats{"pdf", "html", "ics"};
 
-std::string pdfFile(Session& session, const Arguments& arguments, const PrintRequest& request) {
+TimetableFormat formatOf(const std::string& name) {
+    return name == "pdf" ? TimetableFormat::pdf : name == "html" ? TimetableFormat::html : TimetableFormat::ics;
+}
+
+printing::PdfOptions pdfOptions(const Arguments& arguments) {
     printing::PdfOptions options;
     if (arguments.text("paper") == "letter") options.paper = printing::Paper::letter;
     options.isSheet = arguments.has("sheet");
-    return printedPdf(printedTimes(session, request), options);
-}
-
-std::string calendarFile(Session& session, const Arguments& arguments, const PrintRequest& request) {
-    std::vector<VAKDate> days;
-    for (const Month& month : request.months) {
-        for (const VAKDate& date : daysOf(month)) days.push_back(date);
-    }
-    if (std::ranges::any_of(days, isJulianCalendar)) {
-        throw Failure(ExitCode::usage, _("A calendar holds days from 15 October 1582 on. Choose a later month."));
-    }
-    return printedCalendar(prayerCalendar(session, request.place, days, alarmMinutes(arguments)));
+    return options;
 }
 
 /// Options that mean nothing in the chosen format are refused: nobody should print a page and miss what was asked for.
@@ -45,16 +37,6 @@ void refuseOthers(const Arguments& arguments, const std::string& format) {
             throw Failure(ExitCode::usage, _("--{0} belongs to --format {1}.", option, home));
         }
     }
-}
-
-void writeTo(const std::string& file, std::string_view text) {
-    const std::filesystem::path path = std::filesystem::absolute(file);
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error)) {
-        throw Failure(ExitCode::usage, _("{} is a folder. Name a file.", file));
-    }
-    const FileOutcome outcome = replaceFile(*systemFileCalls(), path, text);
-    if (!outcome.ok) throw Failure(ExitCode::outputFailed, outcome.message);
 }
 
 }  // namespace
@@ -82,11 +64,11 @@ void writeTimetable(Session& session, const Arguments& arguments, const PrintReq
     if (format == "pdf" && !file && session.drawsOnTerminal()) {
         throw Failure(ExitCode::usage, _("A PDF is nothing for a terminal. Name a file: --output times.pdf"));
     }
-    const std::string text = format == "pdf"    ? pdfFile(session, arguments, request)
-                             : format == "html" ? printing::htmlOf(printedTimes(session, request))
-                                                : calendarFile(session, arguments, request);
+    const TimetableFormat wanted = formatOf(format);
+    const auto alarm = wanted == TimetableFormat::ics ? alarmMinutes(arguments) : std::nullopt;
+    const std::string text = timetableFile(session, request, wanted, pdfOptions(arguments), alarm);
     if (!file) return session.write(text);
-    writeTo(*file, text);
+    writeFile(*file, text);
     session.print(_("Written: {}", *file));
 }
 

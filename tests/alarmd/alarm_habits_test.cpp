@@ -88,6 +88,23 @@ TEST_F(AlarmHabitsTest, EndsASnoozedRingThatIsMutedMeanwhile) {
     EXPECT_EQ(desk.rings.size(), 1U);
 }
 
+TEST_F(AlarmHabitsTest, MutesTheRestOfTheDayOnAnAnswer) {
+    switchOn(203);
+    const sys_seconds due = dueOf(dhuhr), asr = dueOf(203);
+    runUntil(due);
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    keeper->mute({desk.service, 99});
+    EXPECT_FALSE(mutedUntil(open())) << "that was another program's";
+    keeper->mute(shownAs(1));
+    EXPECT_EQ(mutedUntil(open()), utc("2026-10-17 21:00:00")) << "midnight in Istanbul";
+    runUntil(asr + hours(1));
+    EXPECT_EQ(desk.rings.size(), 1U);
+    runUntil(due + days(1));
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
 TEST_F(AlarmHabitsTest, AreUnderstoodAfterARestart) {
     change([](UserAlarm& alarm) {
         alarm.days = 1U << 0;

@@ -38,7 +38,7 @@ TEST_F(RingTexts, TellPrayerCityAndTime) {
     const Notification text = textOf(languageEnglish, 0, 0);
     EXPECT_EQ(text.title, services->GetTextPrayLabels(204));
     EXPECT_EQ(text.body, "Istanbul, 18:26");
-    const std::vector<NotificationAction> actions{{"stop", "Stop"}, {"snooze", "Snooze 5 min"}};
+    const std::vector<NotificationAction> actions{{"stop", "Stop"}, {"snooze", "Snooze 5 min"}, {"mute", "Mute today"}};
     EXPECT_EQ(text.actions, actions);
 }
 

@@ -125,7 +125,7 @@ class Window(unittest.TestCase):
 
     def test_every_control_has_a_name(self):
         subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
-        for page in ("cities", "alarms", "times", "look", "calendar", "about"):
+        for page in ("cities", "alarms", "times", "timetable", "look", "calendar", "about"):
             self.start("--page", page)
             self.find("Pages", ("list", "list box", "panel", "filler"))
             nameless = [node.get_role_name() for node in nodes(self.application())

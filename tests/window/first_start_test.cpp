@@ -6,9 +6,9 @@
 #include <QPushButton>
 
 #include "app/first_start.h"
-#include "fixture.h"
 #include "desktop/CityFinder.h"
 #include "desktop/FirstStartDialog.h"
+#include "fixture.h"
 
 namespace quode::test {
 namespace {

@@ -4,6 +4,7 @@
 #include <QSpinBox>
 
 #include "fixture.h"
+#include "window/TimetablePage.h"
 
 namespace quode::test {
 namespace {
@@ -61,6 +62,22 @@ TEST_F(TimesPage, NamesTheAuthorityOfTheCountryAndSwitchesNothing) {
     settle();
     EXPECT_TRUE(shows("Usual in this country: Diyanet"));
     EXPECT_TRUE(stored().isDefault());
+}
+
+TEST_F(WindowTest, TheTimetablePageMakesAllFormats) {
+    open("timetable");
+    auto* const page = shown->findChild<window::TimetablePage*>();
+    ASSERT_NE(page, nullptr);
+    EXPECT_EQ(page->bytes(app::TimetableFormat::html).find("<!DOCTYPE html>"), 0U);
+    const std::string calendar = page->bytes(app::TimetableFormat::ics);
+    EXPECT_EQ(calendar.find("BEGIN:VCALENDAR"), 0U);
+    std::size_t events = 0;
+    for (std::size_t at = calendar.find("BEGIN:VEVENT"); at != std::string::npos;
+         at = calendar.find("BEGIN:VEVENT", at + 1)) {
+        ++events;
+    }
+    EXPECT_EQ(events, 30U * 6U) << "November has 30 days with six times";
+    EXPECT_FALSE(button("The whole year on one page")->isEnabled()) << "of a month there is no year sheet";
 }
 
 }  // namespace

@@ -5,14 +5,14 @@
 #include <QScrollArea>
 #include <set>
 
-#include "fixture.h"
 #include "desktop/theme.h"
+#include "fixture.h"
 #include "views/contrast.h"
 
 namespace quode::test {
 namespace {
 
-constexpr std::array pages = {"cities", "alarms", "times", "look", "calendar", "about"};
+constexpr std::array pages = {"cities", "alarms", "times", "timetable", "look", "calendar", "about"};
 
 class Window : public WindowTest {
   protected:

@@ -159,7 +159,7 @@ class ServiceTest(unittest.TestCase):
         service = self.start()
         ring = self.expect_ring(due)
         self.assertTrue(ring["body"].startswith("Istanbul, "), ring["body"])
-        self.assertEqual(ring["actions"], ["stop", "Stop", "snooze", "Snooze 5 min"])
+        self.assertEqual(ring["actions"], ["stop", "Stop", "snooze", "Snooze 5 min", "mute", "Mute today"])
         self.assertEqual(ring["hints"]["urgency"], ["y", 2])
         self.assertEqual(ring["expire"], 0)
         self.expect_silence()

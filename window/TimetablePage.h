@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTemporaryDir>
+
+#include "app/timetable_file.h"
+#include "window/Page.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+
+namespace quode::window {
+
+/// A timetable to hang up or to take into a calendar.
+class TimetablePage : public Page {
+    Q_OBJECT
+
+  public:
+    TimetablePage(Context& context, QWidget* parent);
+
+    void refresh() override;
+
+    /// The timetable that is chosen, as a file.
+    std::string bytes(app::TimetableFormat format);
+
+  private:
+    void fillMonths();
+    void open();
+    void save();
+    QString proposedName() const;
+
+    QTemporaryDir folder_;  // of the file that is looked at
+    QLabel* place_;
+    QComboBox *span_, *paper_;
+    QCheckBox *sheet_, *all_, *night_;
+};
+
+}  // namespace quode::window
