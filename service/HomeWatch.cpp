@@ -24,7 +24,7 @@ namespace {
 
 using namespace app;
 
-constexpr std::uint64_t settlingUs = 50'000, accuracyUs = 10'000;
+constexpr std::uint64_t settlingUs = 50'000, accuracyUs = 10'000, folderIntervalUs = 10'000'000;
 constexpr std::int64_t retrySeconds = 60;
 constexpr const char* databaseName = "user.sqlite";
 constexpr const char* ringsName = "alarmd.rings";
@@ -178,8 +178,13 @@ void HomeWatch::arm(std::int64_t instant) {
     }
 }
 
-// The language may be another one, and the services speak it.
+// The language may be another one, and the services speak it. A data folder that the user deleted is not made again:
+// it is looked for until it is there, and watched again then.
 void HomeWatch::choicesChanged() {
+    std::error_code error;
+    const bool isThere = std::filesystem::is_directory(session_->dataFolder(), error);
+    if (!isThere) return settle(folderIntervalUs);
+    dataFolder_ = watch(session_->dataFolder());
     freshSession().services();
     renew();
     if (onChoices) onChoices();
@@ -200,9 +205,13 @@ int HomeWatch::folderChanged(sd_event_source*, const inotify_event* event, void*
     if (name == ringsName && self->onRings) self->onRings();
     // A change is complete when the journal beside the database is gone.
     if (!name.starts_with(databaseName) && name != zoneName && !isLost) return 0;
-    sd_event_source_set_time_relative(self->settling_.get(), settlingUs);
-    sd_event_source_set_enabled(self->settling_.get(), SD_EVENT_ONESHOT);
+    self->settle(settlingUs);
     return 0;
+}
+
+void HomeWatch::settle(std::uint64_t us) {
+    sd_event_source_set_time_relative(settling_.get(), us);
+    sd_event_source_set_enabled(settling_.get(), SD_EVENT_ONESHOT);
 }
 
 int HomeWatch::settled(sd_event_source*, std::uint64_t, void* self) {

@@ -82,6 +82,7 @@ class HomeWatch {
     void publish();
     void arm(std::int64_t instant);
     void choicesChanged();
+    void settle(std::uint64_t us);
     Source watch(const std::filesystem::path& folder);
 
     static int timerExpired(sd_event_source* source, int descriptor, std::uint32_t events, void* self);
