@@ -86,9 +86,13 @@ std::vector<PrayerFact> prayersOf(Session& session, const CityDay& day) {
     return prayers;
 }
 
-HomeWatch::HomeWatch(sd_event* loop) : loop_(loop), timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
+HomeWatch::HomeWatch(sd_event* loop, Folder folder)
+    : loop_(loop), timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
     if (timer_ < 0) throw std::runtime_error("No timer could be made.");
-    freshSession().services();
+    freshSession();
+    if (folder == Folder::made) session_->services();
+    if (!startAgain())
+        throw Failure(ExitCode::userData, _("The data folder {} is gone.", session_->dataFolder().string()));
     sd_event_source* made = nullptr;
     sd_event_add_io(loop_, &made, timer_, EPOLLIN, &HomeWatch::timerExpired, this);
     expiry_.reset(made);
@@ -181,11 +185,8 @@ void HomeWatch::arm(std::int64_t instant) {
 // The language may be another one, and the services speak it. A data folder that the user deleted is not made again:
 // it is looked for until it is there, and watched again then.
 void HomeWatch::choicesChanged() {
-    std::error_code error;
-    const bool isThere = std::filesystem::is_directory(session_->dataFolder(), error);
-    if (!isThere) return settle(folderIntervalUs);
+    if (!startAgain()) return settle(folderIntervalUs);
     dataFolder_ = watch(session_->dataFolder());
-    freshSession().services();
     renew();
     if (onChoices) onChoices();
 }
@@ -207,6 +208,15 @@ int HomeWatch::folderChanged(sd_event_source*, const inotify_event* event, void*
     if (!name.starts_with(databaseName) && name != zoneName && !isLost) return 0;
     self->settle(settlingUs);
     return 0;
+}
+
+// Starting the services would make the folder, so it is looked for at the last moment.
+bool HomeWatch::startAgain() {
+    freshSession();
+    std::error_code error;
+    if (!std::filesystem::is_directory(session_->dataFolder(), error)) return false;
+    session_->services();
+    return true;
 }
 
 void HomeWatch::settle(std::uint64_t us) {
