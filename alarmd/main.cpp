@@ -125,7 +125,9 @@ int serve() {
         if (notifications->onAction) notifications->onAction(shown, action);
         notifications->close(shown);
     };
-    const BusProcess bus(loop.get(), executablePath().parent_path() / "quode-service", answered, tell);
+    // Not into the log: that would make a data folder again which the user deleted.
+    const auto say = [](std::string_view message) { fmt::print(stderr, "quode-alarmd: {}\n", message); };
+    const BusProcess bus(loop.get(), executablePath().parent_path() / "quode-service", answered, say);
     return service.run() < 0 ? 1 : 0;
 }
 

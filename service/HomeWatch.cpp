@@ -24,7 +24,7 @@ namespace {
 
 using namespace app;
 
-constexpr std::uint64_t settlingUs = 50'000, accuracyUs = 10'000;
+constexpr std::uint64_t settlingUs = 50'000, accuracyUs = 10'000, folderIntervalUs = 10'000'000;
 constexpr std::int64_t retrySeconds = 60;
 constexpr const char* databaseName = "user.sqlite";
 constexpr const char* ringsName = "alarmd.rings";
@@ -86,9 +86,13 @@ std::vector<PrayerFact> prayersOf(Session& session, const CityDay& day) {
     return prayers;
 }
 
-HomeWatch::HomeWatch(sd_event* loop) : loop_(loop), timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
+HomeWatch::HomeWatch(sd_event* loop, Folder folder)
+    : loop_(loop), timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
     if (timer_ < 0) throw std::runtime_error("No timer could be made.");
-    freshSession().services();
+    freshSession();
+    if (folder == Folder::made) session_->services();
+    if (!startAgain())
+        throw Failure(ExitCode::userData, _("The data folder {} is gone.", session_->dataFolder().string()));
     sd_event_source* made = nullptr;
     sd_event_add_io(loop_, &made, timer_, EPOLLIN, &HomeWatch::timerExpired, this);
     expiry_.reset(made);
@@ -178,9 +182,11 @@ void HomeWatch::arm(std::int64_t instant) {
     }
 }
 
-// The language may be another one, and the services speak it.
+// The language may be another one, and the services speak it. A data folder that the user deleted is not made again:
+// it is looked for until it is there, and watched again then.
 void HomeWatch::choicesChanged() {
-    freshSession().services();
+    if (!startAgain()) return settle(folderIntervalUs);
+    dataFolder_ = watch(session_->dataFolder());
     renew();
     if (onChoices) onChoices();
 }
@@ -200,9 +206,22 @@ int HomeWatch::folderChanged(sd_event_source*, const inotify_event* event, void*
     if (name == ringsName && self->onRings) self->onRings();
     // A change is complete when the journal beside the database is gone.
     if (!name.starts_with(databaseName) && name != zoneName && !isLost) return 0;
-    sd_event_source_set_time_relative(self->settling_.get(), settlingUs);
-    sd_event_source_set_enabled(self->settling_.get(), SD_EVENT_ONESHOT);
+    self->settle(settlingUs);
     return 0;
+}
+
+// Starting the services would make the folder, so it is looked for at the last moment.
+bool HomeWatch::startAgain() {
+    freshSession();
+    std::error_code error;
+    if (!std::filesystem::is_directory(session_->dataFolder(), error)) return false;
+    session_->services();
+    return true;
+}
+
+void HomeWatch::settle(std::uint64_t us) {
+    sd_event_source_set_time_relative(settling_.get(), us);
+    sd_event_source_set_enabled(settling_.get(), SD_EVENT_ONESHOT);
 }
 
 int HomeWatch::settled(sd_event_source*, std::uint64_t, void* self) {

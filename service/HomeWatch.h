@@ -52,7 +52,10 @@ struct Home {
 
 class HomeWatch {
   public:
-    explicit HomeWatch(sd_event* loop);
+    /// The folder of the user's files: made where there is none, or there already. Throws `Failure` when it is not.
+    enum class Folder { made, isThere };
+
+    HomeWatch(sd_event* loop, Folder folder);
     ~HomeWatch();
     HomeWatch(const HomeWatch&) = delete;
     HomeWatch& operator=(const HomeWatch&) = delete;
@@ -82,6 +85,8 @@ class HomeWatch {
     void publish();
     void arm(std::int64_t instant);
     void choicesChanged();
+    void settle(std::uint64_t us);
+    bool startAgain();
     Source watch(const std::filesystem::path& folder);
 
     static int timerExpired(sd_event_source* source, int descriptor, std::uint32_t events, void* self);

@@ -66,7 +66,8 @@ app::ExitCode serve(std::optional<int> ringer) {
         throw app::Failure(app::ExitCode::notFound, _("There is no session bus. Run quode in your desktop session."));
     }
     const Bus bus(opened);
-    HomeWatch home(loop.get());
+    // The alarm service has made the folder; one that is gone was deleted by the user, and is not made again.
+    HomeWatch home(loop.get(), ringer ? HomeWatch::Folder::isThere : HomeWatch::Folder::made);
     Context context{bus.get(), &home, {}};
     if (ringer) useRinger(loop.get(), *ringer, context);
     home.renew();
