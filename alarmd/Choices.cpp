@@ -56,8 +56,14 @@ std::string Choices::text() const {
     return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(ringer));
 }
 
-Choices readChoices(const UserDatabase& database) {
-    Choices choices{database.cities(), database.home(), database.alarms(), loadSettings(database)};
+Choices readChoices(UserDatabase& database) {
+    Choices choices;
+    database.connection().read([&] {
+        choices.cities = database.cities();
+        choices.home = database.home();
+        choices.alarms = database.alarms();
+        choices.settings = loadSettings(database);
+    });
     choices.ringer = choices.settings.ringer;
     return choices;
 }
@@ -66,7 +72,7 @@ std::optional<Choices> readChoicesBehindLock(const std::filesystem::path& dataFo
                                              const Clock& device) {
     const std::optional<std::string> before = UserConnection::committedState(userDatabaseFile(dataFolder));
     if (!before) return std::nullopt;
-    const UserDatabase database = UserDatabase::openBehindLock(dataFolder, cities, device);
+    UserDatabase database = UserDatabase::openBehindLock(dataFolder, cities, device);
     Choices choices = readChoices(database);
     const bool isWhole = UserConnection::committedState(userDatabaseFile(dataFolder)) == before;
     return isWhole ? std::optional(choices) : std::nullopt;
