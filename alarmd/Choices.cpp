@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "companion/AlarmHabits.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "data/user_places.h"
@@ -22,19 +23,12 @@ std::string textOf(const SiteChoice& choice) {
     return text;
 }
 
-// The method and the timetable of a city.
-void restoreSiteChoice(UserDatabase& database, int id, const SiteChoice& choice) {
-    if (choice.isUnreadable) return;
-    if (!choice.method.isDefault()) storeMethod(database.connection(), id, choice.method, choice.height);
-    if (choice.table) storeTimetable(database.connection(), id, *choice.table);
-}
-
 }  // namespace
 
 std::vector<AlarmRule> Choices::rules() const {
     std::vector<AlarmRule> rules;
     for (const UserAlarm& alarm : alarms) {
-        if (alarm.isOn) rules.push_back({alarm.code, alarm.offset});
+        if (alarm.isOn) rules.push_back(alarm.ruleWithReminder());
     }
     return rules;
 }
@@ -52,7 +46,10 @@ std::string Choices::text() const {
         text += fmt::format("{} {} {};", city.city->latitude, city.city->longitude, city.city->zone);
         text += textOf(city.city->choice);
     }
-    for (const UserAlarm& alarm : alarms) text += fmt::format("{} {} {};", alarm.offset, alarm.isOn, alarm.sound);
+    for (const UserAlarm& alarm : alarms) {
+        text += fmt::format("{} {} {} {} {} {};", alarm.offset, alarm.isOn, alarm.sound, alarm.days,
+                            alarm.reminder.value_or(alarm.offset), alarm.silentUntil().time_since_epoch().count());
+    }
     return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(ringer));
 }
 
@@ -90,7 +87,7 @@ void restoreChoices(UserDatabase& database, const Choices& choices) {
             } else if (each.city) {
                 id = database.addPlace({each.city->name, each.city->latitude, each.city->longitude, each.city->zone});
             }
-            if (each.city) restoreSiteChoice(database, id, each.city->choice);
+            if (each.city) storeSiteChoice(database.connection(), id, each.city->choice);
             if (each.isHome) home = id;
         }
         for (const UserCity& each : fresh) {
@@ -103,7 +100,9 @@ void restoreChoices(UserDatabase& database, const Choices& choices) {
             database.setUpAlarm(alarm.code, alarm.offset, alarm.sound);
             database.connection().run("UPDATE USER_ALARMS SET ACTIVE = ?, EVENTID = ? WHERE TIMEID = ?",
                                       {alarm.isOn ? 1 : 0, alarm.eventIdentifier, alarm.code - codeBeforeFirst});
+            storeHabits(database.connection(), alarm);
         }
+        if (!choices.alarms.empty()) muteUntil(database, choices.alarms.front().mutedUntil);
         saveSettings(database, choices.settings);
     });
 }

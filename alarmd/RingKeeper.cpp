@@ -99,16 +99,18 @@ bool RingKeeper::counts(const AlarmOccurrence& alarm, const Choices& choices, co
     const UserAlarm* const chosen = choices.alarm(alarm.code);
     const std::optional<sys_seconds> start = chosen ? eventStart(*chosen) : std::nullopt;
     if (start == alarm.due) return true;
-    if (start && standsElsewhere(*chosen, *start, *choices.home->city, present.clock)) return false;
+    const bool isReminder = chosen && alarm.due != alarm.prayer + minutes(chosen->offset);
+    if (start && !isReminder && standsElsewhere(*chosen, *start, *choices.home->city, present.clock)) return false;
     const std::optional<DecidedNote>& note = records_.decided();
     if (!note || note->city != choices.home->id) return false;
-    return std::ranges::find(note->rules, AlarmRule{alarm.code, chosen->offset}) != note->rules.end();
+    return std::ranges::any_of(
+        note->rules, [&](const AlarmRule& rule) { return rule.code == alarm.code && rule.offset == chosen->offset; });
 }
 
 // Whether an event waits for the next ring of its alarm.
 bool RingKeeper::standsElsewhere(const UserAlarm& alarm, sys_seconds start, const CityRecord& city,
                                  sys_seconds now) const {
-    const std::vector<AlarmRule> rule{{alarm.code, alarm.offset}};
+    const std::vector<AlarmRule> rule{alarm.rule()};
     return !alarmOccurrences(siteOf(city), rule, std::max(now, start - seconds(1)), start).empty();
 }
 
@@ -163,6 +165,7 @@ void RingKeeper::decide(const Choices& choices, RingRecord record, const Present
     const UserAlarm* const alarm = choices.alarm(record.alarm.code);
     // It may have been switched off while it was snoozed.
     if (!alarm || !alarm->isOn) return keepState(record, RingState::finished);
+    if (record.ringAt <= alarm->silentUntil()) return keepState(record, RingState::finished);
     const bool otherRings = choices.ringer == Ringer::evolution;
     if (decision == RingDecision::drop || otherRings) {
         const auto late = floor<minutes>(present.clock - record.ringAt);

@@ -34,7 +34,7 @@ void AlarmCalendar::switchOn(int code) {
     report(book_.switchOn(code), noEvent);
     const std::filesystem::path service = executablePath().parent_path() / "quode-alarmd";
     const ServiceStart start = assureServiceStart(session_->environment(), service);
-    if (!start.message.empty() && !isStartReported_) writeMessage(start.message);
+    if (!start.message.empty() && !isStartReported_) session_->tell(start.message);
     isStartReported_ = true;
 }
 
@@ -62,7 +62,7 @@ void AlarmCalendar::changeLayout(CalendarLayout layout) {
 void AlarmCalendar::report(const AlarmChange& change, const std::string& consequence) {
     if (!change.isStored) throw Failure(ExitCode::userData, change.message);
     if (!change.isPlaced) return session_->complain(consequence + " " + change.message, ExitCode::userData);
-    if (!change.message.empty()) writeMessage(change.message);
+    if (!change.message.empty()) session_->tell(change.message);
 }
 
 }  // namespace quode::app

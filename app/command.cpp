@@ -20,12 +20,6 @@ Parameter dateParameter() {
     return {Parameter::Kind::option, "date", "YYYY-MM-DD", _("Another day than today")};
 }
 
-Parameter formatParameter() {
-    Parameter parameter{Parameter::Kind::option, "format", "FORMAT", _("table (the default), csv or json")};
-    parameter.choices = {"table", "csv", "json"};
-    return parameter;
-}
-
 Parameter languageParameter() {
     return {Parameter::Kind::option, "lang", "LANGUAGE", _("The language, such as en or tr")};
 }

@@ -60,7 +60,6 @@ struct Command {
 // Parameters that several commands share.
 Parameter cityParameter();
 Parameter dateParameter();
-Parameter formatParameter();
 Parameter languageParameter();
 
 /// The parameters that every command has.

@@ -82,6 +82,20 @@ Json timeJson(double hours) {
     return object({{"time", clock24(hours)}, {"hours", hours}});
 }
 
+std::string nightPartLabel(const NightPartName& part) {
+    if (part.hours == &NightParts::firstThird) return _("First third");
+    return part.hours == &NightParts::midnight ? _("Midnight") : _("Last third");
+}
+
+Json nightJson(const CityDay& day) {
+    const auto night = nightOf(day);
+    Json::Object parts;
+    for (const NightPartName& part : nightPartNames) {
+        parts.emplace_back(part.key, timeJson(night ? (*night).*part.hours : missingTime));
+    }
+    return Json(std::move(parts));
+}
+
 Json skyTimeJson(double hours) {
     return timeJson(hours < 0.0 ? missingTime : std::fmod(hours, hoursPerDay));
 }
@@ -157,19 +171,6 @@ Json qiblaJson(const CityDay& day) {
 
 Json declinationJson(const CityDay& day) {
     return object({{"degrees", day.declination}, {"model", magneticModel}, {"epoch", MagneticVariation::modelEpoch}});
-}
-
-double bearingOf(const KiblePair& kible) {
-    return kible.K > 0.0 ? 360.0 - kible.K : std::abs(kible.K);
-}
-
-Fallbacks fallbacksOf(const PrayTimes& times, int code) {
-    const PrayerFacts& facts = factsOf(code);
-    Fallbacks fallbacks;
-    // Noon does not depend on the latitude.
-    fallbacks.latitude = times.isLatitudeChanged && facts.prayer != Prayer::dhuhr;
-    fallbacks.earlierDay = facts.isEarlierDay != nullptr && times.*facts.isEarlierDay;
-    return fallbacks;
 }
 
 std::optional<double> computedLatitude(const PrayTimes& times) {

@@ -13,6 +13,9 @@
 #include "app/place.h"
 #include "astro/MagneticVariation.h"
 #include "data/city_day.h"
+#include "data/fallbacks.h"
+#include "data/night_parts.h"
+#include "data/qibla.h"
 #include "data/zone_check.h"
 
 namespace quode::app {
@@ -34,6 +37,11 @@ Json timeJson(double hours);
 Json skyTimeJson(double hours);
 /// "2 h 13 min", rounded up to the minute, as the difference of two clock texts is.
 std::string durationText(std::chrono::seconds duration);
+
+/// "First third", "Midnight", "Last third".
+std::string nightPartLabel(const NightPartName& part);
+/// {"first_third": ..., "midnight": ..., "last_third": ...} of the night that begins on a day.
+Json nightJson(const CityDay& day);
 
 // --- dates
 /// The day of --date; nothing when it was not given. Throws `Failure` (usage).
@@ -61,17 +69,7 @@ inline constexpr const char* magneticModel = "IGRF-11";
 Json qiblaJson(const CityDay& day);
 Json declinationJson(const CityDay& day);
 
-/// The qibla in degrees clockwise from true north.
-double bearingOf(const KiblePair& kible);
-
 // --- fallbacks
-/// Which fallbacks a time comes from.
-struct Fallbacks {
-    bool latitude = false;    ///< computed for a latitude nearer to the equator
-    bool earlierDay = false;  ///< taken from an earlier day
-};
-Fallbacks fallbacksOf(const PrayTimes& times, int code);
-
 /// The latitude for which the times were computed; nothing when it is the place's own.
 std::optional<double> computedLatitude(const PrayTimes& times);
 /// The same, also of a day by another method than the engine's.

@@ -2,22 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/desktop.h"
 
-#include <dlfcn.h>
-
 #include "app/failure.h"
-#include "platform/folders.h"
+#include "platform/module.h"
 #include "texts/translation.h"
 
 namespace quode::app {
 
-// The module stays loaded as long as the process lives.
 const Desktop& desktop() {
-    const std::filesystem::path module = executablePath().parent_path().parent_path() / "lib/quode/quode-desktop.so";
-    void* const library = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
-    const void* const operations = library ? dlsym(library, desktopSymbol) : nullptr;
-    if (operations) return *static_cast<const Desktop*>(operations);
+    const ModuleSymbol operations = loadModule("quode-desktop.so", desktopSymbol);
+    if (operations.address) return *static_cast<const Desktop*>(operations.address);
     throw Failure(ExitCode::damagedData,
-                  _("The desktop part of Quode cannot be loaded: {}. Install Quode again.", dlerror()));
+                  _("The desktop part of Quode cannot be loaded: {}. Install Quode again.", operations.problem));
 }
 
 }  // namespace quode::app

@@ -13,7 +13,7 @@ namespace quode::app {
 
 /// A ring to try out what the user will see and hear.
 struct TrialRing {
-    std::string title;
+    std::string title;  ///< empty: only the sound
     std::string body;
     std::string stopLabel;
     Sound sound;

@@ -61,13 +61,16 @@ TrialResult ring(const TrialRing& trial) {
         result.soundProblem = problem;
         endIfInVain();
     };
-    notifications->show({trial.title, trial.body, {{"stop", trial.stopLabel}}},
-                        [&](const std::optional<NotificationId>& shown) {
-                            isAnswered = true;
-                            result.isShown = shown.has_value();
-                            id = shown.value_or(NotificationId{});
-                            endIfInVain();
-                        });
+    isAnswered = trial.title.empty();
+    if (!isAnswered) {
+        notifications->show({trial.title, trial.body, {{"stop", trial.stopLabel}}},
+                            [&](const std::optional<NotificationId>& shown) {
+                                isAnswered = true;
+                                result.isShown = shown.has_value();
+                                id = shown.value_or(NotificationId{});
+                                endIfInVain();
+                            });
+    }
     player->play(trial.sound, trial.sound, trial.time);
     sd_event_loop(loop.get());
     player->stop();

@@ -11,6 +11,7 @@
 #include "app/user_data.h"
 #include "common/LanguagePack.h"
 #include "common/numbers.h"
+#include "data/point.h"
 #include "data/posix_zone.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
@@ -19,7 +20,6 @@ namespace quode::app {
 namespace {
 
 constexpr int suggestionCount = 5;
-constexpr double sameTerrainKm = 15.0;  // from a city whose height stands for a point
 
 struct Point {
     double latitude = 0.0;
@@ -49,15 +49,8 @@ ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
     ChosenPlace place;
     place.nearest = cities.nearest(point.latitude, point.longitude);
     if (!place.nearest) throw Failure(ExitCode::notFound, _("There is no city near enough to take the clock from."));
-    const CityRecord& nearest = place.nearest->city;
+    place.city = recordOfPoint(point.latitude, point.longitude, *place.nearest);
     place.city.name = coordinatesText(point.latitude, point.longitude, ".");  // also in JSON
-    place.city.latitude = point.latitude;
-    place.city.longitude = point.longitude;
-    place.city.zone = nearest.zone;
-    place.city.rule = nearest.rule;
-    place.city.known = nearest.known;
-    place.city.temkin = nearest.temkin;
-    if (place.nearest->distanceKm < sameTerrainKm) place.city.choice.height = nearest.elevation.value_or(0);
     return place;
 }
 

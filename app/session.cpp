@@ -44,7 +44,8 @@ class TranslatedLocale : public Locale {
     std::string shortWeekdayName(int weekday) const override { return names_->shortWeekdayName(weekday); }
     std::string decimalMark() const override { return names_->decimalMark(); }
     std::string hourPattern() const override { return habits_->hourPattern(); }
-    std::string lowerCased(std::string_view text) const override { return habits_->lowerCased(text); }
+    std::string lowerAmSymbol() const override { return habits_->lowerAmSymbol(); }
+    std::string lowerPmSymbol() const override { return habits_->lowerPmSymbol(); }
 
   private:
     std::shared_ptr<Locale> habits_;
@@ -158,11 +159,11 @@ GlobalFuncs& Session::services() {
     platform.zoneFolder = zoneFolder().string();
     if (device_) platform.device = device_;
     if (language_.isGiven && language_.code != languageOfLocale(locale)) {
-        platform.locale = std::make_shared<TranslatedLocale>(platform.locale, icuLocale(language_.code));
+        platform.locale = std::make_shared<TranslatedLocale>(platform.locale, systemLocale(language_.code));
     }
     services_ = &GlobalFuncs::startUp(platform);
     services_->setApplicationBundlePath(bundle().string());
-    if (const auto& problem = services_->dataFolderProblem()) writeMessage(*problem);
+    if (const auto& problem = services_->dataFolderProblem()) tell(*problem);
     // The widget has packs of four languages; its texts are English in every other one.
     if (!services_->chooseLanguage(language_.code)) services_->chooseLanguage("en");
     return *services_;
@@ -220,7 +221,7 @@ std::string Session::decimal(double value, int places, bool withSign) {
 }
 
 void Session::complain(std::string_view message, ExitCode code) {
-    writeMessage(message);
+    tell(message);
     exitCode_ = code;
 }
 

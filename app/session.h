@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -103,9 +104,17 @@ class Session {
 
     /// Adds a line to the output.
     void print(std::string_view line = "");
+    /// Adds bytes to the output as they stand.
+    void write(std::string_view bytes) { output_ += bytes; }
     /// Adds a JSON document to the output.
     void printJson(const Json& json) { output_ += json.text(); }
     const std::string& output() const { return output_; }
+
+    /// Where messages go from now on; at first they are written to the standard error.
+    void setMessenger(std::function<void(std::string_view message)> messenger) { messenger_ = std::move(messenger); }
+
+    /// Reports something that keeps nothing from being done.
+    void tell(std::string_view message) const { messenger_(message); }
 
     /// What the program ends with after a command that did not fail.
     ExitCode exitCode() const { return exitCode_; }
@@ -132,6 +141,7 @@ class Session {
     GlobalFuncs* services_ = nullptr;
     bool textsAreLoaded_ = false;
     std::string output_;
+    std::function<void(std::string_view)> messenger_ = writeMessage;
     ExitCode exitCode_ = ExitCode::ok;
 };
 

@@ -1,3 +1,3 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// libquode.so is made of the rooms' archives; CMake wants a source of its own for it.
+// libquode-core.so is made of the rooms' archives; CMake wants a source of its own for it.

@@ -3,22 +3,17 @@
 #include "app/text_layout.h"
 
 #include <fmt/format.h>
-#include <unicode/uchar.h>
-#include <unicode/unistr.h>
 
 #include <algorithm>
+
+#include "texts/character_width.h"
+#include "texts/utf8.h"
 
 namespace quode::app {
 namespace {
 
 constexpr int columnGap = 2;
-
-int widthOf(UChar32 character) {
-    const auto type = u_charType(character);
-    if (type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK || type == U_FORMAT_CHAR) return 0;
-    const int eastAsian = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
-    return eastAsian == U_EA_WIDE || eastAsian == U_EA_FULLWIDTH ? 2 : 1;
-}
+constexpr char32_t replacementCharacter = 0xFFFD;
 
 std::string blanks(int count) {
     return std::string(static_cast<std::size_t>(std::max(0, count)), ' ');
@@ -28,8 +23,7 @@ std::string blanks(int count) {
 
 int displayWidth(std::string_view text) {
     int width = 0;
-    const icu::UnicodeString characters = icu::UnicodeString::fromUTF8({text.data(), static_cast<int>(text.size())});
-    for (int i = 0; i < characters.length(); i = characters.moveIndex32(i, 1)) width += widthOf(characters.char32At(i));
+    while (!text.empty()) width += characterWidth(takeCodePoint(text).value_or(replacementCharacter));
     return width;
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "app/alarm_habits.h"
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/place.h"
@@ -27,16 +28,25 @@ using std::chrono::sys_seconds;
 
 constexpr std::chrono::hours dayAhead{25};
 
-/// The first ring of each alarm.
-std::vector<AlarmOccurrence> nextRings(const CityRecord& city, const std::vector<UserAlarm>& alarms, sys_seconds now) {
-    std::vector<AlarmRule> rules;
-    for (const UserAlarm& alarm : alarms) rules.push_back({alarm.code, alarm.offset});
+/// The first of each prayer by these rules.
+std::vector<AlarmOccurrence> firstOfEach(const CityRecord& city, const std::vector<AlarmRule>& rules, sys_seconds now) {
     std::vector<AlarmOccurrence> next;
     for (const AlarmOccurrence& each : alarmOccurrences(siteOf(city), rules, now, now + dayAhead)) {
         const bool isLater = std::ranges::find(next, each.code, &AlarmOccurrence::code) != next.end();
         if (!isLater) next.push_back(each);
     }
     return next;
+}
+
+void findRings(UserAlarms& all, sys_seconds now) {
+    if (!all.city) return;
+    std::vector<AlarmRule> rings, prayers;
+    for (const UserAlarm& alarm : all.alarms) {
+        rings.push_back(alarm.rule());
+        prayers.push_back({alarm.code, alarm.offset});
+    }
+    all.coming = firstOfEach(*all.city, rings, now);
+    all.prayers = firstOfEach(*all.city, prayers, now);
 }
 
 // Those of alarms that were switched off meanwhile do not ring.
@@ -67,26 +77,37 @@ std::string ringText(Session& session, const CityRecord& city, const AlarmOccurr
     return sameDay(day, ring.date) ? clock : dayText(session, city, day) + " " + clock;
 }
 
-std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const UserAlarm& alarm, bool isNext) {
+/// When an alarm rings next; of one that is silent for some days, with the day of the week.
+std::string nextRingText(Session& session, const UserAlarms& all, const UserAlarm& alarm) {
     const auto ring = std::ranges::find(all.coming, alarm.code, &AlarmOccurrence::code);
-    const bool comes = ring != all.coming.end();
+    if (ring != all.coming.end()) return ringText(session, *all.city, *ring);
+    const auto later = all.city ? nextRing(*all.city, alarm, session.now(), false) : std::nullopt;
+    return later ? ringMoment(session, *all.city, later->due) : std::string(formatting::noTime);
+}
+
+std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const UserAlarm& alarm, bool isNext) {
+    const auto prayer = std::ranges::find(all.prayers, alarm.code, &AlarmOccurrence::code);
+    const bool comes = prayer != all.prayers.end();
     std::vector<std::string> row{isNext ? "›" : " ", session.prayerName(alarm.code),
-                                 clockText(session, comes ? ring->hours : missingTime),
-                                 comes ? dayText(session, *all.city, ring->date) : "",
+                                 clockText(session, comes ? prayer->hours : missingTime),
+                                 comes ? dayText(session, *all.city, prayer->date) : "",
                                  std::string(alarm.isOn ? _c("alarm", "on") : _c("alarm", "off"))};
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();
     if (!isSetUp) return row;
-    row.push_back(comes ? ringText(session, *all.city, *ring) : std::string(formatting::noTime));
+    row.push_back(nextRingText(session, all, alarm));
     row.push_back(offsetText(alarm.offset));
     row.push_back(soundOf(all, alarm));
+    std::string habits;
+    for (const std::string& each : habitTexts(session, all, alarm)) habits += (habits.empty() ? "" : "; ") + each;
+    row.push_back(habits);
     return row;
 }
 
 void printTable(Session& session, const UserAlarms& all) {
     using Align = TextTable::Align;
     const std::vector<AlarmOccurrence> rings = all.rings();
-    TextTable table(
-        {Align::left, Align::left, Align::right, Align::left, Align::left, Align::right, Align::left, Align::left});
+    TextTable table({Align::left, Align::left, Align::right, Align::left, Align::left, Align::right, Align::left,
+                     Align::left, Align::left});
     for (const UserAlarm& alarm : all.alarms) {
         table.add(rowOf(session, all, alarm, !rings.empty() && rings.front().code == alarm.code));
     }
@@ -99,6 +120,16 @@ void printTable(Session& session, const UserAlarms& all) {
     }
 }
 
+Json daysJson(unsigned days) {
+    Json::Array keys;
+    for (const int day : daysOfWeek(days)) keys.push_back(Json(weekdayKey(day)));
+    return keys;
+}
+
+Json silenceJson(Session& session, const UserAlarm& alarm) {
+    return alarm.silentUntil() > session.now() ? Json(isoMoment(alarm.silentUntil())) : Json();
+}
+
 Json alarmsJson(Session& session, const UserAlarms& all) {
     Json::Array alarms;
     for (const UserAlarm& alarm : all.alarms) {
@@ -109,6 +140,9 @@ Json alarmsJson(Session& session, const UserAlarms& all) {
                                  {"on", alarm.isOn},
                                  {"offset_minutes", alarm.offset},
                                  {"sound", soundOf(all, alarm)},
+                                 {"days", daysJson(alarm.days)},
+                                 {"reminder_minutes", alarm.reminder ? Json(*alarm.reminder) : Json()},
+                                 {"silent_until", silenceJson(session, alarm)},
                                  {"next", ring == all.coming.end() ? Json() : ringJson(session, all, *ring)}}));
     }
     return alarms;
@@ -138,7 +172,7 @@ UserAlarms readAlarms(Session& session) {
     UserAlarms all;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) all.alarms.emplace_back().code = code;
     all.city = session.cities().largestCityOfZone(session.systemZone());  // with which a user database begins
-    if (all.city) all.coming = nextRings(*all.city, all.alarms, session.now());
+    findRings(all, session.now());
     return all;
 }
 
@@ -150,7 +184,7 @@ UserAlarms readAlarms(Session& session, UserDatabase& database) {
     const std::optional<UserCity> home = database.home();
     if (!home || !home->city) return all;
     all.city = home->city;
-    all.coming = nextRings(*all.city, all.alarms, session.now());
+    findRings(all, session.now());
     return all;
 }
 

@@ -18,6 +18,7 @@ class Session;
 struct UserAlarms {
     std::optional<CityRecord> city;        ///< for which they ring; without one none does
     std::vector<UserAlarm> alarms;         ///< the six, in the order of the day
+    std::vector<AlarmOccurrence> prayers;  ///< the next time of each, whatever its alarm does
     std::vector<AlarmOccurrence> coming;   ///< the next ring of each within a day, on or off, in the order of time
     std::vector<AlarmOccurrence> snoozed;  ///< rings to be repeated; `due` is when
     UserSettings settings;

@@ -71,7 +71,7 @@ std::optional<UserDatabase> userDatabaseToRead(Session& session) {
 UserDatabase userDatabaseToChange(Session& session) {
     finishPending(session);
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
-    for (const std::string& notice : database.notices()) writeMessage(notice);
+    for (const std::string& notice : database.notices()) session.tell(notice);
     return database;
 }
 

@@ -35,7 +35,7 @@ bool hasImpossibleWeekday(int ruleDay) {
     return isWeekdayRule(ruleDay) && (ruleDay - 31) / 5 > 6;
 }
 
-/// The day of the month that a weekday rule names; months from 1.
+/// The day of the month of a weekday rule; months from 1.
 int dayOfWeekdayRule(int ruleDay, int year, int month) {
     const int weekday = (ruleDay - 31) / 5;
     const int occurrence = (ruleDay - 31) % 5;
@@ -45,7 +45,7 @@ int dayOfWeekdayRule(int ruleDay, int year, int month) {
     return first + 28 <= lastDayOfMonth(year, month) ? first + 28 : first + 21;
 }
 
-/// The start of summer time, months from 1: whether the date lies after it, the stop not yet considered.
+/// True when the date is not before the start of summer time; the stop is not considered. Months from 1.
 bool isAfterStart(int startDay, int startMonth, int stopMonth, int year, int month, int day, int& startDayOfMonth) {
     int firstDay = startDay + 1;
     if (isWeekdayRule(startDay)) {
@@ -58,8 +58,8 @@ bool isAfterStart(int startDay, int startMonth, int stopMonth, int year, int mon
     return month > startMonth || (month == startMonth && day >= firstDay);
 }
 
-/// The stop of summer time, months from 1: whether the date still lies before it.
-/// A fixed stop day that the month does not have lies before every date.
+/// True when the date is before the stop of summer time. A fixed stop day that the month does not have counts as before
+/// every date. Months from 1.
 bool isBeforeStop(int stopDay, int startMonth, int stopMonth, int year, int month, int day, int& stopDayOfMonth) {
     int firstDayOutside = stopDay + 1;
     if (isWeekdayRule(stopDay)) {
@@ -80,7 +80,7 @@ double AstroGlobalFuncs::CalculateJulianDay(int year, int month, int day, int ho
 }
 
 double AstroGlobalFuncs::midnightBefore(int year, int month, int day) {
-    // Whole numbers all along: what is truncated in the published formula is divided as integers here.
+    // Integer divisions replace the truncations of the published formula.
     std::int64_t a = std::int64_t{year} + (year < 0 ? 1 : 0) + 4800;
     std::int64_t m = month;
     if (month < 3) {
@@ -109,7 +109,7 @@ double AstroGlobalFuncs::fracOfHuge(double x) {
 }
 
 void AstroGlobalFuncs::ToHMS(double hours, int& hour, int& minute, int& second) {
-    // The remainder is exact, so it is what adding or subtracting 24 again and again arrives at.
+    // The remainder is exact, so it equals repeated additions or subtractions of 24.
     double time = hours >= 0.0 && hours < 24.0 ? hours : std::isfinite(hours) ? std::fmod(hours, 24.0) : 0.0;
     if (time < 0.0) time += 24.0;
     if (time >= 24.0) time -= 24.0;

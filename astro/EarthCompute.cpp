@@ -19,7 +19,7 @@ double sum(std::span<const tables::EarthTerm> terms, double t) {
     return total;
 }
 
-/// The terms of all series one behind the other, in columns; filled up with zeros to whole vectors.
+/// The terms of all series in sequence, as columns, padded with zeros to whole vectors.
 constexpr std::size_t termCount = std::size(tables::L0) + std::size(tables::L1) + std::size(tables::L2) +
                                   std::size(tables::L3) + std::size(tables::L4) + std::size(tables::L5) +
                                   std::size(tables::B0) + std::size(tables::B1) + std::size(tables::R0) +

@@ -12,11 +12,11 @@
 namespace quode {
 namespace {
 
-// Mecca, where the crescent is judged for everybody.
+// Mecca, whose crescent counts for every place.
 constexpr double judgementLatitude = 21.43000030517578;
 constexpr double judgementLongitude = 39.83000183105469;
 
-// The crescent can be seen from the moment at which the Moon has this distance from the Sun, degrees.
+// The crescent is visible from this distance between Moon and Sun on, degrees.
 constexpr double visibleElongation = 7.9720001220703125;
 constexpr double visibleElongationEnd = 7.98199987411499;
 constexpr double visibleAltitude = 7.989999771118164;
@@ -57,7 +57,7 @@ double decimalYear(const VAKDate& date) {
            static_cast<float>(date.Days) / 365.0f;
 }
 
-/// The half of the year that begins on 6 May or on 8 November, and the day's number in it.
+/// Sets the half of the year that begins on 6 May or on 8 November, and the day's number in it.
 void takeSeason(const VAKDate& date, AllCalendarInfo& info) {
     const int monthAndDay = date.Months * 100 + date.Days;
     const bool beforeSummer = monthAndDay < 506;
@@ -67,7 +67,7 @@ void takeSeason(const VAKDate& date, AllCalendarInfo& info) {
     info.DayOfSeason = static_cast<int>(midnightOf(date) - midnightOf(first) + 1.0);
 }
 
-/// The Julian calendar's date, 13 days behind, in a year that begins in March and is counted from 584.
+/// Sets the Rumi date: the Julian calendar's date, 13 days behind, in a year that begins in March, counted from 584.
 void takeRumiDate(const VAKDate& date, AllCalendarInfo& info) {
     const VAKDate julian = calendarDate(midnightOf(date, -13));
     const bool beforeMarch = julian.Months < 3;
@@ -76,21 +76,21 @@ void takeRumiDate(const VAKDate& date, AllCalendarInfo& info) {
     info.RumiYear = julian.Years - (beforeMarch ? 585 : 584);
 }
 
-/// In the years of the calendar Moon and Sun draw apart, near a new moon, by less than this in an hour, degrees.
+/// Near a new moon, the distance between Moon and Sun grows by less than this in an hour, degrees, in the years 1 to 9999.
 constexpr double fastestElongation = 0.75;
 
 bool isInCalendarYears(const VAKDate& date) {
     return date.Years >= 1 && date.Years <= 9999;
 }
 
-/// For how many hours more an elongation certainly stays too small to be seen.
+/// The number of hours for which an elongation certainly stays too small to be seen.
 int hoursHidden(const VAKDate& date, double elongation) {
     if (!isInCalendarYears(date) || !(elongation <= visibleElongation)) return 0;
     return static_cast<int>((visibleElongation - elongation) / fastestElongation);
 }
 
-/// The elongation within the hour before the crescent is seen, from what has been computed of it: a straight line, from
-/// which it departs by 0.004 degree at most.
+/// Predicts the elongation within the hour before the crescent is visible by a straight line through two computed
+/// values. The error is 0.004 degree at most.
 class ElongationForecast {
   public:
     ElongationForecast(const VAKDate& date, double atEnd)
@@ -101,7 +101,7 @@ class ElongationForecast {
         known_ = 2;
     }
 
-    /// Nothing when it is not known yet, or lies near the elongations at which the crescent is seen.
+    /// The elongation at a minute; nothing when it is not known yet, or too close to the limit of visibility.
     std::optional<double> at(int minute) const {
         constexpr double clearly = 0.008;
         if (!isUsable_ || known_ < 2) return std::nullopt;
@@ -144,8 +144,9 @@ double FastAstro::elongationOf(VAKDate& date) {
     return elongation;
 }
 
-/// Moves the record forward, hour by hour, to the first one after which the crescent can be seen; the hours in which it
-/// certainly cannot are not computed. Returned: the elongation then, or nothing when there is no such hour.
+/// Moves the record forward, hour by hour, to the first hour at which the crescent is visible; hours at which it certainly
+/// is not are skipped.
+/// @return the elongation at that hour; nothing when there is no such hour
 std::optional<double> FastAstro::firstVisibleHour(VAKDate& date) {
     double elongation = elongationOf(date);
     int hiddenHours = hoursHidden(date, elongation);
@@ -232,7 +233,7 @@ void FastAstro::RealGregJulToHicriUncorrected(int day, int month, int year, VAKD
     VAKDate searched = calendarDate(today + 10.0);
     for (int daysBack = 0; !start && daysBack <= mostDaysBack; daysBack += 10) {
         const double newMoon = MoonPhaze(decimalYear(searched), 0);
-        // Ten days back it is often the same new moon, and the same answer.
+        // Ten days back it is often the same new moon with the same result.
         if (newMoon != triedNewMoon) start = monthStartBefore(newMoon, today);
         triedNewMoon = newMoon;
         searched = calendarDate(today - daysBack);

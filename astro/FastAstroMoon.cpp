@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Where the Moon stands: coordinates, distance, parallax, altitude, azimuth, elongation and phase.
+// The place of the Moon: coordinates, distance, parallax, altitude, azimuth, elongation and phase.
 #include <algorithm>
 #include <cmath>
 
@@ -18,7 +18,7 @@ constexpr double arcSecondsPerRadian = 206264.8125;
 constexpr double kilometresPerUnit = 149597872.0;
 constexpr double radiansPerHour = 0.2617993950843811;
 
-/// Rounding may carry a sine or cosine just beyond 1; the arc functions must not see that.
+/// A sine or cosine clamped to -1..1, which rounding may exceed.
 double unit(double x) {
     return std::clamp(x, -1.0, 1.0);
 }
@@ -27,7 +27,7 @@ double fractionOfCircle(double turns) {
     return twoPi * AstroGlobalFuncs::frac(turns);
 }
 
-/// The angle brought up to 0 and down to `circle` in whole circles.
+/// The angle moved into 0..`circle` by whole circles.
 double wrapped(double angle, double circle) {
     while (angle < 0.0) angle += circle;
     while (angle > circle) angle -= circle;

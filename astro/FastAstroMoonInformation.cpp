@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Rise and set of the Moon, and the records that gather what is known of Sun and Moon at a moment.
+// Rise and set of the Moon, and the records of Sun and Moon at a moment.
 #include <cmath>
 
 #include "astro/AstroGlobalFuncs.h"
@@ -54,7 +54,7 @@ double raisedFromBelowZero(double hours) {
 
 }  // namespace
 
-/// part: 0, 1 or 2 for the hour before, the hour and the one after, whose Julian days differ in the last digits.
+/// part: 0, 1 or 2 for the hour before, the hour and the hour after, whose Julian days differ in the last digits.
 double FastAstro::sinElevOfMoon(double julianDay, int part) {
     if (shared_ == nullptr) {
         MoonDecRA(julianDay);
@@ -122,7 +122,7 @@ void FastAstro::MoonRiseSet(int day, int month, int year, int hour) {
     }
 }
 
-/// Looks ahead at the Moon of a civil day; nothing beside the change of the calendar, where hours do not follow hours.
+/// The forecast for the Moon of a civil day; nothing next to the change of the calendar, where hours are not consecutive.
 std::optional<HorizonForecast> FastAstro::moonForecast(int day, int month, int year) {
     if (AstroGlobalFuncs::isAtChangeOfCalendar(year, month, day)) return std::nullopt;
     const double midnight = AstroGlobalFuncs::midnightBefore(year, month, day);
@@ -140,7 +140,7 @@ void FastAstro::searchMoonHours(int day, int month, int year, const std::optiona
         if (forecast) {
             const Crossing crossing = forecast->at(hour);
             if (crossing == Crossing::none) continue;
-            // What the next hour finds too is found again there.
+            // The next hour finds the same crossing.
             if (crossing == other && hour + 1 < end && forecast->at(hour + 1) == other) continue;
         }
         MoonRiseSet(day, month, year, hour);
@@ -149,7 +149,7 @@ void FastAstro::searchMoonHours(int day, int month, int year, const std::optiona
     if (forecast) finishMoonSearch(day, month, year, first, end);
 }
 
-/// Leaves the fields as a search through all hours leaves them that has found nothing.
+/// Sets the fields to what a search through all hours leaves when it finds nothing.
 void FastAstro::finishMoonSearch(int day, int month, int year, int first, int end) {
     int hour = end - 1;
     for (; hour > first; --hour) {
@@ -176,7 +176,7 @@ void FastAstro::MoonSetTime(int day, int month, int year) {
 void FastAstro::searchMoonRiseAndSet(int day, int month, int year) {
     const auto forecast = moonForecast(day, month, year);
     MoonRise_ = missingMoonTime;
-    // The second search goes over the first one's result when it meets a rise before the set.
+    // The second search overwrites the first one's result when it finds a rise before the set.
     if (!forecast || !risesBeforeItSets(*forecast)) searchMoonHours(day, month, year, forecast, true);
     MoonSet_ = missingMoonTime;
     searchMoonHours(day, month, year, forecast, false);
@@ -193,7 +193,7 @@ bool FastAstro::risesBeforeItSets(const HorizonForecast& forecast) const {
 }
 
 double FastAstro::MoonTransTime(int day, int month, int year) {
-    // The last of the moments looked at, 121 minutes after 23 h, is the answer whatever the altitudes were.
+    // The last moment of the search, 121 minutes after 23 h, is the result whatever the altitudes are.
     constexpr double lastMoment = 23.0 + 2.0166666666666666;
     int hour = 0, minute = 0, second = 0;
     AstroGlobalFuncs::ToHMS(lastMoment, hour, minute, second);

@@ -21,7 +21,7 @@ constexpr double sunsetCaution = 0.05000000074505806;    // 3 minutes, hours
 constexpr int earlierDaysTried = 365;
 constexpr int mostLatitudeSteps = 180;
 
-/// Moves a value at 0 h toward its value 24 hours later.
+/// The value at an hour, between the value at 0 h and that 24 hours later.
 double moveToward(double from, double to, double hours) {
     const double step = std::abs((from - to) * hours / 24.0);
     return from > to ? from - step : from + step;
@@ -34,7 +34,7 @@ VAKDate dayOffset(const VAKDate& day, int days) {
     return moved;
 }
 
-/// The parts of the night that begins at sunset and ends at dawn.
+/// Sets the parts of the night from sunset to dawn.
 void divideNight(PrayTimes& times) {
     if (times.Imsak == missingTime || times.Aksam == missingTime) {
         times.Teheccud = times.Gece2 = times.Gece3 = missingTime;
@@ -46,7 +46,7 @@ void divideNight(PrayTimes& times) {
     times.Gece3 = times.Aksam + night / 3.0;
 }
 
-/// The time at which the Sun stands in the qibla direction; the zone is not added.
+/// The time at which the Sun stands in the qibla direction, without the zone's hours.
 double timeOfQibla(const KiblePair& kible, double latitude, double longitudeCorrection, const SunInfoForPray& sun) {
     double hourAngle = std::acos(tanDeg(sun.PrevDec) * std::cos(kible.i) / tanDeg(latitude)) - kible.i;
     if (kible.K > 180.0) hourAngle = -hourAngle;
@@ -91,8 +91,8 @@ SunInfoForPray FastAstro::SunInformationForPray(int day, int month, int year) {
     return SunInfo_;
 }
 
-/// `SunInformationForPray`. Returned: whether all fields are left as they have to be; else `finishSunForPray` does
-/// that.
+/// `SunInformationForPray` without the fields that few callers need.
+/// @return false when `finishSunForPray` has to set the fields of the searches
 bool FastAstro::readSunForPray(int day, int month, int year) {
     SunInfoForPray sun;
     if (timesOnly_) {
@@ -103,7 +103,7 @@ bool FastAstro::readSunForPray(int day, int month, int year) {
             return true;
         }
     }
-    searchSun(day - 1, month, year);  // the search of the day itself goes over what this one leaves
+    searchSun(day - 1, month, year);  // the search of the day itself overwrites its fields
     sun.SunRise = UTRise_;
     sun.SunSet = UTSet_;
     readDailySun(day, month, year, sun.PrevDec, sun.PrevTZ);
@@ -138,7 +138,7 @@ const SunMidnight& FastAstro::sunMidnight(double midnight) {
 void FastAstro::readDailySun(int day, int month, int year, double& declination, double& equationHours) {
     const SunMidnight& sun = sunMidnight(AstroGlobalFuncs::CalculateJulianDay(year, month, day, 0, 0, 0));
     declination = sun.declination;
-    // By way of the transit, whose rounding belongs to the value.
+    // By way of the transit, whose rounding is part of the value.
     const double meridian = Lon_ / 15.0;
     equationHours = 12.0 - (meridian + ((12.0 - sun.equation / 60.0) - meridian));
 }
@@ -162,7 +162,7 @@ double FastAstro::timeOnNearestEarlierDay(const VAKDate& day, double time, int a
     for (int tried = 0; time == missingTime && tried < earlierDaysTried; ++tried) {
         isEarlier = true;
         if (isPlain) {
-            // Over the days on which the Sun stays far from that altitude, but for the last one, which the fields keep.
+            // Skips the days on which the Sun stays far from that altitude, except the last, whose values stay in the fields.
             const int next = std::min(firstDayWithAltitude(midnight, angle, tried + 1), earlierDaysTried) - 1;
             if (next > tried) {
                 tried = next;
@@ -171,8 +171,7 @@ double FastAstro::timeOnNearestEarlierDay(const VAKDate& day, double time, int a
             }
         }
         earlier = dayOffset(earlier, -1);
-        // Only declination and equation of time are needed, and the later end of this day is the start of the one
-        // after.
+        // Only declination and equation of time are needed; the end of this day is the start of the next.
         sun.NextDec = sun.PrevDec;
         sun.NextTZ = sun.PrevTZ;
         readDailySun(earlier.Days, earlier.Months, earlier.Years, sun.PrevDec, sun.PrevTZ);
@@ -181,8 +180,8 @@ double FastAstro::timeOnNearestEarlierDay(const VAKDate& day, double time, int a
     return time;
 }
 
-/// How many days before a midnight, `from` or more, the Sun may reach an altitude at noon's declination. The search for
-/// the time ends in its first step on the days between.
+/// The number of days before a midnight, at least `from`, at which the Sun may reach an altitude with noon's declination.
+/// On the days between, the search for the time would end in its first step.
 int FastAstro::firstDayWithAltitude(double midnight, int angle, int from) {
     constexpr double clearly = 0.002;
     // Sine and cosine of the declination change by less than this in a day, both together.

@@ -63,7 +63,7 @@ double FastAstro::meridian() {
     return meridian_.hours;
 }
 
-/// `SinElev` of what is known already, in the same steps.
+/// `SinElev` from values that are known already, in the same steps.
 double FastAstro::sinElevOf(double siderealTime, double sinDeclination, double cosDeclination, double rightAscension) {
     const LatitudeTrig& observer = latitudeTrig();
     const double localTime = 24.0 * AstroGlobalFuncs::frac((siderealTime + meridian()) / 24.0);
@@ -111,12 +111,12 @@ void FastAstro::SunRiseSet(int day, int month, int year) {
     if (!searchSun(day, month, year)) finishSunSearch(day, month, year);
 }
 
-/// Looks for sunrise and sunset. Returned: whether all fields are left as they have to be; else `finishSunSearch` does
-/// that.
+/// Looks for sunrise and sunset.
+/// @return false when `finishSunSearch` has to set the fields
 bool FastAstro::searchSun(int day, int month, int year) {
     const int zone = static_cast<int>(iPlace_.GMTValue);
     const int firstHour = 1 - zone, endHour = 24 - zone;
-    if (AstroGlobalFuncs::isAtChangeOfCalendar(year, month, day)) {  // hours do not follow hours
+    if (AstroGlobalFuncs::isAtChangeOfCalendar(year, month, day)) {  // hours are not consecutive
         Rise_ = Sett_ = false;
         UTRise_ = UTSet_ = missingTime;
         for (int hour = firstHour; hour < endHour && !(Rise_ && Sett_); ++hour) RiseSet(day, month, year, hour);
@@ -156,11 +156,11 @@ HorizonForecast FastAstro::sunForecast(double midnight, int firstHour) {
                            GM_Sidereal_Time(midnight), sinHorizonDepth);
 }
 
-/// Whether a search is certain to find both because the Sun rises and sets hours away from the ends of the civil day.
+/// True when a search certainly finds both, because the Sun rises and sets hours away from the ends of the civil day.
 /// declination: of the Sun, within a day or so.
 bool FastAstro::isPlainDay(int day, int month, int year, double declination) {
-    // With half a day's arc of 1.7 to 8.5 hours, around a noon that the clock shows within 1.5 hours of twelve, sunrise
-    // and sunset lie two hours inside. Below this latitude a day more or less moves them by minutes.
+    // With half a day's arc of 1.7 to 8.5 hours around a noon within 1.5 hours of 12 o'clock, sunrise and sunset lie two
+    // hours inside the day. Below this latitude they move by minutes from one day to the next.
     constexpr double plainLatitude = 60.0, largestShift = 1.5, shortestArc = 0.9, longestArc = -0.6;  // hours; cosines
     const double shift = static_cast<int>(iPlace_.GMTValue) - meridian();
     if (!(std::abs(Lat_) < plainLatitude && std::abs(shift) < largestShift)) return false;
@@ -171,7 +171,7 @@ bool FastAstro::isPlainDay(int day, int month, int year, double declination) {
     return arc < shortestArc && arc > longestArc;
 }
 
-/// Whether a search is certain to find both.
+/// True when a search certainly finds both.
 bool FastAstro::isSureToRiseAndSet(int day, int month, int year) {
     if (AstroGlobalFuncs::isAtChangeOfCalendar(year, month, day)) return false;
     const int firstHour = 1 - static_cast<int>(iPlace_.GMTValue);
@@ -190,7 +190,7 @@ void FastAstro::searchSunHours(int day, int month, int year, int firstHour, int 
     for (int hour = firstHour; hour < endHour; ++hour) {
         const Crossing crossing = forecast.at(hour);
         if (crossing == Crossing::none) continue;
-        // A root that the next hour sees too is computed again there, unless the search ends here.
+        // The next hour finds the same root, unless the search ends here.
         const bool goesOn = crossing == Crossing::rising ? !Sett_ : crossing == Crossing::setting && !Rise_;
         if (goesOn && hour + 1 < endHour && forecast.at(hour + 1) == crossing) continue;
         RiseSet(day, month, year, hour);
@@ -198,7 +198,7 @@ void FastAstro::searchSunHours(int day, int month, int year, int firstHour, int 
     }
 }
 
-/// Leaves the fields as a search through all hours leaves them that has not found both.
+/// Sets the fields to what a search through all hours leaves when it does not find both.
 void FastAstro::finishSunSearch(int day, int month, int year) {
     const int firstHour = 1 - static_cast<int>(iPlace_.GMTValue), endHour = firstHour + 23;
     int hour = endHour - 1;

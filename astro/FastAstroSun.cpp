@@ -38,7 +38,7 @@ Equatorial equatorialOfSun(double longitude, double obliquityDegrees) {
     return {declination, angle / 15.0};
 }
 
-/// The arguments that the obliquity and the nutation in longitude share, degrees.
+/// The arguments shared by the obliquity and the nutation in longitude, degrees.
 struct NutationArguments {
     double node, sun, moon;
 };
@@ -94,7 +94,7 @@ double FastAstro::DeltaPSI(double T) {
 }
 
 double FastAstro::EquationOfTime(double julianDay, double rightAscension) {
-    // `SunL`, `DeltaPSI` and `Epsilon` in one, for they share their arguments.
+    // `SunL`, `DeltaPSI` and `Epsilon` together, because they share their arguments.
     const double T = centuriesFromJ2000(julianDay);
     const auto [node, sun, moon] = nutationArguments(T);
     const double cosNode2 = cosDeg(2.0 * node), sinNode2 = sinDeg(2.0 * node);
@@ -122,7 +122,7 @@ double FastAstro::SunAltitude(double declination, double hourAngleOffset) const 
 double FastAstro::SunAzimuth(double declination, double hourAngleOffset, double altitude) const {
     const double horizontal = cosDeg(altitude) * cosDeg(Lat_);
     if (std::abs(horizontal) < smallestHorizontal) return noDirection;
-    // On the meridian the rounding of the degree factors carries the sine past 1.
+    // On the meridian, the rounding of the degree factors makes the sine exceed 1.
     const double x = std::clamp((sinDeg(declination) - sinDeg(Lat_) * sinDeg(altitude)) / horizontal, -1.0, 1.0);
     const double azimuth = (1.5707963705062866 - std::asin(x)) * degreesPerRadian;
     return sinDeg(Lon_ + hourAngleOffset) > 0.0 ? 360.0 - azimuth : azimuth;

@@ -18,11 +18,14 @@ constexpr double polarRadius2 = 40408588.0;
 constexpr double referenceRadius = 6371.2001953125;  // km
 constexpr double lastLatitude = 89.9990005493164;
 
-/// Where the synthesis is made: geocentric latitude and radius, and the angle between the two verticals.
+/// The point of a synthesis: geocentric latitude and radius, and the angle between the two verticals.
 struct Station {
     double sinLatitude, cosLatitude, radius;
     double cosTilt = 1.0, sinTilt = 0.0;
 };
+
+/// Two places side by side; each of them goes through the same steps as it would alone.
+using Pair = double __attribute__((vector_size(16)));
 
 Station stationAt(bool geodetic, double latitude, double altitude) {
     double s = sinDeg(latitude);
@@ -39,7 +42,7 @@ Station stationAt(bool geodetic, double latitude, double altitude) {
     return {s * cosTilt - c * sinTilt, c * cosTilt + s * sinTilt, radius, cosTilt, sinTilt};
 }
 
-/// The factors of the recurrences that no place enters, by degree and order.
+/// The factors of the recurrences that do not depend on the place, by degree and order.
 struct Recurrence {
     double a, b, c, bByDegree, diagonal;
 };
@@ -72,14 +75,16 @@ RecurrenceTable recurrenceTable() {
 
 /// Schmidt quasi-normalised functions P and their derivatives Q at a latitude, term by term in the order (1,0), (1,1),
 /// (2,0), (2,1), (2,2), ... Each term builds on earlier ones.
-void legendre(double s, double c, int degree, std::array<double, 104>& P, std::array<double, 104>& Q) {
+template <typename Value>
+void legendre(const Value& s, const Value& c, int degree, std::array<Value, 104>& P, std::array<Value, 104>& Q) {
     static const RecurrenceTable table = recurrenceTable();
     constexpr double root3 = 1.7320508075688772, root27 = 5.196152422706632;
     P[0] = 2.0 * s, P[1] = 2.0 * c, P[2] = 4.5 * s * s - 1.5, P[3] = root27 * c * s;
     Q[0] = -c, Q[1] = s, Q[2] = -3.0 * c * s, Q[3] = root3 * (s * s - c * c);
     std::size_t k = 2;
     for (int n = 2; n <= degree; ++n) {
-        const double fn = n, cByDegree = c / fn;
+        const double fn = n;
+        const Value cByDegree = c / fn;
         const auto un = static_cast<std::size_t>(n);
         for (std::size_t m = 0; m < un; ++m) {
             const std::size_t i = k + m;
@@ -98,60 +103,98 @@ void legendre(double s, double c, int degree, std::array<double, 104>& P, std::a
     }
 }
 
-MagneticVariation::PlaceTerms placeTerms(const Station& station, double longitude, int degree) {
-    MagneticVariation::PlaceTerms place;
-    place.cosTilt = station.cosTilt;
-    place.sinTilt = station.sinTilt;
-    place.sinLatitude = station.sinLatitude;
-    place.cosLatitude = station.cosLatitude;
-    legendre(station.sinLatitude, station.cosLatitude, degree, place.P, place.Q);
-    const double ratio = referenceRadius / station.radius;
-    place.sines[1] = sinDeg(longitude);
-    place.cosines[1] = cosDeg(longitude);
-    for (int n = 1; n <= degree; ++n) {
-        const auto i = static_cast<std::size_t>(n);
-        place.scales[i] = std::pow(ratio, n + 2);
-        if (n == 1) continue;
-        place.sines[i] = place.sines[i - 1] * place.cosines[1] + place.cosines[i - 1] * place.sines[1];
-        place.cosines[i] = place.cosines[i - 1] * place.cosines[1] - place.sines[i - 1] * place.sines[1];
-    }
-    return place;
+// Sets the one value of a double, or one of two.
+void setLane(double& value, std::size_t, double number) {
+    value = number;
 }
 
-FieldComponents synthesis(const MagneticVariation::Coefficients& coefficients,
-                          const MagneticVariation::PlaceTerms& place, int degree) {
-    double north = 0.0, east = 0.0, down = 0.0;
+void setLane(Pair& pair, std::size_t place, double number) {
+    pair[place] = number;
+}
+
+template <typename Value>
+void setPlace(MagneticVariation::TermsOf<Value>& terms, std::size_t i, const Station& station, double longitude,
+              int degree) {
+    setLane(terms.cosTilt, i, station.cosTilt);
+    setLane(terms.sinTilt, i, station.sinTilt);
+    setLane(terms.sinLatitude, i, station.sinLatitude);
+    setLane(terms.cosLatitude, i, station.cosLatitude);
+    setLane(terms.sines[1], i, sinDeg(longitude));
+    setLane(terms.cosines[1], i, cosDeg(longitude));
+    const double ratio = referenceRadius / station.radius;
+    for (int n = 1; n <= degree; ++n) setLane(terms.scales[static_cast<std::size_t>(n)], i, std::pow(ratio, n + 2));
+}
+
+/// What follows from the place that was set.
+template <typename Value>
+void finishTerms(MagneticVariation::TermsOf<Value>& terms, int degree) {
+    legendre(terms.sinLatitude, terms.cosLatitude, degree, terms.P, terms.Q);
+    for (std::size_t i = 2; i <= static_cast<std::size_t>(degree); ++i) {
+        terms.sines[i] = terms.sines[i - 1] * terms.cosines[1] + terms.cosines[i - 1] * terms.sines[1];
+        terms.cosines[i] = terms.cosines[i - 1] * terms.cosines[1] - terms.sines[i - 1] * terms.sines[1];
+    }
+}
+
+MagneticVariation::PlaceTerms placeTerms(const Station& station, double longitude, int degree) {
+    MagneticVariation::PlaceTerms terms;
+    setPlace(terms, 0, station, longitude, degree);
+    finishTerms(terms, degree);
+    return terms;
+}
+
+template <typename Value>
+struct ComponentsOf {
+    Value north, east, down;
+};
+
+template <typename Value>
+ComponentsOf<Value> synthesis(const MagneticVariation::Coefficients& coefficients,
+                              const MagneticVariation::TermsOf<Value>& place, int degree, bool isOffPole) {
+    Value north{}, east{}, down{};
     std::size_t next = 0;  // coefficient
     std::size_t k = 0;     // term
-    const bool isOffPole = place.cosLatitude > 0.0;
     for (int n = 1; n <= degree; ++n) {
-        const double scale = place.scales[static_cast<std::size_t>(n)];
-        const double divisor = (n + 1.0) * place.cosLatitude;
-        const double zonal = scale * coefficients[next++];
+        const Value scale = place.scales[static_cast<std::size_t>(n)];
+        const Value divisor = (n + 1.0) * place.cosLatitude;
+        const Value zonal = scale * coefficients[next++];
         north += zonal * place.Q[k];
         down -= zonal * place.P[k];
         ++k;
         for (int m = 1; m <= n; ++m, ++k) {
-            const double p = place.P[k], q = place.Q[k];
+            const Value p = place.P[k], q = place.Q[k];
             const auto i = static_cast<std::size_t>(m);
-            const double g = scale * coefficients[next++];
-            const double h = scale * coefficients[next++];
-            const double along = g * place.cosines[i] + h * place.sines[i];
-            const double across = g * place.sines[i] - h * place.cosines[i];
+            const double order = m;
+            const Value g = scale * coefficients[next++];
+            const Value h = scale * coefficients[next++];
+            const Value along = g * place.cosines[i] + h * place.sines[i];
+            const Value across = g * place.sines[i] - h * place.cosines[i];
             north += along * q;
             down -= along * p;
-            east += isOffPole ? across * m * p / divisor : across * q * place.sinLatitude;
+            if (isOffPole) {
+                east += across * order * p / divisor;
+            } else {
+                east += across * q * place.sinLatitude;
+            }
         }
     }
-    FieldComponents field;
-    field.north = north * place.cosTilt + down * place.sinTilt;
-    field.east = east;
-    field.down = down * place.cosTilt - north * place.sinTilt;
-    return field;
+    return {north * place.cosTilt + down * place.sinTilt, east, down * place.cosTilt - north * place.sinTilt};
+}
+
+FieldComponents synthesis(const MagneticVariation::Coefficients& coefficients,
+                          const MagneticVariation::PlaceTerms& place, int degree) {
+    const auto [north, east, down] = synthesis(coefficients, place, degree, place.cosLatitude > 0.0);
+    return {north, east, down};
 }
 
 constexpr double noField = 9.999999747378752e-05;  // nT
 constexpr double undefined = -1.0;
+
+double declinationOf(double north, double east) {
+    const double horizontal = std::sqrt(north * north + east * east);
+    if (horizontal < noField) return undefined;
+    const double declination = std::atan2(east, north);
+    return declination != undefined ? declination * degreesPerRadian : undefined;
+}
 
 }  // namespace
 
@@ -212,11 +255,36 @@ MagneticVariation::PlaceTerms MagneticVariation::termsAt(double latitude, double
 }
 
 double MagneticVariation::declination(const Field& field, const PlaceTerms& place) {
-    const auto [north, east, down] = synthesis(field.coefficients, place, mainDegree);
-    const double horizontal = std::sqrt(north * north + east * east);
-    if (horizontal < noField) return undefined;
-    const double declination = std::atan2(east, north);
-    return declination != undefined ? declination * degreesPerRadian : undefined;
+    const FieldComponents components = synthesis(field.coefficients, place, mainDegree);
+    return declinationOf(components.north, components.east);
+}
+
+void MagneticVariation::declinations(const Field& field, std::span<const Point> places, std::span<double> results) {
+    constexpr std::size_t lanes = 2;
+    const auto stationOf = [](const Point& place) {
+        return stationAt(true, place.latitude, place.altitude * 0.0010000000474974513);
+    };
+    TermsOf<Pair> terms;
+    std::size_t i = 0;
+    for (; i + lanes <= places.size(); i += lanes) {
+        const std::array<Station, lanes> stations = {stationOf(places[i]), stationOf(places[i + 1])};
+        if (stations[0].cosLatitude > 0.0 && stations[1].cosLatitude > 0.0) {
+            for (std::size_t k = 0; k < lanes; ++k)
+                setPlace(terms, k, stations[k], places[i + k].longitude, mainDegree);
+            finishTerms(terms, mainDegree);
+            const auto components = synthesis(field.coefficients, terms, mainDegree, true);
+            for (std::size_t k = 0; k < lanes; ++k) {
+                results[i + k] = declinationOf(components.north[k], components.east[k]);
+            }
+            continue;
+        }
+        for (std::size_t k = 0; k < lanes; ++k) {
+            results[i + k] = declination(field, placeTerms(stations[k], places[i + k].longitude, mainDegree));
+        }
+    }
+    for (; i < places.size(); ++i) {
+        results[i] = declination(field, termsAt(places[i].latitude, places[i].longitude, places[i].altitude));
+    }
 }
 
 void MagneticVariation::DIHF(int target) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 
 namespace quode {
 
@@ -13,9 +14,18 @@ struct FieldComponents {
 
 /// The Earth's main magnetic field, IGRF-11: the field of 2010.0 with its predicted change, extrapolated without limit.
 /// Good to about half a degree of declination around 2010-2015 away from the magnetic poles; the error grows by some
-/// tenths of a degree per decade.
-/// Source: International Geomagnetic Reference Field, 11th generation (Finlay et al. 2010); synthesis as in the
-/// public-domain geomag program of the US National Geophysical Data Center.
+/// tenths of a degree per decade. For current dates use `WorldMagneticModel`. Nothing throws.
+///
+/// @code
+///   quode::MagneticVariation field;
+///   const double declination = field.getMagneticVariation(21, 3, 2012, 41.01, 28.95, 100.0);  // day, month, year, ...
+///   const double inclination = field.iInclination();                                          // degrees
+/// @endcode
+///
+/// Source: International Geomagnetic Reference Field, 11th generation: C. C. Finlay and others, Geophysical Journal
+/// International 183 (2010) 1216; synthesis as in the public-domain geomag program of the US National Geophysical Data
+/// Center.
+/// Fixed names: all, except the constants, `Coefficients`, `Field`, `fieldAt`, `PlaceTerms`, `termsAt` and `declination`.
 class MagneticVariation {
   public:
     static constexpr int mainDegree = 13;   ///< degree and order of the main field
@@ -24,53 +34,71 @@ class MagneticVariation {
     static constexpr double modelEpoch = 2010.0;  ///< decimal year of the coefficients in use
     using Coefficients = std::array<double, coefficientCount>;
 
-    /// Decimal year of a date. A leap day counts only from March on, in the length of the year too.
+    /// Decimal year of a date. A leap year counts as 366 days long only from March on.
     static double Julday(int day, int month, int year);
 
     /// Degrees, minutes and seconds as decimal degrees; negative when the first of them that is not 0 is negative.
     static double DegreesToDecimal(int degrees, int minutes, int seconds);
 
-    /// Fills a coefficient array for a decimal year.
-    /// @param target  3 is `gha`, 4 is `ghb`
-    /// @param epoch   2010.0, or 2005.0
+    /// Fills a coefficient array: main field plus years times its change.
+    /// @param date               decimal year
+    /// @param mainFieldDegree    1..13
+    /// @param changeFieldDegree  1..8; terms of higher degrees do not change
+    /// @param target             3 is `gha`, 4 is `ghb`
+    /// @param epoch              of the coefficients: 2010.0, or 2005.0
     void ExtraPSH(double date, int mainFieldDegree, int changeFieldDegree, int target, double epoch);
 
-    /// Synthesises the field from a coefficient array. The cosine of the latitude is kept off the poles.
-    /// @param coordinateSystem    1 geodetic (latitude and height over the ellipsoid), else geocentric
+    /// Computes the field from a coefficient array. Latitudes beyond 89.999 degrees keep the cosine of 89.999.
+    /// @param coordinateSystem    1 geodetic (latitude and height above the ellipsoid), else geocentric
+    /// @param maximumDegree       1..13
     /// @param target              the array: 3 is `gha`, 4 is `ghb`
     /// @param latitude,longitude  degrees, north and east positive
-    /// @param altitude            km over the ellipsoid; geocentric: from the Earth's centre
+    /// @param altitude            km above the ellipsoid; geocentric: from the Earth's centre
     /// @return nT to the north, to the east and downward
     FieldComponents SHVAL3(int coordinateSystem, int maximumDegree, int target, double latitude, double longitude,
                            double altitude);
 
-    /// Declination and inclination (radians), horizontal and total intensity (nT) of the last synthesis of an array,
-    /// into the fields for target 3, the `Temp` fields for 4. A declination that is undefined (no horizontal field) is
-    /// -1.0.
+    /// Sets declination and inclination (radians), horizontal and total intensity (nT) from the last synthesis of an
+    /// array. An undefined declination (horizontal field below 0.0001 nT) is -1.0.
+    /// @param target  3: the fields of the date; 4: the `Temp` fields, one year later
     void DIHF(int target);
 
-    /// The field of a date, for `declination` at many places.
+    /// The coefficients of a date, for `declination` at many places.
     struct Field {
         Coefficients coefficients{};
     };
     static Field fieldAt(int day, int month, int year);
 
-    /// What the synthesis takes from a place and no date enters, for `declination` on many dates.
-    struct PlaceTerms {
-        double cosTilt = 1.0, sinTilt = 0.0, sinLatitude = 0.0, cosLatitude = 1.0;
-        std::array<double, 104> P{}, Q{};
-        std::array<double, mainDegree + 1> scales{}, sines{}, cosines{};
+    /// The part of the synthesis that depends on the place alone, for `declination` on many dates.
+    /// @tparam Value  double, or two of them side by side for two places
+    template <typename Value>
+    struct TermsOf {
+        Value cosTilt{}, sinTilt{}, sinLatitude{}, cosLatitude{};
+        std::array<Value, 104> P{}, Q{};
+        std::array<Value, mainDegree + 1> scales{}, sines{}, cosines{};
     };
-    static PlaceTerms termsAt(double latitude, double longitude, double altitude);
-
-    /// What `getMagneticVariation` returns, and nothing else.
-    static double declination(const Field& field, const PlaceTerms& place);
-
-    /// Magnetic declination. Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, those of
-    /// `Temp` in radians.
+    using PlaceTerms = TermsOf<double>;
     /// @param latitude,longitude  degrees, north and east positive
     /// @param altitude            metres
-    /// @return degrees, positive to the east
+    static PlaceTerms termsAt(double latitude, double longitude, double altitude);
+
+    /// The result of `getMagneticVariation`, without filling fields.
+    static double declination(const Field& field, const PlaceTerms& place);
+
+    struct Point {
+        double latitude, longitude;  ///< degrees, north and east positive
+        double altitude;             ///< metres
+    };
+
+    /// The declinations at many places on one date, two at a time: the same bits as one by one, sooner.
+    /// @param results  as many as there are places
+    static void declinations(const Field& field, std::span<const Point> places, std::span<double> results);
+
+    /// Magnetic declination. Fills all eight fields; `iDeclination` and `iInclination` are then in degrees, the `Temp`
+    /// fields in radians. Within 0.05 degree of the World Magnetic Model 2010 from 2010 to 2012 (docs/accuracy.md).
+    /// @param latitude,longitude  degrees, north and east positive
+    /// @param altitude            metres
+    /// @return degrees, positive to the east; -1.0 where it is undefined
     double getMagneticVariation(int day, int month, int year, double latitude, double longitude, double altitude);
 
     /// The same for coordinates in degrees, minutes and seconds.
@@ -78,12 +106,12 @@ class MagneticVariation {
                                  int latitudeSeconds, int longitudeDegrees, int longitudeMinutes, int longitudeSeconds,
                                  double altitude);
 
-    const Coefficients& gha() const { return gha_; }  ///< the field at the date
-    const Coefficients& ghb() const { return ghb_; }  ///< the field one year later
-    double iDeclination() const { return now_.declination; }
-    double iInclination() const { return now_.inclination; }
-    double iHorizontalIntensity() const { return now_.horizontal; }
-    double iTotalIntensity() const { return now_.total; }
+    const Coefficients& gha() const { return gha_; }                 ///< the field at the date
+    const Coefficients& ghb() const { return ghb_; }                 ///< the field one year later
+    double iDeclination() const { return now_.declination; }         ///< east positive, see `getMagneticVariation`
+    double iInclination() const { return now_.inclination; }         ///< downward
+    double iHorizontalIntensity() const { return now_.horizontal; }  ///< nT
+    double iTotalIntensity() const { return now_.total; }            ///< nT
     double iDeclinationTemp() const { return nextYear_.declination; }
     double iInclinationTemp() const { return nextYear_.inclination; }
     double iHorizontalIntensityTemp() const { return nextYear_.horizontal; }

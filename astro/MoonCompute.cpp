@@ -10,7 +10,7 @@
 namespace quode {
 namespace {
 
-/// What multiplies the rows of the tables of the Moon, degrees; E is the factor of the Sun's mean anomaly.
+/// The mean arguments of the tables of the Moon, degrees; E is the factor of terms with the Sun's mean anomaly.
 struct MeanArguments {
     double Lp, D, M, Mp, F, E;
 };
@@ -125,7 +125,7 @@ void MoonCompute::Moon_Coordinate(double julianDay, double& declination, double&
         latitudeSum += term.sigmaB * Sin_Deg(argumentOf(term, mean)) * eccentricityFactor(term.M, mean.E);
     }
 
-    // Venus, Jupiter and the flattening of the Earth. The arguments of 318 and 382 stand the other way round in print.
+    // Venus, Jupiter and the flattening of the Earth. In the source, the terms 318 and 382 have A2 and A3 exchanged.
     const double A1 = 119.75 + 131.8489990234375 * T;
     const double A2 = 313.45001220703125 + 481266.46875 * T;
     const double A3 = 53.09000015258789 + 479264.28125 * T;

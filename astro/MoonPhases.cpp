@@ -78,7 +78,7 @@ MoonPhase phaseOf(int quarters) {
     return {phase, dynamical - deltaT(year) / 86400.0};
 }
 
-/// A number of quarters that surely lies before a moment: a true phase is never a month away from the mean one.
+/// A number of quarters that is certainly before a moment: a true phase is never a month away from the mean one.
 int quartersBefore(double julianDay) {
     return 4 * (static_cast<int>(std::floor((julianDay - epoch) / synodicMonth)) - 1);
 }

@@ -12,9 +12,9 @@
 namespace quode {
 namespace {
 
-constexpr double degreesPerDay = 347.81;  // by which the Moon's hour angle grows, on average
+constexpr double degreesPerDay = 347.81;  // mean growth of the Moon's hour angle
 
-/// Mean sidereal time at Greenwich, degrees, not reduced. Source: J. Meeus, Astronomical Algorithms, chapter 12.
+/// Mean sidereal time at Greenwich, degrees, not reduced. Source: J. Meeus, Astronomical Algorithms, (12.4).
 double greenwichSiderealAngle(double julianDay) {
     const double days = julianDay - 2451545.0;
     const double T = days / 36525.0;

@@ -8,7 +8,7 @@
 
 namespace quode {
 
-/// The two angles that `KibleAcisi` gives.
+/// The two angles that `FastAstro::KibleAcisi` returns. Fixed names: all of this file.
 struct KiblePair {
     double i = 0.0;  ///< auxiliary angle of the qibla time, radians
     double K = 0.0;  ///< qibla angle, degrees counter-clockwise from north (minus the azimuth, or 360 minus it)
@@ -28,7 +28,7 @@ struct SunInfoForPray {
     double SunNextSet = 0.0;   ///< of the day, universal time, or -1.0
 };
 
-/// A place, its clock, and what has been computed for it.
+/// A place, its clock, and the values computed for it.
 struct Place {
     int ID = 0;
     std::string CountryName, CityName, TownName, TownShipName;

@@ -7,7 +7,8 @@
 namespace quode {
 
 /// The times of one day at one place, in decimal hours of the place's clock (zone and summer time included).
-/// -1.0 marks a time that does not exist that day. The flags tell which times come from a fallback.
+/// -1.0 marks a time that does not exist that day. The flags show which times come from a fallback.
+/// Fixed names: all fields; the order of the slots.
 struct PrayTimes {
     double Imsak = 0.0;         ///< dawn: Sun 19 degrees below the horizon, less the margin
     double Gunes = 0.0;         ///< sunrise, less the margin
@@ -21,7 +22,7 @@ struct PrayTimes {
     double IsfirariSems = 0.0;  ///< yellowing of the Sun: 5 degrees above the western horizon, without margin
     double Zeval = 0.0;         ///< noon, less the margin
     double Teheccud = 0.0;      ///< dawn less one sixth of the night
-    double KibleSun = 0.0;      ///< the Sun stands in the qibla direction; the zone is not added to this one
+    double KibleSun = 0.0;      ///< the Sun stands in the qibla direction; without the zone's hours
     double KibleMoon = 0.0;     ///< never written
     double Gece2 = 0.0;         ///< sunset plus half of the night
     double Gece3 = 0.0;         ///< sunset plus a third of the night
@@ -50,7 +51,8 @@ struct PrayTimes {
 
     static constexpr int slotCount = 33;
 
-    /// The time of a slot, 0 (Imsak) to 32 (newLat), in the order of declaration.
+    /// The time of a slot.
+    /// @param index  0 (Imsak) to 32 (newLat), in the order of declaration; not checked
     double slot(int index) const { return this->*slotFields()[static_cast<std::size_t>(index)]; }
     double& slot(int index) { return this->*slotFields()[static_cast<std::size_t>(index)]; }
 

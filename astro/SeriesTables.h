@@ -36,13 +36,13 @@ struct PhaseTerm {
 };
 #include "astro/tables/moon_phase_terms.inc"
 
-/// degrees + degreesPerK * k, and the coefficient in days.
+/// The argument degrees + degreesPerK * k, and the coefficient in days.
 struct PlanetaryTerm {
     double degrees, degreesPerK, coefficient;
 };
 #include "astro/tables/moon_phase_planetary.inc"
 
-/// Main field and yearly change of the epochs 2005 and 2010, nT; the change ends at degree 8.
+/// Main field and yearly change of the epochs 2005 and 2010, nT; there is no change above degree 8.
 struct FieldCoefficient {
     double main2005, change2005, main2010, change2010;
 };

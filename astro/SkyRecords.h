@@ -4,10 +4,12 @@
 
 namespace quode {
 
-/// The mark of a moonrise or moonset that was not found, and of a Moon altitude that cannot be given.
+/// The mark of a moonrise or moonset that was not found, and of a Moon altitude that does not exist.
 inline constexpr double missingMoonTime = -1650.0;
 
-/// The Moon at one moment, as `MoonInformation` returns it.
+// ---- Fixed names: the records of this file and their fields ----
+
+/// The Moon at one moment, as `FastAstro::MoonInformation` returns it.
 struct MoonInfo {
     double Dec = 0.0;                  ///< declination, degrees
     double RA = 0.0;                   ///< right ascension, hours
@@ -27,7 +29,7 @@ struct MoonInfo {
     double GHA = 0.0;                  ///< Greenwich hour angle, degrees
 };
 
-/// The Sun at one moment, as `SunInformation` returns it.
+/// The Sun at one moment, as `FastAstro::SunInformation` returns it.
 struct SunData {
     double Dec = 0.0;           ///< declination, degrees
     double RA = 0.0;            ///< right ascension, hours
@@ -54,7 +56,7 @@ struct DirectionInfo {
     double MoonElongation = 0.0;                 ///< degrees
 };
 
-/// What is looked at when a crescent is judged.
+/// The values that decide whether a crescent can be seen.
 struct CrescentInfo {
     double SunRise = 0.0, SunSet = 0.0;  ///< universal time, hours, or -1.0
     double MoonAltitude = 0.0;           ///< apparent altitude, degrees
@@ -68,14 +70,14 @@ struct WidgetSkyInfo {
     double MoonAltitudeOnSunSet = 0.0;     ///< apparent altitude in degrees, or -1650.0
 };
 
-/// One day in several calendars, as `ConvertAllCalendar` fills it.
+/// One day in several calendars, as `FastAstro::ConvertAllCalendar` fills it.
 struct AllCalendarInfo {
     int GregorianDay = 0, GregorianMonth = 0, GregorianYear = 0;
     int DayOfWeek = 0;  ///< 0 = Sunday
     int HijriDay = 0, HijriMonth = 0, HijriYear = 0;
     bool isSummerSeason = false;  ///< true from 6 May to 7 November
     int RumiDay = 0, RumiMonth = 0, RumiYear = 0;
-    int DayOfSeason = 0;    ///< counted from 6 May or 8 November, that day being 1
+    int DayOfSeason = 0;    ///< counted from 6 May or 8 November, which is day 1
     double reserved = 0.0;  ///< never written
 };
 

@@ -21,7 +21,7 @@ double sineOf(int angle) {
     return std::sin(static_cast<double>(static_cast<float>(angle * degree)));
 }
 
-/// The sine of a whole number of degrees; of those that the prayer times need, from a table.
+/// The sine of a whole number of degrees, from a table for those that the prayer times need.
 double sinOfAltitude(int angle) {
     constexpr int lowest = -20, highest = 10;
     static const auto sines = [] {
@@ -71,7 +71,8 @@ void SunCourse::solve(std::span<Search> searches) const {
     }
 }
 
-/// Takes one step of a search. Returned: whether it was the last one.
+/// Takes one step of a search.
+/// @return true when it was the last one
 bool SunCourse::isFinished(Search& search, double cosH) const {
     constexpr double oneSecond = 0.00027777778450399637, almostOne = 0.9990000128746033;
     const double previous = search.result;

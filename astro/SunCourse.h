@@ -9,13 +9,13 @@
 
 namespace quode {
 
-/// The search for the times at which the Sun reaches altitudes on a day: `FastAstro::Iterasyon`, for several altitudes
-/// at once. The searches go pass by pass, side by side; each takes the very steps that it takes alone.
+/// The search for the times at which the Sun reaches altitudes on a day: `FastAstro::Iterasyon` for several altitudes
+/// at once. All searches advance together, pass by pass; each takes exactly the steps that it takes alone.
 class SunCourse {
   public:
     static constexpr std::size_t mostSearches = 9;
 
-    /// One search, as `Iterasyon` takes its arguments and gives its results.
+    /// One search, with the parameters and results of `FastAstro::Iterasyon`.
     struct Search {
         int angle, side;
         double temkin;
@@ -23,13 +23,16 @@ class SunCourse {
         int found = 1;
     };
 
-    /// Both records are kept by reference.
+    /// @param sun,observer         kept by reference
+    /// @param longitudeCorrection  -longitude / 15, hours
+    /// @param GMTValue             hours east of Greenwich
     SunCourse(const SunInfoForPray& sun, const LatitudeTrig& observer, double longitudeCorrection, double GMTValue);
 
-    /// Makes the searches, `mostSearches` at most.
+    /// Runs the searches.
+    /// @param searches  at most `mostSearches`; receive their results
     void solve(std::span<Search> searches) const;
 
-    /// The time of one search, or the mark.
+    /// The time of one search in local hours; -1.0 when the altitude is not reached.
     double timeOf(int angle, int side, double temkin) const;
 
   private:

@@ -14,8 +14,8 @@ namespace {
 constexpr double twoDegrees = 0.03490658476948738;
 constexpr double threeDegrees = 0.05235987901687622;
 
-/// The places of the Sun at several moments, step by step for all of them: the steps of one wait for each other, those
-/// of different moments do not.
+/// The places of the Sun at several moments, each step for all moments together: the steps of one moment depend on each
+/// other, those of different moments do not, so the processor overlaps them.
 template <std::size_t count>
 void computeSunMoments(const std::array<SunMoment*, count>& moments) {
     std::array<double, count> T, M, sinM, sin2M, sin3M, node, sinNode, cosNode, longitude, epsilon, sinLongitude,

@@ -8,10 +8,10 @@
 
 namespace quode {
 
-/// The Sun by its mean elements at a moment; `FastAstro::SunDecRA`.
+/// The Sun by its mean elements at a moment, as `FastAstro::SunDecRA` computes it.
 SunMoment sunMomentAt(double julianDay);
 
-/// The same at three moments at once, into records of which those that hold their moment already are left.
+/// Computes the Sun at three moments together, which is faster. Records that already hold their moment stay.
 void computeMissing(const std::array<SunMoment*, 3>& moments, const std::array<double, 3>& julianDays);
 
 }  // namespace quode

@@ -6,8 +6,8 @@
 
 namespace quode {
 
-/// A date with a time of day, Gregorian or Hijri alike; the one record that everything shares.
-/// Years are counted without a year 0: the year before 1 is -1.
+/// A date with a time of day, Gregorian or Hijri; all of Quode shares this record.
+/// Years are counted without a year 0: the year before 1 is -1. Fixed names: all fields and `VAKDateMake`.
 struct VAKDate {
     std::int32_t Years = 0;
     std::int32_t Months = 0;   ///< 1..12
@@ -20,12 +20,12 @@ struct VAKDate {
     friend bool operator==(const VAKDate&, const VAKDate&) = default;
 };
 
-/// The record of a date and time of day. Note the order day, month, year.
+/// Makes the record of a date and time of day. Note the order day, month, year.
 constexpr VAKDate VAKDateMake(int day, int month, int year, int hour, int minute, int second) {
     return {year, month, day, hour, minute, second, 0.0};
 }
 
-/// True when both records name the same day, whatever the time of day.
+/// True when both records are of the same day; their times of day do not matter.
 constexpr bool sameDay(const VAKDate& a, const VAKDate& b) {
     return a.Years == b.Years && a.Months == b.Months && a.Days == b.Days;
 }

@@ -76,7 +76,7 @@ WorldMagneticModel::Direction WorldMagneticModel::at(double year, double latitud
         const double g = term.g + years * term.gChange, h = term.h + years * term.hChange;
         const double c = std::cos(term.order * lambda), s = std::sin(term.order * lambda);
         const double power = std::pow(referenceRadius / point.radius, term.degree + 2);
-        north += power * (g * c + h * s) * legendre.slope[n][m];  // the colatitude grows to the south
+        north += power * (g * c + h * s) * legendre.slope[n][m];  // the colatitude increases southward
         east += power * term.order * (g * s - h * c) * legendre.value[n][m];
         down -= power * (term.degree + 1) * (g * c + h * s) * legendre.value[n][m];
     }

@@ -10,7 +10,7 @@ namespace quode {
 /// Degrees to radians: pi / 180 in single precision. The engine's results depend on it.
 inline constexpr double degree = 0.01745329238474369;
 
-/// Radians to degrees, the engine's own inverse; used instead of a division.
+/// Radians to degrees, the engine's inverse of `degree`; used instead of a division.
 inline constexpr double degreesPerRadian = 57.295780181884766;
 
 inline double sinDeg(double angle) {
@@ -23,23 +23,23 @@ inline double tanDeg(double angle) {
     return std::tan(angle * degree);
 }
 
-/// The whole part, as std::trunc, without its call.
+/// The whole part, as std::trunc gives it, without a function call.
 inline double wholePart(double x) {
     constexpr double largest = 9e15;
     return std::abs(x) < largest ? static_cast<double>(static_cast<std::int64_t>(x)) : std::trunc(x);
 }
 
-/// Arc sine in radians. An argument that rounding has carried past 1 counts as 1; one that lies farther outside has no
-/// real angle and gives a NaN, which the caller turns into a mark.
+/// Arc sine in radians. An argument that exceeds 1 by rounding alone counts as 1; farther outside -1..1 the result is a
+/// NaN, which the caller turns into a mark.
 inline double safeAsin(double x) {
     constexpr double rounding = 1e-9;
     return std::asin(std::abs(x) > 1.0 && std::abs(x) < 1.0 + rounding ? std::copysign(1.0, x) : x);
 }
 
-/// Nearer to the zenith or to a pole than this, as the horizontal part of a unit vector, a direction has no azimuth.
+/// Below this horizontal part of a unit vector, near the zenith or a pole, a direction has no azimuth.
 inline constexpr double smallestHorizontal = 1e-7;
 
-/// The value, or the mark where it is no real number.
+/// The value; the mark where it is a NaN or an infinity.
 inline double realOr(double mark, double value) {
     return std::isfinite(value) ? value : mark;
 }

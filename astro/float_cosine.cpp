@@ -10,7 +10,7 @@
 namespace quode {
 namespace {
 
-// The polynomials and the two ways of reducing an argument are those of the library's sinf and cosf.
+// The polynomials and the two argument reductions are those of the library's sinf and cosf.
 [[gnu::target("avx2,fma")]] inline __m256d all(double x) {
     return _mm256_set1_pd(x);
 }
@@ -64,8 +64,8 @@ namespace {
 }  // namespace
 
 bool FloatCosine::isVectorised() {
-    // The library's way is known by cosines whose last bit is its own: of the first only the way with fused steps gives
-    // this bit, of the others every way that does not round correctly.
+    // Three cosines whose last bit identifies the library's algorithm: the first distinguishes fused steps from separate
+    // ones, the others distinguish this algorithm from correctly rounded ones.
     static const bool vectorised = [] {
         struct Telling {
             float argument, cosine;

@@ -1,35 +1,38 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// A look ahead for the searches for rise and set: in which hours of a day a body may cross the horizon. The searches
-// then evaluate the engine's own series in those hours only. Nothing that is computed here enters a result.
+// Predicts in which hours of a day a body may cross the horizon, so that the searches for rise and set evaluate the
+// engine's series in those hours only. Nothing that is computed here enters a result.
 #pragma once
 
 #include <array>
 
 namespace quode {
 
-/// What the parabola through three hours (before, middle, after) does with zero.
+/// How the parabola through three hours (before, middle, after) crosses zero.
 enum class Crossing : unsigned char {
     none,     ///< stays on one side
     rising,   ///< has exactly one root, and was below before
     setting,  ///< has exactly one root, and was above before
-    unclear,  ///< too near to tell
+    unclear,  ///< too close to decide
 };
 
-/// The heights of a body at the whole hours of one search, by short formulas that follow the engine's own series.
+/// The heights of a body at the whole hours of one search, by short formulas with a bounded error against the engine's
+/// series.
 class HorizonForecast {
   public:
     enum class Body { sun, moon };
 
-    /// midnight     Julian day of 0 h of the day, from which hours are counted
-    /// firstHour    the first of 25 hours
-    /// sinLatitude, cosLatitude, longitude (degrees, east positive): the place
-    /// siderealTime Greenwich mean sidereal time at midnight, hours
-    /// sinDepth     what is added to the sine of the altitude
+    /// @param midnight                 Julian day of 0 h of the day, from which hours are counted
+    /// @param firstHour                the first of 25 hours
+    /// @param sinLatitude,cosLatitude  of the place
+    /// @param longitude                degrees, east positive
+    /// @param siderealTime             Greenwich mean sidereal time at midnight, hours
+    /// @param sinDepth                 added to the sine of the altitude
     HorizonForecast(Body body, double midnight, int firstHour, double sinLatitude, double cosLatitude, double longitude,
                     double siderealTime, double sinDepth);
 
-    /// What happens from one hour before to one hour after an hour.
+    /// The crossing from one hour before to one hour after an hour.
+    /// @param hour  `firstHour` + 1 to `firstHour` + 23
     Crossing at(int hour) const {
         const auto i = static_cast<std::size_t>(hour - firstHour_);
         return kindOf(heights_[i - 1], heights_[i], heights_[i + 1]);
@@ -41,12 +44,13 @@ class HorizonForecast {
     };
     static SunDeclination sunDeclination(double julianDay);
 
+    /// Sine of the altitude plus `sinDepth` at an hour.
     double height(int hour) const { return heights_[static_cast<std::size_t>(hour - firstHour_)]; }
 
   private:
-    // The heights are within 0.003 of the engine's own in the years 1 to 9999, most of it from the sidereal time that
-    // the engine takes in single precision. Between three hours a parabola leaves the nearest of them by 0.0086 + 0.003
-    // at most.
+    // The heights differ from the engine's by less than 0.003 in the years 1 to 9999, mostly because the engine's
+    // sidereal time has single-precision steps. Between three hours a parabola departs from the nearest of them by
+    // 0.0086 + 0.003 at most.
     static constexpr double error = 0.004;
     static constexpr double farFromZero = 0.018;
 

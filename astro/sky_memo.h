@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What the engine remembers: of Sun and Moon what no place enters, so that searches, days and cities share it, and what
-// the searches of one place share. Each record holds what it was computed for, and counts only for exactly that.
+// The engine's caches: values of Sun and Moon that do not depend on the place, shared by searches, days and cities, and
+// values that the searches of one place share. Each record holds the input that it was computed for, and is used only
+// for exactly that input.
 #pragma once
 
 #include <array>
@@ -12,7 +13,7 @@
 
 namespace quode {
 
-/// Equals nothing, so that a record that holds it counts for nothing.
+/// Compares unequal to everything, so an empty record never matches.
 inline constexpr double nothingYet = std::numeric_limits<double>::quiet_NaN();
 
 /// The Sun at a moment, by its mean elements, and the sidereal time of the moment.
@@ -37,8 +38,8 @@ struct MoonMoment {
     double siderealTime = 0.0;  ///< at Greenwich, hours
 };
 
-/// What the search for moonrise and moonset has computed for one hour. Both searches, and every later one of the same
-/// day and place, look at the same hours.
+/// The values of the search for moonrise and moonset at one hour. Both searches, and every later one of the same day and
+/// place, use the same hours.
 struct MoonHour {
     double julianDay = nothingYet, Lat = 0.0, Lon = 0.0;  ///< what the rest was computed for
     double before = 0.0, middle = 0.0, after = 0.0;       ///< sines of altitude above the rising Moon's
@@ -48,18 +49,18 @@ struct MoonHour {
 
 /// A search for sunrise and sunset that found both, with the fields as it left them.
 struct SunSearch {
-    double midnight = nothingYet, Lat = 0.0, Lon = 0.0;  ///< what was searched
+    double midnight = nothingYet, Lat = 0.0, Lon = 0.0;  ///< the day and place of the search
     int zone = 0;
     double UTRise = 0.0, UTSet = 0.0, YE = 0.0, Zero1 = 0.0, Zero2 = 0.0, DX = 0.0;
     double SunDec = 0.0, SunRA = 0.0, EclipticLongitude = 0.0;
 };
 
-/// The observer's latitude, and what the searches take from it.
+/// The observer's latitude with its sine and cosine.
 struct LatitudeTrig {
     double latitude = nothingYet, sine = 0.0, cosine = 0.0;
 };
 
-/// The observer's longitude, degrees, and the same in hours, both east positive.
+/// The observer's longitude in degrees and in hours, both east positive.
 struct Meridian {
     double longitude = nothingYet, hours = 0.0;
 };
@@ -70,7 +71,7 @@ struct QiblaPoint {
     KiblePair kible;
 };
 
-/// A table with one place for each key; a new entry takes the place of an old one.
+/// A table with one slot for each key modulo its size; a new entry replaces an old one.
 template <typename Entry, std::size_t size>
 class SkyTable {
   public:
@@ -80,8 +81,8 @@ class SkyTable {
     std::array<Entry, size> entries_{};
 };
 
-/// What many places share on a day, or one place on many days: give one to each engine by `FastAstro::share`. It is
-/// used by one thread at a time.
+/// The values that many places share on a day, or one place on many days: pass it to the engines with
+/// `FastAstro::share`. One thread at a time may use it.
 struct SkyMemo {
     SkyTable<SunMoment, 128> sunMoments;
     SkyTable<SunMidnight, 1024> sunMidnights;

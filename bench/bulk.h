@@ -56,11 +56,10 @@ inline std::vector<double> declinationsOfDays(const Site& site, std::span<const 
 
 inline std::vector<double> declinationsOfPlaces(std::span<const Site> sites, const VAKDate& day) {
     const auto field = MagneticVariation::fieldAt(day.Days, day.Months, day.Years);
-    std::vector<double> results;
-    for (const Site& site : sites) {
-        results.push_back(MagneticVariation::declination(
-            field, MagneticVariation::termsAt(site.latitude, site.longitude, benchHeight)));
-    }
+    std::vector<MagneticVariation::Point> places;
+    for (const Site& site : sites) places.push_back({site.latitude, site.longitude, benchHeight});
+    std::vector<double> results(sites.size());
+    MagneticVariation::declinations(field, places, results);
     return results;
 }
 

@@ -20,6 +20,9 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
+# What is installed belongs to a component, which is a package: programs, panel, data, library, devel or python.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME programs)
+
 # The build tree has the shape of an installation: programs find the bundle at ../lib/quode/Quode.bundle in both.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(QUODE_LIBRARY_DIR ${PROJECT_BINARY_DIR}/lib/quode)

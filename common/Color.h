@@ -4,7 +4,7 @@
 
 namespace quode {
 
-/// A colour; each component is 0..1.
+/// A colour; each component is 0..1. Fixed names: all fields.
 struct Color {
     double red = 0.0;
     double green = 0.0;

@@ -20,7 +20,7 @@ constexpr double tabletWidgetWidth = 480.0;
 constexpr double dayButtonHeight = 18.0;
 constexpr Size circleButton{40.0, 22.0};
 
-// The whole part of a length; 0 for NaN, the nearest int for what no int can hold.
+// The whole part of a length; 0 for NaN, the nearest int beyond the range of int.
 std::int32_t truncated(double length) {
     using Limits = std::numeric_limits<std::int32_t>;
     if (std::isnan(length)) return 0;
@@ -37,7 +37,7 @@ std::optional<GlobalFuncs>& GlobalFuncs::shared() {
 }
 
 GlobalFuncs& GlobalFuncs::startUp(Platform platform) {
-    // The object is built in place, so that references to an earlier one stay good.
+    // In place, so that references to an earlier object stay valid.
     shared().reset();
     return shared().emplace(Key{}, std::move(platform));
 }
@@ -99,8 +99,8 @@ void GlobalFuncs::detectSystemVersion() {
 
 void GlobalFuncs::getLangId() {
     const Locale& locale = *platform_.locale;
-    clockConvention_.amSym = locale.lowerCased(locale.amSymbol());
-    clockConvention_.pmSym = locale.lowerCased(locale.pmSymbol());
+    clockConvention_.amSym = locale.lowerAmSymbol();
+    clockConvention_.pmSym = locale.lowerPmSymbol();
     const bool isTurkish = clockConvention_.amSym == "öö" && clockConvention_.pmSym == "ös";
     languageId_ = chosenLanguageId_.value_or(isTurkish ? languageTurkish : languageEnglish);
 }

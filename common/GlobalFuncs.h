@@ -18,63 +18,77 @@
 
 namespace quode {
 
-/// The one shared-services object of a process: settings, colours, device and screen facts, paths, the debug log, the
-/// texts of the language pack, and calendar and formatting by the device's clock and habits.
+/// The one shared-services object of a process: settings, colours, device and screen, paths, the debug log, the texts of
+/// the language pack, and calendar and formatting by the device's clock and locale.
 ///
-/// A program's main calls startUp once; every other place reaches the object through globalFuncs. Everything runs on
-/// the main thread. Arithmetic and formatting are also to be had without this object, see "common/calendar.h" and
+/// A program's main calls `startUp` once; all other code gets the object from `globalFuncs`. Use it on the main thread
+/// only. Arithmetic and formatting are also available as free functions, see "common/calendar.h" and
 /// "common/formatting.h".
+///
+/// @code
+///   quode::GlobalFuncs& services = quode::GlobalFuncs::startUp(quode::systemPlatform());  // "platform/system_platform.h"
+///   services.setApplicationBundlePath("/usr/lib/quode/Quode.bundle");
+///   services.loadLanguageFile();
+///   const std::optional<std::string> dawn = services.GetTextPrayLabels(200);
+///   const std::string time = services.timeLeadingZero(5.5);  // "05:30"; in a 12-hour locale with its symbol
+/// @endcode
+///
+/// Fixed names: all, except `startUp`, `platform`, `measureScreen`, `chooseLanguage`, `setLanguage`, `clockConvention`,
+/// `dataFolder` and `dataFolderProblem`.
 class GlobalFuncs {
     struct Key {};  // keeps the constructor to this class
 
   public:
-    /// Creates the shared object on this platform. A later call recreates it in the same place, with all its state,
-    /// which tests use; references to it stay valid.
+    /// Creates the shared object on a platform. A later call, as in tests, replaces it with a new one at the same address;
+    /// references stay valid, but all state is lost.
     static GlobalFuncs& startUp(Platform platform);
 
-    /// The shared object. Throws std::logic_error before the first startUp.
+    /// The shared object.
+    /// @throw std::logic_error  before the first `startUp`
     static GlobalFuncs& globalFuncs();
 
     GlobalFuncs(Key, Platform platform);
     GlobalFuncs(const GlobalFuncs&) = delete;
     GlobalFuncs& operator=(const GlobalFuncs&) = delete;
 
-    /// The platform that the object works on.
+    /// The platform given to `startUp`.
     const Platform& platform() const { return platform_; }
 
-    // --- settings, language choice and colours
-    // -------------------------------------------------------------------------
+    // ---- settings, language choice and colours ----------------------------------------------------------------------
 
-    /// Sets the folder of the bundle, below which images and language packs are found. To be called before either is
-    /// asked for.
+    /// Sets the folder of the bundle, which contains images and language packs. Call it before using either.
     void setApplicationBundlePath(std::string path) { appBundlePath_ = std::move(path); }
 
+    /// The settings of this process.
     Settings& getSettings() { return generalSettings_; }
     const Settings& getSettings() const { return generalSettings_; }
 
-    /// Settings are not kept between runs: this leaves them as they are.
+    /// Does nothing: settings are not stored between runs.
     void loadSettings() {}
 
-    /// Takes AM and PM symbols, in lower case, from the locale; the language is Turkish (0) when they are "öö" and
-    /// "ös", else English (1); a language chosen by chooseLanguage stays. Other languages are set with setLanguageId or
-    /// setLanguage, until this is called again.
+    /// Takes AM and PM symbols, in lower case, from the locale, and sets the language: Turkish (0) when they are "öö" and
+    /// "ös", else English (1). A language chosen by `chooseLanguage` stays; one set by `setLanguageId` or `setLanguage`
+    /// does not.
     void getLangId();
 
-    /// Keeps to a language of the user's own choice, whatever the locale's is: getLangId yields it from now on. Its
-    /// texts are there after loadLanguageFile.
+    /// Chooses a language that overrides the locale: `getLangId` keeps it. Its texts are available after
+    /// `loadLanguageFile`.
     /// @param name  "tr", "en", "fr" or "de"; empty to follow the locale again
-    /// @return false, and nothing is changed, when the name is another one
+    /// @return false, with nothing changed, for another name
     bool chooseLanguage(std::string_view name);
 
-    /// Chooses a language by its name "tr", "en", "fr" or "de"; its texts are there after loadLanguageFile.
-    /// @return false, and nothing is changed, when the name is another one
+    /// Sets the language until the next `getLangId`. Its texts are available after `loadLanguageFile`.
+    /// @param name  "tr", "en", "fr" or "de"
+    /// @return false, with nothing changed, for another name
     bool setLanguage(std::string_view name);
 
     /// Takes the 12/24-hour convention from the locale.
     void getTimeFormat();
 
-    /// Takes the five colours from the scheme of the settings; from the default scheme when its id is outside 0..5.
+    /// Takes the five colours from the scheme of the settings; from the default scheme (1) when its id is outside 0..5.
     void updateUIColors();
+
+    // Values of the settings, the locale and the colour scheme; setters override them until they are taken again.
 
     bool is24Hour() const { return clockConvention_.is24Hour; }
     void setIs24Hour(bool value) { clockConvention_.is24Hour = value; }
@@ -99,11 +113,10 @@ class GlobalFuncs {
     const Color& fifthColor() const { return colors_[4]; }
     void setFifthColor(const Color& value) { colors_[4] = value; }
 
-    /// The 12/24-hour convention and the symbols, as the functions of "common/formatting.h" take them.
+    /// The 12/24-hour convention and the symbols, for the functions of "common/formatting.h".
     const formatting::ClockConvention& clockConvention() const { return clockConvention_; }
 
-    // --- device and geometry
-    // -------------------------------------------------------------------------------------------
+    // ---- device and geometry ----------------------------------------------------------------------------------------
 
     /// 0 = phone, 1 = tablet or larger.
     std::int32_t getDeviceType() const { return deviceType_; }
@@ -114,92 +127,93 @@ class GlobalFuncs {
     /// Generation of the operating system: 1, 2, 3 for versions 6, 7, 8; 0 for those below and for 9 and above.
     std::int32_t getIOSVersion() const { return iosVersion_; }
 
-    /// Measures the device's screen again; by itself the object keeps to what it found at its creation. For a host that
-    /// gives the widget another width between two presentations.
+    /// Measures the device's screen again, for a host that changes the width of the widget between two presentations.
+    /// Otherwise the sizes are those at the object's creation.
     void measureScreen();
+
+    // Sizes of the screen and of the widget's area, whole points.
 
     std::int32_t getScreenWidth() const;
     std::int32_t getScreenHeight() const;
-
-    /// Left margin of the widget's area, in points.
     std::int32_t getWidgetLeft() const;
     std::int32_t getWidgetWidth() const;
     std::int32_t getWidgetHeight() const;
 
     bool getZoomed() const { return isZoomed_; }
 
-    /// Stores the state and computes the button sizes for it.
+    /// Stores the zoom state and computes the button sizes for it.
     void setZoomed(bool zoomed);
 
-    /// Size of a day button; zero until setZoomed was called.
+    /// Size of a day button, points; zero before the first `setZoomed`.
     Size getDayButtonSize() const { return dayButtonSize_; }
 
-    /// Size of a round button; zero until setZoomed was called.
+    /// Size of a round button, points; zero before the first `setZoomed`.
     Size getCircleButtonSize() const { return circleButtonSize_; }
 
-    // --- files and images
-    // ----------------------------------------------------------------------------------------------
+    // ---- files and images -------------------------------------------------------------------------------------------
 
     /// The folder of the user's files and of the debug log.
     const std::string& dataFolder() const { return platform_.dataFolder; }
 
-    /// What is wrong with the data folder, for the user to read; nothing when files can be kept there. Found out at
-    /// start-up: the program works without the folder, but keeps nothing.
+    /// What is wrong with the data folder, as a message for the user; nothing when it can be used. Checked at start-up:
+    /// without the folder the program works, but stores nothing.
     const std::optional<std::string>& dataFolderProblem() const { return dataFolderProblem_; }
 
-    /// True when a file is there. A failure is logged and reads as false.
+    /// True when a file exists. A failure is logged and gives false.
     bool fileExists(const std::string& path) noexcept;
 
-    /// Deletes a file of the data folder when it may be deleted; otherwise it stays, silently. A failure is logged.
+    /// Deletes a file of the data folder. Does nothing when the file may not be deleted; a failure is logged.
     void deleteFileOnMobilePath(const std::string& fileName) noexcept;
 
     /// The path of an image of the bundle's own folder. The file need not exist.
     std::string getImagePathOnRoot(std::string_view name) const;
 
-    /// The path of an image of the bundle's "images" folder: the tablet's own one where there is one, else the phone's.
+    /// The path of an image of the bundle's "images" folder: the tablet's image where it exists, else the phone's.
     std::string getImagePathOnImages(std::string_view name);
 
     /// The path of an image of the bundle's "images" folder, in the single resolution.
     std::string getImagePathWithout2X(std::string_view name) const;
 
-    /// Adds an entry to a pick list.
+    /// Appends an entry to a pick list.
     void addComboItem(std::vector<UIComboboxItem>& items, std::string displayText, std::string originalText,
                       std::int32_t id) const;
 
-    // --- debug log
-    // -----------------------------------------------------------------------------------------------------
+    // ---- debug log --------------------------------------------------------------------------------------------------
 
+    /// The debug state; 0 after creation. It does not affect the log.
     std::int32_t getDebugState() const { return ssDebugId_; }
     void setDebugState(std::int32_t state) { ssDebugId_ = state; }
 
-    /// Adds the line "[hh:mm:ss] message" to QuodeLog.txt of the data folder, whatever the debug state. Never fails: a
+    /// Appends the line "[hh:mm:ss] message" to QuodeLog.txt in the data folder, whatever the debug state. Never fails: a
     /// line that cannot be written is lost.
     void NSLogToFile(std::string_view message) noexcept;
+
+    // The same for a text and one or two numbers.
+
     void NSLogToFileStrInt(std::string_view text, std::int32_t value);
     void NSLogToFileStrIntInt(std::string_view text, std::int32_t first, std::int32_t second);
     void NSLogToFileStrFloat(std::string_view text, double value);
     void NSLogToFileStrFloatFloat(std::string_view text, double first, double second);
 
-    // --- language pack
-    // -------------------------------------------------------------------------------------------------
+    // ---- language pack ----------------------------------------------------------------------------------------------
 
-    /// Loads the pack of the current language from the bundle; the one held before is given up in any case. Without a
-    /// usable file there is no pack and every lookup yields nothing.
-    /// @return the problem with the path of the file, as it also stands in the log; nothing when the pack was loaded
+    /// Loads the pack of the current language from the bundle; the previous pack is dropped in any case. Without a usable
+    /// file every lookup returns nothing.
+    /// @return the problem with the path of the file, which is also logged; nothing when the pack was loaded
     std::optional<std::string> loadLanguageFile() noexcept;
 
-    /// The name of a prayer time.
+    /// The name of a prayer time; nothing without a text.
     /// @param id  200..208 (dawn, sunrise, noon, afternoon, sunset, night, forenoon, second afternoon, yellowing of the
-    /// Sun)
+    ///            Sun)
     std::optional<std::string> GetTextPrayLabels(std::int32_t id) const;
 
-    /// The full name of a Hijri month 1..12.
+    /// The full name of a Hijri month 1..12; nothing without a text.
     std::optional<std::string> GetTextHijriMonth(std::int32_t month) const;
 
-    /// The abbreviated name of a Hijri month 1..12.
+    /// The abbreviated name of a Hijri month 1..12; nothing without a text.
     std::optional<std::string> GetTextHijriMonthShort(std::int32_t month) const;
 
-    /// The caption or message of a number.
+    /// The caption or message of an id, see "common/captions.h"; nothing without a text.
     std::optional<std::string> GetKeyValue(std::int32_t id);
 
     /// The locale's full name of a Gregorian month 1..12; empty for another number.
@@ -208,14 +222,13 @@ class GlobalFuncs {
     /// The locale's abbreviated name of a Gregorian month 1..12; empty for another number.
     std::string GetTextGregorianMonthShort(std::int32_t month) const;
 
-    // --- the clock
-    // -----------------------------------------------------------------------------------------------------
+    // ---- the clock --------------------------------------------------------------------------------------------------
 
-    /// The present time of day.
-    /// @param text  when given, receives the clock text of hour and minute
+    /// The current local time of day.
+    /// @param text  not null: receives the clock text of hour and minute
     void GetClock(int& hour, int& minute, int& second, std::string* text = nullptr) const;
 
-    /// Today's date. Note the order day, month, year.
+    /// Today's local date. Note the order day, month, year.
     void GetDate(int& day, int& month, int& year) const;
 
     /// The local date and time of day of a moment.
@@ -224,14 +237,13 @@ class GlobalFuncs {
     /// The Julian day of the local date and time of day of a moment.
     double GetDateTimeJDFromNSDate(Clock::TimePoint moment) const;
 
-    /// The Julian day of the local date of a moment at 0h.
+    /// The Julian day of the local date of a moment at 0 h.
     double GetDateJDFromNSDate(Clock::TimePoint moment) const;
 
-    /// The present local date and time of day with the fraction of the second.
+    /// The current local date and time of day, with the fraction of the second in `MSeconds`.
     VAKDate GetCurrentDateTime() const;
 
-    // --- calendar arithmetic, see "common/calendar.h"
-    // ------------------------------------------------------------------
+    // ---- calendar arithmetic, see "common/calendar.h" ---------------------------------------------------------------
 
     double CalculateJulianDay(int year, int month, int day, int hour, int minute, int second) const;
     double GregorianDateToJulian(const VAKDate& date) const;
@@ -246,8 +258,7 @@ class GlobalFuncs {
     double frac(double x) const;
     void ToHMS(int& hour, int& minute, int& second, double hours) const;
 
-    // --- formatting by the device's convention, see "common/formatting.h"
-    // ----------------------------------------------
+    // ---- formatting by the device's convention, see "common/formatting.h" -------------------------------------------
 
     std::string timeLeadingZero(double hours) const;
     std::string timeLeadingZero(int hour, int minute) const;

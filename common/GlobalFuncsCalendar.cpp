@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The clock of the shared services, and the calendar arithmetic and the formatting that they offer.
+// Clock, calendar arithmetic and formatting of the shared services.
 #include <cmath>
 
 #include "common/GlobalFuncs.h"
@@ -9,7 +9,7 @@
 namespace quode {
 namespace {
 
-// The moment from which GetCurrentDateTime counts its seconds.
+// The epoch of the seconds in GetCurrentDateTime.
 constexpr Clock::TimePoint referenceMoment = std::chrono::sys_days(std::chrono::January / 1 / 2001);
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view logFileName = "QuodeLog.txt";
 
-// The version from which on images of double resolution are looked for.
+// From this version on, images of double resolution are used.
 constexpr int firstVersionWithDoubleImages = 4;
 
 }  // namespace
@@ -71,7 +71,7 @@ void GlobalFuncs::NSLogToFile(std::string_view message) noexcept {
             fmt::format("[{:02d}:{:02d}:{:02d}] {}\n", now.Hours, now.Minutes, now.Seconds, message);
         platform_.files->append(fmt::format("{}/{}", dataFolder(), logFileName), line);
     } catch (const std::exception&) {
-        // There is no other place to report it: dataFolderProblem reports the missing folder.
+        // Lost: there is no other place to report it, and dataFolderProblem reports the missing folder.
     }
 }
 

@@ -33,7 +33,7 @@ std::string checkedText(std::string_view text) {
     return printable(text);
 }
 
-// Looks at the value itself: the library's reader ends the program where a damaged node has none.
+// Tests the value itself: the library's reader aborts the program at a damaged node without a value.
 std::string stringOf(plist_t node, const std::string& key) {
     std::uint64_t length = 0;
     const char* value = plist_get_node_type(node) == PLIST_STRING ? plist_get_string_ptr(node, &length) : nullptr;
@@ -73,7 +73,7 @@ Plist parsedBytes(std::string_view bytes) {
     return Plist(root);
 }
 
-// The library's reader of keys ends the program at one that holds a zero character, as only the binary form can.
+// The library's reader aborts the program at a key with a zero character, which only the binary form can contain.
 // Written as XML, such a list is not well formed.
 Plist withoutZeroCharacters(const Plist& binary) {
     char* xml = nullptr;
@@ -98,7 +98,7 @@ struct Language {
     std::string_view file;
 };
 
-// In the order of the ids.
+// Ordered by id.
 constexpr std::array<Language, 4> languages{{
     {"tr", "tr.lproj/tr.plist"},
     {"en", "en.lproj/en.plist"},

@@ -9,7 +9,12 @@
 
 namespace quode {
 
-/// The texts of one language, in sections. A pack that is empty has no text for anything.
+/// The texts of one language, in sections. An empty pack has no texts.
+///
+/// @code
+///   const quode::LanguagePack pack = quode::parseLanguagePack(bytes);              // the content of a .plist file
+///   const std::optional<std::string> sunrise = pack.text("PRAYERS", "TULU");       // nothing when missing
+/// @endcode
 class LanguagePack {
   public:
     using Section = std::map<std::string, std::string, std::less<>>;
@@ -21,6 +26,7 @@ class LanguagePack {
     /// The text of a key; nothing when the section or the key is missing.
     std::optional<std::string> text(std::string_view section, std::string_view key) const;
 
+    /// All sections with their texts.
     const Sections& sections() const { return sections_; }
 
   private:
@@ -28,36 +34,20 @@ class LanguagePack {
 };
 
 /// Reads a pack from the bytes of a property list, XML or binary; a leading byte-order mark is skipped.
-/// Throws std::runtime_error, saying what is wrong, when the bytes are no property list, not a dictionary of
-/// dictionaries of texts, or not UTF-8.
+/// @throw std::runtime_error  with the reason, when the bytes are not a property list, not a dictionary of dictionaries
+///                            of texts, or not UTF-8
 LanguagePack parseLanguagePack(std::string_view bytes);
 
-/// The languages of the packs by their id.
+/// The languages of the packs. Fixed values: the widget and stored settings use them.
 enum LanguageId : int { languageTurkish = 0, languageEnglish = 1, languageFrench = 2, languageGerman = 3 };
-
-/// The one of four texts, or of four sets of them, that is in a language; the English one when the id is of none.
-template <typename T>
-constexpr const T& inLanguage(int languageId, const T& turkish, const T& english, const T& french, const T& german) {
-    switch (languageId) {
-        case languageTurkish:
-            return turkish;
-        case languageFrench:
-            return french;
-        case languageGerman:
-            return german;
-        default:
-            return english;
-    }
-}
 
 /// The id of a language by its name "tr", "en", "fr" or "de"; nothing for another name.
 std::optional<int> languageIdOf(std::string_view name);
 
-/// The name of a language, "tr", "en", "fr" or "de"; an unknown id reads as English.
+/// The name of a language, "tr", "en", "fr" or "de"; that of English for an unknown id.
 std::string_view languageName(int languageId);
 
-/// The path of a language's file below the bundle's folder, such as "tr.lproj/tr.plist"; an unknown id reads as
-/// English.
+/// The path of a language's file in the bundle, such as "tr.lproj/tr.plist"; that of English for an unknown id.
 std::string_view languageFile(int languageId);
 
 }  // namespace quode

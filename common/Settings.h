@@ -9,7 +9,14 @@
 
 namespace quode {
 
-/// The general settings.
+/// The general settings of the widget. Fixed names: all fields.
+///
+/// @code
+///   quode::Settings settings;
+///   settings.uiControlColorId = 3;  // a colour scheme 0..5
+///   quode::GlobalFuncs::globalFuncs().setGeneralSettings(settings);
+///   quode::GlobalFuncs::globalFuncs().updateUIColors();
+/// @endcode
 struct Settings {
     std::int32_t buttonType = 1;                         ///< drawing style of the drawn buttons
     std::int32_t buttonShape = 5;                        ///< shape of the drawn buttons

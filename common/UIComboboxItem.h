@@ -7,7 +7,7 @@
 
 namespace quode {
 
-/// One entry of a pick list.
+/// One entry of a pick list. Fixed names: all fields.
 struct UIComboboxItem {
     std::int64_t itemID = 0;
     std::string displayText;

@@ -30,10 +30,10 @@ bool isInHijriTable(std::int64_t index) {
     return index >= 0 && index < hijriMonthCount;
 }
 
-// The table, and some days around it, lie far from the changes of the calendars: days follow days.
+// The table, with some days around it, is far from the change of the calendar: days are consecutive.
 constexpr double firstPlainDay = 2454700.0, lastPlainDay = 2469800.0;
 
-/// The index of the last month that does not begin after a midnight; -1 or `hijriMonthCount` - 1 beside the table.
+/// The index of the last month that does not begin after a midnight; -1 or `hijriMonthCount` - 1 outside the table.
 int hijriMonthAt(double midnight) {
     constexpr double meanMonth = 29.530589;
     int index = static_cast<int>((midnight - HijriFirstDayOfMonths[0]) / meanMonth);
@@ -44,8 +44,8 @@ int hijriMonthAt(double midnight) {
     return index;
 }
 
-/// `JulianToHijri` where days follow days; nothing where the moment lies so near to a whole second that the rounding of the
-/// Gregorian date on the way would decide.
+/// `JulianToHijri` where days are consecutive; nothing where the moment is so close to a whole second that the rounding of
+/// the intermediate Gregorian date would decide.
 std::optional<VAKDate> plainJulianToHijri(double julianDay) {
     constexpr double clearly = 1e-5;
     const auto dayNumber = static_cast<std::int32_t>(julianDay + 0.5);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The one conversion between a date record, a civil date of the standard library, and a count of days.
+// Conversions between a date record, a civil date of the standard library, and a count of days. Nothing throws.
 #pragma once
 
 #include <chrono>
@@ -10,7 +10,7 @@
 
 namespace quode {
 
-/// The date of a record, by the same numbers.
+/// The date with the numbers of a record; the time of day is dropped.
 std::chrono::year_month_day civilDate(const VAKDate& date);
 
 /// The day of a record in the proleptic Gregorian calendar.
@@ -19,7 +19,7 @@ std::chrono::sys_days dayOf(const VAKDate& date);
 /// The record of a day, at 0 h.
 VAKDate recordOf(std::chrono::sys_days day);
 
-/// The record of a moment of a wall clock, counted as if that clock were UTC.
+/// The record of a moment of a wall clock, in seconds since 1970 on that clock.
 VAKDate recordOf(std::chrono::sys_seconds local);
 
 /// The record of a wall clock.

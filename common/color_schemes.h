@@ -14,7 +14,8 @@ using ColorScheme = std::array<Color, 5>;
 inline constexpr int colorSchemeCount = 6;
 inline constexpr int defaultColorScheme = 1;
 
-/// The colours of a scheme 0..5; of the default scheme for any other number.
+/// The colours of a scheme.
+/// @param id  0..5; another number gives the default scheme
 ColorScheme colorScheme(int id);
 
 }  // namespace quode

@@ -12,7 +12,7 @@ constexpr int firstMonthLength = 30;
 constexpr std::size_t yearCount = 41;
 
 // The lengths of the months of each Hijri year, Muharram to Dhu al-Hijjah. They are data and follow no rule: the month
-// of 28 days in 1445 and those of 31 days in 1446 and 1462 are meant.
+// of 28 days in 1445 and those of 31 days in 1446 and 1462 are intended.
 constexpr std::array<std::array<int, 12>, yearCount> monthLengths{{
     {{30, 29, 30, 29, 30, 29, 29, 29, 30, 29, 30, 30}},  // 1430
     {{30, 29, 30, 30, 29, 30, 29, 29, 29, 30, 29, 30}},  // 1431

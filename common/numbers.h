@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Numbers read from text and written to it, the same in every locale: the decimal point is a point, nothing groups
-// digits. All of Quode reads and writes numbers by these functions; {fmt}, which also ignores the locale, lays them out
-// within longer texts.
+// Numbers as text and back, the same in every locale: the decimal mark is a point, digits are not grouped. All of Quode
+// reads and writes numbers with these functions; {fmt}, which also ignores the locale, formats them within longer texts.
 #pragma once
 
 #include <array>
@@ -24,9 +23,10 @@ inline std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// Takes a number off the front of a text, without blanks or a plus sign before it.
-/// Returned: nothing when the text begins with none, or with one that is not finite or that the type cannot hold; the
-/// text stays as it was then.
+/// Removes a number from the front of a text; blanks or a plus sign before it are not accepted.
+/// @param text  receives the rest; unchanged when nothing is returned
+/// @return nothing when the text does not begin with a number, or with one that is not finite or that the type cannot
+///         hold
 template <typename Number>
 std::optional<Number> takeNumber(std::string_view& text) {
     Number value{};
@@ -39,7 +39,8 @@ std::optional<Number> takeNumber(std::string_view& text) {
     return value;
 }
 
-/// The finite number that a text is; nothing when it is anything else. Blanks around it and a plus sign are allowed.
+/// The finite number that a whole text represents; blanks around it and a plus sign are accepted.
+/// @return nothing for any other text
 template <typename Number>
 std::optional<Number> numberOf(std::string_view text) {
     text = trimmed(text);
@@ -48,8 +49,8 @@ std::optional<Number> numberOf(std::string_view text) {
     return text.empty() ? value : std::nullopt;
 }
 
-/// The number that a text begins with, after blanks and a plus sign: 0 when it begins with none. A whole number that is
-/// too large becomes the nearest end of the range; a decimal number that is too large, or not finite, counts as 0.
+/// The number at the front of a text, after blanks and a plus sign; 0 without a number. A whole number that is too large
+/// becomes the nearest end of the range; a decimal number that is too large or not finite becomes 0.
 template <typename Number>
 Number leadingNumber(std::string_view text) {
     text = trimmed(text);
@@ -64,7 +65,7 @@ Number leadingNumber(std::string_view text) {
     }
 }
 
-/// The shortest text that reads back as the same number: "3", "-3.5", "5.75".
+/// The shortest text that converts back to the same number: "3", "-3.5", "5.75".
 template <typename Number>
 std::string numberText(Number value) {
     std::array<char, 32> text{};

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The prayers, and by which name, number and field each part of Quode knows them: one table.
+// The prayers with the name, number and field that each part of Quode uses for them: one table.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace quode {
 
-/// A time of the day. The value is its code, as the language packs, the alarms and the widget use it.
+/// A time of the day. Fixed values: language packs, stored alarms and the widget use the codes.
 enum class Prayer : int {
     fajr = 200,
     sunrise = 201,
@@ -28,17 +28,17 @@ inline constexpr int firstPrayer = static_cast<int>(Prayer::fajr);
 inline constexpr int lastMainPrayer = static_cast<int>(Prayer::isha);
 inline constexpr int lastPrayer = static_cast<int>(Prayer::isfirar);
 
-/// What belongs to one prayer.
+/// The facts of one prayer. Fixed values: the keys.
 struct PrayerFacts {
     Prayer prayer;
-    const char* key;                          ///< in JSON and CSV, and on the command line
+    const char* key;                          ///< in JSON, in CSV and on the command line
     const char* packKey;                      ///< in the section PRAYERS of a language pack
     const char* plainName;                    ///< also accepted on the command line
     double PrayTimes::*time;                  ///< local decimal hours
     bool PrayTimes::*isEarlierDay = nullptr;  ///< set when the time is that of an earlier day; null: never
 };
 
-/// All prayers, in the order of their codes.
+/// All prayers, ordered by code.
 inline constexpr std::array<PrayerFacts, 9> allPrayers{{
     {Prayer::fajr, "fajr", "FAJR", "Imsak", &PrayTimes::Imsak, &PrayTimes::isImsakBeforeTime},
     {Prayer::sunrise, "sunrise", "TULU", "Gunes", &PrayTimes::Gunes},
@@ -62,12 +62,13 @@ constexpr bool isMainPrayer(int code) {
 }
 
 /// The facts of a prayer.
-/// @param code  200 to 208; anything else throws `std::out_of_range`
+/// @param code  200 to 208
+/// @throw std::out_of_range  for another code
 constexpr const PrayerFacts& factsOf(int code) {
     return allPrayers.at(static_cast<std::size_t>(code - firstPrayer));
 }
 
-/// The number of a main prayer's alarm, 1 to 6: the TIMEID of its row in the user database.
+/// The number of a main prayer's alarm, 1 to 6: the TIMEID of its row in the user database (stored, fixed).
 /// @param code  200 to 205
 constexpr int alarmNumber(int code) {
     return code - firstPrayer + 1;

@@ -5,7 +5,7 @@
 namespace quode {
 namespace {
 
-// Bytes of the control at the start of a text; 0 when it begins with something else.
+// The number of bytes of a control character at the start of a text; 0 when there is none.
 std::size_t controlLength(std::string_view text) {
     const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
     if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;

@@ -12,13 +12,13 @@ namespace quode {
 /// A value for a placeholder: a whole number for "%d", a text for "%@".
 using FormatValue = std::variant<int, std::string_view>;
 
-/// Fills the placeholders of a format of the language pack, "%d" and "%@", with the values in their order; "%%" gives
-/// "%". Throws std::invalid_argument, with the format in its text, when number or kind of the placeholders is not that
-/// of the values.
+/// Replaces the placeholders "%d" and "%@" of a format from a language pack with values, in order; "%%" gives "%".
+/// @throw std::invalid_argument  with the format in its text, when the values do not match the number and kinds of the
+///                               placeholders
 std::string filledFormat(std::string_view format, std::initializer_list<FormatValue> values);
 
-/// The kinds of the placeholders of a format in their order: "d" and "@" for each, so "" for a plain text.
-/// Throws std::invalid_argument when the format holds any other placeholder.
+/// The kinds of the placeholders of a format, in order: "d" or "@" for each, "" for a plain text.
+/// @throw std::invalid_argument  when the format contains any other placeholder
 std::string placeholdersOf(std::string_view format);
 
 }  // namespace quode

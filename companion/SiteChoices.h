@@ -18,13 +18,19 @@ void storeMethod(UserConnection& connection, int cityId, const conventions::Meth
 /// Stores the timetable of a city in place of a former one.
 void storeTimetable(UserConnection& connection, int cityId, const Timetable& table);
 
+/// Stores when the congregation of a city begins, in place of former rules.
+void storeIqama(UserConnection& connection, int cityId, const IqamaRules& rules);
+
+/// Stores all that was chosen for a city, unless a part of it could not be read.
+void storeSiteChoice(UserConnection& connection, int cityId, const SiteChoice& choice);
+
 void forgetTimetable(UserConnection& connection, int cityId);
 
 /// Copies the choices of cities from a damaged database, as far as they can be read and make sense. They hold again for
 /// a city that the user adds again. Those of the user's own places are left, for their numbers will mean other places.
 void salvageSiteChoices(UserConnection& connection, const std::filesystem::path& damaged);
 
-/// Forgets method and timetable of a city.
+/// Forgets method, timetable and congregation times of a city.
 void forgetSiteChoice(UserConnection& connection, int cityId);
 
 }  // namespace quode

@@ -11,6 +11,7 @@
 #include "common/numbers.h"
 #include "common/printable.h"
 #include "common/utf8.h"
+#include "companion/AlarmHabits.h"
 #include "companion/RingRecords.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
@@ -259,6 +260,7 @@ std::vector<UserAlarm> UserDatabase::readAlarms(const std::string& condition) co
                           sqlite3_column_double(columns, 2), std::move(sound), sqlite3_column_int(columns, 4) != 0,
                           sqlite::text(columns, 5)});
     }
+    readHabits(*connection_, alarms);
     return alarms;
 }
 
@@ -293,7 +295,7 @@ std::vector<AlarmOccurrence> UserDatabase::refreshPrayerTimes() {
     std::vector<std::pair<int, double>> changed;
     const std::vector<UserAlarm> all = alarms();
     std::vector<AlarmRule> rules;
-    for (const UserAlarm& alarm : all) rules.push_back({alarm.code, alarm.offset});
+    for (const UserAlarm& alarm : all) rules.push_back(alarm.rule());
     const std::vector<AlarmOccurrence> ofTheDay =
         alarmOccurrences(siteOf(*homeCity->city), rules, now, now + std::chrono::hours(25));
     for (const UserAlarm& alarm : all) {

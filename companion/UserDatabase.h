@@ -4,6 +4,8 @@
 // it is created, changed and repaired.
 #pragma once
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -66,6 +68,20 @@ struct UserAlarm {
     std::string sound;            ///< empty: that of the settings
     bool isOn = false;            ///< a widget or a command switches it
     std::string eventIdentifier;  ///< the calendar event; empty when there is none
+
+    // What is kept beside the row, see "companion/AlarmHabits.h".
+    unsigned days = everyDay;                 ///< of the week on which it rings
+    std::optional<int> reminder = {};         ///< minutes added to the prayer time for a second ring
+    std::chrono::sys_seconds skippedUntil{};  ///< its rings up to this moment are left out
+    std::chrono::sys_seconds mutedUntil{};    ///< so are those of all alarms up to this one
+
+    std::chrono::sys_seconds silentUntil() const { return std::max(skippedUntil, mutedUntil); }
+
+    /// When it rings; as its event stands in the calendar, without the second ring.
+    AlarmRule rule() const { return {code, offset, days, {}, silentUntil()}; }
+
+    /// The same with the second ring.
+    AlarmRule ruleWithReminder() const { return {code, offset, days, reminder, silentUntil()}; }
 };
 
 /// The largest offset of an alarm, before and after the time.

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "companion/UserSettings.h"
 
+#include <algorithm>
+
+#include "common/numbers.h"
 #include "companion/UserDatabase.h"
 #include "companion/user_connection.h"
 
@@ -14,6 +17,8 @@ constexpr const char* ringerName = "alarm.ringer";
 constexpr const char* languageName = "language";
 constexpr const char* panelName = "panel.layout";
 constexpr const char* colorsName = "panel.colors";
+constexpr const char* textName = "text.size";
+constexpr const char* trayName = "panel.tray";
 constexpr int colorSchemes = 6;
 
 const char* valueOf(PanelLayout layout) {
@@ -43,6 +48,9 @@ UserSettings loadSettings(const UserDatabase& database) {
     for (int scheme = 0; scheme < colorSchemes; ++scheme) {
         if (database.setting(colorsName) == std::to_string(scheme)) settings.colorScheme = scheme;
     }
+    const int size = numberOf<int>(database.setting(textName).value_or("")).value_or(settings.textSize);
+    settings.textSize = std::clamp(size, smallestText, largestText);
+    settings.hasTrayIcon = database.setting(trayName) != "off";
     return settings;
 }
 
@@ -54,6 +62,8 @@ void saveSettings(UserDatabase& database, const UserSettings& settings) {
         database.setSetting(languageName, settings.language);
         database.setSetting(panelName, valueOf(settings.panelLayout));
         database.setSetting(colorsName, std::to_string(settings.colorScheme));
+        database.setSetting(textName, std::to_string(settings.textSize));
+        database.setSetting(trayName, settings.hasTrayIcon ? "on" : "off");
     });
 }
 

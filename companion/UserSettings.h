@@ -27,6 +27,9 @@ enum class PanelLayout {
     tablet,
 };
 
+/// The sizes of texts that can be chosen, percent.
+inline constexpr int smallestText = 100, largestText = 200;
+
 /// The user's settings, as far as they have a meaning here.
 struct UserSettings {
     std::string defaultSound = "chime";  ///< of alarms that are set up without one
@@ -34,7 +37,9 @@ struct UserSettings {
     Ringer ringer = Ringer::quode;
     std::string language = "auto";  ///< of every program; "auto": that of the locale
     PanelLayout panelLayout = PanelLayout::automatic;
-    int colorScheme = 1;  ///< of the widget, 0..5
+    int colorScheme = 1;      ///< of the widget, 0..5
+    int textSize = 100;       ///< of windows, percent
+    bool hasTrayIcon = true;  ///< the panel has an icon where there is a tray
 
     friend bool operator==(const UserSettings&, const UserSettings&) = default;
 };

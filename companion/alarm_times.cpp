@@ -32,13 +32,23 @@ double hoursOfMinute(int minute) {
 
 void addOccurrences(const CityDay& day, std::span<const AlarmRule> alarms, sys_seconds after, sys_seconds until,
                     std::vector<AlarmOccurrence>& found) {
+    const unsigned weekdayBit = 1U << weekday(civilDate(day.date)).c_encoding();
     for (const AlarmRule& alarm : alarms) {
         const double hours = timeOfPrayer(day, alarm.code);
-        if (hours == missingTime) continue;
+        if (hours == missingTime || (alarm.days & weekdayBit) == 0) continue;
         const sys_seconds prayer = instantOf(day, hours);
-        const sys_seconds due = prayer + minutes(alarm.offset);
-        if (due > after && due <= until) found.push_back({alarm.code, due, prayer, hours, day.date});
+        const auto add = [&](int offset) {
+            const sys_seconds due = prayer + minutes(offset);
+            const bool isWanted = due > std::max(after, alarm.silentUntil) && due <= until;
+            if (isWanted) found.push_back({alarm.code, due, prayer, hours, day.date});
+        };
+        add(alarm.offset);
+        if (alarm.reminder && alarm.reminder != alarm.offset) add(*alarm.reminder);
     }
+}
+
+int reachOf(const AlarmRule& alarm) {
+    return std::max(std::abs(alarm.offset), std::abs(alarm.reminder.value_or(0)));
 }
 
 }  // namespace
@@ -46,7 +56,7 @@ void addOccurrences(const CityDay& day, std::span<const AlarmRule> alarms, sys_s
 std::vector<AlarmOccurrence> alarmOccurrences(const Site& site, std::span<const AlarmRule> alarms, sys_seconds after,
                                               sys_seconds until) {
     int reach = 0;
-    for (const AlarmRule& alarm : alarms) reach = std::max(reach, std::abs(alarm.offset));
+    for (const AlarmRule& alarm : alarms) reach = std::max(reach, reachOf(alarm));
     // A time of a day may lie on the next one, after midnight.
     const sys_days first = dayOf(wallClock(site.clock(), after - minutes(reach))) - days(1);
     const sys_days last = dayOf(wallClock(site.clock(), until + minutes(reach)));

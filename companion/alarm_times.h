@@ -14,10 +14,16 @@
 
 namespace quode {
 
+/// All days of the week: bit 0 is Sunday, bit 6 Saturday.
+inline constexpr unsigned everyDay = 0x7F;
+
 /// What decides when an alarm rings.
 struct AlarmRule {
-    int code = 0;    ///< 200 (Imsak) to 205 (Yatsi)
-    int offset = 0;  ///< minutes added to the prayer time
+    int code = 0;                            ///< 200 (Imsak) to 205 (Yatsi)
+    int offset = 0;                          ///< minutes added to the prayer time
+    unsigned days = everyDay;                ///< of the prayer, at the place
+    std::optional<int> reminder = {};        ///< minutes added to the prayer time for a second ring
+    std::chrono::sys_seconds silentUntil{};  ///< a ring up to this moment, and at it, is left out
 
     friend bool operator==(const AlarmRule&, const AlarmRule&) = default;
 };

@@ -115,13 +115,17 @@ std::string programIn(const std::string& exec) {
     return program;
 }
 
-FileOutcome writeEntry(const Environment& environment, const fs::path& program) {
+FileOutcome writeEntry(const Environment& environment, const fs::path& program, const std::string& more) {
     const fs::path folder = fs::path(configFolderFrom(environment)) / "autostart";
     if (FileOutcome made = makeFolder(folder); !made.ok) return made;
     FileCalls calls;
-    return replaceFile(
-        calls, folder / entryName,
-        "[Desktop Entry]\nType=Application\nName=Quode\nExec=" + quoted(program.string()) + "\nNoDisplay=true\n");
+    return replaceFile(calls, folder / (program.filename().string() + ".desktop"),
+                       "[Desktop Entry]\nType=Application\nName=Quode\nExec=" + quoted(program.string()) +
+                           "\nNoDisplay=true\n" + more);
+}
+
+bool isStarted(const std::optional<AutostartEntry>& entry) {
+    return entry && !entry->isHidden && entry->isForDesktop && ::access(entry->program.c_str(), X_OK) == 0;
 }
 
 ServiceStart madeNew(const FileOutcome& outcome) {
@@ -147,8 +151,7 @@ std::optional<AutostartEntry> autostartEntry(const Environment& environment, con
 
 bool serviceStartsAtLogin(const Environment& environment) {
     if (unitIsEnabled(environment)) return true;
-    const std::optional<AutostartEntry> entry = autostartEntry(environment, entryName);
-    return entry && !entry->isHidden && entry->isForDesktop && ::access(entry->program.c_str(), X_OK) == 0;
+    return isStarted(autostartEntry(environment, entryName));
 }
 
 ServiceStart assureServiceStart(const Environment& environment, const fs::path& program) {
@@ -166,7 +169,17 @@ ServiceStart assureServiceStart(const Environment& environment, const fs::path& 
     if (::access(program.c_str(), X_OK) != 0) {
         return madeNew({false, _("there is no program {}.", program.string())});
     }
-    return madeNew(writeEntry(environment, program));
+    return madeNew(writeEntry(environment, program, {}));
+}
+
+bool programStartsAtLogin(const Environment& environment, const std::string& name) {
+    return isStarted(autostartEntry(environment, name + ".desktop"));
+}
+
+// Hidden is what switches off an entry of the system too.
+std::string setStartAtLogin(const Environment& environment, const fs::path& program, bool isWanted) {
+    const FileOutcome outcome = writeEntry(environment, program, isWanted ? "" : "Hidden=true\n");
+    return outcome.ok ? std::string() : outcome.message;
 }
 
 }  // namespace quode

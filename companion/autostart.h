@@ -38,4 +38,11 @@ bool serviceStartsAtLogin(const Environment& environment);
 /// @param program  the service
 ServiceStart assureServiceStart(const Environment& environment, const std::filesystem::path& program);
 
+/// Whether the desktop starts a program, such as "quode-panel", at login.
+bool programStartsAtLogin(const Environment& environment, const std::string& name);
+
+/// Writes an autostart entry for a program into the user's settings, or one that switches the program off.
+/// Returned: why that failed; empty when it was done.
+std::string setStartAtLogin(const Environment& environment, const std::filesystem::path& program, bool isWanted);
+
 }  // namespace quode

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// A convention is everything that a published timetable adds to the geometry of the Sun, as plain data. Adding one is
-// adding a record to the table in conventions/table.cpp.
+// A convention is everything that a published timetable adds to the geometry of the Sun, as plain data. To add one, add
+// a record to the table in conventions/table.cpp.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@ namespace quode::conventions {
 enum class Prayer { fajr, sunrise, dhuhr, asr, maghrib, isha };
 inline constexpr int prayerCount = 6;
 
-/// How a time becomes a minute of the clock. Halves round up.
+/// How a time is rounded to a minute of the clock. Halves round up.
 enum class Rounding { nearest, up, down };
 
 /// The instant for which the place of the Sun is taken.
@@ -24,9 +24,9 @@ enum class SunMoment {
     startOfDay  ///< 0 h UT of the civil date, for every event of that date
 };
 
-/// What fixes a time before its minutes are added.
+/// What defines a time before its minutes are added.
 enum class Basis {
-    horizon,       ///< upper limb on the horizon: the centre 50' below it
+    horizon,       ///< upper limb on the horizon: the centre 50 arc minutes below it
     depression,    ///< the centre of the Sun at an angle below the horizon
     transit,       ///< the Sun on the meridian
     shadow,        ///< the shadow has grown by a factor of the object's length
@@ -43,28 +43,35 @@ struct PrayerRule {
     double ramadanMinutes = 0.0;  ///< instead of `minutes` in Ramadan, when not 0
 };
 
-/// What happens where the Sun does not sink as deep as an angle asks for.
+/// The rule for places and dates where the Sun does not reach the angle of a twilight.
 enum class HighLatitudeRule {
     none,                  ///< the time stays empty
     middleOfNight,         ///< not beyond half of the night
     oneSeventh,            ///< within the last and first seventh of the night
     angleBased,            ///< within angle/60 of the night
-    nearestLatitude,       ///< the interval to sunrise or sunset that holds at 48.5 degrees, put on the local ones
-    nearestLatitudeClock,  ///< the clock time that holds at 48.5 degrees on the same meridian
+    nearestLatitude,       ///< the interval to sunrise or sunset at 48.5 degrees, applied to the local ones
+    nearestLatitudeClock,  ///< the clock time at 48.5 degrees on the same meridian
     nearestDay,            ///< the interval to noon of the nearest date on which the angle is reached
     moonsighting,          ///< minutes that change with season and latitude; general twilight
     moonsightingAhmer,     ///< the same until the red twilight ends
     moonsightingAbyad,     ///< the same until the white twilight ends
-    diyanetNorth,          ///< a part of the night fixed in spring, with ramps before and after
+    diyanetNorth,          ///< a part of the night that spring determines, with ramps before and after
 };
 
+/// The names of a rule.
 struct HighLatitudeName {
     HighLatitudeRule rule;
     std::string_view key;      ///< as users type it
-    std::string_view meaning;  ///< in a line
+    std::string_view meaning;  ///< in one line
 };
+
+/// All rules with their names.
 std::span<const HighLatitudeName> highLatitudeNames();
+
+/// The key of a rule.
 std::string_view keyOf(HighLatitudeRule rule);
+
+/// The rule of a key; nothing for another text.
 std::optional<HighLatitudeRule> highLatitudeRuleOf(std::string_view key);
 
 /// How the height of a place changes its times.
@@ -74,7 +81,7 @@ enum class HeightRule {
     steps,  ///< whole minutes by steps of height for sunrise and Maghrib; only for a height that the user gives
 };
 
-/// For which point a table is computed.
+/// The point for which a table is computed.
 enum class PointRule {
     place,       ///< the place itself
     published,   ///< the point of the authority, for places near it
@@ -85,13 +92,13 @@ enum class PointRule {
 struct ReferencePoint {
     std::string_view name;
     double latitude = 0.0, longitude = 0.0;  ///< degrees
-    double reach = 0.0;                      ///< kilometres from the point within which it stands for a place
+    double reach = 0.0;                      ///< kilometres; places within this distance use the point
 };
 
 /// Another form of a convention from a northern latitude on.
 struct NorthernForm {
-    double fromLatitude = 100.0;  ///< degrees; beyond the pole: there is none
-    double ishaAngle = 0.0;
+    double fromLatitude = 100.0;  ///< degrees; above 90: no such form
+    double ishaAngle = 0.0;       ///< degrees
     HighLatitudeRule rule = HighLatitudeRule::none;
 };
 
@@ -101,11 +108,12 @@ enum class Computation {
     rules,   ///< the rules of this record
 };
 
+/// A convention of an authority.
 struct Convention {
     std::string_view key;        ///< as users type it: "diyanet"
     std::string_view name;       ///< "Diyanet, Türkiye"
     std::string_view authority;  ///< the body in full
-    std::string_view countries;  ///< ISO codes of the countries where it is usual, separated by blanks
+    std::string_view countries;  ///< ISO 3166-1 alpha-2 codes of the countries where it is usual, separated by blanks
     Computation computation = Computation::rules;
     std::array<PrayerRule, prayerCount> rules{};
     int asrFactor = 1;  ///< the usual one; users may choose the other
@@ -114,23 +122,29 @@ struct Convention {
     NorthernForm north = {};
     PointRule point = PointRule::place;
     std::span<const ReferencePoint> points = {};
-    bool isCommonDefinition = false;        ///< as programs carry it for years, without a recipe of the body itself
+    bool isCommonDefinition = false;        ///< as calculation programs define it; the body itself publishes no rule
     std::string_view source = {};           ///< where the parameters come from
-    std::string_view remark = {};           ///< what users have to know; may be empty
+    std::string_view remark = {};           ///< what users need to know; may be empty
     std::string_view sampleAuthority = {};  ///< the name of the authority in the published rows; empty without rows
 
+    /// The rule of a prayer.
     constexpr const PrayerRule& rule(Prayer prayer) const { return rules[static_cast<std::size_t>(prayer)]; }
     constexpr PrayerRule& rule(Prayer prayer) { return rules[static_cast<std::size_t>(prayer)]; }
 };
 
 /// All conventions; the first is the default.
 std::span<const Convention> allConventions();
+
+/// The engine's own method, key "quode".
 const Convention& defaultConvention();
 
-/// The convention of a key, whatever its case; nullptr when there is none.
+/// The convention of a key; upper and lower case are equal.
+/// @return nullptr for an unknown key
 const Convention* findConvention(std::string_view key);
 
-/// The convention usual in a country (ISO code of two letters); nullptr where none is known.
+/// The convention that is usual in a country.
+/// @param countryCode  ISO 3166-1 alpha-2
+/// @return nullptr where none is known
 const Convention* usualIn(std::string_view countryCode);
 
 }  // namespace quode::conventions

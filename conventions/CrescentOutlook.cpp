@@ -14,11 +14,11 @@ namespace quode::conventions {
 namespace {
 
 constexpr double earthRadius = 6378.14;         // km
-constexpr double moonRadiusPerEarth = 0.27245;  // sine of the semi-diameter by sine of the parallax
+constexpr double moonRadiusPerEarth = 0.27245;  // sine of the semi-diameter over sine of the parallax
 constexpr double horizonDepression = 50.0 / 60.0;
 
 struct Body {
-    double altitude = 0.0, azimuth = 0.0;  ///< degrees, from the Earth's centre, without air
+    double altitude = 0.0, azimuth = 0.0;  ///< degrees, from the Earth's centre, without refraction
     double declination = 0.0, rightAscension = 0.0;
 };
 
@@ -63,13 +63,13 @@ class Sky {
     double latitude_;
 };
 
-/// Altitude of the Moon's upper limb over the apparent horizon, degrees.
+/// Altitude of the Moon's upper limb above the apparent horizon, degrees.
 double limbOverHorizon(const Sky& sky) {
     const double semidiameter = asinDeg(moonRadiusPerEarth * sinDeg(sky.parallax));
     return sky.moon.altitude - sky.parallax * cosDeg(sky.moon.altitude) + semidiameter + 34.0 / 60.0;
 }
 
-/// When the Moon sets after sunset, universal hours; nothing when it is down already.
+/// The moonset after sunset, universal hours; nothing when the Moon sets before the Sun.
 std::optional<double> moonsetAfter(double julianDay, double latitude, double longitude, double sunset) {
     const auto height = [&](double hours) {
         return limbOverHorizon(Sky(julianDay + hours / 24.0, latitude, longitude));
@@ -86,7 +86,7 @@ std::optional<double> moonsetAfter(double julianDay, double latitude, double lon
     return 0.5 * (up + down);
 }
 
-/// What a crescent of a width needs to be seen, by both criteria.
+/// The part of the needed arc of vision that depends on the crescent's width, the same in both criteria.
 double neededArc(double width) {
     return -6.3226 * width + 0.7319 * width * width - 0.1018 * width * width * width;
 }

@@ -35,7 +35,7 @@ class Season {
 
     bool isReached(int offset) const { return day_.shifted(offset).midnightAltitude() <= -fullTwilight; }
 
-    /// The first and the last date without full twilight, in days from the day; nothing when there is none.
+    /// The first and the last date without full twilight, in days from the day; nothing when there is no such date.
     std::optional<int> first() const {
         if (isReached(midsummer_)) return std::nullopt;
         int reached = spring_, missed = midsummer_;
@@ -67,7 +67,7 @@ class Season {
         return day_.shifted(offset).atAltitude(-question_.angle, question_.side);
     }
 
-    /// The part of the night that the last day with full twilight fixes.
+    /// The part of the night on the last day with full twilight.
     std::optional<double> part(int lastReached) const {
         const auto light = daylight(lastReached);
         const auto fajr = day_.shifted(lastReached).atAltitude(-question_.fajrAngle, Side::morning);
@@ -88,7 +88,7 @@ class Season {
     int midsummer_ = 0, spring_ = 0, autumn_ = 0;
 };
 
-/// The straight way from the plain angle on one day to the estimate on another; the day itself is day 0.
+/// The linear ramp from the plain angle on one day to the estimate on another, at day 0.
 std::optional<TwilightAnswer> ramp(const Season& season, int plainDay, int estimateDay, double part) {
     const auto plain = season.plain(plainDay), there = season.estimate(plainDay, part), here = season.estimate(0, part);
     if (!plain || !there || !here) return std::nullopt;

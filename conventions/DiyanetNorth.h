@@ -8,9 +8,10 @@
 
 namespace quode::conventions {
 
-/// Twilight by a part of the night that the last spring day with full twilight fixes: on every date on which the Sun
-/// does not sink 18 degrees, with straight ramps to the plain angles before and after. Nothing where the plain angles
-/// hold, or where the dates that the rule needs have no sunrise and sunset.
+/// Twilight as a part of the night, which the last spring day with full twilight (Sun 18 degrees below the horizon)
+/// determines. It applies to every date without full twilight, with linear ramps to the plain angles before and after.
+/// Source: found from the authority's published rows.
+/// @return nothing where the plain angles apply, or where the dates that the rule needs have no sunrise and sunset
 std::optional<TwilightAnswer> diyanetNorth(const SolarDay& day, const TwilightQuestion& question);
 
 }  // namespace quode::conventions

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The zones of JAKIM's timetables and the places that tell them apart.
+// The zones of JAKIM's timetables and the places that identify them.
 //
-// The points were computed from the published tables, for none are published; in zones of several points sunrise is
-// that of a point further east. Mountain zones follow no single rule.
+// The points are computed from the published tables, because the authority publishes none. In zones of several points
+// sunrise is that of a point further east. Mountain zones follow no single rule.
 #include "conventions/JakimZones.h"
 
 namespace quode::conventions {
@@ -88,7 +88,7 @@ constexpr JakimZone zones[] = {
     {"WLY02", "Labuan (FT): Labuan", 5.27, 115.14, 115.35, 18, false},
 };
 
-// Towns and district seats that the zones are described by.
+// Towns and district seats in the published descriptions of the zones.
 constexpr JakimSeat seats[] = {
     {"JHR01", "Pulau Aur", 2.457, 104.515},
     {"JHR01", "Pulau Pemanggil", 2.583, 104.325},

@@ -82,7 +82,7 @@ bool isAngle(const std::optional<double>& angle) {
     return !angle || (std::isfinite(*angle) && *angle >= smallestAngle && *angle <= largestAngle);
 }
 
-/// Whether a method changes more than the finished minutes and the shadow.
+/// True when a method changes more than the added minutes and the shadow.
 bool changesRules(const Method& method) {
     return method.highLatitude || method.fajrAngle || method.ishaAngle || method.height || !method.zone.empty();
 }

@@ -11,34 +11,43 @@
 
 namespace quode::conventions {
 
+/// A convention with the user's changes. The default is the engine's own method without changes.
 struct Method {
     std::string key = "quode";
     int asrFactor = 0;                             ///< 1 or 2; 0: the convention's usual one
     std::optional<HighLatitudeRule> highLatitude;  ///< instead of the convention's
     std::optional<double> fajrAngle, ishaAngle;    ///< degrees, instead of the convention's
-    std::array<int, prayerCount> adjust{};         ///< minutes added to the finished times
-    std::string zone;                              ///< of conventions with zones: the zone, instead of the nearest
+    std::array<int, prayerCount> adjust{};         ///< minutes added to the rounded times
+    std::string zone;                              ///< key of a zone, instead of the nearest; empty: the nearest
     std::optional<double> height;                  ///< metres, instead of the database's
 
+    /// True when nothing differs from the engine's own method.
     bool isDefault() const { return *this == Method{}; }
+    /// The user's minutes for a prayer.
     int adjustment(Prayer prayer) const { return adjust[static_cast<std::size_t>(prayer)]; }
 
     friend bool operator==(const Method&, const Method&) = default;
 };
 
-/// The method as a line of text, such as "diyanet asr=2 fajr-angle=18.5 adjust=2,0,0,0,0,-1", and back. A text that is
-/// none gives nothing.
+/// The method as a line of text, such as "diyanet asr=2 fajr-angle=18.5 adjust=2,0,0,0,0,-1".
 std::string textOf(const Method& method);
+
+/// Reads such a line.
+/// @return nothing when the text is not a method, or not one that can be used (`problemOf`)
 std::optional<Method> methodOf(std::string_view text);
 
-/// A convention with the changes of a method. Nothing when the key is unknown.
+/// The convention of a method, with the method's angles, shadow and rule for high latitudes.
+/// @return nothing when the key is unknown
 std::optional<Convention> conventionOf(const Method& method);
 
-/// What is wrong with a method, as a sentence; nothing when it can be used.
+/// What is wrong with a method, as a sentence for the user.
+/// @return nothing when the method can be used
 std::optional<std::string> problemOf(const Method& method);
 
-/// The names of the prayers as users type them: fajr, sunrise, dhuhr, asr, maghrib, isha.
+/// The name of a prayer as users type it: fajr, sunrise, dhuhr, asr, maghrib, isha.
 std::string_view nameOf(Prayer prayer);
+
+/// The prayer of such a name; nothing for another text.
 std::optional<Prayer> prayerNamed(std::string_view name);
 
 }  // namespace quode::conventions

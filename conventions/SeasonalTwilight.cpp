@@ -9,7 +9,7 @@
 namespace quode::conventions {
 namespace {
 
-/// The minutes at the four knots of half a year, from the winter solstice to the summer solstice.
+/// The minutes at the four nodes of half a year, from the winter solstice to the summer solstice.
 using Knots = std::array<double, 4>;
 
 constexpr std::array<double, 7> knotDays = {0, 91, 137, 183, 229, 275, 366};

@@ -52,7 +52,7 @@ double SolarDay::midnightAltitude() const {
     return altitude(culmination(meanNoon_ + 12.0));
 }
 
-/// Where a function that is positive at noon and negative at midnight passes 0: secants kept within a bracket.
+/// The zero of a function that is positive at noon and negative at midnight: secants within a bracket.
 template <typename Excess>
 std::optional<double> SolarDay::root(Excess excess, Side side) const {
     double a = transit_, b = culmination(meanNoon_ + (side == Side::morning ? -12.0 : 12.0));

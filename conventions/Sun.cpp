@@ -54,7 +54,7 @@ double deltaT(double julianDay) {
     const double year = 2000.0 + (julianDay - j2000) / 365.25;
     if (year < firstMeasured) return parabola(year) + (measuredDeltaT.front() - parabola(firstMeasured));
     if (year >= lastMeasured) {
-        // Grows into the parabola over a century.
+        // Changes to the parabola over a century.
         const double centuries = std::min(1.0, (year - lastMeasured) / 100.0);
         const double share = centuries * centuries;
         return (1.0 - share) * measuredDeltaT.back() + share * parabola(year);
@@ -68,7 +68,7 @@ SunPlace sunAt(double julianDay) {
     const double terrestrial = julianDay + deltaT(julianDay) / secondsPerDay;
     const double T = (terrestrial - j2000) / daysPerCentury;
     const auto [psi, epsilon] = nutation(T);
-    const double fundamental = -0.09033 / 3600.0;  // to the axes of the fundamental catalogue
+    const double fundamental = -0.09033 / 3600.0;  // from the dynamical ecliptic to the FK5 system
     const double aberration = -20.4898 / 3600.0 / EarthCompute::EarthR(terrestrial);
     const double longitude =
         EarthCompute::EarthL(terrestrial) / radiansPerDegree + 180.0 + fundamental + psi + aberration;

@@ -41,7 +41,7 @@ std::optional<double> nightLength(const SolarDay& day, const TwilightQuestion& q
     return *end + 24.0 - *begin;
 }
 
-/// A time a number of hours from sunrise or sunset into the night.
+/// The time that is a number of hours from sunrise or sunset into the night.
 std::optional<double> intoNight(const SolarDay& day, const TwilightQuestion& question, std::optional<double> hours) {
     const auto horizon = horizonTime(day, question);
     if (!horizon || !hours) return std::nullopt;
@@ -86,7 +86,7 @@ std::optional<double> seasonal(const SolarDay& day, const TwilightQuestion& ques
     return intoNight(day, question, minutes / 60.0);
 }
 
-/// The time beyond which a rule lets no twilight reach.
+/// The limit that a rule sets: Fajr is not earlier, Isha not later.
 std::optional<double> limit(const SolarDay& day, const TwilightQuestion& question, bool isReached) {
     switch (question.rule) {
         case HighLatitudeRule::middleOfNight:
@@ -111,7 +111,7 @@ std::optional<double> limit(const SolarDay& day, const TwilightQuestion& questio
     }
 }
 
-/// Times borrowed from other days and latitudes may fall into the local daylight.
+/// False for a time in the local daylight, where times of other days and latitudes may fall.
 bool isInNight(const SolarDay& day, const TwilightQuestion& question, double hours) {
     const auto horizon = horizonTime(day, question);
     return !horizon || (isMorning(question) ? hours <= *horizon : hours >= *horizon);

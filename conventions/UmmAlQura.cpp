@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The Umm al-Qura calendar, from which Umm al-Qura's Isha knows Ramadan.
+// The Umm al-Qura calendar, which decides on Ramadan for the Isha of Umm al-Qura.
 #include "conventions/UmmAlQura.h"
 
 #include <algorithm>
@@ -12,8 +12,8 @@ namespace {
 constexpr int firstYear = 1300;
 constexpr int monthsPerYear = 12;
 
-/// A year: the day on which it begins, counted from 1 January 1970, and a bit for each month of 30 days (the others
-/// have 29), Muharram lowest. Source: the calendar data of Unicode's ICU, a table of published dates.
+/// A year: its first day, counted from 1 January 1970, and a bit for each month of 30 days (the others have 29),
+/// Muharram lowest. Source: the calendar data of Unicode's ICU, a table of published dates.
 struct Year {
     int firstDay, longMonths;
 };

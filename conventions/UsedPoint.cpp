@@ -15,7 +15,7 @@ constexpr double earthRadius = 6371.0;     // km
 constexpr double farFromMalaysia = 120.0;  // km from every seat
 constexpr double atThePoint = 0.006;       // degrees
 constexpr double atTheSeat = 6.0;          // km
-constexpr double clearlyNearer = 2.0;      // times as near as the seat of any other zone
+constexpr double clearlyNearer = 2.0;      // how many times nearer than the seat of any other zone
 
 /// The seats nearest to a place: of the nearest zone and of any other.
 struct Nearest {

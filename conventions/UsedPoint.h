@@ -12,17 +12,19 @@ namespace quode::conventions {
 /// The point for which the times of a place are computed.
 struct UsedPoint {
     double latitude = 0.0, longitude = 0.0;  ///< degrees
-    double sunriseLongitude = 0.0;           ///< of the point that sunrise is computed for
-    std::optional<double> ishaAngle;         ///< of a zone that differs
-    std::string name;                        ///< of the zone or point; empty for the place itself
-    bool isCertain = true;                   ///< false where the zone was guessed, or follows no single rule
+    double sunriseLongitude = 0.0;           ///< degrees; of the point for which sunrise is computed
+    std::optional<double> ishaAngle;         ///< degrees; of a zone with an angle of its own
+    std::string name;                        ///< key of the zone or name of the point; empty for the place itself
+    bool isCertain = true;                   ///< false where the zone is a guess, or follows no single rule
 };
 
 /// The point that a convention uses for a place.
-/// @param zone  the key of the zone to use; empty: that of the place
+/// @param latitude,longitude  degrees, north and east positive
+/// @param zone                the key of the zone to use; empty or unknown: that of the place
 UsedPoint usedPoint(const Convention& convention, double latitude, double longitude, std::string_view zone = {});
 
-/// Kilometres along the great circle.
+/// The distance of two points along the great circle, on a sphere of radius 6371 km.
+/// @return kilometres
 double distanceKm(double latitude1, double longitude1, double latitude2, double longitude2);
 
 }  // namespace quode::conventions

@@ -16,11 +16,11 @@ inline double sinDeg(double degrees) {
 inline double cosDeg(double degrees) {
     return std::cos(degrees * radiansPerDegree);
 }
-/// The angle of a sine; a sine that rounding has carried past 1 counts as 1.
+/// Arc sine in degrees; a sine beyond -1..1 counts as -1 or 1.
 inline double asinDeg(double sine) {
     return std::asin(std::clamp(sine, -1.0, 1.0)) / radiansPerDegree;
 }
-/// Brings an angle into 0..360.
+/// An angle in degrees reduced to 0..360.
 inline double circle(double degrees) {
     const double rest = std::fmod(degrees, 360.0);
     return rest < 0.0 ? rest + 360.0 : rest;

@@ -42,7 +42,7 @@ constexpr ReferencePoint london[] = {{"London", 51.529, -0.165, 50.0}};
 constexpr std::string_view ownRows = "the authority's own timetable; parameters found from its rows";
 constexpr std::string_view common = "common definition of calculation programs, without a recipe of the body itself";
 
-/// Angles, and nothing else, as most programs carry them.
+/// A convention of angles alone.
 constexpr Convention plain(std::string_view key, std::string_view name, std::string_view authority,
                            std::string_view countries, double fajr, PrayerRule isha, int asrFactor = 1) {
     Convention convention{.key = key, .name = name, .authority = authority, .countries = countries};

@@ -56,15 +56,14 @@ bool hasDaylight(const SolarDay& day, double horizon) {
     return true;
 }
 
-/// The highest latitude, not above that of the place, where the Sun rises and sets from the day before to the day
-/// after.
+/// The highest latitude, at most that of the place, where the Sun rises and sets from the day before to the day after.
 double latitudeWithDaylight(const SolarDay& day, double horizon) {
     constexpr double step = 0.1;
     double latitude = std::abs(day.latitude());
     if (latitude <= alwaysDaylight) return day.latitude();
     const auto signedLatitude = [&] { return std::copysign(latitude, day.latitude()); };
     if (hasDaylight(day, horizon)) return day.latitude();
-    // The declination says roughly where; from above there, small steps.
+    // The declination gives a start slightly above it; small steps find the latitude.
     const double declination = std::abs(sunAt(day.julianDay()).declination);
     latitude = std::min(latitude, 91.5 - declination);
     while (latitude > alwaysDaylight && !hasDaylight(day.atLatitude(signedLatitude()), horizon)) latitude -= step;
@@ -167,7 +166,7 @@ class DayComputation {
         return finished(prayer, std::round(published) + (isLonger ? rule.ramadanMinutes : rule.minutes), Origin::rule);
     }
 
-    /// Where Maghrib has an angle of its own, rules for high latitudes can bring Isha before it.
+    /// Where Maghrib has an angle, rules for high latitudes may put Isha before it.
     void keepIshaAfterMaghrib() {
         const ConventionTime& maghrib = day_.time(Prayer::maghrib);
         ConventionTime& isha = day_.times[static_cast<std::size_t>(Prayer::isha)];

@@ -35,7 +35,7 @@ std::string lineOf(const AlarmIntent& intent) {
     return "renew\n";
 }
 
-// Nothing for a line that no edition of this program writes.
+// Nothing for a line that no version of this program writes.
 std::optional<AlarmIntent> intentOf(std::string_view line) {
     if (line == "renew") return AlarmIntent{};
     for (const auto& [kind, word] : words) {
@@ -56,7 +56,7 @@ std::string reason() {
 
 AlarmJournal::AlarmJournal(const std::filesystem::path& folder, std::chrono::milliseconds patience)
     : file_(folder / fileName),
-      // A pipe in its place must not be waited for.
+      // Without blocking, in case a pipe is in its place.
       descriptor_(::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)) {
     struct stat facts {};
     if (descriptor_ < 0) {
@@ -92,7 +92,7 @@ std::string AlarmJournal::content() const {
     std::string text(largestContent, '\0');
     const ssize_t count = ::pread(descriptor_, text.data(), text.size(), 0);
     text.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
-    return text.substr(0, text.rfind('\n') + 1);  // a line without its end was never begun
+    return text.substr(0, text.rfind('\n') + 1);  // a line without its end was not recorded
 }
 
 std::vector<AlarmIntent> AlarmJournal::unfinished() const {
@@ -128,13 +128,13 @@ void AlarmJournal::end(const AlarmIntent& intent) noexcept {
         for (const AlarmIntent& each : unfinished()) {
             if (each != intent) rest += lineOf(each);
         }
-        // What is left is a part of what there was: cut off in between, a line stands there twice, or one is left that
-        // is done, and both do no harm.
+        // The rest is part of the old content: after an interruption a line may be there twice, or a line of finished
+        // work may remain; both are harmless.
         const bool isWritten = ::pwrite(descriptor_, rest.data(), rest.size(), 0) == static_cast<ssize_t>(rest.size());
         if (isWritten) [[maybe_unused]]
             const int ignored = ::ftruncate(descriptor_, static_cast<off_t>(rest.size()));
     } catch (const std::exception&) {
-        // Without memory the line stays, and is looked at again.
+        // Without memory the line stays, and the next holder checks it again.
     }
 }
 

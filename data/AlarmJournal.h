@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Keeps two programs from changing an alarm and its event at the same time, and remembers a change that was cut off.
+// Prevents two programs from changing an alarm and its event at the same time, and records a change that is interrupted.
 #pragma once
 
 #include <chrono>
@@ -12,13 +12,14 @@
 
 namespace quode {
 
-/// What a program is about to do to the alarms, written down before it begins.
+/// A change of the alarms that a program is about to make, recorded before it begins. Fixed values: the lines of the file,
+/// see `AlarmJournal`.
 struct AlarmIntent {
     enum class Kind {
-        on,     ///< the event `event` of an alarm is written
-        off,    ///< the alarm is switched off, and its event `event` removed
-        drop,   ///< the event `event` is removed, unless the alarm has it
-        renew,  ///< something changed that all events follow: the home city, an offset, the layout of the calendar
+        on,     ///< writes the event `event` of an alarm
+        off,    ///< switches the alarm off and removes its event `event`
+        drop,   ///< removes the event `event`, unless the alarm has it
+        renew,  ///< something changed that affects all events: the home city, an offset, the layout of the calendar
     };
     Kind kind = Kind::renew;
     int timeId = 0;     ///< 1 to 6; 0 for `renew`
@@ -27,40 +28,42 @@ struct AlarmIntent {
     friend bool operator==(const AlarmIntent&, const AlarmIntent&) = default;
 };
 
-/// Why an intent could not be written down, and what to do about it. Nothing was changed.
+/// Why an intent could not be recorded, and what to do. Nothing was changed.
 class AlarmJournalError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// A row of the database and an event of the calendar cannot be changed in one step. Whoever changes both holds this
-/// journal, a file ".alarms.lock" of the data folder: locked, so that there is one at a time, and with a line for what
-/// it is about to do. The line is taken back when both are changed. The system lets go of the lock when the holder ends
-/// in any way; a line that is left then says what the next holder has to finish.
+/// The lock and journal for changes of an alarm's row together with its calendar event, which cannot be changed in one
+/// step. It is the file ".alarms.lock" in the data folder: locked, so that one program at a time holds it, with a line for
+/// each change that is under way. The line is removed when both are changed. The system releases the lock when the holder
+/// ends in any way; a line that remains is what the next holder has to finish.
 class AlarmJournal {
   public:
-    /// Waits at most `patience` for another program.
+    /// Opens and locks the journal of a data folder; `isHeld` says whether that succeeded.
+    /// @param patience  the longest time to wait for another program
     AlarmJournal(const std::filesystem::path& folder, std::chrono::milliseconds patience);
     ~AlarmJournal();
     AlarmJournal(const AlarmJournal&) = delete;
     AlarmJournal& operator=(const AlarmJournal&) = delete;
 
+    /// True when this object holds the lock.
     bool isHeld() const { return problem_.empty(); }
 
-    /// Why it is not held, and what to do about it.
+    /// Why the lock is not held, and what to do; empty when it is held.
     const std::string& problem() const { return problem_; }
 
-    /// What earlier holders have left unfinished, in the order of time.
+    /// The intents that earlier holders left unfinished, in chronological order.
     std::vector<AlarmIntent> unfinished() const;
 
-    /// Writes an intent down; it lasts through a power cut. Throws `AlarmJournalError` when that fails.
+    /// Records an intent; the record survives a power cut.
+    /// @throw AlarmJournalError  when it cannot be written; nothing is changed then
     void begin(const AlarmIntent& intent);
 
-    /// Takes an intent back, for it is done. A failure is none: what is done is found done by whoever looks again.
+    /// Removes the record of an intent that is done. A failure is ignored: the next holder finds the work already done.
     void end(const AlarmIntent& intent) noexcept;
 
-    /// Whether an earlier program has left something unfinished. Nothing is opened or made, so that this may be asked
-    /// at any time.
+    /// True when an earlier program left something unfinished. Opens and creates nothing, so it may be called at any time.
     static bool isPending(const std::filesystem::path& folder);
 
   private:

@@ -17,7 +17,7 @@
 namespace quode {
 namespace {
 
-// The runs of blanks belong to the text.
+// The runs of blanks are part of the text.
 constexpr const char* cityQuery =
     "SELECT C.NAME, CP.NAME, CC.NAMEEN, CC.NAMETR, C.LAT, C.LON, CP.GMT, D.DST,"
     "                           D.STARTMONTH, D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, C.TEMKIN"
@@ -30,15 +30,15 @@ constexpr const char* cityQuery =
 // Columns of `cityRecordSql`.
 constexpr int zoneNameColumn = 9, zoneDaysColumn = 20;
 
-// Whether the record is whole: a damaged page would give wrong times. A database without checksums has the tables of
-// the query alone, and no record then.
+// True when the record is intact: a damaged page would give wrong times. A database without checksums has only the
+// tables of the query, and gives no record here.
 bool recordIsIntact(sqlite3_stmt* record, int id) {
     if (record == nullptr) return true;
     sqlite3_bind_int(record, 1, id);
     return sqlite3_step(record) == SQLITE_ROW && isIntact(record);
 }
 
-// Replaces the yearly rule of a city's clock where it is not true on a day.
+// Replaces the yearly rule of a city's clock where it does not apply on a day.
 void correctClock(City& city, std::shared_ptr<const ZoneKnowledge> known, std::chrono::year_month_day date) {
     const ZoneRule stored = siteOf(city).rule;
     const ZoneRule rule = ZoneClock{stored, std::move(known)}.ruleOn(date);

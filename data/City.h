@@ -13,17 +13,29 @@ namespace quode {
 
 class GlobalFuncs;
 
-/// One of the user's cities: what the city database knows of it, and what was computed for it today.
+/// One of the user's cities: its facts from the city database, and the values computed for it today.
 ///
-/// Every static fact is text, as the databases hold it; an empty text stands for a fact that is not known. Computed
-/// values are zero until somebody has computed and stored them.
+/// Every fact is text, as the databases store it; an empty text is an unknown fact. Computed values are zero until
+/// `computeCity` ("data/city_day.h") stores them.
+///
+/// @code
+///   quode::City istanbul;                                // after GlobalFuncs::startUp
+///   istanbul.setCityId("745044");
+///   istanbul.getAllCityInfo(istanbul);
+///   quode::computeCity(istanbul, quode::VAKDateMake(21, 3, 2026, 0, 0, 0));
+///   const double sunset = istanbul.getRelevantPrayerTime(204);
+/// @endcode
+///
+/// Fixed names: all, except `choice` and `setChoice`.
 class City {
   public:
     City();
 
+    /// Stores the sky of the day.
     void setSomeAstroIfo(const WidgetSkyInfo& info) { someInfoForQuodeWidget_ = info; }
     WidgetSkyInfo getSomeAstroInfo() const { return someInfoForQuodeWidget_; }
 
+    /// Stores the prayer times of the day.
     void setPrayerTimes(const PrayTimes& times) { aNamazVakitleri_ = times; }
 
     /// The prayer time of a code, in local decimal hours; -1.0 where the time does not exist that day.
@@ -32,7 +44,7 @@ class City {
     /// @return 0.0 for any other code
     double getRelevantPrayerTime(int code) const;
 
-    /// Direction of the qibla in degrees.
+    /// Direction of the qibla, degrees, as `KiblePair::K`.
     double getQiblaAngle() const { return qAngle_; }
     void setQiblaAngle(double degrees) { qAngle_ = degrees; }
 
@@ -43,17 +55,17 @@ class City {
     /// Switches the margin: any non-zero `temkin` becomes "0", everything else (an empty text too) "1".
     void changeTemkin();
 
-    /// Fills `city` from the city database of the bundle by its `cityId`: names, coordinates, zone, summer-time rule
-    /// and margin. Where the rule is not true on the present day, offset and rule are those of that day. A negative id is that of a place of the user's own, see "data/user_places.h". Says nothing when that
-    /// is not possible: without the database, or without such a city, `city` stays as it was. Use `CityDatabase` where
-    /// the user has to be told.
+    /// Fills a city from the city database of the bundle: names, coordinates, zone, summer-time rule and margin. Where
+    /// the yearly rule does not apply today, offset and rule are those of today. Without the database, or without such a
+    /// city, `city` stays as it was and no error is reported; use `CityDatabase` where the user needs a message.
+    /// @param city  its `cityId` is read; a negative id is a place of the user, see "data/user_places.h"
     void getAllCityInfo(City& city) const;
 
-    /// The method and the table that the user chose for the city; filled by `getAllCityInfo`.
+    /// The method and the table that the user chose for the city, from `getAllCityInfo`.
     const SiteChoice& choice() const { return choice_; }
     void setChoice(SiteChoice choice) { choice_ = std::move(choice); }
 
-    // The facts, each under its own name; see the fields below.
+    // The facts; the fields below describe each.
     const std::string& cityId() const { return cityId_; }
     void setCityId(std::string value) { cityId_ = std::move(value); }
     const std::string& name() const { return name_; }
@@ -131,12 +143,12 @@ class City {
     std::string DST_;            ///< "1" where the clocks change for summer, else "0"
     std::string startMonth_;     ///< rule of the change, see ZoneRule: months from 0
     std::string startDay_;       ///< rule day
-    std::string stopMonth_;
-    std::string stopDay_;
-    std::string hour_;          ///< hours of the shift
-    std::string temkin_;        ///< "1": the margin is used, "0": it is not
-    std::string latitudeStr_;   ///< not filled here
-    std::string longitudeStr_;  ///< not filled here
+    std::string stopMonth_;      ///< months from 0
+    std::string stopDay_;        ///< rule day
+    std::string hour_;           ///< hours of the shift
+    std::string temkin_;         ///< "1": margin for 500 m of height; "0": for 250 m
+    std::string latitudeStr_;    ///< not filled here
+    std::string longitudeStr_;   ///< not filled here
 
     const GlobalFuncs* globalFuncs_;
 };

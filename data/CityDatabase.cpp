@@ -37,7 +37,7 @@ struct Nearest {
     double degrees = 360.0;
 };
 
-// The nearest place among those whose latitude differs by no more than `reach` degrees.
+// The nearest place among those within `reach` degrees of latitude.
 Nearest nearestWithin(const CityConnection& connection, double latitude, double longitude, double reach) {
     const sqlite::Statement row =
         connection.query("SELECT LATITUDE, LONGITUDE, ID FROM CITY_POINT WHERE LATITUDE BETWEEN ?1 AND ?2");
@@ -77,8 +77,8 @@ void CityDatabase::forEach(const std::function<void(const CityRecord&)>& take) c
 
 std::optional<NearestCity> CityDatabase::nearest(double latitude, double longitude) const {
     if (!(std::abs(latitude) <= 90.0 && std::abs(longitude) <= 180.0)) return std::nullopt;
-    // A place that is nearer than the reach is the nearest of all: every other one within its distance was looked at
-    // too. The steps keep the work small where places are rare, as at the poles.
+    // A place nearer than the reach is the nearest of all, because every place within its distance was compared. The
+    // steps limit the work where places are sparse, as near the poles.
     for (const double reach : {0.1, 0.5, 2.0, 8.0, 20.0, 40.0, 60.0, 180.0}) {
         const Nearest nearest = nearestWithin(*connection_, latitude, longitude, reach);
         if (nearest.degrees > reach) continue;

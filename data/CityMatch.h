@@ -9,7 +9,7 @@ enum class CityMatch {
     exact,   ///< the text is one of its names
     prefix,  ///< one of its names begins with the text
     word,    ///< a later word of one of its names begins with the text
-    typo,    ///< one of its names is a typing mistake or two away
+    typo,    ///< one of its names differs by one or two typing mistakes
 };
 
 }  // namespace quode

@@ -15,9 +15,9 @@ namespace quode {
 namespace {
 
 constexpr std::size_t longestText = 200;     // bytes; no name is half as long
-constexpr std::size_t littleFound = 5;       // below this many hits typing mistakes are considered
+constexpr std::size_t littleFound = 5;       // with fewer results, names with typing mistakes are searched
 constexpr std::size_t mostQualifiers = 31;   // one bit each; no place has as many
-constexpr std::size_t leastForMistakes = 4;  // shorter texts are too near to everything
+constexpr std::size_t leastForMistakes = 4;  // shorter texts resemble too many names
 constexpr std::size_t leastForTwoMistakes = 8;
 
 struct Candidate {
@@ -32,14 +32,14 @@ struct Candidate {
     }
 };
 
-// The best places that were found, each once, in their order.
+// The best places found so far, each once, in order.
 class Ranking {
   public:
     explicit Ranking(std::size_t limit) : limit_(limit) {}
 
     bool isEmpty() const { return some_.empty(); }
 
-    // Whether no more than a few places were found at all; those that the limit has cut off count too.
+    // True when few places were found, including those beyond the limit.
     bool isShort() const { return some_.size() < littleFound; }
 
     void add(int id, std::string_view folded, NameKind kind, const NameFit& fit, double score) {
@@ -65,7 +65,7 @@ class Ranking {
     std::vector<int> some_;
 };
 
-// A text to search for: a folded name, and the regions that it is to be found in.
+// A text to search for: a folded name, and the regions to search.
 struct Wanted {
     std::string name;
     std::vector<std::string> qualifiers;
@@ -84,7 +84,7 @@ Wanted split(std::string_view text) {
     return wanted;
 }
 
-// Country codes that people use although the standard has others.
+// Common country codes that differ from the standard's.
 std::string countryCodeFor(const std::string& qualifier) {
     static const std::map<std::string, std::string> usual = {{"uk", "gb"}, {"usa", "us"}, {"uae", "ae"}, {"ksa", "sa"}};
     const auto found = usual.find(qualifier);
@@ -121,7 +121,7 @@ class CitySearch {
     }
 
   private:
-    // The regions that satisfy all qualifiers; nothing when there are none to satisfy.
+    // The regions that satisfy all qualifiers; nothing without qualifiers.
     std::optional<std::vector<bool>> allowedParents(const std::vector<std::string>& qualifiers) const {
         if (qualifiers.empty()) return std::nullopt;
         if (qualifiers.size() > mostQualifiers) return std::vector<bool>();
@@ -177,7 +177,7 @@ class CitySearch {
         return !allowed || (at < allowed->size() && (*allowed)[at]);
     }
 
-    // The best names of a text with which very many begin; nothing for other texts.
+    // The best names for a text with which very many names begin; nothing for other texts.
     void collectBeginning(const std::string& name) {
         const sqlite::Statement row = connection_.query(
             "SELECT N.FOLDED, N.ID, N.KIND, N.POPULATION FROM BEGINNING B JOIN CITY_NAME N ON N.FOLDED = B.FOLDED AND "
@@ -186,10 +186,10 @@ class CitySearch {
         while (connection_.next(row)) addName(row.get(), name);
     }
 
-    // Everything that begins with the name.
+    // All names that begin with the name.
     void collectNames(const Wanted& wanted) { collectNames(wanted, wanted.name + "\xF4\x8F\xBF\xBF"); }
 
-    // The names from the wanted one up to the end, which does not belong to them.
+    // The names from the wanted one up to, not including, the end.
     void collectNames(const Wanted& wanted, const std::string& end) {
         const auto allowed = allowedParents(wanted.qualifiers);
         const sqlite::Statement row = connection_.query(
@@ -255,7 +255,7 @@ class CitySearch {
         return hits;
     }
 
-    // The former or other name that a candidate was found by, as it is written.
+    // The former or alternative name that matched, in its original spelling.
     std::string otherNameOf(const Candidate& candidate) const {
         if (!candidate.otherName) return {};
         const sqlite::Statement row = connection_.query("SELECT NAME FROM OTHER_NAME WHERE ID = ?1 ORDER BY NAME");
@@ -273,7 +273,7 @@ class CitySearch {
     Ranking found_;
     bool onlyExact_ = false;
     bool anyName_ = false;     // a name begins with the text, or a later word of one does
-    bool wordsFound_ = false;  // a name is the text, or goes on after it with another word
+    bool wordsFound_ = false;  // a name is the text, or continues with another word
 };
 
 }  // namespace

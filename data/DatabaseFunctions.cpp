@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* fileName = "user.sqlite";
 
-// The blanks belong to the texts.
+// The blanks are part of the texts.
 constexpr const char* alarmInfoQuery =
     " SELECT MINUTE, MELODYTIME, MELODYNAME, ACTIVE  FROM USER_ALARMS WHERE TIMEID = {} ";
 constexpr const char* alarmRowQuery = " SELECT MINUTE, PRAYTIME, EVENTID FROM USER_ALARMS WHERE TIMEID = {} ";
@@ -150,7 +150,7 @@ bool DatabaseFunctions::isOn(int timeId) {
     return active;
 }
 
-// Throws when there is nothing to go by, so that neither the calendar nor the database is touched then.
+// Throws when the row cannot be read, so that neither the calendar nor the database is changed.
 DatabaseFunctions::AlarmRow DatabaseFunctions::readAlarmRow(int timeId) {
     if (!openUserDB()) throw std::runtime_error("the user database cannot be opened");
     const auto read = [this, timeId] {
@@ -172,7 +172,7 @@ void DatabaseFunctions::logFailure(const char* operation, const char* descriptio
     try {
         globalFuncs_->NSLogToFile(fmt::format("Error in DatabaseFunctions -> {}: {}", operation, description));
     } catch (const std::exception&) {
-        // Without the memory for a line, there is nobody left to tell.
+        // Without memory for a line there is no way to report it.
     }
 }
 

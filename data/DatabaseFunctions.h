@@ -18,22 +18,34 @@ class EventStore;
 class GlobalFuncs;
 struct AlarmIntent;
 
-/// What became of a change of an alarm.
+/// The outcome of a change of an alarm.
 struct AlarmChange {
-    bool isStored = true;  ///< the user database holds the change; otherwise nothing was changed
-    bool isPlaced = true;  ///< the calendar holds the event, or none where the alarm is off
-    std::string message;   ///< what failed or what the user should know, and what to do; empty when all is well
+    bool isStored = true;  ///< the user database contains the change; else nothing was changed
+    bool isPlaced = true;  ///< the calendar contains the event of an alarm that is on, and no event of one that is off
+    std::string message;   ///< what failed or needs attention, and what to do; empty when all is well
 
+    /// True when both succeeded.
     bool ok() const { return isStored && isPlaced; }
 };
 
-/// Reads and writes the alarms of the user database, and keeps an event in the device's calendar for each that is on.
+/// Reads and writes the alarms of the user database, and keeps an event in the device's calendar for each alarm that is
+/// on.
 ///
-/// Prayers are named by their codes 200 (Imsak) to 205 (Yatsi). Every operation opens the database and closes it again;
-/// a missing file makes it do nothing. Nothing is thrown: failures are written to the debug log. The clock, the files and
-/// the calendar are those of the shared services' platform. Everything runs on one thread.
+/// Prayers have the codes 200 (Imsak) to 205 (Yatsi). Every operation opens the database and closes it again; with a
+/// missing file it does nothing. Nothing throws: failures go to the debug log. The clock, the files and the calendar are
+/// those of the shared services' platform. Use an object from one thread.
 ///
-/// Row and event change together: see `AlarmJournal`. What an earlier program has left half done is finished first.
+/// @code
+///   quode::DatabaseFunctions alarms;                          // after GlobalFuncs::startUp
+///   alarms.reCalculateAlarm(200);                             // switches the dawn alarm on
+///   if (!alarms.lastChange().ok()) std::puts(alarms.lastChange().message.c_str());
+///   const bool isOn = alarms.getAlarmInfo(200).active;
+/// @endcode
+///
+/// Row and event change together, see `AlarmJournal`. Unfinished work of an earlier program is completed first.
+///
+/// Fixed names: `userDBPath`, the readers `asInteger` to `asString`, `executeSQL`, `executeArrayOfSQL`, `getAlarmInfo`,
+/// `reCalculateAlarm`, `deleteAlarm`; in the user database all tables, columns and stored values.
 class DatabaseFunctions {
   public:
     /// Works on "user.sqlite" in the data folder.
@@ -45,57 +57,62 @@ class DatabaseFunctions {
     const std::string& userDBPath() const { return userDBPath_; }
     void setUserDBPath(std::string path) { userDBPath_ = std::move(path); }
 
-    /// How long an operation may wait for other programs altogether. A program that draws takes `drawingPatience`.
+    /// Sets the longest time that an operation waits for other programs in total. A program with windows uses
+    /// `drawingPatience`.
     void setPatience(std::chrono::milliseconds patience) { patience_ = patience; }
     static constexpr std::chrono::milliseconds drawingPatience{150};
 
-    /// Another calendar than that of the shared services. It must outlive the object.
+    /// Replaces the calendar of the shared services' platform.
+    /// @param store  must outlive the object
     void setEventStore(EventStore& store) { store_ = &store; }
 
-    // Readers of one column of the present row; an absent text reads as 0, false, 0.0 or "". A text counts with the
-    // number that it begins with, and as 0 without one.
+    // Readers of one column of the current row. NULL gives 0, false, 0.0 or "". A text gives the number at its front, or 0.
 
     int asInteger(sqlite3_stmt* row, int column) const noexcept;
+
     /// True for a number above 0.
     bool asBoolean(sqlite3_stmt* row, int column) const noexcept;
     double asFloat(sqlite3_stmt* row, int column) const noexcept;
     std::string asString(sqlite3_stmt* row, int column) const noexcept;
 
-    /// Runs one statement. Returned: whether it ran without an error.
+    /// Runs one statement.
+    /// @return true when it ran without an error
     bool executeSQL(const std::string& sql) noexcept;
 
-    /// Runs statements in order, whether those before succeeded or not. Returned: whether at least one ran without an
-    /// error.
+    /// Runs statements in order; a failure does not stop the rest.
+    /// @return true when at least one ran without an error
     bool executeArrayOfSQL(std::span<const std::string> statements) noexcept;
 
-    /// The alarm of a prayer; all zero and empty when there is none.
+    /// The alarm of a prayer; all zero and empty when it does not exist.
     AlarmInfo getAlarmInfo(int code) noexcept;
 
-    /// Switches the alarm of a prayer on, and writes its event: at its moment today, or tomorrow when that has passed.
-    /// The event that it had is used again. The alarm is on also when the calendar fails. Nothing happens when the
-    /// alarm cannot be read. `lastChange` says what became of it.
+    /// Switches the alarm of a prayer on and writes its event: for today, or for tomorrow when today's time has passed. An
+    /// event that the alarm already has is reused. The alarm is on even when the calendar fails. Does nothing when the
+    /// alarm cannot be read. `lastChange` has the outcome.
     void reCalculateAlarm(int code) noexcept;
 
-    /// Switches the alarm of a prayer off and removes its event. Nothing happens when the alarm cannot be read.
-    /// `lastChange` says what became of it.
+    /// Switches the alarm of a prayer off and removes its event. Does nothing when the alarm cannot be read. `lastChange`
+    /// has the outcome.
     void deleteAlarm(int code) noexcept;
 
-    /// How the last of the two operations above went.
+    /// The outcome of the last of the two operations above.
     const AlarmChange& lastChange() const { return lastChange_; }
 
-    // The same for a caller that holds the journal.
+    // The same for a caller that holds the journal. The code is 200 to 205.
 
+    /// Switches an alarm on and writes its event.
     AlarmChange switchOn(int code, AlarmJournal& journal);
+    /// Switches an alarm off and removes its event.
     AlarmChange switchOff(int code, AlarmJournal& journal);
 
-    /// Writes the event of an alarm that is on; one that is off is left alone, and loses an event that it still has.
+    /// Writes the event of an alarm that is on. An alarm that is off stays off; an event that it still has is removed.
     AlarmChange placeEvent(int code, AlarmJournal& journal);
 
     /// Removes the event of an alarm, which stays on or off.
     AlarmChange retractEvent(int code, AlarmJournal& journal);
 
-    /// Finishes what an earlier program has left half done, but for `AlarmIntent::Kind::renew`, which is for those who
-    /// know the times. What cannot be finished now is left for the next.
+    /// Completes unfinished work of an earlier program, except `AlarmIntent::Kind::renew`, which needs the times of the
+    /// prayers. What cannot be completed now stays in the journal.
     void finishPending(AlarmJournal& journal) noexcept;
 
   private:
@@ -136,7 +153,7 @@ class DatabaseFunctions {
     sqlite::Database userDB_;  // open only within an operation
     std::string lastError_;    // of the last statement that failed
     std::chrono::milliseconds patience_{2000};
-    std::optional<std::chrono::steady_clock::time_point> patienceEnds_;  // of the operation that runs
+    std::optional<std::chrono::steady_clock::time_point> patienceEnds_;  // of the current operation
     EventStore* store_ = nullptr;                                        // null: that of the shared services
     AlarmChange lastChange_;
 };

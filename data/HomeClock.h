@@ -10,19 +10,19 @@
 
 namespace quode {
 
-/// The device's clock, which tells date and time of day as they are in the home city.
+/// The device's clock with date, time of day and offset of the home city.
 class HomeClock : public Clock {
   public:
     explicit HomeClock(std::shared_ptr<const Clock> device) : device_(std::move(device)) {}
 
-    /// Follows the clock of a city from now on; without one it tells what the device does.
+    /// Uses the clock of a city from now on; without one that of the device.
     void follow(std::optional<ZoneClock> city) { city_ = std::move(city); }
 
     TimePoint now() const override { return device_->now(); }
     CivilTime civilTime(TimePoint moment) const override;
     std::chrono::seconds utcOffset(TimePoint moment) const override;
 
-    /// The name of the device's zone, whatever the city.
+    /// The name of the device's zone, not the city's.
     std::string zoneName() const override { return device_->zoneName(); }
 
   private:

@@ -10,9 +10,10 @@ namespace {
 constexpr const char* methodQuery = "SELECT METHOD, HEIGHT FROM USER_METHOD WHERE CITYID = ?1";
 constexpr const char* nameQuery = "SELECT NAME FROM USER_TIMETABLE WHERE CITYID = ?1";
 constexpr const char* rowsQuery = "SELECT DAY, TIMES FROM USER_TIMETABLE_ROW WHERE CITYID = ?1";
+constexpr const char* iqamaQuery = "SELECT TIMES FROM USER_IQAMA WHERE CITYID = ?1";
 constexpr int lockPatienceMs = 2000;
 
-/// A query about a city; nothing when the table does not exist yet.
+/// A query for a city; null when the table does not exist yet.
 sqlite::Statement queryOf(sqlite3* database, const char* sql, int cityId) {
     sqlite::Statement statement = sqlite::prepare(database, sql);
     if (statement) sqlite3_bind_int(statement.get(), 1, cityId);
@@ -42,12 +43,21 @@ void readTable(sqlite3* database, int cityId, SiteChoice& choice) {
     choice.table = std::move(table);
 }
 
+void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {
+    const sqlite::Statement row = queryOf(database, iqamaQuery, cityId);
+    if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
+    const auto rules = iqamaRulesOf(sqlite::text(row.get(), 0));
+    if (!rules) choice.isUnreadable = true;
+    if (rules) choice.iqama = *rules;
+}
+
 }  // namespace
 
 SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId) {
     SiteChoice choice;
     readMethod(userDatabase, cityId, choice);
     readTable(userDatabase, cityId, choice);
+    readIqama(userDatabase, cityId, choice);
     return choice;
 }
 

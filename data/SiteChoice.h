@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What the user chose for the times of a city: a method, and perhaps a table of their mosque. Kept in the user database
-// in tables of their own; without a choice the engine's own method holds.
+// The user's choice for the times of a city: a method, and optionally a timetable of a mosque. The user database stores
+// it; without a choice the engine's own method applies.
 #pragma once
 
 #include <filesystem>
@@ -15,21 +15,25 @@ struct sqlite3;
 
 namespace quode {
 
+/// The choice for one city.
 struct SiteChoice {
     conventions::Method method;
-    double height = 0.0;                     ///< metres above sea level, as the city database has it
-    std::shared_ptr<const Timetable> table;  ///< nullptr: none was imported
+    double height = 0.0;                     ///< metres above sea level, from the city database
+    std::shared_ptr<const Timetable> table;  ///< nullptr: no table is imported
+    IqamaRules iqama;                        ///< where the table of a day has none
     bool isUnreadable = false;               ///< a choice is stored, but this version cannot read it
 
+    /// True when the engine's own method applies to every day. The congregation's times change none of them.
     bool isDefault() const { return method.isDefault() && !table; }
 
     friend bool operator==(const SiteChoice& a, const SiteChoice& b) {
         const bool sameTable = a.table == b.table || (a.table && b.table && *a.table == *b.table);
-        return a.method == b.method && a.height == b.height && a.isUnreadable == b.isUnreadable && sameTable;
+        return a.method == b.method && a.height == b.height && a.isUnreadable == b.isUnreadable && sameTable &&
+               a.iqama == b.iqama;
     }
 };
 
-/// The choice for a city; the default when none is stored.
+/// Reads the choice for a city; the default when none is stored.
 SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId);
 
 /// The same from a file that is not open yet; the default when it cannot be read.

@@ -33,7 +33,8 @@ std::vector<std::string_view> wordsOf(std::string_view text) {
     return words;
 }
 
-/// Reads a minute, or "-" for none. Returned: false when the word is neither.
+/// Reads a minute, or "-" for no value.
+/// @return false when the word is neither
 bool readMinute(std::string_view word, std::optional<int>& minute) {
     if (word == "-") return true;
     minute = numberOf<int>(word);
@@ -81,6 +82,22 @@ std::optional<TimetableRow> timetableRowOf(std::string_view text) {
     }
     if (!readMinute(words[count], row.asrHanafi)) return std::nullopt;
     return row;
+}
+
+std::string textOf(const IqamaRules& rules) {
+    std::string text;
+    for (const auto& iqama : rules) text.append(text.empty() ? "" : " ").append(iqamaText(iqama));
+    return text;
+}
+
+std::optional<IqamaRules> iqamaRulesOf(std::string_view text) {
+    const auto words = wordsOf(text);
+    IqamaRules rules;
+    if (words.size() != rules.size()) return std::nullopt;
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        if (!readIqama(words[i], rules[i])) return std::nullopt;
+    }
+    return rules;
 }
 
 }  // namespace quode

@@ -22,30 +22,40 @@ struct Iqama {
     friend bool operator==(const Iqama&, const Iqama&) = default;
 };
 
-/// The published times of one day, in minutes after 0 h of it; 1440 and more belong to the next day.
+/// When the congregation begins at each prayer, as far as it was published or chosen.
+using IqamaRules = std::array<std::optional<Iqama>, conventions::prayerCount>;
+
+/// The published times of one day, in minutes after 0 h of it; from 1440 on in the next day. No value: no time.
 struct TimetableRow {
     std::array<std::optional<int>, conventions::prayerCount> minutes;
     std::optional<int> asrHanafi;
-    std::array<std::optional<Iqama>, conventions::prayerCount> iqama;
+    IqamaRules iqama;
 
     friend bool operator==(const TimetableRow&, const TimetableRow&) = default;
 };
 
-/// A timetable that the user imported for a city. It wins on its dates.
+/// A timetable that the user imported for a city. It overrides the method on its dates.
 struct Timetable {
     std::string name;
     std::map<int, TimetableRow> rows;  ///< by day, counted from 1 January 1970
 
+    /// The row of a date; nullptr without one.
     const TimetableRow* rowOf(const VAKDate& date) const;
 
     friend bool operator==(const Timetable&, const Timetable&) = default;
 };
 
-/// A day counted from 1 January 1970, Gregorian.
+/// The number of days since 1 January 1970 of a Gregorian date.
 int dayNumber(const VAKDate& date);
 
-/// A row as it is stored: "312 402 - 930 1101 - 960 +20 - - - =1120 -", and back. Nothing when the text is none.
+/// A row as text for the database: "312 402 - 930 1101 - 960 +20 - - - =1120 -". A fixed format: it is stored.
 std::string textOf(const TimetableRow& row);
+
+/// Reads such a text; nothing for any other text.
 std::optional<TimetableRow> timetableRowOf(std::string_view text);
+
+/// Rules as they are stored: "+20 - =810 +10 +5 +10", and back. Nothing when the text is none.
+std::string textOf(const IqamaRules& rules);
+std::optional<IqamaRules> iqamaRulesOf(std::string_view text);
 
 }  // namespace quode

@@ -15,16 +15,23 @@ struct sqlite3;
 
 namespace quode {
 
-/// Tells what is known of zones: from the city database, or from the zone data of this machine where these are of a
-/// newer edition. A zone is read when it is first asked for.
+/// Facts of time zones, from the city database, or from the zone data of this machine where these are of a newer edition.
+/// Each zone is read at its first use and kept.
+///
+/// @code
+///   quode::ZoneSource source(database.get(), "/usr/share/zoneinfo");  // database: an open sqlite::Database
+///   const std::shared_ptr<const quode::ZoneKnowledge> known = source.of("Europe/Istanbul", "");
+///   const std::string edition = known->edition;                       // "2026f"
+/// @endcode
 class ZoneSource {
   public:
-    /// The city database must outlive the object. zoneFolder: where this machine keeps its zone data.
+    /// @param cities      the city database, which must outlive the object
+    /// @param zoneFolder  the zone data of this machine
     ZoneSource(sqlite3* cities, std::filesystem::path zoneFolder);
 
-    /// What is known of a zone.
-    /// name   its IANA name
-    /// days   the days of the city database on which it differs from its yearly rule, see `zoneDaysText`
+    /// The facts of a zone; never null.
+    /// @param name  its IANA name
+    /// @param days  from the city database: the days on which it differs from its yearly rule, see `zoneDaysText`
     std::shared_ptr<const ZoneKnowledge> of(const std::string& name, std::string_view days);
 
   private:

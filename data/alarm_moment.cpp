@@ -42,7 +42,7 @@ std::optional<std::chrono::sys_seconds> instantOfWallClock(const Clock& device, 
     const year_month_day date = year{time.Years} / time.Months / time.Days;
     if (!date.ok()) return std::nullopt;
 
-    // The wall clock read as if it were that of Greenwich; no zone is more than a day away from it.
+    // The wall clock taken as UTC; no zone is more than a day away from it.
     const sys_seconds wall = sys_days{date} + hours{time.Hours} + minutes{time.Minutes} + seconds{time.Seconds};
     const seconds before = device.utcOffset(wall - days{1});
     const seconds after = device.utcOffset(wall + days{1});

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// When a prayer alarm rings, by the device's calendar.
+// The moment at which a prayer alarm rings, on the device's clock.
 #pragma once
 
 #include <chrono>
@@ -12,17 +12,16 @@
 namespace quode {
 
 /// The moment of an alarm on the wall clock: today's, or tomorrow's when today's minute is over.
-/// now             the wall clock; its second does not count
-/// prayTime        decimal hours of the day of `now`; the minute is truncated. Hours beyond 0..24 lead to the day
-/// before or
-///                 after
-/// offsetMinutes   added to the time; negative: before it
-/// Returned: the minute at which it rings; Years = Months = Days = -1 when the numbers lead to no date.
+/// @param now            the wall clock; its second is ignored
+/// @param prayTime       decimal hours of the day of `now`, truncated to the minute; outside 0..24 in the day before or
+///                       after
+/// @param offsetMinutes  added to the time; negative: before it
+/// @return the minute at which it rings; Years = Months = Days = -1 when the numbers give no date
 VAKDate nextAlarmMoment(const VAKDate& now, double prayTime, int offsetMinutes);
 
-/// The instant at which the device's wall clock shows a date and time. A time that is shown twice, when the clocks go
-/// back, is the earlier one; a time that is skipped is taken as much later as the clocks go forward. Returned: nothing
-/// for a date outside the years 1 to 9999.
+/// The instant at which the device's wall clock shows a date and time. Of a time that occurs twice, when the clocks go
+/// back, it is the first; a time that is skipped moves later by the size of the change.
+/// @return nothing for a date outside the years 1 to 9999
 std::optional<std::chrono::sys_seconds> instantOfWallClock(const Clock& device, const VAKDate& time);
 
 }  // namespace quode

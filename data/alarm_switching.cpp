@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The operations of DatabaseFunctions that change the row of an alarm and its event together.
+// The operations of DatabaseFunctions that change an alarm's row and event together.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -25,7 +25,7 @@ using std::chrono::steady_clock;
 using std::chrono::sys_seconds;
 using Kind = AlarmIntent::Kind;
 
-// The blanks belong to the texts.
+// The blanks are part of the texts.
 constexpr const char* activeUpdate = " UPDATE USER_ALARMS SET ACTIVE = {}  WHERE TIMEID = {} ";
 constexpr const char* eventUpdate = " UPDATE USER_ALARMS SET EVENTID = '{}'  WHERE TIMEID = {} ";
 
@@ -46,7 +46,7 @@ VAKDate oneMinuteLater(VAKDate date) {
 
 }  // namespace
 
-// --- the operations for one who does not hold the journal
+// ---- operations for a caller without the journal
 
 void DatabaseFunctions::reCalculateAlarm(int code) noexcept {
     lastChange_ = alone("reCalculateAlarm", code, &DatabaseFunctions::switchOn);
@@ -97,7 +97,7 @@ EventStore* DatabaseFunctions::store() const {
     return store;
 }
 
-// --- the operations for one who holds it
+// ---- operations for a caller that holds the journal
 
 AlarmChange DatabaseFunctions::switchOn(int code, AlarmJournal& journal) {
     const int timeId = alarmNumber(code);
@@ -124,7 +124,7 @@ std::optional<DatabaseFunctions::Moments> DatabaseFunctions::momentsOf(const Ala
     const Platform& platform = globalFuncs_->platform();
     const Clock& clock = platform.alarmClock ? *platform.alarmClock : *platform.clock;
     const VAKDate start = nextAlarmMoment(presentOn(clock), alarm.prayTime, alarm.offset);
-    VAKDate end = start;  // keeps the day of the start, also over midnight
+    VAKDate end = start;  // keeps the day of the start, even past midnight
     const VAKDate later = oneMinuteLater(start);
     end.Hours = later.Hours;
     end.Minutes = later.Minutes;
@@ -134,12 +134,12 @@ std::optional<DatabaseFunctions::Moments> DatabaseFunctions::momentsOf(const Ala
     return Moments{*startInstant, *endInstant};
 }
 
-// Writes the event of an alarm, and notes the identifier under which it is found from now on.
+// Writes the event of an alarm, and stores its identifier.
 AlarmChange DatabaseFunctions::writeEvent(int timeId, const AlarmRow& alarm, AlarmJournal& journal, bool switches) {
     EventStore* const store = this->store();
     const FoundEvent found = store ? store->findEvent(alarm.eventIdentifier) : FoundEvent{};
     CalendarEvent event = found.event.value_or(CalendarEvent{});
-    // A calendar that cannot be read now may hold the event all the same: it is not to be left behind in there.
+    // A calendar that cannot be read now may still contain the event, which must not remain there.
     const bool mayBeThere = !found.status.ok && !alarm.eventIdentifier.empty() && !hasQuote(alarm.eventIdentifier);
     const std::string former = mayBeThere ? alarm.eventIdentifier : event.identifier;
     event.identifier = former.empty() && store ? store->newIdentifier() : former;
@@ -172,7 +172,7 @@ AlarmChange DatabaseFunctions::writeEvent(int timeId, const AlarmRow& alarm, Ala
             _("The calendar gave the event an identifier with a quote, which cannot be kept: {}", identifier));
     }
     const bool isNamed = storeEventIdentifier(timeId, identifier) || identifier == alarm.eventIdentifier;
-    // What is not in place stays written down, for the next who comes.
+    // Unfinished work stays in the journal for the next holder.
     if (saved.status.ok && isNamed) journal.end(intent);
     if (!isNamed) {
         dropEvent(identifier);
@@ -181,7 +181,7 @@ AlarmChange DatabaseFunctions::writeEvent(int timeId, const AlarmRow& alarm, Ala
     return {true, saved.status.ok, saved.status.message};
 }
 
-// Removes the event of an alarm, after the row: an event that is left over is removed by the next who comes.
+// Removes the event of an alarm, after the row: the next holder of the journal removes an event that is left over.
 AlarmChange DatabaseFunctions::removeEvent(int timeId, const AlarmRow& alarm, AlarmJournal& journal, bool switches) {
     const std::string& event = alarm.eventIdentifier;
     const AlarmIntent intent{switches ? Kind::off : Kind::drop, timeId, event};
@@ -200,7 +200,8 @@ AlarmChange DatabaseFunctions::removeEvent(int timeId, const AlarmRow& alarm, Al
     return {true, status.ok, status.message};
 }
 
-// Removes an event that no row names. Returned: whether the calendar is known not to hold it.
+// Removes an event that no row refers to.
+// @return true when the calendar certainly does not contain it
 bool DatabaseFunctions::dropEvent(const std::string& identifier) {
     EventStore* const store = this->store();
     if (!store || identifier.empty()) return true;
@@ -208,7 +209,7 @@ bool DatabaseFunctions::dropEvent(const std::string& identifier) {
     return found.event ? store->removeEvent(identifier).ok : found.status.ok;
 }
 
-// --- what an earlier program has left
+// ---- unfinished work of an earlier program
 
 void DatabaseFunctions::finishPending(AlarmJournal& journal) noexcept {
     guarded("finishPending", [&] {
@@ -231,11 +232,11 @@ void DatabaseFunctions::finish(const AlarmIntent& intent, AlarmJournal& journal)
     }
     const bool isPlaced =
         intent.kind != Kind::on || !isOn(intent.timeId) || writeEvent(intent.timeId, alarm, journal, false).isPlaced;
-    // An event that still cannot be written is written down under the identifier that it is to have now.
+    // An event that still cannot be written stays in the journal, under the identifier that it gets now.
     if (isPlaced || !isNamed) journal.end(intent);
 }
 
-// --- the database
+// ---- the database
 
 bool DatabaseFunctions::storeEventIdentifier(int timeId, const std::string& identifier) {
     return executeSQL(fmt::format(eventUpdate, identifier, timeId));

@@ -19,7 +19,7 @@ namespace {
 
 using Reason = CityDatabaseError::Reason;
 
-// Whether the file has the length that its first page announces; a file cut short otherwise shows only much later.
+// True when the file has the length in its first page; otherwise a truncated file would be noticed only much later.
 bool isWhole(const std::filesystem::path& file) {
     std::array<unsigned char, 32> header{};
     std::ifstream stream(file, std::ios::binary);

@@ -17,25 +17,28 @@ namespace quode {
 /// The open database behind `CityDatabase`. Every failure is a `CityDatabaseError`.
 class CityConnection {
   public:
-    /// zoneFolder: where this machine keeps its zone data; empty: they are not looked at.
+    /// @param zoneFolder  the machine's zone data; empty: not used
     CityConnection(const std::filesystem::path& file, const std::filesystem::path& zoneFolder);
 
+    /// Prepares a query.
     sqlite::Statement query(const std::string& sql) const;
 
-    /// Goes to the next row; false after the last one.
+    /// Advances to the next row; false after the last one.
     bool next(const sqlite::Statement& statement) const;
 
-    /// The record of a place, its checksum verified.
+    /// The record of a place, with its checksum verified; nothing for an unknown id.
     std::optional<CityRecord> record(int id);
 
-    /// The records of all places in the order of their ids, their checksums verified.
+    /// Calls `take` with the records of all places, ordered by id, with their checksums verified.
     void forEachRecord(const std::function<void(const CityRecord&)>& take) const;
 
-    /// The record of the place that the table of points has at a point, in hundred-thousandths of a degree.
+    /// The record of a place that the table of points lists; damaged when the record has another point.
+    /// @param latitude,longitude  hundred-thousandths of a degree
     CityRecord recordAt(int id, int latitude, int longitude);
 
-    /// The largest place of a zone or of an older name of it.
+    /// The most populous place of a zone, which may have an older name; nothing without one.
     std::optional<CityRecord> largestCityOfZone(std::string_view zone);
+
     ZoneSource& zones() { return *zones_; }
 
   private:
@@ -45,7 +48,7 @@ class CityConnection {
 
     std::filesystem::path file_;
     sqlite::Database database_;
-    sqlite::Statement recordQuery_;  // kept, for a search reads many records
+    sqlite::Statement recordQuery_;  // kept, because a search reads many records
     mutable std::optional<ZoneSource> zones_;
 };
 

@@ -4,25 +4,26 @@
 
 namespace quode {
 
-/// What a city database of this program is known by: SQLite's `application_id` and `user_version`. The edition changes
-/// with every change of the tables or of the folding of names.
+/// The identification of a city database: SQLite's `application_id` and `user_version`. The edition changes with every
+/// change of the tables or of the folding of names.
 inline constexpr int cityDatabaseApplicationId = 0x51554F44;  // "QUOD"
 inline constexpr int cityDatabaseEdition = 4;
 
-/// What a row of CITY_NAME stands for.
+/// The kind of a row of CITY_NAME. Fixed values: stored in the database.
 enum class NameKind {
-    own = 0,        ///< a spelling of the place's own name
-    other = 1,      ///< a former or other name
-    ownWord = 2,    ///< its own name from a later word on
-    otherWord = 3,  ///< another name from a later word on
+    own = 0,        ///< a spelling of the place's main name
+    other = 1,      ///< a former or alternative name
+    ownWord = 2,    ///< its main name from a later word on
+    otherWord = 3,  ///< an alternative name from a later word on
 };
 
-/// The tables. The first four are the facts of a `City`; the others serve search, display and the check of the zones.
+/// The tables. The first four, whose names and columns are fixed, are the facts of a `City`; the others serve search,
+/// display and the check of the zones.
 /// DAYS of ZONE is the `zoneDaysText` of the days on which the clock differs from the yearly rule.
 /// FOLDED columns hold names as `foldedName` gives them. LATITUDE and LONGITUDE of CITY_POINT count hundred-thousandths
-/// of a degree. BEGINNING names, for texts with which very many names begin, the rows of CITY_NAME that fit them best.
-/// NAME_GROUP holds the rows of CITY_NAME that are not words of names by their length in bytes, as `nameGroup` writes
-/// them. CHECKSUM columns hold the `rowChecksum` of `cityRecordSql` and of `zoneCitySql`.
+/// of a degree. BEGINNING lists, for texts with which very many names begin, the best rows of CITY_NAME. NAME_GROUP holds
+/// the whole names of CITY_NAME grouped by length in bytes, as `nameGroup` writes them. CHECKSUM columns hold the
+/// `rowChecksum` of `cityRecordSql` and of `zoneCitySql`.
 inline constexpr const char* cityDatabaseTables = R"sql(
 CREATE TABLE CITY (ID INTEGER PRIMARY KEY, NAME TEXT NOT NULL, LAT TEXT NOT NULL, LON TEXT NOT NULL,
   TEMKIN INTEGER NOT NULL, PARENT INTEGER NOT NULL);

@@ -111,7 +111,7 @@ double timeOfPrayer(const CityDay& day, int code) {
 int shownMinute(double hours) {
     const formatting::ClockMinute shown = formatting::shownClock(hours).value_or(formatting::ClockMinute{});
     const int minuteOfDay = shown.hour * 60 + shown.minute;
-    // The clock has lost its day: the nearest minute with that clock is meant.
+    // The rounded clock has no day: the nearest minute with that clock is the right one.
     constexpr int minutesPerDay = 1440;
     return minuteOfDay + minutesPerDay * static_cast<int>(std::lround((hours * 60.0 - minuteOfDay) / minutesPerDay));
 }

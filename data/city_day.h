@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// One day at one place: its prayer times, sky, qibla and clock, computed afresh.
+// One day at one place: its prayer times, sky, qibla and clock.
 #pragma once
 
 #include <chrono>
@@ -16,15 +16,16 @@
 
 namespace quode {
 
-/// What the times of a place depend on.
+/// The facts of a place that its times depend on.
 struct Site {
     double latitude = 0.0;   ///< degrees, north positive
     double longitude = 0.0;  ///< degrees, east positive
     ZoneRule rule;
     bool temkin = true;                               ///< safety margin for 500 m of height; 250 m otherwise
     SiteChoice choice = {};                           ///< the method and table that the user chose
-    std::shared_ptr<const ZoneKnowledge> known = {};  ///< what is known of the clock beyond the rule
+    std::shared_ptr<const ZoneKnowledge> known = {};  ///< facts of the clock beyond the rule
 
+    /// The place's clock: the rule with all facts beyond it.
     ZoneClock clock() const { return {rule, known}; }
 
     friend bool operator==(const Site& a, const Site& b) {
@@ -33,58 +34,75 @@ struct Site {
     }
 };
 
+/// The site of a place of the city database.
 Site siteOf(const CityRecord& city);
 
-/// The site of a city as the databases hold it, in texts; what is no number counts as 0. Its clock is that of the day
-/// for which the city was read.
+/// The site of a city with its facts as texts; a text without a number counts as 0. Its clock is that of the day on which
+/// the city was read.
 Site siteOf(const City& city);
 
-/// Everything that is computed for one day at one place.
+/// The computed values of one day at one place.
 struct CityDay {
     VAKDate date;              ///< the civil day, at 0 h
-    PrayTimes times;           ///< local decimal hours, -1.0 where there is none; the flags tell the fallbacks
+    PrayTimes times;           ///< local decimal hours, -1.0 where missing; the flags mark fallbacks
     WidgetSkyInfo sky;         ///< sunrise, sunset, moonrise, moonset (local), the Moon's altitude at sunset
     double GMTValue = 0.0;     ///< hours east of Greenwich on that day, summer time included
     bool isDSTTime = false;    ///< summer time is in force
     KiblePair kible;           ///< the qibla, see `FastAstro::KibleAcisi`
     double declination = 0.0;  ///< magnetic declination, degrees east of true north
-    DayMethod method;          ///< how the times came about
+    DayMethod method;          ///< how the times were computed
 };
 
-/// Computes a day, by the offset that the place's clock has at its noon. Only the date of `day` counts.
+/// Computes a day with the offset of the place's clock at noon. Nothing throws.
+///
+/// @code
+///   quode::Site mecca;
+///   mecca.latitude = 21.4225;
+///   mecca.longitude = 39.8262;
+///   mecca.rule.gmt = 3.0;
+///   const quode::CityDay day = quode::computeCityDay(mecca, quode::VAKDateMake(21, 3, 2026, 0, 0, 0));
+///   const double fajr = quode::timeOfPrayer(day, 200);  // local decimal hours, or -1.0
+///   const int minute = quode::shownMinute(fajr);        // as shown, after rounding
+/// @endcode
+///
+/// @param day  the date; its time of day is ignored
 CityDay computeCityDay(const Site& site, const VAKDate& day);
 
-/// Computes the day of `day` and stores the results in the city: times, sky, offset text, qibla, declination.
+/// Computes a day and stores the results in the city: times, sky, text of the offset, qibla, declination.
+/// @param day  the date; its time of day is ignored
 void computeCity(City& city, const VAKDate& day);
 
-/// The time of a prayer, by its code 200 to 208, in local hours; -1.0 when there is none.
+/// The time of a prayer.
+/// @param code  200 to 208
+/// @return local hours; -1.0 for a missing time and for any other code
 double timeOfPrayer(const PrayTimes& times, int code);
 
-/// The same, counted from 0 h of the day itself: its noon lies within 0..24. The engine's own hours of a day reach a
-/// day too far where the clock is one day ahead of the longitude, as in Samoa, Tonga and the Line Islands.
+/// The same, counted from 0 h of the day, so that noon is within 0..24. The engine's hours are a day too large where the
+/// clock is one day ahead of the longitude, as in Samoa, Tonga and the Line Islands.
 double timeOfPrayer(const CityDay& day, int code);
 
-/// The local minute that a time is shown as, in minutes after 0 h of its day; 1440 and more belong to the next day.
-/// Rounds exactly as `timeLeadingZero` does.
+/// The minute at which a time is shown, rounded as by `timeLeadingZero`.
+/// @param hours  local hours, not the mark -1.0
+/// @return minutes after 0 h of the day; from 1440 on in the next day
 int shownMinute(double hours);
 
-/// The instant of a time of a day, to the minute at which it is shown.
+/// The instant of a time of a day, rounded to the minute at which it is shown.
 std::chrono::sys_seconds instantOf(const CityDay& day, double hours);
 
 /// The wall clock of a place at an instant. Where only the days of changes are known, the clocks change at two o'clock
-/// standard time; the prayer times count the whole of such a day as the time at its noon.
+/// standard time; prayer times use the offset at noon for the whole of such a day.
 VAKDate wallClock(const ZoneClock& clock, std::chrono::sys_seconds instant);
 
-/// A coming prayer.
+/// The next prayer.
 struct NextPrayer {
     int code = 0;                        ///< 200 (Imsak) to 205 (Yatsi)
-    std::chrono::sys_seconds instant{};  ///< when, to the minute
-    double hours = 0.0;                  ///< the local time of its day
-    VAKDate date;                        ///< the civil day that the time belongs to, at 0 h
+    std::chrono::sys_seconds instant{};  ///< its time, to the minute
+    double hours = 0.0;                  ///< local hours of `date`
+    VAKDate date;                        ///< the civil day of the prayer, at 0 h
 };
 
-/// The first of the six main times after an instant, of yesterday (a night prayer after midnight), today or tomorrow.
-/// Nothing when none of them exists.
+/// The first of the six main times after an instant, of yesterday (a night prayer after midnight), today or tomorrow;
+/// nothing when none of them exists.
 std::optional<NextPrayer> nextPrayer(const Site& site, std::chrono::sys_seconds now);
 
 }  // namespace quode

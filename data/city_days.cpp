@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/city_days.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <tuple>
 
@@ -10,7 +12,7 @@
 namespace quode {
 namespace {
 
-constexpr double noPlace = std::numeric_limits<double>::quiet_NaN();  // equals nothing
+constexpr double noPlace = std::numeric_limits<double>::quiet_NaN();  // compares unequal to everything
 
 bool isLeapYear(int year) {
     return year % 4 == 0 && (year < 1582 || year % 100 != 0 || year % 400 == 0);
@@ -19,11 +21,26 @@ bool isLeapYear(int year) {
 VAKDate dayAfter(const VAKDate& day) {
     constexpr int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     VAKDate next = VAKDateMake(day.Days + 1, day.Months, day.Years, 0, 0, 0);
-    if (next.Years == 1582 && next.Months == 10 && next.Days == 5) next.Days = 15;  // the calendar left ten days out
+    if (next.Years == 1582 && next.Months == 10 && next.Days == 5) next.Days = 15;  // the calendar skipped ten days
     const int length = lengths[next.Months - 1] + (next.Months == 2 && isLeapYear(next.Years) ? 1 : 0);
     if (next.Days <= length) return next;
     return next.Months < 12 ? VAKDateMake(1, next.Months + 1, next.Years, 0, 0, 0)
                             : VAKDateMake(1, 1, next.Years + 1, 0, 0, 0);
+}
+
+void setDeclinations(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results) {
+    constexpr std::size_t most = 64;
+    const auto field = MagneticVariation::fieldAt(day.Days, day.Months, day.Years);
+    std::array<MagneticVariation::Point, most> points;
+    std::array<double, most> declinations;
+    for (std::size_t first = 0; first < sites.size(); first += most) {
+        const std::size_t count = std::min(most, sites.size() - first);
+        for (std::size_t i = 0; i < count; ++i) {
+            points[i] = {sites[first + i].latitude, sites[first + i].longitude, declinationHeight};
+        }
+        MagneticVariation::declinations(field, std::span(points).first(count), declinations);
+        for (std::size_t i = 0; i < count; ++i) results[first + i].declination = declinations[i];
+    }
 }
 
 bool isAfter(const VAKDate& a, const VAKDate& b) {
@@ -38,9 +55,13 @@ CityDays::CityDays() : memo_(std::make_unique<SkyMemo>()), termsLatitude_(noPlac
 }
 
 void CityDays::compute(const Site& site, const VAKDate& day, CityDay& result) {
+    computeTimesAndSky(site, day, result);
+    result.declination = declination(site, day);
+}
+
+void CityDays::computeTimesAndSky(const Site& site, const VAKDate& day, CityDay& result) {
     computeTimes(site, day, result);
     result.sky = withLocalSun(engine_.getSomeInfoForQuodeWidget(), result.GMTValue);
-    result.declination = declination(site, day);
 }
 
 void CityDays::computeTimes(const Site& site, const VAKDate& day, CityDay& result) {
@@ -90,7 +111,8 @@ void computeDayTimes(const Site& site, std::span<const VAKDate> days, std::span<
 
 void computeDays(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results) {
     CityDays series;
-    for (std::size_t i = 0; i < sites.size(); ++i) series.compute(sites[i], day, results[i]);
+    for (std::size_t i = 0; i < sites.size(); ++i) series.computeTimesAndSky(sites[i], day, results[i]);
+    setDeclinations(sites, day, results);
 }
 
 }  // namespace quode

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Many days of one place, or many places on one day. Each result is, bit for bit, what `computeCityDay` gives for that
-// day and place alone; what they share is computed once.
+// Many days of one place, or many places on one day. Each result equals that of `computeCityDay` bit for bit; shared
+// values are computed once.
 #pragma once
 
 #include <memory>
@@ -13,18 +13,30 @@
 
 namespace quode {
 
-/// Computes days one after the other, in any order of days and places. It remembers what neighbouring days and places
-/// share: the days of a place in the order of the calendar, or many places of one day, take the least time.
-/// Nothing is allocated per day. Use an object from one thread at a time; several threads each have their own.
+/// Computes days one after the other, in any order of days and places. It keeps the values that neighbouring days and
+/// places share: it is fastest for the days of a place in chronological order, and for many places on one day. It
+/// allocates nothing per day. Use an object from one thread at a time, and one object per thread.
+///
+/// @code
+///   quode::CityDays days;
+///   quode::CityDay day;
+///   for (const quode::VAKDate& date :
+///        quode::daysBetween(quode::VAKDateMake(1, 1, 2026, 0, 0, 0), quode::VAKDateMake(31, 12, 2026, 0, 0, 0))) {
+///       days.compute(mecca, date, day);  // a quode::Site, see "data/city_day.h"
+///   }
+/// @endcode
 class CityDays {
   public:
     CityDays();
 
-    /// A whole day.
+    /// Computes a day.
     void compute(const Site& site, const VAKDate& day, CityDay& result);
 
-    /// Only the date, the prayer times, the clock and the qibla of a day; the rest of the record stays as it is.
+    /// Computes the date, the prayer times, the clock and the qibla of a day; the rest of the record stays as it is.
     void computeTimes(const Site& site, const VAKDate& day, CityDay& result);
+
+    /// A whole day but for the declination, which stays as it is: see `MagneticVariation::declinations`.
+    void computeTimesAndSky(const Site& site, const VAKDate& day, CityDay& result);
 
   private:
     double declination(const Site& site, const VAKDate& day);
@@ -37,19 +49,21 @@ class CityDays {
     MagneticVariation::PlaceTerms terms_;
 };
 
-/// The days from one to another, both included, in the order of the calendar; none when `to` lies before `from`.
+/// The days from one to another, both included, in chronological order; empty when `to` is before `from`.
 std::vector<VAKDate> daysBetween(const VAKDate& from, const VAKDate& to);
 
-/// The days of a place from one to another, both included.
+/// Computes the days of a place from one to another, both included; empty when `to` is before `from`.
 std::vector<CityDay> computeDays(const Site& site, const VAKDate& from, const VAKDate& to);
 
-/// Days of a place, in any order. `results` has a record for each day.
+/// Computes days of a place, in any order.
+/// @param results  as many as days
 void computeDays(const Site& site, std::span<const VAKDate> days, std::span<CityDay> results);
 
-/// Only what `CityDays::computeTimes` gives of days of a place.
+/// The same with `CityDays::computeTimes`.
 void computeDayTimes(const Site& site, std::span<const VAKDate> days, std::span<CityDay> results);
 
-/// One day of many places. `results` has a record for each site.
+/// Computes one day of many places.
+/// @param results  as many as sites
 void computeDays(std::span<const Site> sites, const VAKDate& day, std::span<CityDay> results);
 
 }  // namespace quode

@@ -7,7 +7,7 @@
 namespace quode {
 
 std::string sexagesimalCoordinate(long hundredThousandths) {
-    const long milliseconds = std::labs(hundredThousandths) * 36;  // of arc: a hundred-thousandth of a degree has 36
+    const long milliseconds = std::labs(hundredThousandths) * 36;  // of arc; 36 in a hundred-thousandth of a degree
     const long wholeSeconds = milliseconds / 1000;
     std::string text = hundredThousandths < 0 ? "-" : "";
     text += std::to_string(wholeSeconds / 3600) + ";" + std::to_string(wholeSeconds / 60 % 60) + ";" +

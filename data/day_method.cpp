@@ -17,7 +17,7 @@ using conventions::Prayer;
 constexpr double hoursPerDay = 24.0, minutesPerHour = 60.0;
 constexpr int asrHanafiCode = 207;
 
-/// The prayers of conventions are the codes 200 to 205, in the same order.
+/// The code of a convention's prayer: 200 to 205, in the same order.
 constexpr std::size_t indexOf(Prayer prayer) {
     return static_cast<std::size_t>(prayer);
 }
@@ -37,7 +37,7 @@ TimeSource sourceOf(Origin origin) {
     }
 }
 
-// The engine's hours reach a day too far where the clock is a day ahead of the longitude; a convention's do not.
+// The engine's hours are a day too large where the clock is a day ahead of the longitude; a convention's are not.
 void bringIntoDay(PrayTimes& times) {
     const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);
     if (shift == 0.0) return;
@@ -47,7 +47,7 @@ void bringIntoDay(PrayTimes& times) {
     }
 }
 
-/// What follows from dawn and sunset, by the engine's definitions.
+/// Sets the times that follow from dawn and sunset, by the engine's definitions.
 void divideNight(PrayTimes& times) {
     if (times.Imsak == missingTime || times.Aksam == missingTime) {
         times.Teheccud = times.Gece2 = times.Gece3 = missingTime;
@@ -88,7 +88,7 @@ void applyConvention(const Site& site, CityDay& day) {
     divideNight(times);
 }
 
-/// The user's shadow and minutes on top of the engine's own times.
+/// Applies the user's shadow and minutes to the engine's own times.
 void adjustEngine(const Site& site, CityDay& day) {
     const conventions::Method& method = site.choice.method;
     PrayTimes& times = day.times;
@@ -112,7 +112,9 @@ void applyTable(const Timetable& table, CityDay& day) {
     const TimetableRow* row = table.rowOf(day.date);
     if (row == nullptr) return;
     day.method.isFromTable = true;
-    day.method.iqama = row->iqama;
+    for (std::size_t i = 0; i < row->iqama.size(); ++i) {
+        if (row->iqama[i]) day.method.iqama[i] = row->iqama[i];
+    }
     PrayTimes& times = day.times;
     const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);  // of the engine's own hours
     const auto put = [&](double& slot, std::size_t index, int minutes) {
@@ -137,6 +139,7 @@ void applyChoice(const Site& site, CityDay& day) {
     const SiteChoice& choice = site.choice;
     const bool wasDefault = !day.method.hasTable && day.method.method.isDefault();
     if (!wasDefault) day.method = {};
+    day.method.iqama = choice.iqama;
     if (choice.isDefault()) return;
     day.method.method = choice.method;
     const conventions::Convention* convention = conventions::findConvention(choice.method.key);

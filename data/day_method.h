@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// How the times of a day came about, and the step that brings a chosen method into a day of the engine.
+// How the times of a day were computed, and the step that applies the chosen method to a day of the engine.
 #pragma once
 
 #include <array>
@@ -20,10 +20,11 @@ enum class TimeSource {
     convention,     ///< the rule of the chosen convention
     highLatitude,   ///< the convention's rule for high latitudes
     otherLatitude,  ///< the convention, computed for a lower latitude
-    ownRule,        ///< Quode's own rule, for the convention does not define this time
+    ownRule,        ///< Quode's own rule, because the convention does not define this time
     table,          ///< the imported table
 };
 
+/// The origin of one time.
 struct TimeMark {
     TimeSource source = TimeSource::engine;
     int adjusted = 0;  ///< minutes that the user added
@@ -35,17 +36,20 @@ struct TimeMark {
 struct DayMethod {
     conventions::Method method;
     std::array<TimeMark, 9> marks{};  ///< of the prayers 200 to 208
-    conventions::UsedPoint point;     ///< of a convention: the point computed for
-    double usedLatitude = 0.0;        ///< of a convention
-    bool isFromTable = false;         ///< the imported table has this day
-    bool hasTable = false;            ///< a table was imported, whether it has this day or not
+    conventions::UsedPoint point;     ///< with a convention: the point computed for
+    double usedLatitude = 0.0;        ///< with a convention: degrees
+    bool isFromTable = false;         ///< the imported table contains this day
+    bool hasTable = false;            ///< a table is imported, whether it contains this day or not
     std::string tableName;
-    std::array<std::optional<Iqama>, conventions::prayerCount> iqama;  ///< of the table
+    IqamaRules iqama;  ///< of the table, else as the user chose for the city
 
+    /// The origin of a prayer's time.
+    /// @param code  200 to 208
+    /// @throw std::out_of_range  for another code
     const TimeMark& mark(int code) const { return marks.at(static_cast<std::size_t>(code - 200)); }
 };
 
-/// Replaces the times that the engine has computed by those of the site's choice. With the default nothing changes.
+/// Replaces the engine's times with those of the site's choice. With the default nothing changes.
 void applyChoice(const Site& site, CityDay& day);
 
 }  // namespace quode

@@ -14,7 +14,7 @@ namespace {
 
 constexpr char32_t broken = 0xFFFFFFFF;
 
-// The base letter of each code point from U+00C0 on; '*' where there are several, '?' where the letter is its own base.
+// The base letter of each code point from U+00C0 on; '*' for several letters, '?' where the letter is its own base.
 constexpr std::string_view latinSupplement =
     "aaaaaa*ceeeeiiiidnooooo ouuuuy**aaaaaa*ceeeeiiiidnooooo ouuuuy*y"
     "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiii**jjkkklllllll"
@@ -136,7 +136,7 @@ int typingMistakes(std::string_view a, std::string_view b, int limit) {
     const auto most = static_cast<std::size_t>(limit);
     if (b.size() - a.size() > most) return limit + 1;
     // Rows of the edit table: mistakes between the first i letters of b and the first j of a; three rows for swaps.
-    // More than `limit` columns from the diagonal there are more mistakes than that.
+    // Cells more than `limit` columns from the diagonal have more than `limit` mistakes.
     const std::size_t width = a.size() + 1;
     constexpr std::size_t usualWidth = 40;
     std::array<int, 3 * usualWidth> usual;
@@ -164,8 +164,7 @@ int typingMistakes(std::string_view a, std::string_view b, int limit) {
             smallest = std::min(smallest, current[j]);
         }
         if (end < width) current[end] = limit + 1;
-        // Neighbouring rows differ by one at most, so the row before, to which a swap reaches back, is above the limit
-        // too.
+        // Adjacent rows differ by one at most, so the row before, which a swap uses, is above the limit too.
         if (smallest > limit + 1) return limit + 1;
         int* const reused = beforePrevious;
         beforePrevious = previous;

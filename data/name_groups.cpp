@@ -5,7 +5,7 @@
 namespace quode {
 namespace {
 
-// Numbers lie with the lowest byte first, whatever the machine.
+// Numbers are stored with the lowest byte first on every machine.
 template <typename Number>
 void append(std::string& bytes, Number value) {
     for (std::size_t i = 0; i < sizeof(Number); ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);

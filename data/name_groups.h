@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Names of one length, side by side, so that those with typing mistakes are found without reading every row of a table.
+// Names of one length in one block, so that a search with typing mistakes does not read every row of a table.
 #pragma once
 
 #include <cstdint>
@@ -21,22 +21,23 @@ struct GroupedName {
     NameKind kind = NameKind::own;
 };
 
-/// The letters of a name, one bit each: a typing mistake adds one at most and removes one at most.
+/// The set of letters of a name, one bit each: a typing mistake adds at most one letter and removes at most one.
 std::uint64_t lettersOf(std::string_view folded);
 
-/// Writes a group; all names have the same length in bytes.
+/// The bytes of a group. A fixed format: it is stored in the city database.
+/// @param names  all of the same length in bytes
 std::string nameGroup(std::span<const GroupedName> names);
 
-/// Reads a group in the bytes that `nameGroup` wrote, which must stay.
+/// Reads a group from the bytes of `nameGroup`, which must outlive the object.
 class NameGroup {
   public:
-    /// An empty group where the bytes cannot be one of names of that length.
+    /// @param nameLength  of each name, bytes; a group whose size does not fit is empty
     NameGroup(std::string_view bytes, std::size_t nameLength);
 
     std::size_t size() const { return size_; }
     GroupedName name(std::size_t i) const;
 
-    /// Whether a name may be within some mistakes of one with these letters.
+    /// False when a name certainly differs by more than `mistakes` from a name with these letters.
     bool mayBeNear(std::size_t i, std::uint64_t letters, int mistakes) const;
 
     std::string_view folded(std::size_t i) const { return bytes_.substr(size_ * recordSize + i * length_, length_); }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// How well a name fits what is searched for; the same for the search and for what the database keeps of it.
+// How well a name fits a search; used by the search and by the builder of the city database.
 #pragma once
 
 #include <algorithm>
@@ -13,13 +13,15 @@
 
 namespace quode {
 
-/// A name that begins with the text that is searched for.
+/// The fit of a name that begins with the searched text.
 struct NameFit {
     double fit = 0.0;  ///< in powers of ten of population: an exact name outweighs one a thousand times as populous
     CityMatch match = CityMatch::exact;
-    bool firstWords = false;  ///< the text is the name, or goes on in it with another word
+    bool firstWords = false;  ///< the text is the name, or the name continues with another word
 };
 
+/// The fit of a name that begins with the searched text.
+/// @param folded,wanted  as by `foldedName`
 inline NameFit fitOfName(std::string_view folded, NameKind kind, std::string_view wanted) {
     constexpr double exactName = 3.0, firstWords = 1.5, firstLetters = 0.0, laterWords = -0.5, laterLetters = -2.0;
     const bool later = kind == NameKind::ownWord || kind == NameKind::otherWord;
@@ -32,17 +34,18 @@ inline NameFit fitOfName(std::string_view folded, NameKind kind, std::string_vie
             whole ? CityMatch::exact : CityMatch::prefix, wholeWords};
 }
 
-/// Of a name that is some typing mistakes away.
+/// The fit of a name with typing mistakes.
 inline NameFit fitOfMistakes(int mistakes) {
     constexpr double perMistake = -2.0;
     return {mistakes * perMistake, CityMatch::typo, false};
 }
 
+/// The rank of a place: larger is better.
 inline double scoreOf(const NameFit& name, std::int64_t population) {
     return name.fit + std::log10(static_cast<double>(std::max<std::int64_t>(population, 0)) + 1.0);
 }
 
-/// A text with which more names begin than this has its best places in the table BEGINNING, `keptForBeginning` of them.
+/// For a text with which more names than this begin, the table BEGINNING has the best `keptForBeginning` places.
 inline constexpr std::size_t manyNames = 1500;
 inline constexpr std::size_t keptForBeginning = 50;
 

@@ -7,7 +7,7 @@
 namespace quode {
 namespace {
 
-// Takes the parts of a line off its front, one after the other.
+// Removes the parts of a line from its front, one after the other.
 class Reader {
   public:
     explicit Reader(std::string_view text) : text_(text) {}

@@ -9,7 +9,7 @@
 
 namespace quode {
 
-/// All that is known of the places, as `CityRecord` takes it. The last column is the stored checksum of the others.
+/// The facts of all places for `CityRecord`. The last column is the stored checksum of the others.
 inline constexpr const char* cityRecordsSql =
     "SELECT C.ID, C.NAME, P.NAME, F.CODE, K.CODE, O.NAMEEN, O.NAMETR, C.LAT, C.LON, Z.NAME, P.GMT, D.DST, "
     "D.STARTMONTH, "
@@ -19,18 +19,19 @@ inline constexpr const char* cityRecordsSql =
     "JOIN DST D ON D.DSTID = P.DSTID LEFT JOIN CITY_FACT A ON A.ID = C.ID "
     "LEFT JOIN CITY_CHECKSUM S ON S.ID = C.ID";
 
-/// The same of the place ?1.
+/// The facts of the place ?1.
 inline const std::string cityRecordSql = std::string(cityRecordsSql) + " WHERE C.ID = ?1";
 
-/// The zone of the name ?1 and its largest place. The last column is the stored checksum of the others.
+/// The zone of the name ?1 and its most populous place. The last column is the stored checksum of the others.
 inline constexpr const char* zoneCitySql =
     "SELECT N.NAME, Z.NAME, Z.LARGEST, N.CHECKSUM FROM ZONE_NAME N JOIN ZONE Z ON Z.ZONE = N.ZONE WHERE N.NAME = ?1";
 
-/// The checksum of all columns of a row but the last one: FNV-1a, 32 bits, over the texts of the columns, each ended by
-/// a zero byte. A change of any one byte changes it; other changes go unnoticed once in four thousand million.
+/// The checksum of all columns of a row except the last: FNV-1a, 32 bits, over the texts of the columns, each with a final
+/// zero byte. Every change of one byte changes it; other changes go unnoticed with a probability of 1 in 2^32. Fixed: it
+/// is stored in the city database.
 std::uint32_t rowChecksum(sqlite3_stmt* row);
 
-/// True when the last column of a row holds the checksum of the others.
+/// True when the last column of a row is the checksum of the others.
 bool isIntact(sqlite3_stmt* row);
 
 }  // namespace quode

@@ -9,7 +9,7 @@
 namespace quode::sqlite {
 namespace {
 
-// A path within a URI: what has a meaning of its own there is written as %XX.
+// A path within a URI: characters with a meaning there become %XX.
 std::string escaped(const std::string& path) {
     static constexpr std::string_view digits = "0123456789ABCDEF";
     std::string result;

@@ -10,6 +10,7 @@
 
 namespace quode::sqlite {
 
+/// Statements and databases that close themselves.
 struct Finalize {
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
@@ -20,12 +21,12 @@ struct Close {
 };
 using Database = std::unique_ptr<sqlite3, Close>;
 
-/// Opens a file that nobody writes to: read-only and without locks or helper files beside it. Nothing is created. The
-/// handle is null when that fails; a file that is no database shows it only in the first query.
+/// Opens a file that no program writes: read-only, without locks or helper files. Creates nothing.
+/// @return null when that fails; a file that is not a database fails only in the first query
 Database openUnchanging(const std::filesystem::path& file);
 
-/// Whether a database and the files that SQLite keeps beside it are regular files, as far as they are there. SQLite
-/// would wait for ever for a pipe in the place of one.
+/// True when a database and the helper files of SQLite, as far as they exist, are regular files. SQLite would wait forever
+/// for a pipe in their place.
 bool isSafeToOpen(const std::filesystem::path& file);
 
 /// Prepares a query; null when that fails.

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t headerSize = 44;
 
-// Big-endian numbers off the front of a file's bytes. After reading past the end everything is zero and `ok` is false.
+// Reads big-endian numbers from the front of a file's bytes. Past the end everything is zero and `ok` is false.
 class Bytes {
   public:
     explicit Bytes(std::string_view bytes) : bytes_(bytes) {}
@@ -43,7 +43,7 @@ class Bytes {
     bool ok_ = true;
 };
 
-// How many there are of each kind of entry.
+// The number of entries of each kind.
 struct Header {
     char version = 0;
     std::uint64_t utcFlags = 0, standardFlags = 0, leapSeconds = 0, transitions = 0, types = 0, letters = 0;
@@ -89,7 +89,7 @@ std::optional<SystemZone> SystemZone::parse(std::string_view file) {
     Bytes bytes(file);
     const std::optional<Header> old = takeHeader(bytes);
     if (!old || old->version < '2') return std::nullopt;
-    bytes.take(old->dataSize(4));  // the same once more with short times, for old readers
+    bytes.take(old->dataSize(4));  // the same data with short times, for old readers
     const std::optional<Header> counts = takeHeader(bytes);
     if (!counts || counts->types == 0 || counts->dataSize(8) > bytes.rest().size()) return std::nullopt;
 
@@ -134,8 +134,8 @@ int SystemZone::offsetAt(std::chrono::sys_seconds moment) const {
 }
 
 int SystemZone::offsetAtNoon(std::chrono::sys_days day) const {
-    // The moment of local noon depends on the offset that is sought. Begin with the offset at noon in Greenwich, and
-    // look again at the moment that follows from it; a change of the clocks in between makes the second look necessary.
+    // The moment of local noon depends on the offset to find. The offset at noon in Greenwich is a first guess; a second
+    // step is needed where the clocks change in between.
     const std::chrono::sys_seconds noon = day + std::chrono::hours(12);
     int offset = offsetAt(noon);
     for (int look = 0; look < 2; ++look) offset = offsetAt(noon - std::chrono::seconds(offset));

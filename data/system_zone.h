@@ -17,10 +17,12 @@ namespace quode {
 /// A zone of the system's time-zone data, read from its file (TZif, version 2 or later; RFC 8536).
 class SystemZone {
   public:
-    /// Reads a zone by its IANA name. Nothing is returned when there is no such file or it is not readable as one.
+    /// Reads a zone by its IANA name.
+    /// @param folder  of the zone data, such as /usr/share/zoneinfo
+    /// @return nothing when the file does not exist or is not a zone file
     static std::optional<SystemZone> load(const std::filesystem::path& folder, std::string_view name);
 
-    /// Reads the bytes of a file.
+    /// Reads a zone from the bytes of a file; nothing when they are not a zone file.
     static std::optional<SystemZone> parse(std::string_view bytes);
 
     /// Seconds east of Greenwich at a moment.
@@ -29,7 +31,7 @@ class SystemZone {
     /// Seconds east of Greenwich at noon of the zone's own clock.
     int offsetAtNoon(std::chrono::sys_days day) const;
 
-    /// Whether the data call the time at that noon summer time.
+    /// True when the data mark the time at that noon as summer time.
     bool isSummerAtNoon(std::chrono::sys_days day) const;
 
     friend bool operator==(const SystemZone&, const SystemZone&) = default;
@@ -48,8 +50,8 @@ class SystemZone {
     Time timeAt(std::chrono::sys_seconds moment) const;
 
     Time first_;                           ///< before the first transition
-    std::vector<Transition> transitions_;  ///< in order of time
-    std::optional<PosixZone> afterwards_;  ///< after the last transition; without it the last offset stays
+    std::vector<Transition> transitions_;  ///< in chronological order
+    std::optional<PosixZone> afterwards_;  ///< after the last transition; without it the last offset continues
 };
 
 }  // namespace quode

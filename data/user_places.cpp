@@ -60,7 +60,7 @@ std::optional<CityRecord> userPlace(sqlite3* userDatabase, const CityDatabase& c
     place.temkin = true;
     place.population = 0;
     place.elevation.reset();
-    // The clock of the zone comes from the city database, so that a newer edition of it mends old places too.
+    // The zone's clock comes from the city database, so that a newer edition corrects old places too.
     if (const std::optional<CityRecord> ofZone = cities.largestCityOfZone(kept->zone)) {
         place.zone = ofZone->zone;
         place.rule = ofZone->rule;
@@ -100,7 +100,7 @@ void fillWithUserPlace(City& city, int id, const GlobalFuncs& services) {
         const std::optional<CityRecord> place = userPlace(userDatabaseFile(services.dataFolder()), cities, id);
         if (place) fillCity(city, *place, civilDate(services.GetCurrentDateTime()));
     } catch (const CityDatabaseError&) {
-        // Without the city database no city is filled; those who open it themselves tell the user.
+        // Without the city database no city is filled; code that opens it directly reports the error.
     }
 }
 

@@ -20,15 +20,15 @@ inline constexpr const char* systemZoneFolder = "/usr/share/zoneinfo";
 /// How a stored rule differs from the system's zone data.
 struct ZoneDisagreement {
     std::string zone;
-    bool unknownToSystem = false;  ///< the system has no readable file for this zone; what follows is not filled then
+    bool unknownToSystem = false;  ///< the system has no readable file for this zone; the other fields stay unset
     std::chrono::year_month_day first;
     std::chrono::year_month_day last;
-    int days = 0;              ///< how many days of the range disagree
-    double storedHours = 0.0;  ///< offset from Greenwich on the first disagreeing day, as stored
-    double systemHours = 0.0;  ///< and as the system has it
+    int days = 0;              ///< the number of days that differ
+    double storedHours = 0.0;  ///< offset from Greenwich on the first such day, as stored
+    double systemHours = 0.0;  ///< the same by the system's data
 };
 
-/// The days from which and up to which (inclusive) clocks are compared.
+/// The days on which clocks are compared, first and last included.
 struct DayRange {
     std::chrono::sys_days first;
     std::chrono::sys_days last;
@@ -38,15 +38,16 @@ struct DayRange {
 DayRange twoYearsFrom(std::chrono::year_month_day first);
 
 /// Compares a stored rule with the system's zone data, day by day at local noon.
-/// Returned: nothing when both agree throughout.
+/// @return nothing when both agree on all days
 std::optional<ZoneDisagreement> checkZone(const StoredZone& zone, DayRange range,
                                           const std::filesystem::path& zoneFolder = systemZoneFolder);
 
-/// The same for many zones: only those that disagree or are unknown to the system, in the given order.
+/// The same for many zones.
+/// @return those that differ or are unknown to the system, in the given order
 std::vector<ZoneDisagreement> checkZones(std::span<const StoredZone> zones, DayRange range,
                                          const std::filesystem::path& zoneFolder = systemZoneFolder);
 
-/// An offset from Greenwich such as "UTC+5:45"; with seconds where there are any.
+/// The text of an offset from Greenwich, such as "UTC+5:45"; with seconds where they are not 0.
 std::string utcOffsetText(double hours);
 
 /// A disagreement in one line, for example

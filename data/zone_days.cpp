@@ -17,16 +17,16 @@ using std::chrono::sys_seconds;
 using std::chrono::year_month_day;
 
 constexpr int secondsPerHour = 3600;
-constexpr int farthest = 731;  // days in which a change is looked for: one change may be left out
+constexpr int farthest = 731;  // days in which a change is searched: two years, because one change may be missing
 
-// Rules name days, not hours: nearly everywhere the clocks change within an hour of this time of the standard clock.
+// Rules have days, not hours: nearly everywhere the clocks change within an hour of this standard time.
 constexpr std::chrono::hours changeOfClocks{2};
 
 int secondsOf(double hours) {
     return static_cast<int>(std::lround(hours * secondsPerHour));
 }
 
-// A rule by which a day is summer time: the year up to 30 December, or from the first Sunday of December on.
+// A rule that makes a day summer time: the year up to 30 December, or from the first Sunday of December on.
 ZoneRule summerOn(year_month_day date, int standardOffset) {
     const double gmt = static_cast<double>(standardOffset) / secondsPerHour;
     const bool isLastDay = date.month() == std::chrono::December && date.day() == std::chrono::day(31);

@@ -19,7 +19,7 @@ std::string_view editionIn(std::string_view text) {
     return year == yearDigits && end > year && end - year <= mostLetters ? text.substr(0, end) : std::string_view();
 }
 
-// The first line; long lines are cut.
+// The first line; a long line is truncated.
 std::string firstLine(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     std::array<char, 64> start{};
@@ -38,7 +38,7 @@ std::string zoneEditionOf(const std::filesystem::path& folder) {
 }
 
 bool isNewerEdition(std::string_view edition, std::string_view other) {
-    // The letters after "z" are "za", "zb" and so on, so the order is that of the texts.
+    // After "z" come "za", "zb" and so on, so the order is alphabetical.
     return editionIn(edition) > editionIn(other);
 }
 

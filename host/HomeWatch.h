@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "host/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 
 namespace quode::host {
 

@@ -8,7 +8,7 @@
 #include <functional>
 #include <map>
 
-#include "host/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 #include "host/PanelWindow.h"
 #include "host/panel_facts.h"
 #include "platform/Clock.h"

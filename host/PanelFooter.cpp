@@ -8,8 +8,8 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include "desktop/theme.h"
 #include "host/panel_facts.h"
-#include "host/theme.h"
 #include "host/widgets.h"
 
 namespace quode::host {

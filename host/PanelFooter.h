@@ -8,10 +8,13 @@ class QLabel;
 class QMenu;
 class QToolButton;
 
+namespace quode {
+struct Theme;
+}
+
 namespace quode::host {
 
 struct PanelFacts;
-struct Theme;
 
 /// Below the widget: the footnotes of the day, and the button of the menu.
 class PanelFooter : public QWidget {

@@ -5,8 +5,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "desktop/theme.h"
 #include "host/panel_facts.h"
-#include "host/theme.h"
 #include "host/widgets.h"
 
 namespace quode::host {

@@ -6,10 +6,13 @@
 
 class QLabel;
 
+namespace quode {
+struct Theme;
+}
+
 namespace quode::host {
 
 struct PanelFacts;
-struct Theme;
 
 /// Above the widget: the coming prayer with the time left, and the dates.
 class PanelHeader : public QWidget {

@@ -7,7 +7,7 @@
 #include <QPixmap>
 
 #include "common/color_schemes.h"
-#include "host/theme.h"
+#include "desktop/theme.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 
@@ -35,7 +35,12 @@ QIcon swatchOf(int scheme) {
 }  // namespace
 
 PanelMenu::PanelMenu(std::function<MenuState()> state)
-    : state_(std::move(state)), next_(addAction(QString())), copy_(nullptr), alarms_(nullptr), colors_(nullptr) {
+    : state_(std::move(state)),
+      next_(addAction(QString())),
+      copy_(nullptr),
+      alarms_(nullptr),
+      mute_(nullptr),
+      colors_(nullptr) {
     setAccessibleName("Quode");
     connect(next_, &QAction::triggered, this, &PanelMenu::openAsked);
     addSeparator();
@@ -49,6 +54,9 @@ PanelMenu::PanelMenu(std::function<MenuState()> state)
     connect(city, &QAction::triggered, this, &PanelMenu::cityAsked);
     addAlarms();
     addColors();
+    QAction* const settings = addAction(_("Settings…"));
+    settings->setShortcut(Qt::CTRL | Qt::Key_Comma);
+    connect(settings, &QAction::triggered, this, [this] { Q_EMIT settingsAsked({}); });
     addSeparator();
     QAction* const help = addAction(_("Help"));
     help->setShortcut(Qt::Key_F1);
@@ -70,6 +78,10 @@ void PanelMenu::addAlarms() {
     alarms_ = addMenu(_("Alarms"));
     connect(alarms_, &QMenu::triggered, this,
             [this](QAction* action) { Q_EMIT alarmSwitched(action->data().toInt(), action->isChecked()); });
+    mute_ = addAction(_("Mute until tomorrow"));
+    mute_->setCheckable(true);
+    connect(mute_, &QAction::triggered, this, &PanelMenu::muteAsked);
+    connect(addAction(_("Set up alarms…")), &QAction::triggered, this, [this] { Q_EMIT settingsAsked("alarms"); });
 }
 
 void PanelMenu::addColors() {
@@ -90,6 +102,7 @@ void PanelMenu::refresh() {
     next_->setText(qt(state.next));
     copy_->setVisible(state.hasCity);
     showAlarms(state.alarms);
+    mute_->setChecked(state.isMuted);
     for (QAction* const action : colors_->actions()) action->setChecked(action->data().toInt() == state.colorScheme);
 }
 

@@ -20,6 +20,7 @@ struct MenuState {
     std::string next;           ///< the coming prayer and the time left
     std::vector<Alarm> alarms;  ///< none where they cannot be read
     int colorScheme = 0;        ///< 0..5
+    bool isMuted = false;       ///< all alarms are silent for now
     bool hasCity = true;        ///< there are times to be copied
 };
 
@@ -43,6 +44,9 @@ class PanelMenu : public QMenu {
     void cityAsked();
     void alarmSwitched(int code, bool isOn);
     void colorSchemeChosen(int scheme);
+    void muteAsked(bool isMuted);
+    /// The settings are to be opened. page  "alarms"; empty: the first
+    void settingsAsked(const QString& page);
     void helpAsked();
     void aboutAsked();
     void quitAsked();
@@ -56,6 +60,7 @@ class PanelMenu : public QMenu {
     QAction* next_;
     QAction* copy_;
     QMenu* alarms_;
+    QAction* mute_;
     QMenu* colors_;
 };
 

@@ -12,10 +12,12 @@
 #include "companion/UserEventStore.h"
 #include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
-#include "host/CityDialog.h"
+#include "desktop/CityDialog.h"
+#include "desktop/FirstStartDialog.h"
+#include "desktop/display.h"
+#include "desktop/help.h"
+#include "desktop/settings_program.h"
 #include "host/coming_prayer.h"
-#include "host/display.h"
-#include "host/help.h"
 #include "host/user_choices.h"
 #include "texts/translation.h"
 #include "views/MessageView.h"
@@ -39,7 +41,8 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
     : session_(session),
       calendar_(std::move(calendar)),
       device_(std::move(device)),
-      window_(trayWatch_.isTrayThere() ? PanelStyle::popover : PanelStyle::window, isComposited()),
+      window_(trayWatch_.isTrayThere() && wantsTrayIcon(session_) ? PanelStyle::popover : PanelStyle::window,
+              isComposited()),
       menu_([this] { return menuState(); }),
       // The widget reads the user's cities as soon as it is made. Notices of that moment are shown with the first panel.
       told_(prepareUserChoices(session_, *calendar_)),
@@ -54,6 +57,7 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
     MessageView::setKeepsNewestOnly(true);
     connectMenu();
     connectPanel();
+    if (!wantsTrayIcon(session_)) return;
     if (trayWatch_.isTrayThere()) showTray();
     connect(&trayWatch_, &TrayWatch::appeared, this, &PanelProgram::showTray);
 }
@@ -65,6 +69,10 @@ PanelProgram::~PanelProgram() {
 void PanelProgram::present() {
     panel_.present(QCursor::pos());
     lookAgainForWhatCannotBeRead();
+}
+
+void PanelProgram::askOnFirstStart() {
+    tell(quode::askOnFirstStart(session_, dialogParent()));
 }
 
 // Another program may keep the user's files locked.
@@ -100,6 +108,10 @@ void PanelProgram::connectMenu() {
     connect(&menu_, &PanelMenu::cityAsked, this, &PanelProgram::chooseCity);
     connect(&menu_, &PanelMenu::alarmSwitched, this, &PanelProgram::switchAlarm);
     connect(&menu_, &PanelMenu::colorSchemeChosen, this, &PanelProgram::chooseColors);
+    connect(&menu_, &PanelMenu::muteAsked, this, [this](bool isMuted) { tell(muteAlarms(session_, isMuted)); });
+    connect(&menu_, &PanelMenu::settingsAsked, this, [this](const QString& page) {
+        if (!openSettings(page)) tell(_("The settings cannot be opened. Install Quode again."));
+    });
     connect(&menu_, &PanelMenu::helpAsked, this, [this] { showPage(_("Help"), helpPage(), dialogParent()); });
     connect(&menu_, &PanelMenu::aboutAsked, this,
             [this] { showPage(_("About Quode"), aboutPage(session_), dialogParent()); });
@@ -136,6 +148,7 @@ void PanelProgram::onDismissed() {
 MenuState PanelProgram::menuState() {
     MenuState state;
     state.next = comingPrayer(session_).exact;
+    state.isMuted = alarmsAreMuted(session_);
     state.colorScheme = chosenColorScheme(session_);
     state.hasCity = panel_.isPresented() ? true : !timesAsText(session_).isEmpty();
     for (const auto& [code, isOn] : alarmStates(session_).value_or(std::map<int, bool>{})) {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "host/DesktopTheme.h"
+#include "desktop/DesktopTheme.h"
 #include "host/HomeWatch.h"
 #include "host/Panel.h"
 #include "host/PanelDevice.h"
@@ -37,6 +37,9 @@ class PanelProgram : public QObject {
 
     /// Opens the panel at the pointer.
     void present();
+
+    /// Asks whether the guessed city is right, on a first start.
+    void askOnFirstStart();
 
   private:
     void prepare();

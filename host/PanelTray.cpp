@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/PanelTray.h"
 
+#include "desktop/icon.h"
 #include "host/PanelMenu.h"
-#include "host/icon.h"
 
 namespace quode::host {
 

@@ -6,7 +6,7 @@
 #include <QSystemTrayIcon>
 #include <functional>
 
-#include "host/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 #include "host/coming_prayer.h"
 
 namespace quode::host {

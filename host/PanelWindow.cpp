@@ -19,13 +19,13 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "desktop/icon.h"
+#include "desktop/theme.h"
 #include "host/PanelFooter.h"
 #include "host/PanelHeader.h"
 #include "host/RowMarks.h"
-#include "host/icon.h"
 #include "host/panel_facts.h"
 #include "host/placement.h"
-#include "host/theme.h"
 #include "host/widgets.h"
 #include "views/MessageView.h"
 #include "views/contrast.h"
@@ -40,6 +40,7 @@ constexpr int noticeSize = 13;                               // pixels of the fo
 constexpr int slimBar = 6;                                   // width of the scroll bar
 constexpr int fadeDuration = 150;                            // ms
 constexpr int secondRequest = 60;                            // ms after the first request for the focus
+constexpr int timeOfFirstFrame = 200;  // ms; searching the themes of icons takes longer than the frame
 constexpr double enoughContrast = 4.5;
 
 QPainterPath outlineOf(const QRectF& area) {
@@ -110,7 +111,7 @@ PanelWindow::PanelWindow(PanelStyle style, bool translucent)
       footer_(new PanelFooter(this)) {
     setWindowTitle("Quode");
     setAccessibleName("Quode");
-    setWindowIcon(quodeIcon());
+    QTimer::singleShot(timeOfFirstFrame, this, [this] { setWindowIcon(quodeIcon()); });
     setAttribute(Qt::WA_TranslucentBackground, canBeTranslucent_);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::StrongFocus);  // keys reach the panel before anything in it was chosen

@@ -12,13 +12,16 @@ class QLabel;
 class QMenu;
 class QScrollArea;
 
+namespace quode {
+struct Theme;
+}
+
 namespace quode::host {
 
 class PanelFooter;
 class PanelHeader;
 class RowMarks;
 struct PanelFacts;
-struct Theme;
 
 /// How the panel is shown.
 enum class PanelStyle {

@@ -3,14 +3,15 @@
 #include "host/desktop.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include "app/session.h"
 #include "companion/UserEventStore.h"
-#include "host/Instance.h"
+#include "desktop/Instance.h"
+#include "desktop/alarm_service.h"
+#include "desktop/display.h"
 #include "host/PanelDevice.h"
 #include "host/PanelProgram.h"
-#include "host/alarm_service.h"
-#include "host/display.h"
 #include "host/user_choices.h"
 #include "texts/translation.h"
 #include "views/accessibility.h"
@@ -21,24 +22,6 @@ namespace {
 using app::ExitCode;
 using app::Failure;
 using app::Session;
-
-// Leaves the choice to Qt where there is one.
-void chooseDisplay(const Environment& environment) {
-    const std::string wanted = nonEmpty(environment, "QT_QPA_PLATFORM").value_or("xcb;wayland");
-    const bool needsDisplay = wanted.find("xcb") != std::string::npos || wanted.find("wayland") != std::string::npos;
-    if (!needsDisplay) return;
-    const Displays displays = answeringDisplays(environment);
-    if (!displays.x && !displays.wayland) {
-        std::string problem = _("There is no display to open the panel on.");
-        if (nonEmpty(environment, "WAYLAND_DISPLAY"))
-            problem.append(" ").append(_("Under Wayland the package qt6-wayland is needed."));
-        throw Failure(
-            ExitCode::notFound,
-            problem + ' ' + _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
-    }
-    if (!displays.x) qputenv("QT_QPA_PLATFORM", "wayland");
-    if (!displays.wayland) qputenv("QT_QPA_PLATFORM", "xcb");
-}
 
 ExitCode presentOther(const Instance& instance) {
     if (instance.presentOther()) return ExitCode::ok;
@@ -56,6 +39,7 @@ ExitCode serve(Session& session, const Instance& instance) {
     QObject::connect(&instance, &Instance::presentAsked, &program, &PanelProgram::present);
     program.present();
     startAlarmService(session.dataFolder());
+    QTimer::singleShot(0, &program, &PanelProgram::askOnFirstStart);
     QApplication::exec();
     return ExitCode::ok;
 }
@@ -63,7 +47,10 @@ ExitCode serve(Session& session, const Instance& instance) {
 }  // namespace
 
 ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& language) {
-    chooseDisplay(environment);
+    chooseDisplay(environment,
+                  _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
+    Session session(environment, {language});
+    enlarge(textSize(session));
     int count = 1;
     char name[] = "quode-panel";
     char* arguments[] = {name, nullptr};
@@ -72,9 +59,8 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
     QGuiApplication::setDesktopFileName("quode-panel");
     QApplication::setQuitOnLastWindowClosed(false);
     installAccessibility();
-    const Instance instance;
+    const Instance instance("Panel");
     if (!instance.isFirst()) return presentOther(instance);
-    Session session(environment, {language});
     return serve(session, instance);
 }
 

@@ -10,6 +10,7 @@
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "app/user_data.h"
+#include "texts/translation.h"
 
 namespace quode::host {
 namespace {
@@ -53,6 +54,11 @@ QStringList notesOf(app::Session& session, const app::ChosenPlace& place, const 
     QStringList lines;
     for (const std::string& line : notes.lines()) lines << qt(line);
     for (const std::string& note : app::missingNotes(session, day)) lines << qt(note);
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        const int minutes = day.method.mark(code).adjusted;
+        if (minutes != 0) lines << qt(_("{}: {:+d} min, adjusted by you", session.prayerName(code), minutes));
+    }
+    if (const std::string method = app::methodLine(siteOf(place.city)); !method.empty()) lines << qt(method);
     if (app::isByEngine(day)) lines << qt(app::ruleText(siteOf(place.city)));
     if (const std::string note = app::guessNote(session, place); !note.empty()) lines << qt(note);
     return lines;

@@ -7,8 +7,10 @@
 #include <stdexcept>
 #include <type_traits>
 
+#include "app/alarm_habits.h"
 #include "app/user_data.h"
 #include "companion/AlarmBook.h"
+#include "companion/AlarmHabits.h"
 #include "companion/UserDatabase.h"
 #include "companion/autostart.h"
 #include "data/user_places.h"
@@ -107,6 +109,21 @@ int chosenColorScheme(app::Session& session) {
     return readFrom(session, loadSettings).value_or(UserSettings{}).colorScheme;
 }
 
+int textSize(app::Session& session) {
+    return readFrom(session, loadSettings).value_or(UserSettings{}).textSize;
+}
+
+bool wantsTrayIcon(app::Session& session) {
+    return readFrom(session, loadSettings).value_or(UserSettings{}).hasTrayIcon;
+}
+
+bool alarmsAreMuted(app::Session& session) {
+    const auto until = readFrom(session, [](const UserDatabase& database) {
+        return mutedUntil(database).value_or(std::chrono::sys_seconds{});
+    });
+    return until && *until > session.now();
+}
+
 std::string shownChoices(app::Session& session) {
     const auto shown = readFrom(session, [](const UserDatabase& database) {
         const std::optional<UserCity> home = database.home();
@@ -161,6 +178,15 @@ QString makeHome(app::Session& session, int city) {
         database.addCity(city);
         database.chooseHome(city);
     });
+}
+
+QString muteAlarms(app::Session& session, bool isMuted) {
+    try {
+        app::mute(session, isMuted ? std::optional(app::startOfTomorrow(session)) : std::nullopt);
+        return {};
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
 }
 
 bool homeIsMissing(app::Session& session) {

@@ -22,6 +22,15 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar);
 /// The layout that the user has chosen for the panel; automatic when that cannot be read.
 PanelLayout chosenLayout(app::Session& session);
 
+/// The size of texts that the user has chosen, percent; the usual one when that cannot be read.
+int textSize(app::Session& session);
+
+/// Whether the user wants an icon in the tray; so it is when that cannot be read.
+bool wantsTrayIcon(app::Session& session);
+
+/// Whether all alarms are muted now.
+bool alarmsAreMuted(app::Session& session);
+
 /// Everything that the widget is built from, in one text: home city, its method and
 /// timetable, colour scheme. What cannot be read is empty.
 std::string shownChoices(app::Session& session);
@@ -42,6 +51,8 @@ OpenRows rememberedRows(app::Session& session);
 QString rememberRows(app::Session& session, OpenRows rows);
 QString chooseColorScheme(app::Session& session, int scheme);
 QString makeHome(app::Session& session, int city);
+/// Mutes all alarms until tomorrow, or lets them ring again.
+QString muteAlarms(app::Session& session, bool isMuted);
 
 /// Whether the times of the home city cannot be shown now, though one was chosen: the user database is locked or cannot
 /// be read, or the city is no longer in the city database.

@@ -7,7 +7,7 @@
 
 namespace quode {
 
-/// A moment as a wall clock and a wall calendar show it.
+/// A moment as date and time of a local clock.
 struct CivilTime {
     int year = 0;
     int month = 0;   ///< 1..12
@@ -19,21 +19,21 @@ struct CivilTime {
     friend bool operator==(const CivilTime&, const CivilTime&) = default;
 };
 
-/// The device's clock and the time zone it is set to.
+/// The device's clock and its time zone.
 class Clock {
   public:
-    /// Finer than anything shown, and coarse enough for every year of the calendar.
+    /// Microseconds: finer than any shown value, with a range beyond every year of the calendar.
     using TimePoint = std::chrono::sys_time<std::chrono::microseconds>;
 
     virtual ~Clock() = default;
 
-    /// The present moment.
+    /// The current moment.
     virtual TimePoint now() const = 0;
 
     /// The Gregorian date and the time of day of a moment in the device's zone.
     virtual CivilTime civilTime(TimePoint moment) const = 0;
 
-    /// What the device's zone is ahead of UTC at a moment; positive in the east, summer time included.
+    /// The offset of the device's zone from UTC at a moment; positive in the east, summer time included.
     virtual std::chrono::seconds utcOffset(TimePoint moment) const = 0;
 
     /// The name of the device's zone in the time-zone database, such as "Europe/Istanbul"; empty when it has none.

@@ -12,12 +12,12 @@ namespace quode {
 /// The kind of user interface that a device offers.
 enum class Idiom { phone = 0, tablet = 1 };
 
-/// What the device is and how large its main screen is.
+/// The kind of device and the size of its main screen.
 class Device {
   public:
     virtual ~Device() = default;
 
-    /// The kind of user interface; nothing when the device cannot tell.
+    /// The kind of user interface; nothing when it is unknown.
     virtual std::optional<Idiom> idiom() const = 0;
 
     /// The version of the operating system as text, such as "8.1".

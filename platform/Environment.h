@@ -9,7 +9,7 @@
 
 namespace quode {
 
-/// Gives the value of an environment variable by its name; nothing when it is not set.
+/// Returns the value of an environment variable by name; nothing when it is not set.
 using Environment = std::function<std::optional<std::string>(std::string_view name)>;
 
 /// The environment of this process.

@@ -8,35 +8,36 @@
 
 namespace quode {
 
-/// The device's files. An operation that fails throws std::system_error (std::filesystem::filesystem_error is one),
-/// whose text names the path and the reason.
+/// The device's files.
+/// @throw std::system_error  from every operation that fails (std::filesystem::filesystem_error is one), with the path and
+///                           the reason in its text
 class Files {
   public:
     virtual ~Files() = default;
 
-    /// True when a file or a folder stands at the path.
+    /// True when a file or a folder exists at the path.
     virtual bool exists(const std::filesystem::path& path) const = 0;
 
     /// True when the file, or an entry of the folder, can be written by this process.
     virtual bool writable(const std::filesystem::path& path) const = 0;
 
-    /// True when the file is there and this process may delete it.
+    /// True when the file exists and this process may delete it.
     virtual bool deletable(const std::filesystem::path& path) const = 0;
 
     /// The whole content of a file.
     virtual std::string read(const std::filesystem::path& path) const = 0;
 
-    /// Adds text at the end of a file, which is created when missing.
+    /// Appends text to a file; creates the file when it is missing.
     virtual void append(const std::filesystem::path& path, std::string_view text) = 0;
 
-    /// Replaces the content of a file, or creates it, in one step: a reader, or a machine that loses its power
-    /// meanwhile, finds the old content or the new one, never a part.
+    /// Replaces the content of a file, or creates it, in one step: a reader, also after a power cut, finds the old or the
+    /// new content, never a part.
     virtual void write(const std::filesystem::path& path, std::string_view content) = 0;
 
     /// Deletes a file.
     virtual void remove(const std::filesystem::path& path) = 0;
 
-    /// Makes a folder with all the folders above it; nothing happens when it is there.
+    /// Creates a folder and its parent folders; does nothing when it exists.
     virtual void createFolders(const std::filesystem::path& path) = 0;
 };
 

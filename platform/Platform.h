@@ -13,20 +13,18 @@
 
 namespace quode {
 
-/// Everything that the program asks of the device it runs on. Each program's main chooses the implementations and gives
-/// the whole to GlobalFuncs::startUp. No pointer but
-/// the last two is null.
+/// The services of the device that a program runs on. Each program's main chooses the implementations and passes them to
+/// `GlobalFuncs::startUp`. Only the last two pointers may be null.
 struct Platform {
     std::shared_ptr<Clock> clock;
     std::shared_ptr<Locale> locale;
     std::shared_ptr<Device> device;
     std::shared_ptr<Files> files;
-    std::string dataFolder;       ///< where the user's files are kept; see dataFolderFrom in "platform/folders.h"
-    std::string zoneFolder = {};  ///< where the machine keeps its zone data; empty: they are not looked at
-    /// The clock by which the times of alarms are kept in the user database, the same for every program that writes
-    /// there; null: `clock`.
+    std::string dataFolder;       ///< for the user's files; see `dataFolderFrom` in "platform/folders.h"
+    std::string zoneFolder = {};  ///< the machine's zone data; empty: not used
+    /// The clock of the alarm times in the user database, the same for every program that writes there; null: `clock`.
     std::shared_ptr<Clock> alarmClock = nullptr;
-    std::shared_ptr<EventStore> eventStore = nullptr;  ///< the calendar of the alarms; null where no alarm is written
+    std::shared_ptr<EventStore> eventStore = nullptr;  ///< the alarms' calendar; null in programs that write none
 };
 
 }  // namespace quode

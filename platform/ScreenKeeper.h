@@ -4,17 +4,17 @@
 
 namespace quode {
 
-/// Keeps the screen from dimming and locking by itself.
+/// Prevents the screen from dimming and locking automatically.
 class ScreenKeeper {
   public:
-    /// An implementation lets the screen go in its destructor, if need be.
+    /// An implementation calls `letGo` in its destructor where necessary.
     virtual ~ScreenKeeper() = default;
 
-    /// Keeps the screen awake until letGo; asks again where an earlier request was lost or refused. Where the device
-    /// has no such service, nothing happens. Never fails.
+    /// Keeps the screen awake until `letGo`; repeats the request when an earlier one was lost or refused. Does nothing on a
+    /// device without such a service. Never fails.
     virtual void keepAwake() = 0;
 
-    /// Lets the screen dim and lock again. Does nothing when it was not kept awake. Never fails.
+    /// Allows the screen to dim and lock again. Does nothing without an earlier `keepAwake`. Never fails.
     virtual void letGo() = 0;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The desktop's sound, as far as ringing needs it.
+// The desktop's sound, with what ringing needs.
 #pragma once
 
 #include <chrono>
@@ -15,19 +15,21 @@ namespace quode {
 /// A sound file, or the name of a sound of the desktop's sound theme.
 using Sound = std::variant<std::filesystem::path, std::string>;
 
+/// Plays one sound at a time.
 class SoundPlayer {
   public:
     virtual ~SoundPlayer() = default;
 
-    /// Plays a sound again and again until `stop`; it does not begin again once `atMost` has passed. What played before
-    /// is stopped.
-    /// fallback   played instead of a sound that cannot be played. When that fails too it is reported to `onFailure`,
-    ///            not otherwise: the notification is there.
+    /// Repeats a sound until `stop`, and stops the sound that played before.
+    /// @param sound     a file, or the name of a sound of the theme
+    /// @param fallback  played instead of a sound that cannot be played; only when it fails too, `onFailure` is called
+    /// @param atMost    after this time the sound does not start again
     virtual void play(const Sound& sound, const Sound& fallback, std::chrono::seconds atMost) = 0;
 
+    /// Stops the sound; does nothing without one.
     virtual void stop() = 0;
 
-    /// Receives what went wrong, for the log.
+    /// Called with a problem, for the log.
     std::function<void(std::string_view problem)> onFailure;
 };
 

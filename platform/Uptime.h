@@ -7,20 +7,21 @@
 
 namespace quode {
 
-/// How long a device has run, whatever its clock shows; the time that it slept counts. Two of them can be compared when
-/// they are of the same boot.
+/// The time since a device started, independent of its clock and including sleep. Two values are comparable when they are
+/// of the same boot.
 struct Uptime {
-    std::string boot;  ///< names the boot; empty where the system does not name it
+    std::string boot;  ///< identifies the boot; empty where the system does not
     std::chrono::milliseconds time{0};
 
     friend bool operator==(const Uptime&, const Uptime&) = default;
 };
 
-/// Whether the time between two moments is known.
+/// True when the time between two values is known.
 inline bool areComparable(const Uptime& a, const Uptime& b) {
     return !a.boot.empty() && a.boot == b.boot;
 }
 
+/// The uptime of this machine.
 Uptime systemUptime();
 
 }  // namespace quode

@@ -48,13 +48,13 @@ std::string adviceFor(int error) {
     }
 }
 
-/// @param what  a translated text that ends where the path follows
+/// @param what  a translated text, before the path
 FileOutcome failure(std::string_view what, const fs::path& path, int error) {
     return {false, fmt::format("{} {}: {}. {}", what, isolated(path.string()),
                                isolated(std::system_category().message(error)), adviceFor(error))};
 }
 
-/// A file descriptor that is closed in any case.
+/// A file descriptor that closes itself.
 class OpenFile {
   public:
     OpenFile(FileCalls& calls, int file) : calls_(calls), file_(file) {}
@@ -89,18 +89,19 @@ bool writeAll(FileCalls& calls, int file, std::string_view content) {
     return true;
 }
 
-/// Moves the modification time on when the old file was saved in the same second. An old time far in the future comes
-/// from a clock that was wrong; it differs from now anyway.
+/// Advances the modification time when the old file was saved in the same second. An old time far in the future comes from
+/// a wrong clock and differs from now anyway.
 void tellApart(FileCalls& calls, int file, const struct stat& old) {
     constexpr std::time_t kFarFuture = 3600;
     const std::time_t now = std::time(nullptr);
     const std::time_t before = old.st_mtim.tv_sec;
     if (before < now || before > now + kFarFuture) return;
-    // Only other programs would notice a failure, and late: no reason to give up the save.
+    // Failures are ignored: only other programs would notice, and late.
     calls.setModificationTime(file, {before + 1, 0});
 }
 
-/// Writes and synchronises the temporary file; false leaves the cause in errno.
+/// Writes and synchronises the temporary file.
+/// @return false with the cause in errno
 bool writeTemporary(FileCalls& calls, const fs::path& temporary, std::string_view content, const struct stat* old) {
     OpenFile file(calls, calls.createFile(temporary, 0600));
     if (file.get() < 0) return false;
@@ -110,18 +111,18 @@ bool writeTemporary(FileCalls& calls, const fs::path& temporary, std::string_vie
     return calls.sync(file.get()) == 0 && file.closeNow() == 0;
 }
 
-/// The old file gets a second name, so that it has one at every moment. Some file systems have no second names.
+/// Gives the old file a second name, so that it has one at every moment. Some file systems have no hard links.
 bool keepOld(FileCalls& calls, const fs::path& path, const fs::path& keepOldAs) {
     if (calls.link(path, keepOldAs) == 0) return true;
     const bool noSecondNames = errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS || errno == EMLINK;
     return noSecondNames && calls.rename(path, keepOldAs) == 0;
 }
 
-/// A rename or removal lasts through a power cut only once its folder is on the disk.
+/// Synchronises the folder: only then does a rename or removal survive a power cut.
 FileOutcome syncFolder(FileCalls& calls, const fs::path& folder) {
     OpenFile opened(calls, calls.openFolder(folder));
     if (opened.get() >= 0 && calls.sync(opened.get()) == 0) return {};
-    if (errno == EINVAL || errno == ENOTSUP) return {};  // a file system that does not know the operation
+    if (errno == EINVAL || errno == ENOTSUP) return {};  // a file system without the operation
     FileOutcome outcome =
         failure(_("The change is made but may not survive a power cut: cannot synchronise"), folder, errno);
     outcome.ok = true;
@@ -144,7 +145,7 @@ bool isStill(const fs::path& path, const FileStamp& stamp) {
            sameMoment(facts.st_ctim, stamp.changed);
 }
 
-// Whether a file that has got another name since, which changes its last moment, is the one that was read.
+// True when a file is the one that was read; its new name has changed the time of its last change.
 bool wasRead(const fs::path& path, const FileStamp& stamp) {
     struct stat facts {};
     return ::lstat(path.c_str(), &facts) == 0 && facts.st_dev == stamp.device && facts.st_ino == stamp.number &&
@@ -153,8 +154,8 @@ bool wasRead(const fs::path& path, const FileStamp& stamp) {
 
 enum class Replaced { yes, outdated, failed };
 
-/// Gives the temporary file its name. Both files change places, and only then is it looked whether the old one is still
-/// the one that was read: between a look and a rename another program could save.
+/// Gives the temporary file its name. The two files are exchanged first and the old one is checked after that: between a
+/// check and a rename another program could save.
 Replaced takeThePlace(FileCalls& calls, const fs::path& temporary, const fs::path& target,
                       const std::optional<FileStamp>& readAs) {
     if (readAs && !isStill(target, *readAs)) return Replaced::outdated;
@@ -167,10 +168,10 @@ Replaced takeThePlace(FileCalls& calls, const fs::path& temporary, const fs::pat
         return calls.rename(temporary, target) < 0 ? Replaced::failed : Replaced::yes;
     }
     if (wasRead(temporary, *readAs)) {
-        if (calls.unlink(temporary) < 0) calls.unlink(temporary);  // or the next save would have to
+        if (calls.unlink(temporary) < 0) calls.unlink(temporary);  // else the next save has to
         return Replaced::yes;
     }
-    constexpr int mostTimes = 5;  // once, unless the other program saves again in this very moment
+    constexpr int mostTimes = 5;  // once, unless the other program saves again at this moment
     struct stat facts {};
     for (int i = 0; i < mostTimes; ++i) {
         if (calls.exchange(temporary, target) < 0) break;
@@ -265,7 +266,7 @@ FileOutcome makeFolder(const fs::path& folder) {
 }
 
 FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience)
-    // A pipe in its place must not be waited for.
+    // Without blocking, in case a pipe is in its place.
     : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)) {
     struct stat facts {};
     if (file_ < 0) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Files that are replaced as a whole: at every moment, a power cut included, the old content or the new one is there.
+// Files that are replaced as a whole: at every moment, also after a power cut, the old or the new content exists.
 #pragma once
 
 #include <sys/types.h>
@@ -17,14 +17,14 @@
 
 namespace quode {
 
-/// What became of a file operation. `message` names the file, the cause and what to do about it.
+/// The outcome of a file operation. `message` contains the file, the cause and what to do.
 struct FileOutcome {
     bool ok = true;
     std::string message;      ///< after a success: empty, or a warning
-    bool isOutdated = false;  ///< nothing was done, for another program has changed the file since it was read
+    bool isOutdated = false;  ///< nothing was done, because another program changed the file since it was read
 };
 
-/// By what one sees whether a file is still the one that was read.
+/// Facts that identify the state of a file, to detect changes since it was read.
 struct FileStamp {
     bool isThere = false;
     dev_t device = 0;
@@ -34,49 +34,53 @@ struct FileStamp {
     timespec changed{};
 };
 
+/// The result of `readWholeFile`.
 struct FileContent {
     FileOutcome outcome;
-    std::optional<std::string> bytes;  ///< no value after a success: there is no such file
+    std::optional<std::string> bytes;  ///< no value after a success: the file does not exist
     FileStamp stamp = {};
 };
 
-/// Reads a whole regular file. Larger ones than `limit` bytes are refused.
+/// Reads a whole regular file.
+/// @param limit  larger files are rejected, bytes
 FileContent readWholeFile(const std::filesystem::path& path, std::size_t limit);
 
-/// Makes `content` the content of `path`: written to a temporary file in the same folder, synchronised, renamed over
-/// the old one, the folder synchronised. Owner and mode of an old file are kept; a symbolic link is followed.
-/// The new file's modification time is a whole second or more from the old one's, if need be a little in the future:
-/// some programs look at no more than the second to see whether they have to read the file again.
-/// With `readAs`, nothing is done when the old file is not that one any more: a program that does not know the lock has
-/// saved it meanwhile, and its change must not be lost.
-/// With `keepOldAs`, the old file stays under that name, which must be free and in the same folder.
-/// The caller holds the folder's `FileLock`: the temporary name is always the same, so that none are left behind.
+/// Replaces the content of a file: writes a temporary file in the same folder, synchronises it, renames it over the old
+/// one and synchronises the folder. Owner and mode of an old file are kept; a symbolic link is followed. The new file's
+/// modification time differs from the old one's by at least a second, if necessary in the future, because some programs
+/// compare only the seconds to detect a change. The caller holds the folder's `FileLock`: the temporary name is always the
+/// same, so that interrupted saves do not accumulate.
+/// @param keepOldAs  the old file stays under this name, which must be free and in the same folder
+/// @param readAs     nothing is done (`isOutdated`) when the old file no longer has this stamp: a program without the lock
+///                   has saved it, and its change must not be lost
 FileOutcome replaceFile(FileCalls& calls, const std::filesystem::path& path, std::string_view content,
                         const std::optional<std::filesystem::path>& keepOldAs = std::nullopt,
                         const std::optional<FileStamp>& readAs = std::nullopt);
 
-/// Whether `path` is the temporary file of a `replaceFile` that was cut off, as far as its name tells.
+/// True when a path has the name of a temporary file of `replaceFile`.
 bool isTemporaryFile(const std::filesystem::path& path);
 
-/// Removes a file and synchronises its folder. That there is none is a success.
+/// Removes a file and synchronises its folder. A missing file is a success.
 FileOutcome removeFile(FileCalls& calls, const std::filesystem::path& path);
 
-/// `path` with the suffix ".damaged-N", N the first number from 1 whose name is free.
+/// The path with the suffix ".damaged-N", with the first number N from 1 whose name is free.
 std::filesystem::path freeDamagedName(const std::filesystem::path& path);
 
-/// Makes a folder and those above it, where missing; nobody else may look into the new ones.
+/// Creates a folder and its missing parent folders; the new ones are private to the user.
 FileOutcome makeFolder(const std::filesystem::path& folder);
 
-/// A lock on a file of its own that keeps two writers apart, in this and in other programs; the system lets go of it
-/// when the holder ends in any way.
+/// A lock on a separate file that excludes other writers, in this and in other programs. The system releases it when the
+/// holder ends in any way.
 class FileLock {
   public:
-    /// Waits at most `patience` for the lock.
+    /// Takes the lock.
+    /// @param patience  the longest time to wait
     FileLock(const std::filesystem::path& lockFile, std::chrono::milliseconds patience);
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
+    /// Whether the lock is held, else why not.
     const FileOutcome& outcome() const { return outcome_; }
 
   private:

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Thousands of times what the alarms need; a larger file is none of a calendar's.
+// Thousands of times the size that alarms need; a larger file is not a calendar.
 constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 
 FileOutcome startAgain(const fs::path& file, const LoadedCalendar& loaded, std::string_view content, FileCalls& calls) {
@@ -44,6 +44,7 @@ std::string unreadableEvent(std::string_view identifier, const fs::path& file, s
 LoadedCalendar loadCalendar(const fs::path& file) {
     FileContent content = readWholeFile(file, kLargestFile);
     if (!content.outcome.ok || !content.bytes) return {asStatus(content.outcome), std::nullopt, {}};
+    if (auto problem = problemOfCalendars()) return {{false, std::move(*problem)}, std::nullopt, {}};
     ScannedCalendar scanned = scanCalendar(std::move(*content.bytes));
     if (scanned.calendar) return {{}, std::move(scanned.calendar), {}, content.stamp};
     StoreStatus status{false, _("{} cannot be read as a calendar: {}. Repair it, or switch an alarm on: the file is "

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// A calendar file on the disk: read, changed by one event, saved again.
+// A calendar file on disk: reading it, changing one event, saving it.
 #pragma once
 
 #include <chrono>
@@ -18,20 +18,21 @@
 
 namespace quode {
 
-/// What a store needs of the device beside its files.
+/// The services that a store uses.
 struct StoreSurroundings {
-    /// The time that is noted in an event as the time of its last change.
+    /// The time of last change that is written into an event.
     std::function<std::chrono::sys_seconds()> now = [] {
         return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     };
     std::shared_ptr<FileCalls> files = systemFileCalls();
-    std::chrono::milliseconds lockPatience{5000};  ///< how long to wait for another program that writes
-    /// What this installation's events are known by, also after they went through a folder that is exchanged with other
-    /// devices. Empty: they carry no mark.
+    std::chrono::milliseconds lockPatience{5000};  ///< the longest time to wait for another program that writes
+    /// Identifies the events of this installation, also in a folder that is shared with other devices. Empty: events get no
+    /// mark.
     std::string mark = {};
 };
 
-/// What a file holds. Without a calendar after a success there is no file; `damage` says why its text is no calendar.
+/// The content of a calendar file. No calendar after a success: the file does not exist, or `damage` says why its text is
+/// not a calendar.
 struct LoadedCalendar {
     StoreStatus status;
     std::optional<CalendarText> calendar;
@@ -39,33 +40,36 @@ struct LoadedCalendar {
     FileStamp stamp = {};
 };
 
-/// How often a change is tried again that met one of a program which does not know the lock.
+/// The number of attempts to save a change when a program without the lock changes the file at the same time.
 inline constexpr int attemptsToSave = 10;
 
+/// Reads a calendar file.
 LoadedCalendar loadCalendar(const std::filesystem::path& file);
 
-/// Puts the event, which has its identifier, into the file; `loaded` is what the file holds, and the caller has the
-/// lock since it was loaded. A file whose text is no calendar is kept aside under the name `freeDamagedName` gives, and
-/// a new one begun; the status says so.
+/// Saves an event in a file. A file whose text is not a calendar is kept under the name that `freeDamagedName` gives, and a
+/// new one is started; the message says so.
+/// @param loaded  the content of the file; the caller has held the lock since it was loaded
+/// @param event   with its identifier
 FileOutcome saveEventInFile(const std::filesystem::path& file, const LoadedCalendar& loaded, const CalendarEvent& event,
                             const StoreSurroundings& surroundings);
 
-/// The event of this identifier in the calendar that was loaded from `file`.
+/// The event with an identifier in a calendar that was loaded from `file`.
 FoundEvent eventInCalendar(const CalendarText& calendar, std::string_view identifier,
                            const std::filesystem::path& file);
 
-/// Adds the events of the calendar that this system made; those that cannot be read are named in the status.
+/// Adds the calendar's events that Quode made; the status names those that cannot be read.
 void addOwnEvents(const CalendarText& calendar, const std::filesystem::path& file, EventList& list);
 
-/// Orders the events by start.
+/// Sorts the events by start.
 void sortEvents(EventList& list);
 
-/// Joins a further message to the status.
+/// Appends a message to the status.
 void addMessage(StoreStatus& status, std::string_view message);
 
-/// Removes the temporary files that saves which were cut off have left in a folder. The caller has the lock.
+/// Removes the temporary files of interrupted saves in a folder. The caller holds the lock.
 void removeTemporaryFiles(FileCalls& calls, const std::filesystem::path& folder);
 
+/// The outcome of a file operation as that of a store.
 StoreStatus asStatus(const FileOutcome& outcome);
 
 }  // namespace quode

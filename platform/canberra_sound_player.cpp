@@ -84,7 +84,7 @@ class CanberraSoundPlayer : public SoundPlayer {
         if (result != CA_SUCCESS) giveUp(result);
     }
 
-    // A sound that fails is not tried again before the next ring, with a new connection.
+    // After a failure the sound is not tried again before the next ring, with a new connection.
     void giveUp(int result) {
         context_.reset();
         sound_ = std::exchange(fallback_, std::nullopt);
@@ -92,7 +92,7 @@ class CanberraSoundPlayer : public SoundPlayer {
         if (onFailure) onFailure(_("The sound cannot be played: {}.", ca_strerror(result)));
     }
 
-    // Called on a thread of the library, where nothing may be asked of it.
+    // Called on a thread of the library, which must not be called from there.
     static void finished(ca_context*, std::uint32_t, int result, void* self) {
         auto* const player = static_cast<CanberraSoundPlayer*>(self);
         player->lastResult_ = result;
@@ -117,7 +117,7 @@ class CanberraSoundPlayer : public SoundPlayer {
     int wakeUp_;
     sd_event_source* source_ = nullptr;
     Context context_;
-    std::optional<Sound> sound_;     // while it plays
+    std::optional<Sound> sound_;     // while playing
     std::optional<Sound> fallback_;  // until it is needed
     steady_clock::time_point end_;
     std::atomic<int> lastResult_ = CA_SUCCESS;

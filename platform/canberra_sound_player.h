@@ -10,7 +10,7 @@
 
 namespace quode {
 
-/// Plays through libcanberra: sounds of the desktop's theme, and WAV and Ogg Vorbis files. The end of a sound wakes the
+/// Plays sounds with libcanberra: sounds of the desktop's theme, and WAV and Ogg Vorbis files. The end of a sound wakes the
 /// loop.
 std::unique_ptr<SoundPlayer> canberraSoundPlayer(sd_event* loop);
 

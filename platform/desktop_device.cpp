@@ -7,10 +7,10 @@ namespace {
 
 class DesktopDevice : public Device {
   public:
-    // A panel on a desktop is laid out as on a phone: as wide as it is given, not as a tablet's fixed column.
+    // A desktop panel has the layout of a phone, with the width it gets, not a tablet's fixed column.
     std::optional<Idiom> idiom() const override { return Idiom::phone; }
 
-    // No version of a desktop tells what it can draw, so this one is beyond every bound.
+    // Desktops have no version that describes drawing, so this one exceeds every limit.
     std::string systemVersion() const override { return "9.0"; }
 
     Rect screenBounds() const override { return {0.0, 0.0, 1280.0, 800.0}; }

@@ -9,17 +9,17 @@
 
 namespace quode {
 
-/// A random identifier as RFC 4122, version 4, writes it.
+/// A random identifier (RFC 4122, version 4).
 std::string randomUuid();
 
-/// A new event identifier: unlike any other, made of lower-case letters, digits and hyphens only.
+/// A new unique event identifier of lower-case letters, digits and hyphens.
 std::string newEventIdentifier();
 
-/// Whether `newEventIdentifier` made it.
+/// True when `newEventIdentifier` made an identifier.
 bool isOwnIdentifier(std::string_view identifier);
 
-/// Why the identifier cannot be used, as a message for the user; no value: it can. Refused are quotes, which the
-/// statements that keep an identifier cannot hold, control characters, and more than 255 bytes.
+/// Why an identifier cannot be used, as a message for the user; nothing when it can. Quotes, which the SQL statements cannot
+/// contain, control characters and more than 255 bytes are rejected.
 std::optional<std::string> problemOfIdentifier(std::string_view identifier);
 
 }  // namespace quode

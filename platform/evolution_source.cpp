@@ -26,7 +26,7 @@ bool standsInUriAsItIs(char c) {
            std::string_view("-._~/").find(c) != std::string_view::npos;
 }
 
-/// RFC 8089: every byte outside the unreserved characters as a percent sign and two digits.
+/// A file URI (RFC 8089): every byte outside the unreserved characters as a percent sign and two digits.
 std::string fileUri(const fs::path& path) {
     std::string uri = "file://";
     for (const char c : path.string()) {
@@ -66,13 +66,13 @@ FileOutcome EvolutionSource::connect(const fs::path& calendarFile, bool rings) {
     const FileContent old = readWholeFile(descriptionFile(), kLargestDescription);
     if (!old.outcome.ok) return old.outcome;
     const std::string wanted = description(calendarFile, rings);
-    // The server adds the user's choices, a colour for example, to the description: nothing to change, nothing lost.
+    // The server adds the user's choices, for example a colour, to the description: keep it when nothing of ours changes.
     const bool same = old.bytes && hasLine(*old.bytes, "CustomFile=" + fileUri(calendarFile)) &&
                       hasLine(*old.bytes, kRingsLine) == rings;
     return same ? FileOutcome{} : replaceFile(*files_, descriptionFile(), wanted);
 }
 
-// What a save that was cut off has left.
+// The temporary files of interrupted saves.
 void EvolutionSource::removeTemporaryFiles() {
     files_->unlink(folder_ / ".quode.source.tmp");
 }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Lets GNOME's calendar server show our calendar file, by a source description in its settings folder.
+// Registers Quode's calendar file with GNOME's calendar server, by a source description in its settings folder.
 #pragma once
 
 #include <filesystem>
@@ -12,37 +12,40 @@
 
 namespace quode {
 
-/// The description "quode.source" in the folder "evolution/sources" below the user's configuration folder. The server
-/// watches that folder, so that a change shows at once; it reads our file and never writes it. Written only when the
-/// user asks for it; no other description is touched.
+/// The description "quode.source" in the folder "evolution/sources" of the user's configuration folder. The server watches
+/// that folder, so a change takes effect at once; it reads Quode's file and never writes it. The description is written only
+/// on the user's request; other descriptions stay as they are.
 class EvolutionSource {
   public:
-    /// `configFolder` is $XDG_CONFIG_HOME, or ".config" in the home folder where that is not set.
+    /// @param configFolder  $XDG_CONFIG_HOME, or ".config" in the home folder when that is not set
     explicit EvolutionSource(std::filesystem::path configFolder, std::shared_ptr<FileCalls> files = systemFileCalls());
 
-    /// Shows the calendar file in GNOME's calendar. With `rings`, its reminder service rings the alarms; then nothing
-    /// else should. `calendarFile` is an absolute path; the file need not exist yet.
+    /// Shows the calendar file in GNOME's calendar.
+    /// @param calendarFile  an absolute path; the file need not exist yet
+    /// @param rings         true: GNOME's reminder service rings the alarms, and no other program should
     FileOutcome connect(const std::filesystem::path& calendarFile, bool rings);
 
-    /// Undoes `connect`. That nothing was connected is a success.
+    /// Reverses `connect`. A missing description is a success.
     FileOutcome disconnect();
 
     enum class State {
-        missing,        ///< there is no description
-        otherCalendar,  ///< it names another calendar file
+        missing,        ///< the description does not exist
+        otherCalendar,  ///< the description is of another calendar file
         disabled,       ///< the user has disabled the calendar
-        silent,         ///< it is shown, and not included in the reminders
-        rings,
+        silent,         ///< the calendar is shown without reminders
+        rings,          ///< the calendar is shown and its reminders ring
     };
-    /// What the description says of a calendar file, given with its whole path.
+
+    /// The state of the description for a calendar file, an absolute path.
     State stateFor(const std::filesystem::path& calendarFile) const;
 
+    /// True when the description exists.
     bool isConnected() const;
 
-    /// Whether it is connected and its reminder service rings our alarms.
+    /// True when it is connected and GNOME's reminder service rings Quode's alarms.
     bool rings() const;
 
-    /// The description, whether it is there or not.
+    /// The path of the description, which may not exist.
     std::filesystem::path descriptionFile() const;
 
   private:

@@ -23,7 +23,7 @@ ssize_t FileCalls::write(int file, const void* bytes, std::size_t count) {
 }
 
 int FileCalls::setOwnerAndMode(int file, uid_t owner, gid_t group, mode_t mode) {
-    // A refusal leaves the file with the user who saves it, who could write the old one as well.
+    // On failure the file belongs to the user who saves it, who could write the old one too.
     [[maybe_unused]] const int refused = ::fchown(file, owner, group);
     return ::fchmod(file, mode);
 }

@@ -11,7 +11,7 @@
 namespace quode {
 namespace {
 
-// A folder for temporary files will not do: others could make it before.
+// Not a folder for temporary files: other users could create it first.
 constexpr const char* noHome = "/nonexistent";
 
 std::string homeOfAccount() {
@@ -45,6 +45,17 @@ std::string dataFolderFrom(const Environment& environment) {
 std::string bundleFolderFrom(const Environment& environment, const std::filesystem::path& executable) {
     if (const auto chosen = nonEmpty(environment, "QUODE_BUNDLE_DIR")) return *chosen;
     return (executable.parent_path().parent_path() / "lib/quode/Quode.bundle").string();
+}
+
+std::string bundleFolderOfLibrary(const Environment& environment, const std::filesystem::path& library) {
+    if (const auto chosen = nonEmpty(environment, "QUODE_BUNDLE_DIR")) return *chosen;
+    const std::filesystem::path folder = library.parent_path(), above = folder.parent_path();
+    std::error_code error;
+    for (const std::filesystem::path& libraries : {folder, above, above / "lib"}) {
+        std::filesystem::path bundle = libraries / "quode/Quode.bundle";
+        if (std::filesystem::is_directory(bundle, error)) return bundle.string();
+    }
+    return (folder / "quode/Quode.bundle").string();
 }
 
 std::string zoneFolderFrom(const Environment& environment) {

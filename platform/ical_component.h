@@ -13,23 +13,28 @@
 
 namespace quode {
 
-/// Why the event cannot be written, as a message for the user; no value: it can.
+/// Why calendars cannot be read or written on this machine, as a message for the user; nothing when they can. While there is
+/// a problem, `eventText` and `readEvent` must not be called.
+std::optional<std::string> problemOfCalendars();
+
+/// Why an event cannot be written, as a message for the user; nothing when it can.
 std::optional<std::string> problemOfEvent(const CalendarEvent& event);
 
-/// The text of a calendar that holds nothing yet.
+/// The text of a calendar without events.
 std::string emptyCalendar();
 
-/// The VEVENT of `event`, with its VALARM. `oldText` is the VEVENT that it replaces, or empty: what other programs
-/// wrote into that one is taken over as it stands. `now` is noted as the time of the change.
+/// The VEVENT of an event, with its VALARM.
+/// @param oldText  the VEVENT that it replaces, or empty; data of other programs are copied from it unchanged
+/// @param now      written as the time of the change
 std::string eventText(const CalendarEvent& event, std::string_view oldText, std::chrono::sys_seconds now);
 
-/// An event, or what is wrong with its text.
+/// An event, or the error in its text.
 struct ReadEvent {
     std::optional<CalendarEvent> event;
     std::string problem;
 };
 
-/// The event that `component`, a VEVENT of the calendar, describes. Times without a zone are the device's local times.
+/// Reads an event from a VEVENT of the calendar. Times without a zone are the device's local times.
 ReadEvent readEvent(const CalendarText& calendar, const CalendarComponent& component);
 
 }  // namespace quode

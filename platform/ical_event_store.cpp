@@ -48,7 +48,7 @@ StoreStatus IcalEventStore::removeEvent(std::string_view identifier) {
 StoreStatus IcalEventStore::removeLocked(std::string_view identifier) {
     FileOutcome outcome;
     for (int attempt = 0; attempt < attemptsToSave; ++attempt) {
-        const LoadedCalendar loaded = loadCalendar(file_);  // it may have changed while the lock was awaited
+        const LoadedCalendar loaded = loadCalendar(file_);  // it may have changed while waiting for the lock
         if (!loaded.calendar) return loaded.status;
         const std::string rest = withEventText(*loaded.calendar, identifier, {});
         outcome = replaceFile(*surroundings_.files, file_, rest, std::nullopt, loaded.stamp);

@@ -8,10 +8,10 @@
 
 namespace quode {
 
-/// Keeps the events in the file "Quode.ics" of the data folder. Whatever else the file holds (other events, tasks,
-/// time zones, properties unknown here) keeps every byte. Each save replaces the file as a whole, see `replaceFile`.
-/// A file that is no calendar is kept aside as "Quode.ics.damaged-N" by the next save; one that cannot be read is
-/// left alone, and the operation fails with a message.
+/// Stores the events in the file "Quode.ics" in the data folder. All other content of the file (other events, tasks, time
+/// zones, unknown properties) stays the same to the byte. Each save replaces the file as a whole, see `replaceFile`. The next
+/// save keeps a file that is not a calendar as "Quode.ics.damaged-N"; with a file that cannot be read, the operation fails
+/// with a message and leaves the file as it is.
 class IcalEventStore : public EventStore {
   public:
     explicit IcalEventStore(std::filesystem::path dataFolder, StoreSurroundings surroundings = {});

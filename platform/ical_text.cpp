@@ -11,7 +11,7 @@ namespace quode {
 
 namespace {
 
-// Real calendars nest three deep (VCALENDAR, VEVENT, VALARM); a limit protects every recursive reader.
+// Real calendars have three levels (VCALENDAR, VEVENT, VALARM); the limit protects recursive readers.
 constexpr std::size_t kDeepestNesting = 16;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

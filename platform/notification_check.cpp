@@ -30,7 +30,7 @@ Bus openBus() {
     if (sd_bus_open_user(&opened) < 0) return nullptr;
     Bus bus(opened);
     sd_bus_set_method_call_timeout(opened, patienceUs);
-    // The answer of the bus itself shows that there is one behind the address.
+    // The bus itself answers, which shows that it exists behind the address.
     const char* id = nullptr;
     return sd_bus_get_unique_name(opened, &id) < 0 ? nullptr : std::move(bus);
 }
@@ -53,7 +53,7 @@ Message askBus(sd_bus* bus, const char* method, const char* name) {
     return result < 0 ? nullptr : std::move(answer);
 }
 
-// The answer to a call of the service, which is not started for it; null after an error.
+// The answer to a call of the service, without starting it; null after an error.
 Message askService(sd_bus* bus, const char* method) {
     sd_bus_message* made = nullptr;
     if (sd_bus_message_new_method_call(bus, &made, service, object, service, method) < 0) return nullptr;

@@ -6,22 +6,21 @@
 
 namespace quode {
 
-/// What is known of the desktop's notification service.
+/// The state of the desktop's notification service.
 struct NotificationCheck {
     enum class State {
         noBus,        ///< there is no session bus
-        none,         ///< nobody offers notifications
-        startable,    ///< a service starts as soon as something is to be shown
+        none,         ///< there is no notification service
+        startable,    ///< a service starts with the first notification
         running,      ///< a service runs
         unresponsive  ///< a service runs, but does not answer
     };
     State state = State::noBus;
-    std::string name;  ///< of a running service, with its version: "dunst 1.9.0"
-    bool hasActions = false;
+    std::string name;         ///< a running service with its version: "dunst 1.9.0"
+    bool hasActions = false;  ///< the service supports buttons
 };
 
-/// Looks for the notification service (org.freedesktop.Notifications) on the session bus. Neither it nor a bus is
-/// started.
+/// Checks the notification service (org.freedesktop.Notifications) on the session bus. Starts neither a service nor a bus.
 NotificationCheck checkNotifications();
 
 }  // namespace quode

@@ -22,7 +22,7 @@ constexpr mode_t newFileMode = 0600;
     throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
 }
 
-// An open file, closed at the end of its life.
+// An open file that closes itself.
 class OpenFile {
   public:
     OpenFile(int descriptor, const char* what, fs::path path) : descriptor_(descriptor), path_(std::move(path)) {
@@ -66,7 +66,7 @@ class OpenFile {
     fs::path path_;
 };
 
-// A file that is deleted at the end of its life, unless it was kept.
+// A file that deletes itself, unless it is kept.
 class TemporaryFile {
   public:
     explicit TemporaryFile(std::string path) : path_(std::move(path)) {}
@@ -122,7 +122,7 @@ class PosixFiles : public Files {
     }
 
     void write(const fs::path& path, std::string_view content) override {
-        const fs::path target = fs::weakly_canonical(path);  // a link stays, its file is replaced
+        const fs::path target = fs::weakly_canonical(path);  // a link stays; its file is replaced
         std::string name = target.string() + ".XXXXXX";
         {
             const OpenFile file(::mkostemp(name.data(), O_CLOEXEC), "cannot write beside", target);

@@ -10,8 +10,9 @@
 
 namespace quode {
 
-/// Creates a folder and those above it, where missing. Nobody else may look into the new ones: what Quode keeps says
-/// where somebody lives. Returned: why that failed; no error where the folder is there.
+/// Creates a folder and its missing parent folders. The new ones are private to the user, because Quode's data show where
+/// the user lives.
+/// @return the error; none when the folder exists
 inline std::error_code createPrivateFolders(const std::filesystem::path& folder) {
     std::error_code error;
     if (folder.empty() || std::filesystem::is_directory(folder, error)) return {};

@@ -19,7 +19,7 @@ constexpr const char* ownerMatch =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
     "member='NameOwnerChanged',arg0='org.freedesktop.Notifications'";
 constexpr std::uint64_t patienceUs = 2'000'000;          // for the bus itself
-constexpr std::uint64_t answerPatienceUs = 900'000'000;  // for a notification; nobody waits for it
+constexpr std::uint64_t answerPatienceUs = 900'000'000;  // for a notification; the program does not wait for it
 constexpr unsigned char critical = 2;                    // the urgency, which has to be a byte
 constexpr int untilClosed = 0;
 
@@ -44,7 +44,7 @@ int appendActions(sd_bus_message* call, const std::vector<NotificationAction>& a
     return result < 0 ? result : sd_bus_message_close_container(call);
 }
 
-// The services show the body as markup.
+// Services show the body as markup.
 std::string escaped(const std::string& text) {
     std::string result;
     for (const char c : text) {
@@ -103,14 +103,14 @@ class SdBusNotifications : public NotificationService {
     }
 
   private:
-    /// A notification that was asked for and not answered yet.
+    /// A request for a notification without an answer yet.
     struct Request {
         SdBusNotifications* self;
         Answer answered;
         Slot slot;
     };
 
-    // True when there is a connection, a new one if need be.
+    // True when there is a connection; makes a new one if necessary.
     bool connect() {
         if (bus_ && sd_bus_is_open(bus_.get()) > 0) return true;
         loseConnection();
@@ -146,7 +146,7 @@ class SdBusNotifications : public NotificationService {
         if (succeeded && sd_bus_message_read(reply, "s", &owner) >= 0) owner_ = owner;
     }
 
-    // Unique names are given once in the life of a bus.
+    // A bus never reuses a unique name.
     std::string runOf(const char* owner) const {
         sd_id128_t id{};
         if (!owner || sd_bus_get_bus_id(bus_.get(), &id) < 0) return "";

@@ -10,8 +10,8 @@
 
 namespace quode {
 
-/// The notification service of the session bus (org.freedesktop.Notifications), with the signals of which the loop
-/// wakes. Without a session bus every `show` looks for one again.
+/// The notification service of the session bus (org.freedesktop.Notifications); its signals wake the loop. Without a session
+/// bus every `show` tries to connect again.
 std::unique_ptr<NotificationService> sdBusNotifications(sd_event* loop);
 
 }  // namespace quode

@@ -30,7 +30,7 @@ class SystemClock : public Clock {
         const auto seconds = std::chrono::floor<std::chrono::seconds>(moment.time_since_epoch());
         const auto time = static_cast<std::time_t>(seconds.count());
         std::tm local{};
-        tzset();  // a zone that was changed while the program runs takes effect
+        tzset();  // applies a change of the zone while the program runs
         localtime_r(&time, &local);
         return local;
     }

@@ -8,7 +8,7 @@ namespace quode {
 
 Platform systemPlatform(const std::string& localeName) {
     const Environment environment = processEnvironment();
-    return {systemClock(), icuLocale(localeName),       desktopDevice(),
+    return {systemClock(), systemLocale(localeName),    desktopDevice(),
             posixFiles(),  dataFolderFrom(environment), zoneFolderFrom(environment)};
 }
 

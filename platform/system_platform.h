@@ -10,23 +10,24 @@
 
 namespace quode {
 
-/// The clock of this machine in the zone of $TZ, else of the system's setting.
+/// The clock of this machine, in the zone of $TZ, else that of the system.
 std::shared_ptr<Clock> systemClock();
 
-/// The name of the locale that tells a process how to show times: $LC_ALL, else $LC_TIME, else $LANG, else "POSIX".
+/// The name of the locale for times: $LC_ALL, else $LC_TIME, else $LANG, else "POSIX".
 std::string localeNameFrom(const Environment& environment);
 
-/// The facts of a locale such as "tr_TR" or "en_GB.UTF-8"; of this process's locale when the name is empty.
-std::shared_ptr<Locale> icuLocale(const std::string& name = {});
+/// A locale by its name, such as "tr_TR" or "en_GB.UTF-8"; an empty name gives the locale of the process. An unknown pair of
+/// language and country keeps the country's 12 or 24 hours; an unknown name gives POSIX.
+std::shared_ptr<Locale> systemLocale(const std::string& name = {});
 
-/// The device of a program that draws nothing: a desktop whose screen has 1280 by 800 points.
+/// The device of a program without windows: a desktop with a screen of 1280 by 800 points.
 std::shared_ptr<Device> desktopDevice();
 
 /// The files of this machine.
 std::shared_ptr<Files> posixFiles();
 
-/// All of the above, with the data folder of this process's environment. A program with a screen replaces the device.
-/// @param localeName  as for icuLocale
+/// All of the above, with the data folder from the process's environment. A program with windows replaces the device.
+/// @param localeName  as for `systemLocale`
 Platform systemPlatform(const std::string& localeName = {});
 
 }  // namespace quode

@@ -41,7 +41,7 @@ FolderListing eventFiles(const fs::path& folder) {
     return listing;
 }
 
-/// Identifiers of other programs may hold characters that no file name can.
+/// A file name for a new event: not the identifier of another program, which may contain invalid characters.
 std::string fileNameFor(std::string_view identifier) {
     return (isOwnIdentifier(identifier) ? std::string(identifier) : newEventIdentifier()) + ".ics";
 }
@@ -106,7 +106,7 @@ StoreStatus VdirEventStore::removeEvent(std::string_view identifier) {
 
     FileOutcome outcome;
     for (int attempt = 0; attempt < attemptsToSave; ++attempt) {
-        const Place place = placeOf(identifier);  // it may have changed while the lock was awaited
+        const Place place = placeOf(identifier);  // it may have changed while waiting for the lock
         if (!place.holdsEvent) return place.loaded.status;
         outcome = removeFrom(place, identifier);
         if (!outcome.isOutdated) break;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The device's calendar as a folder of one file per event, as programs that exchange calendars with a server want it.
+// The device's calendar as a folder with one file per event, for programs that synchronise calendars with a server.
 #pragma once
 
 #include "platform/EventStore.h"
@@ -8,9 +8,9 @@
 
 namespace quode {
 
-/// Keeps each event in a file "<identifier>.ics" of the folder, a "vdir", which vdirsyncer, khal and others read and
-/// write. Events that another program put there under other names are found and replaced in their own files.
-/// Each file is saved, kept aside and left alone as `IcalEventStore` does with its one.
+/// Stores each event in a file "<identifier>.ics" of the folder, a "vdir", which vdirsyncer, khal and others read and write.
+/// Events of other programs under other file names are found and replaced in their files. Damaged and unreadable files are
+/// handled as by `IcalEventStore`.
 class VdirEventStore : public EventStore {
   public:
     explicit VdirEventStore(std::filesystem::path folder, StoreSurroundings surroundings = {});
@@ -25,7 +25,7 @@ class VdirEventStore : public EventStore {
     void removeLeftOvers() override;
 
   private:
-    /// The file that holds the event. Without one, `file` is where a new event of this identifier belongs.
+    /// The file with the event. Without an event, `file` is the path for a new one.
     struct Place {
         std::filesystem::path file;
         LoadedCalendar loaded;

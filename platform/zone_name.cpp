@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view databaseFolder = "zoneinfo/";
 constexpr const char* localTime = "etc/localtime";
 
-// The name of a zone in the time-zone database; "posix/" and "right/" hold the same zones once more.
+// The name of a zone in the time-zone database; "posix/" and "right/" contain copies of the zones.
 std::string plainName(const std::string& name) {
     for (const std::string_view copy : {"posix/", "right/"}) {
         if (name.starts_with(copy)) return name.substr(copy.size());
@@ -20,7 +20,7 @@ std::string plainName(const std::string& name) {
     return name;
 }
 
-// The zone to whose file a path leads; empty when it does not lead into the database.
+// The zone of a path's file; empty when the path is not in the database.
 std::string nameOfPath(const std::string& path) {
     const std::size_t found = path.rfind(databaseFolder);
     return found == std::string::npos ? std::string() : plainName(path.substr(found + databaseFolder.size()));

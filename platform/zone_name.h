@@ -9,10 +9,10 @@
 
 namespace quode {
 
-/// The name of the zone that a system is set to, such as "Europe/Istanbul": from $TZ, else from /etc/localtime, which
-/// points into the time-zone database, else from /etc/timezone. "UTC" when nothing is set; empty when the zone in force
-/// has no name in the database.
-/// @param root  where /etc and /usr/share/zoneinfo are; "/" but for tests
+/// The name of the system's time zone, such as "Europe/Istanbul": from $TZ, else from the link /etc/localtime into the
+/// time-zone database, else from /etc/timezone. "UTC" when nothing is set; empty when the zone in force has no name in the
+/// database.
+/// @param root  the folder that contains /etc and /usr/share/zoneinfo; "/" except in tests
 std::string zoneNameFrom(const Environment& environment, const std::filesystem::path& root = "/");
 
 }  // namespace quode

@@ -13,19 +13,21 @@ namespace quode {
 
 /// The texts of one language, as `msgfmt --endianness=little` compiles them from a .po file.
 ///
-/// Offsets are checked where they are used, so that loading a catalogue costs no more than reading the file, and a
-/// damaged one lacks texts but does no harm.
+/// Offsets are checked at use, so that loading a catalogue costs no more than reading the file. A damaged catalogue lacks
+/// texts but does no harm.
 class MessageCatalogue {
   public:
     /// @param bytes  the content of a .mo file
-    /// @throw std::runtime_error  when the bytes are not those of a catalogue
+    /// @throw std::runtime_error  when the bytes are not a catalogue
     explicit MessageCatalogue(std::string bytes);
 
-    /// The translation of a text, ended by a null byte; nothing when the catalogue has none.
-    /// @param context  tells two equal English texts apart; empty for most
+    /// The translation of a text, with a null byte after it; nothing when the catalogue has none.
+    /// @param context  distinguishes equal English texts; usually empty
     std::optional<std::string_view> find(std::string_view english, std::string_view context = {}) const;
 
-    /// The plural form for a number; `english` is the singular.
+    /// The translation of a text with plural forms.
+    /// @param english  the singular
+    /// @param number   selects the form
     std::optional<std::string_view> findPlural(std::string_view english, unsigned long number,
                                                std::string_view context = {}) const;
 

@@ -8,9 +8,9 @@
 namespace quode {
 namespace {
 
-constexpr int deepest = 100;  // an expression that nests deeper is no plural rule
+constexpr int deepest = 100;  // a deeper expression is not a plural rule
 
-// Reads and computes an expression of C with the one variable n.
+// Evaluates a C expression with the variable n.
 class Evaluation {
   public:
     Evaluation(std::string_view expression, unsigned long n) : rest_(expression), n_(n) {}
@@ -27,7 +27,7 @@ class Evaluation {
         std::string_view sign;
         int strength;
     };
-    // A sign that another one starts with comes after it.
+    // Longer operators come before those that they start with.
     static constexpr std::array<Operator, 13> operators{{{"||", 1},
                                                          {"&&", 2},
                                                          {"==", 3},

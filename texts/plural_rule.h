@@ -7,8 +7,8 @@
 
 namespace quode {
 
-/// Which plural form belongs to a number: the expression in the "Plural-Forms" field of a catalogue, such as
-/// "n%10==1 && n%100!=11 ? 0 : 1". Without an expression the rule is that of English.
+/// The rule for the plural form of a number: the expression in the "Plural-Forms" field of a catalogue, such as
+/// "n%10==1 && n%100!=11 ? 0 : 1". The default is the rule of English.
 class PluralRule {
   public:
     PluralRule() = default;
@@ -17,6 +17,7 @@ class PluralRule {
     /// @throw std::runtime_error  when the expression cannot be read
     explicit PluralRule(std::string_view expression);
 
+    /// The index of the plural form for a number, counted from 0.
     unsigned long form(unsigned long number) const;
 
   private:

@@ -28,7 +28,7 @@ struct Language {
     bool isRightToLeft = false;
 };
 
-// The language of the process. Catalogues stay loaded when another one is chosen: their texts may still be in use.
+// The language of the process. Catalogues stay loaded after a change: their texts may still be in use.
 struct Choice {
     std::atomic<const Language*> language = nullptr;
     std::mutex mutex;

@@ -23,11 +23,11 @@
 
 namespace quode {
 
-/// The languages that can be chosen: English and those with a catalogue in the bundle, in alphabetical order.
+/// The available languages: English and those with a catalogue in the bundle, in alphabetical order.
 std::vector<std::string> availableLanguages(const std::filesystem::path& bundle);
 
-/// Chooses the language of this process. To be called at its start, before any text is shown; a process that runs for
-/// long may call it again.
+/// Chooses the language of this process. Call it at the start, before any text is shown; a long-running process may call it
+/// again.
 /// @param language  such as "de"; "en" and a language without a readable catalogue give English
 /// @return false when there is no readable catalogue
 bool useLanguage(std::string_view language, const std::filesystem::path& bundle);
@@ -38,8 +38,8 @@ std::string_view languageInUse();
 /// True when a language is written from right to left.
 bool isRightToLeft(std::string_view language);
 
-/// A text that keeps its own direction amid text of the other one. In a language written from left to right it is
-/// returned as it stands.
+/// A text with marks that keep its direction within text of the other direction; unchanged in a language written from left
+/// to right.
 std::string isolated(std::string_view text);
 
 /// Marks a text for translation without translating it.
@@ -50,7 +50,7 @@ constexpr const char* N_(const char* english) {
 /// The text in the chosen language.
 const char* _(const char* english);
 
-/// The same with a context, which tells two equal English texts apart.
+/// The same with a context, which distinguishes equal English texts.
 const char* _c(const char* context, const char* english);
 
 namespace translation {
@@ -62,7 +62,7 @@ struct Text {
     const char* context = "";
 };
 
-/// The translated text with its values; the English one when the translation does not go with them.
+/// The translated text with its values; the English one when the translation does not match them.
 std::string filled(const Text& text, fmt::format_args values);
 
 template <typename Value>
@@ -81,7 +81,7 @@ std::string filledWith(const Text& text, const Values&... values) {
 
 }  // namespace translation
 
-/// The text in the chosen language, with values as fmt::format fills them in.
+/// The text in the chosen language with values, by the rules of fmt::format.
 template <typename First, typename... Rest>
 std::string _(fmt::format_string<First, Rest...> english, First&& first, Rest&&... rest) {
     return translation::filledWith({english}, translation::inItsDirection(first), translation::inItsDirection(rest)...);
@@ -93,7 +93,7 @@ std::string _c(const char* context, fmt::format_string<First, Rest...> english, 
                                    translation::inItsDirection(rest)...);
 }
 
-/// The text for a number, which is its first value.
+/// The text with the plural form for a number, which is its first value.
 template <std::integral Number, typename... Rest>
 std::string _n(fmt::format_string<Number, Rest...> one, fmt::format_string<Number, Rest...> many, Number number,
                Rest&&... rest) {

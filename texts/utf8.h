@@ -11,8 +11,8 @@
 
 namespace quode {
 
-/// Takes the first code point off a text. A byte that does not begin a well-formed sequence (stray or missing continuation,
-/// overlong form, surrogate, above U+10FFFF) is taken off alone.
+/// Removes the first code point from a text. A byte that does not begin a well-formed sequence (stray or missing
+/// continuation, overlong form, surrogate, above U+10FFFF) is removed alone.
 /// @param text  not empty; receives the rest
 /// @return the code point; nothing for such a byte
 inline std::optional<char32_t> takeCodePoint(std::string_view& text) {

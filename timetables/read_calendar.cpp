@@ -1,23 +1,17 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include <libical/ical.h>
-
 #include <fmt/format.h>
 
 #include <map>
-#include <memory>
 #include <optional>
 
+#include "platform/ical_module.h"
 #include "texts/translation.h"
 #include "timetables/RawTable.h"
 #include "timetables/columns.h"
 
 namespace quode::timetables {
 namespace {
-
-struct Release {
-    void operator()(icalcomponent* component) const { icalcomponent_free(component); }
-};
 
 /// The prayer in a title such as "Fajr (Istanbul)".
 std::optional<Column> prayerIn(const std::string& title) {
@@ -36,38 +30,33 @@ std::optional<Column> prayerIn(const std::string& title) {
 }  // namespace
 
 RawTable readCalendar(std::string_view content) {
-    icalerror_set_errors_are_fatal(0);
-    const std::unique_ptr<icalcomponent, Release> calendar(icalparser_parse_string(std::string(content).c_str()));
-    if (!calendar) throw ImportError(_("The calendar file is damaged: it has no readable VCALENDAR."));
-    if (icalcomponent_count_errors(calendar.get()) > 0) {
+    if (auto problem = problemOfCalendars()) throw ImportError(*problem);
+    const ListedCalendar calendar = icalModule()->listEvents(content);
+    if (!calendar.isCalendar) throw ImportError(_("The calendar file is damaged: it has no readable VCALENDAR."));
+    if (!calendar.isWhole) {
         throw ImportError(_("The calendar file is damaged: it has lines that are no iCalendar. Export it again."));
     }
     RawTable table{"iCalendar", {"date"}, {}};
     std::map<std::string, RawRow> days;
     std::map<Column, std::size_t> places;
     int number = 0;
-    for (auto* event = icalcomponent_get_first_component(calendar.get(), ICAL_VEVENT_COMPONENT); event != nullptr;
-         event = icalcomponent_get_next_component(calendar.get(), ICAL_VEVENT_COMPONENT)) {
+    for (const ListedEvent& event : calendar.events) {
         ++number;
-        const char* title = icalcomponent_get_summary(event);
-        const auto column = prayerIn(title == nullptr ? "" : title);
+        const auto column = prayerIn(event.title);
         if (!column || *column > Column::sabah) continue;
-        const icaltimetype start = icalcomponent_get_dtstart(event);
-        if (icaltime_is_null_time(start) || icaltime_is_date(start)) {
-            throw ImportError(_("Event {} of the calendar has no time.", number));
-        }
-        if (icaltime_is_utc(start)) {
+        if (!event.hasTime) throw ImportError(_("Event {} of the calendar has no time.", number));
+        if (event.isUtc) {
             throw ImportError(_("The calendar gives universal times. Export it with the local times of the place."));
         }
         if (!places.contains(*column)) {
             places[*column] = table.headings.size();
             table.headings.push_back(nameOf(*column) == "asr (Hanafi)" ? "asr hanafi" : nameOf(*column));
         }
-        RawRow& row = days[fmt::format("{:04}-{:02}-{:02}", start.year, start.month, start.day)];
+        RawRow& row = days[fmt::format("{:04}-{:02}-{:02}", event.year, event.month, event.day)];
         if (row.line == 0) row.line = number;
         row.cells.resize(std::max(row.cells.size(), places[*column] + 1));
         std::string& cell = row.cells[places[*column]];
-        const std::string time = fmt::format("{:02}:{:02}", start.hour, start.minute);
+        const std::string time = fmt::format("{:02}:{:02}", event.hour, event.minute);
         cell = cell.empty() || cell == time ? time : "twice: " + cell + ", " + time;
     }
     if (days.empty()) throw ImportError(_("The calendar names no prayers in the titles of its events."));

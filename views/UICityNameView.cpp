@@ -3,8 +3,8 @@
 #include "views/UICityNameView.h"
 
 #include "common/GlobalFuncs.h"
+#include "texts/translation.h"
 #include "views/drawing.h"
-#include "views/spoken_texts.h"
 
 namespace quode {
 namespace {
@@ -12,13 +12,13 @@ namespace {
 constexpr std::int32_t shapeCompass = 7;
 constexpr std::int32_t shapeInformation = 8;
 
-std::unique_ptr<UIButtonX> roundButton(Point center, std::int32_t shape, int tag, SpokenText name) {
+std::unique_ptr<UIButtonX> roundButton(Point center, std::int32_t shape, int tag, const char* spokenName) {
     auto button = std::make_unique<UIButtonX>(Rect{0.0, 0.0, 50.0, 30.0});
     button->setCenter(center);
     button->setButtonType(2);
     button->setButtonShape(shape);
     button->setTag(tag);
-    button->setSpokenName([name] { return spokenText(name, GlobalFuncs::globalFuncs().languageId()); });
+    button->setSpokenName([spokenName] { return std::string(_(spokenName)); });
     return button;
 }
 
@@ -32,12 +32,12 @@ UICityNameView::UICityNameView(const Rect& frame, QWidget* parent) : View(frame,
     labelCityName_ = addLabel(*this, {(w - 50.0) * 0.5 + 50.0 + 15.0, 20.0}, {w - 50.0, 40.0}, settings.fontName,
                               settings.fontSize, "", globalFuncs.firstColor(), alignLeft, false, false, 0);
 
-    auto compass = roundButton({w - 65.0, h - 20.0}, shapeCompass, tagCompass, SpokenText::compass);
+    auto compass = roundButton({w - 65.0, h - 20.0}, shapeCompass, tagCompass, N_("Qibla compass"));
     compass->setEnabledColor(globalFuncs.thirdColor());
     compass->setDelegate(this);
     buttonCompass_ = addSubview(*this, std::move(compass));
 
-    auto information = roundButton({w - 15.0, h - 20.0}, shapeInformation, tagCityInfo, SpokenText::cityInformation);
+    auto information = roundButton({w - 15.0, h - 20.0}, shapeInformation, tagCityInfo, N_("City information"));
     information->text()->setTextAlign(alignCenter);
     information->setSelectable(true);
     information->setDelegate(this);

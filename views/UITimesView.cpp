@@ -3,10 +3,9 @@
 #include "views/UITimesView.h"
 
 #include "common/GlobalFuncs.h"
-#include "common/text_format.h"
 #include "data/DatabaseFunctions.h"
+#include "texts/translation.h"
 #include "views/drawing.h"
-#include "views/spoken_texts.h"
 
 namespace quode {
 namespace {
@@ -35,9 +34,8 @@ UITimesView::UITimesView(const Rect& frame, QWidget* parent) : View(frame, paren
     button->setSelectable(true);
     button->setTag(tagAlarmOnOff);
     button->setDelegate(this);
-    button->setSpokenName([this, &globalFuncs] {
-        return filledFormat(spokenText(SpokenText::alarmFor, globalFuncs.languageId()), {labelPrayName_->text()});
-    });
+    // Translators: spoken for the bell of a prayer
+    button->setSpokenName([this] { return _("Alarm for {}", labelPrayName_->text()); });
     buttonAlarmOnOff_ = addSubview(*this, std::move(button));
 }
 

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <memory>
 
-#include "common/GlobalFuncs.h"
+#include "texts/translation.h"
 #include "views/MessageView.h"
 #include "views/UIButtonX.h"
 #include "views/UICityInfoView.h"
@@ -16,7 +16,6 @@
 #include "views/UIReligiousView.h"
 #include "views/UITimesView.h"
 #include "views/qt_conversions.h"
-#include "views/spoken_texts.h"
 
 namespace quode {
 namespace {
@@ -87,10 +86,6 @@ class ButtonInterface final : public NamedView {
     UIButtonX& button_;
 };
 
-std::string spoken(SpokenText text) {
-    return spokenText(text, GlobalFuncs::globalFuncs().languageId());
-}
-
 QAccessibleInterface* row(QWidget& view, NamedView::Name name) {
     return new NamedView(view, QAccessible::Row, std::move(name));
 }
@@ -108,16 +103,16 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
         return row(*times, [times] { return times->labelPrayName()->text() + " " + times->labelPrayTime()->text(); });
     }
     if (auto* city = qobject_cast<UICityNameView*>(object)) {
-        return row(*city, [] { return spoken(SpokenText::city); });
+        return row(*city, [] { return std::string(_("City")); });
     }
     if (auto* information = qobject_cast<UICityInfoView*>(object)) {
-        return row(*information, [] { return spoken(SpokenText::cityDetails); });
+        return row(*information, [] { return std::string(_("Details of the city")); });
     }
     if (auto* days = qobject_cast<UIReligiousView*>(object)) {
-        return row(*days, [] { return spoken(SpokenText::religiousDays); });
+        return row(*days, [] { return std::string(_("Religious days")); });
     }
     if (auto* footer = qobject_cast<UIFooterView*>(object)) {
-        return row(*footer, [] { return spoken(SpokenText::furtherTimes); });
+        return row(*footer, [] { return std::string(_("Further prayer times")); });
     }
     return nullptr;
 }

@@ -3,7 +3,9 @@
 #include "views/glyphs.h"
 
 #include <QTransform>
+#include <array>
 #include <initializer_list>
+#include <map>
 #include <utility>
 
 #include "views/Point.h"
@@ -210,9 +212,7 @@ Parts openCircle(const Marks& m, double width) {
     return {{path, width, Qt::FlatCap, false}};
 }
 
-}  // namespace
-
-std::vector<GlyphPart> glyphParts(std::int32_t shape, const Rect& area, double defaultWidth) {
+std::vector<GlyphPart> drawnParts(std::int32_t shape, const Rect& area, double defaultWidth) {
     const Marks marks(area);
     switch (shape) {
         case 1:
@@ -238,6 +238,19 @@ std::vector<GlyphPart> glyphParts(std::int32_t shape, const Rect& area, double d
         default:
             return {};
     }
+}
+
+}  // namespace
+
+// Uniting and cutting outlines is slow, and a table draws the same few glyphs again and again.
+const std::vector<GlyphPart>& glyphParts(std::int32_t shape, const Rect& area, double defaultWidth) {
+    using Key = std::array<double, 6>;
+    constexpr std::size_t mostDrawn = 64;
+    static std::map<Key, std::vector<GlyphPart>> drawn;
+    const Key key{static_cast<double>(shape), area.x, area.y, area.width, area.height, defaultWidth};
+    if (const auto found = drawn.find(key); found != drawn.end()) return found->second;
+    if (drawn.size() >= mostDrawn) drawn.clear();
+    return drawn[key] = drawnParts(shape, area, defaultWidth);
 }
 
 std::string_view signOfShape(std::int32_t shape) {

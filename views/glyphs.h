@@ -20,10 +20,11 @@ struct GlyphPart {
 };
 
 /// The parts of a glyph in the order in which they are drawn; none for a number without a glyph.
+/// They are drawn once for each place and size; the returned list lasts until the next call.
 /// @param shape         as UIButtonX::buttonShape
 /// @param area          the rectangle that the glyph is drawn into
 /// @param defaultWidth  stroke width of the glyphs that have none of their own
-std::vector<GlyphPart> glyphParts(std::int32_t shape, const Rect& area, double defaultWidth);
+const std::vector<GlyphPart>& glyphParts(std::int32_t shape, const Rect& area, double defaultWidth);
 
 /// The sign that the caption shows in the place of a glyph; empty for a shape that is drawn.
 std::string_view signOfShape(std::int32_t shape);

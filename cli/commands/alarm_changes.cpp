@@ -1,17 +1,13 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode alarm set, on, off: sets alarms up and switches them. Each shows the alarms afterwards.
-#include <fmt/format.h>
-
-#include "app/alarm_calendar.h"
+#include "app/alarm_changes.h"
 #include "app/alarm_sounds.h"
 #include "app/prayer_names.h"
 #include "app/session.h"
 #include "app/user_alarms.h"
-#include "app/user_data.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
-#include "companion/user_connection.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -19,6 +15,10 @@ namespace {
 
 Parameter prayerWords() {
     return {Parameter::Kind::words, "PRAYER", "", _("A name such as fajr or imsak, a number 1 to 6, or all"), true};
+}
+
+std::vector<int> codesOf(Session& session, const Arguments& arguments) {
+    return prayersNamed(session, arguments.text("PRAYER").value_or(""));
 }
 
 std::optional<int> offsetOf(const Arguments& arguments) {
@@ -31,47 +31,24 @@ std::optional<int> offsetOf(const Arguments& arguments) {
                                      trimmed(*text)));
 }
 
-/// What was given with a command is set; the rest stays, with the sound of the settings where there is none.
-void setUp(UserDatabase& database, const std::vector<int>& codes, std::optional<int> offset,
-           const std::optional<std::string>& sound) {
-    const std::string defaultSound = loadSettings(database).defaultSound;
-    for (const int code : codes) {
-        const UserAlarm alarm = database.alarm(code);
-        const std::string kept = alarm.sound.empty() ? defaultSound : alarm.sound;
-        database.setUpAlarm(code, offset.value_or(alarm.offset), sound.value_or(kept));
-    }
-}
-
 void runSet(Session& session, const Arguments& arguments) {
     const std::optional<int> offset = offsetOf(arguments);
     std::optional<std::string> sound = arguments.text("sound");
     if (!offset && !sound)
         throw Failure(ExitCode::usage, _("Say what to set: --offset MINUTES, --sound NAME, or both."));
     if (sound) sound = soundNamedByUser(session, *sound);
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    const std::vector<int> codes = prayersNamed(session, arguments.text("PRAYER").value_or(""));
-    calendar.change([&] { setUp(database, codes, offset, sound); });
-    showAlarms(session, readAlarms(session, database));
+    setUpAlarms(session, codesOf(session, arguments), offset, sound);
+    showAlarms(session, readAlarms(session));
 }
 
 void runOn(Session& session, const Arguments& arguments) {
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    const std::vector<int> codes = prayersNamed(session, arguments.text("PRAYER").value_or(""));
-    if (!database.home()) {
-        throw Failure(ExitCode::notFound, _("An alarm rings for your home city. Choose one: quode city home NAME"));
-    }
-    database.connection().change([&] { setUp(database, codes, std::nullopt, std::nullopt); });
-    for (const int code : codes) calendar.switchOn(code);
-    showAlarms(session, readAlarms(session, database));
+    switchAlarms(session, codesOf(session, arguments), true);
+    showAlarms(session, readAlarms(session));
 }
 
 void runOff(Session& session, const Arguments& arguments) {
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    for (const int code : prayersNamed(session, arguments.text("PRAYER").value_or(""))) calendar.switchOff(code);
-    showAlarms(session, readAlarms(session, database));
+    switchAlarms(session, codesOf(session, arguments), false);
+    showAlarms(session, readAlarms(session));
 }
 
 }  // namespace

@@ -27,15 +27,17 @@ std::chrono::seconds timeOf(const Arguments& arguments) {
                   _("--seconds is a number from {} to {}, not \"{}\".", shortest, longest, trimmed(*text)));
 }
 
-void print(Session& session, const std::string& sound, const TrialResult& result) {
+void print(Session& session, const std::string& sound, const TrialResult& result, bool isSoundOnly) {
     std::string text = result.isShown ? _("The alarm was shown.") : _("The alarm was not shown.");
-    text += ' ';
+    if (isSoundOnly) text.clear();
+    if (!isSoundOnly) text += ' ';
     text += result.soundProblem.empty() ? _("It played {}.", sound) : std::string(_("It was not heard."));
     if (result.isStopped) text.append(" ").append(_("You stopped it."));
     session.print(text);
 }
 
-void tell(Session& session, const std::string& prayer, const std::string& sound, const TrialResult& result) {
+void tell(Session& session, const std::string& prayer, const std::string& sound, const TrialResult& result,
+          bool isSoundOnly) {
     if (session.wantsJson()) {
         session.printJson(
             object({{"prayer", prayer},
@@ -44,9 +46,9 @@ void tell(Session& session, const std::string& prayer, const std::string& sound,
                     {"stopped_by_user", result.isStopped},
                     {"sound_problem", result.soundProblem.empty() ? Json() : Json(result.soundProblem)}}));
     } else {
-        print(session, sound, result);
+        print(session, sound, result, isSoundOnly);
     }
-    if (!result.isShown) {
+    if (!result.isShown && !isSoundOnly) {
         session.complain(
             _("No notification service showed it. Start the one of your desktop, or install one such as dunst."),
             ExitCode::notFound);
@@ -64,10 +66,11 @@ void runTest(Session& session, const Arguments& arguments) {
     const std::string sound = request ? soundNamedByUser(session, *request) : soundOf(all, all.alarm(code));
     const std::string city = all.city ? all.city->name + "\n" : "";
     const std::string prayer = session.prayerName(code);
+    const bool isSoundOnly = arguments.has("sound-only");
     const TrialResult result =
-        desktop().ring({prayer, city + std::string(_("A test of the alarm")), std::string(_c("alarm", "Stop")),
-                        soundNamed(sound, session.bundle()), time});
-    tell(session, prayer, sound, result);
+        desktop().ring({isSoundOnly ? "" : prayer, city + std::string(_("A test of the alarm")),
+                        std::string(_c("alarm", "Stop")), soundNamed(sound, session.bundle()), time});
+    tell(session, prayer, sound, result, isSoundOnly);
 }
 
 }  // namespace
@@ -77,6 +80,7 @@ Command alarmTestCommand() {
             _("Ring once, to see and hear that it works"),
             {{Parameter::Kind::words, "PRAYER", "", _("The prayer whose alarm is tried (the first)")},
              {Parameter::Kind::option, "sound", "NAME|FILE", _("Another sound than that of the alarm")},
+             {Parameter::Kind::toggle, "sound-only", "", _("Play the sound without a notification")},
              {Parameter::Kind::option, "seconds", "N", _("How long it rings unless stopped (10)")}},
             runTest};
 }

@@ -3,20 +3,16 @@
 // quode calendar connect, disconnect: lets Evolution, and with it GNOME's calendar, show the alarms.
 #include <algorithm>
 
+#include "app/calendar_connection.h"
 #include "app/ringer.h"
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
-#include "companion/UserEventStore.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
-
-void check(const FileOutcome& outcome) {
-    if (!outcome.ok) throw Failure(ExitCode::userData, outcome.message);
-}
 
 Json connectionJson(Session& session, const UserSettings& settings) {
     const EvolutionSource source = evolutionSource(session);
@@ -25,7 +21,7 @@ Json connectionJson(Session& session, const UserSettings& settings) {
                    {"ringer", ringerJson(ringerState(session, settings))}});
 }
 
-void tell(Session& session, UserDatabase& database, const std::string& text) {
+void tell(Session& session, const UserDatabase& database, const std::string& text) {
     const UserSettings settings = loadSettings(database);
     if (session.wantsJson()) return session.printJson(connectionJson(session, settings));
     session.print(wrapped(text, pageWidth, 0));
@@ -38,18 +34,8 @@ void runConnect(Session& session, const Arguments& arguments) {
     if (arguments.text("PROGRAM") != "evolution") {
         throw Failure(ExitCode::usage, _("Only evolution can be connected: quode calendar connect evolution"));
     }
-    UserDatabase database = userDatabaseToChange(session);
-    const UserSettings settings = loadSettings(database);
-    const bool rings = arguments.has("ring") || settings.ringer == Ringer::evolution;
-    if (rings) requireEvolutionProgram(session);
-    if (settings.calendarLayout != CalendarLayout::ics) {
-        throw Failure(ExitCode::usage, _("Evolution shows the alarms only where they are kept in one file. Choose that "
-                                         "first: quode settings calendar ics"));
-    }
-    const std::filesystem::path file =
-        UserEventStore(session.dataFolder(), CalendarLayout::ics).defaultCalendar().location;
-    check(evolutionSource(session).connect(std::filesystem::absolute(file), rings));
-    setRinger(session, database, rings ? Ringer::evolution : Ringer::quode);
+    const std::filesystem::path file = connectEvolution(session, arguments.has("ring"));
+    const UserDatabase database = userDatabaseToChange(session);
     tell(session, database,
          _("Evolution and GNOME's calendar show the alarms as the calendar \"Quode\". They read {} and do not change "
            "it. To undo this: quode calendar disconnect",
@@ -57,10 +43,8 @@ void runConnect(Session& session, const Arguments& arguments) {
 }
 
 void runDisconnect(Session& session, const Arguments&) {
-    UserDatabase database = userDatabaseToChange(session);
-    const bool wasConnected = evolutionSource(session).isConnected();
-    setRinger(session, database, Ringer::quode);
-    check(evolutionSource(session).disconnect());
+    const bool wasConnected = disconnectEvolution(session);
+    const UserDatabase database = userDatabaseToChange(session);
     tell(session, database,
          wasConnected ? _("Disconnected from Evolution. The events stay where they are.")
                       : _("Evolution was not connected."));

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode city add, remove, home, move: changes the user's cities. Each shows them afterwards.
-#include <fmt/format.h>
+#include <functional>
 
-#include "app/alarm_calendar.h"
+#include "app/city_changes.h"
 #include "app/place.h"
 #include "app/session.h"
 #include "app/user_data.h"
@@ -23,13 +23,10 @@ std::string wordsOf(const Arguments& arguments) {
     return arguments.text("CITY").value_or("");
 }
 
-/// Does something with the user's cities, brings the alarms to the home that they then have, and shows the cities.
-template <typename Change>
-void changeCities(Session& session, const Change& change) {
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    calendar.change([&] { change(database); });
-    showCities(session, database.cities());
+/// Does something with the user's cities, and shows them.
+void changeAndShow(Session& session, const std::function<void(UserDatabase&)>& change) {
+    app::changeCities(session, change);
+    showCities(session, userDatabaseToChange(session).cities());
 }
 
 int addPoint(UserDatabase& database, const ChosenPlace& point, const Arguments& arguments) {
@@ -53,11 +50,11 @@ int addCity(Session& session, UserDatabase& database, const Arguments& arguments
 }
 
 void runAdd(Session& session, const Arguments& arguments) {
-    changeCities(session, [&](UserDatabase& database) { addCity(session, database, arguments); });
+    changeAndShow(session, [&](UserDatabase& database) { addCity(session, database, arguments); });
 }
 
 void runRemove(Session& session, const Arguments& arguments) {
-    changeCities(session, [&](UserDatabase& database) {
+    changeAndShow(session, [&](UserDatabase& database) {
         database.removeCity(cityOfList(database.cities(), wordsOf(arguments)).id);
     });
 }
@@ -73,7 +70,7 @@ std::optional<int> idInList(const UserDatabase& database, const std::string& req
 }
 
 void runHome(Session& session, const Arguments& arguments) {
-    changeCities(session, [&](UserDatabase& database) {
+    changeAndShow(session, [&](UserDatabase& database) {
         const std::optional<int> known = idInList(database, wordsOf(arguments));
         database.chooseHome(known ? *known : addCity(session, database, arguments));
     });
@@ -88,7 +85,7 @@ void runMove(Session& session, const Arguments& arguments) {
         throw Failure(ExitCode::usage, _("Name a city of your list and its new position, such as: quode city move "
                                          "Ankara 1"));
     }
-    changeCities(session, [&](UserDatabase& database) {
+    changeAndShow(session, [&](UserDatabase& database) {
         const UserCity city = cityOfList(database.cities(), trimmed(words.substr(0, blank)));
         database.moveCity(city.id, static_cast<std::size_t>(*position - 1));
     });

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode doctor: whether all is in order, and what to do where it is not.
-#include "app/alarm_calendar.h"
 #include "app/doctor_checks.h"
+#include "app/mending.h"
 #include "app/session.h"
 #include "app/text_layout.h"
-#include "app/user_data.h"
 #include "cli/commands.h"
 #include "texts/translation.h"
 
@@ -59,13 +58,6 @@ void printFinding(Session& session, const Finding& finding) {
     for (const std::string& text : {finding.advice, finding.command}) {
         if (!text.empty()) session.print(std::string(textColumn, ' ') + inColumn(text));
     }
-}
-
-void removeStrayEvents(Session& session) {
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    const AlarmChange removed = calendar.book().removeEventsWithoutAlarm();
-    if (!removed.ok()) session.complain(removed.message, ExitCode::userData);
 }
 
 void runDoctor(Session& session, const Arguments& arguments) {

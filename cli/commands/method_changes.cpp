@@ -1,15 +1,12 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode method set: chooses the method of a city.
-#include "app/alarm_calendar.h"
+#include "app/city_changes.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/session.h"
 #include "app/text_layout.h"
-#include "app/user_data.h"
 #include "cli/commands.h"
-#include "companion/SiteChoices.h"
-#include "companion/user_connection.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -25,13 +22,7 @@ void runSet(Session& session, const Arguments& arguments) {
     conventions::Method method;
     method.key = conventionNamed(arguments.text("KEY").value_or("")).key;
     method = methodWith(method, arguments);
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    database.connection().change([&] {
-        storeMethod(database.connection(), city.id, method, city.elevation.value_or(0));
-        database.refreshPrayerTimes();
-    });
-    calendar.renew();
+    chooseMethod(session, city, method);
     CityRecord changed = city;
     changed.choice.method = method;
     const Site site = siteOf(changed);

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "app/method_choice.h"
+#include "app/method_rules.h"
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
@@ -22,37 +23,6 @@ using conventions::PrayerRule;
 
 constexpr std::array prayers = {Prayer::fajr, Prayer::sunrise, Prayer::dhuhr,
                                 Prayer::asr,  Prayer::maghrib, Prayer::isha};
-
-std::string minutesText(double minutes) {
-    if (minutes == 0.0) return "";
-    return fmt::format(" {}{} min", minutes < 0.0 ? "−" : "+",
-                       fixedText(std::abs(minutes), minutes == std::round(minutes) ? 0 : 2));
-}
-
-std::string basisText(const Convention& convention, const PrayerRule& rule) {
-    switch (rule.basis) {
-        case Basis::depression:
-            return fmt::format("{}°", numberText(rule.angle)) + minutesText(rule.minutes);
-        case Basis::transit:
-            return _("noon") + minutesText(rule.minutes);
-        case Basis::shadow:
-            return _("shadow {}", convention.asrFactor) + minutesText(rule.minutes);
-        case Basis::afterMaghrib:
-            return rule.ramadanMinutes > 0.0
-                       ? _("Maghrib + {} min, in Ramadan + {} min", int(rule.minutes), int(rule.ramadanMinutes))
-                       : _("Maghrib + {} min", int(rule.minutes));
-        default:
-            return "0°50′" + minutesText(rule.minutes);
-    }
-}
-
-std::string ruleText(const Convention& convention, const PrayerRule& rule) {
-    std::string text = basisText(convention, rule);
-    if (rule.rounding == conventions::Rounding::up) text += _(", rounded up");
-    if (rule.rounding == conventions::Rounding::down) text += _(", rounded down");
-    if (rule.moment == conventions::SunMoment::startOfDay) text += _(", Sun of 0 h UT");
-    return text;
-}
 
 Json ruleJson(const PrayerRule& rule) {
     constexpr std::array<const char*, 5> bases = {"horizon", "depression", "transit", "shadow", "after_maghrib"};

@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 
 #include <cmath>
-#include <numbers>
 
 #include "app/current_field.h"
 #include "app/dates.h"
@@ -20,7 +19,6 @@
 namespace quode::cli {
 namespace {
 
-constexpr double kaabaLatitude = 21.4225, kaabaLongitude = 39.8262, earthRadiusKm = 6371.0;
 constexpr double fullCircle = 360.0;
 
 struct Qibla {
@@ -35,15 +33,6 @@ struct Qibla {
 
 double wrapped360(double degrees) {
     return std::fmod(std::fmod(degrees, fullCircle) + fullCircle, fullCircle);
-}
-
-double distanceToKaaba(double latitude, double longitude) {
-    const auto radians = [](double degrees) { return degrees * std::numbers::pi / 180.0; };
-    const double halfLatitude = std::sin(radians(latitude - kaabaLatitude) / 2.0);
-    const double halfLongitude = std::sin(radians(longitude - kaabaLongitude) / 2.0);
-    const double h = halfLatitude * halfLatitude +
-                     std::cos(radians(latitude)) * std::cos(radians(kaabaLatitude)) * halfLongitude * halfLongitude;
-    return 2.0 * earthRadiusKm * std::asin(std::min(1.0, std::sqrt(h)));
 }
 
 Qibla qiblaOf(Session& session, const Arguments& arguments) {

@@ -1,177 +1,27 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode settings: what is stored of the user's choices beside cities and alarms.
-#include <fmt/format.h>
+#include "app/settings.h"
 
-#include <algorithm>
-#include <array>
-
-#include "app/alarm_calendar.h"
-#include "app/alarm_sounds.h"
-#include "app/ringer.h"
 #include "app/session.h"
 #include "app/text_layout.h"
-#include "app/user_data.h"
 #include "cli/commands.h"
-#include "common/color_schemes.h"
 #include "common/numbers.h"
-#include "companion/language.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
-struct Setting {
-    const char* key;
-    const char* meaning;
-    std::string (*value)(const UserSettings&);
-    std::string (*choices)(Session&);
-    void (*change)(Session&, const std::string& value);
-};
-
-// --- the values
-
-std::string layoutName(const UserSettings& settings) {
-    return settings.calendarLayout == CalendarLayout::vdir ? "vdir" : "ics";
-}
-
-std::string ringerName(const UserSettings& settings) {
-    return settings.ringer == Ringer::evolution ? "evolution" : "quode";
-}
-
-constexpr std::array<std::pair<const char*, PanelLayout>, 3> panelLayouts{
-    {{"auto", PanelLayout::automatic}, {"phone", PanelLayout::phone}, {"tablet", PanelLayout::tablet}}};
-
-std::string panelName(const UserSettings& settings) {
-    const auto* const layout =
-        std::ranges::find(panelLayouts, settings.panelLayout, [](auto& each) { return each.second; });
-    return layout->first;
-}
-
-bool isOneOf(const std::string& value, const std::string& first, const std::string& second, const char* key) {
-    if (value == first || value == second) return value == second;
-    throw Failure(ExitCode::usage, fmt::format("{} is {} or {}, not \"{}\".", key, first, second, value));
-}
-
-// --- changing them
-
-void changeSound(Session& session, const std::string& value) {
-    const std::string sound = soundNamedByUser(session, value);
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.defaultSound = sound;
-    saveSettings(database, settings);
-}
-
-void changeLayout(Session& session, const std::string& value) {
-    const bool wantsFolder = isOneOf(value, "ics", "vdir", "calendar");
-    if (wantsFolder && evolutionSource(session).isConnected()) {
-        throw Failure(ExitCode::usage, _("Evolution shows the one file of the layout ics. Disconnect it first: quode "
-                                         "calendar disconnect"));
-    }
-    UserDatabase database = userDatabaseToChange(session);
-    AlarmCalendar calendar(session, database);
-    calendar.changeLayout(wantsFolder ? CalendarLayout::vdir : CalendarLayout::ics);
-}
-
-void changeRinger(Session& session, const std::string& value) {
-    const bool wantsEvolution = isOneOf(value, "quode", "evolution", "ringer");
-    if (wantsEvolution && !evolutionSource(session).isConnected()) {
-        throw Failure(ExitCode::usage,
-                      _("Evolution is not connected. Connect it and let it ring: quode calendar connect "
-                        "evolution --ring"));
-    }
-    if (wantsEvolution) requireEvolutionProgram(session);
-    UserDatabase database = userDatabaseToChange(session);
-    setRinger(session, database, wantsEvolution ? Ringer::evolution : Ringer::quode);
-}
-
-void changePanel(Session& session, const std::string& value) {
-    const auto* const layout = std::ranges::find(panelLayouts, value, [](auto& each) { return each.first; });
-    if (layout == panelLayouts.end()) {
-        throw Failure(ExitCode::usage, _("panel is auto, phone or tablet, not \"{}\".", value));
-    }
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.panelLayout = layout->second;
-    saveSettings(database, settings);
-}
-
-void changeColors(Session& session, const std::string& value) {
-    const std::optional<int> scheme = numberOf<int>(value);
-    if (!scheme || *scheme < 1 || *scheme > colorSchemeCount) {
-        throw Failure(ExitCode::usage, _("colors is a number from 1 to {}, not \"{}\".", colorSchemeCount, value));
-    }
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.colorScheme = *scheme - 1;
-    saveSettings(database, settings);
-}
-
-void changeLanguage(Session& session, const std::string& value) {
-    if (value != "auto") checkLanguage("language", value, availableLanguages(session.bundle()));
-    UserDatabase database = userDatabaseToChange(session);
-    UserSettings settings = loadSettings(database);
-    settings.language = value;
-    saveSettings(database, settings);
-}
-
-std::string languagesToChoose(Session& session) {
-    std::string text = _("auto (that of the locale)");
-    for (const std::string& language : availableLanguages(session.bundle())) text += ", " + language;
-    return text;
-}
-
-const std::array<Setting, 6> settings{{
-    {"sound", N_("of alarms that have none of their own"), [](const UserSettings& all) { return all.defaultSound; },
-     soundsToChoose, changeSound},
-    {"calendar", N_("how the events of the alarms are stored"), layoutName,
-     [](Session&) {
-         return std::string(_("ics (one file, Quode.ics) and vdir (a folder with a file for each event)"));
-     },
-     changeLayout},
-    {"ringer", N_("the program that rings"), ringerName,
-     [](Session&) {
-         return std::string(_("quode (the alarm service) and evolution (the reminders of Evolution, when connected)"));
-     },
-     changeRinger},
-    {"language", N_("the language of all programs"), [](const UserSettings& all) { return all.language; },
-     languagesToChoose, changeLanguage},
-    {"panel", N_("the layout of the panel"), panelName,
-     [](Session&) {
-         return std::string(_("auto (by the screen), phone and tablet, from the next start of the panel"));
-     },
-     changePanel},
-    {"colors", N_("the colour scheme of the panel"),
-     [](const UserSettings& all) { return std::to_string(all.colorScheme + 1); },
-     [](Session&) { return std::string(_("1 to 6; an open panel takes them at once")); }, changeColors},
-}};
-
-// --- showing them
-
-const Setting& settingNamed(const std::string& key) {
-    const auto found = std::ranges::find_if(settings, [&](const Setting& each) { return key == each.key; });
-    if (found != settings.end()) return *found;
-    std::string keys;
-    for (const Setting& each : settings) keys += (keys.empty() ? "" : ", ") + std::string(each.key);
-    throw Failure(ExitCode::usage, _("There is no setting \"{}\". Use one of {}.", key, keys));
-}
-
-UserSettings presentSettings(Session& session) {
-    const std::optional<UserDatabase> database = userDatabaseToRead(session);
-    return database ? loadSettings(*database) : UserSettings{};
-}
-
 void showAll(Session& session) {
     const UserSettings present = presentSettings(session);
     if (session.wantsJson()) {
         Json::Object members;
-        for (const Setting& each : settings) members.emplace_back(each.key, each.value(present));
+        for (const Setting& each : allSettings()) members.emplace_back(each.key, each.value(present));
         return session.printJson(object({{"settings", Json(std::move(members))}}));
     }
     using Align = TextTable::Align;
     TextTable table({Align::left, Align::left, Align::left});
-    for (const Setting& each : settings) table.add({each.key, each.value(present), _(each.meaning)});
+    for (const Setting& each : allSettings()) table.add({each.key, each.value(present), _(each.meaning)});
     for (const std::string& line : table.lines()) session.print(line);
 }
 
@@ -198,7 +48,7 @@ void runSettings(Session& session, const Arguments& arguments) {
 Command settingsCommand() {
     return {"settings",
             _("Show or change settings"),
-            {{Parameter::Kind::word, "KEY", "", _("sound, calendar, ringer, language or panel")},
+            {{Parameter::Kind::word, "KEY", "", _("Its name; without one all settings are shown")},
              {Parameter::Kind::word, "VALUE", "", _("What it is to be")}},
             runSettings};
 }

@@ -10,11 +10,14 @@
 #include "app/day_notes.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
+#include "app/printed_times.h"
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "cli/commands.h"
+#include "cli/commands/timetable_files.h"
 #include "cli/day_csv.h"
 #include "data/city_days.h"
+#include "data/night_parts.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -27,6 +30,7 @@ struct Timetable {
     std::vector<Month> months;
     std::vector<ZoneDisagreement> warnings;
     int lastCode = lastMainPrayer;  ///< the last prayer that has a column in the table
+    bool withNight = false;         ///< the thirds of the night and midnight
 };
 
 Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<Month> months) {
@@ -37,6 +41,7 @@ Timetable timetableOf(Session& session, const Arguments& arguments, std::vector<
     table.today = today(session, table.site);
     table.months = std::move(months);
     if (arguments.has("all")) table.lastCode = lastPrayer;
+    table.withNight = arguments.has("night");
     return table;
 }
 
@@ -70,23 +75,6 @@ struct TableNotes {
     }
 };
 
-/// The Hijri months that a month meets, such as "Dhu al-Hijjah 1447 / Muharram 1448"; empty outside the table.
-std::string hijriMonths(Session& session, const std::vector<VAKDate>& days) {
-    std::vector<VAKDate> months;
-    for (const VAKDate& date : days) {
-        const std::optional<VAKDate> hijri = hijriByTable(date);
-        if (hijri && (months.empty() || months.back().Months != hijri->Months)) months.push_back(*hijri);
-    }
-    std::string text;
-    for (std::size_t i = 0; i < months.size(); ++i) {
-        const bool isLastOfYear = i + 1 == months.size() || months[i + 1].Years != months[i].Years;
-        if (i > 0) text += " / ";
-        text += session.hijriMonth(months[i].Months);
-        if (isLastOfYear) text += fmt::format(" {}", months[i].Years);
-    }
-    return text;
-}
-
 void printMonthHead(Session& session, const Month& month, const std::vector<VAKDate>& days) {
     const std::string name = fmt::format("{} {}", session.monthName(month.month), month.year);
     const std::string hijri = hijriMonths(session, days);
@@ -100,7 +88,14 @@ void printMonthHead(Session& session, const Month& month, const std::vector<VAKD
 struct Columns {
     int first = firstPrayer;
     int last = lastPrayer;
+    bool withNight = false;
 };
+
+/// Of a part of the night, in hours; the mark for missing where there is none.
+double nightHours(const CityDay& day, const NightPartName& part) {
+    const auto night = nightOf(day);
+    return night ? (*night).*part.hours : missingTime;
+}
 
 std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns prayers, TableNotes& notes) {
     const std::optional<VAKDate> hijri = hijriByTable(day.date);
@@ -116,6 +111,8 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
                       notes.earlierDay.sourceMark(day, code));
         notes.addMissing(missingPrayerNote(session, day, code));
     }
+    if (!prayers.withNight) return row;
+    for (const NightPartName& part : nightPartNames) row.push_back(clockText(session, nightHours(day, part)));
     return row;
 }
 
@@ -145,6 +142,11 @@ std::vector<std::string> linesOf(Session& session, const std::vector<CityDay>& d
         columns.push_back(Align::right);
         head.push_back(session.prayerName(code));
     }
+    for (const NightPartName& part : nightPartNames) {
+        if (!prayers.withNight) break;
+        columns.push_back(Align::right);
+        head.push_back(nightPartLabel(part));
+    }
     std::vector<std::vector<std::string>> rows;
     for (const CityDay& day : days) rows.push_back(rowOf(session, day, prayers, notes));
     alignMarks(rows, dateColumns);
@@ -168,12 +170,15 @@ void printMonth(Session& session, const Timetable& table, const Month& month, Ta
     const std::vector<VAKDate> dates = daysOf(month);
     const std::vector<CityDay> days = computedDays(table, dates);
     printMonthHead(session, month, dates);
-    const std::vector<std::string> lines = linesOf(session, days, {firstPrayer, table.lastCode}, notes);
+    const Columns all{firstPrayer, table.lastCode, table.withNight};
+    const std::vector<std::string> lines = linesOf(session, days, all, notes);
     const bool isTooWide = std::ranges::any_of(lines, [](const auto& line) { return displayWidth(line) > pageWidth; });
-    if (!isTooWide || table.lastCode == lastMainPrayer) return printLines(session, table, days, lines);
+    const bool isAlone = table.lastCode == lastMainPrayer && !table.withNight;
+    if (!isTooWide || isAlone) return printLines(session, table, days, lines);
     // What does not stand side by side stands one below the other.
     printLines(session, table, days, linesOf(session, days, {firstPrayer, lastMainPrayer}, notes));
-    printLines(session, table, days, linesOf(session, days, {lastMainPrayer + 1, table.lastCode}, notes));
+    const Columns others{lastMainPrayer + 1, table.lastCode, table.withNight};
+    printLines(session, table, days, linesOf(session, days, others, notes));
 }
 
 void printClockChanges(Session& session, const Timetable& table) {
@@ -207,13 +212,26 @@ void printTable(Session& session, const Timetable& table) {
 
 // --- CSV and JSON
 
+std::string csvNight(const CityDay& day) {
+    std::string text;
+    for (const NightPartName& part : nightPartNames) {
+        const double hours = nightHours(day, part);
+        text += ',';
+        if (hours != missingTime) text += clock24(hours);
+    }
+    return text;
+}
+
 void printCsv(Session& session, const Timetable& table) {
-    session.print("date,weekday,hijri," + csvTimesHead());
+    std::string night;
+    for (const NightPartName& part : nightPartNames) night.append(",").append(part.key);
+    session.print("date,weekday,hijri," + csvTimesHead() + (table.withNight ? night : ""));
     for (const Month& month : table.months) {
         for (const CityDay& day : computedDays(table, daysOf(month))) {
             const std::optional<VAKDate> hijri = hijriByTable(day.date);
-            session.print(fmt::format("{},{},{},{}", isoDate(day.date), weekdayOf(day.date),
-                                      hijri ? isoDate(*hijri) : "", csvTimes(day)));
+            session.print(fmt::format("{},{},{},{}{}", isoDate(day.date), weekdayOf(day.date),
+                                      hijri ? isoDate(*hijri) : "", csvTimes(day),
+                                      table.withNight ? csvNight(day) : ""));
         }
     }
 }
@@ -231,6 +249,7 @@ Json dayJson(Session& session, const CityDay& day) {
                    {"utc_offset", day.GMTValue},
                    {"summer_time", day.isDSTTime},
                    {"prayers", Json(std::move(times))},
+                   {"night", nightJson(day)},
                    {"computed_latitude", computedLatitude(day)},
                    {"method", methodJson(day)},
                    {"notes", notes}});
@@ -248,6 +267,11 @@ void printJson(Session& session, const Timetable& table) {
 }
 
 void print(Session& session, const Arguments& arguments, Timetable table) {
+    if (isFileFormat(arguments.text("format").value_or("")) && !arguments.has("json")) {
+        return writeTimetable(
+            session, arguments,
+            {table.place, table.months, table.lastCode == lastPrayer, table.withNight, arguments.has("sheet")});
+    }
     if (arguments.text("format") == "csv" && !arguments.has("json")) return printCsv(session, table);
     addWarnings(session, table);
     if (session.wantsJson()) return printJson(session, table);
@@ -275,8 +299,8 @@ void runYear(Session& session, const Arguments& arguments) {
 std::vector<Parameter> parameters(const char* word, const char* help) {
     std::vector<Parameter> all{{Parameter::Kind::word, word, "", help},
                                cityParameter(),
-                               formatParameter(),
                                {Parameter::Kind::toggle, "all", "", _("All nine times, not only the six main ones")}};
+    for (Parameter& parameter : fileParameters()) all.push_back(std::move(parameter));
     for (Parameter& parameter : methodParameters()) all.push_back(std::move(parameter));
     return all;
 }
@@ -288,7 +312,9 @@ Command monthCommand() {
 }
 
 Command yearCommand() {
-    return {"year", _("The timetable of a year"), parameters("YYYY", _("Another year than this one")), runYear};
+    std::vector<Parameter> all = parameters("YYYY", _("Another year than this one"));
+    all.push_back({Parameter::Kind::toggle, "sheet", "", _("The whole year on one page of a PDF")});
+    return {"year", _("The timetable of a year"), std::move(all), runYear};
 }
 
 }  // namespace quode::cli

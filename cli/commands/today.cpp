@@ -15,6 +15,7 @@
 #include "cli/commands.h"
 #include "common/captions.h"
 #include "common/formatting.h"
+#include "data/night_parts.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -35,6 +36,7 @@ struct DayPage {
     double marginHours = 0.0;
     std::vector<ZoneDisagreement> warnings;
     bool withSeconds = false;
+    bool withNight = false;
 };
 
 DayPage pageOf(Session& session, const Arguments& arguments) {
@@ -51,6 +53,7 @@ DayPage pageOf(Session& session, const Arguments& arguments) {
     page.marginHours = FastAstro::Temkin(page.site.latitude, page.site.temkin);
     page.warnings = zoneProblems(session, page.place.city, page.today, page.day.date, page.day.date);
     page.withSeconds = arguments.has("seconds");
+    page.withNight = arguments.has("night");
     return page;
 }
 
@@ -115,6 +118,16 @@ Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
             code <= lastMainPrayer};
 }
 
+void addNight(Session& session, const DayPage& page, std::vector<Row>& rows) {
+    const auto night = nightOf(page.day);
+    for (const NightPartName& part : nightPartNames) {
+        const double hours = night ? (*night).*part.hours : missingTime;
+        rows.push_back({{" ", nightPartLabel(part), clockText(session, hours, page.withSeconds), "", remarkOf(hours)},
+                        false,
+                        false});
+    }
+}
+
 std::vector<Row> rowsOf(Session& session, const DayPage& page, Footnotes& notes) {
     std::vector<Row> rows;
     if (nextRowOf(page) == NextRow::ofYesterday) rows.push_back(nextRow(session, page));
@@ -122,6 +135,7 @@ std::vector<Row> rowsOf(Session& session, const DayPage& page, Footnotes& notes)
         rows.push_back(rowOf(session, page, code, notes));
         if (code == lastMainPrayer && nextRowOf(page) == NextRow::ofTomorrow) rows.push_back(nextRow(session, page));
     }
+    if (page.withNight) addNight(session, page, rows);
     return rows;
 }
 
@@ -245,6 +259,7 @@ Json pageJson(Session& session, const DayPage& page) {
                    {"is_today", sameDay(page.day.date, page.today)},
                    {"hijri", hijriJson(session, page.hijri, "table")},
                    {"prayers", prayersJson(session, page.day)},
+                   {"night", nightJson(page.day)},
                    {"next", next},
                    {"sky", skyJson(page.day)},
                    {"zone", zoneJson(page)},
@@ -272,7 +287,10 @@ void runToday(Session& session, const Arguments& arguments) {
 
 Command todayCommand() {
     std::vector<Parameter> parameters{
-        cityParameter(), dateParameter(), {Parameter::Kind::toggle, "seconds", "", _("Show seconds, unrounded")}};
+        cityParameter(),
+        dateParameter(),
+        {Parameter::Kind::toggle, "seconds", "", _("Show seconds, unrounded")},
+        {Parameter::Kind::toggle, "night", "", _("Also the thirds of the night and midnight")}};
     for (Parameter& parameter : methodParameters()) parameters.push_back(std::move(parameter));
     return {"today", _("The times of a day (the default)"), std::move(parameters), runToday};
 }

@@ -9,14 +9,14 @@
 
 namespace quode {
 
-/// Holds back readings that hardly differ from the one passed on before them, so that a resting device rests.
+/// Suppresses readings that hardly differ from the last reported one, so that a device at rest reports nothing.
 class HeadingFilter {
   public:
-    /// @param degrees  the change that is worth passing on
+    /// @param degrees  the smallest reported change
     explicit HeadingFilter(double degrees) : degrees_(degrees) {}
 
-    /// True when a reading is to be passed on: it failed, it is the first one or the first since a failed one, or it is
-    /// at least the filter's degrees away, the shorter way round the circle, from the last one that passed.
+    /// True when a reading is to be reported: it failed, it is the first one or the first after a failed one, or it differs
+    /// from the last reported one by at least the filter's degrees.
     bool passes(const HeadingReading& reading) {
         const double change = std::abs(std::remainder(reading.magneticHeading - last_, 360.0));
         if (change < degrees_ && reading.magneticHeading >= 0.0) return false;
@@ -24,11 +24,11 @@ class HeadingFilter {
         return true;
     }
 
-    /// Lets the next reading pass, whatever it is.
+    /// Reports the next reading in any case.
     void reset() { last_ = none; }
 
   private:
-    static constexpr double none = std::numeric_limits<double>::quiet_NaN();  // not near to any reading
+    static constexpr double none = std::numeric_limits<double>::quiet_NaN();  // compares unequal to every reading
 
     double degrees_;
     double last_ = none;

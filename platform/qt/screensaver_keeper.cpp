@@ -21,7 +21,7 @@ namespace {
 const QString service = QStringLiteral("org.freedesktop.ScreenSaver");
 const QString path = QStringLiteral("/org/freedesktop/ScreenSaver");
 
-// Letting go waits for the service, so that nothing is left behind; it must not make the user wait.
+// letGo waits for the service, so that no request remains; the limit keeps the user from waiting.
 constexpr int answerTimeoutMs = 1000;
 
 QDBusMessage call(const QString& method, const QVariantList& arguments) {
@@ -30,7 +30,7 @@ QDBusMessage call(const QString& method, const QVariantList& arguments) {
     return message;
 }
 
-// A connection to the session bus of its own. Its end takes with it whatever the service keeps for it.
+// A private connection to the session bus. When it ends, the service drops its requests.
 class OwnConnection {
   public:
     OwnConnection()
@@ -97,9 +97,9 @@ class ScreenSaverKeeper : public QObject, public ScreenKeeper {
     QString application_, reason_;
     std::unique_ptr<OwnConnection> connection_;
     std::unique_ptr<QDBusServiceWatcher> watcher_;
-    std::unique_ptr<QDBusPendingCallWatcher> request_;  // while the service has not answered
-    std::optional<uint> cookie_;                        // the service's name for the request that it granted
-    bool isAbsent_ = false;                             // until the service comes up there is nobody to ask
+    std::unique_ptr<QDBusPendingCallWatcher> request_;  // until the service answers
+    std::optional<uint> cookie_;                        // the service's identifier of the granted request
+    bool isAbsent_ = false;                             // until the service starts
 };
 
 }  // namespace

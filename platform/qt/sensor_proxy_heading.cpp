@@ -101,7 +101,7 @@ class SensorProxyHeading : public QObject, public HeadingSource {
         return message;
     }
 
-    // Sends a call; its answer is handed on unless the readings are ended before. An error is a problem.
+    // Sends a call and passes its answer on, unless the readings end before. An error is a problem.
     void ask(const QDBusMessage& message, std::function<void(const QDBusMessage&)> onAnswer) {
         auto* pending = new QDBusPendingCallWatcher(bus_.asyncCall(message, answerTimeoutMs_), this);
         connect(pending, &QDBusPendingCallWatcher::finished, this,
@@ -124,7 +124,7 @@ class SensorProxyHeading : public QObject, public HeadingSource {
 
     void lookForCompass() {
         if (!started_) return;
-        if (!bus_.isConnected()) {  // a call would never come back
+        if (!bus_.isConnected()) {  // a call would never return
             QTimer::singleShot(0, this, &SensorProxyHeading::onServiceGone);
             return;
         }

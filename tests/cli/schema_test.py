@@ -98,6 +98,10 @@ class Schema(unittest.TestCase):
         self.fit("alarms", "alarm", "list")
         self.fit("alarm_upcoming", "alarm", "upcoming")
         self.fit("settings", "settings")
+        self.fit("iqama", "iqama", "set", "--at", "+20", "fajr", "--city", "Ankara")
+        self.fit("iqama", "iqama", "set", "--at", "13:30", "dhuhr", "--city", "Ankara")
+        self.fit("calendar_published", "calendar", "publish")
+        self.fit("calendar_published", "calendar", "publish", self.folder.name + "/prayers.ics", "--alarm", "5")
 
     def test_the_doctor(self):
         self.fit("doctor", "doctor")

@@ -70,8 +70,9 @@ TEST(Settings, AreKept) {
 }
 
 TEST(Settings, AreRefusedWhenUnknown) {
-    expectRefusal({"settings", "colour"}, 2,
-                  "There is no setting \"colour\". Use one of sound, calendar, ringer, language, panel, colors.");
+    expectRefusal(
+        {"settings", "colour"}, 2,
+        "There is no setting \"colour\". Use one of sound, calendar, ringer, language, panel, colors, text, tray.");
     expectRefusal({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
     expectRefusal({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
     expectRefusal({"settings", "panel", "huge"}, 2, "panel is auto, phone or tablet, not \"huge\".");

@@ -3,6 +3,8 @@
 // Many days at once are, bit for bit, what they are one by one.
 #include "data/city_days.h"
 
+#include <bit>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -61,6 +63,26 @@ TEST(CityDay, IsWhatAPlainEngineComputes) {
         const VAKDate day = test::randomDay(random);
         ASSERT_EQ(bitsOf(computeCityDay(site, day)), bitsOf(plainDay(site, day)))
             << i << ": latitude " << site.latitude << ", year " << day.Years;
+    }
+}
+
+TEST(Declinations, OfManyPlacesAreWhatTheyAreOneByOne) {
+    RandomNumbers random(14);
+    std::vector<MagneticVariation::Point> places{{90.0, 20.0, 0.0}, {-90.0, 20.0, 0.0}, {-90.0, 1.0, 0.0}};
+    for (int i = 0; i < 4000; ++i) {
+        const test::RandomPlace place = test::randomPlace(random);
+        places.push_back({place.latitude, place.longitude, random.between(-100.0, 9000.0)});
+    }
+    for (int i = 0; i < 5; ++i) {
+        const VAKDate day = test::randomDay(random);
+        std::vector<double> results(places.size());
+        MagneticVariation::declinations(MagneticVariation::fieldAt(day.Days, day.Months, day.Years), places, results);
+        for (std::size_t k = 0; k < places.size(); ++k) {
+            const auto& [latitude, longitude, altitude] = places[k];
+            const double alone = MagneticVariation().getMagneticVariation(day.Days, day.Months, day.Years, latitude,
+                                                                          longitude, altitude);
+            ASSERT_EQ(std::bit_cast<std::uint64_t>(results[k]), std::bit_cast<std::uint64_t>(alone)) << i << " " << k;
+        }
     }
 }
 

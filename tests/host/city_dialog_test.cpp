@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "host/CityDialog.h"
+#include "desktop/CityDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ namespace {
 class CityDialogTest : public testing::Test {
   protected:
     const CityDatabase cities{CityDatabase::fileIn(QUODE_TEST_BUNDLE)};
-    host::CityDialog dialog{[this](const std::string& text) { return cities.search(text); }, nullptr};
+    CityDialog dialog{[this](const std::string& text) { return cities.search(text); }, nullptr};
 
     std::string row(int number) { return dialog.list().item(number)->text().toStdString(); }
 };

@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "host/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 #include "widget/WidgetViewController.h"
 
 namespace quode::test {
@@ -46,7 +46,7 @@ class FakeWidget : public WidgetViewController {
 };
 
 /// A watch whose moments come when the test says so.
-class FakeWatch : public host::MomentWatch {
+class FakeWatch : public MomentWatch {
   public:
     std::optional<Clock::TimePoint> moment;
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "host/MomentWatch.h"
+#include "desktop/MomentWatch.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,6 @@
 namespace quode::test {
 namespace {
 
-using host::MomentWatch;
 using namespace std::chrono_literals;
 
 constexpr int aMoment = 100;  // ms in which nothing happens
@@ -25,7 +24,7 @@ class Watch : public testing::Test {
 
     TemporaryFolder folder;
     std::shared_ptr<Clock> clock = systemClock();
-    std::unique_ptr<MomentWatch> watch = host::systemMomentWatch(*clock, {folder.path() / "zone"});
+    std::unique_ptr<MomentWatch> watch = systemMomentWatch(*clock, {folder.path() / "zone"});
     QSignalSpy stirred{watch.get(), &MomentWatch::stirred};
 };
 
@@ -60,7 +59,7 @@ TEST_F(Watch, TellsThatAFileWasWrittenOrReplaced) {
 TEST_F(Watch, TellsThatAFolderWasDeletedAndOfFilesInTheOneMadeInstead) {
     const auto file = folder.path() / "inner" / "zone";
     std::filesystem::create_directory(file.parent_path());
-    const auto inner = host::systemMomentWatch(*clock, {folder.path() / "zone", file});
+    const auto inner = systemMomentWatch(*clock, {folder.path() / "zone", file});
     QSignalSpy told(inner.get(), &MomentWatch::stirred);
     inner->watchFor(clock->now() + 24h);
     std::filesystem::remove(file.parent_path());
@@ -92,7 +91,7 @@ TEST_F(Watch, IsSilentWithoutAMoment) {
 TEST(WatchByAStoppedClock, WaitsAsLongAsIfTheClockWentOn) {
     FixedClock clock;
     clock.show(2001, 1, 1, 0, 0, 0);
-    const auto watch = host::systemMomentWatch(clock, {});
+    const auto watch = systemMomentWatch(clock, {});
     QSignalSpy stirred(watch.get(), &MomentWatch::stirred);
     watch->watchFor(clock.now() + 1h);
     EXPECT_FALSE(stirred.wait(aMoment));
@@ -102,7 +101,7 @@ TEST(WatchByAStoppedClock, WaitsAsLongAsIfTheClockWentOn) {
 
 TEST(WatchOfNothing, DoesWithoutFoldersThatAreMissing) {
     const auto clock = systemClock();
-    const auto watch = host::systemMomentWatch(*clock, {"/nowhere/at/all"});
+    const auto watch = systemMomentWatch(*clock, {"/nowhere/at/all"});
     QSignalSpy stirred(watch.get(), &MomentWatch::stirred);
     watch->watchFor(clock->now());
     EXPECT_TRUE(stirred.wait(2000));

@@ -15,12 +15,12 @@
 #include "companion/UserDatabase.h"
 #include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
+#include "desktop/theme.h"
 #include "host/HomeWatch.h"
 #include "host/Panel.h"
 #include "host/RowMarks.h"
 #include "host/WidgetBundle.h"
 #include "host/fake_widget.h"
-#include "host/theme.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
 #include "support/fake_platform.h"
@@ -181,7 +181,7 @@ TEST_F(RealWidget, HasTheRowsOfThePresentAndTheNextPrayerMarked) {
 TEST_F(RealWidget, ShowsTheAlarmsThatAreSwitchedElsewhereWithinASecond) {
     host::HomeWatch homeWatch(
         std::make_unique<FakeWatch>(),
-        host::systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
+        systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
         [this] { return host::shownChoices(session); }, std::chrono::milliseconds(150));
     panel = std::make_unique<host::Panel>(*widget, window, session.deviceClock(), homeWatch, [] {});
     QObject::connect(&homeWatch, &host::HomeWatch::otherChoicesWritten, panel.get(), [this] {
@@ -202,7 +202,7 @@ TEST_F(RealWidget, ShowsTheAlarmsThatAreSwitchedElsewhereWithinASecond) {
 TEST_F(RealWidget, TakesAnotherColorSchemeAtOnce) {
     EXPECT_EQ(host::chosenColorScheme(session), 1);
     host::HomeWatch homeWatch(std::make_unique<FakeWatch>(),
-                              host::systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
+                              systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
                               [this] { return host::shownChoices(session); });
     panel = std::make_unique<host::Panel>(*widget, window, session.deviceClock(), homeWatch, [this] {
         session.services().getSettings().uiControlColorId = host::chosenColorScheme(session);
@@ -230,7 +230,7 @@ TEST_F(RealWidget, ScrollsToAToastAndMakesItReadable) {
     const int middle = toast->mapTo(scroll->viewport(), QPoint(0, toast->height() / 2)).y();
     EXPECT_GT(middle, 20);
     EXPECT_LT(middle, scroll->viewport()->height() - 20);
-    const Color card{host::cardColor.redF(), host::cardColor.greenF(), host::cardColor.blueF(), 1.0};
+    const Color card{cardColor.redF(), cardColor.greenF(), cardColor.blueF(), 1.0};
     EXPECT_GE(contrastRatio(toast->textLabel()->textColor(), over(MessageView::boxColor, card)), 4.5);
     MessageView::clearQueue();
 }
@@ -255,7 +255,7 @@ TEST_F(RealWidget, ShowsTheTimesOfTheNewDayAfterMidnight) {
 
 TEST_F(RealWidget, ShowsTheCityThatIsMadeHomeElsewhereAndStaysAsItIsOtherwise) {
     host::HomeWatch homeWatch(std::make_unique<FakeWatch>(),
-                              host::systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
+                              systemMomentWatch(session.deviceClock(), {userDatabaseFile(session.dataFolder())}),
                               [this] { return host::shownChoices(session); });
     panel = std::make_unique<host::Panel>(*widget, window, session.deviceClock(), homeWatch, [] {});
     panel->present({0, 0});

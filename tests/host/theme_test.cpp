@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "host/theme.h"
+#include "desktop/theme.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ Color of(const QColor& color) {
 
 TEST(Theme, HasEnoughContrastForLettersInBothThemes) {
     for (const bool isDark : {false, true}) {
-        const host::Theme& theme = host::themeOf(isDark);
+        const Theme& theme = themeOf(isDark);
         for (const QColor& letters : {theme.text, theme.quietText, theme.notice}) {
             EXPECT_GE(contrastRatio(of(letters), of(theme.ground)), 4.5) << isDark << letters.name().toStdString();
         }
@@ -23,8 +23,8 @@ TEST(Theme, HasEnoughContrastForLettersInBothThemes) {
 }
 
 TEST(Theme, IsThatOfThePalette) {
-    EXPECT_TRUE(host::isDarkPalette(QPalette(Qt::white, QColor(40, 40, 40))));
-    EXPECT_FALSE(host::isDarkPalette(QPalette(Qt::black, QColor(240, 240, 240))));
+    EXPECT_TRUE(isDarkPalette(QPalette(Qt::white, QColor(40, 40, 40))));
+    EXPECT_FALSE(isDarkPalette(QPalette(Qt::black, QColor(240, 240, 240))));
 }
 
 }  // namespace

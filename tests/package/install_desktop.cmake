@@ -4,8 +4,10 @@ cmake_minimum_required(VERSION 3.25)
 # Installs the desktop's files by prefixes other than the configured one, into a folder of the test's own.
 file(REMOVE_RECURSE ${WORK})
 function(install_to prefix)
-  execute_process(COMMAND ${CMAKE_COMMAND} -E env DESTDIR=${WORK} ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix}
-    --component desktop COMMAND_ERROR_IS_FATAL ANY OUTPUT_QUIET)
+  foreach(component IN ITEMS programs panel)
+    execute_process(COMMAND ${CMAKE_COMMAND} -E env DESTDIR=${WORK} ${CMAKE_CURRENT_LIST_DIR}/install ${BUILD} ${WORK}.manifest
+      --prefix ${prefix} --component ${component} COMMAND_ERROR_IS_FATAL ANY)
+  endforeach()
 endfunction()
 function(expect_line file line)
   file(STRINGS ${WORK}${file} lines)
@@ -20,6 +22,9 @@ expect_line(/usr/lib/systemd/user/quode-alarmd.service "ExecStart=/usr/bin/quode
 install_to(/opt/quode)
 expect_line(/opt/quode/etc/xdg/autostart/quode-alarmd.desktop "Exec=/opt/quode/bin/quode-alarmd")
 expect_line(/opt/quode/lib/systemd/user/quode-alarmd.service "ExecStart=/opt/quode/bin/quode-alarmd")
+# Where systemd looks for the units of a user's own programs.
+install_to(/home/somebody/.local)
+expect_line(/home/somebody/.local/share/systemd/user/quode-alarmd.service "ExecStart=/home/somebody/.local/bin/quode-alarmd")
 if(EXISTS ${WORK}/usr/share/applications/quode-panel.desktop)
   expect_line(/usr/share/applications/quode-panel.desktop "Exec=/usr/bin/quode-panel")
   expect_line(/opt/quode/share/applications/quode-panel.desktop "Exec=/opt/quode/bin/quode-panel")

@@ -69,8 +69,11 @@ class FixedLocale : public Locale {
     std::string shortWeekdayName(int weekday) const override { return weekdayName(weekday).substr(0, 3); }
     std::string decimalMark() const override { return "."; }
 
+    std::string lowerAmSymbol() const override { return lowerCased(am); }
+    std::string lowerPmSymbol() const override { return lowerCased(pm); }
+
     /// Knows the letters A to Z, Ö and Ş.
-    std::string lowerCased(std::string_view text) const override {
+    static std::string lowerCased(std::string_view text) {
         std::string lower(text);
         std::transform(lower.begin(), lower.end(), lower.begin(),
                        [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });

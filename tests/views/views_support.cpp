@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "views_support.h"
 #include "support/fixtures.h"
+#include "texts/translation.h"
 
 #include <QAccessibleActionInterface>
 #include <QApplication>
@@ -65,6 +66,7 @@ ViewsTest::ViewsTest() : globalFuncs(GlobalFuncs::startUp(device.platform())) {
 void ViewsTest::speak(const std::string& language) {
     ASSERT_TRUE(globalFuncs.setLanguage(language));
     ASSERT_FALSE(globalFuncs.loadLanguageFile());
+    useLanguage(language, QUODE_BUNDLE);
 }
 
 QPoint middleOf(const QWidget& widget) {

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/mending.h"
+
+#include <string_view>
+
+#include "app/alarm_calendar.h"
+#include "app/alarm_sounds.h"
+#include "app/session.h"
+#include "app/settings.h"
+#include "app/user_alarms.h"
+#include "app/user_data.h"
+#include "companion/autostart.h"
+#include "platform/folders.h"
+
+namespace quode::app {
+namespace {
+
+using State = Finding::State;
+
+// Alarms whose sound is gone get that of the settings, which is the first of the bundle when it is gone too.
+void replaceLostSounds(Session& session) {
+    UserDatabase database = userDatabaseToChange(session);
+    const UserSettings settings = loadSettings(database);
+    if (!soundExists(session, settings.defaultSound)) changeSetting(session, "sound", UserSettings{}.defaultSound);
+    for (const UserAlarm& alarm : database.alarms()) {
+        const bool isLost = !alarm.sound.empty() && !soundExists(session, alarm.sound);
+        if (isLost) database.setUpAlarm(alarm.code, alarm.offset, "");
+    }
+}
+
+void renewEvents(Session& session) {
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar(session, database).renew();
+}
+
+void letServiceStart(Session& session) {
+    const ServiceStart start =
+        assureServiceStart(session.environment(), executablePath().parent_path() / "quode-alarmd");
+    if (!start.message.empty()) session.tell(start.message);
+}
+
+struct Remedy {
+    std::string_view key;
+    void (*apply)(Session&);
+};
+
+constexpr Remedy remedies[] = {
+    {"calendar",
+     [](Session& session) {
+         removeStrayEvents(session);
+         renewEvents(session);
+     }},
+    {"sounds", replaceLostSounds},
+    {"alarm_service", letServiceStart},
+};
+
+const Remedy* remedyOf(const Finding& finding) {
+    for (const Remedy& each : remedies) {
+        if (each.key == finding.key && finding.state == State::problem) return &each;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void removeStrayEvents(Session& session) {
+    UserDatabase database = userDatabaseToChange(session);
+    AlarmCalendar calendar(session, database);
+    const AlarmChange removed = calendar.book().removeEventsWithoutAlarm();
+    if (!removed.ok()) session.complain(removed.message, ExitCode::userData);
+}
+
+bool canMend(const Finding& finding) {
+    return remedyOf(finding) != nullptr;
+}
+
+void mend(Session& session, const Finding& finding) {
+    if (const Remedy* const remedy = remedyOf(finding)) remedy->apply(session);
+}
+
+}  // namespace quode::app

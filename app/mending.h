@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// Mends what quode doctor finds, where a program can.
+#pragma once
+
+#include "app/doctor_checks.h"
+
+namespace quode::app {
+
+class Session;
+
+/// Removes the calendar events of alarms that are gone. What fails is complained of.
+void removeStrayEvents(Session& session);
+
+/// Whether `mend` can do something about a finding.
+bool canMend(const Finding& finding);
+
+/// Does what the advice of a finding says. Throws `Failure` and `UserDatabaseError`.
+void mend(Session& session, const Finding& finding);
+
+}  // namespace quode::app

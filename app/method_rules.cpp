@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/method_rules.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "common/numbers.h"
+#include "texts/translation.h"
+
+namespace quode::app {
+namespace {
+
+using conventions::Basis;
+using conventions::Convention;
+using conventions::Prayer;
+using conventions::PrayerRule;
+
+std::string minutesText(double minutes) {
+    if (minutes == 0.0) return "";
+    return fmt::format(" {}{} min", minutes < 0.0 ? "−" : "+",
+                       fixedText(std::abs(minutes), minutes == std::round(minutes) ? 0 : 2));
+}
+
+std::string basisText(const Convention& convention, const PrayerRule& rule) {
+    switch (rule.basis) {
+        case Basis::depression:
+            return fmt::format("{}°", numberText(rule.angle)) + minutesText(rule.minutes);
+        case Basis::transit:
+            return _("noon") + minutesText(rule.minutes);
+        case Basis::shadow:
+            return _("shadow {}", convention.asrFactor) + minutesText(rule.minutes);
+        case Basis::afterMaghrib:
+            return rule.ramadanMinutes > 0.0
+                       ? _("Maghrib + {} min, in Ramadan + {} min", int(rule.minutes), int(rule.ramadanMinutes))
+                       : _("Maghrib + {} min", int(rule.minutes));
+        default:
+            return "0°50′" + minutesText(rule.minutes);
+    }
+}
+
+}  // namespace
+
+std::string ruleText(const Convention& convention, const PrayerRule& rule) {
+    std::string text = basisText(convention, rule);
+    if (rule.rounding == conventions::Rounding::up) text += _(", rounded up");
+    if (rule.rounding == conventions::Rounding::down) text += _(", rounded down");
+    if (rule.moment == conventions::SunMoment::startOfDay) text += _(", Sun of 0 h UT");
+    return text;
+}
+
+std::string ruleSentence(const Convention& convention, Prayer prayer) {
+    const PrayerRule& rule = convention.rule(prayer);
+    std::string text;
+    switch (rule.basis) {
+        case Basis::depression:
+            text = _("The Sun is {}° below the horizon.", numberText(rule.angle));
+            break;
+        case Basis::transit:
+            text = _("The Sun is in the south or north, at its highest.");
+            break;
+        case Basis::shadow:
+            text = _n("A shadow has grown by the length of what casts it.",
+                      "A shadow has grown by {} times the length of what casts it.", convention.asrFactor);
+            break;
+        case Basis::afterMaghrib:
+            text = rule.ramadanMinutes > 0.0
+                       ? _("{} minutes after Maghrib, in Ramadan {}.", int(rule.minutes), int(rule.ramadanMinutes))
+                       : _("{} minutes after Maghrib.", int(rule.minutes));
+            break;
+        default:
+            text = prayer == Prayer::maghrib ? _("The upper edge of the Sun sets.")
+                                             : _("The upper edge of the Sun rises.");
+            break;
+    }
+    if (rule.basis == Basis::afterMaghrib || rule.minutes == 0.0) return text;
+    const std::string minutes = fixedText(std::abs(rule.minutes), rule.minutes == std::round(rule.minutes) ? 0 : 2);
+    return text + " " +
+           (rule.minutes > 0.0 ? _("The authority adds {} min.", minutes)
+                               : _("The authority takes off {} min.", minutes));
+}
+
+std::string highLatitudeText(conventions::HighLatitudeRule rule) {
+    const auto& names = conventions::highLatitudeNames();
+    const auto found = std::ranges::find(names, rule, &conventions::HighLatitudeName::rule);
+    return found == names.end() ? std::string(conventions::keyOf(rule)) : std::string(found->meaning);
+}
+
+}  // namespace quode::app

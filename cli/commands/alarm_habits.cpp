@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// quode alarm days, remind, skip, mute: when alarms ring beside their usual time, and when they are silent.
+#include "app/alarm_habits.h"
+
+#include "app/dates.h"
+#include "app/prayer_names.h"
+#include "app/session.h"
+#include "app/user_alarms.h"
+#include "cli/commands.h"
+#include "common/numbers.h"
+#include "texts/translation.h"
+
+namespace quode::cli {
+namespace {
+
+Parameter prayerWord() {
+    return {Parameter::Kind::word, "PRAYER", "", _("A name such as fajr or imsak, a number 1 to 6, or all"), true};
+}
+
+std::vector<int> codesOf(Session& session, const Arguments& arguments) {
+    return prayersNamed(session, arguments.text("PRAYER").value_or(""));
+}
+
+void runDays(Session& session, const Arguments& arguments) {
+    app::chooseDays(session, codesOf(session, arguments), app::daysNamed(session, arguments.text("DAYS").value_or("")));
+    showAlarms(session, readAlarms(session));
+}
+
+void runRemind(Session& session, const Arguments& arguments) {
+    const std::string text(trimmed(arguments.text("MINUTES").value_or("")));
+    const std::optional<int> minutes = numberOf<int>(text);
+    if (!minutes && text != "off") {
+        throw Failure(
+            ExitCode::usage,
+            _("The second ring is given in minutes, such as -20 for before the time, or off; not \"{}\".", text));
+    }
+    app::chooseReminder(session, codesOf(session, arguments), minutes);
+    showAlarms(session, readAlarms(session));
+}
+
+void runSkip(Session& session, const Arguments& arguments) {
+    for (const int code : codesOf(session, arguments)) {
+        if (arguments.has("undo")) {
+            app::unskip(session, code);
+        } else {
+            app::skipNext(session, code);
+        }
+    }
+    showAlarms(session, readAlarms(session));
+}
+
+std::optional<std::chrono::sys_seconds> momentNamed(Session& session, const std::string& text) {
+    if (text == "off") return std::nullopt;
+    if (text == "tomorrow") return app::startOfTomorrow(session);
+    return parseMoment(text);
+}
+
+void runMute(Session& session, const Arguments& arguments) {
+    app::mute(session, momentNamed(session, std::string(trimmed(arguments.text("UNTIL").value_or("tomorrow")))));
+    showAlarms(session, readAlarms(session));
+}
+
+}  // namespace
+
+Command alarmDaysCommand() {
+    return {"days",
+            _("Let an alarm ring on some days of the week"),
+            {prayerWord(), {Parameter::Kind::words, "DAYS", "", _("Such as mon,wed,fri, or all"), true}},
+            runDays};
+}
+
+Command alarmRemindCommand() {
+    return {
+        "remind",
+        _("Let an alarm ring a second time, before or after"),
+        {prayerWord(), {Parameter::Kind::word, "MINUTES", "", _("After the time, negative for before; or off"), true}},
+        runRemind};
+}
+
+Command alarmSkipCommand() {
+    return {"skip",
+            _("Leave out the next ring of an alarm"),
+            {prayerWord(), {Parameter::Kind::toggle, "undo", "", _("Let it ring after all")}},
+            runSkip};
+}
+
+Command alarmMuteCommand() {
+    return {"mute",
+            _("Mute all alarms for a while"),
+            {{Parameter::Kind::word, "UNTIL", "", _("tomorrow, a moment such as 2026-11-21T14:00:00+03:00, or off")}},
+            runMute};
+}
+
+}  // namespace quode::cli

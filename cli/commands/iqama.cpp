@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// quode iqama: when the congregation begins, for timetables.
+#include "data/iqama.h"
+
+#include <fmt/format.h>
+
+#include "app/dates.h"
+#include "app/day_view.h"
+#include "app/prayer_names.h"
+#include "app/session.h"
+#include "app/text_layout.h"
+#include "app/user_data.h"
+#include "cli/commands.h"
+#include "common/numbers.h"
+#include "companion/SiteChoices.h"
+#include "companion/user_connection.h"
+#include "data/city_day.h"
+#include "texts/translation.h"
+
+namespace quode::cli {
+namespace {
+
+constexpr int minutesPerHour = 60, minutesPerDay = 1440;
+constexpr int longestWait = 180;  // minutes from the time to the congregation
+constexpr int sunrise = 201;
+
+ChosenPlace cityOf(Session& session, const Arguments& arguments) {
+    ChosenPlace place = choosePlace(session, arguments.text("city"));
+    if (place.city.id != 0) return place;
+    throw Failure(ExitCode::usage, _("Iqama times are kept for a city. Give the place a name first: quode city add "
+                                     "LAT,LON --name NAME"));
+}
+
+/// Reads "+20", minutes after the time, or "13:30".
+Iqama iqamaOf(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    if (text.starts_with('+')) {
+        const auto minutes = numberOf<int>(text.substr(1));
+        if (minutes && *minutes >= 0 && *minutes <= longestWait) return {false, *minutes};
+    } else if (colon != std::string::npos) {
+        const auto hour = numberOf<int>(text.substr(0, colon)), minute = numberOf<int>(text.substr(colon + 1));
+        const bool isClock = hour && minute && *hour >= 0 && *hour < minutesPerDay / minutesPerHour && *minute >= 0 &&
+                             *minute < minutesPerHour;
+        if (isClock) return {true, *hour * minutesPerHour + *minute};
+    }
+    throw Failure(ExitCode::usage, _("\"{0}\" is no time of the congregation. Write +MINUTES after the prayer time, up "
+                                     "to +{1}, or a clock time such as 13:30.",
+                                     text, longestWait));
+}
+
+std::string ruleText(Session& session, const Iqama& iqama) {
+    if (iqama.isFixed) return clockText(session, double(iqama.minutes) / minutesPerHour);
+    return _n("{} minute after", "{} minutes after", iqama.minutes);
+}
+
+Json ruleJson(const Iqama& iqama) {
+    return object({{"minutes_after", iqama.isFixed ? Json() : Json(iqama.minutes)},
+                   {"clock", iqama.isFixed ? Json(clock24(double(iqama.minutes) / minutesPerHour)) : Json()}});
+}
+
+void show(Session& session, const ChosenPlace& place) {
+    const Site site = siteOf(place.city);
+    const CityDay day = computeCityDay(site, today(session, site));
+    Json::Array prayers;
+    TextTable table({TextTable::Align::left, TextTable::Align::right, TextTable::Align::right, TextTable::Align::left});
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        if (code == sunrise) continue;
+        const auto& rule = day.method.iqama.at(static_cast<std::size_t>(code - firstPrayer));
+        const auto minute = iqamaMinute(day, code);
+        const double hours = minute ? double(*minute) / minutesPerHour : missingTime;
+        prayers.push_back(object({{"key", prayerKey(code)},
+                                  {"name", session.prayerName(code)},
+                                  {"rule", rule ? ruleJson(*rule) : Json()},
+                                  {"today", timeJson(hours)}}));
+        table.add({session.prayerName(code), clockText(session, timeOfPrayer(day, code)),
+                   minute ? clockText(session, hours) : "-", rule ? ruleText(session, *rule) : ""});
+    }
+    if (session.wantsJson()) {
+        return session.printJson(object({{"place", placeJson(place)}, {"iqama", Json(std::move(prayers))}}));
+    }
+    printPlace(session, place);
+    session.print();
+    for (const std::string& line : table.lines()) session.print(line);
+}
+
+void change(Session& session, const Arguments& arguments, const std::optional<Iqama>& iqama) {
+    ChosenPlace place = cityOf(session, arguments);
+    const std::vector<int> codes = prayersNamed(session, arguments.text("PRAYERS").value_or("all"));
+    IqamaRules& rules = place.city.choice.iqama;
+    for (const int code : codes) {
+        if (code != sunrise) rules.at(static_cast<std::size_t>(code - firstPrayer)) = iqama;
+    }
+    UserDatabase database = userDatabaseToChange(session);
+    storeIqama(database.connection(), place.city.id, rules);
+    show(session, place);
+}
+
+void runShow(Session& session, const Arguments& arguments) {
+    show(session, choosePlace(session, arguments.text("city")));
+}
+
+void runSet(Session& session, const Arguments& arguments) {
+    change(session, arguments, iqamaOf(arguments.text("at").value_or("")));
+}
+
+void runRemove(Session& session, const Arguments& arguments) {
+    change(session, arguments, std::nullopt);
+}
+
+}  // namespace
+
+Command iqamaCommand() {
+    return {"iqama", _("When the congregation begins, for timetables"), {cityParameter()}, runShow};
+}
+
+Command iqamaSetCommand() {
+    return {"set",
+            _("Set it, minutes after the time or at a clock time"),
+            {{Parameter::Kind::option, "at", "WHEN", _("+MINUTES after the prayer time, or a clock time"), true},
+             {Parameter::Kind::words, "PRAYERS", "", _("The prayers, such as fajr isha; all when none is named")},
+             cityParameter()},
+            runSet};
+}
+
+Command iqamaRemoveCommand() {
+    return {"remove",
+            _("Forget it"),
+            {{Parameter::Kind::words, "PRAYERS", "", _("The prayers, such as fajr isha; all when none is named")},
+             cityParameter()},
+            runRemove};
+}
+
+}  // namespace quode::cli

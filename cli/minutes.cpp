@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "cli/minutes.h"
+
+#include "app/failure.h"
+#include "common/numbers.h"
+#include "companion/UserDatabase.h"
+#include "texts/translation.h"
+
+namespace quode::cli {
+
+std::optional<std::chrono::minutes> alarmMinutes(const app::Arguments& arguments) {
+    const std::optional<std::string> text = arguments.text("alarm");
+    if (!text) return std::nullopt;
+    const std::optional<int> minutes = numberOf<int>(*text);
+    if (!minutes || *minutes < 0 || *minutes > largestAlarmOffset) {
+        throw app::Failure(app::ExitCode::usage,
+                           _("--alarm is a number of minutes from 0 to {}, not \"{}\".", largestAlarmOffset, *text));
+    }
+    return std::chrono::minutes(*minutes);
+}
+
+}  // namespace quode::cli

@@ -1,0 +1,139 @@
+# SPDX-FileCopyrightText: the Quode authors
+# SPDX-License-Identifier: MIT
+"""From an empty home to an alarm that is on, by the means of assistive technology alone; and what was set survives.
+
+desktop_test.py WINDOW COMMAND, on a display with a window manager and a session bus.
+"""
+import json
+import os
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402
+
+WINDOW, COMMAND = sys.argv[1], sys.argv[2]
+PATIENCE = 8.0  # seconds
+CHECKS = ("check box", "toggle button", "push button", "radio button")
+
+
+def wait_for(condition, what):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        result = condition()
+        if result:
+            return result
+        time.sleep(0.05)
+    raise AssertionError("not within %g s: %s" % (PATIENCE, what))
+
+
+def nodes(node):
+    """A node of the tree and all below it."""
+    try:
+        yield node
+        for index in range(node.get_child_count()):
+            child = node.get_child_at_index(index)
+            if child:
+                yield from nodes(child)
+    except gi.repository.GLib.Error:
+        return  # it went while it was looked at
+
+
+class Window(unittest.TestCase):
+    def setUp(self):
+        self.home = tempfile.TemporaryDirectory()
+        self.environment = dict(os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name + "/config",
+                                QUODE_DATA_DIR=self.home.name + "/quode", LC_ALL="C.UTF-8", QUODE_LANG="en",
+                                QUODE_NOW="2026-11-21T04:00:00Z")
+        self.program = None
+
+    def tearDown(self):
+        self.kill()
+        self.home.cleanup()
+
+    def start(self, *arguments):
+        self.program = subprocess.Popen([WINDOW, *arguments], env=self.environment)
+
+    def kill(self):
+        if self.program:
+            self.program.send_signal(signal.SIGKILL)
+            self.program.wait()
+            self.program = None
+
+    def quode(self, *arguments):
+        return json.loads(subprocess.run([COMMAND, *arguments, "--json"], env=self.environment, check=True,
+                                         capture_output=True).stdout)
+
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        for index in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(index)
+            if child and self.program and child.get_process_id() == self.program.pid:
+                return child
+        return None
+
+    def find(self, name, roles=CHECKS):
+        def found():
+            application = self.application()
+            for node in nodes(application) if application else ():
+                isShown = node.get_state_set().contains(Atspi.StateType.SHOWING)
+                if node.get_name() == name and node.get_role_name() in roles and isShown:
+                    return node
+            return None
+        return wait_for(found, name)
+
+    def press(self, name):
+        node = self.find(name)
+        node.get_action_iface().do_action(0)
+        return node
+
+    def test_a_first_alarm_is_set_without_a_terminal(self):
+        self.start("--page", "alarms")
+        self.press("Accept")
+        home = wait_for(lambda: [city for city in self.quode("city", "list")["cities"] if city["is_home"]], "a home")
+        self.assertEqual(home[0]["city"]["name"], "Kathmandu")
+        wait_for(lambda: self.application() and self.find("Maghrib"), "the page")
+        self.press("Maghrib")
+        wait_for(lambda: self.quode("alarm", "list")["alarms"][4]["on"], "the alarm")
+
+    def test_what_was_set_survives_the_end_of_the_program(self):
+        subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
+        for turn in range(6):
+            self.start("--page", "alarms")
+            self.press("Maghrib")
+            time.sleep(0.05 * turn)
+            before = turn % 2 == 0
+            wait_for(lambda: self.quode("alarm", "list")["alarms"][4]["on"] == before, "turn %d" % turn)
+            self.kill()
+            self.assertEqual(self.quode("alarm", "list")["alarms"][4]["on"], before)
+
+    def test_the_window_follows_the_command_line(self):
+        subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
+        self.start("--page", "alarms")
+        alarm = self.find("Asr")
+        self.assertFalse(alarm.get_state_set().contains(Atspi.StateType.CHECKED))
+        begin = time.monotonic()
+        subprocess.run([COMMAND, "alarm", "on", "asr"], env=self.environment, check=True, capture_output=True)
+        wait_for(lambda: alarm.get_state_set().contains(Atspi.StateType.CHECKED), "the switch follows")
+        self.assertLess(time.monotonic() - begin, 3.0)
+
+    def test_every_control_has_a_name(self):
+        subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
+        for page in ("cities", "alarms", "times", "look", "calendar", "about"):
+            self.start("--page", page)
+            self.find("Pages", ("list", "list box", "panel", "filler"))
+            nameless = [node.get_role_name() for node in nodes(self.application())
+                        if node.get_state_set().contains(Atspi.StateType.FOCUSABLE)
+                        and node.get_state_set().contains(Atspi.StateType.SHOWING) and not node.get_name()]
+            self.assertEqual(nameless, [], page)
+            self.kill()
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include <QAccessible>
+#include <QListWidget>
+#include <QScrollArea>
+#include <set>
+
+#include "fixture.h"
+#include "desktop/theme.h"
+#include "views/contrast.h"
+
+namespace quode::test {
+namespace {
+
+constexpr std::array pages = {"cities", "alarms", "times", "look", "calendar", "about"};
+
+class Window : public WindowTest {
+  protected:
+    void openAllDetails() {
+        for (QAbstractButton* const each : shown->findChildren<QAbstractButton*>()) {
+            if (each->accessibleName().endsWith(": details") && each->isVisible()) each->setChecked(true);
+        }
+        settle();
+    }
+
+    /// What can have the keyboard on the page that is open.
+    std::vector<QWidget*> reachable() const {
+        std::vector<QWidget*> found;
+        for (QWidget* const each : shown->findChildren<QWidget*>()) {
+            const bool takesTab = (each->focusPolicy() & Qt::TabFocus) != 0 && each->focusProxy() == nullptr;
+            if (takesTab && each->isVisible() && each->isEnabled()) found.push_back(each);
+        }
+        return found;
+    }
+};
+
+TEST_F(Window, NamesAllControls) {
+    for (const char* page : pages) {
+        open(page);
+        openAllDetails();
+        EXPECT_GE(reachable().size(), 3U) << page;
+        for (QWidget* const each : reachable()) {
+            const auto* const spoken = QAccessible::queryAccessibleInterface(each);
+            ASSERT_NE(spoken, nullptr) << page;
+            EXPECT_NE(spoken->text(QAccessible::Name), "") << page << " " << each->metaObject()->className();
+            EXPECT_NE(spoken->role(), QAccessible::NoRole) << page;
+        }
+    }
+}
+
+TEST_F(Window, GivesSwitchesTheRoleAndStateOfACheckBox) {
+    open("alarms");
+    auto* const alarm = button(QString::fromStdString(session.prayerName(204)));
+    const auto* const spoken = QAccessible::queryAccessibleInterface(alarm);
+    EXPECT_EQ(spoken->role(), QAccessible::CheckBox);
+    EXPECT_FALSE(spoken->state().checked);
+    press(alarm->accessibleName());
+    EXPECT_TRUE(spoken->state().checked);
+}
+
+TEST_F(Window, IsReachedByTabEverywhere) {
+    for (const char* page : pages) {
+        open(page);
+        openAllDetails();
+        shown->activateWindow();
+        std::set<QWidget*> left;
+        for (QWidget* const each : reachable()) left.insert(each);
+        QWidget* focus = *left.begin();
+        for (std::size_t step = 0, most = left.size() * 2; step < most && !left.empty(); ++step) {
+            do {
+                focus = focus->nextInFocusChain();
+            } while (!left.contains(focus) && focus != shown.get());
+            left.erase(focus);
+        }
+        EXPECT_TRUE(left.empty()) << page;
+    }
+}
+
+TEST_F(Window, FitsAPhone) {
+    open("cities");
+    auto* const list = control<QListWidget>("Pages");
+    shown->resize(360, 720);
+    settle();
+    for (const char* page : pages) {
+        open(page);
+        openAllDetails();
+        EXPECT_EQ(shown->width(), 360) << page;
+        EXPECT_FALSE(list->isVisible());
+        for (const QScrollArea* const area : shown->findChildren<QScrollArea*>()) {
+            if (!area->isVisible() || area->parentWidget()->inherits("QComboBox")) continue;
+            EXPECT_LE(area->widget()->minimumSizeHint().width(), 360) << page;
+        }
+        press("All pages");
+        EXPECT_TRUE(list->isVisible());
+    }
+    shown->resize(820, 640);
+    settle();
+    EXPECT_TRUE(list->isVisible());
+}
+
+TEST_F(Window, IsMirroredForLanguagesFromRightToLeft) {
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    open("alarms");
+    shown->resize(820, 640);
+    settle();
+    auto* const list = control<QListWidget>("Pages");
+    auto* const alarm = button(QString::fromStdString(session.prayerName(204)));
+    EXPECT_GT(list->x(), shown->width() / 2);
+    EXPECT_LT(alarm->mapTo(shown.get(), QPoint()).x(), shown->width() / 2);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+TEST_F(Window, ChangesThePageByKeys) {
+    open("cities");
+    shown->activateWindow();
+    QTest::keyClick(control<QListWidget>("Pages"), Qt::Key_Down);
+    EXPECT_EQ(shown->openedPage(), "alarms");
+}
+
+TEST(WindowPalette, HasEnoughContrastInBothThemes) {
+    const auto colorOf = [](const QPalette& palette, QPalette::ColorRole role) {
+        const QColor color = palette.color(QPalette::Active, role);
+        return Color{color.redF(), color.greenF(), color.blueF(), 1.0};
+    };
+    using Role = QPalette::ColorRole;
+    constexpr std::array<std::pair<Role, Role>, 11> pairs{{{Role::WindowText, Role::Window},
+                                                           {Role::WindowText, Role::Base},
+                                                           {Role::Text, Role::Base},
+                                                           {Role::Text, Role::AlternateBase},
+                                                           {Role::ButtonText, Role::Button},
+                                                           {Role::PlaceholderText, Role::Base},
+                                                           {Role::PlaceholderText, Role::Window},
+                                                           {Role::HighlightedText, Role::Highlight},
+                                                           {Role::ToolTipText, Role::ToolTipBase},
+                                                           {Role::WindowText, Role::ToolTipBase},
+                                                           {Role::Link, Role::Base}}};
+    for (const bool isDark : {false, true}) {
+        const QPalette palette = windowPalette(isDark);
+        for (const auto& [front, back] : pairs) {
+            EXPECT_GE(contrastRatio(colorOf(palette, front), colorOf(palette, back)), 4.5)
+                << isDark << " " << front << " on " << back;
+        }
+        EXPECT_GE(contrastRatio(colorOf(palette, Role::Dark), colorOf(palette, Role::Base)), 3.0)
+            << "the frame of a switch";
+    }
+}
+
+}  // namespace
+}  // namespace quode::test

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "window/AboutPage.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <string_view>
+
+#include "app/mending.h"
+#include "desktop/alarm_service.h"
+#include "desktop/help.h"
+#include "texts/translation.h"
+#include "views/qt_conversions.h"
+#include "window/parts.h"
+
+namespace quode::window {
+namespace {
+
+using State = app::Finding::State;
+
+const char* signOf(State state) {
+    return state == State::ok ? "✓" : state == State::note ? "–" : "!";
+}
+
+QString nameOf(State state) {
+    return state == State::ok ? _("in order") : state == State::note ? _("note") : _("to be mended");
+}
+
+}  // namespace
+
+AboutPage::AboutPage(Context& context, QWidget* parent) : Page(context, parent), checks_(new Card(this)) {
+    auto* const column = new QVBoxLayout(this);
+    checks_->setAccessibleName(_("What was checked"));
+    column->addWidget(checks_);
+    column->addWidget(newFactsPart());
+    column->addStretch(1);
+}
+
+QWidget* AboutPage::newFactsPart() {
+    auto* const card = new Card(this);
+    auto* const text = new QLabel(aboutPage(session()), card);
+    text->setWordWrap(true);
+    text->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    text->setAccessibleName(_("About Quode"));
+    card->column()->addWidget(text);
+    auto* const help = new QPushButton(_("Help"), card);
+    connect(help, &QPushButton::clicked, this, [this] { showPage(_("Help"), helpPage(), window()); });
+    card->column()->addWidget(help, 0, Qt::AlignLeft);
+    return card;
+}
+
+void AboutPage::refresh() {
+    if (isVisible()) examine();
+}
+
+void AboutPage::examine() {
+    const std::vector<app::Finding> findings = app::examine(session());
+    QString wanted;
+    for (const app::Finding& each : findings) wanted += toQt(each.name + each.text + each.advice) + signOf(each.state);
+    if (wanted == shown_) return;
+    shown_ = wanted;
+    removeAll(*checks_->column());
+    checks_->column()->addWidget(newHeading(_("Is all in order?"), checks_));
+    for (const app::Finding& each : findings) addFinding(each, &each == &findings.front());
+}
+
+void AboutPage::addFinding(const app::Finding& finding, bool isFirst) {
+    if (!isFirst) checks_->addLine();
+    auto* const row = new QHBoxLayout;
+    QLabel* const sign = newHeading(signOf(finding.state), checks_);
+    sign->setAccessibleName(nameOf(finding.state));
+    sign->setToolTip(nameOf(finding.state));
+    sign->setFixedWidth(18);
+    auto* const texts = new QVBoxLayout;
+    texts->setSpacing(1);
+    texts->addWidget(newHeading(toQt(finding.name), checks_));
+    texts->addWidget(newRemark(toQt(finding.text), checks_));
+    if (!finding.advice.empty()) texts->addWidget(newLabel(toQt(finding.advice), checks_));
+    row->addWidget(sign, 0, Qt::AlignTop);
+    row->addLayout(texts, 1);
+    if (app::canMend(finding)) {
+        auto* const button = new QPushButton(_("Mend"), checks_);
+        button->setAccessibleName(toQt(_("Mend: {}", finding.name)));
+        connect(button, &QPushButton::clicked, this, [this, finding] { mend(finding); });
+        row->addWidget(button, 0, Qt::AlignTop);
+    }
+    checks_->column()->addLayout(row);
+}
+
+void AboutPage::mend(const app::Finding& finding) {
+    context().change([&] {
+        app::mend(session(), finding);
+        if (std::string_view(finding.key) == "alarm_service") startAlarmService(session().dataFolder());
+    });
+}
+
+}  // namespace quode::window

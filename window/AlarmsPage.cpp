@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "window/AlarmsPage.h"
+
+#include <QVBoxLayout>
+
+#include "app/user_alarms.h"
+#include "common/prayer.h"
+#include "window/AlarmCard.h"
+#include "window/MutePart.h"
+
+namespace quode::window {
+
+AlarmsPage::AlarmsPage(Context& context, QWidget* parent)
+    : Page(context, parent), trial_(this), mute_(new MutePart(context, this)) {
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(mute_);
+    for (std::size_t at = 0; at < cards_.size(); ++at) {
+        cards_[at] = new AlarmCard(firstPrayer + int(at), context, trial_, this);
+        column->addWidget(cards_[at]);
+    }
+    column->addStretch(1);
+    connect(&trial_, &TrialRinging::failed, this, [this](const QString& message) { this->context().tell(message); });
+}
+
+void AlarmsPage::refresh() {
+    const app::UserAlarms all = app::readAlarms(session());
+    mute_->refresh(all);
+    for (AlarmCard* const card : cards_) card->refresh(all);
+}
+
+}  // namespace quode::window

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "window/Context.h"
+
+#include <exception>
+
+#include "app/terminal.h"
+
+namespace quode::window {
+
+Context::Context(app::Session& session) : session_(session) {
+    session_.setMessenger([this](std::string_view message) {
+        if (!messages_.isEmpty()) messages_ += ' ';
+        messages_ += QString::fromUtf8(message.data(), qsizetype(message.size()));
+    });
+}
+
+Context::~Context() {
+    session_.setMessenger(app::writeMessage);
+}
+
+bool Context::change(const std::function<void()>& action) {
+    messages_.clear();
+    bool isDone = true;
+    try {
+        action();
+    } catch (const std::exception& error) {
+        isDone = false;
+        messages_ = QString::fromUtf8(error.what());
+    }
+    if (!messages_.isEmpty()) tell(messages_);
+    Q_EMIT changed();
+    return isDone;
+}
+
+void Context::tell(const QString& message, std::function<void()> undo) {
+    Q_EMIT told(message, undo);
+}
+
+}  // namespace quode::window
