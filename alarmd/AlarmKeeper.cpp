@@ -100,7 +100,7 @@ UserDatabase AlarmKeeper::openDatabase() {
 }
 
 // With the program that really rings.
-Choices AlarmKeeper::choicesIn(const UserDatabase& database) const {
+Choices AlarmKeeper::choicesIn(UserDatabase& database) const {
     Choices choices = readChoices(database);
     choices.ringer = with_.ringer(choices.settings);
     return choices;

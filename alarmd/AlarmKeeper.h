@@ -78,7 +78,7 @@ class AlarmKeeper {
     void takeChoices(UserDatabase& database);
     bool giveBackChoices(UserDatabase& database);
     int damagedCopies() const;
-    Choices choicesIn(const UserDatabase& database) const;
+    Choices choicesIn(UserDatabase& database) const;
     std::optional<Choices> choicesWithoutDatabase();
     std::optional<Choices> notedChoices() const;
     void warnOfOutage(bool isRead, const Present& present);

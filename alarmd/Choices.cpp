@@ -23,13 +23,6 @@ std::string textOf(const SiteChoice& choice) {
     return text;
 }
 
-// The method and the timetable of a city.
-void restoreSiteChoice(UserDatabase& database, int id, const SiteChoice& choice) {
-    if (choice.isUnreadable) return;
-    if (!choice.method.isDefault()) storeMethod(database.connection(), id, choice.method, choice.height);
-    if (choice.table) storeTimetable(database.connection(), id, *choice.table);
-}
-
 }  // namespace
 
 std::vector<AlarmRule> Choices::rules() const {
@@ -60,8 +53,14 @@ std::string Choices::text() const {
     return text + fmt::format("{} {} {}", settings.defaultSound, int(settings.calendarLayout), int(ringer));
 }
 
-Choices readChoices(const UserDatabase& database) {
-    Choices choices{database.cities(), database.home(), database.alarms(), loadSettings(database)};
+Choices readChoices(UserDatabase& database) {
+    Choices choices;
+    database.connection().read([&] {
+        choices.cities = database.cities();
+        choices.home = database.home();
+        choices.alarms = database.alarms();
+        choices.settings = loadSettings(database);
+    });
     choices.ringer = choices.settings.ringer;
     return choices;
 }
@@ -70,7 +69,7 @@ std::optional<Choices> readChoicesBehindLock(const std::filesystem::path& dataFo
                                              const Clock& device) {
     const std::optional<std::string> before = UserConnection::committedState(userDatabaseFile(dataFolder));
     if (!before) return std::nullopt;
-    const UserDatabase database = UserDatabase::openBehindLock(dataFolder, cities, device);
+    UserDatabase database = UserDatabase::openBehindLock(dataFolder, cities, device);
     Choices choices = readChoices(database);
     const bool isWhole = UserConnection::committedState(userDatabaseFile(dataFolder)) == before;
     return isWhole ? std::optional(choices) : std::nullopt;
@@ -88,7 +87,7 @@ void restoreChoices(UserDatabase& database, const Choices& choices) {
             } else if (each.city) {
                 id = database.addPlace({each.city->name, each.city->latitude, each.city->longitude, each.city->zone});
             }
-            if (each.city) restoreSiteChoice(database, id, each.city->choice);
+            if (each.city) storeSiteChoice(database.connection(), id, each.city->choice);
             if (each.isHome) home = id;
         }
         for (const UserCity& each : fresh) {

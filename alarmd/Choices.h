@@ -29,7 +29,7 @@ struct Choices {
     std::string text() const;
 };
 
-Choices readChoices(const UserDatabase& database);
+Choices readChoices(UserDatabase& database);
 
 /// The choices in a database that another program keeps locked, as they were before it began to change anything. Nothing
 /// when that cannot be told.

@@ -5,7 +5,7 @@ option(QUODE_ENGINE_ONLY "Build the astronomy engine alone; needs nothing but a 
 option(QUODE_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(QUODE_BENCH "Build the benchmarks" OFF)
 option(QUODE_WERROR "Treat warnings as errors" OFF)
-option(QUODE_HARDENING "Compile with stack protectors and checked library calls; arithmetic stays as it is" OFF)
+option(QUODE_HARDENING "Compile optimised programs and libraries with stack protectors and checked library calls" OFF)
 option(QUODE_PCH "Compile the tests with precompiled headers: faster from scratch, slower with ccache" OFF)
 set(QUODE_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
@@ -43,9 +43,10 @@ else()
   target_link_options(quode_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()
 if(QUODE_HARDENING AND NOT QUODE_SANITIZE)
-  # Some compilers define _FORTIFY_SOURCE themselves.
-  target_compile_options(quode_flags INTERFACE -fstack-protector-strong
-    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE> $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=2>)
+  # Tests have the property. Some compilers define _FORTIFY_SOURCE themselves. Arithmetic stays as it is.
+  set(is_hardened $<AND:$<CONFIG:Release,RelWithDebInfo,MinSizeRel>,$<NOT:$<BOOL:$<TARGET_PROPERTY:QUODE_IS_TEST>>>>)
+  target_compile_options(quode_flags INTERFACE $<${is_hardened}:-fstack-protector-strong>
+    $<${is_hardened}:-U_FORTIFY_SOURCE> $<${is_hardened}:-D_FORTIFY_SOURCE=2>)
 endif()
 
 # quode_library(NAME ...) and quode_executable(NAME ...): add_library and add_executable, with these flags.

@@ -123,11 +123,10 @@ AlarmChange AlarmBook::renew(const std::function<bool(const UserAlarm&)>& leave)
     AlarmChange result;
     if (AlarmJournal::isPending(dataFolder_)) join(result, finishPending());
     const std::vector<AlarmOccurrence> next = database_->refreshPrayerTimes();
-    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-        const UserAlarm alarm = database_->alarm(code);
+    for (const UserAlarm& alarm : database_->alarms()) {
         if ((leave && leave(alarm)) || isInPlace(alarm, next)) continue;
         // One after the other, so that whoever switches an alarm meanwhile does not wait for all of them.
-        join(result, withJournal([&](AlarmJournal& journal) { return renewOne(code, next, journal); }));
+        join(result, withJournal([&](AlarmJournal& journal) { return renewOne(alarm.code, next, journal); }));
     }
     return result;
 }

@@ -13,8 +13,8 @@ namespace {
 constexpr const char* tables[] = {
     "CREATE TABLE IF NOT EXISTS USER_METHOD (CITYID INTEGER PRIMARY KEY, METHOD TEXT NOT NULL, HEIGHT REAL NOT NULL)",
     "CREATE TABLE IF NOT EXISTS USER_TIMETABLE (CITYID INTEGER PRIMARY KEY, NAME TEXT NOT NULL)",
-    "CREATE TABLE IF NOT EXISTS USER_TIMETABLE_ROW (CITYID INTEGER NOT NULL, DAY INTEGER NOT NULL, TIMES TEXT NOT NULL,"
-    " PRIMARY KEY (CITYID, DAY)) WITHOUT ROWID",
+    R"sql(CREATE TABLE IF NOT EXISTS USER_TIMETABLE_ROW (CITYID INTEGER NOT NULL, DAY INTEGER NOT NULL,
+  TIMES TEXT NOT NULL, PRIMARY KEY (CITYID, DAY)) WITHOUT ROWID)sql",
     "CREATE TABLE IF NOT EXISTS USER_IQAMA (CITYID INTEGER PRIMARY KEY, TIMES TEXT NOT NULL)",
 };
 
@@ -56,6 +56,13 @@ void storeIqama(UserConnection& connection, int cityId, const IqamaRules& rules)
     });
 }
 
+void storeSiteChoice(UserConnection& connection, int cityId, const SiteChoice& choice) {
+    if (choice.isUnreadable) return;
+    if (!choice.method.isDefault()) storeMethod(connection, cityId, choice.method, choice.height);
+    if (choice.table && !choice.table->rows.empty()) storeTimetable(connection, cityId, *choice.table);
+    if (choice.iqama != IqamaRules{}) storeIqama(connection, cityId, choice.iqama);
+}
+
 void forgetTimetable(UserConnection& connection, int cityId) {
     connection.change([&] {
         createTables(connection);
@@ -68,15 +75,13 @@ void salvageSiteChoices(UserConnection& connection, const std::filesystem::path&
     sqlite3_open_v2(damaged.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
     const sqlite::Database database(opened);
     std::set<int> ids;
-    for (const std::string table : {"USER_METHOD", "USER_TIMETABLE"}) {
+    for (const std::string table : {"USER_METHOD", "USER_TIMETABLE", "USER_IQAMA"}) {
         const sqlite::Statement row = sqlite::prepare(opened, "SELECT CITYID FROM " + table + " WHERE CITYID >= 0");
         while (row && sqlite3_step(row.get()) == SQLITE_ROW) ids.insert(sqlite3_column_int(row.get(), 0));
     }
     for (const int id : ids) {
         const SiteChoice choice = readSiteChoice(opened, id);
-        if (choice.isUnreadable || conventions::problemOf(choice.method)) continue;
-        if (!choice.method.isDefault()) storeMethod(connection, id, choice.method, choice.height);
-        if (choice.table && !choice.table->rows.empty()) storeTimetable(connection, id, *choice.table);
+        if (!conventions::problemOf(choice.method)) storeSiteChoice(connection, id, choice);
     }
 }
 

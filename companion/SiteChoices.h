@@ -21,6 +21,9 @@ void storeTimetable(UserConnection& connection, int cityId, const Timetable& tab
 /// Stores when the congregation of a city begins, in place of former rules.
 void storeIqama(UserConnection& connection, int cityId, const IqamaRules& rules);
 
+/// Stores all that was chosen for a city, unless a part of it could not be read.
+void storeSiteChoice(UserConnection& connection, int cityId, const SiteChoice& choice);
+
 void forgetTimetable(UserConnection& connection, int cityId);
 
 /// Copies the choices of cities from a damaged database, as far as they can be read and make sense. They hold again for

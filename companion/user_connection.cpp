@@ -334,6 +334,18 @@ void UserConnection::run(const std::string& sql, std::initializer_list<SqlValue>
     }
 }
 
+void UserConnection::read(const std::function<void()>& reading) {
+    if (sqlite3_get_autocommit(database_.get()) == 0) return reading();  // within a change
+    run("BEGIN");
+    try {
+        reading();
+    } catch (...) {
+        sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    run("COMMIT");
+}
+
 void UserConnection::change(const std::function<void()>& changes) {
     if (isChanging_) return changes();
     run("BEGIN IMMEDIATE");

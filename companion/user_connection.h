@@ -71,6 +71,9 @@ class UserConnection {
     /// Does changes altogether, or none of them when one throws. Within another call it is part of that.
     void change(const std::function<void()>& changes);
 
+    /// Reads several things as they are at one moment, whatever other programs change meanwhile.
+    void read(const std::function<void()>& reading);
+
   private:
     enum class Health { good, damaged };
 

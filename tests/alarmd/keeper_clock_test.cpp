@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// A clock that is wrong for a while.
+#include "keeper_fixture.h"
+
+namespace quode::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class KeeperClockTest : public AlarmKeeperTest {};
+
+TEST_F(KeeperClockTest, RingsAtItsTimeAfterAClockThatRanAheadForAMinute) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(2);
+    keeper->wake();
+    setClock(due + minutes(20));
+    keeper->wake();
+    setClock(due - hours(2) + minutes(1));
+    EXPECT_EQ(keeper->wake(), due);
+    runUntil(due + minutes(1));
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(0));
+}
+
+TEST_F(KeeperClockTest, RingsLateForWhatAClockThatRanAheadPassedOver) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - minutes(1);
+    keeper->wake();
+    setClock(due + hours(3));
+    keeper->wake();
+    clock->present = due + hours(3) + minutes(5);  // while it is wrong, five minutes pass
+    keeper->wake();
+    EXPECT_THAT(desk.rings, IsEmpty());
+    setClock(due + minutes(4));
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(4));
+}
+
+TEST_F(KeeperClockTest, RingsAgainAtItsTimeWhatAWrongClockBroughtHoursTooEarly) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(5);
+    keeper->wake();
+    setClock(due - minutes(1));
+    keeper->wake();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    setClock(due - hours(5) + minutes(2));
+    keeper->wake();
+    runUntil(due + minutes(1));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperClockTest, RingsLateWhatAWrongClockBroughtTooEarlyWhenItIsPutRightTooLate) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(2);
+    keeper->wake();
+    setClock(due - minutes(1));
+    keeper->wake();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    clock->present = due + hours(2) + minutes(2);
+    keeper->wake();
+    setClock(due + minutes(3));
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 2U);
+    EXPECT_EQ(desk.rings[1].late, minutes(3));
+}
+
+TEST_F(KeeperClockTest, RingsAgainAtItsTimeAfterAClockThatWasWrongInBothDirections) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    clock->present = due - hours(9);
+    keeper->wake();
+    setClock(due - hours(14));  // back, and killed meanwhile
+    keeper->wake();
+    restart();
+    setClock(due - hours(9) + minutes(1));  // right again
+    keeper->wake();
+    clock->present = due - hours(5);
+    keeper->wake();
+    setClock(due - minutes(1));  // ahead
+    keeper->wake();
+    restart();
+    clock->present = due;
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+    setClock(due - hours(5) + minutes(2));
+    keeper->wake();
+    runUntil(due + minutes(1));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperClockTest, RingsOnceAlthoughTheClockIsBackForHours) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due + minutes(1));
+    setClock(due - hours(6));
+    runUntil(due + minutes(1));
+    setClock(due + hours(6) + minutes(2));
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperClockTest, DecidesNothingByAClockThatWasNeverSet) {
+    switchOn(202);
+    keeper->wake();
+    const sys_seconds due = dueOf(202);
+    const sys_seconds planned = calendar->events.begin()->second.start;
+    clock->present = due - minutes(5);
+    keeper->rest();
+    restart();
+    boot = "boot-2";
+    setClock(utc("1970-01-01 00:05"));
+    EXPECT_LE(keeper->wake(), utc("1970-01-01 00:06"));
+    EXPECT_EQ(calendar->events.begin()->second.start, planned) << "the event stays where it is";
+    EXPECT_THAT(told, HasSubstr("The clock of this device has not been set"));
+    setClock(due + minutes(2));
+    keeper->wake();
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
+TEST_F(KeeperClockTest, SleepsOnForFiveMinutesWhateverTheClockShows) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    runUntil(due);
+    keeper->snooze(shownAs(1));
+    keeper->wake();
+    setClock(due - hours(1));
+    EXPECT_EQ(keeper->wake(), due - hours(1) + minutes(5));
+}
+
+}  // namespace
+}  // namespace quode::test
