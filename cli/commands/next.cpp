@@ -72,7 +72,7 @@ void runNext(Session& session, const Arguments& arguments) {
     if (session.wantsJson()) {
         session.printJson(object({{"place", placeJson(coming.place)}, {"next", nextPrayerJson(session, *prayer)}}));
     } else if (const auto format = arguments.text("format")) {
-        session.print(filled(session, coming, *format));
+        session.printData(filled(session, coming, *format));
     } else {
         session.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
                       timeLeftText(session, coming.site, *prayer));
