@@ -6,6 +6,7 @@
 
 #include "app/alarm_calendar.h"
 #include "app/failure.h"
+#include "app/method_choice.h"
 #include "app/session.h"
 #include "app/user_data.h"
 #include "companion/SiteChoices.h"
@@ -42,7 +43,7 @@ void bringBack(Session& session, const RemovedCity& removed) {
         } else {
             database.addCity(id);
         }
-        if (!city->choice.isDefault()) storeMethod(database.connection(), id, city->choice.method, city->choice.height);
+        if (city->choice.isChosen) storeMethod(database.connection(), id, city->choice.method, city->choice.height);
         if (city->choice.table) storeTimetable(database.connection(), id, *city->choice.table);
         database.moveCity(id, std::min(removed.position, database.cities().size() - 1));
         if (removed.city.isHome) database.chooseHome(id);
@@ -50,7 +51,7 @@ void bringBack(Session& session, const RemovedCity& removed) {
 }
 
 void chooseMethod(Session& session, const CityRecord& city, const conventions::Method& method) {
-    if (const auto problem = conventions::problemOf(method)) throw Failure(ExitCode::usage, *problem);
+    checkMethod(method);
     changeCities(session, [&](UserDatabase& database) {
         storeMethod(database.connection(), city.id, method, city.elevation.value_or(0));
         database.refreshPrayerTimes();

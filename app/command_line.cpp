@@ -17,7 +17,9 @@
 namespace quode::app {
 namespace {
 
-constexpr std::size_t helpColumn = 30;
+// Where the explanations begin; on narrow pages they stand below what they explain.
+constexpr std::size_t helpColumn = 30, narrowHelpColumn = 6;
+constexpr int wideEnough = 60;
 
 /// The values that one command receives from the parser.
 struct Slots {
@@ -55,8 +57,8 @@ void addParameter(CLI::App& app, const Parameter& parameter, Slots::Slot& slot) 
     slot.option->required(parameter.required);
 }
 
-void prepare(CLI::App& app) {
-    app.get_formatter()->column_width(helpColumn);
+void prepare(CLI::App& app, int width) {
+    app.get_formatter()->column_width(width < wideEnough ? narrowHelpColumn : helpColumn);
     app.get_formatter()->label("REQUIRED", _("(required)"));
     app.get_formatter()->label("OPTIONS", _("OPTIONS"));
     app.get_formatter()->label("SUBCOMMAND", _("COMMAND"));
@@ -88,6 +90,34 @@ Arguments argumentsOf(const Slots& slots) {
     return arguments;
 }
 
+/// How a parameter is written: "--city CITY", "NAME".
+std::string writtenAs(const Parameter& parameter) {
+    return parameter.kind == Parameter::Kind::option ? "--" + parameter.name + " " + parameter.value : parameter.name;
+}
+
+/// A line of help whose explanation begins after two blanks or more: wrapped in its column, or below where that is
+/// narrow.
+std::string wrappedHelpLine(const std::string& line, int width) {
+    constexpr int narrowest = 24;
+    const std::size_t start = std::min(line.find_first_not_of(' '), line.size());
+    const std::size_t gap = std::min(line.find("  ", start), line.size());
+    const std::size_t text = std::min(line.find_first_not_of(' ', gap), line.size());
+    const int column = displayWidth(std::string_view(line).substr(0, text));
+    if (text == line.size() || width - column < narrowest) return fitted(line, width);
+    return line.substr(0, text) + indented(wrapped(line.substr(text), width - column, 0), column);
+}
+
+std::string wrappedHelp(const std::string& help, int width) {
+    std::string text;
+    for (std::size_t at = 0; at < help.size();) {
+        const std::size_t end = std::min(help.find('\n', at), help.size());
+        const std::string line = help.substr(at, end - at);
+        text += (displayWidth(line) > width ? wrappedHelpLine(line, width) : line) + '\n';
+        at = end + 1;
+    }
+    return text;
+}
+
 constexpr std::size_t largestMistake = 2;
 
 /// How many letters have to be put in, left out or replaced to make one word of the other.
@@ -109,10 +139,11 @@ std::size_t mistakesBetween(std::string_view one, std::string_view other) {
 class Parser {
   public:
     /// words: the command line. Of commands whose name is not among them only what the help lists is declared.
+    /// width: of the page for help.
     Parser(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
-           const std::vector<std::string>& words)
-        : common_(program.parameters), words_(words), app_(program.description, program.name) {
-        prepare(app_);
+           const std::vector<std::string>& words, int width)
+        : common_(program.parameters), words_(words), width_(width), app_(program.description, program.name) {
+        prepare(app_, width_);
         version_ = app_.add_flag("--version", wantsVersion_, program.versionHelp);
         fill(app_, defaultCommand);
         addChildren(app_, commands);
@@ -127,7 +158,7 @@ class Parser {
 
     bool wantsVersion() const { return version_->count() > 0; }
 
-    std::string help() const { return app_.help(); }
+    std::string help() const { return wrappedHelp(app_.help(), width_); }
 
     Invocation invocation() const {
         const Slots& chosen = deepest();
@@ -135,21 +166,16 @@ class Parser {
         throw Failure(ExitCode::usage, _("{0} needs a command. Try: {0} --help", commandPath()));
     }
 
-    /// The first argument that nothing could be made of.
-    std::string firstUnknown() const { return app_.remaining(true).front(); }
-
-    /// The command that is nearest to a word with a typing mistake; empty when none is near.
-    std::string nearestCommand(const std::string& word) const {
-        std::string nearest;
-        std::size_t least = largestMistake + 1;
-        for (const CLI::App* const command : deepest().app->get_subcommands([](const CLI::App*) { return true; })) {
-            const std::size_t distance = mistakesBetween(word, command->get_name());
-            if (distance < least && distance < word.size()) {
-                least = distance;
-                nearest = command->get_name();
-            }
+    /// What is wrong with the command line, in the language of the program.
+    std::string problemOf(const CLI::ParseError& error) const {
+        if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) return problemOfUnknown();
+        for (const Slots::Slot& slot : deepest().slots) {
+            const bool isMissing = slot.parameter->required && slot.option->count() == 0;
+            if (isMissing) return _("{0} needs {1}.", commandPath(), writtenAs(*slot.parameter));
         }
-        return nearest;
+        // The parser names the option first: "--city: 1 required CITY missing".
+        const std::string_view text = error.what();
+        return problemOfOption(std::string(text.substr(0, text.find_first_of(": "))));
     }
 
     std::string commandPath() const {
@@ -158,6 +184,44 @@ class Parser {
     }
 
   private:
+    std::string problemOfUnknown() const {
+        const std::string unknown = app_.remaining(true).front(), nearest = nearestTo(unknown);
+        std::string problem = _("{0} does not know \"{1}\".", commandPath(), unknown);
+        if (!nearest.empty()) problem.append(" ").append(_("Did you mean \"{}\"?", nearest));
+        return problem;
+    }
+
+    std::string problemOfOption(const std::string& name) const {
+        for (const CLI::App* app = deepest().app; app != nullptr; app = app->get_parent()) {
+            for (const Slots::Slot& slot : slotsOf(app).slots) {
+                if (name != "--" + slot.parameter->name) continue;
+                if (slot.parameter->kind == Parameter::Kind::toggle) return _("{} takes no value.", name);
+                return slot.option->count() > 1 ? _("{} was given more than once.", name)
+                                                : _("{0} needs a value: {1}.", name, writtenAs(*slot.parameter));
+            }
+        }
+        return _("The command line cannot be understood at \"{}\".", name);
+    }
+
+    /// The command or option that is nearest to a word with a typing mistake; empty when none is near.
+    std::string nearestTo(const std::string& word) const {
+        std::vector<std::string> names;
+        for (const CLI::App* const command : deepest().app->get_subcommands([](const CLI::App*) { return true; })) {
+            names.push_back(command->get_name());
+        }
+        for (const Slots::Slot& slot : deepest().slots) names.push_back(slot.option->get_name());
+        std::string nearest;
+        std::size_t least = largestMistake + 1;
+        for (const std::string& name : names) {
+            const std::size_t distance = mistakesBetween(word.substr(0, word.find('=')), name);
+            if (distance < least && distance < word.size()) {
+                least = distance;
+                nearest = name;
+            }
+        }
+        return nearest;
+    }
+
     void fill(CLI::App& app, const Command& command) {
         Slots& slots = slots_.emplace_back();
         slots.command = &command;
@@ -170,7 +234,7 @@ class Parser {
         for (const Command& command : commands) {
             CLI::App& app = *parent.add_subcommand(command.name, command.summary);
             if (std::find(words_.begin(), words_.end(), command.name) == words_.end()) continue;
-            prepare(app);
+            prepare(app, width_);
             fill(app, command);
             addChildren(app, command.children);
             if (!command.children.empty()) app.require_subcommand(0, 1);
@@ -221,6 +285,7 @@ class Parser {
 
     std::vector<Parameter> common_;
     const std::vector<std::string>& words_;
+    int width_;
     CLI::App app_;
     bool wantsVersion_ = false;
     CLI::Option* version_ = nullptr;
@@ -265,12 +330,6 @@ void shieldNumbers(std::vector<std::string>& arguments) {
     }
 }
 
-std::string sentence(std::string text) {
-    while (!text.empty() && (text.back() == '\n' || text.back() == ' ')) text.pop_back();
-    if (!text.empty() && text.back() != '.') text += '.';
-    return text;
-}
-
 }  // namespace
 
 std::optional<std::string> languageOption(const std::vector<std::string>& arguments) {
@@ -291,28 +350,24 @@ std::string helpFooter(const std::vector<std::pair<const char*, const char*>>& v
     for (const auto& [name, meaning] : variables) text += "  " + padRight(name, nameWidth) + "  " + meaning + '\n';
     text.append("\n").append(_("Exit codes:")).append("\n");
     for (std::size_t code = 0; code < exitCodes.size(); ++code) {
-        text += "  " + wrapped(fmt::format("{}  {}", code, exitCodes[code]), pageWidth - 2, 5) + '\n';
+        text += fmt::format("  {}  {}\n", code, exitCodes[code]);
     }
     return text;
 }
 
 ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
-                            std::vector<std::string> arguments) {
+                            std::vector<std::string> arguments, std::optional<int> columns) {
     checkEncoding(arguments);
     shieldNumbers(arguments);
-    Parser parser(program, commands, defaultCommand, arguments);
+    const int width = std::clamp(columns.value_or(pageWidth), narrowestPage, pageWidth);
+    Parser parser(program, commands, defaultCommand, arguments, width);
     try {
         parser.parse(arguments);
     } catch (const CLI::CallForHelp&) {
         return HelpText{parser.help()};
-    } catch (const CLI::ExtrasError&) {
-        const std::string unknown = parser.firstUnknown(), nearest = parser.nearestCommand(unknown);
-        std::string problem = _("{0} does not know \"{1}\".", parser.commandPath(), unknown);
-        if (!nearest.empty()) problem.append(" ").append(_("Did you mean \"{}\"?", nearest));
-        throw Failure(ExitCode::usage, problem.append(" ").append(_("Try: {} --help", parser.commandPath())));
     } catch (const CLI::ParseError& error) {
         if (parser.wantsVersion()) return VersionRequest{};
-        throw Failure(ExitCode::usage, _("{0} Try: {1} --help", sentence(error.what()), parser.commandPath()));
+        throw Failure(ExitCode::usage, parser.problemOf(error) + " " + _("Try: {} --help", parser.commandPath()));
     }
     if (parser.wantsVersion()) return VersionRequest{};
     return parser.invocation();

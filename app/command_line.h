@@ -46,7 +46,8 @@ std::string helpFooter(const std::vector<std::pair<const char*, const char*>>& v
 /// @param commands        all commands; may be empty
 /// @param defaultCommand  the one that runs when none is named
 /// @param arguments       without the program's name
+/// @param columns         of the terminal, for which help is laid out
 ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
-                            std::vector<std::string> arguments);
+                            std::vector<std::string> arguments, std::optional<int> columns = {});
 
 }  // namespace quode::app

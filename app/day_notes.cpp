@@ -10,6 +10,7 @@
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/session.h"
+#include "app/time_notes.h"
 #include "texts/translation.h"
 
 namespace quode::app {
@@ -107,10 +108,18 @@ std::string guessNote(Session& session, const ChosenPlace& place) {
 
 std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, const CityDay& day) {
     std::vector<std::string> notes;
+    const auto add = [&notes](std::string note) {
+        if (!note.empty()) notes.push_back(std::move(note));
+    };
+    add(iqamaLine(session, day));
     addFallbacks(session, day, notes);
-    for (std::string& note : missingNotes(session, day)) notes.push_back(std::move(note));
-    if (isByEngine(day)) notes.push_back(ruleText(siteOf(place.city)));
-    if (std::string note = guessNote(session, place); !note.empty()) notes.push_back(std::move(note));
+    for (std::string& note : timeNotes(session, day)) add(std::move(note));
+    for (std::string& note : missingNotes(session, day)) add(std::move(note));
+    add(methodLine(siteOf(place.city)));
+    for (std::string& note : methodRemarks(day)) add(std::move(note));
+    if (isByEngine(day)) add(ruleText(siteOf(place.city)));
+    add(usualMethodNote(session, place));
+    add(guessNote(session, place));
     return notes;
 }
 

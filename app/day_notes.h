@@ -32,8 +32,8 @@ std::vector<std::string> missingNotes(Session& session, const CityDay& day);
 /// How the city was chosen, when that is a guess of Quode's, and how to choose another; empty when the user chose it.
 std::string guessNote(Session& session, const ChosenPlace& place);
 
-/// All notes of a day, for a front with a few lines below its times: fallbacks, missing times, the rule, and a guessed
-/// city.
+/// All notes of a day, for a front with a few lines below its times: iqama, where times come from, missing times, the
+/// method and its rule, the method that is usual in the country, and a guessed city.
 std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, const CityDay& day);
 
 /// The same for the present day of the home city, else of the city that stands for it; empty when neither database can

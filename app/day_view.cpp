@@ -254,7 +254,7 @@ std::vector<ZoneDisagreement> zoneProblems(Session& session, const CityRecord& c
 
 Json zoneDataJson(const CityRecord& city) {
     if (!city.known || city.known->edition.empty()) return nullptr;
-    return object({{"edition", city.known->edition}, {"of_system", city.known->isOfSystem()}});
+    return object({{"edition", city.known->edition}, {"of_system", city.known->isOfSystem}});
 }
 
 void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems) {
@@ -263,7 +263,7 @@ void printWarnings(Session& session, const std::vector<ZoneDisagreement>& proble
             _("{0}: its stored clock is {1}, that of this system {2}, {3}. The times follow the stored one.",
               problem.zone, utcOffsetText(problem.storedHours), utcOffsetText(problem.systemHours),
               daysText(session, problem));
-        session.print(session.style().warning(wrapped("! " + text, pageWidth, 2)));
+        session.print(session.style().warning(session.wrapped("! " + text, 2)));
     }
 }
 
@@ -277,7 +277,7 @@ void printHowChosen(Session& session, const ChosenPlace& place) {
     const std::string note = guessNote(session, place);
     if (note.empty()) return;
     session.print();
-    session.print(session.style().dim(wrapped(note, pageWidth, 0)));
+    session.print(session.style().dim(session.wrapped(note)));
 }
 
 }  // namespace quode::app

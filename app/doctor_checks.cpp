@@ -293,14 +293,27 @@ std::vector<StoredZone> zonesOfUser(Session& session, const Known& known) {
     return zones;
 }
 
-// "Europe/Istanbul; zone data 2026f".
+// What the clocks of zones rest on: "zone data 2026f"; empty where that is not known.
+std::string originText(const StoredZone& zone) {
+    if (!zone.known || zone.known->edition.empty()) return "";
+    return zone.known->isOfSystem ? _("zone data {} of this system", zone.known->edition)
+                                  : _("zone data {}", zone.known->edition);
+}
+
+// "Europe/Istanbul, Europe/Berlin; zone data 2026f", once more for zones of other data.
 std::string zonesText(const std::vector<StoredZone>& zones) {
-    std::string names;
-    for (const StoredZone& zone : zones) names += (names.empty() ? "" : ", ") + zone.name;
-    const auto& known = zones.front().known;
-    if (!known || known->edition.empty()) return names;
-    if (known->isOfSystem()) return _("{}; zone data {} of this system", names, known->edition);
-    return _("{}; zone data {}", names, known->edition);
+    std::vector<std::pair<std::string, std::string>> groups;  // origin, names
+    for (const StoredZone& zone : zones) {
+        const std::string origin = originText(zone);
+        auto group = std::ranges::find(groups, origin, &std::pair<std::string, std::string>::first);
+        if (group == groups.end()) group = groups.insert(groups.end(), {origin, ""});
+        group->second += (group->second.empty() ? "" : ", ") + zone.name;
+    }
+    std::string text;
+    for (const auto& [origin, names] : groups) {
+        text += (text.empty() ? "" : "; ") + names + (origin.empty() ? "" : "; " + origin);
+    }
+    return text;
 }
 
 Finding checkZoneRules(Session& session, const Known& known) {
@@ -311,7 +324,7 @@ Finding checkZoneRules(Session& session, const Known& known) {
         return found;
     }
     std::vector<StoredZone> zones = zonesOfUser(session, known);
-    found.text = zones.empty() ? "no city to compare the clock of" : zonesText(zones);
+    found.text = zones.empty() ? _("no city to compare the clock of") : zonesText(zones);
     // Older data of the system cannot say that a clock is wrong.
     std::erase_if(zones, [](const StoredZone& zone) { return zone.known && zone.known->systemIsOlder(); });
     const auto today = std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(session.now()));
@@ -321,8 +334,7 @@ Finding checkZoneRules(Session& session, const Known& known) {
         if (!each.unknownToSystem) found.state = State::problem;
     }
     if (problems.empty()) return found;
-    found.text =
-        found.state == State::problem ? _("a stored clock differs from that of this system") : _("cannot be compared");
+    if (found.state == State::problem) found.text = _("a stored clock differs from that of this system");
     if (found.state == State::ok) found.state = State::note;
     found.advice = _("{}. Update Quode and the zone data of the system (tzdata).", problems);
     return found;
@@ -330,7 +342,7 @@ Finding checkZoneRules(Session& session, const Known& known) {
 
 // The rule behind the times of the city that is shown when none is named.
 Finding namedRule(Session& session, const Known& known) {
-    Finding found{"rule", "Rule", State::ok, "", ""};
+    Finding found{"rule", _("Rule"), State::ok, "", ""};
     if (known.hasCityDatabase) {
         const auto home = std::ranges::find(known.cities, true, &UserCity::isHome);
         const bool isKnown = home != known.cities.end() && home->city;

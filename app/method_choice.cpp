@@ -136,6 +136,30 @@ const Convention& conventionNamed(const std::string& key) {
     throw Failure(ExitCode::notFound, _("No method is called \"{}\". Show all of them with: quode method list", key));
 }
 
+void checkMethod(const Method& method) {
+    using conventions::MethodProblem;
+    const std::optional<MethodProblem> problem = conventions::problemOf(method);
+    if (!problem) return;
+    switch (*problem) {
+        case MethodProblem::unknownKey:
+            refuse(_("No method is called \"{}\". Show all of them with: quode method list", method.key));
+        case MethodProblem::ownRules:
+            refuse(
+                _("The method \"quode\" has its own rules; only the shadow of Asr and minutes can be changed. Choose "
+                  "another one, such as mwl, for other angles."));
+        case MethodProblem::asrFactor:
+            refuse(_("The shadow of Asr is \"standard\" or \"hanafi\"."));
+        case MethodProblem::angle:
+            refuse(_("An angle lies between 5 and 25 degrees."));
+        case MethodProblem::height:
+            refuse(_("A height lies between 0 and 9000 metres."));
+        case MethodProblem::minutes:
+            refuse(_("An adjustment lies between -120 and 120 minutes."));
+        case MethodProblem::unknownZone:
+            refuse(_("No zone of this method is called \"{}\". Show them with: quode method show jakim", method.zone));
+    }
+}
+
 Method methodWith(Method method, const Arguments& arguments) {
     if (const auto asr = arguments.text("asr")) method.asrFactor = *asr == "hanafi" ? hanafiFactor : 1;
     if (const auto rule = arguments.text("high-latitude")) {
@@ -149,7 +173,7 @@ Method methodWith(Method method, const Arguments& arguments) {
     if (const auto height = numberArgument(arguments, "height")) method.height = height;
     if (const auto zone = arguments.text("zone")) method.zone = *zone;
     if (const auto minutes = arguments.text("adjust")) readAdjustments(*minutes, method);
-    if (const auto problem = conventions::problemOf(method)) refuse(*problem);
+    checkMethod(method);
     return method;
 }
 
@@ -164,7 +188,7 @@ void useMethod(Session& session, const Arguments& arguments, ChosenPlace& place)
     }
     if (const auto height = numberArgument(arguments, "height")) {
         choice.method.height = height;
-        if (const auto problem = conventions::problemOf(choice.method)) refuse(*problem);
+        checkMethod(choice.method);
     }
 }
 
@@ -186,7 +210,7 @@ std::string methodLine(const Site& site) {
 
 void printMethod(Session& session, const Site& site) {
     const std::string line = methodLine(site);
-    if (!line.empty()) session.print(session.style().dim(wrapped(line, pageWidth, 0)));
+    if (!line.empty()) session.print(session.style().dim(session.wrapped(line)));
 }
 
 bool isByEngine(const CityDay& day) {
@@ -226,10 +250,11 @@ std::vector<std::string> methodNotes(const CityDay& day) {
     return notes;
 }
 
-std::optional<std::string> sourceNote(const CityDay& day, int code) {
-    const TimeMark& mark = day.method.mark(code);
-    if (timeOfPrayer(day, code) == missingTime) return std::nullopt;
-    switch (mark.source) {
+namespace {
+
+// Empty for the method itself.
+std::string originOf(const CityDay& day, TimeSource source) {
+    switch (source) {
         case TimeSource::highLatitude:
             return _("by the rule for high latitudes: the Sun does not sink far enough, or too late in the night");
         case TimeSource::otherLatitude:
@@ -240,11 +265,21 @@ std::optional<std::string> sourceNote(const CityDay& day, int code) {
         case TimeSource::table:
             return _("of the imported table");
         default:
-            break;
+            return "";
     }
-    if (mark.adjusted != 0)
-        return _n("with your adjustment of {:+d} minute", "with your adjustment of {:+d} minutes", mark.adjusted);
-    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string> sourceNote(const CityDay& day, int code) {
+    const TimeMark& mark = day.method.mark(code);
+    if (timeOfPrayer(day, code) == missingTime) return std::nullopt;
+    std::string note = originOf(day, mark.source);
+    if (mark.adjusted != 0) {
+        if (!note.empty()) note += "; ";
+        note += _n("with your adjustment of {:+d} minute", "with your adjustment of {:+d} minutes", mark.adjusted);
+    }
+    return note.empty() ? std::nullopt : std::optional(note);
 }
 
 Json methodJson(const CityDay& day) {

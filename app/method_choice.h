@@ -25,6 +25,9 @@ std::vector<Parameter> methodChangeParameters();
 /// A method with the changes that the arguments name. Throws `Failure` (usage).
 conventions::Method methodWith(conventions::Method method, const Arguments& arguments);
 
+/// Throws `Failure` (usage) when a method cannot be used.
+void checkMethod(const conventions::Method& method);
+
 /// Takes the method of --method for a place; an imported table is left aside then. A point in a zone of JAKIM gets the
 /// clock of Malaysia, though the nearest city may lie across the border. Throws `Failure` (usage).
 void useMethod(Session& session, const Arguments& arguments, ChosenPlace& place);

@@ -26,14 +26,18 @@ struct Point {
     double longitude = 0.0;
 };
 
-/// The coordinates that a text gives; nothing when it is no pair of numbers.
+/// The coordinates that a text gives; nothing when it is no pair of numbers. Throws `Failure` (usage) when one of two
+/// is a number.
 std::optional<Point> pointOf(std::string_view text) {
     const std::size_t comma = text.find(',');
     if (comma == std::string_view::npos) return std::nullopt;
-    const auto latitude = numberOf<double>(text.substr(0, comma));
-    const auto longitude = numberOf<double>(text.substr(comma + 1));
-    if (!latitude || !longitude) return std::nullopt;
-    return Point{*latitude, *longitude};
+    const std::string_view first = trimmed(text.substr(0, comma)), second = trimmed(text.substr(comma + 1));
+    const auto latitude = numberOf<double>(first), longitude = numberOf<double>(second);
+    if (latitude && longitude) return Point{*latitude, *longitude};
+    if (!latitude && !longitude) return std::nullopt;
+    throw Failure(ExitCode::usage, _("{0} \"{1}\" is not a number. Write LATITUDE,LONGITUDE in degrees, north and east "
+                                     "positive.",
+                                     latitude ? _("Longitude") : _("Latitude"), latitude ? second : first));
 }
 
 ChosenPlace placeAt(const CityDatabase& cities, const Point& point) {
@@ -198,9 +202,9 @@ void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates
     const std::string coordinates = coordinatesText(city.latitude, city.longitude, session.decimalMark());
     const int used = displayWidth(city.name) + 2 + displayWidth(where);
     if (!withCoordinates) return session.print(style.strong(city.name) + "  " + where);
-    const bool fits = used + 2 + displayWidth(coordinates) <= pageWidth;
+    const bool fits = used + 2 + displayWidth(coordinates) <= session.textWidth();
     session.print(style.strong(city.name) + "  " + where +
-                  (fits ? style.dim(padLeft(coordinates, pageWidth - used)) : ""));
+                  (fits ? style.dim(padLeft(coordinates, session.textWidth() - used)) : ""));
     if (!fits) session.print(style.dim(coordinates));
 }
 

@@ -76,14 +76,14 @@ void setRinger(Session& session, UserDatabase& database, Ringer ringer) {
 void printRinger(Session& session, const RingerState& state) {
     const Style& style = session.style();
     if (!state.isReady()) {
-        session.print(style.warning(wrapped("! " + state.problem, pageWidth, 2)));
+        session.print(style.warning(session.wrapped("! " + state.problem, 2)));
         return session.print("  " + state.remedy);
     }
     const std::string_view text =
         state.ringer == Ringer::quode
             ? _("The alarm service of Quode rings; it is running.")
             : _("Evolution rings, by its reminders; the alarm service of Quode renews the events.");
-    session.print(style.dim(wrapped(text, pageWidth, 0)));
+    session.print(style.dim(session.wrapped(text)));
 }
 
 Json ringerJson(const RingerState& state) {

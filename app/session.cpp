@@ -3,7 +3,6 @@
 #include "app/session.h"
 
 #include "app/dates.h"
-#include "app/text_layout.h"
 #include "common/captions.h"
 #include "common/labels.h"
 #include "common/prayer.h"
@@ -12,6 +11,31 @@
 #include "texts/translation.h"
 
 namespace quode::app {
+
+/// The habits of one locale with the names of another.
+class TranslatedLocale : public Locale {
+  public:
+    explicit TranslatedLocale(std::shared_ptr<Locale> habits) : habits_(std::move(habits)), names_(habits_) {}
+
+    void takeNamesOf(std::shared_ptr<Locale> other) { names_ = std::move(other); }
+    void takeOwnNames() { names_ = habits_; }
+
+    std::string amSymbol() const override { return habits_->amSymbol(); }
+    std::string pmSymbol() const override { return habits_->pmSymbol(); }
+    std::string monthName(int month) const override { return names_->monthName(month); }
+    std::string shortMonthName(int month) const override { return names_->shortMonthName(month); }
+    std::string weekdayName(int weekday) const override { return names_->weekdayName(weekday); }
+    std::string shortWeekdayName(int weekday) const override { return names_->shortWeekdayName(weekday); }
+    std::string decimalMark() const override { return names_->decimalMark(); }
+    std::string hourPattern() const override { return habits_->hourPattern(); }
+    std::string lowerAmSymbol() const override { return habits_->lowerAmSymbol(); }
+    std::string lowerPmSymbol() const override { return habits_->lowerPmSymbol(); }
+
+  private:
+    std::shared_ptr<Locale> habits_;
+    std::shared_ptr<Locale> names_;
+};
+
 namespace {
 
 /// The machine's clock, stopped at a moment.
@@ -28,28 +52,6 @@ class StoppedClock : public Clock {
   private:
     std::shared_ptr<Clock> clock_;
     std::chrono::sys_seconds moment_;
-};
-
-/// The habits of one locale with the month names of another.
-class TranslatedLocale : public Locale {
-  public:
-    TranslatedLocale(std::shared_ptr<Locale> habits, std::shared_ptr<Locale> names)
-        : habits_(std::move(habits)), names_(std::move(names)) {}
-
-    std::string amSymbol() const override { return habits_->amSymbol(); }
-    std::string pmSymbol() const override { return habits_->pmSymbol(); }
-    std::string monthName(int month) const override { return names_->monthName(month); }
-    std::string shortMonthName(int month) const override { return names_->shortMonthName(month); }
-    std::string weekdayName(int weekday) const override { return names_->weekdayName(weekday); }
-    std::string shortWeekdayName(int weekday) const override { return names_->shortWeekdayName(weekday); }
-    std::string decimalMark() const override { return names_->decimalMark(); }
-    std::string hourPattern() const override { return habits_->hourPattern(); }
-    std::string lowerAmSymbol() const override { return habits_->lowerAmSymbol(); }
-    std::string lowerPmSymbol() const override { return habits_->lowerPmSymbol(); }
-
-  private:
-    std::shared_ptr<Locale> habits_;
-    std::shared_ptr<Locale> names_;
 };
 
 /// "tr" for "tr_TR.UTF-8".
@@ -90,6 +92,7 @@ Session::Session(Environment environment, const Options& options)
       options_(options),
       language_(options_.language ? *options_.language : speakChosenLanguage(environment_, {})),
       drawsOnTerminal_(isTerminal(environment_)) {
+    if (const auto columns = terminalColumns(environment_)) columns_ = std::max(*columns, narrowestPage);
     style_.colours = drawsOnTerminal_ && !options_.noColours && !nonEmpty(environment_, "NO_COLOR");
 }
 
@@ -149,7 +152,6 @@ const CityDatabase& Session::cities() {
 GlobalFuncs& Session::services() {
     if (services_ != nullptr) return *services_;
     clock();
-    const std::string locale = localeNameFrom(environment_);
     Platform platform = systemPlatform();
     homeClock();
     platform.clock = homeClock_;
@@ -158,15 +160,32 @@ GlobalFuncs& Session::services() {
     platform.dataFolder = dataFolder().string();
     platform.zoneFolder = zoneFolder().string();
     if (device_) platform.device = device_;
-    if (language_.isGiven && language_.code != languageOfLocale(locale)) {
-        platform.locale = std::make_shared<TranslatedLocale>(platform.locale, systemLocale(language_.code));
-    }
+    locale_ = std::make_shared<TranslatedLocale>(platform.locale);
+    platform.locale = locale_;
     services_ = &GlobalFuncs::startUp(platform);
     services_->setApplicationBundlePath(bundle().string());
     if (const auto& problem = services_->dataFolderProblem()) tell(*problem);
+    chooseLanguageOfServices();
+    return *services_;
+}
+
+void Session::chooseLanguageOfServices() {
+    const bool isOfLocale = language_.code == languageOfLocale(localeNameFrom(environment_));
+    if (language_.isGiven && !isOfLocale) {
+        locale_->takeNamesOf(systemLocale(language_.code));
+    } else {
+        locale_->takeOwnNames();
+    }
     // The widget has packs of four languages; its texts are English in every other one.
     if (!services_->chooseLanguage(language_.code)) services_->chooseLanguage("en");
-    return *services_;
+    textsAreLoaded_ = false;
+}
+
+void Session::speak(const LanguageChoice& language) {
+    if (language.code == language_.code && language.isGiven == language_.isGiven) return;
+    language_ = language;
+    useLanguage(language.code, bundle());
+    if (services_ != nullptr) chooseLanguageOfServices();
 }
 
 bool Session::isTurkish() {
@@ -225,9 +244,22 @@ void Session::complain(std::string_view message, ExitCode code) {
     exitCode_ = code;
 }
 
+std::string Session::wrapped(std::string_view text, int indentation) const {
+    return app::wrapped(text, textWidth(), indentation);
+}
+
 void Session::print(std::string_view line) {
+    printData(columns_ ? fitted(line, *columns_) : std::string(line));
+}
+
+void Session::printData(std::string_view line) {
     output_ += line;
     output_ += '\n';
+}
+
+void Session::print(const TextTable& table, int indentation) {
+    const std::string blanks(static_cast<std::size_t>(indentation), ' ');
+    for (const std::string& row : table.lines(rowWidth() - indentation)) print(blanks + indented(row, indentation));
 }
 
 }  // namespace quode::app

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -13,6 +14,7 @@
 #include "app/failure.h"
 #include "app/json.h"
 #include "app/terminal.h"
+#include "app/text_layout.h"
 #include "common/GlobalFuncs.h"
 #include "companion/language.h"
 #include "data/CityDatabase.h"
@@ -22,6 +24,8 @@
 #include "platform/EventStore.h"
 
 namespace quode::app {
+
+class TranslatedLocale;
 
 /// What a command works with: the clock, the cities, the words of the language, and the output. Each part is made when
 /// it is first asked for, so that a command pays only for what it shows.
@@ -74,6 +78,9 @@ class Session {
     /// for.
     void setDevice(std::shared_ptr<Device> device) { device_ = std::move(device); }
 
+    /// Speaks another language from now on, the shared services with it.
+    void speak(const LanguageChoice& language);
+
     /// The shared services, in the language that was chosen.
     GlobalFuncs& services();
 
@@ -102,8 +109,21 @@ class Session {
     const Style& style() const { return style_; }
     bool drawsOnTerminal() const { return drawsOnTerminal_; }
 
-    /// Adds a line to the output.
+    /// The columns that output is laid out for: those of the terminal, else those of a page.
+    int width() const { return columns_.value_or(pageWidth); }
+    /// Those of a text for reading.
+    int textWidth() const { return std::min(width(), pageWidth); }
+    /// Those that rows are broken at; without a terminal they are not, for another program may read them.
+    int rowWidth() const { return columns_.value_or(unlimitedWidth); }
+    /// A text in lines that fit; later ones begin with blanks.
+    std::string wrapped(std::string_view text, int indentation = 0) const;
+
+    /// Adds a line to the output; it is wrapped where the terminal is narrower.
     void print(std::string_view line = "");
+    /// Adds a line as it is: for another program to read.
+    void printData(std::string_view line);
+    /// Adds the lines of a table, after blanks.
+    void print(const TextTable& table, int indentation);
     /// Adds bytes to the output as they stand.
     void write(std::string_view bytes) { output_ += bytes; }
     /// Adds a JSON document to the output.
@@ -127,14 +147,17 @@ class Session {
   private:
     Clock& clock();
     GlobalFuncs& servicesWithTexts();
+    void chooseLanguageOfServices();
 
     Environment environment_;
     Options options_;
     LanguageChoice language_;
     bool drawsOnTerminal_ = false;
+    std::optional<int> columns_;  // of the terminal, where it is known
     Style style_;
     std::shared_ptr<Clock> clock_;
     std::shared_ptr<HomeClock> homeClock_;
+    std::shared_ptr<TranslatedLocale> locale_;
     std::shared_ptr<EventStore> calendar_;
     std::shared_ptr<Device> device_;
     std::optional<CityDatabase> cities_;

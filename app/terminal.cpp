@@ -3,11 +3,15 @@
 #include "app/terminal.h"
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 
+#include "app/text_layout.h"
+#include "common/numbers.h"
 #include "common/printable.h"
 
 namespace quode::app {
@@ -50,6 +54,15 @@ bool isTerminal(const Environment& environment) {
     return isatty(STDOUT_FILENO) == 1 && environment("TERM").value_or("dumb") != "dumb";
 }
 
+std::optional<int> terminalColumns(const Environment& environment) {
+    constexpr int mostColumns = 10'000;
+    const auto named = numberOf<int>(environment("COLUMNS").value_or(""));
+    winsize size{};
+    if (named && *named > 0 && *named <= mostColumns) return named;
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return std::nullopt;
+    return size.ws_col;
+}
+
 void guardStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -65,7 +78,12 @@ WriteResult writeOutput(std::string_view text) {
 }
 
 void writeMessage(std::string_view text) {
-    writeAll(STDERR_FILENO, std::string(program_invocation_short_name) + ": " + printableLines(text) + "\n");
+    std::string message = std::string(program_invocation_short_name) + ": " + printableLines(text);
+    winsize size{};
+    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+        message = fitted(message, std::max(narrowestPage, int{size.ws_col}));
+    }
+    writeAll(STDERR_FILENO, message + "\n");
 }
 
 }  // namespace quode::app

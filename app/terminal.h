@@ -3,6 +3,7 @@
 // What is known of the terminal, and writing to it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,10 @@ struct Style {
 
 /// True when the standard output is a terminal that can be drawn on.
 bool isTerminal(const Environment& environment);
+
+/// The columns of the terminal to which the output goes: what $COLUMNS says, else the terminal itself. Nothing where
+/// neither tells it.
+std::optional<int> terminalColumns(const Environment& environment);
 
 /// Keeps the standard streams from being taken by the next file that is opened, and a reader who goes away from ending
 /// the program silently. To be called first.

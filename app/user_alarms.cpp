@@ -111,7 +111,7 @@ void printTable(Session& session, const UserAlarms& all) {
     for (const UserAlarm& alarm : all.alarms) {
         table.add(rowOf(session, all, alarm, !rings.empty() && rings.front().code == alarm.code));
     }
-    const std::vector<std::string> lines = table.lines();
+    const std::vector<std::string> lines = table.lines(session.rowWidth());
     const Style& style = session.style();
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const bool isNext = lines[i].starts_with("›");

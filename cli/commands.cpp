@@ -64,7 +64,7 @@ std::vector<Command> allCommands() {
             "alarm", _("Alarms for the prayers"),
             {alarmListCommand(), alarmSetCommand(), alarmOnCommand(), alarmOffCommand(), alarmDaysCommand(),
              alarmRemindCommand(), alarmSkipCommand(), alarmMuteCommand(), alarmUpcomingCommand(), alarmTestCommand()}),
-        group("method", "The method of the times, and your own minutes",
+        group("method", _("The method of the times, and your own minutes"),
               {methodListCommand(), methodShowCommand(), methodSuggestCommand(), methodCompareCommand(),
                methodSetCommand(), methodImportCommand(), methodRemoveTableCommand()}),
         with(iqamaCommand(), {iqamaSetCommand(), iqamaRemoveCommand()}),

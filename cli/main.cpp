@@ -19,7 +19,8 @@ Session::Options optionsOf(const Arguments& arguments, const LanguageChoice& lan
 ExitCode run(const std::vector<std::string>& arguments) {
     const LanguageChoice language = speakChosenLanguage(processEnvironment(), languageOption(arguments));
     const std::vector<Command> commands = allCommands();
-    const ParsedLine line = parseCommandLine(quodeProgram(), commands, commands.front(), arguments);
+    const ParsedLine line =
+        parseCommandLine(quodeProgram(), commands, commands.front(), arguments, terminalColumns(processEnvironment()));
     if (const auto* help = std::get_if<HelpText>(&line)) return writtenOrFailed(help->text, ExitCode::ok);
     if (std::holds_alternative<VersionRequest>(line)) {
         Session session(processEnvironment(), {language});

@@ -33,7 +33,7 @@ std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& 
             table.add({position, "?", std::string(_("no longer in the city database")), "", id, home});
         }
     }
-    return table.lines();
+    return table.lines(width == Width::nameOnly ? session.rowWidth() : unlimitedWidth);
 }
 
 void printCities(Session& session, const std::vector<UserCity>& cities) {
@@ -41,7 +41,8 @@ void printCities(Session& session, const std::vector<UserCity>& cities) {
     std::vector<std::string> lines;
     for (const Width width : {Width::withZone, Width::withRegion, Width::nameOnly}) {
         lines = linesOf(session, cities, width);
-        if (std::ranges::all_of(lines, [](const auto& line) { return displayWidth(line) <= pageWidth; })) break;
+        if (std::ranges::all_of(lines, [&](const auto& line) { return displayWidth(line) <= session.textWidth(); }))
+            break;
     }
     for (std::size_t i = 0; i < lines.size(); ++i) {
         session.print(cities[i].isHome ? session.style().strong(lines[i]) : lines[i]);

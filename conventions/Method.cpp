@@ -134,28 +134,20 @@ std::optional<Convention> conventionOf(const Method& method) {
     return convention;
 }
 
-std::optional<std::string> problemOf(const Method& method) {
+std::optional<MethodProblem> problemOf(const Method& method) {
     const Convention* convention = findConvention(method.key);
-    if (convention == nullptr) {
-        return "No method is called \"" + method.key + "\". Show them with: quode method list";
-    }
-    if (convention->computation == Computation::engine && changesRules(method)) {
-        return "The method \"quode\" has its own rules; only the shadow of Asr and minutes can be changed. Choose "
-               "another one, such as mwl, for other angles.";
-    }
-    if (method.asrFactor < 0 || method.asrFactor > 2) return "The shadow of Asr is \"standard\" or \"hanafi\".";
-    if (!isAngle(method.fajrAngle) || !isAngle(method.ishaAngle)) return "An angle lies between 5 and 25 degrees.";
-    if (method.height && !(*method.height >= 0.0 && *method.height <= largestHeight)) {
-        return "A height lies between 0 and 9000 metres.";
-    }
+    if (convention == nullptr) return MethodProblem::unknownKey;
+    if (convention->computation == Computation::engine && changesRules(method)) return MethodProblem::ownRules;
+    if (method.asrFactor < 0 || method.asrFactor > 2) return MethodProblem::asrFactor;
+    if (!isAngle(method.fajrAngle) || !isAngle(method.ishaAngle)) return MethodProblem::angle;
+    if (method.height && !(*method.height >= 0.0 && *method.height <= largestHeight)) return MethodProblem::height;
     for (const int minutes : method.adjust) {
-        if (std::abs(minutes) > largestAdjustment) return "An adjustment lies between -120 and 120 minutes.";
+        if (std::abs(minutes) > largestAdjustment) return MethodProblem::minutes;
     }
     const auto zones = jakimZones();
-    if (!method.zone.empty() && (convention->point != PointRule::jakimZones ||
-                                 std::ranges::find(zones, method.zone, &JakimZone::key) == zones.end())) {
-        return "No zone of this method is called \"" + method.zone + "\". Show them with: quode method show jakim";
-    }
+    const bool hasZone = convention->point == PointRule::jakimZones &&
+                         std::ranges::find(zones, method.zone, &JakimZone::key) != zones.end();
+    if (!method.zone.empty() && !hasZone) return MethodProblem::unknownZone;
     return std::nullopt;
 }
 

@@ -40,9 +40,20 @@ std::optional<Method> methodOf(std::string_view text);
 /// @return nothing when the key is unknown
 std::optional<Convention> conventionOf(const Method& method);
 
-/// What is wrong with a method, as a sentence for the user.
+/// Why a method cannot be used.
+enum class MethodProblem {
+    unknownKey,   ///< no convention has its key
+    ownRules,     ///< Quode's own method takes the shadow of Asr and minutes, nothing else
+    asrFactor,    ///< neither standard nor Hanafi
+    angle,        ///< not from 5 to 25 degrees
+    height,       ///< not from 0 to 9000 metres
+    minutes,      ///< more than 120
+    unknownZone,  ///< the convention has no such zone
+};
+
+/// What is wrong with a method.
 /// @return nothing when the method can be used
-std::optional<std::string> problemOf(const Method& method);
+std::optional<MethodProblem> problemOf(const Method& method);
 
 /// The name of a prayer as users type it: fajr, sunrise, dhuhr, asr, maghrib, isha.
 std::string_view nameOf(Prayer prayer);

@@ -28,7 +28,7 @@ constexpr const char* cityQuery =
     "                           AND   C.ID=";
 
 // Columns of `cityRecordSql`.
-constexpr int zoneNameColumn = 9, zoneDaysColumn = 20;
+constexpr int zoneNameColumn = 9, zoneClockColumn = 20;
 
 // True when the record is intact: a damaged page would give wrong times. A database without checksums has only the
 // tables of the query, and gives no record here.
@@ -88,7 +88,8 @@ void City::getAllCityInfo(City& city) const {
     city.temkin_ = column(13);
     if (!record) return;
     ZoneSource zones(database.get(), globalFuncs_->platform().zoneFolder);
-    correctClock(city, zones.of(sqlite::text(record.get(), zoneNameColumn), sqlite::text(record.get(), zoneDaysColumn)),
+    correctClock(city,
+                 zones.of(sqlite::text(record.get(), zoneNameColumn), sqlite::text(record.get(), zoneClockColumn)),
                  civilDate(globalFuncs_->GetCurrentDateTime()));
 }
 

@@ -94,7 +94,7 @@ std::optional<CityRecord> CityDatabase::largestCityOfZone(std::string_view zone)
 
 std::vector<StoredZone> CityDatabase::zones() const {
     const sqlite::Statement row = connection_->query(
-        "SELECT Z.NAME, Z.GMT, D.DST, D.STARTMONTH, D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, Z.DAYS "
+        "SELECT Z.NAME, Z.GMT, D.DST, D.STARTMONTH, D.STARTDAY, D.STOPMONTH, D.STOPDAY, D.HOUR, Z.CLOCK "
         "FROM ZONE Z JOIN DST D ON D.DSTID = Z.DSTID ORDER BY Z.NAME");
     std::vector<StoredZone> zones;
     const auto integer = [&row](int column) { return sqlite3_column_int(row.get(), column); };

@@ -13,7 +13,7 @@
 
 #include "data/CityMatch.h"
 #include "data/SiteChoice.h"
-#include "data/zone_days.h"
+#include "data/zone_clock.h"
 #include "data/zone_rules.h"
 
 namespace quode {

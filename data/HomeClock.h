@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "data/zone_days.h"
+#include "data/zone_clock.h"
 #include "platform/Clock.h"
 
 namespace quode {

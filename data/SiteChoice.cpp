@@ -8,10 +8,10 @@ namespace quode {
 namespace {
 
 constexpr const char* methodQuery = "SELECT METHOD, HEIGHT FROM USER_METHOD WHERE CITYID = ?1";
+constexpr const char* iqamaQuery = "SELECT TIMES FROM USER_IQAMA WHERE CITYID = ?1";
 constexpr const char* nameQuery = "SELECT NAME FROM USER_TIMETABLE WHERE CITYID = ?1";
 constexpr const char* rowsQuery = "SELECT DAY, TIMES FROM USER_TIMETABLE_ROW WHERE CITYID = ?1";
-constexpr const char* iqamaQuery = "SELECT TIMES FROM USER_IQAMA WHERE CITYID = ?1";
-constexpr int lockPatienceMs = 2000;
+constexpr int lockPatienceMs = 200;  // for programs that draw
 
 /// A query for a city; null when the table does not exist yet.
 sqlite::Statement queryOf(sqlite3* database, const char* sql, int cityId) {
@@ -25,6 +25,7 @@ void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
     if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
     const auto method = conventions::methodOf(sqlite::text(row.get(), 0));
     choice.isUnreadable = !method;
+    choice.isChosen = true;
     if (method) choice.method = *method;
     choice.height = sqlite3_column_double(row.get(), 1);
 }
@@ -41,6 +42,7 @@ void readTable(sqlite3* database, int cityId, SiteChoice& choice) {
         if (row) table->rows.emplace(sqlite3_column_int(rows.get(), 0), *row);
     }
     choice.table = std::move(table);
+    choice.isChosen = true;
 }
 
 void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {

@@ -21,6 +21,7 @@ struct SiteChoice {
     double height = 0.0;                     ///< metres above sea level, from the city database
     std::shared_ptr<const Timetable> table;  ///< nullptr: no table is imported
     IqamaRules iqama;                        ///< for days without one in the table
+    bool isChosen = false;                   ///< the user has chosen a method, be it the default, or imported a table
     bool isUnreadable = false;               ///< a choice is stored, but this version cannot read it
 
     /// True when the engine's own method applies to every day. The congregation's times do not matter.
@@ -28,8 +29,8 @@ struct SiteChoice {
 
     friend bool operator==(const SiteChoice& a, const SiteChoice& b) {
         const bool sameTable = a.table == b.table || (a.table && b.table && *a.table == *b.table);
-        return a.method == b.method && a.height == b.height && a.isUnreadable == b.isUnreadable && sameTable &&
-               a.iqama == b.iqama;
+        return a.method == b.method && a.height == b.height && a.isChosen == b.isChosen &&
+               a.isUnreadable == b.isUnreadable && sameTable && a.iqama == b.iqama;
     }
 };
 

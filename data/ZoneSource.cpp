@@ -17,22 +17,23 @@ constexpr const char* editionQuery = "SELECT EDITION FROM EDITION WHERE WHAT = '
 ZoneSource::ZoneSource(sqlite3* cities, std::filesystem::path zoneFolder)
     : cities_(cities), zoneFolder_(std::move(zoneFolder)) {}
 
-std::shared_ptr<const ZoneKnowledge> ZoneSource::of(const std::string& name, std::string_view days) {
+std::shared_ptr<const ZoneKnowledge> ZoneSource::of(const std::string& name, std::string_view clock) {
     std::shared_ptr<const ZoneKnowledge>& known = known_[name];
-    if (!known) known = std::make_shared<const ZoneKnowledge>(read(name, days));
+    if (!known) known = std::make_shared<const ZoneKnowledge>(read(name, clock));
     return known;
 }
 
-ZoneKnowledge ZoneSource::read(const std::string& name, std::string_view days) {
+ZoneKnowledge ZoneSource::read(const std::string& name, std::string_view clock) {
     readEditions();
     ZoneKnowledge known;
     known.edition = *edition_;
     known.systemEdition = systemEdition_;
-    if (isNewerEdition(systemEdition_, *edition_)) known.newer = SystemZone::load(zoneFolder_, name);
-    if (known.newer) {
+    if (isNewerEdition(systemEdition_, *edition_)) known.zone = SystemZone::load(zoneFolder_, name);
+    known.isOfSystem = known.zone.has_value();
+    if (known.isOfSystem) {
         known.edition = systemEdition_;
     } else {
-        known.days = zoneDaysOf(days);
+        known.zone = SystemZone::parseText(clock);
     }
     return known;
 }

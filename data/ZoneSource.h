@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/zone_days.h"
+#include "data/zone_clock.h"
 
 struct sqlite3;
 
@@ -30,12 +30,12 @@ class ZoneSource {
     ZoneSource(sqlite3* cities, std::filesystem::path zoneFolder);
 
     /// The facts of a zone; never null.
-    /// @param name  its IANA name
-    /// @param days  from the city database: the days on which it differs from its yearly rule, see `zoneDaysText`
-    std::shared_ptr<const ZoneKnowledge> of(const std::string& name, std::string_view days);
+    /// @param name   its IANA name
+    /// @param clock  its clock in the city database, see `SystemZone::parseText`
+    std::shared_ptr<const ZoneKnowledge> of(const std::string& name, std::string_view clock);
 
   private:
-    ZoneKnowledge read(const std::string& name, std::string_view days);
+    ZoneKnowledge read(const std::string& name, std::string_view clock);
     void readEditions();
 
     sqlite3* cities_;

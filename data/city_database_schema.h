@@ -7,7 +7,7 @@ namespace quode {
 /// The identification of a city database: SQLite's `application_id` and `user_version`. The edition changes with every
 /// change of the tables or of the folding of names.
 inline constexpr int cityDatabaseApplicationId = 0x51554F44;  // "QUOD"
-inline constexpr int cityDatabaseEdition = 4;
+inline constexpr int cityDatabaseEdition = 5;
 
 /// The kind of a row of CITY_NAME. Fixed values: stored in the database.
 enum class NameKind {
@@ -19,7 +19,7 @@ enum class NameKind {
 
 /// The tables. The first four, whose names and columns are fixed, are the facts of a `City`; the others serve search,
 /// display and the check of the zones.
-/// DAYS of ZONE is the `zoneDaysText` of the days on which the clock differs from the yearly rule.
+/// CLOCK of ZONE is the text of its clock from 2020 on, see `SystemZone::parseText`.
 /// FOLDED columns hold names as `foldedName` gives them. LATITUDE and LONGITUDE of CITY_POINT count hundred-thousandths
 /// of a degree. BEGINNING lists, for texts with which very many names begin, the best rows of CITY_NAME. NAME_GROUP holds
 /// the whole names of CITY_NAME grouped by length in bytes, as `nameGroup` writes them. CHECKSUM columns hold the
@@ -37,7 +37,7 @@ CREATE TABLE CITY_FACT (ID INTEGER PRIMARY KEY, POPULATION INTEGER NOT NULL, ELE
 CREATE TABLE PARENT_FACT (PARENT INTEGER PRIMARY KEY, CODE TEXT NOT NULL, FOLDED TEXT NOT NULL, ZONE INTEGER NOT NULL);
 CREATE TABLE COUNTRY_FACT (CID INTEGER PRIMARY KEY, CODE TEXT NOT NULL, FOLDEDEN TEXT NOT NULL, FOLDEDTR TEXT NOT NULL);
 CREATE TABLE ZONE (ZONE INTEGER PRIMARY KEY, NAME TEXT NOT NULL, GMT TEXT NOT NULL, DSTID INTEGER NOT NULL,
-  LARGEST INTEGER NOT NULL, DAYS TEXT NOT NULL);
+  LARGEST INTEGER NOT NULL, CLOCK TEXT NOT NULL);
 CREATE TABLE ZONE_NAME (NAME TEXT PRIMARY KEY, ZONE INTEGER NOT NULL, CHECKSUM INTEGER NOT NULL) WITHOUT ROWID;
 CREATE TABLE CITY_CHECKSUM (ID INTEGER PRIMARY KEY, CHECKSUM INTEGER NOT NULL);
 CREATE TABLE CITY_NAME (FOLDED TEXT NOT NULL, ID INTEGER NOT NULL, KIND INTEGER NOT NULL, POPULATION INTEGER NOT NULL,

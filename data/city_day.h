@@ -12,7 +12,7 @@
 #include "data/CityDatabase.h"
 #include "data/SiteChoice.h"
 #include "data/day_method.h"
-#include "data/zone_days.h"
+#include "data/zone_clock.h"
 
 namespace quode {
 
@@ -89,8 +89,8 @@ int shownMinute(double hours);
 /// The instant of a time of a day, rounded to the minute at which it is shown.
 std::chrono::sys_seconds instantOf(const CityDay& day, double hours);
 
-/// The wall clock of a place at an instant. Where only the days of changes are known, the clocks change at two o'clock
-/// standard time; prayer times use the offset at noon for the whole of such a day.
+/// The wall clock of a place at an instant. Prayer times use the offset at noon for the whole of a day on which the clocks
+/// change.
 VAKDate wallClock(const ZoneClock& clock, std::chrono::sys_seconds instant);
 
 /// The next prayer.

@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "common/numbers.h"
+
 namespace quode {
 namespace {
 
@@ -109,8 +111,8 @@ std::optional<SystemZone> SystemZone::parse(std::string_view file) {
         const std::chrono::sys_seconds moment{std::chrono::seconds(times.number(8))};
         const auto type = static_cast<std::size_t>(indexes.number(1));
         if (type >= types.size()) return std::nullopt;
-        if (!zone.transitions_.empty() && moment <= zone.transitions_.back().moment) return std::nullopt;
-        zone.transitions_.push_back({moment, types[type]});
+        if (!zone.changes_.empty() && moment <= zone.changes_.back().moment) return std::nullopt;
+        zone.changes_.push_back({moment, types[type]});
     }
     const std::optional<std::string_view> line = footer(bytes.rest());
     if (!bytes.ok() || !line) return std::nullopt;
@@ -119,14 +121,32 @@ std::optional<SystemZone> SystemZone::parse(std::string_view file) {
     return zone.afterwards_ ? std::optional(zone) : std::nullopt;
 }
 
+std::optional<SystemZone> SystemZone::parseText(std::string_view text) {
+    SystemZone zone;
+    const auto next = [&text] {
+        const auto number = takeNumber<std::int64_t>(text);
+        if (!text.empty()) text.remove_prefix(1);  // the blank or the semicolon
+        return number;
+    };
+    while (text.find(';') != std::string_view::npos) {
+        const auto moment = next(), offset = next(), isSummer = next();
+        if (!moment || !offset || !isSummer) return std::nullopt;
+        const std::chrono::sys_seconds since{std::chrono::seconds(*moment)};
+        zone.changes_.push_back({since, {static_cast<int>(*offset), *isSummer != 0}});
+    }
+    zone.afterwards_ = parsePosixZone(text);
+    if (!zone.afterwards_) return std::nullopt;
+    if (!zone.changes_.empty()) zone.first_ = zone.changes_.front().time;
+    return zone;
+}
+
 SystemZone::Time SystemZone::timeAt(std::chrono::sys_seconds moment) const {
-    const auto after =
-        std::upper_bound(transitions_.begin(), transitions_.end(), moment,
-                         [](auto time, const Transition& transition) { return time < transition.moment; });
-    if (after == transitions_.end() && afterwards_) {
+    const auto after = std::upper_bound(changes_.begin(), changes_.end(), moment,
+                                        [](auto time, const Change& change) { return time < change.moment; });
+    if (after == changes_.end() && afterwards_) {
         return {afterwards_->offsetAt(moment), afterwards_->isSummerAt(moment)};
     }
-    return after == transitions_.begin() ? first_ : std::prev(after)->time;
+    return after == changes_.begin() ? first_ : std::prev(after)->time;
 }
 
 int SystemZone::offsetAt(std::chrono::sys_seconds moment) const {

@@ -44,12 +44,12 @@ PanelMenu::PanelMenu(std::function<MenuState()> state)
     setAccessibleName("Quode");
     connect(next_, &QAction::triggered, this, &PanelMenu::openAsked);
     addSeparator();
-    connect(addAction(_("Show prayer times")), &QAction::triggered, this, &PanelMenu::openAsked);
-    copy_ = addAction(_("Copy today’s times"));
+    connect(addEntry(N_("Show prayer times")), &QAction::triggered, this, &PanelMenu::openAsked);
+    copy_ = addEntry(N_("Copy today’s times"));
     copy_->setShortcut(QKeySequence::Copy);
     connect(copy_, &QAction::triggered, this, &PanelMenu::copyAsked);
     addSeparator();
-    QAction* const city = addAction(_("Choose city…"));
+    QAction* const city = addEntry(N_("Choose city…"));
     city->setShortcut(QKeySequence::Find);
     connect(city, &QAction::triggered, this, &PanelMenu::cityAsked);
     addAlarms();
@@ -58,15 +58,16 @@ PanelMenu::PanelMenu(std::function<MenuState()> state)
     settings->setShortcut(Qt::CTRL | Qt::Key_Comma);
     connect(settings, &QAction::triggered, this, [this] { Q_EMIT settingsAsked({}); });
     addSeparator();
-    QAction* const help = addAction(_("Help"));
+    QAction* const help = addEntry(N_("Help"));
     help->setShortcut(Qt::Key_F1);
     connect(help, &QAction::triggered, this, &PanelMenu::helpAsked);
-    connect(addAction(_("About Quode")), &QAction::triggered, this, &PanelMenu::aboutAsked);
+    connect(addEntry(N_("About Quode")), &QAction::triggered, this, &PanelMenu::aboutAsked);
     addSeparator();
-    QAction* const quit = addAction(_("Quit"));
+    QAction* const quit = addEntry(N_("Quit"));
     quit->setShortcut(Qt::CTRL | Qt::Key_Q);
     connect(quit, &QAction::triggered, this, &PanelMenu::quitAsked);
     connect(this, &QMenu::aboutToShow, this, &PanelMenu::refresh);
+    setTexts();
 }
 
 // A menu that is emptied takes its entries back from the desktop; one that is deleted leaves them there.
@@ -74,8 +75,19 @@ PanelMenu::~PanelMenu() {
     clear();
 }
 
+QAction* PanelMenu::addEntry(const char* english) {
+    return texts_.emplace_back(addAction(QString()), english).first;
+}
+
+// Again with each refresh, for the language may have changed.
+void PanelMenu::setTexts() {
+    for (const auto& [action, english] : texts_) action->setText(qt(_(english)));
+    for (QAction* const action : colors_->actions()) action->setText(qt(_("Scheme {}", action->data().toInt() + 1)));
+}
+
 void PanelMenu::addAlarms() {
-    alarms_ = addMenu(_("Alarms"));
+    alarms_ = addMenu(QString());
+    texts_.emplace_back(alarms_->menuAction(), N_("Alarms"));
     connect(alarms_, &QMenu::triggered, this,
             [this](QAction* action) { Q_EMIT alarmSwitched(action->data().toInt(), action->isChecked()); });
     mute_ = addAction(_("Mute until tomorrow"));
@@ -85,10 +97,11 @@ void PanelMenu::addAlarms() {
 }
 
 void PanelMenu::addColors() {
-    colors_ = addMenu(_("Colours"));
+    colors_ = addMenu(QString());
+    texts_.emplace_back(colors_->menuAction(), N_("Colours"));
     auto* const group = new QActionGroup(colors_);
     for (int scheme = 0; scheme < colorSchemeCount; ++scheme) {
-        QAction* const action = colors_->addAction(swatchOf(scheme), qt(_("Scheme {}", scheme + 1)));
+        QAction* const action = colors_->addAction(swatchOf(scheme), QString());
         action->setCheckable(true);
         action->setData(scheme);
         group->addAction(action);
@@ -99,6 +112,7 @@ void PanelMenu::addColors() {
 
 void PanelMenu::refresh() {
     const MenuState state = state_();
+    setTexts();
     next_->setText(qt(state.next));
     copy_->setVisible(state.hasCity);
     showAlarms(state.alarms);

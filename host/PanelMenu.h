@@ -52,11 +52,14 @@ class PanelMenu : public QMenu {
     void quitAsked();
 
   private:
+    QAction* addEntry(const char* english);
+    void setTexts();
     void addAlarms();
     void addColors();
     void showAlarms(const std::vector<MenuState::Alarm>& alarms);
 
     std::function<MenuState()> state_;
+    std::vector<std::pair<QAction*, const char*>> texts_;  // in English
     QAction* next_;
     QAction* copy_;
     QMenu* alarms_;

@@ -37,10 +37,11 @@ std::vector<std::filesystem::path> userFiles(app::Session& session) {
 }  // namespace
 
 PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore> calendar,
-                           std::shared_ptr<PanelDevice> device)
+                           std::shared_ptr<PanelDevice> device, std::optional<std::string> languageOption)
     : session_(session),
       calendar_(std::move(calendar)),
       device_(std::move(device)),
+      languageOption_(std::move(languageOption)),
       window_(trayWatch_.isTrayThere() && wantsTrayIcon(session_) ? PanelStyle::popover : PanelStyle::window,
               isComposited()),
       menu_([this] { return menuState(); }),
@@ -81,6 +82,8 @@ void PanelProgram::lookAgainForWhatCannotBeRead() {
 }
 
 void PanelProgram::prepare() {
+    followLanguage(session_, languageOption_);
+    window_.setMenu(&menu_, _("Menu"));
     const QString present = prepareUserChoices(session_, *calendar_);
     window_.setNotice(told_.isEmpty() ? present : std::exchange(told_, {}));
     window_.setTheme(theme_.theme());
@@ -93,7 +96,6 @@ void PanelProgram::prepare() {
 void PanelProgram::connectPanel() {
     panel_.setFacts([this] { return panelFacts(session_); });
     panel_.setOpenRows(storedRows_);
-    window_.setMenu(&menu_, _("Menu"));
     connect(&panel_, &Panel::dismissed, this, &PanelProgram::onDismissed);
     connect(&watch_, &HomeWatch::otherChoicesWritten, this, [this] {
         showAlarms();
@@ -127,7 +129,7 @@ void PanelProgram::showTray() {
     auto files = userFiles(session_);
     files.emplace_back(zoneFile);
     toolTipWatch_ = systemMomentWatch(session_.deviceClock(), files);
-    tray_ = std::make_unique<PanelTray>([this] { return comingPrayer(session_); }, *toolTipWatch_, menu_);
+    tray_ = std::make_unique<PanelTray>([this] { return comingPrayerNow(); }, *toolTipWatch_, menu_);
     connect(tray_.get(), &PanelTray::clicked, this, [this] {
         panel_.toggle(QCursor::pos());
         lookAgainForWhatCannotBeRead();
@@ -144,6 +146,12 @@ void PanelProgram::onDismissed() {
 }
 
 // --- the entries of the menu -----------------------------------------------------------------------------------------
+
+// Of the tray, which may be looked at long after the last presentation.
+ComingPrayer PanelProgram::comingPrayerNow() {
+    followLanguage(session_, languageOption_);
+    return comingPrayer(session_);
+}
 
 MenuState PanelProgram::menuState() {
     MenuState state;
@@ -165,6 +173,7 @@ void PanelProgram::showAlarms() {
 
 void PanelProgram::switchAlarm(int code, bool isOn) {
     DatabaseFunctions database;
+    database.setPatience(DatabaseFunctions::drawingPatience);
     if (isOn) {
         database.reCalculateAlarm(code);
     } else {

@@ -31,8 +31,10 @@ class PanelProgram : public QObject {
     Q_OBJECT
 
   public:
-    /// @param session  kept by the caller, with the calendar and the device already set
-    PanelProgram(app::Session& session, std::shared_ptr<UserEventStore> calendar, std::shared_ptr<PanelDevice> device);
+    /// @param session         kept by the caller, with the calendar and the device already set
+    /// @param languageOption  the language of the command line; without one the panel follows the setting
+    PanelProgram(app::Session& session, std::shared_ptr<UserEventStore> calendar, std::shared_ptr<PanelDevice> device,
+                 std::optional<std::string> languageOption = {});
     ~PanelProgram() override;
 
     /// Opens the panel at the pointer.
@@ -49,6 +51,7 @@ class PanelProgram : public QObject {
     void onDismissed();
     void lookAgainForWhatCannotBeRead();
     MenuState menuState();
+    ComingPrayer comingPrayerNow();
     void showAlarms();
     void switchAlarm(int code, bool isOn);
     void chooseColors(int scheme);
@@ -61,6 +64,7 @@ class PanelProgram : public QObject {
     app::Session& session_;
     std::shared_ptr<UserEventStore> calendar_;
     std::shared_ptr<PanelDevice> device_;
+    std::optional<std::string> languageOption_;
     TrayWatch trayWatch_;
     PanelWindow window_;
     DesktopTheme theme_;

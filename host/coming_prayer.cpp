@@ -10,6 +10,7 @@
 
 #include "app/day_view.h"
 #include "app/next_prayer.h"
+#include "app/time_notes.h"
 #include "app/user_data.h"
 #include "texts/translation.h"
 
@@ -36,7 +37,9 @@ ComingPrayer foundComingPrayer(app::Session& session) {
     const std::optional<NextPrayer> next = nextPrayer(site, session.now());
     if (!next) return {city->name, city->name, session.now() + lookAgain};
 
-    const std::string prayer = session.prayerName(next->code) + " " + app::clockText(session, next->hours);
+    const std::string mark = app::shortMark(computeCityDay(site, next->date), next->code);
+    const std::string prayer = session.prayerName(next->code) + " " + app::clockText(session, next->hours) +
+                               (mark.empty() ? "" : " (" + mark + ")");
     const TimeBound bound = boundOf(app::timeLeft(session, *next));
     const std::string within =
         _("within {}", durationLabel(std::chrono::duration_cast<std::chrono::minutes>(bound.bound)));

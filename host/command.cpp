@@ -4,6 +4,7 @@
 
 #include "app/dates.h"
 #include "app/failure.h"
+#include "app/terminal.h"
 #include "common/numbers.h"
 #include "texts/translation.h"
 
@@ -93,7 +94,8 @@ std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
 std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(
     const std::vector<std::string>& arguments) {
     const app::Command command = panelCommand();
-    app::ParsedLine line = app::parseCommandLine(panelProgram(), {}, command, arguments);
+    app::ParsedLine line =
+        app::parseCommandLine(panelProgram(), {}, command, arguments, app::terminalColumns(processEnvironment()));
     if (auto* help = std::get_if<app::HelpText>(&line)) return std::move(*help);
     if (std::holds_alternative<app::VersionRequest>(line)) return app::VersionRequest{};
     const Arguments& given = std::get<app::Invocation>(line).arguments;

@@ -29,13 +29,13 @@ ExitCode presentOther(const Instance& instance) {
                   _("The panel is already running but does not answer. End that program and try again."));
 }
 
-ExitCode serve(Session& session, const Instance& instance) {
+ExitCode serve(Session& session, const Instance& instance, const std::optional<std::string>& languageOption) {
     auto calendar = std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
     auto device = panelDevice(chosenLayout(session));
     session.setDevice(device);
     session.setCalendar(calendar);
     session.services();
-    PanelProgram program(session, std::move(calendar), std::move(device));
+    PanelProgram program(session, std::move(calendar), std::move(device), languageOption);
     QObject::connect(&instance, &Instance::presentAsked, &program, &PanelProgram::present);
     program.present();
     startAlarmService(session.dataFolder());
@@ -46,7 +46,8 @@ ExitCode serve(Session& session, const Instance& instance) {
 
 }  // namespace
 
-ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& language) {
+ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& language,
+                      const std::optional<std::string>& languageOption) {
     chooseDisplay(environment,
                   _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
     Session session(environment, {language});
@@ -61,7 +62,7 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
     installAccessibility();
     const Instance instance("Panel");
     if (!instance.isFirst()) return presentOther(instance);
-    return serve(session, instance);
+    return serve(session, instance, languageOption);
 }
 
 }  // namespace quode::host

@@ -23,7 +23,7 @@ app::ExitCode run(const std::vector<std::string>& arguments) {
     }
     const auto& options = std::get<host::PanelOptions>(line);
     if (options.screenshot) return host::takeScreenshot(processEnvironment(), language, *options.screenshot);
-    return host::runOnDesktop(processEnvironment(), language);
+    return host::runOnDesktop(processEnvironment(), language, options.language);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include "app/day_notes.h"
 #include "app/day_view.h"
-#include "app/method_choice.h"
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "app/user_data.h"
@@ -45,22 +44,9 @@ QString datesText(app::Session& session, const VAKDate& date) {
     return qt(hijri ? civil + "\n" + app::hijriText(session, *hijri) : civil);
 }
 
-QStringList notesOf(app::Session& session, const app::ChosenPlace& place, const CityDay& day) {
-    app::Footnotes notes;
-    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-        notes.latitudeMark(session, day.times, code);
-        notes.earlierDayMark(day.times, code);
-    }
+QStringList notesOf(app::Session& session, const CityDay& day) {
     QStringList lines;
-    for (const std::string& line : notes.lines()) lines << qt(line);
-    for (const std::string& note : app::missingNotes(session, day)) lines << qt(note);
-    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-        const int minutes = day.method.mark(code).adjusted;
-        if (minutes != 0) lines << qt(_("{}: {:+d} min, adjusted by you", session.prayerName(code), minutes));
-    }
-    if (const std::string method = app::methodLine(siteOf(place.city)); !method.empty()) lines << qt(method);
-    if (app::isByEngine(day)) lines << qt(app::ruleText(siteOf(place.city)));
-    if (const std::string note = app::guessNote(session, place); !note.empty()) lines << qt(note);
+    for (const std::string& note : app::dayNotes(session, app::chooseHomePlace(session), day)) lines << qt(note);
     return lines;
 }
 
@@ -77,7 +63,7 @@ PanelFacts panelFacts(app::Session& session) {
         if (next) facts.next = nextText(session, site, *next);
         if (next) facts.nextCode = next->code;
         facts.dates = datesText(session, day.date);
-        facts.notes = notesOf(session, app::chooseHomePlace(session), day);
+        facts.notes = notesOf(session, day);
         facts.currentCode = currentPrayer(day, session.now());
         return facts;
     } catch (const std::runtime_error&) {

@@ -78,7 +78,7 @@ auto readFrom(app::Session& session, Function function)
 template <typename Function>
 QString change(app::Session& session, Function function) {
     try {
-        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+        UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock(), lockPatience);
         function(database);
         return {};
     } catch (const std::runtime_error& error) {
@@ -86,10 +86,9 @@ QString change(app::Session& session, Function function) {
     }
 }
 
-/// What the times of a city depend on; empty for the default.
+/// What is shown of the user's choice for a city.
 std::string choiceText(const SiteChoice& choice) {
-    if (choice.isDefault()) return "";
-    std::string text(1, ' ');
+    std::string text = (choice.isChosen ? " chosen " : " ") + textOf(choice.iqama) + " ";
     text.append(conventions::textOf(choice.method));
     if (!choice.table) return text;
     for (const auto& [day, row] : choice.table->rows) {
@@ -99,6 +98,13 @@ std::string choiceText(const SiteChoice& choice) {
 }
 
 }  // namespace
+
+void followLanguage(app::Session& session, const std::optional<std::string>& option) {
+    const auto settings = readFrom(session, loadSettings);
+    if (!settings) return;
+    const auto available = availableLanguages(session.bundle());
+    session.speak(chosenLanguage(option, session.environment(), settings->language, available));
+}
 
 PanelLayout chosenLayout(app::Session& session) {
     const auto settings = readFrom(session, loadSettings);
@@ -128,7 +134,8 @@ std::string shownChoices(app::Session& session) {
     const auto shown = readFrom(session, [](const UserDatabase& database) {
         const std::optional<UserCity> home = database.home();
         std::string text = home ? std::to_string(home->id) : "none";
-        text.append(" ").append(std::to_string(loadSettings(database).colorScheme));
+        const UserSettings settings = loadSettings(database);
+        text.append(" ").append(std::to_string(settings.colorScheme)).append(" ").append(settings.language);
         if (home && home->city) text.append(choiceText(home->city->choice));
         return text;
     });

@@ -19,6 +19,9 @@ namespace quode::host {
 /// alarms, and the layout of the calendar. Returned: what the user should be told; empty when all is well.
 QString prepareUserChoices(app::Session& session, UserEventStore& calendar);
 
+/// Speaks the language that the settings name now, by the rule of `chosenLanguage`. What cannot be read changes nothing.
+void followLanguage(app::Session& session, const std::optional<std::string>& option);
+
 /// The layout that the user has chosen for the panel; automatic when that cannot be read.
 PanelLayout chosenLayout(app::Session& session);
 
@@ -32,7 +35,7 @@ bool wantsTrayIcon(app::Session& session);
 bool alarmsAreMuted(app::Session& session);
 
 /// Everything that the widget is built from, in one text: home city, its method and
-/// timetable, colour scheme. What cannot be read is empty.
+/// timetable, colour scheme, language. What cannot be read is empty.
 std::string shownChoices(app::Session& session);
 
 /// The name of the home city; empty when there is none, or when that cannot be read.

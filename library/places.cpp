@@ -100,10 +100,11 @@ conventions::Method methodOf(std::string_view text) {
     if (const auto method = conventions::methodOf(text)) return *method;
     conventions::Method key;
     key.key = text.substr(0, text.find(' '));
-    const auto problem = conventions::problemOf(key);
-    throw Failure(QUODE_BAD_ARGUMENT,
-                  problem.value_or("The method \"" + std::string(text) +
-                                   "\" cannot be used. Write it like \"mwl asr=2 fajr-angle=18.5\"."));
+    const bool isUnknown = conventions::problemOf(key) == conventions::MethodProblem::unknownKey;
+    throw Failure(QUODE_BAD_ARGUMENT, isUnknown
+                                          ? "No method is called \"" + key.key + "\"."
+                                          : "The method \"" + std::string(text) +
+                                                "\" cannot be used. Write it like \"mwl asr=2 fajr-angle=18.5\".");
 }
 
 /// A method by its index; nullptr beyond the last. The table holds literals, so their texts end with a zero.

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "data/zone_clock.h"
+
 namespace quode::timetables {
 
 /// Why a file is no timetable. The message says what to do.
@@ -28,10 +30,12 @@ struct RawTable {
 };
 
 /// Reads a file of any known format. Throws `ImportError`.
-RawTable readRawTable(std::string_view content);
+/// Reads a file of any of the formats.
+/// clock  of the place, for calendars in universal time
+RawTable readRawTable(std::string_view content, const ZoneClock& clock);
 
 RawTable readCsv(std::string_view content);
 RawTable readJson(std::string_view content);
-RawTable readCalendar(std::string_view content);
+RawTable readCalendar(std::string_view content, const ZoneClock& clock);
 
 }  // namespace quode::timetables

@@ -9,6 +9,7 @@
 
 #include "conventions/Method.h"
 #include "data/name_folding.h"
+#include "texts/translation.h"
 
 namespace quode::timetables {
 namespace {
@@ -225,10 +226,10 @@ std::string nameOf(Column column) {
     if (column <= Column::isha) return std::string(conventions::nameOf(static_cast<conventions::Prayer>(column)));
     if (column >= Column::fajrIqama && column <= Column::ishaIqama) {
         const int prayer = static_cast<int>(column) - static_cast<int>(Column::fajrIqama);
-        return std::string("iqama of ").append(conventions::nameOf(static_cast<conventions::Prayer>(prayer)));
+        return _("iqama of {}", conventions::nameOf(static_cast<conventions::Prayer>(prayer)));
     }
     constexpr std::array<const char*, 6> others = {"imsak", "sabah", "date", "day", "month", "year"};
-    if (column == Column::asrHanafi) return "asr (Hanafi)";
+    if (column == Column::asrHanafi) return _("asr (Hanafi)");
     return others.at(static_cast<std::size_t>(column) - static_cast<std::size_t>(Column::imsak));
 }
 

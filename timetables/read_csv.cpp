@@ -95,8 +95,8 @@ RawTable readCsv(std::string_view content) {
               "date,fajr,sunrise,dhuhr,asr,maghrib,isha."));
     }
     RawTable table;
-    table.format =
-        std::string("CSV, separated by ") + (head.separator == '\t' ? "tabs" : std::string(1, head.separator));
+    table.format = head.separator == '\t' ? _("CSV, separated by tabs")
+                                          : _("CSV, separated by {}", std::string(1, head.separator));
     table.headings = cellsOf(lines[head.line], head.separator);
     for (std::size_t i = head.line + 1; i < lines.size(); ++i) {
         if (trimmed(lines[i]).empty()) continue;
@@ -105,11 +105,11 @@ RawTable readCsv(std::string_view content) {
     return table;
 }
 
-RawTable readRawTable(std::string_view content) {
+RawTable readRawTable(std::string_view content, const ZoneClock& clock) {
     checkText(content);
     const std::string_view start = trimmed(content.substr(content.starts_with("\xef\xbb\xbf") ? 3 : 0));
     if (start.empty()) throw ImportError(_("The file is empty."));
-    if (start.starts_with("BEGIN:VCALENDAR")) return readCalendar(content);
+    if (start.starts_with("BEGIN:VCALENDAR")) return readCalendar(content, clock);
     if (start.front() == '{' || start.front() == '[') return readJson(start);
     return readCsv(content);
 }

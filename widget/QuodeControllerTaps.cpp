@@ -48,6 +48,7 @@ void QuodeController::delegateUIFooterView_ShowAllTapped(UIFooterView&, bool sho
 
 void QuodeController::delegateUITimesView_AlarmOnOffTapped(UIButtonX& button, UITimesView& view) {
     DatabaseFunctions database;
+    database.setPatience(DatabaseFunctions::drawingPatience);
     if (database.getAlarmInfo(view.tag()).melodyName.empty()) {
         toast(keyAlarmNotSetUp);
         resetAlarmButton(button);

@@ -23,7 +23,7 @@ void printRings(Session& session, const UserAlarms& all) {
                    isSnoozed ? std::string(_("snoozed")) : offsetText(all.alarm(ring.code).offset),
                    timeUntil(session, *all.city, ring.due), soundOf(all, all.alarm(ring.code))});
     }
-    const std::vector<std::string> lines = table.lines();
+    const std::vector<std::string> lines = table.lines(session.rowWidth());
     for (std::size_t i = 0; i < lines.size(); ++i) session.print(i == 0 ? session.style().strong(lines[i]) : lines[i]);
 }
 

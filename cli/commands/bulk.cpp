@@ -16,6 +16,7 @@
 #include "cli/day_csv.h"
 #include "common/numbers.h"
 #include "data/city_days.h"
+#include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
@@ -52,9 +53,9 @@ class Selection {
         } else if (const auto id = numberOf<int>(part)) {
             ids_.push_back(*id);
         } else {
-            throw Failure(ExitCode::usage, "\"" + part +
-                                               "\" is neither \"all\" nor a country code nor the id of a place. " +
-                                               "An example: --cities TR,745044");
+            throw Failure(ExitCode::usage, _("\"{}\" is neither \"all\" nor a country code nor the id of a place. An "
+                                             "example: --cities TR,745044",
+                                             part));
         }
     }
 
@@ -74,10 +75,12 @@ std::vector<CityRecord> citiesOf(Session& session, const Arguments& arguments) {
     session.cities().forEach([&](const CityRecord& city) {
         if (selection.has(city)) cities.push_back(city);
     });
-    if (cities.empty()) throw Failure(ExitCode::notFound, "No place is selected. Try --cities all, or a country code.");
+    if (cities.empty())
+        throw Failure(ExitCode::notFound, _("No place is selected. Try --cities all, or a country code."));
     if (const auto request = arguments.text("largest")) {
         const auto count = numberOf<int>(*request);
-        if (!count || *count < 1) throw Failure(ExitCode::usage, "--largest takes a number of places, such as 1000.");
+        if (!count || *count < 1)
+            throw Failure(ExitCode::usage, _("--largest takes a number of places, such as 1000."));
         std::ranges::stable_sort(cities, std::ranges::greater(), &CityRecord::population);
         cities.resize(std::min(cities.size(), static_cast<std::size_t>(*count)));
     }
@@ -88,7 +91,7 @@ std::vector<VAKDate> daysWanted(Session& session, const Arguments& arguments, co
     const auto from = arguments.text("date"), to = arguments.text("to");
     const VAKDate begin = from ? parseDate(*from) : today(session, first);
     const std::vector<VAKDate> days = daysBetween(begin, to ? parseDate(*to) : begin);
-    if (days.empty()) throw Failure(ExitCode::usage, "The last day, --to, lies before the first one.");
+    if (days.empty()) throw Failure(ExitCode::usage, _("The last day, --to, lies before the first one."));
     return days;
 }
 
@@ -147,33 +150,32 @@ class Steps {
 };
 
 void runBulk(Session& session, const Arguments& arguments) {
-    if (session.wantsJson()) throw Failure(ExitCode::usage, "\"quode bulk\" writes CSV only. Leave --json out.");
+    if (session.wantsJson()) throw Failure(ExitCode::usage, _("\"quode bulk\" writes CSV only. Leave --json out."));
     Work work;
     work.cities = citiesOf(session, arguments);
     work.days = daysWanted(session, arguments, siteOf(work.cities.front()));
     if (work.cities.size() * work.days.size() > mostLines) {
-        throw Failure(
-            ExitCode::usage,
-            fmt::format("{} places on {} days are more than {} lines. Take fewer places or days, in several runs.",
+        throw Failure(ExitCode::usage,
+                      _("{} places on {} days are more than {} lines. Take fewer places or days, in several runs.",
                         work.cities.size(), work.days.size(), mostLines));
     }
-    session.print("id,name,region,country,date," + csvTimesHead());
+    session.printData("id,name,region,country,date," + csvTimesHead());
     for (const std::string& lines : Steps(work).run())
-        session.print(std::string_view(lines).substr(0, lines.size() - 1));
+        session.printData(std::string_view(lines).substr(0, lines.size() - 1));
 }
 
 }  // namespace
 
 Command bulkCommand() {
-    return {
-        "bulk",
-        "The times of many places, as CSV",
-        {{Parameter::Kind::option, "cities", "all|CODE|ID,...", "All places (the default), those of countries, or ids"},
-         {Parameter::Kind::option, "largest", "N", "Only the N most populous of them"},
-         {Parameter::Kind::option, "date", "YYYY-MM-DD", "The day, or the first day; else today"},
-         {Parameter::Kind::option, "to", "YYYY-MM-DD", "The last day"},
-         {Parameter::Kind::option, "format", "csv", "The form of the output", false, {"csv"}}},
-        runBulk};
+    return {"bulk",
+            _("The times of many places, as CSV"),
+            {{Parameter::Kind::option, "cities", "all|CODE|ID,...",
+              _("All places (the default), those of countries, or ids")},
+             {Parameter::Kind::option, "largest", "N", _("Only the N most populous of them")},
+             {Parameter::Kind::option, "date", "YYYY-MM-DD", _("The day, or the first day; else today")},
+             {Parameter::Kind::option, "to", "YYYY-MM-DD", _("The last day")},
+             {Parameter::Kind::option, "format", "csv", _("The form of the output"), false, {"csv"}}},
+            runBulk};
 }
 
 }  // namespace quode::cli

@@ -76,7 +76,7 @@ void printCalendar(Session& session, const CalendarDay& day) {
     }
     add(_("Season"), info.isSummerSeason ? _("day {} of the summer half-year, from 6 May", info.DayOfSeason)
                                          : _("day {} of the winter half-year, from 8 November", info.DayOfSeason));
-    for (const std::string& line : table.lines()) session.print(line);
+    session.print(table, 0);
 }
 
 void runCalendar(Session& session, const Arguments& arguments) {

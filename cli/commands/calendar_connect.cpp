@@ -24,7 +24,7 @@ Json connectionJson(Session& session, const UserSettings& settings) {
 void tell(Session& session, const UserDatabase& database, const std::string& text) {
     const UserSettings settings = loadSettings(database);
     if (session.wantsJson()) return session.printJson(connectionJson(session, settings));
-    session.print(wrapped(text, pageWidth, 0));
+    session.print(session.wrapped(text));
     if (std::ranges::none_of(database.alarms(), &UserAlarm::isOn)) return;
     session.print();
     printRinger(session, ringerState(session, settings));

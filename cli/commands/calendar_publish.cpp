@@ -21,10 +21,10 @@ Json publishedJson(const std::optional<PublishedCalendar>& calendar) {
 void tell(Session& session, const std::optional<PublishedCalendar>& calendar) {
     if (session.wantsJson()) return session.printJson(publishedJson(calendar));
     if (!calendar) return session.print(_("No calendar is published. To begin: quode calendar publish FILE"));
-    session.print(wrapped(_("{0} holds the prayers of the home city. The alarm service keeps it current. In your "
-                            "calendar program, subscribe to file://{0}.",
-                            calendar->file.string()),
-                          pageWidth, 0));
+    session.print(
+        session.wrapped(_("{0} holds the prayers of the home city. The alarm service keeps it current. In your "
+                          "calendar program, subscribe to file://{0}.",
+                          calendar->file.string())));
 }
 
 void checkFolder(const std::filesystem::path& file) {

@@ -56,7 +56,7 @@ void printHits(Session& session, const std::vector<CityHit>& hits) {
         table.add({std::to_string(hit.city.id), name, regionAndCountry(session, hit.city),
                    hit.city.population > 0 ? std::to_string(hit.city.population) : "", hit.city.zone});
     }
-    for (const std::string& line : table.lines()) session.print(line);
+    session.print(table, 0);
 }
 
 void runSearch(Session& session, const Arguments& arguments) {

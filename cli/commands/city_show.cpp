@@ -39,7 +39,7 @@ void printCity(Session& session, const ChosenPlace& place, std::optional<ClockCh
     add("", change ? clockChangeText(session, *change) : _("no summer time"));
     printPlace(session, place);
     session.print();
-    for (const std::string& line : table.lines()) session.print("  " + line);
+    session.print(table, 2);
 }
 
 void runShow(Session& session, const Arguments& arguments) {

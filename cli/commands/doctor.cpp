@@ -13,8 +13,8 @@
 namespace quode::cli {
 namespace {
 
-constexpr std::size_t textColumn = 19;
-constexpr int nameWidth = 15;
+constexpr int textColumn = 19, nameWidth = 15;
+constexpr int narrowTextColumn = 4, wideEnough = 60;  // on narrower pages the texts stand below the names
 
 const char* stateName(Finding::State state) {
     switch (state) {
@@ -40,23 +40,21 @@ Json findingsJson(const std::vector<Finding>& findings, bool isWell) {
     return object({{"ok", isWell}, {"checks", checks}});
 }
 
-/// A text in the column of the texts, in which its later lines begin too.
-std::string inColumn(const std::string& text) {
-    std::string lines = wrapped(text, pageWidth - static_cast<int>(textColumn), 0);
-    for (std::size_t at = lines.find('\n'); at != std::string::npos; at = lines.find('\n', at + 1)) {
-        lines.insert(at + 1, textColumn, ' ');
-    }
-    return lines;
-}
-
 void printFinding(Session& session, const Finding& finding) {
     const Style& style = session.style();
     const bool isProblem = finding.state == Finding::State::problem;
     const char* mark = isProblem ? "!   " : finding.state == Finding::State::note ? "–   " : "ok  ";
-    const std::string line = mark + padRight(finding.name, nameWidth) + inColumn(finding.text);
+    const bool isWide = session.textWidth() >= wideEnough;
+    const int column = isWide ? textColumn : narrowTextColumn;
+    const std::string beforeText = isWide ? "" : "\n" + std::string(narrowTextColumn, ' ');
+    const auto inColumn = [&](const std::string& text) {
+        return indented(wrapped(text, session.textWidth() - column, 0), column);
+    };
+    const std::string line =
+        mark + padRight(finding.name, isWide ? nameWidth : 0) + beforeText + inColumn(finding.text);
     session.print(isProblem ? style.warning(line) : line);
     for (const std::string& text : {finding.advice, finding.command}) {
-        if (!text.empty()) session.print(std::string(textColumn, ' ') + inColumn(text));
+        if (!text.empty()) session.print(std::string(static_cast<std::size_t>(column), ' ') + inColumn(text));
     }
 }
 

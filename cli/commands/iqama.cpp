@@ -81,7 +81,7 @@ void show(Session& session, const ChosenPlace& place) {
     }
     printPlace(session, place);
     session.print();
-    for (const std::string& line : table.lines()) session.print(line);
+    session.print(table, 0);
 }
 
 void change(Session& session, const Arguments& arguments, const std::optional<Iqama>& iqama) {

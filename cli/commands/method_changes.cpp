@@ -6,6 +6,7 @@
 #include "app/method_choice.h"
 #include "app/session.h"
 #include "app/text_layout.h"
+#include "app/time_notes.h"
 #include "cli/commands.h"
 #include "texts/translation.h"
 
@@ -32,19 +33,20 @@ void runSet(Session& session, const Arguments& arguments) {
     }
     const std::string line = methodLine(site);
     session.print(city.name + ": " + (line.empty() ? _("Quode's own method.") : line + "."));
-    for (const std::string& remark : methodRemarks(day)) session.print(wrapped(remark, pageWidth, 0));
+    for (const std::string& remark : methodRemarks(day)) session.print(session.wrapped(remark));
+    if (const std::string line = iqamaLine(session, day); !line.empty()) session.print(session.wrapped(line));
     const std::string remark(conventionNamed(method.key).remark);
-    if (!remark.empty()) session.print(session.style().dim(wrapped(remark, pageWidth, 0)));
+    if (!remark.empty()) session.print(session.style().dim(session.wrapped(remark)));
 }
 
 }  // namespace
 
 Command methodSetCommand() {
     std::vector<Parameter> parameters{
-        {Parameter::Kind::word, "KEY", "", "Its key: quode method list; \"quode\" is the default", true},
+        {Parameter::Kind::word, "KEY", "", _("Its key: quode method list; \"quode\" is the default"), true},
         cityParameter()};
     for (Parameter& parameter : methodChangeParameters()) parameters.push_back(std::move(parameter));
-    return {"set", "Choose the method of a city", std::move(parameters), runSet};
+    return {"set", _("Choose the method of a city"), std::move(parameters), runSet};
 }
 
 }  // namespace quode::cli

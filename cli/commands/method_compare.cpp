@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // quode method compare: a day or a month under several methods side by side.
 #include <algorithm>
+#include <map>
 
 #include "app/dates.h"
 #include "app/day_view.h"
@@ -52,23 +53,39 @@ std::vector<VAKDate> datesOf(Session& session, const Arguments& arguments, const
     return {requestedDate(arguments).value_or(today(session, siteOf(place.city)))};
 }
 
-void printDay(Session& session, const ChosenPlace& place, const std::vector<std::string>& keys, const VAKDate& date) {
-    using Align = TextTable::Align;
-    TextTable table({Align::left, Align::right, Align::right, Align::right, Align::right, Align::right, Align::right});
-    std::vector<std::string> head{isoDate(date)};
-    for (int code = firstPrayer; code <= lastMainPrayer; ++code) head.push_back(session.prayerName(code));
+/// A table of the prayers from one to another.
+std::vector<std::string> linesOf(Session& session, const std::map<std::string, CityDay>& days,
+                                 const std::vector<std::string>& keys, int first, int last) {
+    std::vector<TextTable::Align> columns(static_cast<std::size_t>(last - first + 2), TextTable::Align::right);
+    columns.front() = TextTable::Align::left;
+    TextTable table(columns);
+    std::vector<std::string> head{isoDate(days.begin()->second.date)};
+    for (int code = first; code <= last; ++code) head.push_back(session.prayerName(code));
     table.add(head);
     for (const std::string& key : keys) {
-        const CityDay day = dayBy(place, key, date);
         std::vector<std::string> row{key};
-        for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-            row.push_back(clockText(session, timeOfPrayer(day, code)));
+        for (int code = first; code <= last; ++code) {
+            row.push_back(clockText(session, timeOfPrayer(days.at(key), code)));
         }
         table.add(row);
     }
-    const auto lines = table.lines();
-    session.print(session.style().dim(lines.front()));
-    for (std::size_t i = 1; i < lines.size(); ++i) session.print(lines[i]);
+    return table.lines(unlimitedWidth);
+}
+
+void printDay(Session& session, const ChosenPlace& place, const std::vector<std::string>& keys, const VAKDate& date) {
+    std::map<std::string, CityDay> days;
+    for (const std::string& key : keys) days.emplace(key, dayBy(place, key, date));
+    // What does not stand side by side stands one below the other.
+    for (int first = firstPrayer, last = lastMainPrayer; first <= lastMainPrayer; first = last + 1) {
+        std::vector<std::string> lines;
+        for (last = lastMainPrayer; last >= first; --last) {
+            lines = linesOf(session, days, keys, first, last);
+            const auto fits = [&session](const auto& line) { return displayWidth(line) <= session.rowWidth(); };
+            if (std::ranges::all_of(lines, fits) || last == first) break;
+        }
+        session.print(session.style().dim(lines.front()));
+        for (std::size_t i = 1; i < lines.size(); ++i) session.print(lines[i]);
+    }
 }
 
 Json dayJson(const ChosenPlace& place, const std::vector<std::string>& keys, const VAKDate& date) {
@@ -104,11 +121,11 @@ void runCompare(Session& session, const Arguments& arguments) {
 
 Command methodCompareCommand() {
     return {"compare",
-            "Show a day or month by several methods",
-            {{Parameter::Kind::word, "METHODS", "", "Keys, such as diyanet,mwl,isna"},
+            _("Show a day or month by several methods"),
+            {{Parameter::Kind::word, "METHODS", "", _("Keys, such as diyanet,mwl,isna")},
              cityParameter(),
              dateParameter(),
-             {Parameter::Kind::option, "month", "YYYY-MM", "A whole month"}},
+             {Parameter::Kind::option, "month", "YYYY-MM", _("A whole month")}},
             runCompare};
 }
 

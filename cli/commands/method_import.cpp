@@ -84,7 +84,8 @@ std::string rowText(int number, const TimetableRow& row) {
         if (!row.iqama[i]) continue;
         const Iqama& iqama = *row.iqama[i];
         const std::string when = iqama.isFixed ? clock24(iqama.minutes / 60.0) : fmt::format("+{}", iqama.minutes);
-        text += fmt::format("  {} iqama {}", conventions::nameOf(static_cast<conventions::Prayer>(i)), when);
+        const std::string prayer(conventions::nameOf(static_cast<conventions::Prayer>(i)));
+        text += "  " + _("{} iqama {}", prayer, when);
     }
     return text;
 }
@@ -95,11 +96,11 @@ void printPreview(Session& session, const Import& import) {
     for (const auto& [heading, column] : import.columns) {
         columns += (columns.empty() ? "" : ", ") + heading + " = " + timetables::nameOf(column);
     }
-    session.print(wrapped(_("Columns: {}", columns), pageWidth, 2));
+    session.print(session.wrapped(_("Columns: {}", columns), 2));
     if (!import.ignored.empty()) {
         std::string ignored;
         for (const std::string& heading : import.ignored) ignored += (ignored.empty() ? "" : ", ") + heading;
-        session.print(wrapped(_("Not used: {}", ignored), pageWidth, 2));
+        session.print(session.wrapped(_("Not used: {}", ignored), 2));
     }
     if (import.dateOrder == timetables::DateOrder::dayFirst) session.print(_("Dates: the day first"));
     if (import.dateOrder == timetables::DateOrder::monthFirst) session.print(_("Dates: the month first"));
@@ -152,7 +153,8 @@ Import readFile(const std::string& path, const Arguments& arguments, const Site&
     if (!std::filesystem::is_regular_file(path)) throw Failure(ExitCode::notFound, _("There is no file {}.", path));
     try {
         timetables::SunCheck check(site);
-        Import import = timetables::importTable(timetables::readRawTable(contentOf(path)), optionsOf(arguments), check);
+        Import import = timetables::importTable(timetables::readRawTable(contentOf(path), site.clock()),
+                                                optionsOf(arguments), check);
         import.table.name = arguments.text("name").value_or(std::filesystem::path(path).stem().string());
         return import;
     } catch (const ImportError& error) {
@@ -183,7 +185,7 @@ void runImport(Session& session, const Arguments& arguments) {
     if (session.wantsJson()) {
         session.printJson(importJson(import, fits, stores));
     } else if (!import.table.rows.empty()) {
-        session.print(wrapped(verdict(fits), pageWidth, 0));
+        session.print(session.wrapped(verdict(fits)));
         for (std::size_t i = 0; i < shownFits; ++i) session.print("  " + fitText(fits[i]));
     }
     if (isRefused) {
@@ -216,22 +218,22 @@ void runRemoveTable(Session& session, const Arguments& arguments) {
 
 Command methodImportCommand() {
     using Kind = Parameter::Kind;
-    Parameter order{Kind::option, "date-order", "ORDER", "What comes first in dates: day or month"};
+    Parameter order{Kind::option, "date-order", "ORDER", _("What comes first in dates: day or month")};
     order.choices = {"day", "month"};
     return {"import",
-            "Use the timetable of your mosque (CSV, JSON, iCalendar)",
-            {{Kind::word, "FILE", "", "The file", true},
+            _("Use the timetable of your mosque (CSV, JSON, iCalendar)"),
+            {{Kind::word, "FILE", "", _("The file"), true},
              cityParameter(),
-             {Kind::toggle, "preview", "", "Only show what would be stored"},
-             {Kind::option, "name", "NAME", "What to call the table; else as the file"},
+             {Kind::toggle, "preview", "", _("Only show what would be stored")},
+             {Kind::option, "name", "NAME", _("What to call the table; else as the file")},
              order,
-             {Kind::option, "year", "YYYY", "The year of dates without one"},
-             {Kind::toggle, "skip-damaged", "", "Leave out damaged lines instead of refusing the file"}},
+             {Kind::option, "year", "YYYY", _("The year of dates without one")},
+             {Kind::toggle, "skip-damaged", "", _("Leave out damaged lines instead of refusing the file")}},
             runImport};
 }
 
 Command methodRemoveTableCommand() {
-    return {"remove-table", "Remove an imported timetable", {cityParameter()}, runRemoveTable};
+    return {"remove-table", _("Remove an imported timetable"), {cityParameter()}, runRemoveTable};
 }
 
 }  // namespace quode::cli

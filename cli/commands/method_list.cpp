@@ -66,10 +66,10 @@ void runList(Session& session, const Arguments&) {
         table.add({std::string(convention.key), std::string(convention.name),
                    convention.sampleAuthority.empty() ? "" : _("checked")});
     }
-    for (const std::string& line : table.lines()) session.print(line);
+    session.print(table, 0);
     session.print();
-    session.print(session.style().dim(wrapped(
-        _("\"checked\": compared with published rows. Explain one with: quode method show KEY"), pageWidth, 0)));
+    session.print(session.style().dim(
+        session.wrapped(_("\"checked\": compared with published rows. Explain one with: quode method show KEY"))));
 }
 
 void printZones(Session& session) {
@@ -78,14 +78,14 @@ void printZones(Session& session) {
     for (const auto& zone : conventions::jakimZones()) {
         table.add({std::string(zone.key), std::string(zone.area) + (zone.isMountain ? _(" (mountain)") : "")});
     }
-    for (const std::string& line : table.lines()) session.print(line);
+    session.print(table, 0);
 }
 
 void runShow(Session& session, const Arguments& arguments) {
     const Convention& convention = conventionNamed(arguments.text("KEY").value_or(""));
     if (session.wantsJson()) return session.printJson(conventionJson(convention));
     session.print(session.style().strong(std::string(convention.name)) + "  " + std::string(convention.key));
-    session.print(wrapped(std::string(convention.authority), pageWidth, 0));
+    session.print(session.wrapped(std::string(convention.authority)));
     session.print();
     if (convention.computation == conventions::Computation::rules) {
         TextTable table({TextTable::Align::left, TextTable::Align::left});
@@ -98,12 +98,12 @@ void runShow(Session& session, const Arguments& arguments) {
                        _("Isha {}°, {}", numberText(convention.north.ishaAngle),
                          std::string(conventions::keyOf(convention.north.rule)))});
         }
-        for (const std::string& line : table.lines()) session.print("  " + line);
+        session.print(table, 2);
         session.print();
     }
-    if (!convention.remark.empty()) session.print(wrapped(std::string(convention.remark), pageWidth, 0));
-    session.print(wrapped(_("Source: {}.", std::string(convention.source)), pageWidth, 0));
-    session.print(wrapped(_("Agreement: {}.", std::string(conventions::agreementLine(convention.key))), pageWidth, 0));
+    if (!convention.remark.empty()) session.print(session.wrapped(std::string(convention.remark)));
+    session.print(session.wrapped(_("Source: {}.", std::string(convention.source))));
+    session.print(session.wrapped(_("Agreement: {}.", std::string(conventions::agreementLine(convention.key)))));
     if (convention.point == conventions::PointRule::jakimZones) printZones(session);
 }
 
@@ -120,30 +120,29 @@ void runSuggest(Session& session, const Arguments& arguments) {
     printPlace(session, place);
     session.print(_("Chosen: {}.", std::string(conventionNamed(place.city.choice.method.key).name)));
     if (usual == nullptr) {
-        return session.print(wrapped(_("No authority's method is known to be usual here. Compare methods with your "
-                                       "mosque's timetable: quode method compare"),
-                                     pageWidth, 0));
+        return session.print(
+            session.wrapped(_("No authority's method is known to be usual here. Compare methods with your "
+                              "mosque's timetable: quode method compare")));
     }
-    session.print(wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
-                            std::string(usual->name), std::string(usual->key)),
-                          pageWidth, 0));
+    session.print(session.wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
+                                    std::string(usual->name), std::string(usual->key))));
 }
 
 }  // namespace
 
 Command methodListCommand() {
-    return {"list", "Show all methods", {}, runList};
+    return {"list", _("Show all methods"), {}, runList};
 }
 
 Command methodShowCommand() {
     return {"show",
-            "Explain a method: rules, source, agreement",
-            {{Parameter::Kind::word, "KEY", "", "Its key, such as diyanet", true}},
+            _("Explain a method: rules, source, agreement"),
+            {{Parameter::Kind::word, "KEY", "", _("Its key, such as diyanet"), true}},
             runShow};
 }
 
 Command methodSuggestCommand() {
-    return {"suggest", "Name the method usual in the country", {cityParameter()}, runSuggest};
+    return {"suggest", _("Name the method usual in the country"), {cityParameter()}, runSuggest};
 }
 
 }  // namespace quode::cli

@@ -25,6 +25,7 @@ namespace {
 
 constexpr double hoursPerDay = 24.0, unixEpoch = 2440587.5;  // the epoch as a Julian day
 constexpr int pictureHeight = 9;
+constexpr int besideThePicture = 2 + 2 * pictureHeight + 4;  // columns, with the gaps
 constexpr std::array<const char*, 8> phaseKeys{"new_moon",  "waxing_crescent", "first_quarter", "waxing_gibbous",
                                                "full_moon", "waning_gibbous",  "last_quarter",  "waning_crescent"};
 
@@ -104,7 +105,7 @@ std::string_view litText(const MoonPage& page) {
     return isLitOnTheRight(page) ? _("lit on the right") : _("lit on the left");
 }
 
-std::vector<std::string> moonFacts(Session& session, const MoonPage& page) {
+TextTable moonFacts(Session& session, const MoonPage& page) {
     TextTable table({TextTable::Align::left, TextTable::Align::left});
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
@@ -121,7 +122,7 @@ std::vector<std::string> moonFacts(Session& session, const MoonPage& page) {
     add(_("Distance"), fmt::format("{:.0f} km", page.info.Distance));
     add(_c("Moon", "Age"), _("{} days", session.decimal(page.age.sinceNewMoon, 1)));
     add(_("New Moon"), _("in {} days", session.decimal(page.age.toNewMoon, 1)));
-    return table.lines();
+    return table;
 }
 
 void printMoon(Session& session, const MoonPage& page, bool draws) {
@@ -130,11 +131,12 @@ void printMoon(Session& session, const MoonPage& page, bool draws) {
     session.print(longDate(session, page.day.date) + ", " +
                   session.services().timeLeadingZero(page.clock.Hours, page.clock.Minutes));
     session.print();
-    std::vector<std::string> facts = moonFacts(session, page);
-    if (!draws) {
+    const TextTable table = moonFacts(session, page);
+    std::vector<std::string> facts = table.lines(unlimitedWidth);
+    const int widest = displayWidth(*std::ranges::max_element(facts, {}, displayWidth));
+    if (!draws || besideThePicture + widest > session.width()) {
         session.print(fmt::format("{}, {}", phase, litText(page)));
-        for (const std::string& fact : facts) session.print("  " + fact);
-        return;
+        return session.print(table, 2);
     }
     facts.insert(facts.begin(), {session.style().strong(phase), ""});
     const auto picture = moonPicture(page.info.IlluminatedFraction / 100.0, isLitOnTheRight(page), pictureHeight);
@@ -199,7 +201,7 @@ void printPhases(Session& session, const ChosenPlace& place, int year, const std
     printPlace(session, place);
     session.print(std::to_string(year));
     session.print();
-    for (const std::string& line : table.lines()) session.print("  " + line);
+    session.print(table, 2);
     printHowChosen(session, place);
 }
 

@@ -141,9 +141,9 @@ void showCrescent(Session& session, const ChosenPlace& place, const VAKDate& dat
     printPlace(session, place);
     session.print();
     for (const Outlook& outlook : outlooks) printOutlook(session, outlook);
-    session.print(session.style().dim(wrapped(_("An outlook by two published criteria, not a calendar: months begin as "
-                                                "the authority of the place announces."),
-                                              pageWidth, 0)));
+    session.print(
+        session.style().dim(session.wrapped(_("An outlook by two published criteria, not a calendar: months begin as "
+                                              "the authority of the place announces."))));
 }
 
 }  // namespace quode::cli

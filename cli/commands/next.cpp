@@ -110,7 +110,7 @@ void runNext(Session& session, const Arguments& arguments) {
     } else if (arguments.text("format") == "waybar") {
         session.write(waybarJson(session, coming).line());
     } else if (const auto format = arguments.text("format")) {
-        session.print(filled(session, coming, *format));
+        session.printData(filled(session, coming, *format));
     } else {
         session.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
                       timeLeftText(session, coming.site, *prayer));

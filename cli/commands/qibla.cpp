@@ -76,14 +76,14 @@ void printQibla(Session& session, const Qibla& qibla) {
     printPlace(session, qibla.place);
     session.print(longDate(session, qibla.day.date));
     session.print();
-    for (const std::string& line : table.lines()) session.print("  " + line);
+    session.print(table, 2);
     if (isOnKaabaMeridian(qibla)) {
         const std::string note =
             _("This place lies on the meridian of the Kaaba. The formula gives 0° on both sides of it; the Kaaba lies "
               "due {}.",
               isNorthOfKaaba(qibla) ? _("south") : _("north"));
         session.print();
-        session.print(session.style().warning(wrapped("! " + note, pageWidth, 2)));
+        session.print(session.style().warning(session.wrapped("! " + note, 2)));
     }
     printHowChosen(session, qibla.place);
 }

@@ -22,7 +22,7 @@ void showAll(Session& session) {
     using Align = TextTable::Align;
     TextTable table({Align::left, Align::left, Align::left});
     for (const Setting& each : allSettings()) table.add({each.key, each.value(present), _(each.meaning)});
-    for (const std::string& line : table.lines()) session.print(line);
+    session.print(table, 0);
 }
 
 void showOne(Session& session, const Setting& setting) {
@@ -30,8 +30,8 @@ void showOne(Session& session, const Setting& setting) {
     if (session.wantsJson()) {
         return session.printJson(object({{"settings", Json(Json::Object{{setting.key, value}})}}));
     }
-    session.print(value);
-    session.print(session.style().dim(wrapped(_("Choices: {}.", setting.choices(session)), pageWidth, 0)));
+    session.printData(value);
+    session.print(session.style().dim(session.wrapped(_("Choices: {}.", setting.choices(session)))));
 }
 
 void runSettings(Session& session, const Arguments& arguments) {

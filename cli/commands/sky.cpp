@@ -27,7 +27,7 @@ void printSky(Session& session, const ChosenPlace& place, const CityDay& day) {
     printPlace(session, place);
     session.print(longDate(session, day.date));
     session.print();
-    for (const std::string& line : table.lines()) session.print("  " + line);
+    session.print(table, 2);
     printHowChosen(session, place);
 }
 

@@ -13,10 +13,12 @@
 #include "app/printed_times.h"
 #include "app/session.h"
 #include "app/text_layout.h"
+#include "app/time_notes.h"
 #include "cli/commands.h"
 #include "cli/commands/timetable_files.h"
 #include "cli/day_csv.h"
 #include "data/city_days.h"
+#include "data/iqama.h"
 #include "data/night_parts.h"
 #include "texts/translation.h"
 
@@ -64,6 +66,7 @@ struct TableNotes {
     // The latitudes for which times were computed where the Sun does not rise and set.
     std::optional<double> lowest, highest;
     std::vector<std::string> missing;  // why there are no times
+    bool hasIqama = false;
 
     void addMissing(const std::string& note) {
         if (!note.empty() && std::ranges::find(missing, note) == missing.end()) missing.push_back(note);
@@ -107,8 +110,11 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
         notes.addLatitude(*latitude);
     }
     for (int code = prayers.first; code <= prayers.last; ++code) {
-        row.push_back(clockText(session, timeOfPrayer(day, code)) + notes.earlierDay.earlierDayMark(day.times, code) +
-                      notes.earlierDay.sourceMark(day, code));
+        const std::optional<int> iqama = iqamaMinute(day, code);
+        if (iqama) notes.hasIqama = true;
+        row.push_back(clockText(session, timeOfPrayer(day, code)) +
+                      (iqama ? "/" + clockText(session, *iqama / 60.0) : "") +
+                      notes.earlierDay.earlierDayMark(day.times, code) + notes.earlierDay.sourceMark(day, code));
         notes.addMissing(missingPrayerNote(session, day, code));
     }
     if (!prayers.withNight) return row;
@@ -153,7 +159,7 @@ std::vector<std::string> linesOf(Session& session, const std::vector<CityDay>& d
     TextTable text(columns);
     text.add(head);
     for (auto& row : rows) text.add(std::move(row));
-    return text.lines();
+    return text.lines(unlimitedWidth);
 }
 
 void printLines(Session& session, const Timetable& table, const std::vector<CityDay>& days,
@@ -166,19 +172,33 @@ void printLines(Session& session, const Timetable& table, const std::vector<City
     session.print();
 }
 
+bool canBeSplit(Columns columns) {
+    return columns.last > columns.first || (columns.last == columns.first && columns.withNight);
+}
+
+/// Two parts of columns that do not stand side by side: the main times and what follows, else two halves.
+std::pair<Columns, Columns> halvesOf(Columns columns) {
+    int lastOfFirst = (columns.first + columns.last) / 2;
+    if (columns.withNight) lastOfFirst = columns.last;
+    if (columns.last > lastMainPrayer && columns.first <= lastMainPrayer) lastOfFirst = lastMainPrayer;
+    return {{columns.first, lastOfFirst}, {lastOfFirst + 1, columns.last, columns.withNight}};
+}
+
+void printColumns(Session& session, const Timetable& table, const std::vector<CityDay>& days, Columns columns,
+                  TableNotes& notes) {
+    const std::vector<std::string> lines = linesOf(session, days, columns, notes);
+    const bool fits =
+        std::ranges::all_of(lines, [&](const auto& line) { return displayWidth(line) <= session.width(); });
+    if (fits || !canBeSplit(columns)) return printLines(session, table, days, lines);
+    const auto [first, second] = halvesOf(columns);
+    printColumns(session, table, days, first, notes);
+    printColumns(session, table, days, second, notes);
+}
+
 void printMonth(Session& session, const Timetable& table, const Month& month, TableNotes& notes) {
     const std::vector<VAKDate> dates = daysOf(month);
-    const std::vector<CityDay> days = computedDays(table, dates);
     printMonthHead(session, month, dates);
-    const Columns all{firstPrayer, table.lastCode, table.withNight};
-    const std::vector<std::string> lines = linesOf(session, days, all, notes);
-    const bool isTooWide = std::ranges::any_of(lines, [](const auto& line) { return displayWidth(line) > pageWidth; });
-    const bool isAlone = table.lastCode == lastMainPrayer && !table.withNight;
-    if (!isTooWide || isAlone) return printLines(session, table, days, lines);
-    // What does not stand side by side stands one below the other.
-    printLines(session, table, days, linesOf(session, days, {firstPrayer, lastMainPrayer}, notes));
-    const Columns others{lastMainPrayer + 1, table.lastCode, table.withNight};
-    printLines(session, table, days, linesOf(session, days, others, notes));
+    printColumns(session, table, computedDays(table, dates), {firstPrayer, table.lastCode, table.withNight}, notes);
 }
 
 void printClockChanges(Session& session, const Timetable& table) {
@@ -202,10 +222,11 @@ void printTable(Session& session, const Timetable& table) {
     printClockChanges(session, table);
     if (notes.lowest) {
         const std::string note = "* " + latitudeNote(session, *notes.lowest, *notes.highest);
-        session.print(wrapped(note, pageWidth, 2));
+        session.print(session.wrapped(note, 2));
     }
-    for (const std::string& line : notes.earlierDay.lines()) session.print(wrapped(line, pageWidth, 2));
-    for (const std::string& note : notes.missing) session.print(wrapped("--:-- " + note, pageWidth, 6));
+    if (notes.hasIqama) session.print(session.wrapped(_("After the slash: iqama, when the congregation begins.")));
+    for (const std::string& line : notes.earlierDay.lines()) session.print(session.wrapped(line, 2));
+    for (const std::string& note : notes.missing) session.print(session.wrapped("--:-- " + note, 6));
     printWarnings(session, table.warnings);
     printHowChosen(session, table.place);
 }
@@ -225,13 +246,13 @@ std::string csvNight(const CityDay& day) {
 void printCsv(Session& session, const Timetable& table) {
     std::string night;
     for (const NightPartName& part : nightPartNames) night.append(",").append(part.key);
-    session.print("date,weekday,hijri," + csvTimesHead() + (table.withNight ? night : ""));
+    session.printData("date,weekday,hijri," + csvTimesHead() + (table.withNight ? night : ""));
     for (const Month& month : table.months) {
         for (const CityDay& day : computedDays(table, daysOf(month))) {
             const std::optional<VAKDate> hijri = hijriByTable(day.date);
-            session.print(fmt::format("{},{},{},{}{}", isoDate(day.date), weekdayOf(day.date),
-                                      hijri ? isoDate(*hijri) : "", csvTimes(day),
-                                      table.withNight ? csvNight(day) : ""));
+            session.printData(fmt::format("{},{},{},{}{}", isoDate(day.date), weekdayOf(day.date),
+                                          hijri ? isoDate(*hijri) : "", csvTimes(day),
+                                          table.withNight ? csvNight(day) : ""));
         }
     }
 }
@@ -249,6 +270,7 @@ Json dayJson(Session& session, const CityDay& day) {
                    {"utc_offset", day.GMTValue},
                    {"summer_time", day.isDSTTime},
                    {"prayers", Json(std::move(times))},
+                   {"iqama", iqamaJson(day)},
                    {"night", nightJson(day)},
                    {"computed_latitude", computedLatitude(day)},
                    {"method", methodJson(day)},

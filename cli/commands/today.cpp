@@ -12,9 +12,11 @@
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "app/text_layout.h"
+#include "app/time_notes.h"
 #include "cli/commands.h"
 #include "common/captions.h"
 #include "common/formatting.h"
+#include "data/iqama.h"
 #include "data/night_parts.h"
 #include "texts/translation.h"
 
@@ -22,8 +24,6 @@ namespace quode::cli {
 namespace {
 
 constexpr int marginHeight500 = 500, marginHeight250 = 250;  // metres, for the two tables of margins
-
-// Captions of the language packs.
 
 struct DayPage {
     ChosenPlace place;
@@ -112,6 +112,9 @@ Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
     std::string marks = notes.latitudeMark(session, times, code);  // the first to be numbered
     marks += notes.earlierDayMark(times, code);
     marks += notes.sourceMark(page.day, code);
+    if (const auto iqama = iqamaMinute(page.day, code)) {
+        remark += (remark.empty() ? "" : ", ") + _("iqama {}", clockText(session, *iqama / 60.0));
+    }
     if (isNext) remark += (remark.empty() ? "" : ", ") + timeLeftText(session, page.site, *page.next);
     return {{isNext ? "›" : " ", session.prayerName(code), clockText(session, hours, page.withSeconds), marks, remark},
             isNext,
@@ -144,7 +147,7 @@ void printTimes(Session& session, const DayPage& page, Footnotes& notes) {
     const std::vector<Row> rows = rowsOf(session, page, notes);
     TextTable table({Align::left, Align::left, Align::right, Align::left, Align::left});
     for (const Row& row : rows) table.add(row.cells);
-    const std::vector<std::string> lines = table.lines();
+    const std::vector<std::string> lines = table.lines(session.rowWidth());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (!rows[i].isMain && rows[i - 1].isMain) session.print();
         session.print(rows[i].isNext   ? session.style().strong(lines[i])
@@ -186,21 +189,25 @@ void printFacts(Session& session, const DayPage& page) {
         std::string(_("clockwise from true north")));
     add(std::string(_("Declination")), session.decimal(page.day.declination, 1, true) + "°",
         _("magnetic, east is +; {} ({})", magneticModel, int(MagneticVariation::modelEpoch)));
-    for (const std::string& line : table.lines()) session.print("   " + line);
+    session.print(table, 3);
 }
 
 void printNotes(Session& session, const DayPage& page, const Footnotes& notes) {
     const Style& style = session.style();
     session.print();
     if (isByEngine(page.day)) {
-        session.print(style.dim(wrapped(ruleText(page.site) + ".", pageWidth, 0)));
-        session.print(style.dim(wrapped(marginText(page), pageWidth, 0)));
+        session.print(style.dim(session.wrapped(ruleText(page.site) + ".")));
+        session.print(style.dim(session.wrapped(marginText(page))));
     }
     printMethod(session, page.site);
-    for (const std::string& remark : methodRemarks(page.day)) session.print(style.dim(wrapped(remark, pageWidth, 0)));
-    for (const std::string& line : notes.lines()) session.print(wrapped(line, pageWidth, 2));
-    for (const std::string& note : missingNotes(session, page.day)) session.print(wrapped(note, pageWidth, 2));
+    for (const std::string& remark : methodRemarks(page.day)) session.print(style.dim(session.wrapped(remark)));
+    for (const std::string& line : notes.lines()) session.print(session.wrapped(line, 2));
+    for (const std::string& note : missingNotes(session, page.day)) session.print(session.wrapped(note, 2));
     printWarnings(session, page.warnings);
+    if (const std::string usual = usualMethodNote(session, page.place); !usual.empty()) {
+        session.print();
+        session.print(style.dim(session.wrapped(usual)));
+    }
 }
 
 void printPage(Session& session, const DayPage& page) {
@@ -219,6 +226,7 @@ Json prayersJson(Session& session, const CityDay& day) {
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
         const double hours = timeOfPrayer(day, code);
         const bool isMissing = hours == missingTime;
+        const std::optional<int> iqama = iqamaMinute(day, code);
         const Fallbacks fallbacks = isMissing ? Fallbacks{} : fallbacksOf(day.times, code);
         prayers.push_back(object({{"code", code},
                                   {"key", prayerKey(code)},
@@ -226,6 +234,7 @@ Json prayersJson(Session& session, const CityDay& day) {
                                   {"time", isMissing ? Json() : Json(clock24(hours))},
                                   {"hours", isMissing ? Json() : Json(hours)},
                                   {"instant", instantJson(day, hours)},
+                                  {"iqama", iqama ? Json(clock24(*iqama / 60.0)) : Json()},
                                   {"of_other_latitude", fallbacks.latitude},
                                   {"of_earlier_day", fallbacks.earlierDay}}));
     }

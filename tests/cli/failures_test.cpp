@@ -37,7 +37,9 @@ TEST(Failures, OfImpossiblePlaces) {
     expectFailure({"--city", ""}, 2, "The name of the city is empty.");
     expectFailure({"city", "search", ""}, 2, "The name of the city is empty.");
     expectFailure({"city", "search", " "}, 2, "The name of the city is empty.");
-    expectFailure({"--city", "nan,0"}, 1, "No city is called \"nan,0\"");
+    expectFailure({"--city", "nan,0"}, 2, "Latitude \"nan\" is not a number. Write LATITUDE,LONGITUDE");
+    expectFailure({"--city", "41.0, east"}, 2, "Longitude \"east\" is not a number.");
+    expectFailure({"--city", "Nowhere, Land"}, 1, "No city is called \"Nowhere, Land\"");
 }
 
 TEST(Failures, OfImpossibleDates) {
@@ -59,7 +61,11 @@ TEST(Failures, OfTheCommandLine) {
     expectFailure({"month", "--format", "xml"}, 2, "table, csv, json");
     expectFailure({"--lang", "es"}, 2, "ar, de, en");
     expectFailure({"city"}, 2, "quode city --help");
-    expectFailure({"city", "search"}, 2, "required");
+    expectFailure({"city", "search"}, 2, "quode city search needs TEXT. Try: quode city search --help");
+    expectFailure({"today", "--city"}, 2, "--city needs a value: --city NAME|ID|LAT,LON. Try: quode today --help");
+    expectFailure({"today", "--city", "Rome", "--city", "Bern"}, 2, "--city was given more than once.");
+    expectFailure({"today", "--citty", "Rome"}, 2, "does not know \"--citty\". Did you mean \"--city\"?");
+    expectFailure({"month", "--formt=csv"}, 2, "Did you mean \"--format\"?");
     expectFailure({"--city"}, 2, "--city");
     expectFailure({"--date", "2026-01-01", "month"}, 2, "quode month has no option --date");
     expectFailure({"city", "search", "Ankara", "--limit", "0"}, 2, "--limit");

@@ -175,7 +175,7 @@ TEST(CalendarConnection, NeedsTheLayoutOfOneFile) {
 
 TEST(CalendarConnection, IsOfEvolutionOnly) {
     expectRefusal({"calendar", "connect", "kmail"}, 2, "Only evolution can be connected");
-    expectRefusal({"calendar", "connect"}, 2, "PROGRAM is required");
+    expectRefusal({"calendar", "connect"}, 2, "quode calendar connect needs PROGRAM.");
 }
 
 }  // namespace

@@ -221,7 +221,7 @@ TEST(UserAlarms, AreNamedByNameKeyOrNumberInAnyLanguage) {
 TEST(UserAlarms, AreRefusedForWhatIsNoPrayer) {
     for (const char* command : {"on", "off"}) {
         expectRefusal({"alarm", command, "foo"}, 2, "There is no prayer \"foo\". Use one of Fajr, Sunrise");
-        expectRefusal({"alarm", command}, 2, "PRAYER is required");
+        expectRefusal({"alarm", command}, 2, "needs PRAYER.");
     }
     expectRefusal({"alarm", "set", "7", "--offset", "2"}, 2, "There is no prayer \"7\"");
     expectRefusal({"alarm", "set", "israk", "--offset", "2"}, 2, "There is no prayer \"israk\"");

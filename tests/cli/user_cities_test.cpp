@@ -134,7 +134,7 @@ TEST(UserCities, AreRefusedWhenUnknownOrEmpty) {
     expectRefusal(program, {"city", "add", "999999999"}, 1, "No city has the id 999999999");
     expectRefusal(program, {"city", "home", "Xqzvwk"}, 1, "No city is called \"Xqzvwk\"");
     expectRefusal(program, {"city", "add", ""}, 2, "The name of the city is empty.");
-    expectRefusal(program, {"city", "add"}, 2, "CITY is required");
+    expectRefusal(program, {"city", "add"}, 2, "quode city add needs CITY.");
 }
 
 // --- places by coordinates

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "data/zone_days.h"
+#include "data/zone_clock.h"
 
 #include <gtest/gtest.h>
 

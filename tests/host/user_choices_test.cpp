@@ -3,8 +3,11 @@
 #include "host/user_choices.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
+#include <chrono>
 #include <fstream>
+#include <memory>
 
 #include "companion/UserDatabase.h"
 #include "companion/UserSettings.h"
@@ -109,6 +112,49 @@ TEST_F(UserChoicesTest, TellTheLayoutOfThePanel) {
         saveSettings(database, settings);
     }
     EXPECT_EQ(host::chosenLayout(fresh), PanelLayout::tablet);
+}
+
+// Another program keeps the database to itself. The panel's main thread asks, so that none may wait for long.
+TEST_F(UserChoicesTest, WaitAtMostAFifthOfASecondForALockedDatabase) {
+    Session fresh = session();
+    host::prepareUserChoices(fresh, calendar);
+    sqlite3* opened = nullptr;
+    ASSERT_EQ(sqlite3_open(userDatabaseFile(folder.path()).c_str(), &opened), SQLITE_OK);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> other(opened, sqlite3_close);
+    ASSERT_EQ(sqlite3_exec(opened, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto waited = [](const auto& action) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_NE(action(), QString());
+        return std::chrono::steady_clock::now() - start;
+    };
+    using namespace std::chrono_literals;
+    constexpr auto longest = 200ms + 150ms;  // and what the work itself may take on a busy machine
+    EXPECT_LT(waited([&] { return host::chooseColorScheme(fresh, 3); }), longest);
+    EXPECT_LT(waited([&] { return host::makeHome(fresh, istanbul); }), longest);
+    EXPECT_LT(waited([&] { return host::rememberRows(fresh, {true, false}); }), longest);
+}
+
+TEST_F(UserChoicesTest, FollowTheLanguageOfTheSettings) {
+    Session fresh = session();
+    fresh.services();
+    open(fresh);
+    const auto speak = [&](const std::string& language) {
+        {
+            UserDatabase database = open(fresh);
+            UserSettings settings = loadSettings(database);
+            settings.language = language;
+            saveSettings(database, settings);
+        }
+        host::followLanguage(fresh, {});
+        return fresh.prayerName(202) + " " + fresh.monthName(11);
+    };
+    EXPECT_EQ(speak("tr"), "Öğle Kasım");
+    EXPECT_EQ(speak("de"), "Mittag November");
+    EXPECT_EQ(speak("auto"), "Dhuhr November");
+    EXPECT_NE(host::shownChoices(fresh).find("auto"), std::string::npos) << "an open panel is presented again";
+    speak("tr");
+    host::followLanguage(fresh, "en");
+    EXPECT_EQ(fresh.prayerName(202), "Dhuhr") << "--lang comes first";
 }
 
 TEST_F(UserChoicesTest, AreUnknownButNoObstacleWithoutTheCities) {

@@ -14,7 +14,7 @@ constexpr int firstOfMarch2026 = 20513;
 
 Import imported(const std::string& content, const ImportOptions& options = {}) {
     SunCheck check(istanbul());
-    return importTable(readRawTable(content), options, check);
+    return importTable(readRawTable(content, istanbul().clock()), options, check);
 }
 
 std::string messageOf(const std::string& content, const ImportOptions& options = {}) {
@@ -140,6 +140,18 @@ TEST(Import, readsJsonAndCalendars) {
         "BEGIN:VEVENT\r\nUID:2\r\nSUMMARY:Maghrib\r\nDTSTART:20260301T190200\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
     EXPECT_EQ(minute(calendar, firstOfMarch2026, 0), 6 * 60 + 7);
     EXPECT_EQ(minute(calendar, firstOfMarch2026, 4), 19 * 60 + 2);
+}
+
+TEST(Import, takesUniversalTimesByTheClockOfThePlace) {
+    const Import calendar = imported(
+        "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Mosque//EN\r\n"
+        "BEGIN:VEVENT\r\nUID:1\r\nSUMMARY:Fajr\r\nDTSTART:20260301T030700Z\r\nEND:VEVENT\r\n"
+        "BEGIN:VEVENT\r\nUID:2\r\nSUMMARY:Maghrib\r\nDTSTART:20260301T160200Z\r\nEND:VEVENT\r\n"
+        "BEGIN:VEVENT\r\nUID:3\r\nSUMMARY:Isha\r\nDTSTART:20260301T172000Z\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+    EXPECT_TRUE(calendar.problems.empty());
+    EXPECT_EQ(minute(calendar, firstOfMarch2026, 0), 6 * 60 + 7);
+    EXPECT_EQ(minute(calendar, firstOfMarch2026, 4), 19 * 60 + 2);
+    EXPECT_EQ(minute(calendar, firstOfMarch2026, 5), 20 * 60 + 20);
 }
 
 TEST(Import, refusesWhatIsNoTimetable) {

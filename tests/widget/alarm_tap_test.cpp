@@ -1,6 +1,11 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // The alarm buttons of the prayer rows.
+#include <sqlite3.h>
+
+#include <chrono>
+
+#include "data/sqlite_reading.h"
 #include "views/MessageView.h"
 #include "widget/widget_fixture.h"
 
@@ -201,6 +206,21 @@ TEST_F(AlarmTap, StaysOnWithAMessageWhenSwitchingOffCannotBeStored) {
     click(button("Alarm for Dhuhr"));
     EXPECT_EQ(9, button("Alarm for Dhuhr").buttonShape());
     EXPECT_TRUE(button("Alarm for Dhuhr").selected());
+    EXPECT_THAT(toasts(), ElementsAre("The alarm could not be changed. Please try again."));
+}
+
+// The widget draws on the same thread: it waits a fifth of a second at most.
+TEST_F(AlarmTap, DoesNotWaitLongForALockedDatabase) {
+    setUpAlarm(3, 13.0);
+    sqlite3* opened = nullptr;
+    ASSERT_EQ(sqlite3_open(userDatabase().c_str(), &opened), SQLITE_OK);
+    const sqlite::Database other(opened);
+    ASSERT_EQ(sqlite3_exec(other.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto start = std::chrono::steady_clock::now();
+    click(button("Alarm for Dhuhr"));
+    using namespace std::chrono_literals;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 200ms + 150ms);  // and the tap itself on a busy machine
+    expectOff(button("Alarm for Dhuhr"));
     EXPECT_THAT(toasts(), ElementsAre("The alarm could not be changed. Please try again."));
 }
 

@@ -130,9 +130,8 @@ class CityDatabaseWriter {
         auto zones = out_.table("ZONE", 6);
         std::map<std::string, long> names = zoneNumbers_;
         for (const auto& [name, rule] : data_.zones) {
-            const auto days = data_.zoneDays.find(name);
             zones.add({zoneNumbers_.at(name), name, numberText(rule.gmt), dstNumber(rule), long{largest.at(name)->id},
-                       days == data_.zoneDays.end() ? "" : zoneDaysText(days->second)});
+                       data_.zoneClocks.at(name)});
         }
         for (const auto& [alias, zone] : data_.zoneAliases) names[alias] = zoneNumbers_.at(zone);
         auto zoneNames = out_.table("ZONE_NAME", 3);

@@ -55,28 +55,36 @@ std::map<std::string, Country> readCountries(const std::filesystem::path& file) 
     return countries;
 }
 
-std::chrono::sys_days dayOf(const std::string& text) {
+// "2026-11-01T06:00:00Z"
+std::chrono::sys_seconds momentOf(const std::string& text) {
+    using namespace std::chrono;
     std::string_view rest = text;
     const auto part = [&rest]() {
         const int value = takeNumber<int>(rest).value_or(0);
-        if (!rest.empty()) rest.remove_prefix(1);  // the dash
+        if (!rest.empty()) rest.remove_prefix(1);  // the sign after it
         return value;
     };
-    const int year = part(), month = part(), day = part();
+    const int year = part(), month = part(), day = part(), hour = part(), minute = part(), second = part();
     const auto date = std::chrono::year(year) / month / day;
-    if (!date.ok()) throw std::runtime_error("\"" + text + "\" is no date");
-    return date;
+    if (!date.ok() || !rest.empty() || !text.ends_with('Z')) throw std::runtime_error("\"" + text + "\" is no moment");
+    return sys_days(date) + hours(hour) + minutes(minute) + seconds(second);
 }
 
-std::map<std::string, std::vector<ZoneDays>> readZoneDays(const std::filesystem::path& file,
-                                                          const std::map<std::string, ZoneRule>& zones) {
-    std::map<std::string, std::vector<ZoneDays>> all;
+// The text of each zone for the city database.
+std::map<std::string, std::string> readZoneClocks(const std::filesystem::path& folder) {
+    const std::filesystem::path file = folder / "zone_changes.tsv";
+    std::map<std::string, std::string> clocks = readZoneRules(folder), changes;
     for (const auto& row : readTable(file, 4)) {
-        required(zones, row[0], "no zone is called " + row[0]);
-        const auto offset = static_cast<int>(wholeNumber(row[3], "the offset of " + row[0]));
-        all[row[0]].push_back({dayOf(row[1]), dayOf(row[2]), offset});
+        required(clocks, row[0], "no zone is called " + row[0]);
+        const auto offset = wholeNumber(row[2], "the offset of " + row[0]);
+        changes[row[0]] += numberText(momentOf(row[1]).time_since_epoch().count()) + ' ' + numberText(offset) + ' ' +
+                           (row[3] == "1" ? "1;" : "0;");
     }
-    return all;
+    for (auto& [name, text] : clocks) {
+        text.insert(0, changes[name]);
+        if (!SystemZone::parseText(text)) throw std::runtime_error("the clock of " + name + " is not understood");
+    }
+    return clocks;
 }
 
 std::map<std::string, std::string> readPairs(const std::filesystem::path& file) {
@@ -158,9 +166,8 @@ void addOtherNames(const std::filesystem::path& folder, SourceData& data) {
     data.otherNames.erase(twins, data.otherNames.end());
 }
 
-}  // namespace
-
-std::map<std::string, ZoneRule> readZoneRules(const std::filesystem::path& folder) {
+// The rules as the engine takes them.
+std::map<std::string, ZoneRule> readEngineRules(const std::filesystem::path& folder) {
     const std::filesystem::path file = folder / "zones.tsv";
     std::map<std::string, ZoneRule> zones;
     for (const auto& row : readTable(file, 4)) {
@@ -175,6 +182,14 @@ std::map<std::string, ZoneRule> readZoneRules(const std::filesystem::path& folde
     return zones;
 }
 
+}  // namespace
+
+std::map<std::string, std::string> readZoneRules(const std::filesystem::path& folder) {
+    std::map<std::string, std::string> rules;
+    for (const auto& row : readTable(folder / "zones.tsv", 4)) rules[row[0]] = row[2];
+    return rules;
+}
+
 std::map<std::string, std::string> readEditions(const std::filesystem::path& folder) {
     return readPairs(folder / "edition.tsv");
 }
@@ -183,8 +198,8 @@ SourceData readSourceData(const std::filesystem::path& folder) {
     SourceData data;
     data.edition = readEditions(folder);
     data.countries = readCountries(folder / "countries.tsv");
-    data.zones = readZoneRules(folder);
-    data.zoneDays = readZoneDays(folder / "zone_days.tsv", data.zones);
+    data.zones = readEngineRules(folder);
+    data.zoneClocks = readZoneClocks(folder);
     data.zoneAliases = readPairs(folder / "zone_aliases.tsv");
     for (const auto& [alias, zone] : data.zoneAliases) {
         required(data.zones, zone, "the zone " + alias + " points to " + zone + ", which no place lies in");

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "data/zone_days.h"
+#include "data/zone_clock.h"
 #include "data/zone_rules.h"
 
 namespace quode::places {
@@ -47,18 +47,19 @@ struct OtherName {
 /// All that goes into the city database, checked: every country, region and zone that a place names exists, ids are
 /// unique.
 struct SourceData {
-    std::vector<Place> places;                              ///< ordered by id
-    std::vector<Region> regions;                            ///< ordered by country, code and zone
-    std::map<std::string, Country> countries;               ///< by code
-    std::map<std::string, ZoneRule> zones;                  ///< by IANA name
-    std::map<std::string, std::vector<ZoneDays>> zoneDays;  ///< where the clock differs from the rule, by IANA name
-    std::map<std::string, std::string> zoneAliases;         ///< older name to today's
-    std::vector<OtherName> otherNames;                      ///< ordered by id and name
+    std::vector<Place> places;                       ///< ordered by id
+    std::vector<Region> regions;                     ///< ordered by country, code and zone
+    std::map<std::string, Country> countries;        ///< by code
+    std::map<std::string, ZoneRule> zones;           ///< by IANA name
+    std::map<std::string, std::string> zoneClocks;   ///< the texts for the city database, by IANA name
+    std::map<std::string, std::string> zoneAliases;  ///< older name to today's
+    std::vector<OtherName> otherNames;               ///< ordered by id and name
     std::map<std::string, std::string> edition;
 };
 
-/// The yearly rules of the zones, and the editions of the data, from the files of a folder. Errors as below.
-std::map<std::string, ZoneRule> readZoneRules(const std::filesystem::path& folder);
+/// The yearly rules of the zones as TZ has them, and the editions of the data, from the files of a folder. Errors as
+/// below.
+std::map<std::string, std::string> readZoneRules(const std::filesystem::path& folder);
 std::map<std::string, std::string> readEditions(const std::filesystem::path& folder);
 
 /// Reads the files of a folder. Errors: std::runtime_error that names the file and what is wrong with it.

@@ -19,7 +19,7 @@ quode::Site istanbul() {
 void quode::fuzz::consume(std::string_view bytes) {
     using namespace timetables;
     try {
-        const RawTable raw = readRawTable(bytes);
+        const RawTable raw = readRawTable(bytes, ZoneRule{});
         SunCheck check(istanbul());
         const Import import = importTable(raw, {DateOrder::unknown, 2026}, check);
         for (const ImportProblem& problem : import.problems) require(!problem.text.empty());

@@ -83,8 +83,8 @@ class SmallData : public testing::Test {
         test::writeFile(folder, "regions.tsv", "country\tadmin1\tname\nTR\t01\tAdana\n");
         test::writeFile(folder, "countries.tsv", "country\ten\ttr\nTR\tTurkey\tTürkiye\n");
         test::writeFile(folder, "zones.tsv", "zone\tstd\tposix\tdst\nEurope/Istanbul\t3\t<+03>-3\t0\n");
-        test::writeFile(folder, "zone_days.tsv",
-                        "zone\tfirst\tlast\toffset\nEurope/Istanbul\t2026-01-01\t2026-01-02\t7200\n");
+        test::writeFile(folder, "zone_changes.tsv",
+                        "zone\tmoment\toffset\tsummer\nEurope/Istanbul\t2026-01-01T00:00:00Z\t7200\t0\n");
         test::writeFile(folder, "former_names.tsv", "id\tname\tascii\n7\tZ\tZ\n");
         test::writeFile(folder, "other_names.tsv", "country\tplace\tother\nTR\tX\tW\n");
         test::writeFile(folder, "zone_aliases.tsv", "alias\tzone\nTurkey\tEurope/Istanbul\n");
@@ -119,6 +119,7 @@ TEST_F(SmallData, IsRead) {
     ASSERT_EQ(data.otherNames.size(), 2U);
     EXPECT_EQ(data.otherNames[0].name, "W");
     EXPECT_EQ(data.otherNames[1].name, "Z");
+    EXPECT_EQ(data.zoneClocks.at("Europe/Istanbul"), "1767225600 7200 0;<+03>-3");
 }
 
 TEST_F(SmallData, MustNotContradictItself) {

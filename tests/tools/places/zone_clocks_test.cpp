@@ -17,7 +17,7 @@
 #include "data/zone_edition.h"
 #include "support/fixtures.h"
 #include "tools/places/tsv.h"
-#include "tools/places/zone_days.h"
+#include "tools/places/zone_changes.h"
 
 namespace quode::places {
 namespace {
@@ -58,6 +58,42 @@ TEST(ZoneClocks, AreThoseOfTheShippedEditionOnEveryDay) {
         }
     }
     RecordProperty("days", std::to_string(days));
+}
+
+// "2026-04-05T03:00:00Z"
+sys_seconds momentOf(std::string_view text) {
+    const auto number = [&text](std::size_t at) { return *numberOf<int>(text.substr(at, 2)); };
+    return dayOf(text) + hours(number(11)) + minutes(number(14)) + seconds(number(17));
+}
+
+// The moments from which each zone has an offset.
+std::map<std::string, std::map<sys_seconds, int>> publishedChanges() {
+    std::map<std::string, std::map<sys_seconds, int>> changes;
+    for (const auto& row : readTable(test::fixture("zones/changes_2026f.tsv.gz"), 4)) {
+        changes[row[0]][momentOf(row[1])] = *numberOf<int>(row[3]);
+    }
+    return changes;
+}
+
+// Around each change, and six times a day in between.
+TEST(ZoneClocks, AreThoseOfTheShippedEditionAtEveryMoment) {
+    const auto published = publishedChanges();
+    const std::vector<StoredZone> zones = CityDatabase(QUODE_CITY_DATABASE).zones();
+    ASSERT_EQ(zones.size(), published.size());
+    for (const StoredZone& zone : zones) {
+        const ZoneClock clock = clockOf(zone);
+        const std::map<sys_seconds, int>& changes = published.at(zone.name);
+        int before = changes.begin()->second;
+        for (const auto& [moment, offset] : changes) {
+            ASSERT_EQ(clock.offsetAt(moment - 1s), before) << zone.name << " " << moment.time_since_epoch().count();
+            ASSERT_EQ(clock.offsetAt(moment), offset) << zone.name << " " << moment.time_since_epoch().count();
+            before = offset;
+        }
+        for (sys_seconds moment = firstDay; moment < lastDay; moment += 4h) {
+            const int offset = std::prev(changes.upper_bound(moment))->second;
+            ASSERT_EQ(clock.offsetAt(moment), offset) << zone.name << " " << moment.time_since_epoch().count();
+        }
+    }
 }
 
 // Any rule will do that no edition has: a whole number of quarters that grows with the zone, and another on 2 March of
@@ -112,17 +148,20 @@ TEST(ZoneClocks, AreOursForAZoneThatTheNewerMachineLacks) {
     EXPECT_EQ(havana.known->systemEdition, "2031c");
 }
 
-// What the engine makes of the rule of each unusual day.
-TEST(ZoneClocks, LeadTheEngineOnEveryDayBesideTheRule) {
+// What the engine makes of the rule on the days on which a clock changes, and on those before and after.
+TEST(ZoneClocks, LeadTheEngineOnEveryDayOfAChange) {
+    const auto published = publishedOffsets();
     for (const StoredZone& zone : CityDatabase(QUODE_CITY_DATABASE).zones()) {
-        Site site{45.0, 0.0, zone.rule, true, {}, zone.known};
-        for (const ZoneDays& run : zone.known->days) {
-            for (const sys_days day : {run.first, run.last}) {
+        const Site site{45.0, 0.0, zone.rule, true, {}, zone.known};
+        const auto& offsets = published.at(zone.name);
+        for (const auto& [change, ignored] : offsets) {
+            for (const sys_days day : {std::max(change - days(1), firstDay), change, change + days(1)}) {
                 const year_month_day date(day);
                 const CityDay computed = computeCityDay(
                     site,
                     VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0));
-                EXPECT_NEAR(computed.GMTValue * 3600.0, run.offset, 1e-6) << zone.name;
+                const int offset = std::prev(offsets.upper_bound(day))->second;
+                ASSERT_NEAR(computed.GMTValue * 3600.0, offset, 1e-6) << zone.name;
             }
         }
     }
@@ -151,17 +190,53 @@ TEST(ZoneClocks, KeepTheOldTimeOnTheChangeDaysOfEasterIsland) {
     EXPECT_EQ(offset(5), -6.0);
 }
 
-TEST(ZoneDaysFile, IsWhatTheZoneDataOfThisMachineGive) {
-    if (zoneEditionOf(systemZoneFolder) != "2026f") GTEST_SKIP() << "this machine has another edition of the zone data";
-    std::ifstream file(QUODE_PLACE_DATA "/zone_days.tsv", std::ios::binary);
-    const std::string committed{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    EXPECT_EQ(zoneDaysTable(QUODE_PLACE_DATA, systemZoneFolder), committed);
+std::string wallClockText(const CityRecord& city, sys_seconds moment) {
+    const VAKDate clock = wallClock(siteOf(city).clock(), moment);
+    return std::to_string(clock.Days) + " " + std::to_string(clock.Hours) + ":" + std::to_string(clock.Minutes);
 }
 
-TEST(ZoneDaysFile, IsNotMadeFromAnotherEdition) {
+// Easter Island changes at 22 o'clock on Saturday, Cuba at 0 and 1 o'clock, Greenland at 23 and 24 o'clock.
+TEST(ZoneClocks, ShowTheTrueClockInTheNightOfAChange) {
+    const CityDatabase cities(QUODE_CITY_DATABASE);
+    const CityRecord easter = *cities.largestCityOfZone("Pacific/Easter");
+    EXPECT_EQ(wallClockText(easter, sys_days(2026y / April / 5) + 2h + 59min), "4 21:59");
+    EXPECT_EQ(wallClockText(easter, sys_days(2026y / April / 5) + 3h), "4 21:0");
+    EXPECT_EQ(wallClockText(easter, sys_days(2026y / September / 6) + 3h + 59min), "5 21:59");
+    EXPECT_EQ(wallClockText(easter, sys_days(2026y / September / 6) + 4h), "5 23:0");
+    const CityRecord havana = *cities.largestCityOfZone("America/Havana");
+    EXPECT_EQ(wallClockText(havana, sys_days(2026y / March / 8) + 4h + 59min), "7 23:59");
+    EXPECT_EQ(wallClockText(havana, sys_days(2026y / March / 8) + 5h), "8 1:0");
+    EXPECT_EQ(wallClockText(havana, sys_days(2027y / November / 7) + 5h), "7 0:0");
+    const CityRecord nuuk = *cities.largestCityOfZone("America/Nuuk");
+    EXPECT_EQ(wallClockText(nuuk, sys_days(2027y / March / 28) + 59min), "27 22:59");
+    EXPECT_EQ(wallClockText(nuuk, sys_days(2027y / March / 28) + 1h), "28 0:0");
+}
+
+TEST(ZoneClocks, NameTheDayOnWhichTheClocksChange) {
+    const CityDatabase cities(QUODE_CITY_DATABASE);
+    const auto change = [&cities](const char* zone, year_month_day after) {
+        return nextClockChange(siteOf(*cities.largestCityOfZone(zone)).clock(), after)->date;
+    };
+    EXPECT_EQ(change("Pacific/Easter", 2027y / January / 1), 2027y / April / 3);
+    EXPECT_EQ(change("Pacific/Easter", 2027y / April / 3), 2027y / April / 3);  // in the evening of that day
+    EXPECT_EQ(change("Pacific/Easter", 2027y / April / 4), 2027y / September / 4);
+    EXPECT_EQ(change("America/Havana", 2027y / January / 1), 2027y / November / 7);
+    EXPECT_EQ(change("America/Nuuk", 2027y / January / 1), 2027y / March / 27);
+    EXPECT_EQ(change("Africa/Cairo", 2026y / May / 1), 2026y / October / 30);
+    EXPECT_EQ(change("Europe/Berlin", 2027y / January / 1), 2027y / March / 28);
+}
+
+TEST(ZoneChangesFile, IsWhatTheZoneDataOfThisMachineGive) {
+    if (zoneEditionOf(systemZoneFolder) != "2026f") GTEST_SKIP() << "this machine has another edition of the zone data";
+    std::ifstream file(QUODE_PLACE_DATA "/zone_changes.tsv", std::ios::binary);
+    const std::string committed{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    EXPECT_EQ(zoneChangesTable(QUODE_PLACE_DATA, systemZoneFolder), committed);
+}
+
+TEST(ZoneChangesFile, IsNotMadeFromAnotherEdition) {
     const test::TemporaryFolder folder;
     test::writeFile(folder, "tzdata.zi", "# version 2025b\n");
-    EXPECT_THROW(zoneDaysTable(QUODE_PLACE_DATA, folder.path()), std::runtime_error);
+    EXPECT_THROW(zoneChangesTable(QUODE_PLACE_DATA, folder.path()), std::runtime_error);
 }
 
 TEST(ZoneEdition, IsReadFromEitherFile) {

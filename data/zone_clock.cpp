@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "data/zone_days.h"
+#include "data/zone_clock.h"
 
-#include <algorithm>
 #include <cmath>
 
-#include "common/numbers.h"
 #include "data/zone_edition.h"
 
 namespace quode {
@@ -40,42 +38,21 @@ ZoneRule withoutSummer(int offset) {
     return rule;
 }
 
+// The day on which a clock leaves an offset that it no longer has at noon of `day`: that day, or the evening before.
+sys_days dateOfChange(const ZoneClock& clock, sys_days day, int before) {
+    const sys_seconds midnight = day - std::chrono::seconds(before);
+    return clock.offsetAt(midnight - std::chrono::seconds(1)) == before ? day : day - days(1);
+}
+
 }  // namespace
-
-std::string zoneDaysText(const std::vector<ZoneDays>& days) {
-    std::string text;
-    for (const ZoneDays& run : days) {
-        text += numberText(run.first.time_since_epoch().count()) + ' ' +
-                numberText(run.last.time_since_epoch().count()) + ' ' + numberText(run.offset) + ';';
-    }
-    return text;
-}
-
-std::vector<ZoneDays> zoneDaysOf(std::string_view text) {
-    const auto next = [&text] {
-        const auto number = takeNumber<int>(text);
-        if (!text.empty()) text.remove_prefix(1);  // the blank or the semicolon
-        return number;
-    };
-    std::vector<ZoneDays> all;
-    while (!text.empty()) {
-        const auto first = next(), last = next(), offset = next();
-        if (!first || !last || !offset) break;
-        all.push_back({sys_days(days(*first)), sys_days(days(*last)), *offset});
-    }
-    return all;
-}
 
 bool ZoneKnowledge::systemIsOlder() const {
     return !systemEdition.empty() && isNewerEdition(edition, systemEdition);
 }
 
 std::optional<int> ZoneKnowledge::offsetOn(sys_days day) const {
-    if (day < firstKnownDay) return std::nullopt;
-    if (newer) return newer->offsetAtNoon(day);
-    const auto after = std::ranges::upper_bound(days, day, {}, &ZoneDays::first);
-    if (after == days.begin() || day > std::prev(after)->last) return std::nullopt;
-    return std::prev(after)->offset;
+    if (!zone || day < firstKnownDay) return std::nullopt;
+    return zone->offsetAtNoon(day);
 }
 
 ZoneRule ZoneClock::ruleOn(year_month_day date) const {
@@ -84,7 +61,7 @@ ZoneRule ZoneClock::ruleOn(year_month_day date) const {
     const int standard = secondsOf(rule.gmt);
     const bool isKnownSummer = rule.dst && *offset == standard + secondsPerHour;
     if (isKnownSummer) return summerOn(date, standard);
-    const bool isSummer = known->newer && *offset > standard && known->newer->isSummerAtNoon(date);
+    const bool isSummer = *offset > standard && known->zone->isSummerAtNoon(date);
     return isSummer ? summerOn(date, *offset - secondsPerHour) : withoutSummer(*offset);
 }
 
@@ -93,19 +70,18 @@ int ZoneClock::offsetOn(year_month_day date) const {
 }
 
 int ZoneClock::offsetAt(sys_seconds moment) const {
-    if (known && known->newer && moment >= firstKnownDay) return known->newer->offsetAt(moment);
+    if (known && known->zone && moment >= firstKnownDay) return known->zone->offsetAt(moment);
     const sys_seconds standard = moment + std::chrono::seconds(secondsOf(rule.gmt));
     return offsetOn(year_month_day(std::chrono::floor<days>(standard - changeOfClocks)));
 }
 
 std::optional<ClockChange> nextClockChange(const ZoneClock& clock, year_month_day after) {
-    const ZoneKnowledge* const known = clock.known.get();
-    const bool neverChanges = !clock.rule.dst && (!known || (known->days.empty() && !known->newer));
+    const bool neverChanges = !clock.rule.dst && !clock.known;
     if (neverChanges || !after.ok()) return std::nullopt;
     int before = clock.offsetOn(after);
     for (sys_days day = sys_days(after) + days(1); day <= sys_days(after) + days(farthest); day += days(1)) {
         const int offset = clock.offsetOn(day);
-        if (offset != before) return ClockChange{day, offset > before};
+        if (offset != before) return ClockChange{dateOfChange(clock, day, before), offset > before};
         before = offset;
     }
     return std::nullopt;

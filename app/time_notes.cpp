@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+#include "app/time_notes.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/day_view.h"
+#include "app/failure.h"
+#include "app/method_choice.h"
+#include "app/session.h"
+#include "data/iqama.h"
+#include "texts/translation.h"
+
+namespace quode::app {
+namespace {
+
+bool isFallback(const CityDay& day, int code) {
+    const TimeSource source = day.method.mark(code).source;
+    if (source == TimeSource::highLatitude || source == TimeSource::otherLatitude) return true;
+    const Fallbacks fallbacks = fallbacksOf(day.times, code);
+    return source == TimeSource::engine && (fallbacks.latitude || fallbacks.earlierDay);
+}
+
+std::optional<double> iqamaHours(const CityDay& day, int code) {
+    const std::optional<int> minute = iqamaMinute(day, code);
+    return minute ? std::optional(*minute / 60.0) : std::nullopt;
+}
+
+}  // namespace
+
+std::string shortMark(const CityDay& day, int code) {
+    if (timeOfPrayer(day, code) == missingTime) return "";
+    if (day.method.mark(code).adjusted != 0) return _("adjusted by you");
+    return isFallback(day, code) ? std::string(_("by a fallback rule")) : "";
+}
+
+std::vector<std::string> timeNotes(Session& session, const CityDay& day) {
+    std::vector<std::pair<std::string, std::string>> reasons;  // reason, prayers
+    for (int code = firstPrayer; code <= lastPrayer; ++code) {
+        const std::optional<std::string> reason = sourceNote(day, code);
+        if (!reason) continue;
+        auto found = std::ranges::find(reasons, *reason, &std::pair<std::string, std::string>::first);
+        if (found == reasons.end()) found = reasons.insert(reasons.end(), {*reason, ""});
+        found->second += (found->second.empty() ? "" : ", ") + session.prayerName(code);
+    }
+    std::vector<std::string> lines;
+    for (const auto& [reason, prayers] : reasons) lines.push_back(prayers + ": " + reason);
+    return lines;
+}
+
+std::string iqamaLine(Session& session, const CityDay& day) {
+    std::string prayers;
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        const std::optional<double> hours = iqamaHours(day, code);
+        if (!hours) continue;
+        prayers += (prayers.empty() ? "" : ", ") + session.prayerName(code) + " " + clockText(session, *hours);
+    }
+    // Translators: the moments at which the congregations of the prayers begin.
+    return prayers.empty() ? "" : _("Iqama: {}", prayers);
+}
+
+Json iqamaJson(const CityDay& day) {
+    Json::Object times;
+    bool isAnyKnown = false;
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        const std::optional<double> hours = iqamaHours(day, code);
+        isAnyKnown = isAnyKnown || hours.has_value();
+        times.emplace_back(prayerKey(code), hours ? Json(clock24(*hours)) : Json());
+    }
+    return isAnyKnown ? Json(std::move(times)) : Json();
+}
+
+std::string usualMethodNote(Session& session, const ChosenPlace& place) {
+    const bool isUsers = place.source == PlaceSource::home || place.source == PlaceSource::systemZone;
+    if (!isUsers || place.city.choice.isChosen) return "";
+    const conventions::Convention* usual = conventions::usualIn(place.city.countryCode);
+    if (usual == nullptr || usual->computation == conventions::Computation::engine) return "";
+    return _("Usual in {0}: {1}. To choose it: quode method set {2}; to keep Quode's own: quode method set quode.",
+             session.isTurkish() ? place.city.countryNameTr : place.city.countryNameEn, std::string(usual->name),
+             std::string(usual->key));
+}
+
+}  // namespace quode::app

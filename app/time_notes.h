@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// What is to be known of the single times of a day, in words: where each comes from, when the congregation begins.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/json.h"
+#include "app/place.h"
+#include "data/city_day.h"
+
+namespace quode::app {
+
+class Session;
+
+/// Why a time is not plainly that of the method, in a few words for a line with one prayer: "adjusted by you",
+/// "by a fallback rule". Empty when it is.
+std::string shortMark(const CityDay& day, int code);
+
+/// Why times are not plainly those of the method, a line for each reason: "Fajr, Isha: with your adjustment of +2
+/// minutes".
+std::vector<std::string> timeNotes(Session& session, const CityDay& day);
+
+/// "Iqama: Fajr 06:30, Dhuhr 13:20"; empty when none is known.
+std::string iqamaLine(Session& session, const CityDay& day);
+
+/// {"fajr": "06:30", ...} of the six main prayers, each null where none is known; null when all are.
+Json iqamaJson(const CityDay& day);
+
+/// The method that is usual in the country of the user's city, and how to choose it, as long as the user has chosen
+/// none; else empty.
+std::string usualMethodNote(Session& session, const ChosenPlace& place);
+
+}  // namespace quode::app
