@@ -86,6 +86,7 @@ std::string wrapped(std::string_view text, int width, int indentation) {
         text.remove_prefix(std::min(text.size(), word.size() + 1));
         const int length = displayWidth(word);
         if (column > 0 && column + 1 + length > width) {
+            while (lines.ends_with(' ')) lines.pop_back();
             lines += '\n';
             lines += blanks(indentation);
             column = indentation;

@@ -115,11 +115,12 @@ std::string programIn(const std::string& exec) {
     return program;
 }
 
-FileOutcome writeEntry(const Environment& environment, const fs::path& program, const std::string& more) {
+FileOutcome writeEntry(const Environment& environment, const std::string& name, const fs::path& program,
+                       const std::string& more) {
     const fs::path folder = fs::path(configFolderFrom(environment)) / "autostart";
     if (FileOutcome made = makeFolder(folder); !made.ok) return made;
     FileCalls calls;
-    return replaceFile(calls, folder / (program.filename().string() + ".desktop"),
+    return replaceFile(calls, folder / name,
                        "[Desktop Entry]\nType=Application\nName=Quode\nExec=" + quoted(program.string()) +
                            "\nNoDisplay=true\n" + more);
 }
@@ -169,7 +170,7 @@ ServiceStart assureServiceStart(const Environment& environment, const fs::path& 
     if (::access(program.c_str(), X_OK) != 0) {
         return madeNew({false, _("there is no program {}.", program.string())});
     }
-    return madeNew(writeEntry(environment, program, {}));
+    return madeNew(writeEntry(environment, entryName, program, {}));
 }
 
 bool programStartsAtLogin(const Environment& environment, const std::string& name) {
@@ -178,7 +179,8 @@ bool programStartsAtLogin(const Environment& environment, const std::string& nam
 
 // Hidden is what switches off an entry of the system too.
 std::string setStartAtLogin(const Environment& environment, const fs::path& program, bool isWanted) {
-    const FileOutcome outcome = writeEntry(environment, program, isWanted ? "" : "Hidden=true\n");
+    const FileOutcome outcome =
+        writeEntry(environment, program.filename().string() + ".desktop", program, isWanted ? "" : "Hidden=true\n");
     return outcome.ok ? std::string() : outcome.message;
 }
 

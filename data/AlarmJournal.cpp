@@ -60,7 +60,7 @@ AlarmJournal::AlarmJournal(const std::filesystem::path& folder, std::chrono::mil
       descriptor_(::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)) {
     struct stat facts {};
     if (descriptor_ < 0) {
-        problem_ = _("The alarms cannot be changed: {} cannot be opened ({}). Give yourself the right to write there.",
+        problem_ = _("The alarms cannot be changed: {} cannot be opened ({}). Give yourself write permission there.",
                      file_.string(), reason());
     } else if (::fstat(descriptor_, &facts) != 0 || !S_ISREG(facts.st_mode)) {
         problem_ = _("The alarms cannot be changed: {} is not a regular file. Move it away.", file_.string());

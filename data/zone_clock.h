@@ -17,7 +17,7 @@ namespace quode {
 /// The first day of which more than the yearly rule is known. Before it the rule is all there is, in every edition.
 inline constexpr std::chrono::sys_days firstKnownDay = std::chrono::year(2020) / 1 / 1;
 
-/// The last day up to which Quode ships what its edition knows beyond the yearly rules.
+/// The last day for which Quode ships the exceptions of its edition to the yearly rules.
 inline constexpr std::chrono::sys_days lastShippedDay = std::chrono::year(2050) / 12 / 31;
 
 /// What is known of one zone.

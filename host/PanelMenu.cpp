@@ -54,7 +54,7 @@ PanelMenu::PanelMenu(std::function<MenuState()> state)
     connect(city, &QAction::triggered, this, &PanelMenu::cityAsked);
     addAlarms();
     addColors();
-    QAction* const settings = addAction(_("Settings…"));
+    QAction* const settings = addEntry(N_("Settings…"));
     settings->setShortcut(Qt::CTRL | Qt::Key_Comma);
     connect(settings, &QAction::triggered, this, [this] { Q_EMIT settingsAsked({}); });
     addSeparator();
@@ -90,10 +90,10 @@ void PanelMenu::addAlarms() {
     texts_.emplace_back(alarms_->menuAction(), N_("Alarms"));
     connect(alarms_, &QMenu::triggered, this,
             [this](QAction* action) { Q_EMIT alarmSwitched(action->data().toInt(), action->isChecked()); });
-    mute_ = addAction(_("Mute until tomorrow"));
+    mute_ = addEntry(N_("Mute until tomorrow"));
     mute_->setCheckable(true);
     connect(mute_, &QAction::triggered, this, &PanelMenu::muteAsked);
-    connect(addAction(_("Set up alarms…")), &QAction::triggered, this, [this] { Q_EMIT settingsAsked("alarms"); });
+    connect(addEntry(N_("Set up alarms…")), &QAction::triggered, this, [this] { Q_EMIT settingsAsked("alarms"); });
 }
 
 void PanelMenu::addColors() {

@@ -43,8 +43,10 @@ ComingPrayer foundComingPrayer(app::Session& session) {
     const TimeBound bound = boundOf(app::timeLeft(session, *next));
     const std::string within =
         _("within {}", durationLabel(std::chrono::duration_cast<std::chrono::minutes>(bound.bound)));
-    return {prayer + ", " + app::timeLeftText(session, site, *next), city->name + ": " + prayer + ", " + within,
-            next->instant - bound.next};
+    // A name in Latin letters does not make the line one from left to right.
+    const std::string direction = isRightToLeft(languageInUse()) ? "\u200f" : "";
+    return {prayer + ", " + app::timeLeftText(session, site, *next),
+            direction + city->name + ": " + prayer + ", " + within, next->instant - bound.next};
 }
 
 }  // namespace

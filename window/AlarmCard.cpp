@@ -57,7 +57,7 @@ void AlarmCard::addHead() {
     row->addWidget(open_);
     row->addWidget(switch_);
     column()->addLayout(row);
-    connect(switch_, &QAbstractButton::clicked, this,
+    connect(switch_, &QAbstractButton::toggled, this,
             [this](bool isOn) { context_.change([&] { app::switchAlarms(context_.session(), {code_}, isOn); }); });
     connect(open_, &QToolButton::toggled, this, [this](bool isOpen) {
         details_->setVisible(isOpen);
@@ -92,7 +92,7 @@ void AlarmCard::addDetails() {
     connect(offset_, &OffsetEdit::edited, this, [this](int minutes) {
         context_.change([&] { app::setUpAlarms(context_.session(), {code_}, minutes, std::nullopt); });
     });
-    connect(hasReminder_, &QCheckBox::clicked, this, [this, storeReminder](bool isOn) {
+    connect(hasReminder_, &QCheckBox::toggled, this, [this, storeReminder](bool isOn) {
         if (isOn && reminder_->minutes() == 0) reminder_->setMinutes(usualReminder);
         storeReminder();
     });
@@ -126,7 +126,7 @@ void AlarmCard::addDays(QFormLayout& form) {
         button->setMinimumWidth(28);
         days_.at(std::size_t(day)) = button;
         row->addWidget(button);
-        connect(button, &QToolButton::clicked, this, &AlarmCard::chooseDays);
+        connect(button, &QToolButton::toggled, this, &AlarmCard::chooseDays);
     }
     form.addRow(_("On these days"), row);
 }
@@ -181,12 +181,12 @@ void AlarmCard::takeSound(const std::string& sound) {
 
 void AlarmCard::refresh(const app::UserAlarms& all) {
     const UserAlarm& alarm = all.alarm(code_);
-    switch_->setChecked(alarm.isOn);
+    showChecked(*switch_, alarm.isOn);
     offset_->setMinutes(alarm.offset);
-    hasReminder_->setChecked(alarm.reminder.has_value());
+    showChecked(*hasReminder_, alarm.reminder.has_value());
     reminder_->setEnabled(alarm.reminder.has_value());
     if (alarm.reminder) reminder_->setMinutes(*alarm.reminder);
-    for (std::size_t day = 0; day < days_.size(); ++day) days_[day]->setChecked((alarm.days & (1U << day)) != 0);
+    for (std::size_t day = 0; day < days_.size(); ++day) showChecked(*days_[day], (alarm.days & (1U << day)) != 0);
     showSounds(all, alarm);
     showSummary(all, alarm);
     const bool isSkipped = alarm.skippedUntil > context_.session().now();

@@ -64,7 +64,7 @@ QWidget* CalendarPage::newEvolutionPart() {
             }
         });
     });
-    connect(rings_, &QAbstractButton::clicked, this, [this](bool isOn) {
+    connect(rings_, &QAbstractButton::toggled, this, [this](bool isOn) {
         const bool isDone =
             this->context().change([&] { app::changeSetting(session(), "ringer", isOn ? "evolution" : "quode"); });
         if (!isDone) refresh();
@@ -82,7 +82,7 @@ void CalendarPage::refresh() {
                                  : _("They do not show the alarms."));
     connect_->setText(isConnected_ ? _("Disconnect") : _("Connect"));
     rings_->setEnabled(isConnected_);
-    rings_->setChecked(isConnected_ && settings.ringer == Ringer::evolution);
+    showChecked(*rings_, isConnected_ && settings.ringer == Ringer::evolution);
 }
 
 }  // namespace quode::window

@@ -74,10 +74,10 @@ void CityRows::addRow(const std::vector<UserCity>& cities, std::size_t position)
     home->setChecked(each.isHome);
     home->setAccessibleName(toQt(_("{}: home city", name.toStdString())));
     home->setToolTip(_("Make it home"));
-    connect(home, &QRadioButton::clicked, this, [this, id, home] {
+    connect(home, &QRadioButton::toggled, this, [this, id, home] {
         context_.change(
             [&] { app::changeCities(context_.session(), [id](UserDatabase& database) { database.chooseHome(id); }); });
-        home->setChecked(true);
+        showChecked(*home, true);
     });
     auto* const texts = new QVBoxLayout;
     texts->setSpacing(1);

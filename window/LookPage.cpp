@@ -59,7 +59,8 @@ QWidget* LookPage::newColorPart() {
         auto* const picture = new SchemePicture(scheme, toQt(_("Scheme {}", scheme + 1)), card);
         schemes_[std::size_t(scheme)] = picture;
         grid->addWidget(picture, scheme / schemesPerRow, scheme % schemesPerRow);
-        connect(picture, &QAbstractButton::clicked, this, [this, scheme] {
+        connect(picture, &QAbstractButton::toggled, this, [this, scheme](bool isOn) {
+            if (!isOn) return;
             context().change([&] { app::changeSetting(session(), "colors", std::to_string(scheme + 1)); });
         });
     }
@@ -105,9 +106,9 @@ QWidget* LookPage::newStartPart() {
     card->addLine();
     card->column()->addLayout(switchRow(tray_, _("Icon in the tray"),
                                         _("Without it the panel is a window, and ends when it is closed."), card));
-    connect(login_, &QAbstractButton::clicked, this,
+    connect(login_, &QAbstractButton::toggled, this,
             [this](bool isOn) { context().change([&] { app::startPanelAtLogin(session(), isOn); }); });
-    connect(tray_, &QAbstractButton::clicked, this, [this](bool isOn) {
+    connect(tray_, &QAbstractButton::toggled, this, [this](bool isOn) {
         context().change([&] { app::changeSetting(session(), "tray", isOn ? "on" : "off"); });
     });
     return card;
@@ -132,13 +133,13 @@ void LookPage::showColors() {
 
 void LookPage::refresh() {
     const UserSettings settings = app::presentSettings(session());
-    schemes_.at(std::size_t(settings.colorScheme))->setChecked(true);
+    showChecked(*schemes_.at(std::size_t(settings.colorScheme)), true);
     showColors();
     choose(*textSize_, QString::number(settings.textSize));
     choose(*layout_, toQt(app::settingNamed("panel").value(settings)));
     choose(*language_, toQt(settings.language));
-    login_->setChecked(app::panelStartsAtLogin(session()));
-    tray_->setChecked(settings.hasTrayIcon);
+    showChecked(*login_, app::panelStartsAtLogin(session()));
+    showChecked(*tray_, settings.hasTrayIcon);
 }
 
 }  // namespace quode::window

@@ -3,6 +3,7 @@
 #include "window/parts.h"
 
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -124,6 +125,11 @@ void removeAll(QLayout& layout) {
         delete item->widget();
         delete item;
     }
+}
+
+void showChecked(QAbstractButton& button, bool isOn) {
+    const QSignalBlocker quiet(button);
+    button.setChecked(isOn);
 }
 
 }  // namespace quode::window

@@ -60,4 +60,8 @@ void choose(QComboBox& box, const QVariant& data);
 /// Removes what a layout holds, at once.
 void removeAll(QLayout& layout);
 
+/// Shows a state that was read, without the signal of a change. What somebody switches is heard by `toggled`, which assistive
+/// technology gives too; `clicked` is the mouse's and the keyboard's alone.
+void showChecked(QAbstractButton& button, bool isOn);
+
 }  // namespace quode::window

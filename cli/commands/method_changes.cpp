@@ -34,7 +34,7 @@ void runSet(Session& session, const Arguments& arguments) {
     const std::string line = methodLine(site);
     session.print(city.name + ": " + (line.empty() ? _("Quode's own method.") : line + "."));
     for (const std::string& remark : methodRemarks(day)) session.print(session.wrapped(remark));
-    if (const std::string line = iqamaLine(session, day); !line.empty()) session.print(session.wrapped(line));
+    if (const std::string iqama = iqamaLine(session, day); !iqama.empty()) session.print(session.wrapped(iqama));
     const std::string remark(conventionNamed(method.key).remark);
     if (!remark.empty()) session.print(session.style().dim(session.wrapped(remark)));
 }

@@ -34,9 +34,9 @@ TEST(TextTable, WrapsTheWidestTextsWhereItIsTooWide) {
     TextTable table({TextTable::Align::left, TextTable::Align::right, TextTable::Align::left});
     table.add({"label", "12", "a remark that is longer than its line"});
     table.add({"other", "3", "short"});
-    EXPECT_EQ(table.lines(30), (std::vector<std::string>{
-                                   "label  12  a remark that is\n           longer than its\n           line",
-                                   "other   3  short"}));
+    EXPECT_EQ(table.lines(30),
+              (std::vector<std::string>{"label  12  a remark that is\n           longer than its\n           line",
+                                        "other   3  short"}));
 }
 
 TEST(TextTable, LetsCellsFollowEachOtherWhereColumnsDoNotFit) {
@@ -57,7 +57,7 @@ TEST(Wrapping, KeepsLinesThatFitAndTheirBeginnings) {
 
 TEST(Wrapping, BreaksAtBlanks) {
     EXPECT_EQ(wrapped("one two three", 7, 2), "one two\n  three");
-    EXPECT_EQ(wrapped("one/two three", 4, 0), "one/two\nthree");  // a path
+    EXPECT_EQ(wrapped("one/two three", 5, 0), "one/two\nthree");  // a path
     EXPECT_EQ(wrapped("öö öö", 5, 0), "öö öö");
 }
 

@@ -150,7 +150,9 @@ TEST(NewerZoneData, MoveEveryFront) {
     const json after = program.run({"today", "--json"}).json();
     EXPECT_EQ(after["zone"]["offset_hours"], 2.0);
     EXPECT_EQ(after["zone"]["data"], (json{{"edition", "2031a"}, {"of_system", true}}));
-    EXPECT_NEAR(after["prayers"][0]["hours"].get<double>(), before["prayers"][0]["hours"].get<double>() + 1.0, 1e-9);
+    EXPECT_NEAR(after["prayers"][0]["hours"].get<double>(), before["prayers"][0]["hours"].get<double>() + 1.0,
+                2.0 / 3600.0 * 2.0)
+        << "the clock moves by an hour; the moments at which the engine looks at the Sun move with it";
     EXPECT_EQ(after["prayers"][0]["instant"], before["prayers"][0]["instant"]) << "the Sun has not moved";
     EXPECT_EQ(program.run({"alarm", "upcoming", "--json"}).json()["rings"][0]["instant"], rings[0]["instant"]);
     EXPECT_NE(program.run({"month", "2026-12", "--format", "csv"}).out.find(",2,"), std::string::npos);

@@ -35,8 +35,8 @@ TEST_P(Json, HasItsKeysInEveryLanguage) {
 INSTANTIATE_TEST_SUITE_P(
     Commands, Json,
     testing::Values(Answer{{"today"},
-                           {"place", "date", "weekday", "is_today", "hijri", "prayers", "next", "sky", "zone", "qibla",
-                            "magnetic_declination", "margin", "rule", "notes", "rounding", "computed_latitude",
+                           {"place", "date", "weekday", "is_today", "hijri", "prayers", "night", "next", "sky", "zone",
+                            "qibla", "magnetic_declination", "margin", "rule", "notes", "rounding", "computed_latitude",
                             "method", "warnings"}},
                     Answer{{"next"}, {"place", "next"}}, Answer{{"month"}, {"place", "rule", "days", "warnings"}},
                     Answer{{"year"}, {"place", "rule", "days", "warnings"}},

@@ -20,7 +20,7 @@ completed() {
 }
 [ "$(completed quode ci)" = city ] || fail "quode ci: $(completed quode ci)"
 [ "$(completed quode city --json se)" = search ] || fail "an option before the word is not skipped"
-[ "$(completed quode month --format "")" = "table csv json" ] || fail "the choices of --format are not offered"
+[ "$(completed quode month --format "")" = "table csv json pdf html ics" ] || fail "the choices of --format are not offered"
 [[ " $(completed quode next --) " = *" --format "* ]] || fail "the options of a command are not offered"
 [[ " $(completed quode sky --) " != *" --format "* ]] || fail "an option of another command is offered"
 

@@ -55,6 +55,7 @@ class Window(unittest.TestCase):
 
     def tearDown(self):
         self.kill()
+        self.end_services()
         self.home.cleanup()
 
     def start(self, *arguments):
@@ -65,6 +66,18 @@ class Window(unittest.TestCase):
             self.program.send_signal(signal.SIGKILL)
             self.program.wait()
             self.program = None
+
+    def end_services(self):
+        """Ends the alarm service that the window has started, which would outlive the test."""
+        folder = self.environment["HOME"].encode()
+        for process in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                with open("/proc/%s/environ" % process, "rb") as environment, open("/proc/%s/comm" % process) as name:
+                    isOurs = b"HOME=" + folder in environment.read().split(b"\0") and name.read().startswith("quode")
+                if isOurs:
+                    os.kill(int(process), signal.SIGTERM)
+            except OSError:
+                continue
 
     def quode(self, *arguments):
         return json.loads(subprocess.run([COMMAND, *arguments, "--json"], env=self.environment, check=True,

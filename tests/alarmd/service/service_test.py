@@ -305,7 +305,8 @@ class ServiceTest(unittest.TestCase):
         self.environment["QUODE_DATA_DIR"] = os.path.join(self.folder, "data")
         self.set_alarm()
         first = self.start()
-        self.assertTrue(self.wait_for(lambda: os.path.exists(self.environment["QUODE_DATA_DIR"] + "/alarmd.rings")))
+        self.assertTrue(self.wait_for(lambda: os.path.exists(self.environment["QUODE_DATA_DIR"] + "/alarmd.lock")))
+        time.sleep(0.5)  # it has started
         # The service writes meanwhile, so that a folder may not be empty when its turn comes.
         while os.path.exists(self.environment["QUODE_DATA_DIR"]):
             shutil.rmtree(self.environment["QUODE_DATA_DIR"], ignore_errors=True)
