@@ -39,7 +39,7 @@ struct ZoneKnowledge {
 /// The yearly rule of a zone with all that is known beyond it.
 struct ZoneClock {
     ZoneRule rule;
-    std::shared_ptr<const ZoneKnowledge> known;  ///< null: no more than the rule
+    std::shared_ptr<const ZoneKnowledge> known;  ///< null: the rule alone
 
     /// A rule alone is a clock too.
     ZoneClock(const ZoneRule& yearly, std::shared_ptr<const ZoneKnowledge> more = {})

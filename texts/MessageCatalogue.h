@@ -13,7 +13,7 @@ namespace quode {
 
 /// The texts of one language, as `msgfmt --endianness=little` compiles them from a .po file.
 ///
-/// Offsets are checked at use, so that loading a catalogue costs no more than reading the file. A damaged catalogue lacks
+/// Offsets are checked at use, so loading a catalogue costs only reading the file. A damaged catalogue lacks
 /// texts but does no harm.
 class MessageCatalogue {
   public:
