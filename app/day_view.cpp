@@ -13,6 +13,7 @@
 #include "app/method_choice.h"
 #include "app/session.h"
 #include "app/text_layout.h"
+#include "app/time_notes.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
 #include "common/labels.h"
@@ -216,6 +217,11 @@ std::string Footnotes::earlierDayMark(const PrayTimes& times, int code) {
 std::string Footnotes::sourceMark(const CityDay& day, int code) {
     const std::optional<std::string> note = sourceNote(day, code);
     return note ? mark(*note) : "";
+}
+
+std::string Footnotes::clockMark(Session& session, const ZoneClock& clock, const CityDay& day, int code) {
+    const std::string note = otherClockNote(session, clock, day, code);
+    return note.empty() ? "" : mark(note);
 }
 
 std::string Footnotes::mark(const std::string& text) {

@@ -90,6 +90,8 @@ class Footnotes {
     std::string earlierDayMark(const PrayTimes& times, int code);
     /// The mark of a time that the chosen method, a table or the user changed.
     std::string sourceMark(const CityDay& day, int code);
+    /// The mark of a time at which the clock shows another one, because it changes on that day.
+    std::string clockMark(Session& session, const ZoneClock& clock, const CityDay& day, int code);
 
     /// The numbered explanations.
     std::vector<std::string> lines() const;

@@ -57,8 +57,9 @@ std::string minuteText(Session& session, const std::optional<int>& minute) {
 
 /// What has to be explained below one page.
 struct TableMarks {
-    Footnotes notes;
-    std::set<std::string> missing;  ///< why there are no times
+    ZoneClock clock;
+    Footnotes notes = {};
+    std::set<std::string> missing = {};  ///< why there are no times
 
     void addTo(std::vector<std::string>& remarks) const {
         for (const std::string& line : notes.lines()) remarks.push_back(line);
@@ -128,7 +129,8 @@ class MonthWriter {
         const std::string note = missingPrayerNote(session_, day, code);
         if (!note.empty()) marks_.missing.insert(note);
         return clockText(session_, timeOfPrayer(day, code)) + marks_.notes.latitudeMark(session_, day.times, code) +
-               marks_.notes.earlierDayMark(day.times, code) + marks_.notes.sourceMark(day, code);
+               marks_.notes.earlierDayMark(day.times, code) + marks_.notes.sourceMark(day, code) +
+               marks_.notes.clockMark(session_, marks_.clock, day, code);
     }
 
     Session& session_;
@@ -167,14 +169,15 @@ std::vector<std::string> notesOf(const ChosenPlace& place, const CityDay& day) {
 
 void fillPages(Session& session, const PrintRequest& request, const std::vector<std::vector<CityDay>>& months,
                const std::vector<Source>& sources, printing::Timetable& table) {
-    TableMarks marks;
+    const TableMarks none{siteOf(request.place.city).clock()};
+    TableMarks marks = none;
     for (std::size_t i = 0; i < months.size(); ++i) {
         const Month& month = request.months[i];
         const std::vector<VAKDate> dates = daysOf(month);
         printing::Page page;
         page.heading = fmt::format("{} {}", session.monthName(month.month), month.year);
         page.hijriHeading = hijriMonths(session, dates);
-        if (!request.isSheet) marks = {};
+        if (!request.isSheet) marks = none;
         MonthWriter writer(session, sources, marks);
         for (const CityDay& day : months[i]) page.rows.push_back(writer.row(day));
         page.remarks = writer.remarks();

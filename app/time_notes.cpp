@@ -49,6 +49,13 @@ std::vector<std::string> timeNotes(Session& session, const CityDay& day) {
     return lines;
 }
 
+std::string otherClockNote(Session& session, const ZoneClock& clock, const CityDay& day, int code) {
+    const std::optional<int> minute = otherClockMinute(clock, day, timeOfPrayer(day, code));
+    if (!minute) return "";
+    return _("{0}: the clocks change on this day; at this moment they show {1}.", session.prayerName(code),
+             clockText(session, *minute / 60.0));
+}
+
 std::string iqamaLine(Session& session, const CityDay& day) {
     std::string prayers;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {

@@ -24,6 +24,10 @@ std::string shortMark(const CityDay& day, int code);
 /// minutes".
 std::vector<std::string> timeNotes(Session& session, const CityDay& day);
 
+/// What the clock shows at a time on the other side of a change of the clocks: a day has one offset, that of noon. Empty
+/// on nearly every day.
+std::string otherClockNote(Session& session, const ZoneClock& clock, const CityDay& day, int code);
+
 /// "Iqama: Fajr 06:30, Dhuhr 13:20"; empty when none is known.
 std::string iqamaLine(Session& session, const CityDay& day);
 

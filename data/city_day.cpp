@@ -124,6 +124,13 @@ VAKDate wallClock(const ZoneClock& clock, sys_seconds instant) {
     return recordOf(instant + seconds(clock.offsetAt(instant)));
 }
 
+std::optional<int> otherClockMinute(const ZoneClock& clock, const CityDay& day, double hours) {
+    if (hours == missingTime) return std::nullopt;
+    const seconds difference = seconds(clock.offsetAt(instantOf(day, hours))) - offsetOf(day.GMTValue);
+    if (difference == seconds(0)) return std::nullopt;
+    return shownMinute(hours) + static_cast<int>(floor<minutes>(difference).count());
+}
+
 std::optional<NextPrayer> nextPrayer(const Site& site, sys_seconds now) {
     const VAKDate clock = wallClock(site.clock(), now);
     std::optional<NextPrayer> next;

@@ -93,6 +93,11 @@ std::chrono::sys_seconds instantOf(const CityDay& day, double hours);
 /// change.
 VAKDate wallClock(const ZoneClock& clock, std::chrono::sys_seconds instant);
 
+/// What the clock shows at a time of a day on which it changes, where that is not the time itself.
+/// @param hours  local hours; -1.0 for a missing time
+/// @return minutes after 0 h of the day; nothing when the clock shows the time
+std::optional<int> otherClockMinute(const ZoneClock& clock, const CityDay& day, double hours);
+
 /// The next prayer.
 struct NextPrayer {
     int code = 0;                        ///< 200 (Imsak) to 205 (Yatsi)

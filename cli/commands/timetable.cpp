@@ -62,10 +62,11 @@ std::vector<CityDay> computedDays(const Timetable& table, const std::vector<VAKD
 
 /// What is explained below a table.
 struct TableNotes {
-    Footnotes earlierDay;
+    ZoneClock clock;
+    Footnotes earlierDay = {};
     // The latitudes for which times were computed where the Sun does not rise and set.
-    std::optional<double> lowest, highest;
-    std::vector<std::string> missing;  // why there are no times
+    std::optional<double> lowest = {}, highest = {};
+    std::vector<std::string> missing = {};  // why there are no times
     bool hasIqama = false;
 
     void addMissing(const std::string& note) {
@@ -114,7 +115,8 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
         if (iqama) notes.hasIqama = true;
         row.push_back(clockText(session, timeOfPrayer(day, code)) +
                       (iqama ? "/" + clockText(session, *iqama / 60.0) : "") +
-                      notes.earlierDay.earlierDayMark(day.times, code) + notes.earlierDay.sourceMark(day, code));
+                      notes.earlierDay.earlierDayMark(day.times, code) + notes.earlierDay.sourceMark(day, code) +
+                      notes.earlierDay.clockMark(session, notes.clock, day, code));
         notes.addMissing(missingPrayerNote(session, day, code));
     }
     if (!prayers.withNight) return row;
@@ -217,7 +219,7 @@ void printTable(Session& session, const Timetable& table) {
     printPlace(session, table.place);
     printMethod(session, table.site);
     session.print();
-    TableNotes notes;
+    TableNotes notes{table.site.clock()};
     for (const Month& month : table.months) printMonth(session, table, month, notes);
     printClockChanges(session, table);
     if (notes.lowest) {

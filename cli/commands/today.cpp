@@ -112,6 +112,7 @@ Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
     std::string marks = notes.latitudeMark(session, times, code);  // the first to be numbered
     marks += notes.earlierDayMark(times, code);
     marks += notes.sourceMark(page.day, code);
+    marks += notes.clockMark(session, page.site.clock(), page.day, code);
     if (const auto iqama = iqamaMinute(page.day, code)) {
         remark += (remark.empty() ? "" : ", ") + _("iqama {}", clockText(session, *iqama / 60.0));
     }

@@ -108,6 +108,25 @@ TEST(Day, ChangesItsClockOnTheDayOfTheRule) {
     EXPECT_EQ(zone("2026-10-25").at("offset_hours"), 0.0);
 }
 
+TEST(Day, ExplainsATimeOnTheOtherSideOfAChangeOfTheClocks) {
+    // In Helsinki dawn comes before the clocks go forward at 03:00 on 29 March 2026: a wall clock shows 02:44.
+    const std::string note = "Fajr: the clocks change on this day; at this moment they show 02:44.";
+    const auto day = [](const char* city, const char* date) {
+        return Program().run({"today", "--city", city, "--date", date});
+    };
+    const Outcome change = day("Helsinki", "2026-03-29");
+    EXPECT_NE(change.lineWith("   Fajr").find("03:44  ¹"), std::string::npos) << change.out;
+    EXPECT_NE(change.out.find("¹ " + note), std::string::npos) << change.out;
+    const Outcome month = Program().run({"month", "2026-03", "--city", "Helsinki"});
+    EXPECT_NE(month.out.find("¹ " + note), std::string::npos) << month.out;
+    const auto notes =
+        Program().run({"today", "--city", "Helsinki", "--date", "2026-03-29", "--json"}).json().at("notes");
+    EXPECT_NE(std::find(notes.begin(), notes.end(), note), notes.end()) << notes;
+    for (const char* other : {"2026-03-28", "2026-03-30"})
+        EXPECT_EQ(day("Helsinki", other).out.find("¹"), std::string::npos);
+    EXPECT_EQ(day("Berlin", "2026-03-29").out.find("¹"), std::string::npos) << "there, dawn comes after the change";
+}
+
 TEST(Day, ShowsTheSummerTimeSign) {
     const Outcome summer = Program().run({"--city", "London", "--date", "2026-07-01"});
     EXPECT_NE(summer.lineWith("Time zone").find("(+) 01:00 ☀"), std::string::npos) << summer.out;

@@ -108,6 +108,21 @@ TEST(WallClock, BeginsEveryDayAtMidnightAndKeepsEveryDay) {
     }
 }
 
+TEST(CityDay, KnowsWhatTheClockShowsOnTheOtherSideOfAChange) {
+    Site helsinki{60.1695, 24.9354, {2.0, true, 2, weekdayRule(0, 4), 9, weekdayRule(0, 4), 1}, true};
+    ZoneKnowledge known;
+    known.zone = SystemZone::parseText("1577836800 7200 0;EET-2EEST,M3.5.0/3,M10.5.0/4");
+    ASSERT_TRUE(known.zone);
+    helsinki.known = std::make_shared<const ZoneKnowledge>(known);
+    const CityDay change = computeCityDay(helsinki, VAKDateMake(29, 3, 2026, 0, 0, 0));
+    const int shown = shownMinute(change.times.Imsak);
+    EXPECT_EQ(shown - 60, otherClockMinute(helsinki.clock(), change, change.times.Imsak));
+    EXPECT_EQ(std::nullopt, otherClockMinute(helsinki.clock(), change, change.times.Ogle));
+    EXPECT_EQ(std::nullopt, otherClockMinute(helsinki.clock(), change, missingTime));
+    const CityDay eve = computeCityDay(helsinki, VAKDateMake(28, 3, 2026, 0, 0, 0));
+    EXPECT_EQ(std::nullopt, otherClockMinute(helsinki.clock(), eve, eve.times.Imsak));
+}
+
 TEST(NextPrayer, IsAlwaysAheadAndWithinADay) {
     for (const Site& site : {istanbul, berlin}) {
         for (sys_seconds now = utc(2026, 1, 1, 0h); now < utc(2027, 1, 1, 0h); now += 7h + 13min) {
