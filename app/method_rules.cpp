@@ -7,7 +7,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/session.h"
 #include "common/numbers.h"
+#include "common/prayer.h"
+#include "conventions/agreement.h"
 #include "texts/translation.h"
 
 namespace quode::app {
@@ -82,10 +85,41 @@ std::string ruleSentence(const Convention& convention, Prayer prayer) {
                                : _("The authority takes off {} min.", minutes));
 }
 
+std::string nameText(const Convention& convention) {
+    return _(convention.name.data());
+}
+
+std::string authorityText(const Convention& convention) {
+    return _(convention.authority.data());
+}
+
+std::string sourceText(const Convention& convention) {
+    return convention.source.empty() ? "" : _(convention.source.data());
+}
+
+std::string remarkText(const Convention& convention) {
+    return convention.remark.empty() ? "" : _(convention.remark.data());
+}
+
+std::string agreementText(Session& session, const Convention& convention) {
+    const conventions::PublishedAgreement* found = conventions::publishedAgreement(convention.key);
+    if (found == nullptr) return _("not checked against published rows");
+    std::string percents;
+    for (std::size_t i = 0; i < found->exact.size(); ++i) {
+        percents += fmt::format("{}{} {}/{}/{}", percents.empty() ? "" : ", ",
+                                session.prayerName(firstPrayer + static_cast<int>(i)), found->exact[i],
+                                found->withinOne[i], found->withinTwo[i]);
+    }
+    const std::string places = _n("{} place", "{} places", found->places);
+    // Translators: {0} is a number, {1} is "3 places", {2} is "Fajr 88/98/98, Sunrise 91/100/100, ...".
+    return _("{0} published rows of {1}, exact/within 1/within 2 minutes in percent: {2}; worst {3} min", found->rows,
+             places, percents, found->worst);
+}
+
 std::string highLatitudeText(conventions::HighLatitudeRule rule) {
     const auto& names = conventions::highLatitudeNames();
     const auto found = std::ranges::find(names, rule, &conventions::HighLatitudeName::rule);
-    return found == names.end() ? std::string(conventions::keyOf(rule)) : std::string(found->meaning);
+    return found == names.end() ? std::string(conventions::keyOf(rule)) : std::string(_(found->meaning.data()));
 }
 
 }  // namespace quode::app

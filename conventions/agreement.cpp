@@ -9,35 +9,31 @@
 namespace quode::conventions {
 namespace {
 
-struct Line {
-    std::string_view key, text;
-};
-
 // clang-format off
-constexpr Line lines[] = {
-    {"diyanet", "100 published rows of 5 places, exact/within 1/within 2 minutes in percent: Fajr 88/98/98, sunrise 91/100/100, Dhuhr 94/100/100, Asr 88/100/100, Maghrib 91/100/100, Isha 92/98/98; worst 5 min"},
-    {"jakim", "48 published rows of 3 places, exact/within 1/within 2 minutes in percent: Fajr 92/100/100, sunrise 85/100/100, Dhuhr 79/100/100, Asr 92/100/100, Maghrib 88/100/100, Isha 92/100/100; worst 1 min"},
-    {"muis", "20 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 70/100/100, sunrise 100/100/100, Dhuhr 70/100/100, Asr 55/100/100, Maghrib 80/100/100, Isha 95/100/100; worst 1 min"},
-    {"kemenag", "20 published rows of 2 places, exact/within 1/within 2 minutes in percent: Fajr 90/100/100, sunrise 80/100/100, Dhuhr 80/100/100, Asr 70/100/100, Maghrib 75/100/100, Isha 65/100/100; worst 1 min"},
-    {"umm-al-qura", "2 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 100/100/100, sunrise 100/100/100, Dhuhr 100/100/100, Asr 100/100/100, Maghrib 100/100/100, Isha 100/100/100; worst 0 min"},
-    {"dubai", "2 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 100/100/100, sunrise 100/100/100, Dhuhr 0/100/100, Asr 50/100/100, Maghrib 100/100/100, Isha 100/100/100; worst 1 min"},
-    {"kuwait", "2 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 50/100/100, sunrise 100/100/100, Dhuhr 100/100/100, Asr 50/100/100, Maghrib 0/100/100, Isha 0/100/100; worst 1 min"},
-    {"qatar", "20 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 80/100/100, sunrise 60/100/100, Dhuhr 100/100/100, Asr 90/100/100, Maghrib 60/100/100, Isha 60/100/100; worst 1 min"},
-    {"algeria", "24 published rows of 2 places, exact/within 1/within 2 minutes in percent: Fajr 96/100/100, sunrise 100/100/100, Dhuhr 96/100/100, Asr 100/100/100, Maghrib 100/100/100, Isha 92/100/100; worst 1 min"},
-    {"tunisia", "32 published rows of 2 places, exact/within 1/within 2 minutes in percent: Fajr 84/100/100, sunrise 69/100/100, Dhuhr 91/100/100, Asr 91/100/100, Maghrib 88/100/100, Isha 62/100/100; worst 1 min"},
-    {"morocco", "8 published rows of 2 places, exact/within 1/within 2 minutes in percent: Fajr 100/100/100, sunrise 50/50/100, Dhuhr 100/100/100, Asr 75/100/100, Maghrib 0/100/100, Isha 100/100/100; worst 2 min"},
-    {"bosnia", "20 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 40/100/100, sunrise 45/70/100, Dhuhr 70/100/100, Asr 45/100/100, Maghrib 70/100/100, Isha 35/100/100; worst 2 min"},
-    {"sri-lanka", "24 published rows of 2 places, exact/within 1/within 2 minutes in percent: Fajr 42/83/100, sunrise 46/96/100, Dhuhr 50/96/100, Asr 50/92/100, Maghrib 46/83/100, Isha 58/92/100; worst 2 min"},
-    {"moonsighting", "2 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 50/100/100, sunrise 100/100/100, Dhuhr 100/100/100, Asr 50/100/100, Maghrib 100/100/100, Isha 100/100/100; worst 1 min"},
-    {"london-unified", "24 published rows of 1 place, exact/within 1/within 2 minutes in percent: Fajr 8/17/46, sunrise 88/100/100, Dhuhr 100/100/100, Asr 67/100/100, Maghrib 96/100/100, Isha 8/25/50; worst 7 min"},
+constexpr PublishedAgreement agreements[] = {
+    {"diyanet", 100, 5, {88, 91, 94, 88, 91, 92}, {98, 100, 100, 100, 100, 98}, {98, 100, 100, 100, 100, 98}, 5},
+    {"jakim", 48, 3, {92, 85, 79, 92, 88, 92}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"muis", 20, 1, {70, 100, 70, 55, 80, 95}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"kemenag", 20, 2, {90, 80, 80, 70, 75, 65}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"umm-al-qura", 2, 1, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 0},
+    {"dubai", 2, 1, {100, 100, 0, 50, 100, 100}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"kuwait", 2, 1, {50, 100, 100, 50, 0, 0}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"qatar", 20, 1, {80, 60, 100, 90, 60, 60}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"algeria", 24, 2, {96, 100, 96, 100, 100, 92}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"tunisia", 32, 2, {84, 69, 91, 91, 88, 63}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"morocco", 8, 2, {100, 50, 100, 75, 0, 100}, {100, 50, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 2},
+    {"bosnia", 20, 1, {40, 45, 70, 45, 70, 35}, {100, 70, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 2},
+    {"sri-lanka", 24, 2, {42, 46, 50, 50, 46, 58}, {83, 96, 96, 92, 83, 92}, {100, 100, 100, 100, 100, 100}, 2},
+    {"moonsighting", 2, 1, {50, 100, 100, 50, 100, 100}, {100, 100, 100, 100, 100, 100}, {100, 100, 100, 100, 100, 100}, 1},
+    {"london-unified", 24, 1, {8, 88, 100, 67, 96, 8}, {17, 100, 100, 100, 100, 25}, {46, 100, 100, 100, 100, 50}, 7},
 };
 // clang-format on
 
 }  // namespace
 
-std::string_view agreementLine(std::string_view key) {
-    const auto* found = std::ranges::find(lines, key, &Line::key);
-    return found == std::end(lines) ? "not checked against published rows" : found->text;
+const PublishedAgreement* publishedAgreement(std::string_view key) {
+    const auto* found = std::ranges::find(agreements, key, &PublishedAgreement::key);
+    return found == std::end(agreements) ? nullptr : found;
 }
 
 }  // namespace quode::conventions

@@ -2,13 +2,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <string_view>
+
+#include "conventions/Convention.h"
 
 namespace quode::conventions {
 
-/// How a convention agrees with the published rows of its test, in one line; "not checked against published rows" where
-/// there are no rows.
-/// @param key  of the convention
-std::string_view agreementLine(std::string_view key);
+/// How a convention agrees with the published rows of its test.
+struct PublishedAgreement {
+    std::string_view key = {};  ///< of the convention
+    int rows = 0;               ///< one day at one place each
+    int places = 0;
+    std::array<int, prayerCount> exact = {};      ///< percent of the rows
+    std::array<int, prayerCount> withinOne = {};  ///< minute, percent of the rows
+    std::array<int, prayerCount> withinTwo = {};  ///< minutes, percent of the rows
+    int worst = 0;                                ///< minutes, the largest difference
+};
+
+/// The agreement of a convention; null when there are no rows of it.
+const PublishedAgreement* publishedAgreement(std::string_view key);
 
 }  // namespace quode::conventions

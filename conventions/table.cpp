@@ -12,6 +12,11 @@ namespace {
 using enum Rounding;
 using enum SunMoment;
 
+/// Marks a text that users read, for translation.
+constexpr std::string_view N_(const char* english) {
+    return english;
+}
+
 constexpr PrayerRule horizon(double minutes, Rounding rounding = nearest, SunMoment moment = event) {
     return {Basis::horizon, 0.0, minutes, rounding, moment};
 }
@@ -39,8 +44,9 @@ constexpr ReferencePoint singapore[] = {{"Singapore", 1.298, 103.809, 60.0}};
 constexpr ReferencePoint colomboZone[] = {{"Colombo zone", 6.95, 79.76, 50.0}};
 constexpr ReferencePoint london[] = {{"London", 51.529, -0.165, 50.0}};
 
-constexpr std::string_view ownRows = "the authority's own timetable; parameters found from its rows";
-constexpr std::string_view common = "common definition of calculation programs, without a recipe of the body itself";
+constexpr std::string_view ownRows = N_("the authority's own timetable; parameters found from its rows");
+constexpr std::string_view common =
+    N_("common definition of calculation programs, without a recipe of the body itself");
 
 /// A convention of angles alone.
 constexpr Convention plain(std::string_view key, std::string_view name, std::string_view authority,
@@ -65,19 +71,19 @@ constexpr Convention withSource(Convention convention, std::string_view source, 
     return convention;
 }
 
-constexpr std::string_view frenchSource = "the federations' public statements of 2012 and 2016, at second hand";
-constexpr std::string_view frenchRemark = "Mosques add minutes of their own.";
+constexpr std::string_view frenchSource = N_("the federations' public statements of 2012 and 2016, at second hand");
+constexpr std::string_view frenchRemark = N_("Mosques add minutes of their own.");
 
 constexpr Convention conventions[] = {
     {.key = "quode",
-     .name = "Quode's own",
-     .authority = "the engine's 19 and 17 degrees with a margin (temkin) that grows with latitude",
+     .name = N_("Quode's own"),
+     .authority = N_("the engine's 19 and 17 degrees with a margin (temkin) that grows with latitude"),
      .countries = "",
      .computation = Computation::engine,
      .rules = {angle(19), horizon(0), noon(0), shadow(0), horizon(0), angle(17)},
      .highLatitude = HighLatitudeRule::none,
-     .source = "the engine's own definition",
-     .remark = "Times that the Sun does not give are those of an earlier day or of a lower latitude, and marked."},
+     .source = N_("the engine's own definition"),
+     .remark = N_("Times that the Sun does not give are those of an earlier day or of a lower latitude, and marked.")},
     {.key = "diyanet",
      .name = "Diyanet, Türkiye",
      .authority = "Presidency of Religious Affairs (Diyanet)",
@@ -87,8 +93,9 @@ constexpr Convention conventions[] = {
      .highLatitude = HighLatitudeRule::middleOfNight,
      .north = {45.0, 16.0, HighLatitudeRule::diyanetNorth},
      .source = ownRows,
-     .remark = "From 45 degrees north on Isha has 16 degrees and summer follows a part of the night. North of about 61 "
-               "degrees the published tables also bound day and night; import them there.",
+     .remark =
+         N_("From 45 degrees north on Isha has 16 degrees and summer follows a part of the night. North of about 61 "
+            "degrees the published tables also bound day and night; import them there."),
      .sampleAuthority = "Diyanet;Islamiska Forbundet"},
     {.key = "jakim",
      .name = "JAKIM, Malaysia",
@@ -97,8 +104,8 @@ constexpr Convention conventions[] = {
      .rules = {angle(18, 0, up), horizon(0, down), noon(jakimNoonMinutes, up), shadow(0, up), horizon(0, up),
                angle(18, 0, up)},
      .point = PointRule::jakimZones,
-     .source = "the authority's own timetable; parameters and zone points found from its rows",
-     .remark = "Times hold for a whole zone. Mountain zones follow no single rule: import their table.",
+     .source = N_("the authority's own timetable; parameters and zone points found from its rows"),
+     .remark = N_("Times hold for a whole zone. Mountain zones follow no single rule: import their table."),
      .sampleAuthority = "JAKIM"},
     {.key = "muis",
      .name = "MUIS, Singapore",
@@ -115,9 +122,10 @@ constexpr Convention conventions[] = {
      .countries = "ID",
      .rules = {angle(20, 2), horizon(-2), noon(2), shadow(2), horizon(2), angle(18, 2)},
      .height = HeightRule::steps,
-     .source = "the ministry's printed criteria",
-     .remark = "Imsak is 10 minutes before Fajr. With --height sunrise and Maghrib move by 1 minute from 250 m, 2 from "
-               "700 m, 3 from 1000 m, 4 from 1300 m.",
+     .source = N_("the ministry's printed criteria"),
+     .remark =
+         N_("Imsak is 10 minutes before Fajr. With --height sunrise and Maghrib move by 1 minute from 250 m, 2 from "
+            "700 m, 3 from 1000 m, 4 from 1300 m."),
      .sampleAuthority = "jadwalsholat.org (Kemenag criteria)"},
     {.key = "umm-al-qura",
      .name = "Umm al-Qura, Saudi Arabia",
@@ -125,8 +133,8 @@ constexpr Convention conventions[] = {
      .countries = "SA YE BH OM",
      .rules = {angle(18.5, 0, up), horizon(0, down), noon(0, up), shadow(0, up), horizon(0, up), interval(90, 120)},
      .source = ownRows,
-     .remark = "In Ramadan, by the Umm al-Qura calendar, Isha is 120 minutes after Maghrib; no row of a Ramadan was "
-               "available. Before 1430 AH Fajr had 19 degrees.",
+     .remark = N_("In Ramadan, by the Umm al-Qura calendar, Isha is 120 minutes after Maghrib; no row of a Ramadan was "
+                  "available. Before 1430 AH Fajr had 19 degrees."),
      .sampleAuthority = "Umm al-Qura"},
     {.key = "dubai",
      .name = "Gulf, United Arab Emirates",
@@ -140,14 +148,14 @@ constexpr Convention conventions[] = {
      .authority = "Ministry of Awqaf, Kuwait",
      .countries = "KW",
      .rules = {angle(18), horizon(0), noon(0), shadow(0), horizon(0), angle(17.5)},
-     .source = "a timetable application's rows, not the ministry itself",
+     .source = N_("a timetable application's rows, not the ministry itself"),
      .sampleAuthority = "Kuwait (timetable application)"},
     {.key = "qatar",
      .name = "Qatar Calendar House",
      .authority = "Qatar Calendar House",
      .countries = "QA",
      .rules = {angle(18, -1), horizon(0), noon(0), shadow(0), horizon(2), interval(90)},
-     .source = "the perpetual calendar; parameters found from its rows",
+     .source = N_("the perpetual calendar; parameters found from its rows"),
      .sampleAuthority = "Qatar Calendar House"},
     {.key = "algeria",
      .name = "Algeria",
@@ -164,15 +172,15 @@ constexpr Convention conventions[] = {
                angle(18)},
      .height = HeightRule::dip,
      .source = ownRows,
-     .remark = "Depends on the height of the place: the database's, or --height.",
+     .remark = N_("Depends on the height of the place: the database's, or --height."),
      .sampleAuthority = "INM Tunisia"},
     {.key = "morocco",
      .name = "Morocco",
      .authority = "Ministry of Habous and Islamic Affairs, Morocco",
      .countries = "MA EH",
      .rules = {angle(19, 0, down), horizon(-3), noon(5), shadow(0), horizon(5), angle(17)},
-     .source = "the ministry's own timetable; parameters found from its rows",
-     .remark = "Sunrise and Maghrib depend on the city by up to two minutes.",
+     .source = N_("the ministry's own timetable; parameters found from its rows"),
+     .remark = N_("Sunrise and Maghrib depend on the city by up to two minutes."),
      .sampleAuthority = "Habous Morocco"},
     {.key = "bosnia",
      .name = "Bosnia and Herzegovina",
@@ -180,8 +188,8 @@ constexpr Convention conventions[] = {
      .countries = "BA",
      .rules = {angle(19, 0, nearest, startOfDay), horizon(-6, nearest, startOfDay), noon(1, nearest, startOfDay),
                shadow(0, nearest, startOfDay), horizon(6, nearest, startOfDay), angle(17, 0, nearest, startOfDay)},
-     .source = "the perpetual calendar of Sarajevo; parameters found from its rows",
-     .remark = "Towns other than Sarajevo have the minutes of Sarajevo plus a whole number: import their table.",
+     .source = N_("the perpetual calendar of Sarajevo; parameters found from its rows"),
+     .remark = N_("Towns other than Sarajevo have the minutes of Sarajevo plus a whole number: import their table."),
      .sampleAuthority = "IZ BiH (Vaktija)"},
     {.key = "sri-lanka",
      .name = "Sri Lanka",
@@ -190,9 +198,9 @@ constexpr Convention conventions[] = {
      .rules = {angle(20, 0, up), horizon(0), noon(1), shadow(1), horizon(1), angle(18, 0, up)},
      .point = PointRule::published,
      .points = colomboZone,
-     .source = "the timetables by zone; parameters found from their rows",
-     .remark = "One table serves a whole zone and is computed near its west; only the point of the Colombo zone is "
-               "known.",
+     .source = N_("the timetables by zone; parameters found from their rows"),
+     .remark = N_("One table serves a whole zone and is computed near its west; only the point of the Colombo zone is "
+                  "known."),
      .sampleAuthority = "ACJU"},
     {.key = "moonsighting",
      .name = "Moonsighting Committee Worldwide",
@@ -200,7 +208,7 @@ constexpr Convention conventions[] = {
      .countries = "",
      .rules = {angle(18), horizon(0), noon(5), shadow(0), horizon(3), angle(18)},
      .highLatitude = HighLatitudeRule::moonsighting,
-     .source = "K. Shaukat's published minutes by season and latitude",
+     .source = N_("K. Shaukat's published minutes by season and latitude"),
      .sampleAuthority = "Moonsighting Committee"},
     {.key = "london-unified",
      .name = "London Unified timetable",
@@ -210,19 +218,19 @@ constexpr Convention conventions[] = {
      .highLatitude = HighLatitudeRule::moonsighting,
      .point = PointRule::published,
      .points = london,
-     .source = "the timetable of 2026; parameters found from its rows",
-     .remark = "Fajr and Isha follow a local table, not an angle; here they come within 8 minutes of it. Import the "
-               "timetable for exact ones.",
+     .source = N_("the timetable of 2026; parameters found from its rows"),
+     .remark = N_("Fajr and Isha follow a local table, not an angle; here they come within 8 minutes of it. Import the "
+                  "timetable for exact ones."),
      .sampleAuthority = "London Unified"},
     withSource(plain("mwl", "Muslim World League", "Muslim World League", "", 18, angle(17)), common,
-               "The League publishes no recipe."),
+               N_("The League publishes no recipe.")),
     withSource(
         plain("isna", "ISNA / Fiqh Council of North America", "Fiqh Council of North America", "US", 15, angle(15)),
-        "recommendation of the Fiqh Council of North America, at second hand",
-        "For Canada the council recommends 13 degrees: --fajr-angle 13 --isha-angle 13."),
+        N_("recommendation of the Fiqh Council of North America, at second hand"),
+        N_("For Canada the council recommends 13 degrees: --fajr-angle 13 --isha-angle 13.")),
     withSource(plain("egypt", "Egyptian General Authority of Survey", "Egyptian General Authority of Survey",
                      "EG LY SD SY LB IQ PS", 19.5, angle(17.5)),
-               "angles confirmed by Dar al-Ifta, fatwa 4021, at second hand"),
+               N_("angles confirmed by Dar al-Ifta, fatwa 4021, at second hand")),
     plain("karachi", "University of Islamic Sciences, Karachi", "University of Islamic Sciences, Karachi",
           "PK BD IN AF NP", 18, angle(18), 2),
     withMaghrib(plain("tehran", "Institute of Geophysics, Tehran", "Institute of Geophysics, University of Tehran",
@@ -242,19 +250,19 @@ constexpr Convention conventions[] = {
 };
 
 constexpr HighLatitudeName highLatitudes[] = {
-    {HighLatitudeRule::none, "none", "the time stays empty"},
-    {HighLatitudeRule::middleOfNight, "middle-of-night", "Fajr not before, Isha not after the middle of the night"},
-    {HighLatitudeRule::oneSeventh, "one-seventh", "Fajr in the last, Isha in the first seventh of the night"},
-    {HighLatitudeRule::angleBased, "angle-based", "within angle/60 of the night"},
+    {HighLatitudeRule::none, "none", N_("the time stays empty")},
+    {HighLatitudeRule::middleOfNight, "middle-of-night", N_("Fajr not before, Isha not after the middle of the night")},
+    {HighLatitudeRule::oneSeventh, "one-seventh", N_("Fajr in the last, Isha in the first seventh of the night")},
+    {HighLatitudeRule::angleBased, "angle-based", N_("within angle/60 of the night")},
     {HighLatitudeRule::nearestLatitude, "nearest-latitude",
-     "the interval to sunrise or sunset that holds at 48.5 degrees, put on the local ones"},
-    {HighLatitudeRule::nearestLatitudeClock, "nearest-latitude-clock", "the clock time that holds at 48.5 degrees"},
+     N_("the interval to sunrise or sunset that holds at 48.5 degrees, put on the local ones")},
+    {HighLatitudeRule::nearestLatitudeClock, "nearest-latitude-clock", N_("the clock time that holds at 48.5 degrees")},
     {HighLatitudeRule::nearestDay, "nearest-day",
-     "the interval to noon of the nearest date on which the angle is reached"},
-    {HighLatitudeRule::moonsighting, "moonsighting", "minutes by season and latitude, general twilight"},
-    {HighLatitudeRule::moonsightingAhmer, "moonsighting-ahmer", "minutes by season and latitude, red twilight"},
-    {HighLatitudeRule::moonsightingAbyad, "moonsighting-abyad", "minutes by season and latitude, white twilight"},
-    {HighLatitudeRule::diyanetNorth, "diyanet-north", "a part of the night fixed in spring, with ramps"},
+     N_("the interval to noon of the nearest date on which the angle is reached")},
+    {HighLatitudeRule::moonsighting, "moonsighting", N_("minutes by season and latitude, general twilight")},
+    {HighLatitudeRule::moonsightingAhmer, "moonsighting-ahmer", N_("minutes by season and latitude, red twilight")},
+    {HighLatitudeRule::moonsightingAbyad, "moonsighting-abyad", N_("minutes by season and latitude, white twilight")},
+    {HighLatitudeRule::diyanetNorth, "diyanet-north", N_("a part of the night fixed in spring, with ramps")},
 };
 
 bool sameLetters(std::string_view a, std::string_view b) {

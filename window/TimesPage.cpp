@@ -16,7 +16,6 @@
 #include "app/method_rules.h"
 #include "app/user_data.h"
 #include "common/labels.h"
-#include "conventions/agreement.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 #include "window/parts.h"
@@ -36,7 +35,7 @@ QString qt(std::string_view text) {
 }
 
 QString nameOf(const Convention& convention) {
-    QString name = qt(convention.name);
+    QString name = toQt(app::nameText(convention));
     if (&convention == &conventions::defaultConvention()) name += " — " + QString(_("the default"));
     return name;
 }
@@ -67,7 +66,7 @@ QWidget* TimesPage::newMethodPart() {
     asr_->addItem(_("Hanafi: a shadow longer by twice the height"), 2);
     highLatitude_ = newChoice(_("Where the Sun does not sink far enough"), card);
     highLatitude_->addItem(_("as the method has it"), usualOne);
-    for (const auto& each : conventions::highLatitudeNames()) highLatitude_->addItem(qt(each.meaning), int(each.rule));
+    for (const auto& each : conventions::highLatitudeNames()) highLatitude_->addItem(toQt(app::highLatitudeText(each.rule)), int(each.rule));
     auto* const form = new QFormLayout;
     form->setRowWrapPolicy(QFormLayout::WrapAllRows);
     form->addRow(_("Method"), method_);
@@ -212,9 +211,9 @@ void TimesPage::showRules() {
                      toQt(app::ruleSentence(*convention, conventions::Prayer(prayer)));
     }
     rules_->setText(lines.join('\n'));
-    QStringList facts{qt(convention->authority)};
-    if (!convention->remark.empty()) facts << qt(convention->remark);
-    facts << toQt(_("Agreement: {}.", std::string(conventions::agreementLine(convention->key))));
+    QStringList facts{toQt(app::authorityText(*convention))};
+    if (!convention->remark.empty()) facts << toQt(app::remarkText(*convention));
+    facts << toQt(_("Agreement: {}.", app::agreementText(session(), *convention)));
     authority_->setText(facts.join('\n'));
 }
 

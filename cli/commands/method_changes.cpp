@@ -4,6 +4,7 @@
 #include "app/city_changes.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
+#include "app/method_rules.h"
 #include "app/session.h"
 #include "app/text_layout.h"
 #include "app/time_notes.h"
@@ -35,7 +36,7 @@ void runSet(Session& session, const Arguments& arguments) {
     session.print(city.name + ": " + (line.empty() ? _("Quode's own method.") : line + "."));
     for (const std::string& remark : methodRemarks(day)) session.print(session.wrapped(remark));
     if (const std::string iqama = iqamaLine(session, day); !iqama.empty()) session.print(session.wrapped(iqama));
-    const std::string remark(conventionNamed(method.key).remark);
+    const std::string remark = remarkText(conventionNamed(method.key));
     if (!remark.empty()) session.print(session.style().dim(session.wrapped(remark)));
 }
 

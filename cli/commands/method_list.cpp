@@ -35,6 +35,21 @@ Json ruleJson(const PrayerRule& rule) {
                    {"sun", rule.moment == conventions::SunMoment::startOfDay ? "0h_ut" : "event"}});
 }
 
+/// Percent of the published rows of each prayer: exact, within one minute, within two; null when there are none.
+Json agreementJson(const Convention& convention) {
+    const auto* found = conventions::publishedAgreement(convention.key);
+    if (found == nullptr) return nullptr;
+    Json::Object percent;
+    for (std::size_t i = 0; i < found->exact.size(); ++i) {
+        percent.emplace_back(std::string(conventions::nameOf(prayers[i])),
+                             Json::Array{found->exact[i], found->withinOne[i], found->withinTwo[i]});
+    }
+    return object({{"rows", found->rows},
+                   {"places", found->places},
+                   {"percent", Json(std::move(percent))},
+                   {"worst_minutes", found->worst}});
+}
+
 Json conventionJson(const Convention& convention) {
     Json::Object rules;
     for (const Prayer prayer : prayers) {
@@ -51,7 +66,7 @@ Json conventionJson(const Convention& convention) {
                    {"common_definition", convention.isCommonDefinition},
                    {"source", std::string(convention.source)},
                    {"remark", text(convention.remark)},
-                   {"agreement", std::string(conventions::agreementLine(convention.key))}});
+                   {"agreement", agreementJson(convention)}});
 }
 
 void runList(Session& session, const Arguments&) {
@@ -63,7 +78,7 @@ void runList(Session& session, const Arguments&) {
     using Align = TextTable::Align;
     TextTable table({Align::left, Align::left, Align::left});
     for (const Convention& convention : conventions::allConventions()) {
-        table.add({std::string(convention.key), std::string(convention.name),
+        table.add({std::string(convention.key), nameText(convention),
                    convention.sampleAuthority.empty() ? "" : _("checked")});
     }
     session.print(table, 0);
@@ -84,8 +99,8 @@ void printZones(Session& session) {
 void runShow(Session& session, const Arguments& arguments) {
     const Convention& convention = conventionNamed(arguments.text("KEY").value_or(""));
     if (session.wantsJson()) return session.printJson(conventionJson(convention));
-    session.print(session.style().strong(std::string(convention.name)) + "  " + std::string(convention.key));
-    session.print(session.wrapped(std::string(convention.authority)));
+    session.print(session.style().strong(nameText(convention)) + "  " + std::string(convention.key));
+    session.print(session.wrapped(authorityText(convention)));
     session.print();
     if (convention.computation == conventions::Computation::rules) {
         TextTable table({TextTable::Align::left, TextTable::Align::left});
@@ -101,9 +116,9 @@ void runShow(Session& session, const Arguments& arguments) {
         session.print(table, 2);
         session.print();
     }
-    if (!convention.remark.empty()) session.print(session.wrapped(std::string(convention.remark)));
-    session.print(session.wrapped(_("Source: {}.", std::string(convention.source))));
-    session.print(session.wrapped(_("Agreement: {}.", std::string(conventions::agreementLine(convention.key)))));
+    if (!convention.remark.empty()) session.print(session.wrapped(remarkText(convention)));
+    session.print(session.wrapped(_("Source: {}.", sourceText(convention))));
+    session.print(session.wrapped(_("Agreement: {}.", agreementText(session, convention))));
     if (convention.point == conventions::PointRule::jakimZones) printZones(session);
 }
 

@@ -3,10 +3,12 @@
 // The method of a city's times, as a user chooses it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "program.h"
+#include "support/fixtures.h"
 
 namespace quode::test {
 namespace {
@@ -55,6 +57,22 @@ TEST(Method, OfASingleCallChangesNothing) {
     EXPECT_EQ(before.at("method").at("key"), "quode");
     EXPECT_EQ(day(program, {"--city", "Ankara", "--method", "diyanet"}).at("method").at("key"), "diyanet");
     EXPECT_EQ(day(program, {"--city", "Ankara"}), before);
+}
+
+TEST(Method, IsShownWithTheMeasuredAgreementOfTheManual) {
+    std::ifstream page(sourceFile("docs/conventions.md"));
+    const Program program;
+    std::string key, line;
+    int count = 0;
+    while (std::getline(page, line)) {
+        if (line.starts_with("### ")) key = line.substr(4, line.find(':') - 4);
+        if (!line.starts_with("Agreement: ")) continue;
+        std::string shown = program.run({"method", "show", key}).out;
+        std::ranges::replace(shown, '\n', ' ');
+        EXPECT_NE(shown.find(line), std::string::npos) << shown;
+        ++count;
+    }
+    EXPECT_EQ(count, static_cast<int>(program.run({"method", "list", "--json"}).json().at("methods").size()));
 }
 
 TEST(Method, IsKeptForItsCityOnly) {

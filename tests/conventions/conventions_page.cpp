@@ -3,10 +3,13 @@
 #include "conventions_page.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
+#include "conventions/agreement.h"
 #include "published_rows.h"
 #include "support/fixtures.h"
 
@@ -117,32 +120,45 @@ std::vector<PublishedRow> allRows() {
     return readPublishedRows(test::fixture("conventions/published_rows.csv"));
 }
 
-constexpr std::array<const char*, prayerCount> names = {"Fajr", "sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
+constexpr std::array<const char*, prayerCount> names = {"Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
 constexpr const char* notChecked = "not checked against published rows";
 
-double percent(int part, int whole) {
-    return whole == 0 ? 0.0 : 100.0 * part / whole;
+int percent(int part, int whole) {
+    return whole == 0 ? 0 : static_cast<int>(std::lround(100.0 * part / whole));
+}
+
+PublishedAgreement publishedAgreement(const Convention& convention, const std::vector<PublishedRow>& own) {
+    PublishedAgreement result{.key = convention.key, .rows = static_cast<int>(own.size())};
+    std::set<std::string> places;
+    for (const PublishedRow& row : own) places.insert(row.place);
+    result.places = static_cast<int>(places.size());
+    const ConventionAgreement agreement = agreementOf(convention, own);
+    for (std::size_t i = 0; i < prayerCount; ++i) {
+        const Agreement& prayer = agreement.prayers[i];
+        result.exact[i] = percent(prayer.exact, prayer.rows);
+        result.withinOne[i] = percent(prayer.withinOne, prayer.rows);
+        result.withinTwo[i] = percent(prayer.withinTwo, prayer.rows);
+        result.worst = std::max(result.worst, prayer.worst);
+    }
+    return result;
 }
 
 std::string agreementText(const Convention& convention, const std::vector<PublishedRow>& rows) {
     const auto own = rowsOf(convention, rows);
     if (own.empty()) return notChecked;
-    const ConventionAgreement agreement = agreementOf(convention, own);
-    std::set<std::string> places;
-    int worst = 0;
-    for (const PublishedRow& row : own) places.insert(row.place);
+    const PublishedAgreement agreement = publishedAgreement(convention, own);
     std::string text =
-        fmt::format("{} published rows of {} {}, exact/within 1/within 2 minutes in percent:", own.size(),
-                    places.size(), places.size() == 1 ? "place" : "places");
+        fmt::format("{} published rows of {} {}, exact/within 1/within 2 minutes in percent:", agreement.rows,
+                    agreement.places, agreement.places == 1 ? "place" : "places");
     for (std::size_t i = 0; i < prayerCount; ++i) {
-        const Agreement& prayer = agreement.prayers[i];
-        if (prayer.rows == 0) continue;
-        text += fmt::format(" {} {:.0f}/{:.0f}/{:.0f}{}", names[i], percent(prayer.exact, prayer.rows),
-                            percent(prayer.withinOne, prayer.rows), percent(prayer.withinTwo, prayer.rows),
-                            i + 1 == prayerCount ? "" : ",");
-        worst = std::max(worst, prayer.worst);
+        text += fmt::format(" {} {}/{}/{}{}", names[i], agreement.exact[i], agreement.withinOne[i],
+                            agreement.withinTwo[i], i + 1 == prayerCount ? "" : ",");
     }
-    return text + fmt::format("; worst {} min", worst);
+    return text + fmt::format("; worst {} min", agreement.worst);
+}
+
+std::string listed(const std::array<int, prayerCount>& percents) {
+    return fmt::format("{{{}}}", fmt::join(percents, ", "));
 }
 
 }  // namespace
@@ -175,25 +191,24 @@ std::string agreementSource() {
 namespace quode::conventions {
 namespace {
 
-struct Line {
-    std::string_view key, text;
-};
-
 // clang-format off
-constexpr Line lines[] = {
+constexpr PublishedAgreement agreements[] = {
 )";
     for (const Convention& convention : allConventions()) {
-        const std::string text = agreementText(convention, rows);
-        if (text != notChecked) source += fmt::format("    {{\"{}\", \"{}\"}},\n", convention.key, text);
+        const auto own = rowsOf(convention, rows);
+        if (own.empty()) continue;
+        const PublishedAgreement found = publishedAgreement(convention, own);
+        source += fmt::format("    {{\"{}\", {}, {}, {}, {}, {}, {}}},\n", found.key, found.rows, found.places,
+                              listed(found.exact), listed(found.withinOne), listed(found.withinTwo), found.worst);
     }
     return source + R"(};
 // clang-format on
 
 }  // namespace
 
-std::string_view agreementLine(std::string_view key) {
-    const auto* found = std::ranges::find(lines, key, &Line::key);
-    return found == std::end(lines) ? "not checked against published rows" : found->text;
+const PublishedAgreement* publishedAgreement(std::string_view key) {
+    const auto* found = std::ranges::find(agreements, key, &PublishedAgreement::key);
+    return found == std::end(agreements) ? nullptr : found;
 }
 
 }  // namespace quode::conventions
