@@ -50,6 +50,7 @@ class Indicator extends PanelMenu.Button {
             try {
                 source.init_finish(result);
                 this._show();
+                this._askWhatRings();
             } catch (error) {
                 if (!error.matches(Gio.IOErrorEnum, Gio.IOErrorEnum.CANCELLED))
                     this._label.text = 'Quode?';
@@ -63,10 +64,19 @@ class Indicator extends PanelMenu.Button {
     }
 
     _hear(signal) {
-        if (signal !== 'Rang' && signal !== 'Stopped')
-            return;
-        this._isRinging = signal === 'Rang';
-        this._show();
+        if (signal === 'Rang' || signal === 'Stopped')
+            this._askWhatRings();
+    }
+
+    _askWhatRings() {
+        this._alarms?.call('Ringing', null, Gio.DBusCallFlags.NO_AUTO_START, -1, this._cancellable, (proxy, result) => {
+            try {
+                this._isRinging = proxy.call_finish(result).deepUnpack()[0].length > 0;
+                this._show();
+            } catch {
+                // Nothing rings that could be stopped: the service is gone, or this front.
+            }
+        });
     }
 
     _show() {
@@ -118,14 +128,14 @@ class Indicator extends PanelMenu.Button {
         return item;
     }
 
-    destroy() {
+    _onDestroy() {
         if (this._timer)
             GLib.source_remove(this._timer);
         this._timer = null;
         this._cancellable.cancel();
         for (const proxy of [this._home, this._alarms])
             proxy.disconnectObject(this);
-        super.destroy();
+        super._onDestroy();
     }
 });
 

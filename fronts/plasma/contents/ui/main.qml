@@ -51,7 +51,15 @@ PlasmoidItem {
         DBus.SessionBus.asyncCall({"service": service, "path": path, "iface": service + ".Alarms", "member": action});
     }
 
-    Component.onCompleted: read()
+    function askWhatRings() {
+        const reply = DBus.SessionBus.asyncCall({"service": service, "path": path, "iface": service + ".Alarms", "member": "Ringing"});
+        reply.finished.connect(() => isRinging = !reply.isError && reply.value.length > 0);
+    }
+
+    Component.onCompleted: {
+        read();
+        askWhatRings();
+    }
 
     DBus.DBusServiceWatcher {
         busType: DBus.BusType.Session
@@ -77,11 +85,11 @@ PlasmoidItem {
         iface: applet.service + ".Alarms"
 
         function dbusRang() {
-            applet.isRinging = true;
+            applet.askWhatRings();
         }
 
         function dbusStopped() {
-            applet.isRinging = false;
+            applet.askWhatRings();
         }
     }
 
