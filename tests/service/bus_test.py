@@ -10,6 +10,7 @@ import io
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -164,6 +165,16 @@ class Interface(ServiceTest):
                 for argument in member.iter("arg"):
                     if argument.get("direction") == "in":
                         self.assertIn(argument.get("type") + " " + argument.get("name"), section, member.get("name"))
+
+    def test_the_fronts_use_what_is_described(self):
+        described = {each.get("name") for kind in ("property", "method", "signal")
+                     for each in xml.etree.ElementTree.parse(XML).iter(kind)}
+        fronts = pathlib.Path(MANUAL).parents[1] / "fronts"
+        for front in (fronts / "gnome-shell/extension.js", fronts / "plasma/contents/ui/main.qml"):
+            used = re.findall(r"""(?:_value\(|call\(|signal === |answer\(|"member": |applet\.home\.|\[)['"]?([A-Z][a-z]\w+)\b""",
+                              front.read_text(encoding="utf-8"))
+            self.assertGreater(len(set(used)), 5, front)
+            self.assertLessEqual(set(used), described | {"GetAll"}, front)
 
     # Of each interface what gdbus and busctl are given, and what both answer.
     spoken = [("Times.Day", "ss", ["Cairo", "2026-03-20"], "Africa/Cairo"),
