@@ -59,7 +59,6 @@ void useRinger(sd_event* loop, int descriptor, Context& context) {
 app::ExitCode serve(std::optional<int> ringer) {
     signal(SIGCHLD, SIG_IGN);  // nobody waits for the programs that are started
     signal(SIGPIPE, SIG_IGN);
-    speakChosenLanguage(processEnvironment(), {});
     const Loop loop = newLoop();
     sd_bus* opened = nullptr;
     if (sd_bus_open_user(&opened) < 0) {
@@ -85,20 +84,35 @@ app::ExitCode serve(std::optional<int> ringer) {
     return app::ExitCode::ok;
 }
 
+std::string help() {
+    std::string text = "quode-service [--help | --version]\n";
+    text +=
+        _("Serves {} on the session bus: the times, places and alarms, for searches, panels and other programs of the "
+          "desktop.",
+          busName);
+    text += '\n';
+    text +=
+        _("The alarm service, quode-alarmd, starts it. Started alone it answers too, but stops and snoozes no ring.");
+    return text + '\n';
+}
+
 app::ExitCode run(const std::vector<std::string_view>& arguments) {
+    speakChosenLanguage(processEnvironment(), {});
     std::optional<int> ringer;
     for (const std::string_view argument : arguments) {
         if (argument == "--version") {
             fmt::print("quode-service {}\n", QUODE_VERSION);
             return app::ExitCode::ok;
         }
+        if (argument == "--help") {
+            fmt::print("{}", help());
+            return app::ExitCode::ok;
+        }
         if (argument.starts_with(ringerOption))
             ringer = numberOf<int>(argument.substr(std::string_view(ringerOption).size()));
         if (argument.starts_with(ringerOption) && ringer) continue;
-        const std::string text =
-            _("quode-service [--version]: serves {} on the session bus; quode-alarmd starts it.", busName);
-        fmt::print(argument == "--help" ? stdout : stderr, "{}\n", text);
-        return argument == "--help" ? app::ExitCode::ok : app::ExitCode::usage;
+        fmt::print(stderr, "quode-service: {}\n{}", _("Unknown argument \"{}\".", argument), help());
+        return app::ExitCode::usage;
     }
     return serve(ringer);
 }

@@ -57,7 +57,7 @@ rings for the prayers.")
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS "quode-data (= ${version})")
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_RECOMMENDS "tzdata, notification-daemon, dbus-user-session")
-set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SUGGESTS "quode-panel, libcanberra-pulse")
+set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SUGGESTS "quode-panel, quode-fronts, libcanberra-pulse")
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/debian/conffiles)
 
 quode_package(data quode-data "Places, texts and sounds of Quode"
@@ -77,6 +77,17 @@ the tray, the compass, and the window in which cities and alarms are chosen.")
   set(CPACK_DEBIAN_PANEL_PACKAGE_RECOMMENDS qt6-wayland)
   set(CPACK_DEBIAN_PANEL_PACKAGE_SUGGESTS iio-sensor-proxy)
 endif()
+
+quode_package(fronts quode-fronts "Islamic prayer times: in GNOME Shell, Plasma and Waybar"
+  "Quode shows the prayer times, the qibla, the Moon and the Hijri date
+without a network. This package shows the coming prayer in the bars of
+desktops: an extension for GNOME Shell 45 and newer, an applet for Plasma 6,
+and a module for Waybar. The user switches them on in the desktop.")
+set(CPACK_DEBIAN_FRONTS_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_FRONTS_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_FRONTS_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_FRONTS_PACKAGE_DEPENDS "quode (>= ${version})")
+set(CPACK_DEBIAN_FRONTS_PACKAGE_ENHANCES "gnome-shell, plasma-workspace, waybar")
 
 quode_package(library libquode${PROJECT_VERSION_MAJOR} "Islamic prayer times: library"
   "Quode computes the prayer times, the qibla and the Hijri date without a

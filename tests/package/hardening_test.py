@@ -33,7 +33,7 @@ def binaries():
 
 def is_shipped(file):
     name = os.path.basename(file)
-    return ".so" in name and "/lib/" in file or re.fullmatch(r"quode(-alarmd|-panel|-settings)?", name) is not None
+    return ".so" in name and "/lib/" in file or re.fullmatch(r"quode(-alarmd|-service|-panel|-settings)?", name) is not None
 
 
 class Binaries(unittest.TestCase):

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The service on a private session bus, as another program of the desktop meets it.
 
-bus_test.py PROGRAMS BUNDLE XML NOTIFICATION_MOCK [TEST]
+bus_test.py PROGRAMS BUNDLE XML MANUAL NOTIFICATION_MOCK [TEST]
 """
 import calendar
 import csv
@@ -10,6 +10,7 @@ import io
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -22,8 +23,8 @@ import xml.etree.ElementTree
 
 from gi.repository import Gio, GLib
 
-BIN, BUNDLE, XML, MOCK = sys.argv[1:5]
-del sys.argv[1:5]
+BIN, BUNDLE, XML, MANUAL, MOCK = sys.argv[1:6]
+del sys.argv[1:6]
 NAME, PATH = "org.quode.Quode1", "/org/quode/Quode1"
 KEYS = ["fajr", "sunrise", "dhuhr", "asr", "maghrib", "isha", "ishraq", "asr_hanafi", "isfirar"]
 
@@ -155,14 +156,63 @@ class Interface(ServiceTest):
         self.assertEqual(members(self.bus.call("org.freedesktop.DBus.Introspectable.Introspect")[0]), described)
         self.assertGreater(len(described), 25)
 
-    def test_a_second_client_sees_the_same(self):
+    def test_the_manual_names_every_member(self):
+        sections = pathlib.Path(MANUAL).read_text(encoding="utf-8").split("\n## ")
+        for interface in xml.etree.ElementTree.parse(XML).iter("interface"):
+            section = next(each for each in sections if each.startswith(interface.get("name") + "\n"))
+            for member in interface:
+                self.assertRegex(section, "`" + member.get("name") + "[`(]", interface.get("name"))
+                for argument in member.iter("arg"):
+                    if argument.get("direction") == "in":
+                        self.assertIn(argument.get("type") + " " + argument.get("name"), section, member.get("name"))
+
+    def test_the_fronts_use_what_is_described(self):
+        described = {each.get("name") for kind in ("property", "method", "signal")
+                     for each in xml.etree.ElementTree.parse(XML).iter(kind)}
+        fronts = pathlib.Path(MANUAL).parents[1] / "fronts"
+        for front in (fronts / "gnome-shell/extension.js", fronts / "plasma/contents/ui/main.qml"):
+            used = re.findall(r"""(?:_value\(|call\(|signal === |answer\(|"member": |applet\.home\.|\[)['"]?([A-Z][a-z]\w+)\b""",
+                              front.read_text(encoding="utf-8"))
+            self.assertGreater(len(set(used)), 5, front)
+            self.assertLessEqual(set(used), described | {"GetAll"}, front)
+
+    # Of each interface what gdbus and busctl are given, and what both answer.
+    spoken = [("Times.Day", "ss", ["Cairo", "2026-03-20"], "Africa/Cairo"),
+              ("Times.Range", "ssu", ["Cairo", "2026-03-20", "2"], "2026-03-21"),
+              ("Times.Describe", "sss", ["Cairo", "2026-03-20", "fajr"], "Cairo"),
+              ("Places.Search", "su", ["cairo", "1"], "Africa/Cairo"), ("Places.Add", "s", ["Konya"], ""),
+              ("Places.SetHome", "s", ["Konya"], ""), ("Places.List", "", [], "Konya"),
+              ("Alarms.Set", "sis", ["asr", "5", ""], ""), ("Alarms.Enable", "sb", ["asr", "true"], ""),
+              ("Alarms.List", "", [], "asr"), ("Alarms.Upcoming", "", [], "asr"), ("Alarms.SkipNext", "s", ["asr"], ""),
+              ("Alarms.MuteUntil", "x", ["0"], ""), ("Alarms.Ringing", "", [], "")]
+
+    def spoken_by(self, *command):
+        done = subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=60, check=False)
+        return done.stdout + done.stderr
+
+    def test_gdbus_speaks_with_every_interface(self):
         self.start()
-        output = subprocess.run(["gdbus", "call", "--session", "-d", NAME, "-o", PATH, "-m", NAME + ".Places.Search",
-                                 "cairo", "1"], env=self.environment, capture_output=True, check=True).stdout.decode()
-        self.assertIn("Africa/Cairo", output)
-        output = subprocess.run(["busctl", "--user", "get-property", NAME, PATH, NAME + ".Home", "Date"],
-                                env=self.environment, capture_output=True, check=True).stdout.decode()
-        self.assertEqual(output, 's "2026-11-21"\n')
+        gdbus = ["gdbus", "call", "--session", "-d", NAME, "-o", PATH, "-m"]
+        for member, _, values, answer in self.spoken:
+            said = self.spoken_by(*gdbus, NAME + "." + member, *values)
+            self.assertRegex(said, r"^\(.*" + answer, member)
+        self.assertIn("org.quode.Error.NotRinging", self.spoken_by(*gdbus, NAME + ".Alarms.Stop"))
+        self.assertIn("'Konya'", self.spoken_by(*gdbus, "org.freedesktop.DBus.Properties.GetAll", NAME + ".Home"))
+        self.assertRegex(self.spoken_by(*gdbus, "org.gnome.Shell.SearchProvider2.GetInitialResultSet", "['asr']"), r"^\(\['\d+:0'")
+        self.assertIn("'quode'", self.spoken_by(*gdbus, "org.kde.krunner1.Match", "asr"))
+
+    def test_busctl_speaks_with_every_interface(self):
+        self.start()
+        busctl = ["busctl", "--user"]
+        for member, signature, values, answer in self.spoken:
+            interface, method = (NAME + "." + member).rsplit(".", 1)
+            said = self.spoken_by(*busctl, "call", NAME, PATH, interface, method, *([signature, *values] if signature else []))
+            self.assertNotIn("failed", said, member)
+            self.assertIn(answer, said, member)
+        for name in xml.etree.ElementTree.parse(XML).iterfind(".//property"):
+            said = self.spoken_by(*busctl, "get-property", NAME, PATH, NAME + ".Home", name.get("name"))
+            self.assertTrue(said.startswith(name.get("type") + " "), name.get("name") + ": " + said)
+        self.assertIn(NAME + ".Alarms", self.spoken_by(*busctl, "introspect", NAME, PATH))
 
     def test_wrong_arguments_get_errors_of_our_own(self):
         self.start()
@@ -179,7 +229,27 @@ class Interface(ServiceTest):
                 ("Alarms.Stop", "()", (), "org.quode.Error.NotRinging"), ("Alarms.Test", "(s)", ("x",), invalid)]:
             self.assertEqual(self.bus.error(NAME + "." + member, signature, values), name, (member, values))
         self.assertEqual(self.bus.error(NAME + ".Times.Day", "(i)", (1,)), "org.freedesktop.DBus.Error.InvalidArgs")
+        self.assertEqual(self.bus.error("org.freedesktop.DBus.Properties.Set", "(ssv)",
+                                        (NAME + ".Home", "Date", GLib.Variant("s", "2000-01-01"))),
+                         "org.freedesktop.DBus.Error.PropertyReadOnly")
+        long = "a" * 100000
+        self.assertEqual(self.bus.error(NAME + ".Times.Day", "(ss)", (long, "")), missing)
+        self.assertEqual(self.bus.error(NAME + ".Alarms.Enable", "(sb)", (long, True)), invalid)
+        self.assertEqual(self.bus.call(NAME + ".Places.Search", "(su)", (long, 5))[0], [])
+        self.assertEqual(self.bus.call("org.gnome.Shell.SearchProvider2.GetInitialResultSet", "(as)", ([long, "asr"],))[0], [])
         self.assertEqual(self.bus.home("Date"), "2026-11-21")
+
+    def test_a_front_that_dies_does_no_harm(self):
+        service = self.start()
+        program = ("import os, sys; from gi.repository import Gio, GLib; bus = Gio.bus_get_sync(Gio.BusType.SESSION)\n"
+                   "for _ in range(20): bus.call(sys.argv[1], sys.argv[2], sys.argv[1] + '.Times', 'Range',\n"
+                   "    GLib.Variant('(ssu)', ('Oslo', '2026-01-01', 400)), None, 0, 5000, None, None)\n"
+                   "bus.flush_sync(); os.kill(os.getpid(), 9)")
+        for _ in range(5):
+            died = subprocess.run(["/usr/bin/python3", "-c", program, NAME, PATH], env=self.environment, check=False)
+            self.assertEqual(died.returncode, -signal.SIGKILL)
+        self.assertTrue(self.bus.home("Date"))
+        self.assertIsNone(service.poll())
 
 
 class Answers(ServiceTest):

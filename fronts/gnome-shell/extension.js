@@ -23,6 +23,11 @@ function clockLeft(instant) {
     return `${hours}:${String(minutes % 60).padStart(2, '0')}`;
 }
 
+function longDate(date) {
+    const [year, month, day] = date.split('-').map(Number);
+    return new Date(year, month - 1, day).toLocaleDateString(undefined, {dateStyle: 'full'});
+}
+
 const Indicator = GObject.registerClass(
 class Indicator extends PanelMenu.Button {
     _init() {
@@ -50,6 +55,7 @@ class Indicator extends PanelMenu.Button {
             try {
                 source.init_finish(result);
                 this._show();
+                this._askWhatRings();
             } catch (error) {
                 if (!error.matches(Gio.IOErrorEnum, Gio.IOErrorEnum.CANCELLED))
                     this._label.text = 'Quode?';
@@ -63,21 +69,35 @@ class Indicator extends PanelMenu.Button {
     }
 
     _hear(signal) {
-        if (signal !== 'Rang' && signal !== 'Stopped')
-            return;
-        this._isRinging = signal === 'Rang';
-        this._show();
+        if (signal === 'Rang' || signal === 'Stopped')
+            this._askWhatRings();
+    }
+
+    _askWhatRings() {
+        this._alarms?.call('Ringing', null, Gio.DBusCallFlags.NO_AUTO_START, -1, this._cancellable, (proxy, result) => {
+            try {
+                this._isRinging = proxy.call_finish(result).deepUnpack()[0].length > 0;
+                this._show();
+            } catch {
+                // Nothing rings that could be stopped: the service is gone, or this front.
+            }
+        });
     }
 
     _show() {
+        this._count();
+        if (this._home && this._value('Next')?.[0])
+            this._fillMenu(this._value('Next'));
+    }
+
+    _count() {
         const next = this._home ? this._value('Next') : null;
-        if (!next?.[0]) {
+        if (next?.[0]) {
+            this._label.text = `${next[1]} −${clockLeft(next[2])}`;
+            this._armMinute();
+        } else {
             this._label.text = this._home?.g_name_owner ? '--:--' : 'Quode';
-            return;
         }
-        this._label.text = `${next[1]} −${clockLeft(next[2])}`;
-        this._fillMenu(next);
-        this._armMinute();
     }
 
     // At the full minute of the countdown; nothing runs while there is none.
@@ -87,7 +107,7 @@ class Indicator extends PanelMenu.Button {
         const seconds = 60 - Math.floor(Date.now() / 1000) % 60;
         this._timer = GLib.timeout_add_seconds(GLib.PRIORITY_DEFAULT, seconds, () => {
             this._timer = null;
-            this._show();
+            this._count();
             return GLib.SOURCE_REMOVE;
         });
     }
@@ -95,13 +115,14 @@ class Indicator extends PanelMenu.Button {
     _fillMenu(next) {
         this.menu.removeAll();
         const [, place] = this._value('Place');
-        this._addLine(`${place}  ·  ${this._value('Date')}`);
+        this._addLine(place);
+        this._addLine(longDate(this._value('Date')));
         this._addLine(this._value('HijriDate')[1]);
         this.menu.addMenuItem(new PopupMenu.PopupSeparatorMenuItem());
         for (const [key, name, , text, flags] of this._value('Prayers').slice(0, MAIN_PRAYERS)) {
             const item = this._addLine(name, (flags & MISSING) ? '--:--' : text);
             if (key === next[0])
-                item.setOrnament(PopupMenu.Ornament.DOT);
+                item.style = 'font-weight: bold;';
         }
         if (!this._isRinging)
             return;
@@ -110,22 +131,23 @@ class Indicator extends PanelMenu.Button {
             this.menu.addAction(action, () => this._alarms.call(action, null, Gio.DBusCallFlags.NONE, -1, null, null));
     }
 
+    // Nothing to choose, but full contrast, and a screen reader comes by.
     _addLine(text, value = '') {
-        const item = new PopupMenu.PopupMenuItem(text, {reactive: false, can_focus: true});
+        const item = new PopupMenu.PopupMenuItem(text, {activate: false, hover: false});
         item.label.x_expand = true;
         item.add_child(new St.Label({text: value, y_align: Clutter.ActorAlign.CENTER}));
         this.menu.addMenuItem(item);
         return item;
     }
 
-    destroy() {
+    _onDestroy() {
         if (this._timer)
             GLib.source_remove(this._timer);
         this._timer = null;
         this._cancellable.cancel();
         for (const proxy of [this._home, this._alarms])
             proxy.disconnectObject(this);
-        super.destroy();
+        super._onDestroy();
     }
 });
 

@@ -16,7 +16,7 @@ PlasmoidItem {
     readonly property int mainPrayers: 6
     property var home: ({})
     property var next: home.Next ?? null
-    property string left: ""
+    property string remaining: ""
     property bool isRinging: false
 
     function read() {
@@ -37,21 +37,31 @@ PlasmoidItem {
 
     function count() {
         if (!next || !next[0]) {
-            left = "";
+            remaining = "";
             return;
         }
         const minutes = Math.max(0, Math.ceil((Number(next[2]) - Date.now() / 1000) / 60));
-        left = Math.floor(minutes / 60) + ":" + String(minutes % 60).padStart(2, "0");
-        // What was read holds until then.
-        if (Date.now() / 1000 >= Number(home.ValidUntil))
-            read();
+        remaining = Math.floor(minutes / 60) + ":" + String(minutes % 60).padStart(2, "0");
+    }
+
+    function longDate(date) {
+        const [year, month, day] = String(date).split("-").map(Number);
+        return new Date(year, month - 1, day).toLocaleDateString(Qt.locale(), Locale.LongFormat);
     }
 
     function answer(action) {
         DBus.SessionBus.asyncCall({"service": service, "path": path, "iface": service + ".Alarms", "member": action});
     }
 
-    Component.onCompleted: read()
+    function askWhatRings() {
+        const reply = DBus.SessionBus.asyncCall({"service": service, "path": path, "iface": service + ".Alarms", "member": "Ringing"});
+        reply.finished.connect(() => isRinging = !reply.isError && reply.value.length > 0);
+    }
+
+    Component.onCompleted: {
+        read();
+        askWhatRings();
+    }
 
     DBus.DBusServiceWatcher {
         busType: DBus.BusType.Session
@@ -59,40 +69,15 @@ PlasmoidItem {
         onRegisteredChanged: applet.read()
     }
 
-    DBus.SignalWatcher {
-        busType: DBus.BusType.Session
-        service: applet.service
-        path: applet.path
-        iface: "org.freedesktop.DBus.Properties"
-
-        function dbusPropertiesChanged() {
-            applet.read();
-        }
-    }
-
-    DBus.SignalWatcher {
-        busType: DBus.BusType.Session
-        service: applet.service
-        path: applet.path
-        iface: applet.service + ".Alarms"
-
-        function dbusRang() {
-            applet.isRinging = true;
-        }
-
-        function dbusStopped() {
-            applet.isRinging = false;
-        }
-    }
-
-    // The countdown changes with the minute.
+    // The countdown changes with the minute, alarms ring at full minutes, and Plasma 6.3 hears no signals of other programs.
     Timer {
-        interval: 60000 - Date.now() % 60000
-        repeat: true
+        interval: 60500 - Date.now() % 60000
         running: true
         onTriggered: {
-            interval = 60000 - Date.now() % 60000;
-            applet.count();
+            applet.read();
+            applet.askWhatRings();
+            interval = 60500 - Date.now() % 60000;
+            restart();
         }
     }
 
@@ -100,7 +85,8 @@ PlasmoidItem {
     toolTipSubText: home.Place ? home.Place[1] : ""
 
     compactRepresentation: PlasmaComponents.Label {
-        text: applet.next && applet.next[0] ? applet.next[1] + " −" + applet.left : "Quode"
+        text: applet.next && applet.next[0] ? applet.next[1] + " −" + applet.remaining : "Quode"
+        Layout.minimumWidth: implicitWidth + 2 * Kirigami.Units.smallSpacing
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
 
@@ -119,14 +105,17 @@ PlasmoidItem {
             text: applet.home.Place ? applet.home.Place[1] : "Quode"
         }
         PlasmaComponents.Label {
-            text: applet.home.HijriDate ? applet.home.Date + " · " + applet.home.HijriDate[1] : ""
+            text: applet.home.Date ? applet.longDate(applet.home.Date) : ""
+        }
+        PlasmaComponents.Label {
+            text: applet.home.HijriDate ? applet.home.HijriDate[1] : ""
         }
         Repeater {
             model: (applet.home.Prayers ?? []).slice(0, applet.mainPrayers)
 
             RowLayout {
                 required property var modelData
-                readonly property bool isNext: applet.next !== null && modelData[0] === applet.next[0]
+                readonly property bool isNext: applet.next !== null && String(modelData[0]) === String(applet.next[0])
 
                 PlasmaComponents.Label {
                     Layout.fillWidth: true
