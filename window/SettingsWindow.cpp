@@ -218,7 +218,9 @@ void SettingsWindow::arrange() {
     list_->setVisible(!narrow || !isPageOpen_);
     content_->setVisible(!narrow || isPageOpen_);
     back_->setVisible(narrow);
-    list_->setFixedWidth(narrow ? width() : std::max(listWidth, list_->sizeHintForColumn(0) + 24));
+    const int besidePage = std::max(listWidth, list_->sizeHintForColumn(0) + 24);
+    list_->setMinimumWidth(narrow ? 0 : besidePage);
+    list_->setMaximumWidth(narrow ? QWIDGETSIZE_MAX : besidePage);
 }
 
 void SettingsWindow::resizeEvent(QResizeEvent* event) {
