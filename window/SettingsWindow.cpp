@@ -15,9 +15,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/WindowStyle.h"
 #include "desktop/help.h"
 #include "desktop/icon.h"
-#include "desktop/theme.h"
 #include "texts/translation.h"
 #include "window/AboutPage.h"
 #include "window/AlarmsPage.h"
@@ -236,7 +236,7 @@ void SettingsWindow::keyPressEvent(QKeyEvent* event) {
 
 // The colours are Quode's own: those of desktops often leave remarks too little contrast.
 void SettingsWindow::applyTheme() {
-    QApplication::setPalette(windowPalette(theme_.isDark()));
+    wearTheme(theme_.isDark());
 }
 
 }  // namespace quode::window

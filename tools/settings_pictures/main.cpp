@@ -10,7 +10,7 @@
 #include "app/session.h"
 #include "app/settings.h"
 #include "companion/UserEventStore.h"
-#include "desktop/theme.h"
+#include "desktop/WindowStyle.h"
 #include "texts/translation.h"
 #include "window/SettingsWindow.h"
 
@@ -37,7 +37,7 @@ bool draw(window::SettingsWindow& window, const QString& page, const QString& fi
 bool drawAll(const QStringList& arguments) {
     const LanguageChoice language = speakChosenLanguage(processEnvironment(), {});
     QApplication::setLayoutDirection(isRightToLeft(language.code) ? Qt::RightToLeft : Qt::LeftToRight);
-    QApplication::setPalette(windowPalette(arguments[4] == "dark"));
+    wearTheme(arguments[4] == "dark");
     app::Session session(processEnvironment(), {language});
     session.setCalendar(std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics));
     session.services();
