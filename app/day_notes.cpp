@@ -88,15 +88,21 @@ std::vector<std::string> missingNotes(Session& session, const CityDay& day) {
     return notes;
 }
 
-std::string guessNote(Session& session, const ChosenPlace& place) {
+std::string guessNote(Session& session, const ChosenPlace& place, Remedy remedy) {
     if (place.source != PlaceSource::systemZone && place.source != PlaceSource::fallback) return "";
     const bool isFallback = place.source == PlaceSource::fallback;
     const auto ofZone = isFallback ? std::nullopt : session.cities().largestCityOfZone(session.systemZone());
     // The zone may have become another one since the city was stored.
-    if (!isFallback && (!ofZone || ofZone->id != place.city.id)) {
+    const bool isOfZone = ofZone && ofZone->id == place.city.id;
+    const std::string zone = session.systemZoneText();
+    if (remedy == Remedy::settings) {
+        return isOfZone ? _("{} was guessed from the time zone of this device, {}. Choose your city in the menu.",
+                            place.city.name, zone)
+                        : _("{} was not chosen by you. Choose your city in the menu.", place.city.name);
+    }
+    if (!isFallback && !isOfZone) {
         return _("{} was not chosen by you. To choose your city: quode city home NAME.", place.city.name);
     }
-    const std::string zone = session.systemZoneText();
     return isFallback
                ? _("{} is shown because the time zone of this system, {}, has no city. To choose one: quode city "
                    "home NAME.",
@@ -106,7 +112,7 @@ std::string guessNote(Session& session, const ChosenPlace& place) {
                    place.city.name, zone);
 }
 
-std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, const CityDay& day) {
+std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, const CityDay& day, Remedy remedy) {
     std::vector<std::string> notes;
     const auto add = [&notes](std::string note) {
         if (!note.empty()) notes.push_back(std::move(note));
@@ -121,8 +127,8 @@ std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, co
     add(methodLine(siteOf(place.city)));
     for (std::string& note : methodRemarks(day)) add(std::move(note));
     if (isByEngine(day)) add(ruleText(siteOf(place.city)));
-    add(usualMethodNote(session, place));
-    add(guessNote(session, place));
+    add(remedy == Remedy::command ? usualMethodNote(session, place) : usualMethodFact(session, place));
+    add(guessNote(session, place, remedy));
     return notes;
 }
 

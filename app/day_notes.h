@@ -29,12 +29,19 @@ std::vector<std::string> missingSkyNotes(const CityDay& day);
 /// Both of these for a whole day.
 std::vector<std::string> missingNotes(Session& session, const CityDay& day);
 
+/// Where a note says that something else can be chosen.
+enum class Remedy {
+    command,   ///< of `quode`
+    settings,  ///< in the settings window
+};
+
 /// How the city was chosen, when that is a guess of Quode's, and how to choose another; empty when the user chose it.
-std::string guessNote(Session& session, const ChosenPlace& place);
+std::string guessNote(Session& session, const ChosenPlace& place, Remedy remedy = Remedy::command);
 
 /// All notes of a day, for a front with a few lines below its times: iqama, where times come from, missing times, the
 /// method and its rule, the method that is usual in the country, and a guessed city.
-std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, const CityDay& day);
+std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, const CityDay& day,
+                                  Remedy remedy = Remedy::command);
 
 /// The same for the present day of the home city, else of the city that stands for it; empty when neither database can
 /// be read, which other messages report.

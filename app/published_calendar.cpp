@@ -5,6 +5,7 @@
 #include "app/day_view.h"
 #include "app/printed_times.h"
 #include "app/session.h"
+#include "app/user_data.h"
 #include "common/numbers.h"
 #include "data/city_day.h"
 #include "platform/atomic_file.h"
@@ -34,6 +35,15 @@ void check(const FileOutcome& outcome) {
     if (!outcome.ok) throw Failure(ExitCode::userData, outcome.message);
 }
 
+void checkFolder(const std::filesystem::path& file) {
+    std::error_code error;
+    if (std::filesystem::is_directory(file, error)) {
+        throw Failure(ExitCode::usage, _("{} is a folder. Name a file.", file.string()));
+    }
+    if (std::filesystem::is_directory(file.parent_path(), error)) return;
+    throw Failure(ExitCode::usage, _("There is no folder {}. Make it first.", file.parent_path().string()));
+}
+
 }  // namespace
 
 std::optional<PublishedCalendar> publishedCalendar(const UserDatabase& database) {
@@ -50,6 +60,20 @@ void setPublishedCalendar(UserDatabase& database, const std::optional<PublishedC
     database.setSetting(fileSetting, calendar ? calendar->file.string() : "");
     database.setSetting(alarmSetting,
                         calendar && calendar->alarm ? numberText(static_cast<int>(calendar->alarm->count())) : "");
+}
+
+void publishCalendar(Session& session, const PublishedCalendar& calendar) {
+    checkFolder(calendar.file);
+    UserDatabase database = userDatabaseToChange(session);
+    renewPublishedCalendar(session, calendar);
+    setPublishedCalendar(database, calendar);
+}
+
+std::optional<PublishedCalendar> unpublishCalendar(Session& session) {
+    UserDatabase database = userDatabaseToChange(session);
+    std::optional<PublishedCalendar> former = publishedCalendar(database);
+    setPublishedCalendar(database, std::nullopt);
+    return former;
 }
 
 void renewPublishedCalendar(Session& session, const PublishedCalendar& published) {

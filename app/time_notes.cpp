@@ -27,6 +27,19 @@ std::optional<double> iqamaHours(const CityDay& day, int code) {
     return minute ? std::optional(*minute / 60.0) : std::nullopt;
 }
 
+// The usual method of the country, where the user has not chosen any; null: none is to be offered.
+const conventions::Convention* methodToOffer(const ChosenPlace& place) {
+    const bool isUsers = place.source == PlaceSource::home || place.source == PlaceSource::systemZone;
+    if (!isUsers || place.city.choice.isChosen) return nullptr;
+    const conventions::Convention* const usual = conventions::usualIn(place.city.countryCode);
+    const bool isOther = usual != nullptr && usual->computation != conventions::Computation::engine;
+    return isOther ? usual : nullptr;
+}
+
+const std::string& countryOf(Session& session, const ChosenPlace& place) {
+    return session.isTurkish() ? place.city.countryNameTr : place.city.countryNameEn;
+}
+
 }  // namespace
 
 std::string shortMark(const CityDay& day, int code) {
@@ -79,13 +92,17 @@ Json iqamaJson(const CityDay& day) {
 }
 
 std::string usualMethodNote(Session& session, const ChosenPlace& place) {
-    const bool isUsers = place.source == PlaceSource::home || place.source == PlaceSource::systemZone;
-    if (!isUsers || place.city.choice.isChosen) return "";
-    const conventions::Convention* usual = conventions::usualIn(place.city.countryCode);
-    if (usual == nullptr || usual->computation == conventions::Computation::engine) return "";
+    const conventions::Convention* const usual = methodToOffer(place);
+    if (usual == nullptr) return "";
     return _("Usual in {0}: {1}. To choose it: quode method set {2}; to keep Quode's own: quode method set quode.",
-             session.isTurkish() ? place.city.countryNameTr : place.city.countryNameEn, std::string(usual->name),
-             std::string(usual->key));
+             countryOf(session, place), std::string(usual->name), std::string(usual->key));
+}
+
+std::string usualMethodFact(Session& session, const ChosenPlace& place) {
+    const conventions::Convention* const usual = methodToOffer(place);
+    if (usual == nullptr) return "";
+    return _("Usual in {0}: {1}. To choose it, open Times in the settings.", countryOf(session, place),
+             std::string(usual->name));
 }
 
 }  // namespace quode::app

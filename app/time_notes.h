@@ -38,4 +38,7 @@ Json iqamaJson(const CityDay& day);
 /// none; else empty.
 std::string usualMethodNote(Session& session, const ChosenPlace& place);
 
+/// The same for a window, which points to its settings.
+std::string usualMethodFact(Session& session, const ChosenPlace& place);
+
 }  // namespace quode::app

@@ -46,7 +46,9 @@ QString datesText(app::Session& session, const VAKDate& date) {
 
 QStringList notesOf(app::Session& session, const CityDay& day) {
     QStringList lines;
-    for (const std::string& note : app::dayNotes(session, app::chooseHomePlace(session), day)) lines << qt(note);
+    for (const std::string& note : app::dayNotes(session, app::chooseHomePlace(session), day, app::Remedy::settings)) {
+        lines << qt(note);
+    }
     return lines;
 }
 

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <string_view>
 
 #include "app/mending.h"
@@ -27,10 +28,25 @@ QString nameOf(State state) {
     return state == State::ok ? _("in order") : state == State::note ? _("note") : _("to be mended");
 }
 
+// A line with a word in Arabic letters is read from the right, also where it begins with a name in Latin ones.
+QString inReadingDirection(const QString& text) {
+    const bool isMixed = std::ranges::any_of(text, [](QChar c) { return c.direction() == QChar::DirAL; });
+    return isMixed && !text.isRightToLeft() ? QChar(0x200f) + text : text;
+}
+
+// "It is not running. Start it:" introduces a command, which a button of the window stands for.
+QString withoutCommand(const std::string& text) {
+    QString shown = toQt(text);
+    if (!shown.endsWith(':')) return shown;
+    const qsizetype last = std::max(shown.lastIndexOf(". "), shown.lastIndexOf("۔ "));
+    if (last >= 0) return shown.left(last + 1);
+    return shown.chopped(1) + '.';
+}
+
 }  // namespace
 
 AboutPage::AboutPage(Context& context, QWidget* parent) : Page(context, parent), checks_(new Card(this)) {
-    auto* const column = new QVBoxLayout(this);
+    QVBoxLayout* const column = newColumn();
     checks_->setAccessibleName(_("What was checked"));
     column->addWidget(checks_);
     column->addWidget(newFactsPart());
@@ -75,8 +91,9 @@ void AboutPage::addFinding(const app::Finding& finding, bool isFirst) {
     auto* const texts = new QVBoxLayout;
     texts->setSpacing(1);
     texts->addWidget(newHeading(toQt(finding.name), checks_));
-    texts->addWidget(newRemark(toQt(finding.text), checks_));
-    if (!finding.advice.empty()) texts->addWidget(newLabel(toQt(finding.advice), checks_));
+    texts->addWidget(newRemark(inReadingDirection(withoutCommand(finding.text)), checks_));
+    if (!finding.advice.empty())
+        texts->addWidget(newLabel(inReadingDirection(withoutCommand(finding.advice)), checks_));
     row->addWidget(sign, 0, Qt::AlignTop);
     row->addLayout(texts, 1);
     if (app::canMend(finding)) {

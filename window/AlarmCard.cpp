@@ -7,6 +7,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <algorithm>
 
 #include "app/alarm_changes.h"
 #include "app/alarm_habits.h"
@@ -123,7 +124,7 @@ void AlarmCard::addDays(QFormLayout& form) {
         button->setCheckable(true);
         button->setAutoRaise(false);
         button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        button->setMinimumWidth(28);
+        button->setMinimumWidth(std::max(28, button->fontMetrics().horizontalAdvance(button->text()) + 6));
         days_.at(std::size_t(day)) = button;
         row->addWidget(button);
         connect(button, &QToolButton::toggled, this, &AlarmCard::chooseDays);

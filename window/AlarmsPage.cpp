@@ -13,7 +13,7 @@ namespace quode::window {
 
 AlarmsPage::AlarmsPage(Context& context, QWidget* parent)
     : Page(context, parent), trial_(this), mute_(new MutePart(context, this)) {
-    auto* const column = new QVBoxLayout(this);
+    QVBoxLayout* const column = newColumn();
     column->addWidget(mute_);
     for (std::size_t at = 0; at < cards_.size(); ++at) {
         cards_[at] = new AlarmCard(firstPrayer + int(at), context, trial_, this);

@@ -12,7 +12,7 @@ namespace quode::window {
 
 class Switch;
 
-/// Where the alarms stand as events, and which program shows and rings them.
+/// Where the alarms stand as events, which program shows and rings them, and the calendar of the prayers.
 class CalendarPage : public Page {
     Q_OBJECT
 
@@ -23,12 +23,20 @@ class CalendarPage : public Page {
 
   private:
     QWidget* newFilePart();
+    QWidget* newPublishedPart();
     QWidget* newEvolutionPart();
+    QString publishedFile();
+    void publish(bool isWanted, const QString& file);
+    void showPublished();
 
     QComboBox* layout_ = nullptr;
     QLabel *file_ = nullptr, *state_ = nullptr;
     QPushButton* connect_ = nullptr;
     Switch* rings_ = nullptr;
+    Switch* publishes_ = nullptr;
+    QLabel* published_ = nullptr;
+    QComboBox* reminder_ = nullptr;
+    QPushButton* otherFile_ = nullptr;
     bool isConnected_ = false;
 };
 

@@ -25,7 +25,7 @@ constexpr int listHeight = 170;
 
 CitiesPage::CitiesPage(Context& context, QWidget* parent)
     : Page(context, parent), rows_(new CityRows(context, this)), newPlace_(new NewPlacePart(context, this)) {
-    auto* const column = new QVBoxLayout(this);
+    QVBoxLayout* const column = newColumn();
     column->addWidget(newRemark(_("The times of the home city are shown and ring."), this));
     column->addWidget(rows_);
     column->addWidget(newSearchPart());

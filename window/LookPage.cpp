@@ -43,7 +43,7 @@ QHBoxLayout* switchRow(Switch* control, const QString& text, const QString& rema
 }  // namespace
 
 LookPage::LookPage(Context& context, QWidget* parent) : Page(context, parent) {
-    auto* const column = new QVBoxLayout(this);
+    QVBoxLayout* const column = newColumn();
     column->addWidget(newColorPart());
     column->addWidget(newChoicePart());
     column->addWidget(newStartPart());
@@ -54,11 +54,12 @@ QWidget* LookPage::newColorPart() {
     auto* const card = new Card(this);
     card->column()->addWidget(newHeading(_("Colours of the panel"), card));
     auto* const grid = new QGridLayout;
-    grid->setColumnStretch(schemesPerRow, 1);
+    grid->setColumnStretch(0, 1);  // the pictures stand in the middle
+    grid->setColumnStretch(schemesPerRow + 1, 1);
     for (int scheme = 0; scheme < colorSchemeCount; ++scheme) {
         auto* const picture = new SchemePicture(scheme, toQt(_("Scheme {}", scheme + 1)), card);
         schemes_[std::size_t(scheme)] = picture;
-        grid->addWidget(picture, scheme / schemesPerRow, scheme % schemesPerRow);
+        grid->addWidget(picture, scheme / schemesPerRow, scheme % schemesPerRow + 1);
         connect(picture, &QAbstractButton::toggled, this, [this, scheme](bool isOn) {
             if (!isOn) return;
             context().change([&] { app::changeSetting(session(), "colors", std::to_string(scheme + 1)); });

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include "window/Context.h"
@@ -19,6 +20,14 @@ class Page : public QWidget {
     virtual void refresh() = 0;
 
   protected:
+    /// The column of the page's parts.
+    QVBoxLayout* newColumn() {
+        auto* const column = new QVBoxLayout(this);
+        column->setContentsMargins(12, 6, 12, 18);
+        column->setSpacing(12);
+        return column;
+    }
+
     Context& context() { return context_; }
     app::Session& session() { return context_.session(); }
 

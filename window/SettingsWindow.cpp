@@ -15,9 +15,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/WindowStyle.h"
 #include "desktop/help.h"
 #include "desktop/icon.h"
-#include "desktop/theme.h"
 #include "texts/translation.h"
 #include "window/AboutPage.h"
 #include "window/AlarmsPage.h"
@@ -218,7 +218,9 @@ void SettingsWindow::arrange() {
     list_->setVisible(!narrow || !isPageOpen_);
     content_->setVisible(!narrow || isPageOpen_);
     back_->setVisible(narrow);
-    list_->setFixedWidth(narrow ? width() : std::max(listWidth, list_->sizeHintForColumn(0) + 24));
+    const int besidePage = std::max(listWidth, list_->sizeHintForColumn(0) + 24);
+    list_->setMinimumWidth(narrow ? 0 : besidePage);
+    list_->setMaximumWidth(narrow ? QWIDGETSIZE_MAX : besidePage);
 }
 
 void SettingsWindow::resizeEvent(QResizeEvent* event) {
@@ -234,7 +236,7 @@ void SettingsWindow::keyPressEvent(QKeyEvent* event) {
 
 // The colours are Quode's own: those of desktops often leave remarks too little contrast.
 void SettingsWindow::applyTheme() {
-    QApplication::setPalette(windowPalette(theme_.isDark()));
+    wearTheme(theme_.isDark());
 }
 
 }  // namespace quode::window

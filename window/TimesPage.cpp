@@ -49,7 +49,7 @@ CityDay todayBy(app::Session& session, CityRecord city, const Method& method) {
 }  // namespace
 
 TimesPage::TimesPage(Context& context, QWidget* parent) : Page(context, parent), place_(newRemark({}, this)) {
-    auto* const column = new QVBoxLayout(this);
+    QVBoxLayout* const column = newColumn();
     column->addWidget(place_);
     column->addWidget(newMethodPart());
     column->addWidget(newPreviewPart());

@@ -63,7 +63,7 @@ TimetablePage::TimetablePage(Context& context, QWidget* parent)
     card->column()->addLayout(buttons);
     card->column()->addWidget(
         newRemark(_("Saved as PDF, as a web page, or as a calendar with an event for each prayer."), card));
-    auto* const column = new QVBoxLayout(this);
+    QVBoxLayout* const column = newColumn();
     column->addWidget(place_);
     column->addWidget(card);
     column->addStretch(1);

@@ -70,10 +70,16 @@ void Switch::paintEvent(QPaintEvent*) {
     painter.drawEllipse(QRectF(left, area.top() + knobMargin, side, side));
 }
 
+// Qt aligns a label by the language of its text: a path or a city in Latin letters would leave the column.
+void alignToLayout(QLabel& label) {
+    label.setAlignment((label.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter);
+}
+
 QLabel* newLabel(const QString& text, QWidget* parent) {
     auto* const label = new QLabel(text, parent);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    alignToLayout(*label);
     return label;
 }
 

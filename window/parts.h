@@ -41,6 +41,9 @@ class Switch : public QAbstractButton {
     void paintEvent(QPaintEvent*) override;
 };
 
+/// Aligns a label to the side where the lines of the layout begin, whatever its language.
+void alignToLayout(QLabel& label);
+
 /// A label whose lines break.
 QLabel* newLabel(const QString& text, QWidget* parent);
 /// The same in bold.

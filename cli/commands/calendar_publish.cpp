@@ -27,15 +27,6 @@ void tell(Session& session, const std::optional<PublishedCalendar>& calendar) {
                           calendar->file.string())));
 }
 
-void checkFolder(const std::filesystem::path& file) {
-    std::error_code error;
-    if (std::filesystem::is_directory(file, error)) {
-        throw Failure(ExitCode::usage, _("{} is a folder. Name a file.", file.string()));
-    }
-    if (std::filesystem::is_directory(file.parent_path(), error)) return;
-    throw Failure(ExitCode::usage, _("There is no folder {}. Make it first.", file.parent_path().string()));
-}
-
 void runPublish(Session& session, const Arguments& arguments) {
     const std::optional<std::string> file = arguments.text("FILE");
     if (!file) {
@@ -43,17 +34,12 @@ void runPublish(Session& session, const Arguments& arguments) {
         return tell(session, database ? publishedCalendar(*database) : std::nullopt);
     }
     const PublishedCalendar calendar{std::filesystem::absolute(*file).lexically_normal(), alarmMinutes(arguments)};
-    checkFolder(calendar.file);
-    UserDatabase database = userDatabaseToChange(session);
-    renewPublishedCalendar(session, calendar);
-    setPublishedCalendar(database, calendar);
+    publishCalendar(session, calendar);
     tell(session, calendar);
 }
 
 void runUnpublish(Session& session, const Arguments&) {
-    UserDatabase database = userDatabaseToChange(session);
-    const std::optional<PublishedCalendar> former = publishedCalendar(database);
-    setPublishedCalendar(database, std::nullopt);
+    const std::optional<PublishedCalendar> former = unpublishCalendar(session);
     if (session.wantsJson()) return session.printJson(publishedJson(std::nullopt));
     session.print(former ? _("{} is no longer kept current; the file stays where it is.", former->file.string())
                          : std::string(_("No calendar was published.")));

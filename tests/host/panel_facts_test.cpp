@@ -4,7 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include "app/city_changes.h"
 #include "app/session.h"
+#include "app/user_data.h"
+#include "companion/SiteChoices.h"
+#include "companion/user_connection.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
 #include "support/temporary_folder.h"
@@ -66,6 +70,28 @@ TEST_F(PanelFactsTest, AreCopiedAsText) {
     EXPECT_EQ(lines[1], "Saturday 21 November 2026");
     EXPECT_EQ(lines.mid(3), (QStringList{"Fajr 06:06", "Sunrise 07:52", "Dhuhr 13:01", "Asr 15:32", "Maghrib 17:50",
                                          "Isha 19:23", ""}));
+}
+
+TEST_F(PanelFactsTest, NameTheUsualMethodAndWhereToChooseItWithoutACommand) {
+    const auto morning = inIstanbul("2026-11-21T04:00:00Z");
+    const QString notes = host::panelFacts(*morning).notes.join('\n');
+    EXPECT_TRUE(notes.contains("Usual in Turkey: Diyanet, Türkiye. To choose it, open Times in the settings."))
+        << notes.toStdString();
+    EXPECT_FALSE(notes.contains("quode ")) << notes.toStdString();
+}
+
+TEST_F(PanelFactsTest, NameIqamaAndTheUsersOwnMinutes) {
+    const auto morning = inIstanbul("2026-11-21T04:00:00Z");
+    const std::optional<CityRecord> city = app::homeCity(*morning);
+    conventions::Method method;
+    method.adjust[0] = 2;
+    app::chooseMethod(*morning, *city, method);
+    IqamaRules iqama;
+    iqama[0] = Iqama{false, 20};
+    storeIqama(app::userDatabaseToChange(*morning).connection(), istanbul, iqama);
+    const QString notes = host::panelFacts(*morning).notes.join('\n');
+    EXPECT_TRUE(notes.contains("Iqama: Fajr 06:28")) << notes.toStdString();
+    EXPECT_TRUE(notes.contains("Fajr: with your adjustment of +2 minutes")) << notes.toStdString();
 }
 
 TEST_F(PanelFactsTest, AreNoneWithoutACity) {

@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QLabel>
 #include <QTest>
+#include <QToolButton>
+#include <array>
 
 #include "app/session.h"
 #include "app/user_data.h"
@@ -18,10 +20,19 @@
 
 namespace quode::test {
 
+inline constexpr std::array pages = {"cities", "alarms", "times", "timetable", "look", "calendar", "about"};
+
 /// The settings window on files of its own, in Kathmandu at a fixed moment: Saturday, 21 November 2026, 09:45 there.
 class WindowTest : public testing::Test {
   protected:
-    WindowTest() {
+    explicit WindowTest(const char* language = "en")
+        : session(environmentOf({{"HOME", folder.path().string()},
+                                 {"QUODE_DATA_DIR", folder.path().string()},
+                                 {"XDG_CONFIG_HOME", (folder.path() / "config").string()},
+                                 {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
+                                 {"QUODE_NOW", "2026-11-21T04:00:00Z"},
+                                 {"LC_ALL", "en_GB.UTF-8"}}),
+                  app::Session::Options{LanguageChoice{language, true}}) {
         session.setCalendar(std::make_shared<UserEventStore>(folder.path(), CalendarLayout::ics));
         session.services();
         QObject::connect(&context, &window::Context::told, [this](const QString& message) { told << message; });
@@ -35,6 +46,14 @@ class WindowTest : public testing::Test {
         shown->openPage(page);
         settle();
         return *shown;
+    }
+
+    /// Opens what is folded in: the buttons with an arrow.
+    void openAllDetails() {
+        for (QToolButton* const each : shown->findChildren<QToolButton*>()) {
+            if (each->arrowType() == Qt::DownArrow && each->isVisible()) each->setChecked(true);
+        }
+        settle();
     }
 
     static void settle() {
@@ -81,13 +100,7 @@ class WindowTest : public testing::Test {
     UserDatabase database() { return app::userDatabaseToChange(session); }
 
     TemporaryFolder folder;
-    app::Session session{environmentOf({{"HOME", folder.path().string()},
-                                        {"QUODE_DATA_DIR", folder.path().string()},
-                                        {"XDG_CONFIG_HOME", (folder.path() / "config").string()},
-                                        {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
-                                        {"QUODE_NOW", "2026-11-21T04:00:00Z"},
-                                        {"LC_ALL", "en_GB.UTF-8"}}),
-                         app::Session::Options{LanguageChoice{"en", true}}};
+    app::Session session;
     window::Context context{session};
     QStringList told;
     std::unique_ptr<window::SettingsWindow> shown;

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <QAccessible>
 #include <QListWidget>
-#include <QScrollArea>
 #include <set>
 
 #include "desktop/theme.h"
@@ -12,17 +11,8 @@
 namespace quode::test {
 namespace {
 
-constexpr std::array pages = {"cities", "alarms", "times", "timetable", "look", "calendar", "about"};
-
 class Window : public WindowTest {
   protected:
-    void openAllDetails() {
-        for (QAbstractButton* const each : shown->findChildren<QAbstractButton*>()) {
-            if (each->accessibleName().endsWith(": details") && each->isVisible()) each->setChecked(true);
-        }
-        settle();
-    }
-
     /// What can have the keyboard on the page that is open.
     std::vector<QWidget*> reachable() const {
         std::vector<QWidget*> found;
@@ -74,22 +64,6 @@ TEST_F(Window, IsReachedByTabEverywhere) {
         }
         EXPECT_TRUE(left.empty()) << page;
     }
-}
-
-TEST_F(Window, ShowsOnePageAtATimeOnAPhone) {
-    open("cities");
-    auto* const list = control<QListWidget>("Pages");
-    shown->resize(360, 720);
-    settle();
-    for (const char* page : {"cities"}) {
-        open(page);
-        EXPECT_FALSE(list->isVisible()) << page;
-        press("All pages");
-        EXPECT_TRUE(list->isVisible()) << page;
-    }
-    shown->resize(820, 640);
-    settle();
-    EXPECT_TRUE(list->isVisible());
 }
 
 TEST_F(Window, IsMirroredForLanguagesFromRightToLeft) {

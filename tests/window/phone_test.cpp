@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// On the screen of a phone, 360 points wide, every page is readable as a whole.
+#include <QComboBox>
+#include <QListWidget>
+#include <QScrollArea>
+
+#include "fixture.h"
+#include "texts/translation.h"
+
+namespace quode::test {
+namespace {
+
+constexpr QSize phone{360, 720};
+
+std::string describe(const QWidget& widget) {
+    QString text = widget.accessibleName();
+    if (const auto* const label = qobject_cast<const QLabel*>(&widget)) text = label->text();
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) text += " " + button->text();
+    return std::string(widget.metaObject()->className()) + " \"" + text.toStdString() + "\"";
+}
+
+/// Whether the widget has the room that its text needs.
+bool showsAll(const QWidget& widget) {
+    if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
+        const bool isWideEnough = label->width() >= label->minimumSizeHint().width();
+        return isWideEnough && (!label->wordWrap() || label->height() >= label->heightForWidth(label->width()));
+    }
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
+        return button->width() >= button->fontMetrics().horizontalAdvance(button->text());
+    }
+    if (const auto* const box = qobject_cast<const QComboBox*>(&widget)) return box->width() >= 100;
+    return true;
+}
+
+class Phone : public WindowTest, public testing::WithParamInterface<const char*> {
+  protected:
+    Phone() : WindowTest(GetParam()) {
+        useLanguage(GetParam(), QUODE_TEST_BUNDLE);
+        QApplication::setLayoutDirection(isRightToLeft(GetParam()) ? Qt::RightToLeft : Qt::LeftToRight);
+    }
+
+    ~Phone() override {
+        useLanguage("en", QUODE_TEST_BUNDLE);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+    }
+
+    void openOnPhone(const char* page) {
+        open(page).resize(phone);
+        settle();
+        openAllDetails();
+    }
+
+    void expectWholeWidth(const QWidget& each, const char* page) const {
+        const QRect area(each.mapTo(shown.get(), QPoint()), each.size());
+        EXPECT_GE(area.left(), 0) << page << ": " << describe(each);
+        EXPECT_LE(area.right() + 1, phone.width()) << page << ": " << describe(each);
+    }
+};
+
+TEST_P(Phone, ShowsThePagesInItsWidth) {
+    for (const char* const page : pages) {
+        openOnPhone(page);
+        ASSERT_EQ(shown->width(), phone.width()) << page;
+        for (const QWidget* const each : shown->findChildren<QWidget*>()) {
+            if (each->isVisible()) expectWholeWidth(*each, page);
+        }
+    }
+}
+
+TEST_P(Phone, CutsNoText) {
+    for (const char* const page : pages) {
+        openOnPhone(page);
+        for (const QWidget* const each : shown->findChildren<QWidget*>()) {
+            EXPECT_TRUE(!each->isVisible() || showsAll(*each)) << page << ": " << describe(*each);
+        }
+    }
+}
+
+TEST_P(Phone, ShowsOnePageAtATime) {
+    for (const char* const page : pages) {
+        openOnPhone(page);
+        auto* const list = shown->findChild<QListWidget*>();
+        EXPECT_FALSE(list->isVisible()) << page;
+        press(QString(_("All pages")));
+        EXPECT_TRUE(list->isVisible()) << page;
+        EXPECT_EQ(shown->width(), phone.width()) << page;
+    }
+    shown->resize(820, 640);
+    settle();
+    EXPECT_TRUE(shown->findChild<QListWidget*>()->isVisible());
+}
+
+TEST_P(Phone, MayBecomeNarrowerWhileTheListIsShown) {
+    openOnPhone("cities");
+    press(QString(_("All pages")));
+    shown->resize(500, 720);
+    settle();
+    shown->resize(phone);
+    settle();
+    EXPECT_EQ(shown->width(), phone.width());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Phone, testing::Values("en", "de", "ar"),
+                         [](const auto& language) { return std::string(language.param); });
+
+}  // namespace
+}  // namespace quode::test
