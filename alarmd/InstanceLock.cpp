@@ -3,22 +3,21 @@
 #include "alarmd/InstanceLock.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cerrno>
+#include <chrono>
+#include <utility>
 
 #include "companion/alarm_service.h"
 
 namespace quode {
 namespace {
 
-int openLock(const std::filesystem::path& dataFolder) {
+LockedFile openLock(const std::filesystem::path& dataFolder) {
     std::error_code ignored;
     std::filesystem::create_directories(dataFolder, ignored);
-    const int file = ::open(alarmServiceLock(dataFolder).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600);
-    return file >= 0 ? file : ::open(dataFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    LockedFile file(::open(alarmServiceLock(dataFolder).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600));
+    return file.isOpen() ? std::move(file) : LockedFile::folder(dataFolder);
 }
 
 }  // namespace
@@ -29,26 +28,22 @@ InstanceLock::InstanceLock(const std::filesystem::path& dataFolder) : dataFolder
 
 // A folder that does not even open cannot be served by anybody; that is reported by those who need it.
 void InstanceLock::take() {
-    descriptor_ = openLock(dataFolder_);
-    isHeld_ = descriptor_ < 0 || ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+    file_ = openLock(dataFolder_);
+    isHeld_ = !file_.isOpen() || file_.lock(std::chrono::milliseconds(0)) != LockedFile::Result::busy;
 }
 
 bool InstanceLock::isCurrent() const {
     struct stat held {
     }, found{};
-    if (descriptor_ < 0) return true;
-    if (::fstat(descriptor_, &held) != 0) return false;
+    if (!file_.isOpen()) return true;
+    if (::fstat(file_.descriptor(), &held) != 0) return false;
     const std::filesystem::path path = S_ISDIR(held.st_mode) ? dataFolder_ : alarmServiceLock(dataFolder_);
     return ::stat(path.c_str(), &found) == 0 && held.st_dev == found.st_dev && held.st_ino == found.st_ino;
 }
 
 void InstanceLock::renew() {
-    if (descriptor_ >= 0) ::close(descriptor_);
+    file_ = {};
     take();
-}
-
-InstanceLock::~InstanceLock() {
-    if (descriptor_ >= 0) ::close(descriptor_);
 }
 
 }  // namespace quode

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+#include "platform/LockedFile.h"
+
 namespace quode {
 
 /// Keeps a second alarm service from serving the same data folder, for as long as it lives. The system takes the lock
@@ -12,9 +14,6 @@ class InstanceLock {
   public:
     /// Uses the file "alarmd.lock" of the folder, or the folder itself where that cannot be made.
     explicit InstanceLock(const std::filesystem::path& dataFolder);
-    ~InstanceLock();
-    InstanceLock(const InstanceLock&) = delete;
-    InstanceLock& operator=(const InstanceLock&) = delete;
 
     /// False when another process has it.
     bool isHeld() const { return isHeld_; }
@@ -29,7 +28,7 @@ class InstanceLock {
     void take();
 
     std::filesystem::path dataFolder_;
-    int descriptor_ = -1;
+    LockedFile file_;
     bool isHeld_ = false;
 };
 

@@ -34,7 +34,7 @@ void AlarmCalendar::switchOn(int code) {
     report(book_.switchOn(code), noEvent);
     const std::filesystem::path service = executablePath().parent_path() / "quode-alarmd";
     const ServiceStart start = assureServiceStart(session_->environment(), service);
-    if (!start.message.empty() && !isStartReported_) session_->tell(start.message);
+    if (!start.message.empty() && !isStartReported_) session_->report(start.message);
     isStartReported_ = true;
 }
 
@@ -61,8 +61,8 @@ void AlarmCalendar::changeLayout(CalendarLayout layout) {
 
 void AlarmCalendar::report(const AlarmChange& change, const std::string& consequence) {
     if (!change.isStored) throw Failure(ExitCode::userData, change.message);
-    if (!change.isPlaced) return session_->complain(consequence + " " + change.message, ExitCode::userData);
-    if (!change.message.empty()) session_->tell(change.message);
+    if (!change.isPlaced) return session_->report(consequence + " " + change.message, ExitCode::userData);
+    if (!change.message.empty()) session_->report(change.message);
 }
 
 }  // namespace quode::app

@@ -12,7 +12,6 @@
 #include "app/day_notes.h"
 #include "app/method_choice.h"
 #include "app/session.h"
-#include "app/text_layout.h"
 #include "app/time_notes.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
@@ -45,12 +44,6 @@ std::string dayOfMonth(int day) {
 std::string dateText(int day, const std::string& month, int year) {
     // Translators: a date: {0} the day, {1} the month, {2} the year.
     return _("{0} {1} {2}", dayOfMonth(day), month, year);
-}
-
-std::string daysText(Session& session, const ZoneDisagreement& problem) {
-    const std::string first = dayAndMonth(session, problem.first), last = dayAndMonth(session, problem.last);
-    if (problem.days == 1) return _("on {}", first);
-    return _("on {0} days from {1} to {2}", problem.days, first, last);
 }
 
 std::string superscript(std::size_t number) {
@@ -103,12 +96,6 @@ Json skyTimeJson(double hours) {
 
 std::string durationText(std::chrono::seconds duration) {
     return durationLabel(std::chrono::ceil<std::chrono::minutes>(duration));
-}
-
-std::optional<VAKDate> requestedDate(const Arguments& arguments) {
-    const std::optional<std::string> text = arguments.text("date");
-    if (!text) return std::nullopt;
-    return parseDate(*text);
 }
 
 VAKDate today(Session& session, const Site& site) {
@@ -263,27 +250,10 @@ Json zoneDataJson(const CityRecord& city) {
     return object({{"edition", city.known->edition}, {"of_system", city.known->isOfSystem}});
 }
 
-void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems) {
-    for (const ZoneDisagreement& problem : problems) {
-        const std::string text =
-            _("{0}: its stored clock is {1}, that of this system {2}, {3}. The times follow the stored one.",
-              problem.zone, utcOffsetText(problem.storedHours), utcOffsetText(problem.systemHours),
-              daysText(session, problem));
-        session.print(session.style().warning(session.wrapped("! " + text, 2)));
-    }
-}
-
 Json warningsJson(const std::vector<ZoneDisagreement>& problems) {
     Json::Array warnings;
     for (const ZoneDisagreement& problem : problems) warnings.emplace_back(describe(problem));
     return warnings;
-}
-
-void printHowChosen(Session& session, const ChosenPlace& place) {
-    const std::string note = guessNote(session, place);
-    if (note.empty()) return;
-    session.print();
-    session.print(session.style().dim(session.wrapped(note)));
 }
 
 }  // namespace quode::app

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "app/command.h"
 #include "app/json.h"
 #include "app/place.h"
 #include "astro/MagneticVariation.h"
@@ -44,8 +43,6 @@ std::string nightPartLabel(const NightPartName& part);
 Json nightJson(const CityDay& day);
 
 // --- dates
-/// The day of --date; nothing when it was not given. Throws `Failure` (usage).
-std::optional<VAKDate> requestedDate(const Arguments& arguments);
 /// The present day of a place.
 VAKDate today(Session& session, const Site& site);
 std::string longDate(Session& session, const VAKDate& date);
@@ -110,11 +107,6 @@ std::vector<ZoneDisagreement> zoneProblems(Session& session, const CityRecord& c
 /// {"edition": "2026f", "of_system": false}: the zone data that the clock of a city rests on.
 Json zoneDataJson(const CityRecord& city);
 
-/// Prints these problems as warnings.
-void printWarnings(Session& session, const std::vector<ZoneDisagreement>& problems);
 Json warningsJson(const std::vector<ZoneDisagreement>& problems);
-
-/// Prints how the city was chosen when nobody named it.
-void printHowChosen(Session& session, const ChosenPlace& place);
 
 }  // namespace quode::app

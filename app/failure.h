@@ -7,10 +7,10 @@
 
 namespace quode::app {
 
-/// What the program ends with; documented in `quode --help` and docs/cli.md.
+/// What a program ends with; documented in `quode --help` and docs/cli.md.
 enum class ExitCode : int {
     ok = 0,
-    notFound = 1,       ///< what was asked for does not exist (a city, a date in the table), or does not work
+    notFound = 1,       ///< the requested thing does not exist (a city, a date in the table), or does not work
     usage = 2,          ///< the command line cannot be understood, or names something impossible
     damagedData = 3,    ///< a file of the installation is missing or damaged
     outputFailed = 4,   ///< the output could not be written
@@ -26,6 +26,12 @@ class Failure : public std::runtime_error {
 
   private:
     ExitCode code_;
+};
+
+/// Something that failed or is worth knowing, though the program goes on.
+struct Problem {
+    std::string message;
+    ExitCode code = ExitCode::ok;  ///< what the program ends with because of it
 };
 
 }  // namespace quode::app

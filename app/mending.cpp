@@ -37,7 +37,7 @@ void renewEvents(Session& session) {
 void letServiceStart(Session& session) {
     const ServiceStart start =
         assureServiceStart(session.environment(), executablePath().parent_path() / "quode-alarmd");
-    if (!start.message.empty()) session.tell(start.message);
+    if (!start.message.empty()) session.report(start.message);
 }
 
 struct Remedy {
@@ -68,7 +68,7 @@ void removeStrayEvents(Session& session) {
     UserDatabase database = userDatabaseToChange(session);
     AlarmCalendar calendar(session, database);
     const AlarmChange removed = calendar.book().removeEventsWithoutAlarm();
-    if (!removed.ok()) session.complain(removed.message, ExitCode::userData);
+    if (!removed.ok()) session.report(removed.message, ExitCode::userData);
 }
 
 bool canMend(const Finding& finding) {

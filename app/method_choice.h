@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The method of times on the command line: which one a call uses, and how a day says by which it was computed.
+// The method of times: the choice of one, and how a day says by which it was computed.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "app/command.h"
 #include "app/json.h"
 #include "app/place.h"
 #include "data/city_day.h"
@@ -16,30 +15,17 @@ namespace quode::app {
 
 class Session;
 
-/// --method, for a single call.
-std::vector<Parameter> methodParameters();
-
-/// --asr, --high-latitude, --fajr-angle, --isha-angle, --adjust, --height, --zone: changes to a method.
-std::vector<Parameter> methodChangeParameters();
-
-/// A method with the changes that the arguments name. Throws `Failure` (usage).
-conventions::Method methodWith(conventions::Method method, const Arguments& arguments);
+/// The shadow of Asr, in heights of the object, by the Hanafi school.
+inline constexpr int hanafiFactor = 2;
 
 /// Throws `Failure` (usage) when a method cannot be used.
 void checkMethod(const conventions::Method& method);
-
-/// Takes the method of --method for a place; an imported table is left aside then. A point in a zone of JAKIM gets the
-/// clock of Malaysia, though the nearest city may lie across the border. Throws `Failure` (usage).
-void useMethod(Session& session, const Arguments& arguments, ChosenPlace& place);
 
 /// A convention by its key. Throws `Failure` (notFound) with the way to the list.
 const conventions::Convention& conventionNamed(const std::string& key);
 
 /// "Times by Diyanet, Türkiye, adjusted; Asr of the Hanafi school". Empty for the default method without a table.
 std::string methodLine(const Site& site);
-
-/// Prints that line; nothing for the default method.
-void printMethod(Session& session, const Site& site);
 
 /// Whether the engine's own method computed a day, perhaps with the user's minutes.
 bool isByEngine(const CityDay& day);

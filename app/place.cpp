@@ -7,9 +7,9 @@
 #include <cmath>
 
 #include "app/session.h"
-#include "app/text_layout.h"
 #include "app/user_data.h"
 #include "common/LanguagePack.h"
+#include "common/labels.h"
 #include "common/numbers.h"
 #include "data/point.h"
 #include "data/posix_zone.h"
@@ -109,11 +109,10 @@ ChosenPlace placeOfVariable(Session& session, const std::string& value) {
 void tellOfNamelessZone(Session& session) {
     const std::optional<std::string> value = session.variable("TZ");
     const std::string remedy = _("Set a zone such as TZ=Europe/Istanbul, or choose your city: quode city home NAME");
-    if (!value) return writeMessage(_("The system has no name for its time zone. {}", remedy));
+    if (!value) return session.report(_("The system has no name for its time zone. {}", remedy));
     const bool isRule = parsePosixZone(*value).has_value();
-
-    writeMessage(isRule ? _("TZ is \"{}\", which is a clock without a place. {}", *value, remedy)
-                        : _("TZ is \"{}\", which is not a time zone of this system. {}", *value, remedy));
+    session.report(isRule ? _("TZ is \"{}\", which is a clock without a place. {}", *value, remedy)
+                          : _("TZ is \"{}\", which is not a time zone of this system. {}", *value, remedy));
 }
 
 ChosenPlace placeOfSystem(Session& session) {
@@ -161,7 +160,7 @@ ChosenPlace withChoice(Session& session, ChosenPlace place) {
     if (city.id == 0) return place;
     city.choice = readSiteChoice(userDatabaseFile(session.dataFolder()), city.id);
     if (city.choice.isUnreadable) {
-        session.complain(
+        session.report(
             _("What is stored about the method of {} cannot be read. Choose it again: quode method set KEY", city.name),
             ExitCode::userData);
     }
@@ -186,26 +185,6 @@ std::string regionAndCountry(Session& session, const CityRecord& city) {
 
 std::string fullName(Session& session, const CityRecord& city) {
     return city.name + ", " + regionAndCountry(session, city);
-}
-
-void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates) {
-    const CityRecord& city = place.city;
-    const Style& style = session.style();
-    if (place.nearest) {
-        const std::string clock =
-            _("clock of {}, {} km away", place.nearest->city.name, std::lround(place.nearest->distanceKm));
-        const std::string coordinates = coordinatesText(city.latitude, city.longitude, session.decimalMark());
-        session.print(style.strong(coordinates) + "  " + style.dim(clock));
-        return;
-    }
-    const std::string where = regionAndCountry(session, city);
-    const std::string coordinates = coordinatesText(city.latitude, city.longitude, session.decimalMark());
-    const int used = displayWidth(city.name) + 2 + displayWidth(where);
-    if (!withCoordinates) return session.print(style.strong(city.name) + "  " + where);
-    const bool fits = used + 2 + displayWidth(coordinates) <= session.textWidth();
-    session.print(style.strong(city.name) + "  " + where +
-                  (fits ? style.dim(padLeft(coordinates, session.textWidth() - used)) : ""));
-    if (!fits) session.print(style.dim(coordinates));
 }
 
 std::string coordinatesText(double latitude, double longitude, std::string_view decimalMark) {

@@ -42,10 +42,6 @@ ChosenPlace chooseHomePlace(Session& session);
 std::string regionAndCountry(Session& session, const CityRecord& city);
 std::string fullName(Session& session, const CityRecord& city);
 
-/// Prints what place is shown: name, region and country of a city, or the coordinates of a point and whose clock it has.
-/// @param withCoordinates  add the coordinates of a city, on the right
-void printPlace(Session& session, const ChosenPlace& place, bool withCoordinates = false);
-
 /// "41.0138° N  28.9497° E".
 std::string coordinatesText(double latitude, double longitude, std::string_view decimalMark);
 

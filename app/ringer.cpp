@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "app/session.h"
-#include "app/text_layout.h"
 #include "companion/UserEventStore.h"
 #include "companion/alarm_service.h"
 #include "companion/ringer.h"
@@ -71,19 +70,6 @@ void setRinger(Session& session, UserDatabase& database, Ringer ringer) {
     if (ringer == Ringer::evolution) tellEvolution();
     saveSettings(database, settings);
     if (ringer == Ringer::quode) tellEvolution();
-}
-
-void printRinger(Session& session, const RingerState& state) {
-    const Style& style = session.style();
-    if (!state.isReady()) {
-        session.print(style.warning(session.wrapped("! " + state.problem, 2)));
-        return session.print("  " + state.remedy);
-    }
-    const std::string_view text =
-        state.ringer == Ringer::quode
-            ? _("The alarm service of Quode rings; it is running.")
-            : _("Evolution rings, by its reminders; the alarm service of Quode renews the events.");
-    session.print(style.dim(session.wrapped(text)));
 }
 
 Json ringerJson(const RingerState& state) {

@@ -32,9 +32,6 @@ void requireEvolutionProgram(Session& session);
 /// rather than none. Throws `UserDatabaseError`, and `Failure` when Evolution's description cannot be written.
 void setRinger(Session& session, UserDatabase& database, Ringer ringer);
 
-/// Says who rings, or warns that nobody does.
-void printRinger(Session& session, const RingerState& state);
-
 Json ringerJson(const RingerState& state);
 
 /// The description by which Evolution finds the calendar.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/session.h"
 
+#include <algorithm>
+
 #include "app/dates.h"
 #include "common/captions.h"
 #include "common/labels.h"
@@ -90,11 +92,7 @@ std::string withoutColon(std::string text) {
 Session::Session(Environment environment, const Options& options)
     : environment_(std::move(environment)),
       options_(options),
-      language_(options_.language ? *options_.language : speakChosenLanguage(environment_, {})),
-      drawsOnTerminal_(isTerminal(environment_)) {
-    if (const auto columns = terminalColumns(environment_)) columns_ = std::max(*columns, narrowestPage);
-    style_.colours = drawsOnTerminal_ && !options_.noColours && !nonEmpty(environment_, "NO_COLOR");
-}
+      language_(options_.language ? *options_.language : speakChosenLanguage(environment_, {})) {}
 
 Session::~Session() = default;
 
@@ -164,7 +162,7 @@ GlobalFuncs& Session::services() {
     platform.locale = locale_;
     services_ = &GlobalFuncs::startUp(platform);
     services_->setApplicationBundlePath(bundle().string());
-    if (const auto& problem = services_->dataFolderProblem()) tell(*problem);
+    if (const auto& problem = services_->dataFolderProblem()) report(*problem);
     chooseLanguageOfServices();
     return *services_;
 }
@@ -197,8 +195,8 @@ GlobalFuncs& Session::servicesWithTexts() {
     if (textsAreLoaded_) return shared;
     textsAreLoaded_ = true;
     if (const auto problem = shared.loadLanguageFile()) {
-        complain(_("{}. The names of the catalogue are shown instead. Install Quode again to repair this.", *problem),
-                 ExitCode::damagedData);
+        report(_("{}. The names of the catalogue are shown instead. Install Quode again to repair this.", *problem),
+               ExitCode::damagedData);
     }
     return shared;
 }
@@ -239,27 +237,8 @@ std::string Session::decimal(double value, int places, bool withSign) {
     return decimalText(value, places, decimalMark(), withSign);
 }
 
-void Session::complain(std::string_view message, ExitCode code) {
-    tell(message);
-    exitCode_ = code;
-}
-
-std::string Session::wrapped(std::string_view text, int indentation) const {
-    return app::wrapped(text, textWidth(), indentation);
-}
-
-void Session::print(std::string_view line) {
-    printData(columns_ ? fitted(line, *columns_) : std::string(line));
-}
-
-void Session::printData(std::string_view line) {
-    output_ += line;
-    output_ += '\n';
-}
-
-void Session::print(const TextTable& table, int indentation) {
-    const std::string blanks(static_cast<std::size_t>(indentation), ' ');
-    for (const std::string& row : table.lines(rowWidth() - indentation)) print(blanks + indented(row, indentation));
+void Session::report(std::string_view message, ExitCode code) const {
+    if (options_.onProblem) options_.onProblem({std::string(message), code});
 }
 
 }  // namespace quode::app

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -12,9 +11,6 @@
 #include <string_view>
 
 #include "app/failure.h"
-#include "app/json.h"
-#include "app/terminal.h"
-#include "app/text_layout.h"
 #include "common/GlobalFuncs.h"
 #include "companion/language.h"
 #include "data/CityDatabase.h"
@@ -27,16 +23,16 @@ namespace quode::app {
 
 class TranslatedLocale;
 
-/// What a command works with: the clock, the cities, the words of the language, and the output. Each part is made when
-/// it is first asked for, so that a command pays only for what it shows.
+/// What the programs work with: the clock, the cities, the user's files and the words of the language. Each part is made
+/// at its first use, so that a command pays only for what it shows. Nothing is printed: problems go to `onProblem`.
 class Session {
   public:
     struct Options {
         /// As speakChosenLanguage() returned it at the start; otherwise it is chosen now.
         std::optional<LanguageChoice> language = {};
-        bool json = false;
-        bool noColours = false;
         std::optional<std::chrono::sys_seconds> moment = {};  ///< taken for now, before $QUODE_NOW
+        /// Receives what failed though the program goes on; without it, problems are dropped.
+        std::function<void(const Problem&)> onProblem = {};
     };
 
     Session(Environment environment, const Options& options);
@@ -105,44 +101,11 @@ class Session {
     /// A value of the environment; nothing when it is empty.
     std::optional<std::string> variable(std::string_view name) const { return nonEmpty(environment_, name); }
 
-    bool wantsJson() const { return options_.json; }
-    const Style& style() const { return style_; }
-    bool drawsOnTerminal() const { return drawsOnTerminal_; }
+    /// Reports a problem to `Options::onProblem`.
+    void report(std::string_view message, ExitCode code = ExitCode::ok) const;
 
-    /// The columns that output is laid out for: those of the terminal, else those of a page.
-    int width() const { return columns_.value_or(pageWidth); }
-    /// Those of a text for reading.
-    int textWidth() const { return std::min(width(), pageWidth); }
-    /// Those that rows are broken at; without a terminal they are not, for another program may read them.
-    int rowWidth() const { return columns_.value_or(unlimitedWidth); }
-    /// A text in lines that fit; later ones begin with blanks.
-    std::string wrapped(std::string_view text, int indentation = 0) const;
-
-    /// Adds a line to the output; it is wrapped where the terminal is narrower.
-    void print(std::string_view line = "");
-    /// Adds a line as it is: for another program to read.
-    void printData(std::string_view line);
-    /// Adds the lines of a table, after blanks.
-    void print(const TextTable& table, int indentation);
-    /// Adds bytes to the output as they stand.
-    void write(std::string_view bytes) { output_ += bytes; }
-    /// Adds a JSON document to the output.
-    void printJson(const Json& json) { output_ += json.text(); }
-    const std::string& output() const { return output_; }
-
-    /// Where messages go from now on; at first they are written to the standard error.
-    void setMessenger(std::function<void(std::string_view message)> messenger) { messenger_ = std::move(messenger); }
-
-    /// Reports something that keeps nothing from being done.
-    void tell(std::string_view message) const { messenger_(message); }
-
-    /// What the program ends with after a command that did not fail.
-    ExitCode exitCode() const { return exitCode_; }
-
-    void endWith(ExitCode code) { exitCode_ = code; }
-
-    /// Tells that something is wrong, though the command goes on: a message, and what the program ends with.
-    void complain(std::string_view message, ExitCode code);
+    /// Reports to another receiver from now on.
+    void reportTo(std::function<void(const Problem&)> onProblem) { options_.onProblem = std::move(onProblem); }
 
   private:
     Clock& clock();
@@ -152,9 +115,6 @@ class Session {
     Environment environment_;
     Options options_;
     LanguageChoice language_;
-    bool drawsOnTerminal_ = false;
-    std::optional<int> columns_;  // of the terminal, where it is known
-    Style style_;
     std::shared_ptr<Clock> clock_;
     std::shared_ptr<HomeClock> homeClock_;
     std::shared_ptr<TranslatedLocale> locale_;
@@ -163,9 +123,6 @@ class Session {
     std::optional<CityDatabase> cities_;
     GlobalFuncs* services_ = nullptr;
     bool textsAreLoaded_ = false;
-    std::string output_;
-    std::function<void(std::string_view)> messenger_ = writeMessage;
-    ExitCode exitCode_ = ExitCode::ok;
 };
 
 }  // namespace quode::app

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The user's alarms: when they ring, and what is shown of them.
+// The user's alarms and their next rings.
 #pragma once
 
 #include <string>
@@ -47,12 +47,6 @@ std::string clockAt(Session& session, const CityRecord& city, std::chrono::sys_s
 
 /// "in 2 h 13 min", after "tomorrow" where that is the day at the place.
 std::string timeUntil(Session& session, const CityRecord& city, std::chrono::sys_seconds instant);
-
-/// Prints the city whose times ring, and a blank line.
-void printAlarmCity(Session& session, const UserAlarms& all);
-
-/// Shows the six alarms with their next rings and, where one is on, which program rings; as text or JSON.
-void showAlarms(Session& session, const UserAlarms& all);
 
 Json ringJson(Session& session, const UserAlarms& all, const AlarmOccurrence& ring);
 

@@ -71,7 +71,7 @@ std::optional<UserDatabase> userDatabaseToRead(Session& session) {
 UserDatabase userDatabaseToChange(Session& session) {
     finishPending(session);
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
-    for (const std::string& notice : database.notices()) session.tell(notice);
+    for (const std::string& notice : database.notices()) session.report(notice);
     return database;
 }
 
@@ -90,10 +90,10 @@ std::optional<UserCity> storedHome(Session& session) {
         const std::optional<UserDatabase> database = userDatabaseToRead(session);
         const std::optional<UserCity> home = database ? database->home() : std::nullopt;
         if (!home) return std::nullopt;
-        if (!home->city) session.complain(lostHome(home->id), ExitCode::userData);
+        if (!home->city) session.report(lostHome(home->id), ExitCode::userData);
         return home;
     } catch (const UserDatabaseError& error) {
-        session.complain(_("Your home city cannot be read. {}", error.what()), ExitCode::userData);
+        session.report(_("Your home city cannot be read. {}", error.what()), ExitCode::userData);
         return std::nullopt;
     }
 }

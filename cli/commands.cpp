@@ -8,7 +8,7 @@ namespace quode::cli {
 namespace {
 
 std::string footer() {
-    return app::helpFooter(
+    return terminal::helpFooter(
                {{"QUODE_CITY", _("the city when --city is not given; else the home city")},
                 {"QUODE_LANG", _("the language when --lang is not given")},
                 {"QUODE_NOW", _("the moment used as now, such as 2026-11-21T04:00:00Z")},

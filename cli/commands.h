@@ -4,11 +4,13 @@
 
 #include <vector>
 
-#include "app/command_line.h"
+#include "app/failure.h"
+#include "terminal/command_line.h"
 
 namespace quode::cli {
 
 using namespace app;
+using namespace terminal;
 
 // The commands of the files in cli/commands.
 Command todayCommand();

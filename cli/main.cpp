@@ -1,18 +1,19 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // The command line of Quode.
-#include "app/reporting.h"
-#include "app/session.h"
-#include "app/terminal.h"
 #include "cli/commands.h"
+#include "terminal/Console.h"
+#include "terminal/reporting.h"
+#include "terminal/streams.h"
 
 namespace {
 
 using namespace quode;
 using namespace quode::app;
 using namespace quode::cli;
+using namespace quode::terminal;
 
-Session::Options optionsOf(const Arguments& arguments, const LanguageChoice& language) {
+Console::Options optionsOf(const Arguments& arguments, const LanguageChoice& language) {
     return {language, arguments.has("json") || arguments.text("format") == "json", arguments.has("no-color")};
 }
 
@@ -27,9 +28,9 @@ ExitCode run(const std::vector<std::string>& arguments) {
         return writtenOrFailed(versionText(session, "quode " QUODE_VERSION), ExitCode::ok);
     }
     const auto& invocation = std::get<Invocation>(line);
-    Session session(processEnvironment(), optionsOf(invocation.arguments, language));
-    invocation.command->run(session, invocation.arguments);
-    return writtenOrFailed(session.output(), session.exitCode());
+    Console console(processEnvironment(), optionsOf(invocation.arguments, language));
+    invocation.command->run(console, invocation.arguments);
+    return writtenOrFailed(console.output(), console.exitCode());
 }
 
 }  // namespace

@@ -9,6 +9,6 @@
 namespace quode::cli {
 
 /// Shows how well the next new crescents can be expected to be seen from a place, from a date on.
-void showCrescent(Session& session, const ChosenPlace& place, const VAKDate& date);
+void showCrescent(Console& console, const ChosenPlace& place, const VAKDate& date);
 
 }  // namespace quode::cli

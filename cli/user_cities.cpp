@@ -5,13 +5,13 @@
 #include <algorithm>
 
 #include "app/place.h"
-#include "app/session.h"
-#include "app/text_layout.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 
 using namespace app;
+using namespace terminal;
 
 namespace {
 
@@ -20,32 +20,33 @@ using Align = TextTable::Align;
 /// What a line tells of a city beside its name, where there is room.
 enum class Width { withZone, withRegion, nameOnly };
 
-std::vector<std::string> linesOf(Session& session, const std::vector<UserCity>& cities, Width width) {
+std::vector<std::string> linesOf(Console& console, const std::vector<UserCity>& cities, Width width) {
     TextTable table({Align::right, Align::left, Align::left, Align::left, Align::right, Align::left});
     for (const UserCity& each : cities) {
         const std::string position = std::to_string(&each - cities.data() + 1);
         const std::string id = std::to_string(each.id);
         const std::string home(each.isHome ? _c("city", "home") : "");
         if (each.city) {
-            table.add({position, each.city->name, width == Width::nameOnly ? "" : regionAndCountry(session, *each.city),
+            table.add({position, each.city->name,
+                       width == Width::nameOnly ? "" : regionAndCountry(console.session(), *each.city),
                        width == Width::withZone ? each.city->zone : "", id, home});
         } else {
             table.add({position, "?", std::string(_("no longer in the city database")), "", id, home});
         }
     }
-    return table.lines(width == Width::nameOnly ? session.rowWidth() : unlimitedWidth);
+    return table.lines(width == Width::nameOnly ? console.rowWidth() : unlimitedWidth);
 }
 
-void printCities(Session& session, const std::vector<UserCity>& cities) {
-    if (cities.empty()) return session.print(_("You have no cities yet. To choose one: quode city home NAME."));
+void printCities(Console& console, const std::vector<UserCity>& cities) {
+    if (cities.empty()) return console.print(_("You have no cities yet. To choose one: quode city home NAME."));
     std::vector<std::string> lines;
     for (const Width width : {Width::withZone, Width::withRegion, Width::nameOnly}) {
-        lines = linesOf(session, cities, width);
-        if (std::ranges::all_of(lines, [&](const auto& line) { return displayWidth(line) <= session.textWidth(); }))
+        lines = linesOf(console, cities, width);
+        if (std::ranges::all_of(lines, [&](const auto& line) { return displayWidth(line) <= console.textWidth(); }))
             break;
     }
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        session.print(cities[i].isHome ? session.style().strong(lines[i]) : lines[i]);
+        console.print(cities[i].isHome ? console.style().strong(lines[i]) : lines[i]);
     }
 }
 
@@ -60,11 +61,11 @@ Json citiesJson(const std::vector<UserCity>& cities) {
 
 }  // namespace
 
-void showCities(Session& session, const std::vector<UserCity>& cities) {
-    if (session.wantsJson()) {
-        session.printJson(citiesJson(cities));
+void showCities(Console& console, const std::vector<UserCity>& cities) {
+    if (console.wantsJson()) {
+        console.printJson(citiesJson(cities));
     } else {
-        printCities(session, cities);
+        printCities(console, cities);
     }
 }
 

@@ -4,16 +4,12 @@
 
 #include <vector>
 
-#include "app/json.h"
 #include "companion/UserDatabase.h"
-
-namespace quode::app {
-class Session;
-}
+#include "terminal/Console.h"
 
 namespace quode::cli {
 
 /// Shows the user's cities in their order, as text or JSON.
-void showCities(app::Session& session, const std::vector<UserCity>& cities);
+void showCities(terminal::Console& console, const std::vector<UserCity>& cities);
 
 }  // namespace quode::cli

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "common/GlobalFuncs.h"
+#include "common/numbers.h"
 #include "common/prayer.h"
 #include "texts/translation.h"
 
@@ -45,6 +46,13 @@ std::string hijriMonthLabel(const GlobalFuncs& services, int month) {
     if (own) return *own;
     const char* name = entry(hijriMonths, month - 1);
     return name != nullptr ? _(name) : std::to_string(month);
+}
+
+std::string decimalText(double value, int places, std::string_view decimalMark, bool withSign) {
+    std::string text = fixedText(value, places);
+    if (withSign && !text.starts_with('-')) text.insert(0, "+");
+    if (places > 0) text.replace(text.find('.'), 1, decimalMark);
+    return text;
 }
 
 std::string durationLabel(std::chrono::minutes duration) {

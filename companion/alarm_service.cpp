@@ -3,10 +3,8 @@
 #include "companion/alarm_service.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
-#include <cerrno>
+#include "platform/LockedFile.h"
 
 namespace quode {
 
@@ -15,12 +13,8 @@ std::filesystem::path alarmServiceLock(const std::filesystem::path& dataFolder) 
 }
 
 bool alarmServiceRuns(const std::filesystem::path& dataFolder) {
-    const int file = ::open(alarmServiceLock(dataFolder).c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) return false;
-    // A shared lock, so that two who ask at once do not take each other for the service; closing gives it back.
-    const bool isLocked = ::flock(file, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    ::close(file);
-    return isLocked;
+    LockedFile file(::open(alarmServiceLock(dataFolder).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    return file.isOpen() && file.isLockedByOther();
 }
 
 }  // namespace quode

@@ -3,7 +3,6 @@
 #include "companion/user_connection.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include <utility>
@@ -12,6 +11,7 @@
 #include "companion/UserDatabase.h"
 #include "companion/user_database_schema.h"
 #include "data/AlarmJournal.h"
+#include "platform/LockedFile.h"
 #include "platform/private_folder.h"
 #include "texts/translation.h"
 
@@ -31,23 +31,13 @@ bool meansDamage(int code) {
     return primaryCode(code) == SQLITE_CORRUPT || primaryCode(code) == SQLITE_NOTADB;
 }
 
-// Keeps other programs from mending the same file at the same time. Without it nothing worse happens than that two
-// damaged copies are kept, so a lock that cannot be had is no failure.
-class FolderLock {
-  public:
-    explicit FolderLock(const fs::path& folder)
-        : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        if (descriptor_ >= 0) ::flock(descriptor_, LOCK_EX);
-    }
-    ~FolderLock() {
-        if (descriptor_ >= 0) ::close(descriptor_);
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-  private:
-    int descriptor_;
-};
+// Keeps other programs from repairing the same file at the same time. Without it, two damaged copies are kept at worst, so
+// a missing lock is no failure.
+LockedFile lockedFolder(const fs::path& folder) {
+    LockedFile locked = LockedFile::folder(folder);
+    if (locked.isOpen()) locked.lock(std::nullopt);
+    return locked;
+}
 
 void createFolder(const fs::path& folder) {
     const std::error_code error = createPrivateFolders(folder);
@@ -199,7 +189,7 @@ void UserConnection::createTables(const FirstCity& firstCity) {
 
 void UserConnection::replaceDamaged(const FirstCity& firstCity, std::vector<std::string>& notices) {
     database_.reset();
-    const FolderLock lock(file_.parent_path());
+    const LockedFile lock = lockedFolder(file_.parent_path());
     open(toChange);
     if (check(firstCity) == Health::good) return;  // another program was faster
     database_.reset();

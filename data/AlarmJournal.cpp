@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/AlarmJournal.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,7 +9,6 @@
 #include <cerrno>
 #include <optional>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "texts/translation.h"
@@ -19,9 +16,6 @@
 namespace quode {
 namespace {
 
-using std::chrono::steady_clock;
-
-constexpr std::chrono::milliseconds pause{5};
 constexpr const char* fileName = ".alarms.lock";
 constexpr std::size_t largestContent = 64 * 1024;  // far more lines than there are alarms
 
@@ -55,14 +49,11 @@ std::string reason() {
 }  // namespace
 
 AlarmJournal::AlarmJournal(const std::filesystem::path& folder, std::chrono::milliseconds patience)
-    : file_(folder / fileName),
-      // Without blocking, in case a pipe is in its place.
-      descriptor_(::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)) {
-    struct stat facts {};
-    if (descriptor_ < 0) {
+    : file_(folder / fileName), locked_(LockedFile::file(file_)) {
+    if (!locked_.isOpen()) {
         problem_ = _("The alarms cannot be changed: {} cannot be opened ({}). Give yourself write permission there.",
                      file_.string(), reason());
-    } else if (::fstat(descriptor_, &facts) != 0 || !S_ISREG(facts.st_mode)) {
+    } else if (!locked_.isRegularFile()) {
         problem_ = _("The alarms cannot be changed: {} is not a regular file. Move it away.", file_.string());
     } else {
         lock(patience);
@@ -70,27 +61,17 @@ AlarmJournal::AlarmJournal(const std::filesystem::path& folder, std::chrono::mil
 }
 
 void AlarmJournal::lock(std::chrono::milliseconds patience) {
-    const steady_clock::time_point end = steady_clock::now() + patience;
-    while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR) {
-            problem_ = _("The alarms cannot be changed: {} cannot be locked ({}).", file_.string(), reason());
-            return;
-        }
-        if (steady_clock::now() >= end) {
-            problem_ = _("Another program is changing the alarms and does not finish. Try again, or end that program.");
-            return;
-        }
-        std::this_thread::sleep_for(pause);
+    const LockedFile::Result result = locked_.lock(patience);
+    if (result == LockedFile::Result::busy) {
+        problem_ = _("Another program is changing the alarms and does not finish. Try again, or end that program.");
+    } else if (result == LockedFile::Result::failed) {
+        problem_ = _("The alarms cannot be changed: {} cannot be locked ({}).", file_.string(), reason());
     }
-}
-
-AlarmJournal::~AlarmJournal() {
-    if (descriptor_ >= 0) ::close(descriptor_);
 }
 
 std::string AlarmJournal::content() const {
     std::string text(largestContent, '\0');
-    const ssize_t count = ::pread(descriptor_, text.data(), text.size(), 0);
+    const ssize_t count = ::pread(locked_.descriptor(), text.data(), text.size(), 0);
     text.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
     return text.substr(0, text.rfind('\n') + 1);  // a line without its end was not recorded
 }
@@ -112,10 +93,11 @@ std::vector<AlarmIntent> AlarmJournal::unfinished() const {
 void AlarmJournal::begin(const AlarmIntent& intent) {
     const std::string line = lineOf(intent);
     const auto size = static_cast<off_t>(content().size());
-    const bool isWritten = ::pwrite(descriptor_, line.data(), line.size(), size) == static_cast<ssize_t>(line.size());
-    if (isWritten && ::fdatasync(descriptor_) == 0) return;
+    const bool isWritten =
+        ::pwrite(locked_.descriptor(), line.data(), line.size(), size) == static_cast<ssize_t>(line.size());
+    if (isWritten && ::fdatasync(locked_.descriptor()) == 0) return;
     const std::string cause = reason();
-    [[maybe_unused]] const int ignored = ::ftruncate(descriptor_, size);
+    [[maybe_unused]] const int ignored = ::ftruncate(locked_.descriptor(), size);
     throw AlarmJournalError(
         _("The alarms cannot be changed: {} cannot be written ({}). Make room on the disk and try "
           "again. Nothing was changed.",
@@ -130,9 +112,10 @@ void AlarmJournal::end(const AlarmIntent& intent) noexcept {
         }
         // The rest is part of the old content: after an interruption a line may be there twice, or a line of finished
         // work may remain; both are harmless.
-        const bool isWritten = ::pwrite(descriptor_, rest.data(), rest.size(), 0) == static_cast<ssize_t>(rest.size());
+        const bool isWritten =
+            ::pwrite(locked_.descriptor(), rest.data(), rest.size(), 0) == static_cast<ssize_t>(rest.size());
         if (isWritten) [[maybe_unused]]
-            const int ignored = ::ftruncate(descriptor_, static_cast<off_t>(rest.size()));
+            const int ignored = ::ftruncate(locked_.descriptor(), static_cast<off_t>(rest.size()));
     } catch (const std::exception&) {
         // Without memory the line stays, and the next holder checks it again.
     }

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/LockedFile.h"
+
 namespace quode {
 
 /// A change of the alarms that a program is about to make, recorded before it begins. Fixed values: the lines of the file,
@@ -43,9 +45,6 @@ class AlarmJournal {
     /// Opens and locks the journal of a data folder; `isHeld` says whether that succeeded.
     /// @param patience  the longest time to wait for another program
     AlarmJournal(const std::filesystem::path& folder, std::chrono::milliseconds patience);
-    ~AlarmJournal();
-    AlarmJournal(const AlarmJournal&) = delete;
-    AlarmJournal& operator=(const AlarmJournal&) = delete;
 
     /// True when this object holds the lock.
     bool isHeld() const { return problem_.empty(); }
@@ -71,7 +70,7 @@ class AlarmJournal {
     void lock(std::chrono::milliseconds patience);
 
     std::filesystem::path file_;
-    int descriptor_ = -1;
+    LockedFile locked_;
     std::string problem_;
 };
 

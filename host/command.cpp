@@ -4,23 +4,23 @@
 
 #include "app/dates.h"
 #include "app/failure.h"
-#include "app/terminal.h"
 #include "common/numbers.h"
+#include "terminal/streams.h"
 #include "texts/translation.h"
 
 namespace quode::host {
 namespace {
 
-using app::Arguments;
 using app::ExitCode;
 using app::Failure;
-using app::Parameter;
+using terminal::Arguments;
+using terminal::Parameter;
 
 std::string footer() {
     return std::string(_("The picture is drawn without a display. It shows the city of --city, of $QUODE_CITY, or the "
                          "home city.")) +
            "\n\n" +
-           app::helpFooter(
+           terminal::helpFooter(
                {{"QUODE_CITY", _("the city of a picture when --city is not given")},
                 {"QUODE_LANG", _("the language when --lang is not given")},
                 {"QUODE_NOW", _("the moment used as now, such as 2026-11-21T04:00:00Z")},
@@ -32,16 +32,16 @@ std::string footer() {
                 _("unexpected error"), _("the user's files cannot be read or changed")});
 }
 
-app::Program panelProgram() {
+terminal::Program panelProgram() {
     return {"quode-panel",
             _("Prayer times in a panel on the desktop: from an icon in the tray, or in a window where there is no "
               "tray. A second start opens the panel of the first."),
             footer(),
-            {app::languageParameter()},
+            {terminal::languageParameter()},
             _("Show the version and the sources of the data")};
 }
 
-app::Command panelCommand() {
+terminal::Command panelCommand() {
     const auto toggle = [](const char* name, const char* help) {
         return Parameter{Parameter::Kind::toggle, name, "", help};
     };
@@ -52,9 +52,8 @@ app::Command panelCommand() {
              toggle("info", _("The picture shows the lines about the city")),
              toggle("all", _("The picture shows the further times")),
              toggle("compass", _("The picture shows the compass")),
-             app::cityParameter(),
-             app::dateParameter()},
-            [](app::Session&, const Arguments&) {}};
+             terminal::cityParameter(),
+             terminal::dateParameter()}};
 }
 
 double scaleOf(const Arguments& arguments) {
@@ -91,14 +90,14 @@ std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
 
 }  // namespace
 
-std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(
+std::variant<PanelOptions, terminal::HelpText, terminal::VersionRequest> readCommandLine(
     const std::vector<std::string>& arguments) {
-    const app::Command command = panelCommand();
-    app::ParsedLine line =
-        app::parseCommandLine(panelProgram(), {}, command, arguments, app::terminalColumns(processEnvironment()));
-    if (auto* help = std::get_if<app::HelpText>(&line)) return std::move(*help);
-    if (std::holds_alternative<app::VersionRequest>(line)) return app::VersionRequest{};
-    const Arguments& given = std::get<app::Invocation>(line).arguments;
+    const terminal::Command command = panelCommand();
+    terminal::ParsedLine line = terminal::parseCommandLine(panelProgram(), {}, command, arguments,
+                                                           terminal::terminalColumns(processEnvironment()));
+    if (auto* help = std::get_if<terminal::HelpText>(&line)) return std::move(*help);
+    if (std::holds_alternative<terminal::VersionRequest>(line)) return terminal::VersionRequest{};
+    const Arguments& given = std::get<terminal::Invocation>(line).arguments;
     return PanelOptions{given.text("lang"), screenshotOf(given)};
 }
 

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "app/command_line.h"
 #include "host/screenshot.h"
+#include "terminal/command_line.h"
 
 namespace quode::host {
 
@@ -18,7 +18,7 @@ struct PanelOptions {
 };
 
 /// Reads a command line. Returned: the options, or the help or version that was asked for. Throws `app::Failure` (usage).
-std::variant<PanelOptions, app::HelpText, app::VersionRequest> readCommandLine(
+std::variant<PanelOptions, terminal::HelpText, terminal::VersionRequest> readCommandLine(
     const std::vector<std::string>& arguments);
 
 }  // namespace quode::host

@@ -13,6 +13,7 @@
 #include "host/PanelDevice.h"
 #include "host/PanelProgram.h"
 #include "host/user_choices.h"
+#include "terminal/streams.h"
 #include "texts/translation.h"
 #include "views/accessibility.h"
 
@@ -50,7 +51,7 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
                       const std::optional<std::string>& languageOption) {
     chooseDisplay(environment,
                   _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
-    Session session(environment, {language});
+    Session session(environment, {.language = language, .onProblem = terminal::writeProblem});
     enlarge(textSize(session));
     int count = 1;
     char name[] = "quode-panel";

@@ -22,6 +22,7 @@
 #include "host/WidgetBundle.h"
 #include "host/user_choices.h"
 #include "platform/system_platform.h"
+#include "terminal/streams.h"
 #include "texts/translation.h"
 #include "views/UIButtonX.h"
 #include "views/accessibility.h"
@@ -134,8 +135,13 @@ bool isStoredGuess(Session& user, const app::ChosenPlace& place) {
 
 ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& language,
                         const ScreenshotOptions& options) {
-    Session::Options sessionOptions{language};
-    Session user(environment, sessionOptions);
+    ExitCode code = ExitCode::ok;
+    const auto reportAndEnd = [&code](const app::Problem& problem) {
+        terminal::writeProblem(problem);
+        if (problem.code != ExitCode::ok) code = problem.code;
+    };
+    Session user(environment, {.language = language, .onProblem = reportAndEnd});
+    Session::Options sessionOptions{.language = language, .onProblem = terminal::writeProblem};
     const app::ChosenPlace place = app::choosePlace(user, options.city);
     if (options.date) sessionOptions.moment = noonOf(*options.date, place.city);
 
@@ -161,7 +167,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     if (!isHome) makeUserDatabase(session, place.city);
     session.followCity(&place.city);
     save(picture(options, session), options.file);
-    return user.exitCode();
+    return code;
 }
 
 }  // namespace quode::host

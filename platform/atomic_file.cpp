@@ -4,14 +4,12 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <ctime>
 #include <system_error>
-#include <thread>
 
 #include "platform/private_folder.h"
 #include "texts/translation.h"
@@ -265,36 +263,27 @@ FileOutcome makeFolder(const fs::path& folder) {
     return error ? failure(_("Cannot create the folder"), folder, error.value()) : FileOutcome{};
 }
 
-FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience)
-    // Without blocking, in case a pipe is in its place.
-    : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)) {
-    struct stat facts {};
-    if (file_ < 0) {
+FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience) : file_(LockedFile::file(lockFile)) {
+    if (!file_.isOpen()) {
         outcome_ = failure(_("Cannot write beside"), lockFile, errno);
         return;
     }
-    if (::fstat(file_, &facts) != 0 || !S_ISREG(facts.st_mode)) {
+    if (!file_.isRegularFile()) {
         outcome_ = {false, _("{} is not a regular file. Move it away.", lockFile.string())};
         return;
     }
-    const auto deadline = std::chrono::steady_clock::now() + patience;
-    while (::flock(file_, LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR) {
-            outcome_ = failure(_("Cannot lock"), lockFile, errno);
+    switch (file_.lock(patience)) {
+        case LockedFile::Result::locked:
             return;
-        }
-        if (std::chrono::steady_clock::now() >= deadline) {
+        case LockedFile::Result::busy:
             outcome_ = {false,
                         _("Another program is writing to {} and does not finish. Try again, or end that program.",
                           lockFile.parent_path().string())};
             return;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        case LockedFile::Result::failed:
+            outcome_ = failure(_("Cannot lock"), lockFile, errno);
+            return;
     }
-}
-
-FileLock::~FileLock() {
-    if (file_ >= 0) ::close(file_);
 }
 
 }  // namespace quode

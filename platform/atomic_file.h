@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/LockedFile.h"
 #include "platform/file_calls.h"
 
 namespace quode {
@@ -69,22 +70,18 @@ std::filesystem::path freeDamagedName(const std::filesystem::path& path);
 /// Creates a folder and its missing parent folders; the new ones are private to the user.
 FileOutcome makeFolder(const std::filesystem::path& folder);
 
-/// A lock on a separate file that excludes other writers, in this and in other programs. The system releases it when the
-/// holder ends in any way.
+/// A lock on a separate file that excludes other writers; see `LockedFile`.
 class FileLock {
   public:
     /// Takes the lock.
     /// @param patience  the longest time to wait
     FileLock(const std::filesystem::path& lockFile, std::chrono::milliseconds patience);
-    ~FileLock();
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
 
     /// Whether the lock is held, else why not.
     const FileOutcome& outcome() const { return outcome_; }
 
   private:
-    int file_ = -1;
+    LockedFile file_;
     FileOutcome outcome_;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 #include "service/HomeWatch.h"
+#include "terminal/streams.h"
 
 #include <sys/inotify.h>
 #include <sys/timerfd.h>
@@ -110,7 +111,7 @@ HomeWatch::~HomeWatch() {
 }
 
 app::Session& HomeWatch::freshSession() {
-    session_ = std::make_unique<Session>(processEnvironment(), Session::Options{});
+    session_ = std::make_unique<Session>(processEnvironment(), Session::Options{.onProblem = terminal::writeProblem});
     return *session_;
 }
 
@@ -126,7 +127,7 @@ void HomeWatch::renew() {
         publish();
         arm(home_.validUntil);
     } catch (const std::exception& error) {
-        writeMessage(error.what());
+        terminal::writeMessage(error.what());
         arm(secondsOf(session_->now()) + retrySeconds);
     }
     if (onChange) onChange();
@@ -168,7 +169,7 @@ void HomeWatch::publish() {
         const auto calendar = database ? publishedCalendar(*database) : std::nullopt;
         if (calendar) renewPublishedCalendar(*session_, *calendar);
     } catch (const std::exception& error) {
-        writeMessage(error.what());
+        terminal::writeMessage(error.what());
     }
 }
 

@@ -3,10 +3,10 @@
 // Answers in the searches of GNOME Shell (org.gnome.Shell.SearchProvider2) and Plasma (org.kde.krunner1).
 #include <spawn.h>
 
-#include "app/reporting.h"
 #include "platform/folders.h"
 #include "service/bus.h"
 #include "service/queries.h"
+#include "terminal/reporting.h"
 
 extern char** environ;
 

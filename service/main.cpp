@@ -9,9 +9,9 @@
 #include <cstdio>
 #include <string_view>
 
-#include "app/reporting.h"
 #include "common/numbers.h"
 #include "service/bus.h"
+#include "terminal/reporting.h"
 #include "texts/translation.h"
 
 namespace quode::service {
@@ -122,5 +122,5 @@ app::ExitCode run(const std::vector<std::string_view>& arguments) {
 
 int main(int count, char** values) {
     const std::vector<std::string_view> arguments(values + 1, values + count);
-    return static_cast<int>(quode::app::runReportingFailures([&] { return quode::service::run(arguments); }));
+    return static_cast<int>(quode::terminal::runReportingFailures([&] { return quode::service::run(arguments); }));
 }

@@ -4,19 +4,19 @@
 
 #include <exception>
 
-#include "app/terminal.h"
+#include "terminal/streams.h"
 
 namespace quode::window {
 
 Context::Context(app::Session& session) : session_(session) {
-    session_.setMessenger([this](std::string_view message) {
+    session_.reportTo([this](const app::Problem& problem) {
         if (!messages_.isEmpty()) messages_ += ' ';
-        messages_ += QString::fromUtf8(message.data(), qsizetype(message.size()));
+        messages_ += QString::fromStdString(problem.message);
     });
 }
 
 Context::~Context() {
-    session_.setMessenger(app::writeMessage);
+    session_.reportTo(terminal::writeProblem);
 }
 
 bool Context::change(const std::function<void()>& action) {

@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "app/command_line.h"
+#include "terminal/command_line.h"
 
 namespace quode::window {
 
@@ -18,7 +18,7 @@ struct WindowOptions {
 };
 
 /// Reads the arguments. Throws `app::Failure` (usage).
-std::variant<WindowOptions, app::HelpText, app::VersionRequest> readCommandLine(
+std::variant<WindowOptions, terminal::HelpText, terminal::VersionRequest> readCommandLine(
     const std::vector<std::string>& arguments);
 
 }  // namespace quode::window

@@ -16,6 +16,7 @@
 #include "desktop/MomentWatch.h"
 #include "desktop/alarm_service.h"
 #include "desktop/display.h"
+#include "terminal/streams.h"
 #include "texts/translation.h"
 #include "views/accessibility.h"
 #include "window/SettingsWindow.h"
@@ -119,7 +120,7 @@ ExitCode serve(Session& session, const Instance& instance, const WindowOptions& 
 
 ExitCode runWindow(const Environment& environment, const LanguageChoice& language, const WindowOptions& options) {
     chooseDisplay(environment, _("In a terminal the same is done by the command quode; see quode --help"));
-    Session session(environment, {language});
+    Session session(environment, {.language = language, .onProblem = terminal::writeProblem});
     enlarge(settingsOf(session).textSize);
     int count = 1;
     char name[] = "quode-settings";

@@ -4,10 +4,11 @@
 #include "app/alarm_changes.h"
 #include "app/alarm_sounds.h"
 #include "app/prayer_names.h"
-#include "app/session.h"
 #include "app/user_alarms.h"
+#include "cli/alarm_table.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -31,24 +32,27 @@ std::optional<int> offsetOf(const Arguments& arguments) {
                                      trimmed(*text)));
 }
 
-void runSet(Session& session, const Arguments& arguments) {
+void runSet(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const std::optional<int> offset = offsetOf(arguments);
     std::optional<std::string> sound = arguments.text("sound");
     if (!offset && !sound)
         throw Failure(ExitCode::usage, _("Say what to set: --offset MINUTES, --sound NAME, or both."));
     if (sound) sound = soundNamedByUser(session, *sound);
     setUpAlarms(session, codesOf(session, arguments), offset, sound);
-    showAlarms(session, readAlarms(session));
+    showAlarms(console, readAlarms(session));
 }
 
-void runOn(Session& session, const Arguments& arguments) {
+void runOn(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     switchAlarms(session, codesOf(session, arguments), true);
-    showAlarms(session, readAlarms(session));
+    showAlarms(console, readAlarms(session));
 }
 
-void runOff(Session& session, const Arguments& arguments) {
+void runOff(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     switchAlarms(session, codesOf(session, arguments), false);
-    showAlarms(session, readAlarms(session));
+    showAlarms(console, readAlarms(session));
 }
 
 }  // namespace

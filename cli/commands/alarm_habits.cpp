@@ -5,10 +5,11 @@
 
 #include "app/dates.h"
 #include "app/prayer_names.h"
-#include "app/session.h"
 #include "app/user_alarms.h"
+#include "cli/alarm_table.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -22,12 +23,14 @@ std::vector<int> codesOf(Session& session, const Arguments& arguments) {
     return prayersNamed(session, arguments.text("PRAYER").value_or(""));
 }
 
-void runDays(Session& session, const Arguments& arguments) {
+void runDays(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     app::chooseDays(session, codesOf(session, arguments), app::daysNamed(session, arguments.text("DAYS").value_or("")));
-    showAlarms(session, readAlarms(session));
+    showAlarms(console, readAlarms(session));
 }
 
-void runRemind(Session& session, const Arguments& arguments) {
+void runRemind(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const std::string text(trimmed(arguments.text("MINUTES").value_or("")));
     const std::optional<int> minutes = numberOf<int>(text);
     if (!minutes && text != "off") {
@@ -36,10 +39,11 @@ void runRemind(Session& session, const Arguments& arguments) {
             _("The second ring is given in minutes, such as -20 for before the time, or off; not \"{}\".", text));
     }
     app::chooseReminder(session, codesOf(session, arguments), minutes);
-    showAlarms(session, readAlarms(session));
+    showAlarms(console, readAlarms(session));
 }
 
-void runSkip(Session& session, const Arguments& arguments) {
+void runSkip(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     for (const int code : codesOf(session, arguments)) {
         if (arguments.has("undo")) {
             app::unskip(session, code);
@@ -47,7 +51,7 @@ void runSkip(Session& session, const Arguments& arguments) {
             app::skipNext(session, code);
         }
     }
-    showAlarms(session, readAlarms(session));
+    showAlarms(console, readAlarms(session));
 }
 
 std::optional<std::chrono::sys_seconds> momentNamed(Session& session, const std::string& text) {
@@ -56,9 +60,10 @@ std::optional<std::chrono::sys_seconds> momentNamed(Session& session, const std:
     return parseMoment(text);
 }
 
-void runMute(Session& session, const Arguments& arguments) {
+void runMute(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     app::mute(session, momentNamed(session, std::string(trimmed(arguments.text("UNTIL").value_or("tomorrow")))));
-    showAlarms(session, readAlarms(session));
+    showAlarms(console, readAlarms(session));
 }
 
 }  // namespace

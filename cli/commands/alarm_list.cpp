@@ -3,16 +3,17 @@
 // quode alarm list: the six alarms.
 #include "app/place.h"
 #include "app/ringer.h"
-#include "app/session.h"
 #include "app/user_alarms.h"
+#include "cli/alarm_table.h"
 #include "cli/commands.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
-void runList(Session& session, const Arguments&) {
-    showAlarms(session, readAlarms(session));
+void runList(Console& console, const Arguments&) {
+    showAlarms(console, readAlarms(console.session()));
 }
 
 }  // namespace

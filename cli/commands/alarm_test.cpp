@@ -6,11 +6,11 @@
 #include "app/alarm_sounds.h"
 #include "app/desktop.h"
 #include "app/prayer_names.h"
-#include "app/session.h"
 #include "app/user_alarms.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
 #include "companion/sounds.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -27,38 +27,39 @@ std::chrono::seconds timeOf(const Arguments& arguments) {
                   _("--seconds is a number from {} to {}, not \"{}\".", shortest, longest, trimmed(*text)));
 }
 
-void print(Session& session, const std::string& sound, const TrialResult& result, bool isSoundOnly) {
+void print(Console& console, const std::string& sound, const TrialResult& result, bool isSoundOnly) {
     std::string text = result.isShown ? _("The alarm was shown.") : _("The alarm was not shown.");
     if (isSoundOnly) text.clear();
     if (!isSoundOnly) text += ' ';
     text += result.soundProblem.empty() ? _("It played {}.", sound) : std::string(_("It was not heard."));
     if (result.isStopped) text.append(" ").append(_("You stopped it."));
-    session.print(text);
+    console.print(text);
 }
 
-void tell(Session& session, const std::string& prayer, const std::string& sound, const TrialResult& result,
+void tell(Console& console, const std::string& prayer, const std::string& sound, const TrialResult& result,
           bool isSoundOnly) {
-    if (session.wantsJson()) {
-        session.printJson(
+    if (console.wantsJson()) {
+        console.printJson(
             object({{"prayer", prayer},
                     {"sound", sound},
                     {"shown", result.isShown},
                     {"stopped_by_user", result.isStopped},
                     {"sound_problem", result.soundProblem.empty() ? Json() : Json(result.soundProblem)}}));
     } else {
-        print(session, sound, result, isSoundOnly);
+        print(console, sound, result, isSoundOnly);
     }
     if (!result.isShown && !isSoundOnly) {
-        session.complain(
+        console.report(
             _("No notification service showed it. Start the one of your desktop, or install one such as dunst."),
             ExitCode::notFound);
     }
     if (!result.soundProblem.empty()) {
-        session.complain(_("{} Is the sound of this system on?", result.soundProblem), ExitCode::notFound);
+        console.report(_("{} Is the sound of this system on?", result.soundProblem), ExitCode::notFound);
     }
 }
 
-void runTest(Session& session, const Arguments& arguments) {
+void runTest(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const std::chrono::seconds time = timeOf(arguments);
     const UserAlarms all = readAlarms(session);
     const int code = prayersNamed(session, arguments.text("PRAYER").value_or("1")).front();
@@ -70,7 +71,7 @@ void runTest(Session& session, const Arguments& arguments) {
     const TrialResult result =
         desktop().ring({isSoundOnly ? "" : prayer, city + std::string(_("A test of the alarm")),
                         std::string(_c("alarm", "Stop")), soundNamed(sound, session.bundle()), time});
-    tell(session, prayer, sound, result, isSoundOnly);
+    tell(console, prayer, sound, result, isSoundOnly);
 }
 
 }  // namespace

@@ -5,16 +5,18 @@
 
 #include "app/place.h"
 #include "app/ringer.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/user_alarms.h"
+#include "cli/alarm_table.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
-void printRings(Session& session, const UserAlarms& all) {
+void printRings(Console& console, const UserAlarms& all) {
+    Session& session = console.session();
     using Align = TextTable::Align;
     TextTable table({Align::right, Align::left, Align::left, Align::left, Align::left});
     for (const AlarmOccurrence& ring : all.rings()) {
@@ -23,30 +25,31 @@ void printRings(Session& session, const UserAlarms& all) {
                    isSnoozed ? std::string(_("snoozed")) : offsetText(all.alarm(ring.code).offset),
                    timeUntil(session, *all.city, ring.due), soundOf(all, all.alarm(ring.code))});
     }
-    const std::vector<std::string> lines = table.lines(session.rowWidth());
-    for (std::size_t i = 0; i < lines.size(); ++i) session.print(i == 0 ? session.style().strong(lines[i]) : lines[i]);
+    const std::vector<std::string> lines = table.lines(console.rowWidth());
+    for (std::size_t i = 0; i < lines.size(); ++i) console.print(i == 0 ? console.style().strong(lines[i]) : lines[i]);
 }
 
-void runUpcoming(Session& session, const Arguments&) {
+void runUpcoming(Console& console, const Arguments&) {
+    Session& session = console.session();
     const UserAlarms all = readAlarms(session);
     const RingerState ringer = ringerState(session, all.settings);
-    if (session.wantsJson()) {
+    if (console.wantsJson()) {
         Json::Array rings;
         if (all.city) {
             for (const AlarmOccurrence& ring : all.rings()) rings.push_back(ringJson(session, all, ring));
         }
-        return session.printJson(object(
+        return console.printJson(object(
             {{"city", all.city ? cityJson(*all.city) : Json()}, {"rings", rings}, {"ringer", ringerJson(ringer)}}));
     }
     if (!all.anyIsOn() && all.snoozed.empty()) {
-        return session.print(_("No alarm is on. To switch one on: quode alarm on PRAYER."));
+        return console.print(_("No alarm is on. To switch one on: quode alarm on PRAYER."));
     }
     if (all.city) {
-        printAlarmCity(session, all);
-        printRings(session, all);
-        session.print();
+        printAlarmCity(console, all);
+        printRings(console, all);
+        console.print();
     }
-    printRinger(session, ringer);
+    printRinger(console, ringer);
 }
 
 }  // namespace

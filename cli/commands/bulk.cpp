@@ -10,12 +10,12 @@
 
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/day_csv.h"
 #include "common/numbers.h"
 #include "data/city_days.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -149,8 +149,9 @@ class Steps {
     std::exception_ptr failure_;
 };
 
-void runBulk(Session& session, const Arguments& arguments) {
-    if (session.wantsJson()) throw Failure(ExitCode::usage, _("\"quode bulk\" writes CSV only. Leave --json out."));
+void runBulk(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
+    if (console.wantsJson()) throw Failure(ExitCode::usage, _("\"quode bulk\" writes CSV only. Leave --json out."));
     Work work;
     work.cities = citiesOf(session, arguments);
     work.days = daysWanted(session, arguments, siteOf(work.cities.front()));
@@ -159,9 +160,9 @@ void runBulk(Session& session, const Arguments& arguments) {
                       _("{} places on {} days are more than {} lines. Take fewer places or days, in several runs.",
                         work.cities.size(), work.days.size(), mostLines));
     }
-    session.printData("id,name,region,country,date," + csvTimesHead());
+    console.printData("id,name,region,country,date," + csvTimesHead());
     for (const std::string& lines : Steps(work).run())
-        session.printData(std::string_view(lines).substr(0, lines.size() - 1));
+        console.printData(std::string_view(lines).substr(0, lines.size() - 1));
 }
 
 }  // namespace

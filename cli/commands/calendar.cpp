@@ -9,10 +9,9 @@
 #include "app/crescent_date.h"
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "astro/FastAstro.h"
 #include "cli/commands.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -61,7 +60,8 @@ Json calendarJson(Session& session, const CalendarDay& day) {
          {"season", object({{"half_year", info.isSummerSeason ? "summer" : "winter"}, {"day", info.DayOfSeason}})}});
 }
 
-void printCalendar(Session& session, const CalendarDay& day) {
+void printCalendar(Console& console, const CalendarDay& day) {
+    Session& session = console.session();
     const AllCalendarInfo& info = day.info;
     TextTable table({TextTable::Align::left, TextTable::Align::left});
     const auto add = [&table](std::string_view label, std::string value) {
@@ -76,17 +76,18 @@ void printCalendar(Session& session, const CalendarDay& day) {
     }
     add(_("Season"), info.isSummerSeason ? _("day {} of the summer half-year, from 6 May", info.DayOfSeason)
                                          : _("day {} of the winter half-year, from 8 November", info.DayOfSeason));
-    session.print(table, 0);
+    console.print(table, 0);
 }
 
-void runCalendar(Session& session, const Arguments& arguments) {
+void runCalendar(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const auto date = arguments.text("DATE");
     const CalendarDay day = calendarDayOf(
         date ? parseDate(*date) : today(session, siteOf(choosePlace(session, arguments.text("city")).city)));
-    if (session.wantsJson()) {
-        session.printJson(calendarJson(session, day));
+    if (console.wantsJson()) {
+        console.printJson(calendarJson(session, day));
     } else {
-        printCalendar(session, day);
+        printCalendar(console, day);
     }
 }
 

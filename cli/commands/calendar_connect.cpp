@@ -5,10 +5,10 @@
 
 #include "app/calendar_connection.h"
 #include "app/ringer.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -21,31 +21,34 @@ Json connectionJson(Session& session, const UserSettings& settings) {
                    {"ringer", ringerJson(ringerState(session, settings))}});
 }
 
-void tell(Session& session, const UserDatabase& database, const std::string& text) {
+void tell(Console& console, const UserDatabase& database, const std::string& text) {
+    Session& session = console.session();
     const UserSettings settings = loadSettings(database);
-    if (session.wantsJson()) return session.printJson(connectionJson(session, settings));
-    session.print(session.wrapped(text));
+    if (console.wantsJson()) return console.printJson(connectionJson(session, settings));
+    console.print(console.wrapped(text));
     if (std::ranges::none_of(database.alarms(), &UserAlarm::isOn)) return;
-    session.print();
-    printRinger(session, ringerState(session, settings));
+    console.print();
+    printRinger(console, ringerState(session, settings));
 }
 
-void runConnect(Session& session, const Arguments& arguments) {
+void runConnect(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     if (arguments.text("PROGRAM") != "evolution") {
         throw Failure(ExitCode::usage, _("Only evolution can be connected: quode calendar connect evolution"));
     }
     const std::filesystem::path file = connectEvolution(session, arguments.has("ring"));
     const UserDatabase database = userDatabaseToChange(session);
-    tell(session, database,
+    tell(console, database,
          _("Evolution and GNOME's calendar show the alarms as the calendar \"Quode\". They read {} and do not change "
            "it. To undo this: quode calendar disconnect",
            file.string()));
 }
 
-void runDisconnect(Session& session, const Arguments&) {
+void runDisconnect(Console& console, const Arguments&) {
+    Session& session = console.session();
     const bool wasConnected = disconnectEvolution(session);
     const UserDatabase database = userDatabaseToChange(session);
-    tell(session, database,
+    tell(console, database,
          wasConnected ? _("Disconnected from Evolution. The events stay where they are.")
                       : _("Evolution was not connected."));
 }

@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 // quode calendar publish, unpublish: a calendar file that stays current.
 #include "app/published_calendar.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/user_data.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/minutes.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -18,30 +17,31 @@ Json publishedJson(const std::optional<PublishedCalendar>& calendar) {
     return object({{"file", calendar ? Json(calendar->file.string()) : Json()}, {"alarm_minutes", alarm}});
 }
 
-void tell(Session& session, const std::optional<PublishedCalendar>& calendar) {
-    if (session.wantsJson()) return session.printJson(publishedJson(calendar));
-    if (!calendar) return session.print(_("No calendar is published. To begin: quode calendar publish FILE"));
-    session.print(
-        session.wrapped(_("{0} holds the prayers of the home city. The alarm service keeps it current. In your "
+void tell(Console& console, const std::optional<PublishedCalendar>& calendar) {
+    if (console.wantsJson()) return console.printJson(publishedJson(calendar));
+    if (!calendar) return console.print(_("No calendar is published. To begin: quode calendar publish FILE"));
+    console.print(
+        console.wrapped(_("{0} holds the prayers of the home city. The alarm service keeps it current. In your "
                           "calendar program, subscribe to file://{0}.",
                           calendar->file.string())));
 }
 
-void runPublish(Session& session, const Arguments& arguments) {
+void runPublish(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const std::optional<std::string> file = arguments.text("FILE");
     if (!file) {
         const std::optional<UserDatabase> database = userDatabaseToRead(session);
-        return tell(session, database ? publishedCalendar(*database) : std::nullopt);
+        return tell(console, database ? publishedCalendar(*database) : std::nullopt);
     }
     const PublishedCalendar calendar{std::filesystem::absolute(*file).lexically_normal(), alarmMinutes(arguments)};
     publishCalendar(session, calendar);
-    tell(session, calendar);
+    tell(console, calendar);
 }
 
-void runUnpublish(Session& session, const Arguments&) {
-    const std::optional<PublishedCalendar> former = unpublishCalendar(session);
-    if (session.wantsJson()) return session.printJson(publishedJson(std::nullopt));
-    session.print(former ? _("{} is no longer kept current; the file stays where it is.", former->file.string())
+void runUnpublish(Console& console, const Arguments&) {
+    const std::optional<PublishedCalendar> former = unpublishCalendar(console.session());
+    if (console.wantsJson()) return console.printJson(publishedJson(std::nullopt));
+    console.print(former ? _("{} is no longer kept current; the file stays where it is.", former->file.string())
                          : std::string(_("No calendar was published.")));
 }
 

@@ -5,11 +5,11 @@
 
 #include "app/city_changes.h"
 #include "app/place.h"
-#include "app/session.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
 #include "cli/user_cities.h"
 #include "common/numbers.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -24,9 +24,10 @@ std::string wordsOf(const Arguments& arguments) {
 }
 
 /// Does something with the user's cities, and shows them.
-void changeAndShow(Session& session, const std::function<void(UserDatabase&)>& change) {
+void changeAndShow(Console& console, const std::function<void(UserDatabase&)>& change) {
+    Session& session = console.session();
     app::changeCities(session, change);
-    showCities(session, userDatabaseToChange(session).cities());
+    showCities(console, userDatabaseToChange(session).cities());
 }
 
 int addPoint(UserDatabase& database, const ChosenPlace& point, const Arguments& arguments) {
@@ -45,16 +46,16 @@ int addCity(Session& session, UserDatabase& database, const Arguments& arguments
                       _("--name and --zone are for places given by coordinates: the city database knows those of {}.",
                         place.city.name));
     }
-    if (!database.addCity(place.city.id)) writeMessage(_("{} is already in your list.", place.city.name));
+    if (!database.addCity(place.city.id)) session.report(_("{} is already in your list.", place.city.name));
     return place.city.id;
 }
 
-void runAdd(Session& session, const Arguments& arguments) {
-    changeAndShow(session, [&](UserDatabase& database) { addCity(session, database, arguments); });
+void runAdd(Console& console, const Arguments& arguments) {
+    changeAndShow(console, [&](UserDatabase& database) { addCity(console.session(), database, arguments); });
 }
 
-void runRemove(Session& session, const Arguments& arguments) {
-    changeAndShow(session, [&](UserDatabase& database) {
+void runRemove(Console& console, const Arguments& arguments) {
+    changeAndShow(console, [&](UserDatabase& database) {
         database.removeCity(cityOfList(database.cities(), wordsOf(arguments)).id);
     });
 }
@@ -69,14 +70,14 @@ std::optional<int> idInList(const UserDatabase& database, const std::string& req
     }
 }
 
-void runHome(Session& session, const Arguments& arguments) {
-    changeAndShow(session, [&](UserDatabase& database) {
+void runHome(Console& console, const Arguments& arguments) {
+    changeAndShow(console, [&](UserDatabase& database) {
         const std::optional<int> known = idInList(database, wordsOf(arguments));
-        database.chooseHome(known ? *known : addCity(session, database, arguments));
+        database.chooseHome(known ? *known : addCity(console.session(), database, arguments));
     });
 }
 
-void runMove(Session& session, const Arguments& arguments) {
+void runMove(Console& console, const Arguments& arguments) {
     const std::string words(trimmed(wordsOf(arguments)));
     const std::size_t blank = words.find_last_of(' ');
     const std::optional<int> position =
@@ -85,7 +86,7 @@ void runMove(Session& session, const Arguments& arguments) {
         throw Failure(ExitCode::usage, _("Name a city of your list and its new position, such as: quode city move "
                                          "Ankara 1"));
     }
-    changeAndShow(session, [&](UserDatabase& database) {
+    changeAndShow(console, [&](UserDatabase& database) {
         const UserCity city = cityOfList(database.cities(), trimmed(words.substr(0, blank)));
         database.moveCity(city.id, static_cast<std::size_t>(*position - 1));
     });

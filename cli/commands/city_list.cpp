@@ -1,18 +1,18 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // quode city list: the user's cities.
-#include "app/session.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
 #include "cli/user_cities.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
-void runList(Session& session, const Arguments&) {
-    const std::optional<UserDatabase> database = userDatabaseToRead(session);
-    showCities(session, database ? database->cities() : std::vector<UserCity>{});
+void runList(Console& console, const Arguments&) {
+    const std::optional<UserDatabase> database = userDatabaseToRead(console.session());
+    showCities(console, database ? database->cities() : std::vector<UserCity>{});
 }
 
 }  // namespace

@@ -4,10 +4,9 @@
 #include <fmt/format.h>
 
 #include "app/place.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -48,28 +47,28 @@ Json hitsJson(const std::vector<CityHit>& hits) {
     return object({{"cities", cities}});
 }
 
-void printHits(Session& session, const std::vector<CityHit>& hits) {
+void printHits(Console& console, const std::vector<CityHit>& hits) {
     using Align = TextTable::Align;
     TextTable table({Align::right, Align::left, Align::left, Align::right, Align::left});
     for (const CityHit& hit : hits) {
         const std::string name = hit.otherName.empty() ? hit.city.name : hit.city.name + " (" + hit.otherName + ")";
-        table.add({std::to_string(hit.city.id), name, regionAndCountry(session, hit.city),
+        table.add({std::to_string(hit.city.id), name, regionAndCountry(console.session(), hit.city),
                    hit.city.population > 0 ? std::to_string(hit.city.population) : "", hit.city.zone});
     }
-    session.print(table, 0);
+    console.print(table, 0);
 }
 
-void runSearch(Session& session, const Arguments& arguments) {
+void runSearch(Console& console, const Arguments& arguments) {
     const std::string text(trimmed(arguments.text("TEXT").value_or("")));
     if (text.empty()) throw Failure(ExitCode::usage, _("The name of the city is empty."));
-    const std::vector<CityHit> hits = session.cities().search(text, limitOf(arguments));
+    const std::vector<CityHit> hits = console.session().cities().search(text, limitOf(arguments));
     if (hits.empty()) {
         throw Failure(ExitCode::notFound, _("No city is called \"{}\" or has a similar name.", text));
     }
-    if (session.wantsJson()) {
-        session.printJson(hitsJson(hits));
+    if (console.wantsJson()) {
+        console.printJson(hitsJson(hits));
     } else {
-        printHits(session, hits);
+        printHits(console, hits);
     }
 }
 

@@ -5,11 +5,11 @@
 
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
 #include "common/captions.h"
 #include "common/formatting.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -24,7 +24,8 @@ Json ruleJson(const ZoneRule& rule, std::optional<ClockChange> change) {
                    {"next_change", next}});
 }
 
-void printCity(Session& session, const ChosenPlace& place, std::optional<ClockChange> change) {
+void printCity(Console& console, const ChosenPlace& place, std::optional<ClockChange> change) {
+    Session& session = console.session();
     const CityRecord& city = place.city;
     TextTable table({TextTable::Align::left, TextTable::Align::left});
     const auto add = [&table](std::string_view label, std::string value) {
@@ -37,25 +38,26 @@ void printCity(Session& session, const ChosenPlace& place, std::optional<ClockCh
     const std::string clock = city.zone + "  " + formatting::GetGMTValueStr(false, city.rule.gmt);
     add(session.caption(zoneCaption), clock);
     add("", change ? clockChangeText(session, *change) : _("no summer time"));
-    printPlace(session, place);
-    session.print();
-    session.print(table, 2);
+    printPlace(console, place);
+    console.print();
+    console.print(table, 2);
 }
 
-void runShow(Session& session, const Arguments& arguments) {
+void runShow(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const ChosenPlace place = choosePlace(session, arguments.text("CITY").value_or(""));
     const VAKDate present = today(session, siteOf(place.city));
     const auto change = nextClockChange(siteOf(place.city).clock(), civilDate(present));
     const std::vector<ZoneDisagreement> warnings = zoneProblems(session, place.city, present, present, present);
-    if (session.wantsJson()) {
-        return session.printJson(object({{"place", placeJson(place)},
+    if (console.wantsJson()) {
+        return console.printJson(object({{"place", placeJson(place)},
                                          {"clock", ruleJson(place.city.rule, change)},
                                          {"zone_data", zoneDataJson(place.city)},
                                          {"warnings", warningsJson(warnings)}}));
     }
-    printCity(session, place, change);
-    if (!warnings.empty()) session.print();
-    printWarnings(session, warnings);
+    printCity(console, place, change);
+    if (!warnings.empty()) console.print();
+    printWarnings(console, warnings);
 }
 
 }  // namespace

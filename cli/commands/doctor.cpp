@@ -3,9 +3,8 @@
 // quode doctor: whether all is in order, and what to do where it is not.
 #include "app/doctor_checks.h"
 #include "app/mending.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "cli/commands.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 #include <algorithm>
@@ -40,34 +39,35 @@ Json findingsJson(const std::vector<Finding>& findings, bool isWell) {
     return object({{"ok", isWell}, {"checks", checks}});
 }
 
-void printFinding(Session& session, const Finding& finding) {
-    const Style& style = session.style();
+void printFinding(Console& console, const Finding& finding) {
+    const Style& style = console.style();
     const bool isProblem = finding.state == Finding::State::problem;
     const char* mark = isProblem ? "!   " : finding.state == Finding::State::note ? "–   " : "ok  ";
-    const bool isWide = session.textWidth() >= wideEnough;
+    const bool isWide = console.textWidth() >= wideEnough;
     const int column = isWide ? textColumn : narrowTextColumn;
     const std::string beforeText = isWide ? "" : "\n" + std::string(narrowTextColumn, ' ');
     const auto inColumn = [&](const std::string& text) {
-        return indented(wrapped(text, session.textWidth() - column, 0), column);
+        return indented(wrapped(text, console.textWidth() - column, 0), column);
     };
     const std::string line =
         mark + padRight(finding.name, isWide ? nameWidth : 0) + beforeText + inColumn(finding.text);
-    session.print(isProblem ? style.warning(line) : line);
+    console.print(isProblem ? style.warning(line) : line);
     for (const std::string& text : {finding.advice, finding.command}) {
-        if (!text.empty()) session.print(std::string(static_cast<std::size_t>(column), ' ') + inColumn(text));
+        if (!text.empty()) console.print(std::string(static_cast<std::size_t>(column), ' ') + inColumn(text));
     }
 }
 
-void runDoctor(Session& session, const Arguments& arguments) {
+void runDoctor(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     if (arguments.has("tidy")) removeStrayEvents(session);
     const std::vector<Finding> findings = examine(session);
     const auto problems = std::ranges::count(findings, Finding::State::problem, &Finding::state);
-    if (session.wantsJson()) {
-        session.printJson(findingsJson(findings, problems == 0));
+    if (console.wantsJson()) {
+        console.printJson(findingsJson(findings, problems == 0));
     } else {
-        for (const Finding& each : findings) printFinding(session, each);
+        for (const Finding& each : findings) printFinding(console, each);
     }
-    if (problems > 0) session.endWith(ExitCode::notFound);
+    if (problems > 0) console.endWith(ExitCode::notFound);
 }
 
 }  // namespace

@@ -4,9 +4,9 @@
 #include <fmt/format.h>
 
 #include "app/dates.h"
-#include "app/session.h"
 #include "cli/commands.h"
 #include "data/zone_check.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -23,23 +23,24 @@ Json disagreementJson(const ZoneDisagreement& found) {
                    {"system_hours", found.systemHours}});
 }
 
-void runZones(Session& session, const Arguments&) {
+void runZones(Console& console, const Arguments&) {
+    Session& session = console.session();
     const auto first = std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(session.now()));
     const DayRange range = twoYearsFrom(first);
     const std::vector<StoredZone> zones = session.cities().zones();
     const std::vector<ZoneDisagreement> found = checkZones(zones, range, session.zoneFolder());
     const std::string begin = isoDate(std::chrono::year_month_day(range.first));
     const std::string end = isoDate(std::chrono::year_month_day(range.last));
-    if (session.wantsJson()) {
+    if (console.wantsJson()) {
         Json::Array list;
         for (const ZoneDisagreement& disagreement : found) list.push_back(disagreementJson(disagreement));
-        session.printJson(object(
+        console.printJson(object(
             {{"first", begin}, {"last", end}, {"zones", static_cast<long>(zones.size())}, {"disagreements", list}}));
         return;
     }
-    for (const ZoneDisagreement& disagreement : found) session.print(describe(disagreement));
-    if (!found.empty()) session.print();
-    session.print(_("{} of {} time zones differ from the system's zone data between {} and {}.", found.size(),
+    for (const ZoneDisagreement& disagreement : found) console.print(describe(disagreement));
+    if (!found.empty()) console.print();
+    console.print(_("{} of {} time zones differ from the system's zone data between {} and {}.", found.size(),
                     zones.size(), begin, end));
 }
 

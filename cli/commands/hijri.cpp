@@ -4,11 +4,11 @@
 #include "app/crescent_date.h"
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
 #include "cli/commands.h"
 #include "common/calendar.h"
 #include "common/civil_date.h"
 #include "conventions/UmmAlQura.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -77,10 +77,10 @@ std::vector<NamedDate> calendarsOf(const VAKDate& gregorian) {
 }
 
 /// Other calendars, where they have another date.
-void printOthers(Session& session, const HijriDay& day) {
+void printOthers(Console& console, const HijriDay& day) {
     for (const NamedDate& other : calendarsOf(day.gregorian)) {
         if (other.date && !sameDay(*other.date, day.hijri)) {
-            session.print(session.style().dim(hijriText(session, *other.date) + " (" + other.name + ")"));
+            console.print(console.style().dim(hijriText(console.session(), *other.date) + " (" + other.name + ")"));
         }
     }
 }
@@ -93,10 +93,11 @@ Json calendarsJson(const VAKDate& gregorian) {
     return Json(std::move(calendars));
 }
 
-void runHijri(Session& session, const Arguments& arguments) {
+void runHijri(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const HijriDay day = dayOf(session, arguments);
-    if (session.wantsJson()) {
-        session.printJson(object({{"date", isoDate(day.gregorian)},
+    if (console.wantsJson()) {
+        console.printJson(object({{"date", isoDate(day.gregorian)},
                                   {"weekday", weekdayOf(day.gregorian)},
                                   {"hijri", hijriJson(session, day.hijri, day.isByCrescent ? "crescent" : "table")},
                                   {"calendars", calendarsJson(day.gregorian)}}));
@@ -105,9 +106,9 @@ void runHijri(Session& session, const Arguments& arguments) {
     const std::string hijri = hijriText(session, day.hijri) + " (" +
                               std::string(day.isByCrescent ? _("Hijri, by the crescent") : _("Hijri, by the table")) +
                               ")";
-    session.print(longDate(session, day.gregorian));
-    session.print(hijri);
-    printOthers(session, day);
+    console.print(longDate(session, day.gregorian));
+    console.print(hijri);
+    printOthers(console, day);
 }
 
 }  // namespace

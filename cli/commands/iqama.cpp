@@ -8,14 +8,14 @@
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/prayer_names.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
 #include "common/numbers.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "data/city_day.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -59,7 +59,8 @@ Json ruleJson(const Iqama& iqama) {
                    {"clock", iqama.isFixed ? Json(clock24(double(iqama.minutes) / minutesPerHour)) : Json()}});
 }
 
-void show(Session& session, const ChosenPlace& place) {
+void show(Console& console, const ChosenPlace& place) {
+    Session& session = console.session();
     const Site site = siteOf(place.city);
     const CityDay day = computeCityDay(site, today(session, site));
     Json::Array prayers;
@@ -76,15 +77,16 @@ void show(Session& session, const ChosenPlace& place) {
         table.add({session.prayerName(code), clockText(session, timeOfPrayer(day, code)),
                    minute ? clockText(session, hours) : "-", rule ? ruleText(session, *rule) : ""});
     }
-    if (session.wantsJson()) {
-        return session.printJson(object({{"place", placeJson(place)}, {"iqama", Json(std::move(prayers))}}));
+    if (console.wantsJson()) {
+        return console.printJson(object({{"place", placeJson(place)}, {"iqama", Json(std::move(prayers))}}));
     }
-    printPlace(session, place);
-    session.print();
-    session.print(table, 0);
+    printPlace(console, place);
+    console.print();
+    console.print(table, 0);
 }
 
-void change(Session& session, const Arguments& arguments, const std::optional<Iqama>& iqama) {
+void change(Console& console, const Arguments& arguments, const std::optional<Iqama>& iqama) {
+    Session& session = console.session();
     ChosenPlace place = cityOf(session, arguments);
     const std::vector<int> codes = prayersNamed(session, arguments.text("PRAYERS").value_or("all"));
     IqamaRules& rules = place.city.choice.iqama;
@@ -93,19 +95,19 @@ void change(Session& session, const Arguments& arguments, const std::optional<Iq
     }
     UserDatabase database = userDatabaseToChange(session);
     storeIqama(database.connection(), place.city.id, rules);
-    show(session, place);
+    show(console, place);
 }
 
-void runShow(Session& session, const Arguments& arguments) {
-    show(session, choosePlace(session, arguments.text("city")));
+void runShow(Console& console, const Arguments& arguments) {
+    show(console, choosePlace(console.session(), arguments.text("city")));
 }
 
-void runSet(Session& session, const Arguments& arguments) {
-    change(session, arguments, iqamaOf(arguments.text("at").value_or("")));
+void runSet(Console& console, const Arguments& arguments) {
+    change(console, arguments, iqamaOf(arguments.text("at").value_or("")));
 }
 
-void runRemove(Session& session, const Arguments& arguments) {
-    change(session, arguments, std::nullopt);
+void runRemove(Console& console, const Arguments& arguments) {
+    change(console, arguments, std::nullopt);
 }
 
 }  // namespace

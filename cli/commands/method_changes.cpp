@@ -5,16 +5,17 @@
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/method_rules.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/time_notes.h"
 #include "cli/commands.h"
+#include "cli/method_arguments.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
-void runSet(Session& session, const Arguments& arguments) {
+void runSet(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const ChosenPlace place = choosePlace(session, arguments.text("city"));
     const CityRecord& city = place.city;
     if (city.id == 0) {
@@ -29,15 +30,15 @@ void runSet(Session& session, const Arguments& arguments) {
     changed.choice.method = method;
     const Site site = siteOf(changed);
     const CityDay day = computeCityDay(site, today(session, site));
-    if (session.wantsJson()) {
-        return session.printJson(object({{"place", placeJson(place)}, {"method", methodJson(day)}}));
+    if (console.wantsJson()) {
+        return console.printJson(object({{"place", placeJson(place)}, {"method", methodJson(day)}}));
     }
     const std::string line = methodLine(site);
-    session.print(city.name + ": " + (line.empty() ? _("Quode's own method.") : line + "."));
-    for (const std::string& remark : methodRemarks(day)) session.print(session.wrapped(remark));
-    if (const std::string iqama = iqamaLine(session, day); !iqama.empty()) session.print(session.wrapped(iqama));
+    console.print(city.name + ": " + (line.empty() ? _("Quode's own method.") : line + "."));
+    for (const std::string& remark : methodRemarks(day)) console.print(console.wrapped(remark));
+    if (const std::string iqama = iqamaLine(session, day); !iqama.empty()) console.print(console.wrapped(iqama));
     const std::string remark = remarkText(conventionNamed(method.key));
-    if (!remark.empty()) session.print(session.style().dim(session.wrapped(remark)));
+    if (!remark.empty()) console.printRemark(remark);
 }
 
 }  // namespace

@@ -7,9 +7,10 @@
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
-#include "app/session.h"
-#include "app/text_layout.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -72,7 +73,8 @@ std::vector<std::string> linesOf(Session& session, const std::map<std::string, C
     return table.lines(unlimitedWidth);
 }
 
-void printDay(Session& session, const ChosenPlace& place, const std::vector<std::string>& keys, const VAKDate& date) {
+void printDay(Console& console, const ChosenPlace& place, const std::vector<std::string>& keys, const VAKDate& date) {
+    Session& session = console.session();
     std::map<std::string, CityDay> days;
     for (const std::string& key : keys) days.emplace(key, dayBy(place, key, date));
     // What does not stand side by side stands one below the other.
@@ -80,11 +82,11 @@ void printDay(Session& session, const ChosenPlace& place, const std::vector<std:
         std::vector<std::string> lines;
         for (last = lastMainPrayer; last >= first; --last) {
             lines = linesOf(session, days, keys, first, last);
-            const auto fits = [&session](const auto& line) { return displayWidth(line) <= session.rowWidth(); };
+            const auto fits = [&console](const auto& line) { return displayWidth(line) <= console.rowWidth(); };
             if (std::ranges::all_of(lines, fits) || last == first) break;
         }
-        session.print(session.style().dim(lines.front()));
-        for (std::size_t i = 1; i < lines.size(); ++i) session.print(lines[i]);
+        console.print(console.style().dim(lines.front()));
+        for (std::size_t i = 1; i < lines.size(); ++i) console.print(lines[i]);
     }
 }
 
@@ -101,19 +103,20 @@ Json dayJson(const ChosenPlace& place, const std::vector<std::string>& keys, con
     return object({{"date", isoDate(date)}, {"methods", Json(std::move(methods))}});
 }
 
-void runCompare(Session& session, const Arguments& arguments) {
+void runCompare(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const ChosenPlace place = choosePlace(session, arguments.text("city"));
     const auto keys = keysOf(arguments.text("METHODS"), place);
     const auto dates = datesOf(session, arguments, place);
-    if (session.wantsJson()) {
+    if (console.wantsJson()) {
         Json::Array days;
         for (const VAKDate& date : dates) days.push_back(dayJson(place, keys, date));
-        return session.printJson(object({{"place", placeJson(place)}, {"days", days}}));
+        return console.printJson(object({{"place", placeJson(place)}, {"days", days}}));
     }
-    printPlace(session, place);
+    printPlace(console, place);
     for (const VAKDate& date : dates) {
-        session.print();
-        printDay(session, place, keys, date);
+        console.print();
+        printDay(console, place, keys, date);
     }
 }
 

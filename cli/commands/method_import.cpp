@@ -11,13 +11,12 @@
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 #include "timetables/best_fit.h"
 #include "timetables/import.h"
@@ -90,41 +89,41 @@ std::string rowText(int number, const TimetableRow& row) {
     return text;
 }
 
-void printPreview(Session& session, const Import& import) {
-    session.print(import.format);
+void printPreview(Console& console, const Import& import) {
+    console.print(import.format);
     std::string columns;
     for (const auto& [heading, column] : import.columns) {
         columns += (columns.empty() ? "" : ", ") + heading + " = " + timetables::nameOf(column);
     }
-    session.print(session.wrapped(_("Columns: {}", columns), 2));
+    console.print(console.wrapped(_("Columns: {}", columns), 2));
     if (!import.ignored.empty()) {
         std::string ignored;
         for (const std::string& heading : import.ignored) ignored += (ignored.empty() ? "" : ", ") + heading;
-        session.print(session.wrapped(_("Not used: {}", ignored), 2));
+        console.print(console.wrapped(_("Not used: {}", ignored), 2));
     }
-    if (import.dateOrder == timetables::DateOrder::dayFirst) session.print(_("Dates: the day first"));
-    if (import.dateOrder == timetables::DateOrder::monthFirst) session.print(_("Dates: the month first"));
-    if (import.isTwelveHour) session.print(_("Clock: 12 hours without AM and PM; taken by the time of the day"));
+    if (import.dateOrder == timetables::DateOrder::dayFirst) console.print(_("Dates: the day first"));
+    if (import.dateOrder == timetables::DateOrder::monthFirst) console.print(_("Dates: the month first"));
+    if (import.isTwelveHour) console.print(_("Clock: 12 hours without AM and PM; taken by the time of the day"));
     const auto& rows = import.table.rows;
-    session.print(_n("{} day", "{} days", rows.size()));
+    console.print(_n("{} day", "{} days", rows.size()));
     if (rows.empty()) return;
-    session.print();
+    console.print();
     std::size_t index = 0;
     constexpr std::size_t fromStart = 3;
     for (const auto& [number, row] : rows) {
-        if (index < fromStart || index + 1 == rows.size()) session.print("  " + rowText(number, row));
-        if (index == fromStart && rows.size() > fromStart + 1) session.print("  ...");
+        if (index < fromStart || index + 1 == rows.size()) console.print("  " + rowText(number, row));
+        if (index == fromStart && rows.size() > fromStart + 1) console.print("  ...");
         ++index;
     }
-    session.print();
+    console.print();
 }
 
-void reportProblems(const Import& import) {
+void reportProblems(Console& console, const Import& import) {
     for (std::size_t i = 0; i < std::min(import.problems.size(), shownProblems); ++i) {
-        writeMessage(_("Line {}: {}.", import.problems[i].line, import.problems[i].text));
+        console.report(_("Line {}: {}.", import.problems[i].line, import.problems[i].text));
     }
     if (import.problems.size() > shownProblems) {
-        writeMessage(_("... and {} more lines.", import.problems.size() - shownProblems));
+        console.report(_("... and {} more lines.", import.problems.size() - shownProblems));
     }
 }
 
@@ -172,34 +171,36 @@ void store(Session& session, const ChosenPlace& place, const Timetable& table) {
     calendar.renew();
 }
 
-void runImport(Session& session, const Arguments& arguments) {
+void runImport(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const ChosenPlace place = cityToChange(session, arguments);
     const Site site = siteOf(place.city);
     const Import import = readFile(arguments.text("FILE").value_or(""), arguments, site);
     const bool isRefused = !import.problems.empty() && !arguments.has("skip-damaged");
     const bool stores = !isRefused && !arguments.has("preview") && !import.table.rows.empty();
     const auto fits = timetables::fitsOf(import.table, site);
-    if (!session.wantsJson()) printPreview(session, import);
-    reportProblems(import);
+    if (!console.wantsJson()) printPreview(console, import);
+    reportProblems(console, import);
     if (stores) store(session, place, import.table);
-    if (session.wantsJson()) {
-        session.printJson(importJson(import, fits, stores));
+    if (console.wantsJson()) {
+        console.printJson(importJson(import, fits, stores));
     } else if (!import.table.rows.empty()) {
-        session.print(session.wrapped(verdict(fits)));
-        for (std::size_t i = 0; i < shownFits; ++i) session.print("  " + fitText(fits[i]));
+        console.print(console.wrapped(verdict(fits)));
+        for (std::size_t i = 0; i < shownFits; ++i) console.print("  " + fitText(fits[i]));
     }
     if (isRefused) {
         throw Failure(ExitCode::usage, _("Nothing was imported. Correct these lines, or leave them out with "
                                          "--skip-damaged."));
     }
-    if (!session.wantsJson()) {
-        session.print();
-        session.print(stores ? _("Stored for {}. On other dates the chosen method holds.", place.city.name)
+    if (!console.wantsJson()) {
+        console.print();
+        console.print(stores ? _("Stored for {}. On other dates the chosen method holds.", place.city.name)
                              : _("This was a preview; nothing was stored."));
     }
 }
 
-void runRemoveTable(Session& session, const Arguments& arguments) {
+void runRemoveTable(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const ChosenPlace place = cityToChange(session, arguments);
     if (!place.city.choice.table) {
         throw Failure(ExitCode::notFound, _("No timetable is stored for {}.", place.city.name));
@@ -211,7 +212,7 @@ void runRemoveTable(Session& session, const Arguments& arguments) {
         database.refreshPrayerTimes();
     });
     calendar.renew();
-    session.print(_("The timetable \"{}\" of {} was removed.", place.city.choice.table->name, place.city.name));
+    console.print(_("The timetable \"{}\" of {} was removed.", place.city.choice.table->name, place.city.name));
 }
 
 }  // namespace

@@ -5,12 +5,12 @@
 
 #include "app/method_choice.h"
 #include "app/method_rules.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
 #include "common/numbers.h"
 #include "conventions/JakimZones.h"
 #include "conventions/agreement.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -69,11 +69,11 @@ Json conventionJson(const Convention& convention) {
                    {"agreement", agreementJson(convention)}});
 }
 
-void runList(Session& session, const Arguments&) {
-    if (session.wantsJson()) {
+void runList(Console& console, const Arguments&) {
+    if (console.wantsJson()) {
         Json::Array all;
         for (const Convention& convention : conventions::allConventions()) all.push_back(conventionJson(convention));
-        return session.printJson(object({{"methods", all}}));
+        return console.printJson(object({{"methods", all}}));
     }
     using Align = TextTable::Align;
     TextTable table({Align::left, Align::left, Align::left});
@@ -81,27 +81,27 @@ void runList(Session& session, const Arguments&) {
         table.add({std::string(convention.key), nameText(convention),
                    convention.sampleAuthority.empty() ? "" : _("checked")});
     }
-    session.print(table, 0);
-    session.print();
-    session.print(session.style().dim(
-        session.wrapped(_("\"checked\": compared with published rows. Explain one with: quode method show KEY"))));
+    console.print(table, 0);
+    console.print();
+    console.print(console.style().dim(
+        console.wrapped(_("\"checked\": compared with published rows. Explain one with: quode method show KEY"))));
 }
 
-void printZones(Session& session) {
-    session.print();
+void printZones(Console& console) {
+    console.print();
     TextTable table({TextTable::Align::left, TextTable::Align::left});
     for (const auto& zone : conventions::jakimZones()) {
         table.add({std::string(zone.key), std::string(zone.area) + (zone.isMountain ? _(" (mountain)") : "")});
     }
-    session.print(table, 0);
+    console.print(table, 0);
 }
 
-void runShow(Session& session, const Arguments& arguments) {
+void runShow(Console& console, const Arguments& arguments) {
     const Convention& convention = conventionNamed(arguments.text("KEY").value_or(""));
-    if (session.wantsJson()) return session.printJson(conventionJson(convention));
-    session.print(session.style().strong(nameText(convention)) + "  " + std::string(convention.key));
-    session.print(session.wrapped(authorityText(convention)));
-    session.print();
+    if (console.wantsJson()) return console.printJson(conventionJson(convention));
+    console.print(console.style().strong(nameText(convention)) + "  " + std::string(convention.key));
+    console.print(console.wrapped(authorityText(convention)));
+    console.print();
     if (convention.computation == conventions::Computation::rules) {
         TextTable table({TextTable::Align::left, TextTable::Align::left});
         for (const Prayer prayer : prayers) {
@@ -113,33 +113,33 @@ void runShow(Session& session, const Arguments& arguments) {
                        _("Isha {}°, {}", numberText(convention.north.ishaAngle),
                          std::string(conventions::keyOf(convention.north.rule)))});
         }
-        session.print(table, 2);
-        session.print();
+        console.print(table, 2);
+        console.print();
     }
-    if (!convention.remark.empty()) session.print(session.wrapped(remarkText(convention)));
-    session.print(session.wrapped(_("Source: {}.", sourceText(convention))));
-    session.print(session.wrapped(_("Agreement: {}.", agreementText(session, convention))));
-    if (convention.point == conventions::PointRule::jakimZones) printZones(session);
+    if (!convention.remark.empty()) console.print(console.wrapped(remarkText(convention)));
+    console.print(console.wrapped(_("Source: {}.", sourceText(convention))));
+    console.print(console.wrapped(_("Agreement: {}.", agreementText(console.session(), convention))));
+    if (convention.point == conventions::PointRule::jakimZones) printZones(console);
 }
 
-void runSuggest(Session& session, const Arguments& arguments) {
-    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+void runSuggest(Console& console, const Arguments& arguments) {
+    const ChosenPlace place = choosePlace(console.session(), arguments.text("city"));
     const std::string country = place.nearest ? place.nearest->city.countryCode : place.city.countryCode;
     const Convention* usual = conventions::usualIn(country);
-    if (session.wantsJson()) {
-        return session.printJson(object({{"place", placeJson(place)},
+    if (console.wantsJson()) {
+        return console.printJson(object({{"place", placeJson(place)},
                                          {"country_code", country},
                                          {"chosen", place.city.choice.method.key},
                                          {"suggestion", usual == nullptr ? Json() : Json(std::string(usual->key))}}));
     }
-    printPlace(session, place);
-    session.print(_("Chosen: {}.", std::string(conventionNamed(place.city.choice.method.key).name)));
+    printPlace(console, place);
+    console.print(_("Chosen: {}.", std::string(conventionNamed(place.city.choice.method.key).name)));
     if (usual == nullptr) {
-        return session.print(
-            session.wrapped(_("No authority's method is known to be usual here. Compare methods with your "
+        return console.print(
+            console.wrapped(_("No authority's method is known to be usual here. Compare methods with your "
                               "mosque's timetable: quode method compare")));
     }
-    session.print(session.wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
+    console.print(console.wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
                                     std::string(usual->name), std::string(usual->key))));
 }
 

@@ -8,16 +8,17 @@
 
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/MoonPhases.h"
 #include "astro/MoonTransit.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/moon_crescent.h"
 #include "cli/moon_picture.h"
+#include "cli/page_parts.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -125,26 +126,27 @@ TextTable moonFacts(Session& session, const MoonPage& page) {
     return table;
 }
 
-void printMoon(Session& session, const MoonPage& page, bool draws) {
+void printMoon(Console& console, const MoonPage& page, bool draws) {
+    Session& session = console.session();
     const std::string phase = _(phaseNames.at(static_cast<std::size_t>(page.phase)));
-    printPlace(session, page.place);
-    session.print(longDate(session, page.day.date) + ", " +
+    printPlace(console, page.place);
+    console.print(longDate(session, page.day.date) + ", " +
                   session.services().timeLeadingZero(page.clock.Hours, page.clock.Minutes));
-    session.print();
+    console.print();
     const TextTable table = moonFacts(session, page);
     std::vector<std::string> facts = table.lines(unlimitedWidth);
     const int widest = displayWidth(*std::ranges::max_element(facts, {}, displayWidth));
-    if (!draws || besideThePicture + widest > session.width()) {
-        session.print(fmt::format("{}, {}", phase, litText(page)));
-        return session.print(table, 2);
+    if (!draws || besideThePicture + widest > console.width()) {
+        console.print(fmt::format("{}, {}", phase, litText(page)));
+        return console.print(table, 2);
     }
-    facts.insert(facts.begin(), {session.style().strong(phase), ""});
+    facts.insert(facts.begin(), {console.style().strong(phase), ""});
     const auto picture = moonPicture(page.info.IlluminatedFraction / 100.0, isLitOnTheRight(page), pictureHeight);
     for (std::size_t i = 0; i < std::max(facts.size(), picture.size()); ++i) {
         // The picture is one line shorter than the facts above and below.
         const std::size_t first = (facts.size() - picture.size()) / 2;
         const bool isPicture = i >= first && i - first < picture.size();
-        session.print("  " + (isPicture ? picture[i - first] : std::string(std::size_t{2} * pictureHeight, ' ')) +
+        console.print("  " + (isPicture ? picture[i - first] : std::string(std::size_t{2} * pictureHeight, ' ')) +
                       "    " + (i < facts.size() ? facts[i] : ""));
     }
 }
@@ -190,7 +192,8 @@ std::vector<PhaseLine> phasesOfYear(const Site& site, int year) {
     return lines;
 }
 
-void printPhases(Session& session, const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
+void printPhases(Console& console, const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
+    Session& session = console.session();
     using Align = TextTable::Align;
     TextTable table({Align::right, Align::left, Align::right, Align::left});
     for (const PhaseLine& line : lines) {
@@ -198,11 +201,11 @@ void printPhases(Session& session, const ChosenPlace& place, int year, const std
                    session.services().timeLeadingZero(line.clock.Hours, line.clock.Minutes),
                    _(phaseNames.at(2 * static_cast<std::size_t>(line.phase.phase)))});
     }
-    printPlace(session, place);
-    session.print(std::to_string(year));
-    session.print();
-    session.print(table, 2);
-    printHowChosen(session, place);
+    printPlace(console, place);
+    console.print(std::to_string(year));
+    console.print();
+    console.print(table, 2);
+    printHowChosen(console, place);
 }
 
 Json phasesJson(const ChosenPlace& place, int year, const std::vector<PhaseLine>& lines) {
@@ -218,28 +221,29 @@ Json phasesJson(const ChosenPlace& place, int year, const std::vector<PhaseLine>
     return object({{"place", placeJson(place)}, {"year", year}, {"phases", phases}});
 }
 
-void runPhases(Session& session, const Arguments& arguments, const std::string& yearText) {
+void runPhases(Console& console, const Arguments& arguments, const std::string& yearText) {
     if (arguments.has("date")) throw Failure(ExitCode::usage, _("--phases is about a year: leave --date out."));
     const int year = parseYear(yearText);
-    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+    const ChosenPlace place = choosePlace(console.session(), arguments.text("city"));
     const std::vector<PhaseLine> lines = phasesOfYear(siteOf(place.city), year);
-    if (session.wantsJson()) {
-        session.printJson(phasesJson(place, year, lines));
+    if (console.wantsJson()) {
+        console.printJson(phasesJson(place, year, lines));
     } else {
-        printPhases(session, place, year, lines);
+        printPhases(console, place, year, lines);
     }
 }
 
-void runMoon(Session& session, const Arguments& arguments) {
-    if (const auto year = arguments.text("phases")) return runPhases(session, arguments, *year);
+void runMoon(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
+    if (const auto year = arguments.text("phases")) return runPhases(console, arguments, *year);
     if (arguments.has("crescent")) {
         const ChosenPlace place = choosePlace(session, arguments.text("city"));
-        return showCrescent(session, place, requestedDate(arguments).value_or(today(session, siteOf(place.city))));
+        return showCrescent(console, place, requestedDate(arguments).value_or(today(session, siteOf(place.city))));
     }
     const MoonPage page = moonPageOf(session, arguments);
-    if (session.wantsJson()) return session.printJson(moonJson(page));
-    printMoon(session, page, session.drawsOnTerminal() && !arguments.has("plain"));
-    printHowChosen(session, page.place);
+    if (console.wantsJson()) return console.printJson(moonJson(page));
+    printMoon(console, page, console.drawsOnTerminal() && !arguments.has("plain"));
+    printHowChosen(console, page.place);
 }
 
 }  // namespace

@@ -11,13 +11,13 @@
 
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "astro/MoonPhases.h"
+#include "cli/page_parts.h"
 #include "common/calendar.h"
 #include "common/civil_date.h"
 #include "common/numbers.h"
 #include "conventions/CrescentOutlook.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -84,28 +84,28 @@ std::string odehText(char zone) {
     return _(texts.at(static_cast<std::size_t>(zone - 'A')));
 }
 
-void printOutlook(Session& session, const Outlook& outlook) {
-    session.print(_("New moon: {} UTC", isoMoment(instantOfJulianDay(outlook.conjunction)).substr(0, 16)));
+void printOutlook(Console& console, const Outlook& outlook) {
+    console.print(_("New moon: {} UTC", isoMoment(instantOfJulianDay(outlook.conjunction)).substr(0, 16)));
     for (const Outlook::Evening& evening : outlook.evenings) {
         if (!evening.crescent) {
-            session.print("  " + isoDate(evening.date) + "  " +
+            console.print("  " + isoDate(evening.date) + "  " +
                           _("the Moon sets before the Sun, or the Sun does not set"));
             continue;
         }
         const CrescentEvening& crescent = *evening.crescent;
         const auto clock = [&](double hours) {
-            return clockText(session, std::fmod(hours + evening.offset + 24.0, 24.0));
+            return clockText(console.session(), std::fmod(hours + evening.offset + 24.0, 24.0));
         };
-        session.print("  " + isoDate(evening.date) + "  " +
+        console.print("  " + isoDate(evening.date) + "  " +
                       _("sunset {}, best {}, moonset {}; age {} h, {}° from the Sun, width {}′", clock(crescent.sunset),
                         clock(crescent.bestTime), clock(crescent.moonset), fixedText(crescent.ageHours, 1),
                         fixedText(crescent.arcOfLight, 1), fixedText(crescent.width, 2)));
-        session.print("              " + _("Yallop {} ({}): {}", std::string(1, crescent.yallopZone),
+        console.print("              " + _("Yallop {} ({}): {}", std::string(1, crescent.yallopZone),
                                            fixedText(crescent.yallop, 3), yallopText(crescent.yallopZone)));
-        session.print("              " + _("Odeh {} ({}): {}", std::string(1, crescent.odehZone),
+        console.print("              " + _("Odeh {} ({}): {}", std::string(1, crescent.odehZone),
                                            fixedText(crescent.odeh, 2), odehText(crescent.odehZone)));
     }
-    session.print();
+    console.print();
 }
 
 Json eveningJson(const Outlook::Evening& evening) {
@@ -126,9 +126,9 @@ Json eveningJson(const Outlook::Evening& evening) {
 
 }  // namespace
 
-void showCrescent(Session& session, const ChosenPlace& place, const VAKDate& date) {
+void showCrescent(Console& console, const ChosenPlace& place, const VAKDate& date) {
     const std::vector<Outlook> outlooks = outlooksFrom(siteOf(place.city), date);
-    if (session.wantsJson()) {
+    if (console.wantsJson()) {
         Json::Array all;
         for (const Outlook& outlook : outlooks) {
             Json::Array evenings;
@@ -136,13 +136,13 @@ void showCrescent(Session& session, const ChosenPlace& place, const VAKDate& dat
             all.push_back(
                 object({{"new_moon", isoMoment(instantOfJulianDay(outlook.conjunction))}, {"evenings", evenings}}));
         }
-        return session.printJson(object({{"place", placeJson(place)}, {"kind", "outlook"}, {"crescents", all}}));
+        return console.printJson(object({{"place", placeJson(place)}, {"kind", "outlook"}, {"crescents", all}}));
     }
-    printPlace(session, place);
-    session.print();
-    for (const Outlook& outlook : outlooks) printOutlook(session, outlook);
-    session.print(
-        session.style().dim(session.wrapped(_("An outlook by two published criteria, not a calendar: months begin as "
+    printPlace(console, place);
+    console.print();
+    for (const Outlook& outlook : outlooks) printOutlook(console, outlook);
+    console.print(
+        console.style().dim(console.wrapped(_("An outlook by two published criteria, not a calendar: months begin as "
                                               "the authority of the place announces."))));
 }
 

@@ -7,8 +7,9 @@
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/next_prayer.h"
-#include "app/session.h"
 #include "cli/commands.h"
+#include "cli/method_arguments.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -97,7 +98,8 @@ Json waybarJson(Session& session, const ComingPrayer& coming) {
                    {"class", Json(std::move(classes))}});
 }
 
-void runNext(Session& session, const Arguments& arguments) {
+void runNext(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     ComingPrayer coming;
     coming.place = choosePlace(session, arguments.text("city"));
     useMethod(session, arguments, coming.place);
@@ -105,14 +107,14 @@ void runNext(Session& session, const Arguments& arguments) {
     const std::optional<NextPrayer> prayer = nextPrayer(coming.site, session.now());
     if (!prayer) throw Failure(ExitCode::notFound, _("No prayer time exists at this place today and tomorrow."));
     coming.prayer = *prayer;
-    if (session.wantsJson()) {
-        session.printJson(object({{"place", placeJson(coming.place)}, {"next", nextPrayerJson(session, *prayer)}}));
+    if (console.wantsJson()) {
+        console.printJson(object({{"place", placeJson(coming.place)}, {"next", nextPrayerJson(session, *prayer)}}));
     } else if (arguments.text("format") == "waybar") {
-        session.write(waybarJson(session, coming).line());
+        console.write(waybarJson(session, coming).line());
     } else if (const auto format = arguments.text("format")) {
-        session.printData(filled(session, coming, *format));
+        console.printData(filled(session, coming, *format));
     } else {
-        session.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
+        console.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
                       timeLeftText(session, coming.site, *prayer));
     }
 }

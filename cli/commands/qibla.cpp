@@ -8,12 +8,13 @@
 #include "app/current_field.h"
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
 #include "app/sun_direction.h"
-#include "app/text_layout.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
 #include "common/captions.h"
 #include "common/formatting.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -58,7 +59,8 @@ bool isNorthOfKaaba(const Qibla& qibla) {
     return qibla.place.city.latitude > kaabaLatitude;
 }
 
-void printQibla(Session& session, const Qibla& qibla) {
+void printQibla(Console& console, const Qibla& qibla) {
+    Session& session = console.session();
     using Align = TextTable::Align;
     TextTable table({Align::left, Align::right, Align::left});
     const auto add = [&table](std::string_view label, std::string value, std::string_view remark) {
@@ -73,25 +75,25 @@ void printQibla(Session& session, const Qibla& qibla) {
     add(session.caption(sunCaption), hasTime ? clockText(session, qibla.sunTime) : std::string(formatting::noTime),
         hasTime ? _("the Sun stands in this direction") : _("the Sun is never in this direction that day"));
     add(_("Distance"), fmt::format("{:.0f} km", qibla.distanceKm), _("to the Kaaba"));
-    printPlace(session, qibla.place);
-    session.print(longDate(session, qibla.day.date));
-    session.print();
-    session.print(table, 2);
+    printPlace(console, qibla.place);
+    console.print(longDate(session, qibla.day.date));
+    console.print();
+    console.print(table, 2);
     if (isOnKaabaMeridian(qibla)) {
         const std::string note =
             _("This place lies on the meridian of the Kaaba. The formula gives 0° on both sides of it; the Kaaba lies "
               "due {}.",
               isNorthOfKaaba(qibla) ? _("south") : _("north"));
-        session.print();
-        session.print(session.style().warning(session.wrapped("! " + note, 2)));
+        console.print();
+        console.printWarning(note);
     }
-    printHowChosen(session, qibla.place);
+    printHowChosen(console, qibla.place);
 }
 
-void runQibla(Session& session, const Arguments& arguments) {
-    const Qibla qibla = qiblaOf(session, arguments);
-    if (!session.wantsJson()) return printQibla(session, qibla);
-    session.printJson(
+void runQibla(Console& console, const Arguments& arguments) {
+    const Qibla qibla = qiblaOf(console.session(), arguments);
+    if (!console.wantsJson()) return printQibla(console, qibla);
+    console.printJson(
         object({{"place", placeJson(qibla.place)},
                 {"date", isoDate(qibla.day.date)},
                 {"qibla", qiblaJson(qibla.day)},

@@ -3,16 +3,18 @@
 // quode sky: Sun and Moon of a day in five values.
 #include "app/dates.h"
 #include "app/day_view.h"
-#include "app/session.h"
-#include "app/text_layout.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
 #include "common/formatting.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
 namespace {
 
-void printSky(Session& session, const ChosenPlace& place, const CityDay& day) {
+void printSky(Console& console, const ChosenPlace& place, const CityDay& day) {
+    Session& session = console.session();
     const double altitude = day.sky.MoonAltitudeOnSunSet;
     TextTable table({TextTable::Align::left, TextTable::Align::right});
     const auto add = [&table](std::string_view label, std::string value) {
@@ -24,22 +26,23 @@ void printSky(Session& session, const ChosenPlace& place, const CityDay& day) {
     add(_("Moonset"), skyClockText(session, day.sky.MoonSet));
     add(_("Moon at sunset"), altitude == missingMoonTime ? std::string(formatting::noTime)
                                                          : formatting::getDegMinStrWithMinusPlus(altitude));
-    printPlace(session, place);
-    session.print(longDate(session, day.date));
-    session.print();
-    session.print(table, 2);
-    printHowChosen(session, place);
+    printPlace(console, place);
+    console.print(longDate(session, day.date));
+    console.print();
+    console.print(table, 2);
+    printHowChosen(console, place);
 }
 
-void runSky(Session& session, const Arguments& arguments) {
+void runSky(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const std::optional<VAKDate> requested = requestedDate(arguments);
     const ChosenPlace place = choosePlace(session, arguments.text("city"));
     const Site site = siteOf(place.city);
     const CityDay day = computeCityDay(site, requested ? *requested : today(session, site));
-    if (session.wantsJson()) {
-        session.printJson(object({{"place", placeJson(place)}, {"date", isoDate(day.date)}, {"sky", skyJson(day)}}));
+    if (console.wantsJson()) {
+        console.printJson(object({{"place", placeJson(place)}, {"date", isoDate(day.date)}, {"sky", skyJson(day)}}));
     } else {
-        printSky(session, place, day);
+        printSky(console, place, day);
     }
 }
 

@@ -11,15 +11,16 @@
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/printed_times.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/time_notes.h"
 #include "cli/commands.h"
 #include "cli/commands/timetable_files.h"
 #include "cli/day_csv.h"
+#include "cli/method_arguments.h"
+#include "cli/page_parts.h"
 #include "data/city_days.h"
 #include "data/iqama.h"
 #include "data/night_parts.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -79,13 +80,14 @@ struct TableNotes {
     }
 };
 
-void printMonthHead(Session& session, const Month& month, const std::vector<VAKDate>& days) {
+void printMonthHead(Console& console, const Month& month, const std::vector<VAKDate>& days) {
+    Session& session = console.session();
     const std::string name = fmt::format("{} {}", session.monthName(month.month), month.year);
     const std::string hijri = hijriMonths(session, days);
     const std::string remark = hijri.empty() ? std::string(_("outside the Hijri table"))
                                              : fmt::format("{} ({})", hijri, _("Hijri, by the table"));
-    session.print(session.style().strong(name) + "  " + session.style().dim(remark));
-    session.print();
+    console.print(console.style().strong(name) + "  " + console.style().dim(remark));
+    console.print();
 }
 
 /// The prayers that have a column.
@@ -164,14 +166,14 @@ std::vector<std::string> linesOf(Session& session, const std::vector<CityDay>& d
     return text.lines(unlimitedWidth);
 }
 
-void printLines(Session& session, const Timetable& table, const std::vector<CityDay>& days,
+void printLines(Console& console, const Timetable& table, const std::vector<CityDay>& days,
                 const std::vector<std::string>& lines) {
-    session.print(session.style().dim(lines.front()));
+    console.print(console.style().dim(lines.front()));
     for (std::size_t i = 1; i < lines.size(); ++i) {
         const bool isToday = sameDay(days[i - 1].date, table.today);
-        session.print(isToday ? session.style().strong(lines[i]) : lines[i]);
+        console.print(isToday ? console.style().strong(lines[i]) : lines[i]);
     }
-    session.print();
+    console.print();
 }
 
 bool canBeSplit(Columns columns) {
@@ -186,24 +188,24 @@ std::pair<Columns, Columns> halvesOf(Columns columns) {
     return {{columns.first, lastOfFirst}, {lastOfFirst + 1, columns.last, columns.withNight}};
 }
 
-void printColumns(Session& session, const Timetable& table, const std::vector<CityDay>& days, Columns columns,
+void printColumns(Console& console, const Timetable& table, const std::vector<CityDay>& days, Columns columns,
                   TableNotes& notes) {
-    const std::vector<std::string> lines = linesOf(session, days, columns, notes);
+    const std::vector<std::string> lines = linesOf(console.session(), days, columns, notes);
     const bool fits =
-        std::ranges::all_of(lines, [&](const auto& line) { return displayWidth(line) <= session.width(); });
-    if (fits || !canBeSplit(columns)) return printLines(session, table, days, lines);
+        std::ranges::all_of(lines, [&](const auto& line) { return displayWidth(line) <= console.width(); });
+    if (fits || !canBeSplit(columns)) return printLines(console, table, days, lines);
     const auto [first, second] = halvesOf(columns);
-    printColumns(session, table, days, first, notes);
-    printColumns(session, table, days, second, notes);
+    printColumns(console, table, days, first, notes);
+    printColumns(console, table, days, second, notes);
 }
 
-void printMonth(Session& session, const Timetable& table, const Month& month, TableNotes& notes) {
+void printMonth(Console& console, const Timetable& table, const Month& month, TableNotes& notes) {
     const std::vector<VAKDate> dates = daysOf(month);
-    printMonthHead(session, month, dates);
-    printColumns(session, table, computedDays(table, dates), {firstPrayer, table.lastCode, table.withNight}, notes);
+    printMonthHead(console, month, dates);
+    printColumns(console, table, computedDays(table, dates), {firstPrayer, table.lastCode, table.withNight}, notes);
 }
 
-void printClockChanges(Session& session, const Timetable& table) {
+void printClockChanges(Console& console, const Timetable& table) {
     for (const Month& month : table.months) {
         const VAKDate first = daysOf(month).front();
         const auto begin = civilDate(first);
@@ -211,26 +213,26 @@ void printClockChanges(Session& session, const Timetable& table) {
         const std::chrono::year_month_day before(std::chrono::sys_days(begin) - std::chrono::days(1));
         const auto change = nextClockChange(table.site.clock(), before);
         if (!change || change->date.year() != begin.year() || change->date.month() != begin.month()) continue;
-        session.print("☀ " + clockChangeText(session, *change));
+        console.print("☀ " + clockChangeText(console.session(), *change));
     }
 }
 
-void printTable(Session& session, const Timetable& table) {
-    printPlace(session, table.place);
-    printMethod(session, table.site);
-    session.print();
+void printTable(Console& console, const Timetable& table) {
+    printPlace(console, table.place);
+    printMethod(console, table.site);
+    console.print();
     TableNotes notes{table.site.clock()};
-    for (const Month& month : table.months) printMonth(session, table, month, notes);
-    printClockChanges(session, table);
+    for (const Month& month : table.months) printMonth(console, table, month, notes);
+    printClockChanges(console, table);
     if (notes.lowest) {
-        const std::string note = "* " + latitudeNote(session, *notes.lowest, *notes.highest);
-        session.print(session.wrapped(note, 2));
+        const std::string note = "* " + latitudeNote(console.session(), *notes.lowest, *notes.highest);
+        console.print(console.wrapped(note, 2));
     }
-    if (notes.hasIqama) session.print(session.wrapped(_("After the slash: iqama, when the congregation begins.")));
-    for (const std::string& line : notes.earlierDay.lines()) session.print(session.wrapped(line, 2));
-    for (const std::string& note : notes.missing) session.print(session.wrapped("--:-- " + note, 6));
-    printWarnings(session, table.warnings);
-    printHowChosen(session, table.place);
+    if (notes.hasIqama) console.print(console.wrapped(_("After the slash: iqama, when the congregation begins.")));
+    for (const std::string& line : notes.earlierDay.lines()) console.print(console.wrapped(line, 2));
+    for (const std::string& note : notes.missing) console.print(console.wrapped("--:-- " + note, 6));
+    printWarnings(console, table.warnings);
+    printHowChosen(console, table.place);
 }
 
 // --- CSV and JSON
@@ -245,14 +247,14 @@ std::string csvNight(const CityDay& day) {
     return text;
 }
 
-void printCsv(Session& session, const Timetable& table) {
+void printCsv(Console& console, const Timetable& table) {
     std::string night;
     for (const NightPartName& part : nightPartNames) night.append(",").append(part.key);
-    session.printData("date,weekday,hijri," + csvTimesHead() + (table.withNight ? night : ""));
+    console.printData("date,weekday,hijri," + csvTimesHead() + (table.withNight ? night : ""));
     for (const Month& month : table.months) {
         for (const CityDay& day : computedDays(table, daysOf(month))) {
             const std::optional<VAKDate> hijri = hijriByTable(day.date);
-            session.printData(fmt::format("{},{},{},{}{}", isoDate(day.date), weekdayOf(day.date),
+            console.printData(fmt::format("{},{},{},{}{}", isoDate(day.date), weekdayOf(day.date),
                                           hijri ? isoDate(*hijri) : "", csvTimes(day),
                                           table.withNight ? csvNight(day) : ""));
         }
@@ -279,45 +281,45 @@ Json dayJson(Session& session, const CityDay& day) {
                    {"notes", notes}});
 }
 
-void printJson(Session& session, const Timetable& table) {
+void printJson(Console& console, const Timetable& table) {
     Json::Array days;
     for (const Month& month : table.months) {
-        for (const CityDay& day : computedDays(table, daysOf(month))) days.push_back(dayJson(session, day));
+        for (const CityDay& day : computedDays(table, daysOf(month))) days.push_back(dayJson(console.session(), day));
     }
-    session.printJson(object({{"place", placeJson(table.place)},
+    console.printJson(object({{"place", placeJson(table.place)},
                               {"rule", ruleJson(table.site)},
                               {"days", days},
                               {"warnings", warningsJson(table.warnings)}}));
 }
 
-void print(Session& session, const Arguments& arguments, Timetable table) {
+void print(Console& console, const Arguments& arguments, Timetable table) {
     if (isFileFormat(arguments.text("format").value_or("")) && !arguments.has("json")) {
         return writeTimetable(
-            session, arguments,
+            console, arguments,
             {table.place, table.months, table.lastCode == lastPrayer, table.withNight, arguments.has("sheet")});
     }
-    if (arguments.text("format") == "csv" && !arguments.has("json")) return printCsv(session, table);
-    addWarnings(session, table);
-    if (session.wantsJson()) return printJson(session, table);
-    printTable(session, table);
+    if (arguments.text("format") == "csv" && !arguments.has("json")) return printCsv(console, table);
+    addWarnings(console.session(), table);
+    if (console.wantsJson()) return printJson(console, table);
+    printTable(console, table);
 }
 
-void runMonth(Session& session, const Arguments& arguments) {
+void runMonth(Console& console, const Arguments& arguments) {
     const std::optional<std::string> request = arguments.text("YYYY-MM");
     std::vector<Month> months;
     if (request) months.push_back(parseMonth(*request));
-    Timetable table = timetableOf(session, arguments, months);
+    Timetable table = timetableOf(console.session(), arguments, months);
     if (!request) table.months = {{table.today.Years, table.today.Months}};
-    print(session, arguments, std::move(table));
+    print(console, arguments, std::move(table));
 }
 
-void runYear(Session& session, const Arguments& arguments) {
+void runYear(Console& console, const Arguments& arguments) {
     const std::optional<std::string> request = arguments.text("YYYY");
     const int requestedYear = request ? parseYear(*request) : 0;
-    Timetable table = timetableOf(session, arguments, {});
+    Timetable table = timetableOf(console.session(), arguments, {});
     const int year = request ? requestedYear : table.today.Years;
     for (int month = 1; month <= 12; ++month) table.months.push_back({year, month});
-    print(session, arguments, std::move(table));
+    print(console, arguments, std::move(table));
 }
 
 std::vector<Parameter> parameters(const char* word, const char* help) {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <array>
 
-#include "app/session.h"
 #include "app/timetable_file.h"
-#include "cli/minutes.h"
+#include "cli/arguments.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -57,19 +57,19 @@ bool isFileFormat(const std::string& format) {
     return std::ranges::find(fileFormats, format) != fileFormats.end();
 }
 
-void writeTimetable(Session& session, const Arguments& arguments, const PrintRequest& request) {
+void writeTimetable(Console& console, const Arguments& arguments, const PrintRequest& request) {
     const std::string format = arguments.text("format").value_or("table");
     const std::optional<std::string> file = arguments.text("output");
     refuseOthers(arguments, format);
-    if (format == "pdf" && !file && session.drawsOnTerminal()) {
+    if (format == "pdf" && !file && console.drawsOnTerminal()) {
         throw Failure(ExitCode::usage, _("A PDF is nothing for a terminal. Name a file: --output times.pdf"));
     }
     const TimetableFormat wanted = formatOf(format);
     const auto alarm = wanted == TimetableFormat::ics ? alarmMinutes(arguments) : std::nullopt;
-    const std::string text = timetableFile(session, request, wanted, pdfOptions(arguments), alarm);
-    if (!file) return session.write(text);
+    const std::string text = timetableFile(console.session(), request, wanted, pdfOptions(arguments), alarm);
+    if (!file) return console.write(text);
     writeFile(*file, text);
-    session.print(_("Written: {}", *file));
+    console.print(_("Written: {}", *file));
 }
 
 }  // namespace quode::cli

@@ -5,12 +5,10 @@
 
 #include <vector>
 
-#include "app/command.h"
 #include "app/printed_times.h"
+#include "cli/commands.h"
 
 namespace quode::cli {
-
-using namespace app;
 
 /// --format with all formats, --output, --paper, --alarm, --night.
 std::vector<Parameter> fileParameters();
@@ -19,6 +17,6 @@ std::vector<Parameter> fileParameters();
 bool isFileFormat(const std::string& format);
 
 /// Writes the timetable to the standard output, or to the file of --output. Throws `Failure`.
-void writeTimetable(Session& session, const Arguments& arguments, const PrintRequest& request);
+void writeTimetable(Console& console, const Arguments& arguments, const PrintRequest& request);
 
 }  // namespace quode::cli

@@ -10,14 +10,16 @@
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/next_prayer.h"
-#include "app/session.h"
-#include "app/text_layout.h"
 #include "app/time_notes.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/method_arguments.h"
+#include "cli/page_parts.h"
 #include "common/captions.h"
 #include "common/formatting.h"
 #include "data/iqama.h"
 #include "data/night_parts.h"
+#include "terminal/Console.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -63,15 +65,16 @@ int marginHeight(const DayPage& page) {
 
 // --- text
 
-void printHead(Session& session, const DayPage& page) {
-    printPlace(session, page.place, true);
+void printHead(Console& console, const DayPage& page) {
+    Session& session = console.session();
+    printPlace(console, page.place, true);
     const std::string hijri = page.hijri
                                   ? hijriText(session, *page.hijri) + " (" + std::string(_("Hijri, by the table")) + ")"
                                   : std::string(_("outside the Hijri table"));
-    session.print();
-    session.print(longDate(session, page.day.date));
-    session.print(hijri);
-    session.print();
+    console.print();
+    console.print(longDate(session, page.day.date));
+    console.print(hijri);
+    console.print();
 }
 
 std::string remarkOf(double hours) {
@@ -143,19 +146,19 @@ std::vector<Row> rowsOf(Session& session, const DayPage& page, Footnotes& notes)
     return rows;
 }
 
-void printTimes(Session& session, const DayPage& page, Footnotes& notes) {
+void printTimes(Console& console, const DayPage& page, Footnotes& notes) {
     using Align = TextTable::Align;
-    const std::vector<Row> rows = rowsOf(session, page, notes);
+    const std::vector<Row> rows = rowsOf(console.session(), page, notes);
     TextTable table({Align::left, Align::left, Align::right, Align::left, Align::left});
     for (const Row& row : rows) table.add(row.cells);
-    const std::vector<std::string> lines = table.lines(session.rowWidth());
+    const std::vector<std::string> lines = table.lines(console.rowWidth());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (!rows[i].isMain && rows[i - 1].isMain) session.print();
-        session.print(rows[i].isNext   ? session.style().strong(lines[i])
+        if (!rows[i].isMain && rows[i - 1].isMain) console.print();
+        console.print(rows[i].isNext   ? console.style().strong(lines[i])
                       : rows[i].isMain ? lines[i]
-                                       : session.style().dim(lines[i]));
+                                       : console.style().dim(lines[i]));
     }
-    session.print();
+    console.print();
 }
 
 std::string zoneRemark(Session& session, const DayPage& page) {
@@ -170,7 +173,8 @@ std::string marginText(const DayPage& page) {
              margin, marginHeight(page));
 }
 
-void printFacts(Session& session, const DayPage& page) {
+void printFacts(Console& console, const DayPage& page) {
+    Session& session = console.session();
     using Align = TextTable::Align;
     const WidgetSkyInfo& sky = page.day.sky;
     const auto clock = [&](double hours) { return skyClockText(session, hours, page.withSeconds); };
@@ -190,34 +194,34 @@ void printFacts(Session& session, const DayPage& page) {
         std::string(_("clockwise from true north")));
     add(std::string(_("Declination")), session.decimal(page.day.declination, 1, true) + "°",
         _("magnetic, east is +; {} ({})", magneticModel, int(MagneticVariation::modelEpoch)));
-    session.print(table, 3);
+    console.print(table, 3);
 }
 
-void printNotes(Session& session, const DayPage& page, const Footnotes& notes) {
-    const Style& style = session.style();
-    session.print();
+void printNotes(Console& console, const DayPage& page, const Footnotes& notes) {
+    Session& session = console.session();
+    console.print();
     if (isByEngine(page.day)) {
-        session.print(style.dim(session.wrapped(ruleText(page.site) + ".")));
-        session.print(style.dim(session.wrapped(marginText(page))));
+        console.printRemark(ruleText(page.site) + ".");
+        console.printRemark(marginText(page));
     }
-    printMethod(session, page.site);
-    for (const std::string& remark : methodRemarks(page.day)) session.print(style.dim(session.wrapped(remark)));
-    for (const std::string& line : notes.lines()) session.print(session.wrapped(line, 2));
-    for (const std::string& note : missingNotes(session, page.day)) session.print(session.wrapped(note, 2));
-    printWarnings(session, page.warnings);
+    printMethod(console, page.site);
+    for (const std::string& remark : methodRemarks(page.day)) console.printRemark(remark);
+    for (const std::string& line : notes.lines()) console.print(console.wrapped(line, 2));
+    for (const std::string& note : missingNotes(session, page.day)) console.print(console.wrapped(note, 2));
+    printWarnings(console, page.warnings);
     if (const std::string usual = usualMethodNote(session, page.place); !usual.empty()) {
-        session.print();
-        session.print(style.dim(session.wrapped(usual)));
+        console.print();
+        console.printRemark(usual);
     }
 }
 
-void printPage(Session& session, const DayPage& page) {
+void printPage(Console& console, const DayPage& page) {
     Footnotes notes;
-    printHead(session, page);
-    printTimes(session, page, notes);
-    printFacts(session, page);
-    printNotes(session, page, notes);
-    printHowChosen(session, page.place);
+    printHead(console, page);
+    printTimes(console, page, notes);
+    printFacts(console, page);
+    printNotes(console, page, notes);
+    printHowChosen(console, page.place);
 }
 
 // --- JSON
@@ -284,12 +288,13 @@ Json pageJson(Session& session, const DayPage& page) {
                    {"warnings", warningsJson(page.warnings)}});
 }
 
-void runToday(Session& session, const Arguments& arguments) {
+void runToday(Console& console, const Arguments& arguments) {
+    Session& session = console.session();
     const DayPage page = pageOf(session, arguments);
-    if (session.wantsJson()) {
-        session.printJson(pageJson(session, page));
+    if (console.wantsJson()) {
+        console.printJson(pageJson(session, page));
     } else {
-        printPage(session, page);
+        printPage(console, page);
     }
 }
 

@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "app/text_layout.h"
 #include "program.h"
 #include "support/vectors.h"
+#include "terminal/text_layout.h"
 
 namespace quode::test {
 namespace {

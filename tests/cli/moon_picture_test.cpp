@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/text_layout.h"
+#include "terminal/text_layout.h"
 
 namespace quode::cli {
 

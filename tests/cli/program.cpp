@@ -12,7 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "app/text_layout.h"
+#include "terminal/text_layout.h"
 
 namespace quode::test {
 namespace {

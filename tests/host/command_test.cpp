@@ -56,12 +56,12 @@ TEST(PanelCommandLine, SaysWhatCannotBeUnderstood) {
 
 TEST(PanelCommandLine, HelpNamesEveryArgument) {
     const auto line = readCommandLine({"--help"});
-    const std::string help = std::get<app::HelpText>(line).text;
+    const std::string help = std::get<terminal::HelpText>(line).text;
     for (const char* name :
          {"--screenshot", "--scale", "--info", "--all", "--compass", "--city", "--date", "--lang", "--version"}) {
         EXPECT_NE(help.find(name), std::string::npos) << name;
     }
-    EXPECT_TRUE(std::holds_alternative<app::VersionRequest>(readCommandLine({"--version"})));
+    EXPECT_TRUE(std::holds_alternative<terminal::VersionRequest>(readCommandLine({"--version"})));
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 namespace quode::manual {
 namespace {
 
-using app::Command;
-using app::Parameter;
+using terminal::Command;
+using terminal::Parameter;
 
 bool isDashed(const Parameter& parameter) {
     return parameter.kind == Parameter::Kind::option || parameter.kind == Parameter::Kind::toggle;

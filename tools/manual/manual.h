@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "app/command.h"
-#include "app/command_line.h"
+#include "terminal/command.h"
+#include "terminal/command_line.h"
 
 namespace quode::manual {
 
 /// A program with its commands.
 struct Subject {
-    const app::Program* program = nullptr;
-    std::vector<app::Command> commands;
+    const terminal::Program* program = nullptr;
+    std::vector<terminal::Command> commands;
     std::string version;
 };
 
@@ -33,14 +33,14 @@ std::string fishCompletion(const Subject& subject);
 /// A command with the words that lead to it, such as {"city", "add"}; the program itself has none.
 struct CommandPath {
     std::vector<std::string> words;
-    const app::Command* command = nullptr;
+    const terminal::Command* command = nullptr;
 };
 
 /// Every command and its children, in the order of the help.
-std::vector<CommandPath> allPaths(const std::vector<app::Command>& commands);
+std::vector<CommandPath> allPaths(const std::vector<terminal::Command>& commands);
 
 /// The parameters of a command and those of every command.
-std::vector<app::Parameter> parametersOf(const Subject& subject, const app::Command& command);
+std::vector<terminal::Parameter> parametersOf(const Subject& subject, const terminal::Command& command);
 
 /// Words joined by a separator.
 std::string joined(const std::vector<std::string>& words, const char* separator);

@@ -7,8 +7,8 @@
 namespace quode::manual {
 namespace {
 
-using app::Command;
-using app::Parameter;
+using terminal::Command;
+using terminal::Parameter;
 
 // Text as roff takes it: a hyphen that is typed, a backslash, and a line that begins like a request.
 std::string roff(std::string_view text) {
@@ -87,7 +87,7 @@ std::string sectionsOf(const std::string& footer) {
 }  // namespace
 
 std::string manualPage(const Subject& subject) {
-    const app::Program& program = *subject.program;
+    const terminal::Program& program = *subject.program;
     const std::string summary = program.description.substr(0, program.description.find_first_of(".\n"));
     std::string page = ".TH " + capitals(program.name) + " 1 \"\" \"Quode " + subject.version + "\"\n";
     page += ".SH NAME\n" + program.name + " \\- " + roff(summary) + "\n";

@@ -5,9 +5,9 @@
 namespace quode::manual {
 namespace {
 
-void addPaths(const std::vector<app::Command>& commands, const std::vector<std::string>& above,
+void addPaths(const std::vector<terminal::Command>& commands, const std::vector<std::string>& above,
               std::vector<CommandPath>& paths) {
-    for (const app::Command& command : commands) {
+    for (const terminal::Command& command : commands) {
         std::vector<std::string> words = above;
         words.push_back(command.name);
         paths.push_back({words, &command});
@@ -17,14 +17,14 @@ void addPaths(const std::vector<app::Command>& commands, const std::vector<std::
 
 }  // namespace
 
-std::vector<CommandPath> allPaths(const std::vector<app::Command>& commands) {
+std::vector<CommandPath> allPaths(const std::vector<terminal::Command>& commands) {
     std::vector<CommandPath> paths;
     addPaths(commands, {}, paths);
     return paths;
 }
 
-std::vector<app::Parameter> parametersOf(const Subject& subject, const app::Command& command) {
-    std::vector<app::Parameter> parameters = command.parameters;
+std::vector<terminal::Parameter> parametersOf(const Subject& subject, const terminal::Command& command) {
+    std::vector<terminal::Parameter> parameters = command.parameters;
     parameters.insert(parameters.end(), subject.program->parameters.begin(), subject.program->parameters.end());
     return parameters;
 }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "app/command_line.h"
+#include "terminal/command_line.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -10,12 +10,15 @@
 #include <utility>
 
 #include "app/failure.h"
-#include "app/text_layout.h"
 #include "common/utf8.h"
+#include "terminal/text_layout.h"
 #include "texts/translation.h"
 
-namespace quode::app {
+namespace quode::terminal {
 namespace {
+
+using app::ExitCode;
+using app::Failure;
 
 // Where the explanations begin; on narrow pages they stand below what they explain.
 constexpr std::size_t helpColumn = 30, narrowHelpColumn = 6;
@@ -162,7 +165,7 @@ class Parser {
 
     Invocation invocation() const {
         const Slots& chosen = deepest();
-        if (chosen.command->run) return {chosen.command, mergedArguments(chosen)};
+        if (chosen.command->run || chosen.command->children.empty()) return {chosen.command, mergedArguments(chosen)};
         throw Failure(ExitCode::usage, _("{0} needs a command. Try: {0} --help", commandPath()));
     }
 
@@ -373,4 +376,4 @@ ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& 
     return parser.invocation();
 }
 
-}  // namespace quode::app
+}  // namespace quode::terminal

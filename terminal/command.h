@@ -11,9 +11,9 @@
 #include <string_view>
 #include <vector>
 
-namespace quode::app {
+namespace quode::terminal {
 
-class Session;
+class Console;
 
 /// One parameter of a command.
 struct Parameter {
@@ -48,12 +48,12 @@ class Arguments {
     std::map<std::string, std::string, std::less<>> values_;
 };
 
-/// A command, or a group of commands when it has children.
+/// A command, or a group of commands; a program without commands is one too.
 struct Command {
     std::string name;
     std::string summary;
     std::vector<Parameter> parameters;
-    std::function<void(Session&, const Arguments&)> run;
+    std::function<void(Console&, const Arguments&)> run = {};  ///< not of a group, nor of a program without commands
     std::vector<Command> children = {};
 };
 
@@ -65,4 +65,4 @@ Parameter languageParameter();
 /// The parameters that every command has.
 std::vector<Parameter> commonParameters();
 
-}  // namespace quode::app
+}  // namespace quode::terminal

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "cli/minutes.h"
+#include "cli/arguments.h"
 
+#include "app/dates.h"
 #include "app/failure.h"
 #include "common/numbers.h"
 #include "companion/UserDatabase.h"
@@ -9,7 +10,13 @@
 
 namespace quode::cli {
 
-std::optional<std::chrono::minutes> alarmMinutes(const app::Arguments& arguments) {
+std::optional<VAKDate> requestedDate(const terminal::Arguments& arguments) {
+    const std::optional<std::string> text = arguments.text("date");
+    if (!text) return std::nullopt;
+    return app::parseDate(*text);
+}
+
+std::optional<std::chrono::minutes> alarmMinutes(const terminal::Arguments& arguments) {
     const std::optional<std::string> text = arguments.text("alarm");
     if (!text) return std::nullopt;
     const std::optional<int> minutes = numberOf<int>(*text);

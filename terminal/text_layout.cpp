@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "app/text_layout.h"
+#include "terminal/text_layout.h"
 
 #include <fmt/format.h>
 
@@ -11,7 +11,7 @@
 #include "texts/character_width.h"
 #include "texts/utf8.h"
 
-namespace quode::app {
+namespace quode::terminal {
 namespace {
 
 constexpr int columnGap = 2;
@@ -123,12 +123,6 @@ std::string fitted(std::string_view text, int width) {
     return lines;
 }
 
-std::string decimalText(double value, int places, std::string_view decimalMark, bool withSign) {
-    std::string text = withSign ? fmt::format("{:+.{}f}", value, places) : fmt::format("{:.{}f}", value, places);
-    if (places > 0) text.replace(text.find('.'), 1, decimalMark);
-    return text;
-}
-
 std::vector<int> TextTable::columnWidths() const {
     std::vector<int> widths(columns_.size(), 0);
     for (const auto& row : rows_) {
@@ -204,4 +198,4 @@ std::vector<std::string> TextTable::lines(int width) const {
     return lines;
 }
 
-}  // namespace quode::app
+}  // namespace quode::terminal

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "app/command.h"
+#include "terminal/command.h"
 
 #include "texts/translation.h"
 
-namespace quode::app {
+namespace quode::terminal {
 
 std::optional<std::string> Arguments::text(std::string_view name) const {
     const auto found = values_.find(name);
@@ -30,4 +30,4 @@ std::vector<Parameter> commonParameters() {
             {Parameter::Kind::toggle, "no-color", "", _("Print without colours")}};
 }
 
-}  // namespace quode::app
+}  // namespace quode::terminal

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "app/terminal.h"
+#include "terminal/streams.h"
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -10,19 +10,12 @@
 #include <cerrno>
 #include <csignal>
 
-#include "app/text_layout.h"
 #include "common/numbers.h"
 #include "common/printable.h"
+#include "terminal/text_layout.h"
 
-namespace quode::app {
+namespace quode::terminal {
 namespace {
-
-std::string emphasised(bool colours, std::string_view code, std::string_view text) {
-    if (!colours || text.empty()) return std::string(text);
-    std::string marked("\x1b[");
-    marked.append(code).append("m").append(text).append("\x1b[0m");
-    return marked;
-}
 
 WriteResult writeAll(int stream, std::string_view text) {
     while (!text.empty()) {
@@ -37,18 +30,6 @@ WriteResult writeAll(int stream, std::string_view text) {
 }
 
 }  // namespace
-
-std::string Style::strong(std::string_view text) const {
-    return emphasised(colours, "1", text);
-}
-
-std::string Style::dim(std::string_view text) const {
-    return emphasised(colours, "2", text);
-}
-
-std::string Style::warning(std::string_view text) const {
-    return emphasised(colours, "33", text);
-}
 
 bool isTerminal(const Environment& environment) {
     return isatty(STDOUT_FILENO) == 1 && environment("TERM").value_or("dumb") != "dumb";
@@ -86,4 +67,8 @@ void writeMessage(std::string_view text) {
     writeAll(STDERR_FILENO, message + "\n");
 }
 
-}  // namespace quode::app
+void writeProblem(const app::Problem& problem) {
+    writeMessage(problem.message);
+}
+
+}  // namespace quode::terminal

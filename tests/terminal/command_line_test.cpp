@@ -2,19 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "app/command_line.h"
-#include "app/text_layout.h"
+#include "terminal/command_line.h"
 
-namespace quode::app {
+namespace quode::terminal {
 namespace {
-
-TEST(DecimalText, HasTheMarkOfTheLanguage) {
-    EXPECT_EQ(decimalText(3.25, 2, "."), "3.25");
-    EXPECT_EQ(decimalText(3.25, 2, ","), "3,25");
-    EXPECT_EQ(decimalText(3.26, 1, ",", true), "+3,3");
-    EXPECT_EQ(decimalText(-3.26, 1, "٫", true), "-3٫3");
-    EXPECT_EQ(decimalText(3.25, 0, ","), "3");
-}
 
 TEST(LanguageOption, IsFoundBeforeTheRestIsRead) {
     EXPECT_EQ(languageOption({"today", "--lang", "de", "--nonsense"}), "de");
@@ -26,4 +17,4 @@ TEST(LanguageOption, IsFoundBeforeTheRestIsRead) {
 }
 
 }  // namespace
-}  // namespace quode::app
+}  // namespace quode::terminal

@@ -10,7 +10,7 @@
 
 #include "texts/translation.h"
 
-namespace quode::app {
+namespace quode::terminal {
 
 /// The columns that text has where nothing is known of the terminal, and the most that it takes.
 inline constexpr int pageWidth = 78;
@@ -36,9 +36,6 @@ std::string indented(std::string text, int indentation);
 /// The lines of a text as they are where they have at most `width` columns, else wrapped, each below its beginning.
 std::string fitted(std::string_view text, int width);
 
-/// A number with a fixed count of decimals and this sign before them.
-std::string decimalText(double value, int places, std::string_view decimalMark, bool withSign = false);
-
 /// Rows of cells, each column as wide as its widest cell, with two blanks between. Blanks at the end of a line are left
 /// out.
 class TextTable {
@@ -63,4 +60,4 @@ class TextTable {
     std::vector<std::vector<std::string>> rows_;
 };
 
-}  // namespace quode::app
+}  // namespace quode::terminal

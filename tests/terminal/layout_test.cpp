@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "app/text_layout.h"
+#include "terminal/text_layout.h"
 
-namespace quode::app {
+namespace quode::terminal {
 namespace {
 
 TEST(DisplayWidth, CountsColumnsNotBytes) {
@@ -62,4 +62,4 @@ TEST(Wrapping, BreaksAtBlanks) {
 }
 
 }  // namespace
-}  // namespace quode::app
+}  // namespace quode::terminal

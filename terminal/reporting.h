@@ -9,16 +9,18 @@
 #include "app/failure.h"
 
 namespace quode::app {
-
 class Session;
+}
 
-/// What a program shows of its edition: its name with its number, and the sources of the data.
-std::string versionText(Session& session, const std::string& program);
+namespace quode::terminal {
+
+/// The text of --version: the program with its number, and the sources of the data.
+std::string versionText(app::Session& session, const std::string& program);
 
 /// Writes the output of a program. Returned: `code`, or that it could not be written, which is reported.
-ExitCode writtenOrFailed(const std::string& text, ExitCode code);
+app::ExitCode writtenOrFailed(const std::string& text, app::ExitCode code);
 
 /// Runs a program; what it throws is reported to the user.
-ExitCode runReportingFailures(const std::function<ExitCode()>& run);
+app::ExitCode runReportingFailures(const std::function<app::ExitCode()>& run);
 
-}  // namespace quode::app
+}  // namespace quode::terminal

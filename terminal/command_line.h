@@ -7,9 +7,9 @@
 #include <variant>
 #include <vector>
 
-#include "app/command.h"
+#include "terminal/command.h"
 
-namespace quode::app {
+namespace quode::terminal {
 
 /// A command with what was given to it.
 struct Invocation {
@@ -50,4 +50,4 @@ std::string helpFooter(const std::vector<std::pair<const char*, const char*>>& v
 ParsedLine parseCommandLine(const Program& program, const std::vector<Command>& commands, const Command& defaultCommand,
                             std::vector<std::string> arguments, std::optional<int> columns = {});
 
-}  // namespace quode::app
+}  // namespace quode::terminal

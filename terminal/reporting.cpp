@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "app/reporting.h"
+#include "terminal/reporting.h"
 
 #include <fmt/format.h>
 
@@ -9,15 +9,18 @@
 #include <system_error>
 
 #include "app/session.h"
-#include "app/terminal.h"
 #include "companion/UserDatabase.h"
 #include "companion/language.h"
 #include "data/attribution.h"
+#include "terminal/streams.h"
 #include "texts/translation.h"
 
-namespace quode::app {
+namespace quode::terminal {
 
-std::string versionText(Session& session, const std::string& program) {
+using app::ExitCode;
+using app::Failure;
+
+std::string versionText(app::Session& session, const std::string& program) {
     std::string edition;
     try {
         edition = session.cities().edition();
@@ -60,4 +63,4 @@ ExitCode runReportingFailures(const std::function<ExitCode()>& run) {
     }
 }
 
-}  // namespace quode::app
+}  // namespace quode::terminal
