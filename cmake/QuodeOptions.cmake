@@ -5,7 +5,7 @@ option(QUODE_ENGINE_ONLY "Build the astronomy engine alone; needs nothing but a 
 option(QUODE_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(QUODE_BENCH "Build the benchmarks" OFF)
 option(QUODE_WERROR "Treat warnings as errors" OFF)
-option(QUODE_HARDENING "Compile optimised programs and libraries with stack protectors and checked library calls" OFF)
+option(QUODE_HARDENING "Compile optimised programs and libraries with stack protectors and checked library calls" ON)
 option(QUODE_PCH "Compile the tests with precompiled headers: faster from scratch, slower with ccache" OFF)
 set(QUODE_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
