@@ -161,7 +161,10 @@ ChosenPlace withChoice(Session& session, ChosenPlace place) {
     city.choice = readSiteChoice(userDatabaseFile(session.dataFolder()), city.id);
     if (city.choice.isUnreadable) {
         session.report(
-            _("What is stored about the method of {} cannot be read. Choose it again: quode method set KEY", city.name),
+            city.choice.isLocked
+                ? _("The method of {} cannot be read: another program writes the user database. Try again.", city.name)
+                : _("What is stored about the method of {} cannot be read. Choose it again: quode method set KEY",
+                    city.name),
             ExitCode::userData);
     }
     return place;

@@ -57,7 +57,6 @@ void storeIqama(UserConnection& connection, int cityId, const IqamaRules& rules)
 }
 
 void storeSiteChoice(UserConnection& connection, int cityId, const SiteChoice& choice) {
-    if (choice.isUnreadable) return;
     if (!choice.method.isDefault()) storeMethod(connection, cityId, choice.method, choice.height);
     if (choice.table && !choice.table->rows.empty()) storeTimetable(connection, cityId, *choice.table);
     if (choice.iqama != IqamaRules{}) storeIqama(connection, cityId, choice.iqama);

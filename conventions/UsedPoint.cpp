@@ -14,7 +14,6 @@ namespace {
 constexpr double earthRadius = 6371.0;     // km
 constexpr double farFromMalaysia = 120.0;  // km from every seat
 constexpr double atThePoint = 0.006;       // degrees
-constexpr double atTheSeat = 6.0;          // km
 constexpr double clearlyNearer = 2.0;      // how many times nearer than the seat of any other zone
 
 /// The seats nearest to a place: of the nearest zone and of any other.
@@ -68,7 +67,7 @@ UsedPoint zonePoint(double latitude, double longitude, std::string_view key) {
     if (const JakimZone* zone = zoneAt(latitude, longitude)) return pointOf(*zone, true);
     const Nearest nearest = nearestSeat(latitude, longitude);
     if (nearest.distance > farFromMalaysia) return {latitude, longitude, longitude, {}, "", false};
-    const bool isCertain = nearest.distance < atTheSeat || nearest.distance * clearlyNearer < nearest.distanceOfOther;
+    const bool isCertain = nearest.distance * clearlyNearer < nearest.distanceOfOther;
     return pointOf(*zoneNamed(nearest.seat->zone), isCertain);
 }
 

@@ -13,42 +13,65 @@ constexpr const char* nameQuery = "SELECT NAME FROM USER_TIMETABLE WHERE CITYID 
 constexpr const char* rowsQuery = "SELECT DAY, TIMES FROM USER_TIMETABLE_ROW WHERE CITYID = ?1";
 constexpr int lockPatienceMs = 200;  // for programs that draw
 
-/// A query for a city; null when the table does not exist yet.
-sqlite::Statement queryOf(sqlite3* database, const char* sql, int cityId) {
-    sqlite::Statement statement = sqlite::prepare(database, sql);
-    if (statement) sqlite3_bind_int(statement.get(), 1, cityId);
-    return statement;
-}
+/// The rows of a table that belong to a city. A table that does not exist yet has none; one that cannot be read makes the
+/// choice unreadable, for the times would silently be those of another method.
+class RowsOfCity {
+  public:
+    RowsOfCity(sqlite3* database, const char* sql, int cityId, SiteChoice& choice)
+        : choice_(choice), statement_(sqlite::prepare(database, sql)) {
+        if (statement_) sqlite3_bind_int(statement_.get(), 1, cityId);
+        const int result = statement_ ? SQLITE_OK : sqlite3_errcode(database);
+        const bool isMissingTable = result == SQLITE_ERROR;
+        if (result != SQLITE_OK && !isMissingTable) fail(result);
+    }
+
+    bool next() {
+        const int result = statement_ ? sqlite3_step(statement_.get()) : SQLITE_DONE;
+        if (result != SQLITE_ROW && result != SQLITE_DONE) fail(result);
+        return result == SQLITE_ROW;
+    }
+
+    sqlite3_stmt* row() const { return statement_.get(); }
+
+  private:
+    void fail(int result) {
+        choice_.isUnreadable = true;
+        choice_.isLocked = result == SQLITE_BUSY || result == SQLITE_LOCKED;
+    }
+
+    SiteChoice& choice_;
+    sqlite::Statement statement_;
+};
 
 void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
-    const sqlite::Statement row = queryOf(database, methodQuery, cityId);
-    if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
-    const auto method = conventions::methodOf(sqlite::text(row.get(), 0));
-    choice.isUnreadable = !method;
+    RowsOfCity found(database, methodQuery, cityId, choice);
+    if (!found.next()) return;
+    const auto method = conventions::methodOf(sqlite::text(found.row(), 0));
+    if (!method) choice.isUnreadable = true;
     choice.isChosen = true;
     if (method) choice.method = *method;
-    choice.height = sqlite3_column_double(row.get(), 1);
+    choice.height = sqlite3_column_double(found.row(), 1);
 }
 
 void readTable(sqlite3* database, int cityId, SiteChoice& choice) {
-    const sqlite::Statement name = queryOf(database, nameQuery, cityId);
-    if (!name || sqlite3_step(name.get()) != SQLITE_ROW) return;
+    RowsOfCity name(database, nameQuery, cityId, choice);
+    if (!name.next()) return;
     auto table = std::make_shared<Timetable>();
-    table->name = sqlite::text(name.get(), 0);
-    const sqlite::Statement rows = queryOf(database, rowsQuery, cityId);
-    while (rows && sqlite3_step(rows.get()) == SQLITE_ROW) {
-        const auto row = timetableRowOf(sqlite::text(rows.get(), 1));
+    table->name = sqlite::text(name.row(), 0);
+    RowsOfCity rows(database, rowsQuery, cityId, choice);
+    while (rows.next()) {
+        const auto row = timetableRowOf(sqlite::text(rows.row(), 1));
         if (!row) choice.isUnreadable = true;
-        if (row) table->rows.emplace(sqlite3_column_int(rows.get(), 0), *row);
+        if (row) table->rows.emplace(sqlite3_column_int(rows.row(), 0), *row);
     }
     choice.table = std::move(table);
     choice.isChosen = true;
 }
 
 void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {
-    const sqlite::Statement row = queryOf(database, iqamaQuery, cityId);
-    if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;
-    const auto rules = iqamaRulesOf(sqlite::text(row.get(), 0));
+    RowsOfCity found(database, iqamaQuery, cityId, choice);
+    if (!found.next()) return;
+    const auto rules = iqamaRulesOf(sqlite::text(found.row(), 0));
     if (!rules) choice.isUnreadable = true;
     if (rules) choice.iqama = *rules;
 }
@@ -64,10 +87,15 @@ SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId) {
 }
 
 SiteChoice readSiteChoice(const std::filesystem::path& userDatabase, int cityId) {
+    SiteChoice unreadable;
+    unreadable.isUnreadable = true;
+    if (!sqlite::isSafeToOpen(userDatabase)) return unreadable;
+    std::error_code ignored;
+    if (!std::filesystem::exists(userDatabase, ignored)) return {};
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(userDatabase.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
     const sqlite::Database database(opened);
-    if (result != SQLITE_OK) return {};
+    if (result != SQLITE_OK) return unreadable;
     sqlite3_busy_timeout(database.get(), lockPatienceMs);
     return readSiteChoice(database.get(), cityId);
 }

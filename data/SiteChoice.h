@@ -22,7 +22,8 @@ struct SiteChoice {
     std::shared_ptr<const Timetable> table;  ///< nullptr: no table is imported
     IqamaRules iqama;                        ///< for days without one in the table
     bool isChosen = false;                   ///< the user has chosen a method, be it the default, or imported a table
-    bool isUnreadable = false;               ///< a choice is stored, but this version cannot read it
+    bool isUnreadable = false;               ///< a choice may be stored, but it cannot be read
+    bool isLocked = false;                   ///< because another program writes the database
 
     /// True when the engine's own method applies to every day. The congregation's times do not matter.
     bool isDefault() const { return method.isDefault() && !table; }
@@ -37,7 +38,7 @@ struct SiteChoice {
 /// Reads the choice for a city; the default when none is stored.
 SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId);
 
-/// The same from a file that is not open yet; the default when it cannot be read.
+/// The same from a file that is not open yet; the default when there is none.
 SiteChoice readSiteChoice(const std::filesystem::path& userDatabase, int cityId);
 
 }  // namespace quode

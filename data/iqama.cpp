@@ -12,10 +12,12 @@ bool hasIqama(const CityDay& day, int code) {
 std::optional<int> iqamaMinute(const CityDay& day, int code) {
     if (!hasIqama(day, code)) return std::nullopt;
     const Iqama& iqama = *day.method.iqama.at(static_cast<std::size_t>(code - firstPrayer));
-    if (iqama.isFixed) return iqama.minutes;
     const double hours = timeOfPrayer(day, code);
-    if (hours == missingTime) return std::nullopt;
-    return shownMinute(hours) + iqama.minutes;
+    if (hours == missingTime) return iqama.isFixed ? std::optional(iqama.minutes) : std::nullopt;
+    const int prayer = shownMinute(hours);
+    if (!iqama.isFixed) return prayer + iqama.minutes;
+    // A fixed time for all of the year may come before the prayer in one season: then it is not that of this day.
+    return iqama.minutes < prayer ? std::nullopt : std::optional(iqama.minutes);
 }
 
 }  // namespace quode

@@ -75,6 +75,13 @@ TEST(Method, IsShownWithTheMeasuredAgreementOfTheManual) {
     EXPECT_EQ(count, static_cast<int>(program.run({"method", "list", "--json"}).json().at("methods").size()));
 }
 
+TEST(Method, IsShownInTheLanguageOfTheUser) {
+    const Outcome shown = Program().run({"--lang", "tr", "method", "show", "diyanet"});
+    for (const char* english : {"From 45 degrees", "the authority's own timetable", "published rows"}) {
+        EXPECT_EQ(shown.out.find(english), std::string::npos) << shown.out;
+    }
+}
+
 TEST(Method, IsKeptForItsCityOnly) {
     const Program program;
     const json plain = day(program, {"--city", "Ankara"});

@@ -94,6 +94,28 @@ TEST_F(DamagedUserDatabase, IsKeptAsideByTheNextChange) {
 
 // --- a damaged calendar
 
+/// The first byte of a table's page in the user database.
+std::streamoff pageOf(const fs::path& database, const std::string& table) {
+    sqlite3* opened = nullptr;
+    EXPECT_EQ(sqlite3_open(database.c_str(), &opened), SQLITE_OK);
+    sqlite3_stmt* statement = nullptr;
+    const std::string query = "SELECT (rootpage - 1) * 4096 FROM sqlite_schema WHERE name = '" + table + "'";
+    sqlite3_prepare_v2(opened, query.c_str(), -1, &statement, nullptr);
+    const std::streamoff page = sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : 0;
+    sqlite3_finalize(statement);
+    sqlite3_close(opened);
+    return page;
+}
+
+TEST_F(UserFaults, AMethodThatCannotBeReadIsReportedBesideTheTimes) {
+    program.run({"method", "set", "mwl", "--city", "Berlin"});
+    ASSERT_EQ(program.run({"today", "--city", "Berlin"}).code, 0);
+    const std::streamoff page = pageOf(database, "USER_METHOD");
+    ASSERT_GT(page, 0);
+    std::fstream(database, std::ios::in | std::ios::out).seekp(page) << std::string(4096, '\xFF');
+    expectMessage(program.run({"today", "--city", "Berlin"}), 6, "the method of Berlin cannot be read");
+}
+
 TEST_F(UserFaults, ADamagedCalendarIsKeptAsideAndBegunAnew) {
     std::ofstream(calendar) << "no calendar";
     EXPECT_EQ(stateOf("calendar"), "problem");

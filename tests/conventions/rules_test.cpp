@@ -80,6 +80,8 @@ TEST(JakimZones, belongToTowns) {
     EXPECT_EQ(usedPoint(jakim, 51.5, -0.1).latitude, 51.5);
     EXPECT_EQ(usedPoint(jakim, 3.141, 101.687, "SGR03").name, "SGR03");
     EXPECT_FALSE(usedPoint(jakim, 4.47, 101.377).isCertain);  // a mountain zone
+    // Kampong Sungai Kechil Ulu is 5.9 km from the seat of one zone and 6.0 km from that of another.
+    EXPECT_FALSE(usedPoint(jakim, 5.10962, 100.5438).isCertain);
 }
 
 TEST(JakimZones, ofKelantanHaveIshaAtSeventeenDegrees) {
