@@ -13,7 +13,7 @@ namespace quode::app {
 std::string ruleText(const conventions::Convention& convention, const conventions::PrayerRule& rule);
 
 /// The same as a sentence for who does not know the field: "The Sun is 18° below the horizon; 2 minutes are added."
-std::string ruleSentence(const conventions::Convention& convention, conventions::Prayer prayer);
+std::string ruleSentence(const conventions::Convention& convention, Prayer prayer);
 
 /// What happens where the Sun does not sink far enough, in a line.
 std::string highLatitudeText(conventions::HighLatitudeRule rule);

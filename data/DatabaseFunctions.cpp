@@ -10,7 +10,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "common/numbers.h"
-#include "common/prayer.h"
+#include "astro/prayer.h"
 
 namespace quode {
 namespace {

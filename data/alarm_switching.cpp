@@ -10,7 +10,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "common/calendar.h"
-#include "common/prayer.h"
+#include "astro/prayer.h"
 #include "data/AlarmJournal.h"
 #include "data/DatabaseFunctions.h"
 #include "data/alarm_moment.h"

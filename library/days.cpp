@@ -23,7 +23,7 @@ constexpr int minutesPerHour = 60, minutesPerDay = 1440;
 /// Whether the night prayer of a day follows sunset by an interval.
 bool nightFollowsSunset(const CityDay& day) {
     const auto convention = conventions::conventionOf(day.method.method);
-    return convention && convention->rule(conventions::Prayer::isha).basis == conventions::Basis::afterMaghrib;
+    return convention && convention->rule(Prayer::isha).basis == conventions::Basis::afterMaghrib;
 }
 
 std::int32_t absenceOf(const CityDay& day, int code) {

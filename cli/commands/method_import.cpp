@@ -83,7 +83,7 @@ std::string rowText(int number, const TimetableRow& row) {
         if (!row.iqama[i]) continue;
         const Iqama& iqama = *row.iqama[i];
         const std::string when = iqama.isFixed ? clock24(iqama.minutes / 60.0) : fmt::format("+{}", iqama.minutes);
-        const std::string prayer(conventions::nameOf(static_cast<conventions::Prayer>(i)));
+        const std::string prayer(conventions::nameOf(prayerAt(i)));
         text += "  " + _("{} iqama {}", prayer, when);
     }
     return text;

@@ -117,7 +117,7 @@ std::vector<PublishedRow> allRows() {
     return readPublishedRows(test::fixture("conventions/published_rows.csv"));
 }
 
-constexpr std::array<const char*, prayerCount> names = {"Fajr", "sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
+constexpr std::array<const char*, mainPrayerCount> names = {"Fajr", "sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
 constexpr const char* notChecked = "not checked against published rows";
 
 double percent(int part, int whole) {
@@ -134,12 +134,12 @@ std::string agreementText(const Convention& convention, const std::vector<Publis
     std::string text =
         fmt::format("{} published rows of {} {}, exact/within 1/within 2 minutes in percent:", own.size(),
                     places.size(), places.size() == 1 ? "place" : "places");
-    for (std::size_t i = 0; i < prayerCount; ++i) {
+    for (std::size_t i = 0; i < mainPrayerCount; ++i) {
         const Agreement& prayer = agreement.prayers[i];
         if (prayer.rows == 0) continue;
         text += fmt::format(" {} {:.0f}/{:.0f}/{:.0f}{}", names[i], percent(prayer.exact, prayer.rows),
                             percent(prayer.withinOne, prayer.rows), percent(prayer.withinTwo, prayer.rows),
-                            i + 1 == prayerCount ? "" : ",");
+                            i + 1 == mainPrayerCount ? "" : ",");
         worst = std::max(worst, prayer.worst);
     }
     return text + fmt::format("; worst {} min", worst);
