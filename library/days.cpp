@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // Days of prayer times, and the next prayer.
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
 
 #include "common/civil_date.h"
+#include "common/formatting.h"
 #include "data/city_days.h"
 #include "data/fallbacks.h"
 #include "library/handles.h"
@@ -155,7 +157,7 @@ const char* quode_absence_text(int32_t absence) {
 
 void quode_clock_text(int32_t minute, char text[6]) {
     if (minute == QUODE_NO_MINUTE) {
-        std::memcpy(text, "--:--", 6);
+        *std::ranges::copy(formatting::noTime, text).out = '\0';
         return;
     }
     const int ofDay = (minute % minutesPerDay + minutesPerDay) % minutesPerDay;

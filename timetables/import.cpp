@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "common/formatting.h"
 #include "common/numbers.h"
 #include "texts/translation.h"
 #include "timetables/cells.h"
@@ -16,7 +17,6 @@
 
 namespace quode::timetables {
 namespace {
-
 
 constexpr int minutesPerDay = 1440, minutesPerHour = 60, noon = 720;
 constexpr int earliestYear = 1900, latestYear = 2200;
@@ -201,7 +201,7 @@ class Reader {
     }
 
     static bool isLeftOut(const std::string& text) {
-        return text == "-" || text == "--:--" || text == "—" || text == "–" || text == "N/A";
+        return text == "-" || text == formatting::noTime || text == "—" || text == "–" || text == "N/A";
     }
 
     int minuteOf(const std::string& text, Column column) const {
