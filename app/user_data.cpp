@@ -6,11 +6,11 @@
 
 #include <algorithm>
 
+#include "alarms/AlarmJournal.h"
 #include "app/session.h"
 #include "common/numbers.h"
 #include "companion/AlarmBook.h"
 #include "companion/UserEventStore.h"
-#include "data/AlarmJournal.h"
 #include "data/name_folding.h"
 #include "data/user_places.h"
 #include "texts/translation.h"

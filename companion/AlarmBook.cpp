@@ -6,10 +6,10 @@
 #include <iterator>
 #include <utility>
 
+#include "alarms/AlarmJournal.h"
 #include "companion/UserSettings.h"
 #include "companion/installation_mark.h"
 #include "companion/user_connection.h"
-#include "data/AlarmJournal.h"
 #include "texts/translation.h"
 
 namespace quode {

@@ -8,9 +8,9 @@
 #include <functional>
 #include <vector>
 
+#include "alarms/DatabaseFunctions.h"
 #include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
-#include "data/DatabaseFunctions.h"
 #include "platform/EventStore.h"
 
 namespace quode {

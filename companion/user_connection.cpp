@@ -7,10 +7,10 @@
 
 #include <utility>
 
+#include "alarms/AlarmJournal.h"
+#include "alarms/user_database_schema.h"
 #include "companion/SiteChoices.h"
 #include "companion/UserDatabase.h"
-#include "companion/user_database_schema.h"
-#include "data/AlarmJournal.h"
 #include "platform/LockedFile.h"
 #include "platform/private_folder.h"
 #include "texts/translation.h"

@@ -11,8 +11,8 @@
 #include <fstream>
 
 #include "alarmd/ring_texts.h"
+#include "alarms/DatabaseFunctions.h"
 #include "companion/RingRecords.h"
-#include "data/DatabaseFunctions.h"
 #include "platform/Uptime.h"
 #include "recording_desk.h"
 #include "support/memory_event_store.h"

@@ -7,8 +7,8 @@
 #include <sqlite3.h>
 
 #include "alarmd/AlarmKeeper.h"
+#include "alarms/DatabaseFunctions.h"
 #include "companion/UserSettings.h"
-#include "data/DatabaseFunctions.h"
 #include "data/sqlite_reading.h"
 #include "recording_desk.h"
 #include "support/faulty_disk.h"

@@ -5,10 +5,10 @@
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
+#include "alarms/DatabaseFunctions.h"
+#include "alarms/alarm_moment.h"
 #include "companion/UserSettings.h"
 #include "companion/user_connection.h"
-#include "data/DatabaseFunctions.h"
-#include "data/alarm_moment.h"
 #include "fixture.h"
 #include "support/memory_event_store.h"
 #include "support/shared_services.h"

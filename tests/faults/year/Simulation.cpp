@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "alarms/DatabaseFunctions.h"
 #include "companion/RingRecords.h"
-#include "data/DatabaseFunctions.h"
 #include "support/shared_services.h"
 
 namespace quode::test {

@@ -8,7 +8,7 @@
 
 #include <fstream>
 
-#include "data/DatabaseFunctions.h"
+#include "alarms/DatabaseFunctions.h"
 #include "support/memory_event_store.h"
 #include "support/shared_services.h"
 #include "support/temporary_folder.h"
