@@ -18,7 +18,7 @@
 namespace quode::app {
 namespace {
 
-// Nobody waits long for the times of today; another program needs some milliseconds for a change.
+// The times of today must not wait long; another program needs some milliseconds for a change.
 constexpr std::chrono::milliseconds readingPatience{200};
 
 std::string nameOf(const UserCity& city) {
