@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "alarmd/ring_texts.h"
+#include "alarms/alarm_moment.h"
 #include "companion/AlarmHabits.h"
 #include "companion/user_connection.h"
-#include "data/alarm_moment.h"
 #include "texts/translation.h"
 
 namespace quode {

@@ -27,7 +27,7 @@ struct AlarmSurroundings {
     const Clock* clock = nullptr;
     std::function<Uptime()> uptime;
     EventStore* calendar = nullptr;
-    std::function<void(CalendarLayout)> useLayout;  ///< lets the calendar work on a layout
+    std::function<void(CalendarLayout)> useLayout;  ///< switches the calendar to a layout
     RingDesk* desk = nullptr;
     std::function<void(std::string_view message)> tell;                ///< receives what belongs into the log
     std::chrono::milliseconds lockPatience = std::chrono::seconds(3);  ///< see `UserDatabase`
@@ -35,9 +35,9 @@ struct AlarmSurroundings {
     std::function<Ringer(const UserSettings&)> ringer = [](const UserSettings& settings) { return settings.ringer; };
 };
 
-/// Sees to it that every alarm rings once, and that the calendar holds the event of its next ring.
+/// Makes every alarm ring once, and keeps the event of its next ring in the calendar.
 ///
-/// It has no clock of its own: somebody wakes it when something may have happened, and at the moment that it named
+/// It has no clock of its own: its owner wakes it when something may have changed, and at the moment it returned
 /// last. It may be woken at any time; what is done already is not done again, also not after a restart. A database that
 /// cannot be read silences nothing: it rings what it knew last. One that was damaged gets back what was chosen.
 class AlarmKeeper {
@@ -57,19 +57,19 @@ class AlarmKeeper {
     /// The user has seen the ring that is shown as this notification.
     void stop(const NotificationId& notification);
 
-    /// The user wants to be reminded again in a few minutes. `wake` is to be called afterwards.
+    /// The user wants to be reminded again in a few minutes. Call `wake` afterwards.
     void snooze(const NotificationId& notification);
 
     /// The user has seen it, and wants no ring for the rest of the day at the home city.
     void mute(const NotificationId& notification);
 
-    /// A notification is gone, whatever the reason.
+    /// A notification was closed, for whatever reason.
     void closed(const NotificationId& notification);
 
     /// Notes how far all is decided; to be called before the process ends.
     void rest();
 
-    /// Called when the desktop answers that it does not show a ring, perhaps within `wake`. `wake` is to be called soon.
+    /// Called when the desktop answers that it does not show a ring, perhaps within `wake`. Call `wake` soon.
     std::function<void()> onUnseen;
 
   private:

@@ -22,7 +22,7 @@ constexpr std::uint64_t accuracyUs = 10'000;
 constexpr const char* databaseName = "user.sqlite";
 constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
 constexpr std::uint32_t gone = IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED;
-constexpr std::chrono::seconds folderInterval{10};  // how often a folder is looked for that is gone
+constexpr std::chrono::seconds folderInterval{10};  // between two looks for a missing folder
 
 void check(int result, const char* what) {
     if (result < 0) throw std::runtime_error(std::string(what) + ": " + std::strerror(-result));
@@ -105,7 +105,7 @@ int AlarmService::run() {
 }
 
 void AlarmService::wakeKeeper() {
-    // Arming the timer takes back a report that the clock was set meanwhile, and fails then.
+    // Arming the timer discards a report that the clock was set in between; it fails then.
     int result = 0;
     do {
         const Service service = mayServe_();
@@ -129,7 +129,7 @@ int AlarmService::arm(std::chrono::sys_seconds next) {
     return timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr);
 }
 
-// The folder was deleted, and perhaps made again under the same name.
+// The folder was deleted, and perhaps recreated under the same name.
 void AlarmService::watchAgain() {
     dataFolderWatch_.reset();
     dataFolderWatch_ = watchFolder(dataFolder_, &AlarmService::dataFolderChanged);

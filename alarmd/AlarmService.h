@@ -19,7 +19,7 @@ namespace quode {
 /// he answers a ring. It sleeps otherwise.
 class AlarmService {
   public:
-    /// What is to be done about the data folder; a folder may be deleted, and made again, while it is served.
+    /// What to do about the data folder, which may be deleted and recreated while it is served.
     enum class Service { go, wait, end };
 
     /// zoneFile     the file whose replacement means that the device has another zone

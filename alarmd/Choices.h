@@ -32,7 +32,7 @@ struct Choices {
 Choices readChoices(UserDatabase& database);
 
 /// The choices in a database that another program keeps locked, as they were before it began to change anything. Nothing
-/// when that cannot be told.
+/// when that is unknown.
 std::optional<Choices> readChoicesBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
                                              const Clock& device);
 

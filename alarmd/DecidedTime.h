@@ -26,7 +26,7 @@ inline constexpr std::chrono::sys_seconds earliestClock =
 /// decided goes back with it. How far it goes back follows from the time that the device has run.
 class DecidedTime {
   public:
-    /// What is to be decided now.
+    /// What to decide now.
     struct Span {
         std::chrono::sys_seconds since{};  ///< all until then is decided
         std::chrono::seconds shift{0};     ///< by how much the clock was set, as far as that is known
@@ -47,7 +47,7 @@ class DecidedTime {
     /// All until the present is decided, but for what is held.
     void finish(const Present& present);
 
-    /// When held rings are to be decided; nothing when none are.
+    /// When to decide held rings; nothing without any.
     std::optional<std::chrono::sys_seconds> holdEnds(const Present& present) const;
 
     /// Until when all is decided, and by which clock; nothing before the first time.

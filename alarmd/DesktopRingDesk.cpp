@@ -9,7 +9,7 @@
 namespace quode {
 namespace {
 
-// How long a sound begins again when nobody stops it.
+// How long a sound repeats unless it is stopped.
 constexpr std::chrono::seconds soundTime{60};
 
 constexpr const char* fallbackSound = "chime";

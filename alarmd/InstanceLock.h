@@ -18,7 +18,7 @@ class InstanceLock {
     /// False when another process has it.
     bool isHeld() const { return isHeld_; }
 
-    /// False when the folder or the file was deleted or replaced, so that the lock keeps nobody away any longer.
+    /// False when the folder or the file was deleted or replaced, so that the lock no longer excludes anyone.
     bool isCurrent() const;
 
     /// Locks what is there now. Nothing is held when another process was faster.

@@ -16,7 +16,7 @@ using namespace std::chrono;
 constexpr hours dayAhead{25};
 constexpr hours noteInterval{6};
 constexpr seconds offerInterval{30};
-constexpr hours tooEarly{1};       // a ring that a wrong clock brought by more than that was none
+constexpr hours tooEarly{1};       // a ring that a wrong clock caused this much too early does not count
 constexpr minutes soundIsOver{1};  // what rang longer ago sounds again when it is shown at last
 
 bool rangWithin(const RingRecord& record, const Present& present, seconds time) {
@@ -148,7 +148,7 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
     }
 }
 
-// Whether a clock that was wrong brought a ring that is still to come, or can still come late.
+// Whether a wrong clock caused a ring that is still due, or can still ring late.
 bool RingKeeper::rangTooEarly(const RingRecord& record, milliseconds wrongSince, const Present& present) const {
     const bool isOver = record.alarm.due + latestRing < present.clock;
     if (isOver || !areComparable(record.rangAt, present.uptime)) return false;
@@ -221,7 +221,7 @@ void RingKeeper::followService() {
         if (record.state == RingState::shown && !isOfThisRun && !run.empty()) {
             keepState(record, RingState::finished);
         } else if (record.state == RingState::asked && !awaited_.contains({record.alarm.code, record.alarm.due})) {
-            // The bus delivers what was sent, also when the sender is gone; the number is not known then.
+            // The bus delivers what was sent even after the sender has exited; the number is unknown then.
             keepState(record, isOfThisRun ? RingState::shown : RingState::unseen);
         }
     }

@@ -17,21 +17,21 @@
 
 namespace quode {
 
-/// Rings every alarm once. It goes by what it is given and by its own records: it needs no database.
+/// Rings every alarm once. It uses only its arguments and its own records: it needs no database.
 ///
 /// Each ring is noted before the desktop is asked, as soon as it was asked, and when it has answered. A process that is
-/// killed in between finds what is left to do; only between asking and the next note nobody can say whether the desktop
+/// killed in between finds what is left to do; only between asking and the next note it is unknown whether the desktop
 /// was asked, and the ring is repeated: twice is better than never. Then an answer under an unknown number is for it.
 class RingKeeper {
   public:
     /// When the calendar's event of an alarm stands; nothing when there is none.
     using EventStart = std::function<std::optional<std::chrono::sys_seconds>(const UserAlarm& alarm)>;
 
-    /// desk and tell must outlive the object, and the desk must not answer once it is gone.
+    /// desk and tell must outlive the object, and the desk must not answer after its end.
     RingKeeper(const std::filesystem::path& dataFolder, RingDesk& desk,
                std::function<void(std::string_view message)> tell);
 
-    /// Rings what is due, and offers again what nobody could see.
+    /// Rings what is due, and offers again what was not visible.
     void decideDue(const Choices& choices, const Present& present, const EventStart& eventStart);
 
     /// The next moment at which there is something to decide, at most a day ahead; nothing when there is none.
@@ -43,7 +43,7 @@ class RingKeeper {
     /// As `stop`, but the ring comes again at a moment.
     bool snooze(const NotificationId& notification, std::chrono::sys_seconds ringAt);
 
-    /// A notification is gone.
+    /// A notification was closed.
     bool closed(const NotificationId& notification);
 
     /// Notes how far all is decided; to be called before the process ends.
@@ -51,8 +51,8 @@ class RingKeeper {
 
     const RingRecords& records() const { return records_; }
 
-    /// Called when the desktop answers that a ring is not shown, outside of `decideDue` or within it. It is to be offered
-    /// again: `decideDue` is to be called soon, but not from here.
+    /// Called when the desktop answers that a ring is not shown, outside of `decideDue` or within it. Offer it
+    /// again: call `decideDue` soon, but not from here.
     std::function<void()> onUnseen;
 
   private:
@@ -89,7 +89,7 @@ class RingKeeper {
     std::optional<CityRecord> formerCity_;  // home and alarms when all was decided last
     std::vector<AlarmRule> formerRules_;
     std::string formerChoices_;
-    std::set<Key> awaited_;  // rings that this process has asked for, without an answer so far
+    std::set<Key> awaited_;  // rings that this process requested, without an answer so far
 };
 
 }  // namespace quode

@@ -59,7 +59,7 @@ Loop newLoop() {
     return Loop(made);
 }
 
-// A folder that the user deleted is not made again by the service, and one that was made again may have another.
+// A folder that the user deleted is not recreated by the service, and one that the user recreated may have another.
 AlarmService::Service mayServe(InstanceLock& lock, const std::filesystem::path& dataFolder,
                                const std::function<void(std::string_view)>& tell) {
     if (lock.isCurrent()) return AlarmService::Service::go;

@@ -6,7 +6,7 @@
 
 namespace quode {
 
-/// What is to be done about a ring.
+/// What to do about a ring.
 enum class RingDecision {
     wait,      ///< its moment has not come
     ring,      ///< its moment is now

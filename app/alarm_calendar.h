@@ -17,16 +17,16 @@ namespace quode::app {
 class Session;
 
 /// The alarm book of a command. An alarm that could not be switched is a `Failure`; what went wrong with an event is
-/// complained of.
+/// reported.
 class AlarmCalendar {
   public:
-    /// To be made before the session's services are first asked for. All must outlive the object.
+    /// Construct it before the first use of the session's services. All must outlive the object.
     AlarmCalendar(Session& session, UserDatabase& database);
     ~AlarmCalendar();
     AlarmCalendar(const AlarmCalendar&) = delete;
     AlarmCalendar& operator=(const AlarmCalendar&) = delete;
 
-    /// Also sees to it that the alarm service starts at the next login, and says so when that is new.
+    /// Also makes the alarm service start at the next login, and reports when that is new.
     void switchOn(int code);
     void switchOff(int code);
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <iterator>
 
+#include "alarms/alarm_moment.h"
 #include "app/alarm_changes.h"
 #include "app/day_view.h"
 #include "app/session.h"
@@ -15,7 +16,6 @@
 #include "common/civil_date.h"
 #include "common/numbers.h"
 #include "companion/AlarmHabits.h"
-#include "data/alarm_moment.h"
 #include "data/name_folding.h"
 #include "texts/translation.h"
 

@@ -17,7 +17,7 @@ namespace quode::app {
 class Session;
 struct UserAlarms;
 
-/// Lets alarms ring on some days of the week only. days  see `AlarmRule`; at least one
+/// Restricts alarms to some days of the week. days  see `AlarmRule`; at least one
 void chooseDays(Session& session, const std::vector<int>& codes, unsigned days);
 
 /// Adds a second ring, so many minutes after the time (negative: before); takes it away without a number.

@@ -31,7 +31,7 @@ std::string withSecondsText(double hours) {
                                                   ofDay % minutesPerHour);
 }
 
-// A time of the evening before, which no clock text can hold, is brought into the day.
+// A time of the evening before is negative, which no clock text can show.
 double shownHours(double hours) {
     return hours < 0.0 ? hours + hoursPerDay : hours;
 }
@@ -233,7 +233,7 @@ std::vector<ZoneDisagreement> zoneProblems(Session& session, const CityRecord& c
     };
     if (!present.ok() || !begin.ok() || !end.ok()) return problems;
     if (city.known && city.known->systemIsOlder()) {
-        // It still knows the days before those that the newer edition covers.
+        // Its data still cover the days before those of the newer edition.
         const std::chrono::year_month_day lastOld(firstKnownDay - std::chrono::days(1));
         if (begin <= lastOld) check({begin, std::min(end, lastOld)});
         return problems;

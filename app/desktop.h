@@ -27,7 +27,7 @@ struct TrialResult {
 };
 
 /// The operations on the desktop. The libraries behind them take longer to load than the times to compute; they stand
-/// in the module "lib/quode/quode-desktop.so", which is loaded when it is first asked for.
+/// in the module "lib/quode/quode-desktop.so", which is loaded at its first use.
 struct Desktop {
     NotificationCheck (*checkNotifications)();
     TrialResult (*ring)(const TrialRing&);

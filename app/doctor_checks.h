@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What quode doctor looks at. Nothing is made, changed, started or mended.
+// What quode doctor looks at. Nothing is created, changed, started or repaired.
 #pragma once
 
 #include <string>
@@ -14,8 +14,8 @@ class Session;
 struct Finding {
     enum class State {
         ok,
-        note,    ///< nothing to be mended, but good to know
-        problem  ///< to be mended
+        note,    ///< nothing to repair, but good to know
+        problem  ///< needs a repair
     };
     const char* key = "";   ///< its name in JSON
     const char* name = "";  ///< what was looked at

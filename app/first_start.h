@@ -18,7 +18,7 @@ namespace quode::app {
 
 class Session;
 
-/// The guessed city that the user is to be asked about; nothing once they have answered or chosen a city.
+/// The guessed city to ask the user about; nothing once they have answered or chosen a city.
 std::optional<CityRecord> cityToAskAbout(Session& session);
 
 /// What the user answered.

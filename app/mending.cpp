@@ -18,7 +18,7 @@ namespace {
 
 using State = Finding::State;
 
-// Alarms whose sound is gone get that of the settings, which is the first of the bundle when it is gone too.
+// Alarms whose sound is missing get that of the settings, or the first of the bundle when that is missing too.
 void replaceLostSounds(Session& session) {
     UserDatabase database = userDatabaseToChange(session);
     const UserSettings settings = loadSettings(database);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Mends what quode doctor finds, where a program can.
+// Repairs what quode doctor finds, where a program can.
 #pragma once
 
 #include "app/doctor_checks.h"
@@ -9,7 +9,7 @@ namespace quode::app {
 
 class Session;
 
-/// Removes the calendar events of alarms that are gone. What fails is complained of.
+/// Removes the calendar events of alarms that no longer exist. Failures are reported.
 void removeStrayEvents(Session& session);
 
 /// Whether `mend` can do something about a finding.

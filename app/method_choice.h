@@ -30,7 +30,7 @@ std::string methodLine(const Site& site);
 /// Whether the engine's own method computed a day, perhaps with the user's minutes.
 bool isByEngine(const CityDay& day);
 
-/// What else is to be known of the times of a site: an uncertain zone, a convention's remark. Sentences.
+/// Further remarks about the times of a site, as sentences: an uncertain zone, a convention's remark.
 std::vector<std::string> methodRemarks(const CityDay& day);
 
 /// Marks of a day for tables of values: "fajr_high_latitude", "isha_adjusted+2".

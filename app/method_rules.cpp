@@ -18,7 +18,6 @@ namespace {
 
 using conventions::Basis;
 using conventions::Convention;
-using conventions::Prayer;
 using conventions::PrayerRule;
 
 std::string minutesText(double minutes) {

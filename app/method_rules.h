@@ -15,7 +15,7 @@ class Session;
 std::string ruleText(const conventions::Convention& convention, const conventions::PrayerRule& rule);
 
 /// The same as a sentence for who does not know the field: "The Sun is 18° below the horizon; 2 minutes are added."
-std::string ruleSentence(const conventions::Convention& convention, conventions::Prayer prayer);
+std::string ruleSentence(const conventions::Convention& convention, Prayer prayer);
 
 /// The name of a convention and its authority: names of bodies as these write them.
 std::string nameText(const conventions::Convention& convention);

@@ -12,6 +12,7 @@
 #include "app/method_choice.h"
 #include "app/religious_days.h"
 #include "app/session.h"
+#include "common/formatting.h"
 #include "data/city_days.h"
 #include "data/iqama.h"
 #include "data/night_parts.h"
@@ -63,7 +64,7 @@ struct TableMarks {
 
     void addTo(std::vector<std::string>& remarks) const {
         for (const std::string& line : notes.lines()) remarks.push_back(line);
-        for (const std::string& line : missing) remarks.push_back("--:-- " + line);
+        for (const std::string& line : missing) remarks.push_back(fmt::format("{} {}", formatting::noTime, line));
     }
 };
 

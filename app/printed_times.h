@@ -29,7 +29,7 @@ struct PrintRequest {
 /// `printedPdf`.
 printing::Timetable printedTimes(Session& session, const PrintRequest& request);
 
-/// The bytes of a PDF file. What makes it is loaded when first asked for. Throws `Failure`: damagedData when that is
+/// The bytes of a PDF file. Its module is loaded at the first use. Throws `Failure`: damagedData when that is
 /// missing, internalError when it fails.
 std::string printedPdf(const printing::Timetable& timetable, const printing::PdfOptions& options);
 

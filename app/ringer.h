@@ -18,7 +18,7 @@ struct RingerState {
     Ringer ringer = Ringer::quode;  ///< in effect, see "companion/ringer.h"
     bool serviceRuns = false;
     std::string problem;  ///< why it does not; empty when all is well
-    std::string remedy;   ///< the command that mends it
+    std::string remedy;   ///< the command that repairs it
 
     bool isReady() const { return problem.empty(); }
 };

@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "app/dates.h"
+#include "astro/prayer.h"
 #include "common/captions.h"
 #include "common/labels.h"
-#include "common/prayer.h"
 #include "platform/folders.h"
 #include "platform/system_platform.h"
 #include "texts/translation.h"

@@ -30,7 +30,7 @@ class Session {
     struct Options {
         /// As speakChosenLanguage() returned it at the start; otherwise it is chosen now.
         std::optional<LanguageChoice> language = {};
-        std::optional<std::chrono::sys_seconds> moment = {};  ///< taken for now, before $QUODE_NOW
+        std::optional<std::chrono::sys_seconds> moment = {};  ///< used as now; takes precedence over $QUODE_NOW
         /// Receives what failed though the program goes on; without it, problems are dropped.
         std::function<void(const Problem&)> onProblem = {};
     };
@@ -44,7 +44,7 @@ class Session {
     /// The name of the system's time zone; empty when it has none.
     std::string systemZone();
 
-    /// The system's time zone as messages tell it: its name, else what TZ says.
+    /// The system's time zone as messages name it: its name, else the value of TZ.
     std::string systemZoneText();
 
     const CityDatabase& cities();
@@ -52,26 +52,26 @@ class Session {
     /// The clock of this system, stopped at $QUODE_NOW when that is set.
     const Clock& deviceClock() { return clock(); }
 
-    /// The same clock, which tells date and time as they are in the city that it follows; see `followCity`. It is that
-    /// of the shared services.
+    /// The same clock with date and time of the city that it follows; see `followCity`. The shared services use
+    /// it.
     const Clock& homeClock();
 
-    /// Lets the shared services tell date and time of a city from now on; without one, those of this system.
+    /// Makes the shared services use date and time of a city from now on; without one, those of this system.
     void followCity(const CityRecord* city);
 
     const Environment& environment() const { return environment_; }
 
-    /// The folder of the user's files; it is made by `services`.
+    /// The folder of the user's files; `services` creates it.
     std::filesystem::path dataFolder() const;
     std::filesystem::path bundle() const;
     /// Where this machine keeps its zone data.
     std::filesystem::path zoneFolder() const;
 
-    /// The calendar to which the shared services write alarms; to be told before they are first asked for.
+    /// The calendar to which the shared services write alarms; set it before their first use.
     void setCalendar(std::shared_ptr<EventStore> calendar) { calendar_ = std::move(calendar); }
 
-    /// The screen that the shared services measure, of a program that draws; to be told before they are first asked
-    /// for.
+    /// The screen that the shared services measure, of a program that draws; set it before their first
+    /// use.
     void setDevice(std::shared_ptr<Device> device) { device_ = std::move(device); }
 
     /// Speaks another language from now on, the shared services with it.
@@ -91,7 +91,7 @@ class Session {
     /// The part of a caption before its placeholder, without the colon.
     std::string caption(int textId);
 
-    /// The name of a Gregorian month, in the language that was asked for, else as the locale has it.
+    /// The name of a Gregorian month, in the chosen language, else as the locale has it.
     std::string monthName(int month);
 
     /// The name of a day of the week, 0 = Sunday .. 6 = Saturday.

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// What is to be known of the single times of a day, in words: where each comes from, when the congregation begins.
+// Notes on the single times of a day: where each comes from, when the congregation begins.
 #pragma once
 
 #include <optional>

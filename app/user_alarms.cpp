@@ -48,7 +48,7 @@ void findRings(UserAlarms& all, sys_seconds now) {
     all.prayers = firstOfEach(*all.city, prayers, now);
 }
 
-// Those of alarms that were switched off meanwhile do not ring.
+// Those of alarms that have since been switched off do not ring.
 std::vector<AlarmOccurrence> snoozedRings(Session& session, const std::vector<UserAlarm>& alarms) {
     std::vector<AlarmOccurrence> rings;
     for (const RingRecord& record : RingRecords(session.services().dataFolder()).unfinished()) {

@@ -6,11 +6,11 @@
 
 #include <algorithm>
 
+#include "alarms/AlarmJournal.h"
 #include "app/session.h"
 #include "common/numbers.h"
 #include "companion/AlarmBook.h"
 #include "companion/UserEventStore.h"
-#include "data/AlarmJournal.h"
 #include "data/name_folding.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
@@ -18,7 +18,7 @@
 namespace quode::app {
 namespace {
 
-// Nobody waits long for the times of today; another program needs some milliseconds for a change.
+// The times of today must not wait long; another program needs some milliseconds for a change.
 constexpr std::chrono::milliseconds readingPatience{200};
 
 std::string nameOf(const UserCity& city) {

@@ -21,11 +21,11 @@ std::optional<UserDatabase> userDatabaseToRead(Session& session);
 /// `UserDatabaseError`.
 UserDatabase userDatabaseToChange(Session& session);
 
-/// The message for a home city, a number, that neither database knows any longer.
+/// The message for a home city whose number is in neither database any more.
 std::string lostHome(int id);
 
-/// The user's home city; nothing when none was chosen. A database that cannot be read, and a city that is not known any
-/// more, are complained of.
+/// The user's home city; nothing when none was chosen. A database that cannot be read, and a city that no longer
+/// exists, are reported.
 std::optional<CityRecord> homeCity(Session& session);
 
 /// The same with what is stored of it: a city that is not known any more, a guess.

@@ -11,7 +11,7 @@
 
 namespace quode::cli {
 
-/// What is to be known of a day's times: "other_latitude", "fajr_of_earlier_day", "isha_after_midnight" and the like.
+/// Notes on a day's times: "other_latitude", "fajr_of_earlier_day", "isha_after_midnight" and the like.
 std::vector<std::string> notesOf(const CityDay& day);
 
 /// The names of the columns of `csvTimes`.

@@ -47,7 +47,7 @@ void readAdjustments(std::string_view text, Method& method) {
                   "are fajr, sunrise, dhuhr, asr, maghrib and isha.",
                   std::string(part)));
         }
-        method.adjust[static_cast<std::size_t>(*prayer)] = *minutes;
+        method.adjust[indexOf(*prayer)] = *minutes;
     }
 }
 

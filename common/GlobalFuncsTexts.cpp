@@ -3,8 +3,8 @@
 // The texts of the shared services: language pack and month names.
 #include <exception>
 
+#include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
-#include "common/prayer.h"
 
 namespace quode {
 

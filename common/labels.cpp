@@ -5,9 +5,9 @@
 #include <array>
 #include <optional>
 
+#include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
 #include "common/numbers.h"
-#include "common/prayer.h"
 #include "texts/translation.h"
 
 namespace quode {

@@ -6,10 +6,10 @@
 #include <iterator>
 #include <utility>
 
+#include "alarms/AlarmJournal.h"
 #include "companion/UserSettings.h"
 #include "companion/installation_mark.h"
 #include "companion/user_connection.h"
-#include "data/AlarmJournal.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -78,8 +78,8 @@ AlarmChange AlarmBook::switchAlarm(int code, bool isOn, AlarmJournal& journal) {
     const auto run = [&] { return isOn ? functions_.switchOn(code, journal) : functions_.switchOff(code, journal); };
     AlarmChange change = run();
     if (!change.isStored) {
-        // The operation knows of no reason. The same is tried by a connection that throws one; it may be that the
-        // hindrance is gone by now.
+        // The operation gives no reason. A connection that throws one tries the same; the cause may have
+        // vanished by now.
         database_->connection().setPatience({});
         database_->connection().change([] {});
         change = run();
@@ -125,7 +125,7 @@ AlarmChange AlarmBook::renew(const std::function<bool(const UserAlarm&)>& leave)
     const std::vector<AlarmOccurrence> next = database_->refreshPrayerTimes();
     for (const UserAlarm& alarm : database_->alarms()) {
         if ((leave && leave(alarm)) || isInPlace(alarm, next)) continue;
-        // One after the other, so that whoever switches an alarm meanwhile does not wait for all of them.
+        // One after the other, so that a program that switches an alarm does not wait for all of them.
         join(result, withJournal([&](AlarmJournal& journal) { return renewOne(alarm.code, next, journal); }));
     }
     return result;

@@ -8,9 +8,9 @@
 #include <functional>
 #include <vector>
 
+#include "alarms/DatabaseFunctions.h"
 #include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
-#include "data/DatabaseFunctions.h"
 #include "platform/EventStore.h"
 
 namespace quode {
@@ -18,9 +18,9 @@ namespace quode {
 class AlarmJournal;
 
 /// Switches alarms, and keeps the calendar's event of each at its next ring. Command line, service and panel use it; a
-/// widget, which knows `DatabaseFunctions` alone, comes to the same operations by the two that are specified there.
+/// widget, which uses only `DatabaseFunctions`, reaches the same operations through its two.
 ///
-/// Every change is written down before it begins (`AlarmJournal`): a program that is cut off leaves nothing that the
+/// Every change is recorded before it begins (`AlarmJournal`): a program that is cut off leaves nothing that the
 /// next one would not finish. A change counts as done when it was read back. Throws `UserDatabaseError` where the user
 /// database cannot be read or changed; a calendar that fails is reported, and keeps no alarm from being switched.
 ///
@@ -35,7 +35,7 @@ class AlarmBook {
     AlarmChange switchOff(int code);
 
     /// Brings the events of all alarms to their next rings. Nothing is written where that is so already, and no alarm
-    /// is switched: one that the user switches off meanwhile stays off. Alarms for which `leave` holds are left alone.
+    /// is switched: one that the user switches off in between stays off. Alarms for which `leave` is true are skipped.
     AlarmChange renew(const std::function<bool(const UserAlarm&)>& leave = {});
 
     /// Makes a change of the user database that events follow (cities, home, offsets), and renews them. When `change`

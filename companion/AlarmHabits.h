@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // What the row of an alarm cannot hold: days of the week, a second ring, silence until a moment. Kept in a table of its
-// own, which is created with the first of them; a widget knows nothing of it. Failures are `UserDatabaseError`; nothing
+// own, which is created with the first of them; the widget does not read it. Failures are `UserDatabaseError`; nothing
 // has been changed then.
 #pragma once
 

@@ -20,10 +20,10 @@ namespace quode {
 
 /// How far a ring has come.
 enum class RingState {
-    begun = 0,     ///< about to ring: the desktop has not been asked yet
+    begun = 0,     ///< about to ring: not sent to the desktop yet
     shown = 1,     ///< the user sees it
     snoozed = 2,   ///< to ring again at `ringAt`
-    finished = 3,  ///< stopped by the user, or gone with its notification service
+    finished = 3,  ///< stopped by the user, or ended with its notification service
     dropped = 4,   ///< too late, or another program rings
     asked = 5,     ///< the desktop was asked to show it, and has not answered yet
     unseen = 6,    ///< there was no notification service: heard at most

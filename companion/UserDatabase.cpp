@@ -8,6 +8,7 @@
 #include <cmath>
 #include <utility>
 
+#include "alarms/user_database_schema.h"
 #include "common/numbers.h"
 #include "common/printable.h"
 #include "common/utf8.h"
@@ -15,7 +16,6 @@
 #include "companion/RingRecords.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
-#include "companion/user_database_schema.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
 

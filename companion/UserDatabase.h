@@ -45,7 +45,7 @@ class UserDatabaseError : public std::runtime_error {
 struct UserCity {
     int id = 0;
     bool isHome = false;
-    std::optional<CityRecord> city;  ///< nothing when neither database knows the place any more
+    std::optional<CityRecord> city;  ///< nothing when the place is in neither database any more
     bool isGuess = false;            ///< home, but put there by a new file, and never chosen by the user
 };
 
@@ -64,7 +64,7 @@ struct NewPlace {
 struct UserAlarm {
     int code = 0;                 ///< 200 (Imsak) to 205 (Yatsi)
     int offset = 0;               ///< minutes added to the prayer time
-    double prayTime = 0.0;        ///< what the alarm operation goes by, see `UserDatabase::refreshPrayerTimes`
+    double prayTime = 0.0;        ///< used by the alarm operation, see `UserDatabase::refreshPrayerTimes`
     std::string sound;            ///< empty: that of the settings
     bool isOn = false;            ///< a widget or a command switches it
     std::string eventIdentifier;  ///< the calendar event; empty when there is none
@@ -106,13 +106,13 @@ class UserDatabase {
     ~UserDatabase();
     UserDatabase(UserDatabase&&) noexcept;
 
-    /// Opens the file only to read from it: nothing is made, changed or mended, and operations that change something
+    /// Opens the file only to read from it: nothing is created, changed or repaired, and operations that change something
     /// fail. Returned: nothing when there is no file, or one without any table. Throws `UserDatabaseError`, also for a
     /// damaged file.
     static std::optional<UserDatabase> openToRead(const std::filesystem::path& dataFolder, const CityDatabase& cities,
                                                   const Clock& device, std::chrono::milliseconds patience);
 
-    /// What the user should be told about opening the file: a damaged one kept aside, no city found for the zone.
+    /// What to report to the user about opening the file: a damaged one kept aside, no city found for the zone.
     const std::vector<std::string>& notices() const { return notices_; }
 
     const std::filesystem::path& file() const;
@@ -155,7 +155,7 @@ class UserDatabase {
     /// Writes the time of each prayer, by which `DatabaseFunctions::reCalculateAlarm` places the event: the wall
     /// clock's time in the device's zone, in the middle of a minute, so that the next alarm from now on comes out at
     /// its instant. Hours beyond 0..24 say that the prayer belongs to the day before or after. Every change of cities,
-    /// home or alarms does it too; otherwise it is to be called when the day, the clock or the zone of the device
+    /// home or alarms does it too; otherwise call it when the day, the clock or the zone of the device
     /// changed. Returned: the alarms that ring within a day, whether they are on or off. For a prayer whose time does
     /// not come about within that day nothing is returned and written.
     std::vector<AlarmOccurrence> refreshPrayerTimes();

@@ -7,9 +7,9 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "alarms/alarm_moment.h"
 #include "astro/PrayTimes.h"
 #include "common/civil_date.h"
-#include "data/alarm_moment.h"
 #include "data/city_days.h"
 
 namespace quode {

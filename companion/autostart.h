@@ -32,7 +32,7 @@ struct ServiceStart {
 /// Whether the service starts at the next login: by an enabled unit of the user's systemd, or by an autostart entry.
 bool serviceStartsAtLogin(const Environment& environment);
 
-/// Sees to it that the service starts at the next login. Where systemd runs and knows the unit, that is enabled; else
+/// Makes the service start at the next login. Where systemd runs and knows the unit, that is enabled; else
 /// an autostart entry is written to the user's settings. An entry that the user has switched off stays so. Nothing is
 /// done for a data folder that QUODE_DATA_DIR names: what starts at login does not know of it.
 /// @param program  the service

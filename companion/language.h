@@ -13,7 +13,7 @@
 
 namespace quode {
 
-/// A language that was asked for and has no catalogue. The message names those that have one.
+/// A requested language that has no catalogue. The message names those that have one.
 class UnknownLanguage : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;

@@ -7,10 +7,10 @@
 
 #include <utility>
 
+#include "alarms/AlarmJournal.h"
+#include "alarms/user_database_schema.h"
 #include "companion/SiteChoices.h"
 #include "companion/UserDatabase.h"
-#include "companion/user_database_schema.h"
-#include "data/AlarmJournal.h"
 #include "platform/LockedFile.h"
 #include "platform/private_folder.h"
 #include "texts/translation.h"
@@ -48,7 +48,7 @@ void createFolder(const fs::path& folder) {
 }
 
 // An empty file is a database without tables. SQLite would make one that everybody may read, though it says where
-// somebody lives. That it cannot be made is reported when it is opened.
+// the user lives. A failure is reported when the file is opened.
 void createPrivately(const fs::path& file) {
     const int created = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (created >= 0) ::close(created);
@@ -72,7 +72,7 @@ UserConnection::UserConnection(const fs::path& file, std::chrono::milliseconds p
     if (check(firstCity) == Health::damaged) replaceDamaged(firstCity, notices);
 }
 
-// Opened for writing where that is allowed: a change that a crash has left half done is undone by whoever comes next.
+// Opened for writing where that is allowed: the next program undoes a change that a crash interrupted.
 UserConnection::UserConnection(const fs::path& file, std::chrono::milliseconds patience)
     : file_(file), patience_(patience), onlyReads_(true) {
     open(SQLITE_OPEN_READWRITE);
@@ -96,7 +96,7 @@ void UserConnection::open(int flags) {
 }
 
 // A program that was cut off before it changed anything leaves a journal that SQLite does not need and does not remove.
-// Nobody uses one while this connection is about to write; a journal that is needed is played back before.
+// No program uses one while this connection is about to write; a needed journal is played back before.
 void UserConnection::removeStaleJournal() {
     const fs::path journal = file_.string() + "-journal";
     std::error_code error;
@@ -206,7 +206,7 @@ void UserConnection::replaceDamaged(const FirstCity& firstCity, std::vector<std:
           file_.string(), kept.string()));
 }
 
-// The events of the alarms that are lost are removed by whoever looks at the alarms next.
+// The next program that reads the alarms removes the events of the lost ones.
 void UserConnection::noteLostAlarms() const {
     AlarmJournal journal(file_.parent_path(), patience_);
     if (!journal.isHeld()) throw UserDatabaseError(Reason::failed, journal.problem());

@@ -27,13 +27,13 @@ class UserConnection {
   public:
     using FirstCity = std::function<std::optional<int>()>;
 
-    /// Opens the file and sees to it that it is whole and has all tables; see `UserDatabase`. What the user should know
+    /// Opens the file and makes sure that it is whole and has all tables; see `UserDatabase`. What the user should know
     /// is added to `notices`. `patience` is how long to wait for
     /// another program that keeps the file locked; `firstCity` names the city with which a new file begins.
     UserConnection(const std::filesystem::path& file, std::chrono::milliseconds patience, const FirstCity& firstCity,
                    std::vector<std::string>& notices);
 
-    /// Opens a file that is there, to read from it: nothing is made, changed or mended.
+    /// Opens a file that is there, to read from it: nothing is created, changed or repaired.
     UserConnection(const std::filesystem::path& file, std::chrono::milliseconds patience);
 
     /// Opens a file to read from it what it holds while another program keeps it locked, see `committedState`.
@@ -71,7 +71,7 @@ class UserConnection {
     /// Does changes altogether, or none of them when one throws. Within another call it is part of that.
     void change(const std::function<void()>& changes);
 
-    /// Reads several things as they are at one moment, whatever other programs change meanwhile.
+    /// Reads several things as they are at one moment, also while other programs change them.
     void read(const std::function<void()>& reading);
 
   private:

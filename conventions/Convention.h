@@ -9,11 +9,9 @@
 #include <span>
 #include <string_view>
 
-namespace quode::conventions {
+#include "astro/prayer.h"
 
-/// The six times that every convention defines, in the order of the day.
-enum class Prayer { fajr, sunrise, dhuhr, asr, maghrib, isha };
-inline constexpr int prayerCount = 6;
+namespace quode::conventions {
 
 /// How a time is rounded to a minute of the clock. Halves round up.
 enum class Rounding { nearest, up, down };
@@ -115,7 +113,7 @@ struct Convention {
     std::string_view authority;  ///< the body in full
     std::string_view countries;  ///< ISO 3166-1 alpha-2 codes of the countries where it is usual, separated by blanks
     Computation computation = Computation::rules;
-    std::array<PrayerRule, prayerCount> rules{};
+    std::array<PrayerRule, mainPrayerCount> rules{};
     int asrFactor = 1;  ///< the usual one; users may choose the other
     HeightRule height = HeightRule::none;
     HighLatitudeRule highLatitude = HighLatitudeRule::middleOfNight;
@@ -128,8 +126,8 @@ struct Convention {
     std::string_view sampleAuthority = {};  ///< the name of the authority in the published rows; empty without rows
 
     /// The rule of a prayer.
-    constexpr const PrayerRule& rule(Prayer prayer) const { return rules[static_cast<std::size_t>(prayer)]; }
-    constexpr PrayerRule& rule(Prayer prayer) { return rules[static_cast<std::size_t>(prayer)]; }
+    constexpr const PrayerRule& rule(Prayer prayer) const { return rules[indexOf(prayer)]; }
+    constexpr PrayerRule& rule(Prayer prayer) { return rules[indexOf(prayer)]; }
 };
 
 /// All conventions; the first is the default.

@@ -12,8 +12,8 @@
 namespace quode::conventions {
 namespace {
 
-constexpr std::array<std::string_view, prayerCount> prayerNames = {"fajr", "sunrise", "dhuhr",
-                                                                   "asr",  "maghrib", "isha"};
+/// Those that conventions define.
+constexpr std::span<const PrayerFacts> mainPrayers(allPrayers.data(), mainPrayerCount);
 constexpr double smallestAngle = 5.0, largestAngle = 25.0;  // degrees
 constexpr double largestHeight = 9000.0;                    // metres
 constexpr int largestAdjustment = 120;                      // minutes
@@ -44,7 +44,7 @@ std::string shortest(double value) {
 
 bool readAdjustments(std::string_view text, Method& method) {
     const auto parts = split(text, ',');
-    if (parts.size() != prayerCount) return false;
+    if (parts.size() != mainPrayerCount) return false;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const auto minutes = numberOf<int>(parts[i]);
         if (!minutes) return false;
@@ -152,13 +152,13 @@ std::optional<MethodProblem> problemOf(const Method& method) {
 }
 
 std::string_view nameOf(Prayer prayer) {
-    return prayerNames[static_cast<std::size_t>(prayer)];
+    return allPrayers[indexOf(prayer)].key;
 }
 
 std::optional<Prayer> prayerNamed(std::string_view name) {
-    const auto found = std::ranges::find(prayerNames, name);
-    if (found == prayerNames.end()) return std::nullopt;
-    return static_cast<Prayer>(found - prayerNames.begin());
+    const auto found = std::ranges::find(mainPrayers, name, &PrayerFacts::key);
+    if (found == mainPrayers.end()) return std::nullopt;
+    return found->prayer;
 }
 
 }  // namespace quode::conventions

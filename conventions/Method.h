@@ -17,14 +17,14 @@ struct Method {
     int asrFactor = 0;                             ///< 1 or 2; 0: the convention's usual one
     std::optional<HighLatitudeRule> highLatitude;  ///< instead of the convention's
     std::optional<double> fajrAngle, ishaAngle;    ///< degrees, instead of the convention's
-    std::array<int, prayerCount> adjust{};         ///< minutes added to the rounded times
+    std::array<int, mainPrayerCount> adjust{};     ///< minutes added to the rounded times
     std::string zone;                              ///< key of a zone, instead of the nearest; empty: the nearest
     std::optional<double> height;                  ///< metres, instead of the database's
 
     /// True when nothing differs from the engine's own method.
     bool isDefault() const { return *this == Method{}; }
     /// The user's minutes for a prayer.
-    int adjustment(Prayer prayer) const { return adjust[static_cast<std::size_t>(prayer)]; }
+    int adjustment(Prayer prayer) const { return adjust[indexOf(prayer)]; }
 
     friend bool operator==(const Method&, const Method&) = default;
 };

@@ -14,9 +14,9 @@ struct PublishedAgreement {
     std::string_view key = {};  ///< of the convention
     int rows = 0;               ///< one day at one place each
     int places = 0;
-    std::array<int, prayerCount> exact = {};      ///< percent of the rows
-    std::array<int, prayerCount> withinOne = {};  ///< minute, percent of the rows
-    std::array<int, prayerCount> withinTwo = {};  ///< minutes, percent of the rows
+    std::array<int, mainPrayerCount> exact = {};      ///< percent of the rows
+    std::array<int, mainPrayerCount> withinOne = {};  ///< minute, percent of the rows
+    std::array<int, mainPrayerCount> withinTwo = {};  ///< minutes, percent of the rows
     int worst = 0;                                ///< minutes, the largest difference
 };
 

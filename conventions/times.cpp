@@ -88,9 +88,9 @@ class DayComputation {
     }
 
     ConventionDay run() {
-        for (int i = 0; i < prayerCount; ++i) {
-            const auto prayer = static_cast<Prayer>(i);
-            day_.times[static_cast<std::size_t>(i)] = compute(prayer);
+        for (std::size_t i = 0; i < mainPrayerCount; ++i) {
+            const Prayer prayer = prayerAt(i);
+            day_.times[i] = compute(prayer);
         }
         keepIshaAfterMaghrib();
         day_.asrStandard = convention_.asrFactor == 1 ? day_.time(Prayer::asr) : asr(1);
@@ -169,7 +169,7 @@ class DayComputation {
     /// Where Maghrib has an angle, rules for high latitudes may put Isha before it.
     void keepIshaAfterMaghrib() {
         const ConventionTime& maghrib = day_.time(Prayer::maghrib);
-        ConventionTime& isha = day_.times[static_cast<std::size_t>(Prayer::isha)];
+        ConventionTime& isha = day_.times[indexOf(Prayer::isha)];
         const bool isByAngle = convention_.rule(Prayer::maghrib).basis == Basis::depression;
         if (!isByAngle || !maghrib.exists() || !isha.exists() || isha.exact >= maghrib.exact) return;
         isha = maghrib;

@@ -40,15 +40,15 @@ struct ConventionTime {
 
 /// The times of a day.
 struct ConventionDay {
-    std::array<ConventionTime, prayerCount> times;  ///< by `Prayer`
-    ConventionTime asrStandard, asrHanafi;          ///< by both shadows
-    UsedPoint point;                                ///< the point computed for
+    std::array<ConventionTime, mainPrayerCount> times;  ///< by `Prayer`
+    ConventionTime asrStandard, asrHanafi;              ///< by both shadows
+    UsedPoint point;                                    ///< the point computed for
     double usedLatitude = 0.0;     ///< degrees; differs from the point's where the Sun does not rise and set
     bool isOtherLatitude = false;  ///< `usedLatitude` differs
     bool isRamadan = false;        ///< by the Umm al-Qura calendar
 
     /// The time of a prayer.
-    const ConventionTime& time(Prayer prayer) const { return times[static_cast<std::size_t>(prayer)]; }
+    const ConventionTime& time(Prayer prayer) const { return times[indexOf(prayer)]; }
 };
 
 /// Computes a day by a method. Nothing throws. The convention must not be one that the engine computes, like the default

@@ -73,7 +73,7 @@ std::string textOf(const TimetableRow& row) {
 
 std::optional<TimetableRow> timetableRowOf(std::string_view text) {
     const auto words = wordsOf(text);
-    constexpr std::size_t count = conventions::prayerCount;
+    constexpr std::size_t count = mainPrayerCount;
     if (words.size() != 2 * count + 1) return std::nullopt;
     TimetableRow row;
     for (std::size_t i = 0; i < count; ++i) {

@@ -23,11 +23,11 @@ struct Iqama {
 };
 
 /// The begin of the congregation at each prayer; no value: unknown.
-using IqamaRules = std::array<std::optional<Iqama>, conventions::prayerCount>;
+using IqamaRules = std::array<std::optional<Iqama>, mainPrayerCount>;
 
 /// The published times of one day, in minutes after 0 h of it; from 1440 on in the next day. No value: no time.
 struct TimetableRow {
-    std::array<std::optional<int>, conventions::prayerCount> minutes;
+    std::array<std::optional<int>, mainPrayerCount> minutes;
     std::optional<int> asrHanafi;
     IqamaRules iqama;
 

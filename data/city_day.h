@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "astro/FastAstro.h"
-#include "common/prayer.h"
+#include "astro/prayer.h"
 #include "data/City.h"
 #include "data/CityDatabase.h"
 #include "data/SiteChoice.h"

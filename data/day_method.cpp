@@ -12,18 +12,13 @@ namespace {
 using conventions::ConventionDay;
 using conventions::ConventionTime;
 using conventions::Origin;
-using conventions::Prayer;
 
 constexpr double hoursPerDay = 24.0, minutesPerHour = 60.0;
-constexpr int asrHanafiCode = 207;
 
-/// The code of a convention's prayer: 200 to 205, in the same order.
-constexpr std::size_t indexOf(Prayer prayer) {
-    return static_cast<std::size_t>(prayer);
-}
-
-std::array<double*, conventions::prayerCount> mainTimes(PrayTimes& times) {
-    return {&times.Imsak, &times.Gunes, &times.Ogle, &times.AsriEvvel, &times.Aksam, &times.IsaEvvel};
+std::array<double*, mainPrayerCount> mainTimes(PrayTimes& times) {
+    std::array<double*, mainPrayerCount> slots{};
+    for (std::size_t i = 0; i < slots.size(); ++i) slots[i] = &(times.*allPrayers[i].time);
+    return slots;
 }
 
 TimeSource sourceOf(Origin origin) {
@@ -81,7 +76,7 @@ void applyConvention(const Site& site, CityDay& day) {
     }
     const ConventionTime& hanafi = computed.asrHanafi;
     times.AsriSani = hanafi.exists() ? hanafi.hours : missingTime;
-    day.method.marks[asrHanafiCode - firstPrayer] = {sourceOf(hanafi.origin), method.adjustment(Prayer::asr)};
+    day.method.marks[indexOf(Prayer::asrHanafi)] = {sourceOf(hanafi.origin), method.adjustment(Prayer::asr)};
     times.isLatitudeChanged = times.isImsakBeforeTime = times.isIsaEvvelBeforeTime = false;
     day.method.point = computed.point;
     day.method.usedLatitude = computed.usedLatitude;
@@ -103,7 +98,7 @@ void adjustEngine(const Site& site, CityDay& day) {
     const int asrMinutes = method.adjustment(Prayer::asr);
     if (asrMinutes == 0 || times.AsriSani == missingTime) return;
     times.AsriSani += asrMinutes / minutesPerHour;
-    day.method.marks[asrHanafiCode - firstPrayer].adjusted = asrMinutes;
+    day.method.marks[indexOf(Prayer::asrHanafi)].adjusted = asrMinutes;
 }
 
 void applyTable(const Timetable& table, CityDay& day) {
@@ -125,7 +120,7 @@ void applyTable(const Timetable& table, CityDay& day) {
     for (std::size_t i = 0; i < slots.size(); ++i) {
         if (i != indexOf(Prayer::dhuhr) && row->minutes[i]) put(*slots[i], i, *row->minutes[i]);
     }
-    if (row->asrHanafi) put(times.AsriSani, asrHanafiCode - firstPrayer, *row->asrHanafi);
+    if (row->asrHanafi) put(times.AsriSani, indexOf(Prayer::asrHanafi), *row->asrHanafi);
     const std::size_t dhuhr = indexOf(Prayer::dhuhr);
     if (row->minutes[dhuhr]) put(times.Ogle, dhuhr, *row->minutes[dhuhr]);
     if (row->minutes[indexOf(Prayer::fajr)]) times.isImsakBeforeTime = false;

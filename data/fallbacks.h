@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "common/prayer.h"
+#include "astro/prayer.h"
 
 namespace quode {
 

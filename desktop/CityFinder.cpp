@@ -22,7 +22,7 @@ QString describe(const CityHit& hit) {
     return toQt(text) + " — " + regionAndCountryOf(hit.city);
 }
 
-// The database knows names in Latin letters alone.
+// The database has names in Latin letters only.
 bool hasOtherLetters(const QString& text) {
     return std::ranges::any_of(text, [](QChar c) { return c.isLetter() && c.script() != QChar::Script_Latin; });
 }

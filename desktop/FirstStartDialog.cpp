@@ -15,7 +15,7 @@
 
 #include "app/session.h"
 #include "app/user_alarms.h"
-#include "common/prayer.h"
+#include "astro/prayer.h"
 #include "conventions/Convention.h"
 #include "desktop/CityFinder.h"
 #include "desktop/icon.h"

@@ -15,7 +15,7 @@ constexpr int patience = 5000;  // ms
 Instance::Instance(const QString& program) : name_("org.quode." + program), path_("/org/quode/" + program) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
-    // The object comes before the name, so that whoever sees the name can call.
+    // The object comes before the name, so that a program that sees the name can call.
     bus.registerObject(path_, name_, this, QDBusConnection::ExportScriptableSlots);
     isFirst_ = bus.registerService(name_);
 }

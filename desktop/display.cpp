@@ -32,7 +32,7 @@ struct Release {
 template <typename Reply>
 using Answer = std::unique_ptr<Reply, Release>;
 
-/// An X display, by a connection of our own: Qt's is not to be had on every platform.
+/// An X display, by a connection of our own: Qt's is not available on every platform.
 struct Display {
     int screen = 0;
     Connection connection{xcb_connect(nullptr, &screen)};

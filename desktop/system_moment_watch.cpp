@@ -56,7 +56,7 @@ class SystemMomentWatch : public MomentWatch {
   private:
     // The folders are watched, for files are replaced as often as they are written. A folder that cannot be watched is
     // no failure: the change is seen at the next moment. Closing a file counts for nothing: readers close it too. Each
-    // time again, because a folder may have been deleted and made again; one that is watched already stays so.
+    // time again, because a folder may have been deleted and recreated; one that is watched already stays so.
     void watchFiles(bool wanted) {
         if (!wanted) {
             for (const auto& folder : folders_) inotify_rm_watch(changes_, folder.first);

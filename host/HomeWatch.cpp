@@ -37,7 +37,7 @@ void HomeWatch::lookAgain() {
     if (isWatching_) secondLook_.start();
 }
 
-// Not later with each further write: somebody may write all the time.
+// Not later with each further write: a program may write all the time.
 void HomeWatch::onChoicesWritten() {
     if (settling_.interval() == 0) return compare();
     if (!settling_.isActive()) settling_.start();

@@ -154,7 +154,7 @@ void Panel::showAlarms(const std::map<int, bool>& alarmsOn) {
     }
 }
 
-// While the widget builds itself its view is not in the window yet; the size is asked for afterwards.
+// While the widget builds itself its view is not in the window yet; the size is requested afterwards.
 void Panel::invalidatePreferredViewSize() {
     if (isAttached_) window_.setContentSize(wholePoints(widget_.preferredViewSize()));
 }

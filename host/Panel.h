@@ -25,7 +25,7 @@ struct OpenRows {
 };
 
 /// Presents the widget in its window and dismisses it. While it is presented, a change of day, of the clock or of its
-/// zone, and the end of a sleep of the device present it again, so that nobody sees the times of another day. While it
+/// zone, and the end of a sleep of the device present it again, so that it never shows the times of another day. While it
 /// is dismissed nothing runs.
 class Panel : public QObject, private WidgetHost {
     Q_OBJECT

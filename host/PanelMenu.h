@@ -45,7 +45,7 @@ class PanelMenu : public QMenu {
     void alarmSwitched(int code, bool isOn);
     void colorSchemeChosen(int scheme);
     void muteAsked(bool isMuted);
-    /// The settings are to be opened. page  "alarms"; empty: the first
+    /// Opens the settings. page  "alarms"; empty: the first
     void settingsAsked(const QString& page);
     void helpAsked();
     void aboutAsked();

@@ -8,9 +8,9 @@
 #include <QShortcut>
 #include <utility>
 
+#include "alarms/DatabaseFunctions.h"
 #include "app/session.h"
 #include "companion/UserEventStore.h"
-#include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
 #include "desktop/CityDialog.h"
 #include "desktop/FirstStartDialog.h"

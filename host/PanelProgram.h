@@ -69,7 +69,7 @@ class PanelProgram : public QObject {
     PanelWindow window_;
     DesktopTheme theme_;
     PanelMenu menu_;
-    QString told_;  // what is to be told with the next presentation
+    QString told_;  // messages for the next presentation
     WidgetBundle bundle_;
     std::unique_ptr<WidgetViewController> widget_;
     HomeWatch watch_;

@@ -258,7 +258,7 @@ void PanelWindow::open(QPoint pointer) {
 }
 
 // A click in the tray is no event of this program's own, so a window manager that guards the focus finds the request
-// older than the user's last deed elsewhere. Showing the window has brought newer events.
+// older than the user's last action elsewhere. Showing the window has caused newer events.
 void PanelWindow::insistOnFocus() {
     if (isVisible() && !isActiveWindow() && QApplication::activeWindow() == nullptr) activateWindow();
 }

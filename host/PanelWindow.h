@@ -66,7 +66,7 @@ class PanelWindow : public QWidget {
     void setNotice(const QString& text);
 
     /// Shows the window, which takes the keyboard's focus.
-    /// @param pointer  where a popover was asked for, see popoverFrame
+    /// @param pointer  where a popover was requested, see popoverFrame
     void open(QPoint pointer);
 
     /// The size that shows everything.

@@ -9,7 +9,7 @@
 namespace quode::host {
 
 /// Lies over the widget and marks two of its rows at their left edge: a bar for the prayer whose time it is, a pointer
-/// for the one that comes next. The widget knows nothing of it, and taps go through. It is deleted with the widget's
+/// for the one that comes next. The widget does not know it, and taps go through. It is deleted with the widget's
 /// view.
 class RowMarks : public QWidget {
     Q_OBJECT

@@ -20,7 +20,7 @@ QString qt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-// The prayer whose time it is at a moment; nothing between sunrise and noon, and where the times cannot be told.
+// The prayer whose time it is at a moment; nothing between sunrise and noon, and where the times are unknown.
 std::optional<int> currentPrayer(const CityDay& day, std::chrono::sys_seconds now) {
     std::optional<int> current = lastMainPrayer;  // of the evening before
     bool isAnyKnown = false;

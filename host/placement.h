@@ -9,7 +9,7 @@
 
 namespace quode::host {
 
-/// The frame of a popover that was asked for at a point, such as the icon in a tray: in the middle above or below the
+/// The frame of a popover that was requested at a point, such as the icon in a tray: in the middle above or below the
 /// point, whichever side of the screen is larger, and wholly inside the screen.
 /// @param wanted     its size; it gets less where the screen is smaller
 /// @param pointer    the point on the screen; one outside counts as the nearest one inside

@@ -124,7 +124,7 @@ void save(const QImage& image, const std::string& name) {
                   _("The picture \"{}\" cannot be written: {}.", name, file.errorString().toStdString()));
 }
 
-/// Whether a city that nobody chose is in the user's files all the same.
+/// Whether a city that the user did not choose is in the user's files anyway.
 bool isStoredGuess(Session& user, const app::ChosenPlace& place) {
     const bool isGuess = place.source == app::PlaceSource::systemZone || place.source == app::PlaceSource::fallback;
     const auto home = isGuess ? app::storedHome(user) : std::nullopt;

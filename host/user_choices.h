@@ -15,8 +15,8 @@
 
 namespace quode::host {
 
-/// Makes the user database when there is none, and brings up to date what the widget goes by: the prayer times of the
-/// alarms, and the layout of the calendar. Returned: what the user should be told; empty when all is well.
+/// Creates the user database when there is none, and updates what the widget reads: the prayer times of the
+/// alarms, and the layout of the calendar. Returned: what to report to the user; empty when all is well.
 QString prepareUserChoices(app::Session& session, UserEventStore& calendar);
 
 /// Speaks the language that the settings name now, by the rule of `chosenLanguage`. What cannot be read changes nothing.

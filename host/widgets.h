@@ -11,7 +11,7 @@ class QWidget;
 
 namespace quode::host {
 
-/// A label whose text is plain, wraps between words and can be selected by nobody: it belongs to the panel's surface.
+/// A label whose text is plain, wraps between words and cannot be selected: it belongs to the panel's surface.
 QLabel* newTextLabel(QWidget* parent, int pixelSize, bool isBold);
 
 void setTextColor(QLabel& label, const QColor& color);

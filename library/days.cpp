@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // Days of prayer times, and the next prayer.
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
 
 #include "common/civil_date.h"
+#include "common/formatting.h"
 #include "data/city_days.h"
 #include "data/fallbacks.h"
 #include "library/handles.h"
@@ -23,7 +25,7 @@ constexpr int minutesPerHour = 60, minutesPerDay = 1440;
 /// Whether the night prayer of a day follows sunset by an interval.
 bool nightFollowsSunset(const CityDay& day) {
     const auto convention = conventions::conventionOf(day.method.method);
-    return convention && convention->rule(conventions::Prayer::isha).basis == conventions::Basis::afterMaghrib;
+    return convention && convention->rule(Prayer::isha).basis == conventions::Basis::afterMaghrib;
 }
 
 std::int32_t absenceOf(const CityDay& day, int code) {
@@ -155,7 +157,7 @@ const char* quode_absence_text(int32_t absence) {
 
 void quode_clock_text(int32_t minute, char text[6]) {
     if (minute == QUODE_NO_MINUTE) {
-        std::memcpy(text, "--:--", 6);
+        *std::ranges::copy(formatting::noTime, text).out = '\0';
         return;
     }
     const int ofDay = (minute % minutesPerDay + minutesPerDay) % minutesPerDay;

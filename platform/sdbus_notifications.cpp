@@ -8,6 +8,8 @@
 #include <array>
 #include <utility>
 
+#include "texts/markup.h"
+
 namespace quode {
 namespace {
 
@@ -42,27 +44,6 @@ int appendActions(sd_bus_message* call, const std::vector<NotificationAction>& a
         if (result >= 0) result = sd_bus_message_append(call, "ss", action.key.c_str(), action.label.c_str());
     }
     return result < 0 ? result : sd_bus_message_close_container(call);
-}
-
-// Services show the body as markup.
-std::string escaped(const std::string& text) {
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-            case '&':
-                result += "&amp;";
-                break;
-            case '<':
-                result += "&lt;";
-                break;
-            case '>':
-                result += "&gt;";
-                break;
-            default:
-                result += c;
-        }
-    }
-    return result;
 }
 
 class SdBusNotifications : public NotificationService {
@@ -162,7 +143,7 @@ class SdBusNotifications : public NotificationService {
 
     static int append(sd_bus_message* call, const Notification& notification) {
         int result = sd_bus_message_append(call, "susss", "Quode", 0U, "quode", notification.title.c_str(),
-                                           escaped(notification.body).c_str());
+                                           escapedMarkup(notification.body).c_str());
         if (result >= 0) result = appendActions(call, notification.actions);
         if (result >= 0) {
             result = sd_bus_message_append(call, "a{sv}", 3, "urgency", "y", critical, "category", "s", "x-quode.alarm",

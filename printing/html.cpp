@@ -6,6 +6,8 @@
 
 #include <string_view>
 
+#include "texts/markup.h"
+
 namespace quode::printing {
 namespace {
 
@@ -40,29 +42,6 @@ footer, .remarks { font-size: 0.8rem; }
 }
 )css";
 
-std::string escaped(std::string_view text) {
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-            case '&':
-                result += "&amp;";
-                break;
-            case '<':
-                result += "&lt;";
-                break;
-            case '>':
-                result += "&gt;";
-                break;
-            case '"':
-                result += "&quot;";
-                break;
-            default:
-                result += c;
-        }
-    }
-    return result;
-}
-
 std::string_view classOf(Column::Kind kind) {
     switch (kind) {
         case Column::Kind::weekday:
@@ -86,7 +65,7 @@ std::string rowOf(const Timetable& timetable, const Row& row) {
     std::string text = classes.empty() ? "<tr>" : fmt::format("<tr class=\"{}\">", classes);
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         const Column::Kind kind = timetable.columns[i].kind;
-        const std::string cell = escaped(row.cells[i]);
+        const std::string cell = escapedMarkup(row.cells[i]);
         text += kind == Column::Kind::day
                     ? fmt::format("<td class=\"day\"><time datetime=\"{}\">{}</time></td>", row.date, cell)
                     : fmt::format("<td class=\"{}\">{}</td>", classOf(kind), cell);
@@ -97,7 +76,8 @@ std::string rowOf(const Timetable& timetable, const Row& row) {
 std::string tableOf(const Timetable& timetable, const Page& page) {
     std::string text = "<table>\n<thead><tr>";
     for (const Column& column : timetable.columns) {
-        text += fmt::format("<th scope=\"col\" class=\"{}\">{}</th>", classOf(column.kind), escaped(column.heading));
+        text +=
+            fmt::format("<th scope=\"col\" class=\"{}\">{}</th>", classOf(column.kind), escapedMarkup(column.heading));
     }
     text += "</tr></thead>\n<tbody>\n";
     for (const Row& row : page.rows) text += rowOf(timetable, row);
@@ -106,14 +86,15 @@ std::string tableOf(const Timetable& timetable, const Page& page) {
 
 std::string sectionOf(const Timetable& timetable, const Page& page) {
     std::string text = "<section>\n<header>\n";
-    text += fmt::format("<h1>{} · {}</h1>\n<p>{}</p>\n<h2>{}</h2>\n<p>{}</p>\n</header>\n", escaped(timetable.place),
-                        escaped(timetable.title), escaped(timetable.placeDetails), escaped(page.heading),
-                        escaped(page.hijriHeading));
+    text +=
+        fmt::format("<h1>{} · {}</h1>\n<p>{}</p>\n<h2>{}</h2>\n<p>{}</p>\n</header>\n", escapedMarkup(timetable.place),
+                    escapedMarkup(timetable.title), escapedMarkup(timetable.placeDetails), escapedMarkup(page.heading),
+                    escapedMarkup(page.hijriHeading));
     text += tableOf(timetable, page);
     text += "<div class=\"remarks\">\n";
-    for (const std::string& remark : page.remarks) text += "<p>" + escaped(remark) + "</p>\n";
+    for (const std::string& remark : page.remarks) text += "<p>" + escapedMarkup(remark) + "</p>\n";
     text += "</div>\n<footer>\n";
-    for (const std::string& note : timetable.notes) text += "<p>" + escaped(note) + "</p>\n";
+    for (const std::string& note : timetable.notes) text += "<p>" + escapedMarkup(note) + "</p>\n";
     return text + "</footer>\n</section>\n";
 }
 
@@ -123,8 +104,8 @@ std::string htmlOf(const Timetable& timetable) {
     std::string text = fmt::format(
         "<!DOCTYPE html>\n<html lang=\"{}\" dir=\"{}\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>{} · {}</title>\n<style>",
-        timetable.language, timetable.isRightToLeft ? "rtl" : "ltr", escaped(timetable.place),
-        escaped(timetable.title));
+        timetable.language, timetable.isRightToLeft ? "rtl" : "ltr", escapedMarkup(timetable.place),
+        escapedMarkup(timetable.title));
     text += style;
     text += "</style>\n</head>\n<body>\n";
     for (const Page& page : timetable.pages) text += sectionOf(timetable, page);

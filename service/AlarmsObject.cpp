@@ -177,7 +177,7 @@ int snooze(sd_bus_message* call, void* context, sd_bus_error* error) {
     return answerRings(call, context, error, "snooze");
 }
 
-// The trial lasts for seconds, in a process of its own: nobody waits for it here.
+// The trial lasts for seconds, in a process of its own: this one does not wait for it.
 int test(sd_bus_message* call, void*, sd_bus_error* error) {
     return answering(error, [&] {
         const char* prayer = nullptr;

@@ -177,13 +177,13 @@ void HomeWatch::arm(std::int64_t instant) {
     if (session_->variable("QUODE_NOW")) return;  // a clock that stands brings no moment
     itimerspec when{};
     when.it_value.tv_sec = static_cast<std::time_t>(instant);
-    // Arming the timer takes back a report that the clock was set meanwhile, and fails then.
+    // Arming the timer discards a report that the clock was set in between; it fails then.
     while (timerfd_settime(timer_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when, nullptr) < 0 &&
            errno == ECANCELED) {
     }
 }
 
-// The language may be another one, and the services speak it. A data folder that the user deleted is not made again:
+// The language may be another one, and the services speak it. A data folder that the user deleted is not recreated:
 // it is looked for until it is there, and watched again then.
 void HomeWatch::choicesChanged() {
     if (!startAgain()) return settle(folderIntervalUs);
@@ -205,7 +205,7 @@ int HomeWatch::folderChanged(sd_event_source*, const inotify_event* event, void*
     const std::string_view name = event->len > 0 ? event->name : "";
     const bool isLost = (event->mask & IN_Q_OVERFLOW) != 0;
     if (name == ringsName && self->onRings) self->onRings();
-    // A change is complete when the journal beside the database is gone.
+    // A change is complete when the journal beside the database has been removed.
     if (!name.starts_with(databaseName) && name != zoneName && !isLost) return 0;
     self->settle(settlingUs);
     return 0;

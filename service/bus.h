@@ -60,7 +60,7 @@ void appendEntry(sd_bus_message* message, const char* key, const std::string& va
 struct Context {
     sd_bus* bus = nullptr;
     HomeWatch* home = nullptr;
-    std::function<void(const std::string& command)> tellRinger;  ///< empty when nobody rings here
+    std::function<void(const std::string& command)> tellRinger;  ///< empty without a ringer
 
     app::Session& session() const { return home->session(); }
 };

@@ -57,7 +57,7 @@ void useRinger(sd_event* loop, int descriptor, Context& context) {
 }
 
 app::ExitCode serve(std::optional<int> ringer) {
-    signal(SIGCHLD, SIG_IGN);  // nobody waits for the programs that are started
+    signal(SIGCHLD, SIG_IGN);  // this process does not wait for the programs that it starts
     signal(SIGPIPE, SIG_IGN);
     const Loop loop = newLoop();
     sd_bus* opened = nullptr;
@@ -65,7 +65,7 @@ app::ExitCode serve(std::optional<int> ringer) {
         throw app::Failure(app::ExitCode::notFound, _("There is no session bus. Run quode in your desktop session."));
     }
     const Bus bus(opened);
-    // The alarm service has made the folder; one that is gone was deleted by the user, and is not made again.
+    // The alarm service has made the folder; a missing one was deleted by the user and is not recreated.
     HomeWatch home(loop.get(), ringer ? HomeWatch::Folder::isThere : HomeWatch::Folder::made);
     Context context{bus.get(), &home, {}};
     if (ringer) useRinger(loop.get(), *ringer, context);

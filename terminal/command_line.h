@@ -17,7 +17,7 @@ struct Invocation {
     Arguments arguments;
 };
 
-/// Help that was asked for, or a request for the version.
+/// Requested help, or a request for the version.
 struct HelpText {
     std::string text;
 };

@@ -34,7 +34,7 @@ ExitCode writtenOrFailed(const std::string& text, ExitCode code) {
     switch (writeOutput(text)) {
         case WriteResult::written:
             return code;
-        case WriteResult::readerGone:  // as with "quode year | head": whoever reads has seen enough
+        case WriteResult::readerGone:  // as with "quode year | head": the reader has seen enough
             return ExitCode::outputFailed;
         default:
             writeMessage(_("The output cannot be written: {}.", std::system_category().message(errno)));

@@ -11,7 +11,6 @@ namespace quode::timetables {
 namespace {
 
 using conventions::ConventionDay;
-using conventions::Prayer;
 
 std::chrono::year_month_day dateOf(int number) {
     return std::chrono::sys_days(std::chrono::days(number));

@@ -20,7 +20,7 @@ class SunCheck {
         int earliest = 0, latest = 0;
         double middle = 0.0;
     };
-    using Day = std::array<Range, conventions::prayerCount>;
+    using Day = std::array<Range, mainPrayerCount>;
 
     explicit SunCheck(const Site& site) : site_(site) {}
 

@@ -20,7 +20,7 @@ VAKDate recordOf(int number) {
 }
 
 void compare(const TimetableRow& row, const CityDay& day, Fit& fit) {
-    for (std::size_t i = 0; i < conventions::prayerCount; ++i) {
+    for (std::size_t i = 0; i < mainPrayerCount; ++i) {
         const double hours = timeOfPrayer(day, firstPrayer + int(i));
         if (!row.minutes[i] || hours == missingTime) continue;
         const int off = std::abs(shownMinute(hours) - *row.minutes[i]);

@@ -14,7 +14,7 @@ namespace quode::timetables {
 struct Fit {
     std::string key;
     int times = 0, exact = 0, withinOne = 0, worst = 0;
-    std::array<int, conventions::prayerCount> prayerTimes{}, prayerWithinOne{};
+    std::array<int, mainPrayerCount> prayerTimes{}, prayerWithinOne{};
 
     double percentWithinOne() const { return times == 0 ? 0.0 : 100.0 * withinOne / times; }
 };

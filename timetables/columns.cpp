@@ -223,10 +223,10 @@ std::optional<Column> columnOf(std::string_view heading) {
 }
 
 std::string nameOf(Column column) {
-    if (column <= Column::isha) return std::string(conventions::nameOf(static_cast<conventions::Prayer>(column)));
+    if (column <= Column::isha) return std::string(conventions::nameOf(prayerAt(static_cast<std::size_t>(column))));
     if (column >= Column::fajrIqama && column <= Column::ishaIqama) {
         const int prayer = static_cast<int>(column) - static_cast<int>(Column::fajrIqama);
-        return _("iqama of {}", conventions::nameOf(static_cast<conventions::Prayer>(prayer)));
+        return _("iqama of {}", conventions::nameOf(prayerAt(static_cast<std::size_t>(prayer))));
     }
     constexpr std::array<const char*, 6> others = {"imsak", "sabah", "date", "day", "month", "year"};
     if (column == Column::asrHanafi) return _("asr (Hanafi)");

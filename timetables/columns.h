@@ -8,7 +8,7 @@
 
 namespace quode::timetables {
 
-/// What a column of a timetable holds. The first six and the seventh are in the order of `conventions::Prayer`.
+/// What a column of a timetable holds. The first six and the seventh are in the order of `Prayer`.
 enum class Column {
     fajr,
     sunrise,

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "common/formatting.h"
 #include "common/numbers.h"
 #include "texts/translation.h"
 #include "timetables/cells.h"
@@ -16,9 +17,6 @@
 
 namespace quode::timetables {
 namespace {
-
-using conventions::Prayer;
-using conventions::prayerCount;
 
 constexpr int minutesPerDay = 1440, minutesPerHour = 60, noon = 720;
 constexpr int earliestYear = 1900, latestYear = 2200;
@@ -91,7 +89,7 @@ class Reader {
         const bool hasDate = has(Column::date) || (has(Column::day) && has(Column::month));
         if (!hasDate) throw ImportError(_("No column holds the date. Name it \"date\"."));
         int prayers = 0;
-        for (int i = 0; i < prayerCount; ++i) prayers += has(static_cast<Column>(i)) ? 1 : 0;
+        for (int i = 0; i < mainPrayerCount; ++i) prayers += has(static_cast<Column>(i)) ? 1 : 0;
         if (prayers == 0) throw ImportError(_("No column holds a prayer. Name them fajr, dhuhr, asr, maghrib, isha."));
     }
 
@@ -203,7 +201,7 @@ class Reader {
     }
 
     static bool isLeftOut(const std::string& text) {
-        return text == "-" || text == "--:--" || text == "—" || text == "–" || text == "N/A";
+        return text == "-" || text == formatting::noTime || text == "—" || text == "–" || text == "N/A";
     }
 
     int minuteOf(const std::string& text, Column column) const {
@@ -241,7 +239,7 @@ class Reader {
 
     static void checkOrder(const TimetableRow& times) {
         std::optional<std::size_t> before;
-        for (std::size_t i = 0; i < prayerCount; ++i) {
+        for (std::size_t i = 0; i < mainPrayerCount; ++i) {
             if (!times.minutes[i]) continue;
             if (before && *times.minutes[i] <= *times.minutes[*before]) {
                 throw BadRow{_("{} at {} is not after {} at {}", nameOf(static_cast<Column>(i)),
@@ -266,7 +264,7 @@ class Reader {
                   "table is of another place or clock",
                   nameOf(column), clock(*minute), clock(range.earliest), clock(range.latest))};
         };
-        for (std::size_t i = 0; i < prayerCount; ++i) check(times.minutes[i], i, static_cast<Column>(i));
+        for (std::size_t i = 0; i < mainPrayerCount; ++i) check(times.minutes[i], i, static_cast<Column>(i));
         check(times.asrHanafi, 3, Column::asrHanafi);
     }
 
@@ -295,7 +293,7 @@ class Reader {
     }
 
     void readIqamas(const RawRow& row, TimetableRow& times) const {
-        for (std::size_t i = 0; i < prayerCount; ++i) {
+        for (std::size_t i = 0; i < mainPrayerCount; ++i) {
             const auto column = static_cast<Column>(int(Column::fajrIqama) + int(i));
             times.iqama[i] = iqamaOf(cell(row, column), column, times.minutes[i]);
         }

@@ -81,7 +81,7 @@ std::optional<Outlier> takeFarthest(std::vector<Point>& points, double tolerance
 
 std::vector<Outlier> outliersOf(const Timetable& table, SunCheck& check) {
     std::vector<Outlier> outliers;
-    for (std::size_t prayer = 0; prayer < conventions::prayerCount; ++prayer) {
+    for (std::size_t prayer = 0; prayer < mainPrayerCount; ++prayer) {
         std::vector<Point> points = pointsOf(table, check, prayer);
         if (points.size() < 3) continue;
         const double tolerance = toleranceOf(points);

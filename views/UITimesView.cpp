@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "views/UITimesView.h"
 
+#include "alarms/DatabaseFunctions.h"
 #include "common/GlobalFuncs.h"
-#include "data/DatabaseFunctions.h"
 #include "texts/translation.h"
 #include "views/drawing.h"
 

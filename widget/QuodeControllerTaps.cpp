@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // The actions of the widget's buttons.
+#include "alarms/DatabaseFunctions.h"
 #include "common/GlobalFuncs.h"
-#include "data/DatabaseFunctions.h"
 #include "data/city_day.h"
 #include "texts/translation.h"
 #include "views/MessageView.h"

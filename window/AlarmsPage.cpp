@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 
 #include "app/user_alarms.h"
-#include "common/prayer.h"
+#include "astro/prayer.h"
 #include "window/AlarmCard.h"
 #include "window/MutePart.h"
 

@@ -176,7 +176,7 @@ QString SettingsWindow::openedPage() const {
 
 // --- what is stored
 
-// After the event that is going on: rows that were clicked may be made again.
+// After the event that is going on: rows that were clicked may be recreated.
 void SettingsWindow::refreshSoon() {
     refreshing_.start(0);
 }

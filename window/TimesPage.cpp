@@ -25,7 +25,6 @@ namespace {
 
 using conventions::Convention;
 using conventions::Method;
-using conventions::prayerCount;
 
 constexpr int largestMinutes = 120;
 constexpr int usualOne = -1;  // of the rules for high latitudes
@@ -117,7 +116,7 @@ QWidget* TimesPage::newPreviewPart() {
     grid->addWidget(newRemark(_("before"), card), 0, 1);
     grid->addWidget(newRemark(_("now"), card), 0, 2);
     grid->addWidget(newRemark(_("your minutes"), card), 0, 3);
-    for (std::size_t row = 0; row < prayerCount; ++row) {
+    for (std::size_t row = 0; row < mainPrayerCount; ++row) {
         const int line = int(row) * 2 + 1;
         const QString name = toQt(session().prayerName(firstPrayer + int(row)));
         names_[row] = newLabel(name, card);
@@ -206,9 +205,8 @@ void TimesPage::showRules() {
         return;
     }
     QStringList lines;
-    for (int prayer = 0; prayer < prayerCount; ++prayer) {
-        lines << toQt(session().prayerName(firstPrayer + prayer)) + ": " +
-                     toQt(app::ruleSentence(*convention, conventions::Prayer(prayer)));
+    for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+        lines << toQt(session().prayerName(code)) + ": " + toQt(app::ruleSentence(*convention, Prayer(code)));
     }
     rules_->setText(lines.join('\n'));
     QStringList facts{toQt(app::authorityText(*convention))};
@@ -220,7 +218,7 @@ void TimesPage::showRules() {
 void TimesPage::showPreview() {
     const CityDay now = todayBy(session(), *city_, city_->choice.method);
     const CityDay before = todayBy(session(), *city_, *before_);
-    for (std::size_t row = 0; row < prayerCount; ++row) {
+    for (std::size_t row = 0; row < mainPrayerCount; ++row) {
         const int code = firstPrayer + int(row);
         times_[row]->setText(toQt(app::clockText(session(), timeOfPrayer(now, code))));
         former_[row]->setText(toQt(app::clockText(session(), timeOfPrayer(before, code))));

@@ -44,8 +44,8 @@ class TimesPage : public Page {
     QLabel* place_;
     QComboBox *method_ = nullptr, *asr_ = nullptr, *highLatitude_ = nullptr;
     QLabel *usual_ = nullptr, *authority_ = nullptr, *rules_ = nullptr;
-    std::array<QLabel*, conventions::prayerCount> names_{}, times_{}, former_{}, marks_{};
-    std::array<QSpinBox*, conventions::prayerCount> minutes_{};
+    std::array<QLabel*, mainPrayerCount> names_{}, times_{}, former_{}, marks_{};
+    std::array<QSpinBox*, mainPrayerCount> minutes_{};
     QPushButton* undo_ = nullptr;
 };
 

@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-#include "common/prayer.h"
+#include "astro/prayer.h"
 #include "texts/translation.h"
 
 namespace quode::window {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// quode calendar connect, disconnect: lets Evolution, and with it GNOME's calendar, show the alarms.
+// quode calendar connect, disconnect: show the alarms in Evolution and GNOME's calendar.
 #include <algorithm>
 
 #include "app/calendar_connection.h"

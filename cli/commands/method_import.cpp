@@ -13,6 +13,7 @@
 #include "app/method_choice.h"
 #include "app/user_data.h"
 #include "cli/commands.h"
+#include "common/formatting.h"
 #include "common/numbers.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
@@ -77,13 +78,14 @@ std::string verdict(const std::vector<Fit>& fits) {
 
 std::string rowText(int number, const TimetableRow& row) {
     std::string text = isoDate(recordOf(number));
-    for (const auto& minute : row.minutes) text.append("  ").append(minute ? clock24(*minute / 60.0) : "--:--");
+    for (const auto& minute : row.minutes)
+        text.append("  ").append(minute ? clock24(*minute / 60.0) : std::string(formatting::noTime));
     if (row.asrHanafi) text += _("  Hanafi {}", clock24(*row.asrHanafi / 60.0));
     for (std::size_t i = 0; i < row.iqama.size(); ++i) {
         if (!row.iqama[i]) continue;
         const Iqama& iqama = *row.iqama[i];
         const std::string when = iqama.isFixed ? clock24(iqama.minutes / 60.0) : fmt::format("+{}", iqama.minutes);
-        const std::string prayer(conventions::nameOf(static_cast<conventions::Prayer>(i)));
+        const std::string prayer(conventions::nameOf(prayerAt(i)));
         text += "  " + _("{} iqama {}", prayer, when);
     }
     return text;

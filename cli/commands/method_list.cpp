@@ -18,7 +18,6 @@ namespace {
 
 using conventions::Basis;
 using conventions::Convention;
-using conventions::Prayer;
 using conventions::PrayerRule;
 
 constexpr std::array prayers = {Prayer::fajr, Prayer::sunrise, Prayer::dhuhr,

@@ -10,6 +10,7 @@
 #include "cli/commands.h"
 #include "cli/method_arguments.h"
 #include "terminal/Console.h"
+#include "texts/markup.h"
 #include "texts/translation.h"
 
 namespace quode::cli {
@@ -64,37 +65,24 @@ std::string filled(Session& session, const ComingPrayer& coming, std::string_vie
     return text;
 }
 
-/// The text as Pango's markup, in which bars show it.
-std::string marked(const std::string& text) {
-    std::string result;
-    for (const char c : text) {
-        if (c == '&' || c == '<' || c == '>') {
-            result += c == '&' ? "&amp;" : c == '<' ? "&lt;" : "&gt;";
-        } else {
-            result += c;
-        }
-    }
-    return result;
-}
-
 /// What Waybar's module "custom" reads with "return-type": "json". Others, such as Quickshell, read the same.
 Json waybarJson(Session& session, const ComingPrayer& coming) {
     const NextPrayer& prayer = coming.prayer;
     const CityDay day = computeCityDay(coming.site, today(session, coming.site));
     const std::string name = session.prayerName(prayer.code), clock = clockText(session, prayer.hours);
-    std::string tooltip = marked(coming.place.city.name) + ", " + marked(longDate(session, day.date));
+    std::string tooltip = escapedMarkup(coming.place.city.name) + ", " + escapedMarkup(longDate(session, day.date));
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
         const std::string line =
-            marked(session.prayerName(code)) + " " + marked(clockText(session, timeOfPrayer(day, code)));
+            escapedMarkup(session.prayerName(code)) + " " + escapedMarkup(clockText(session, timeOfPrayer(day, code)));
         const bool isNext = code == prayer.code && sameDay(prayer.date, day.date);
         tooltip += "\n" + (isNext ? "<b>" + line + "</b>" : line);
     }
     const bool isSoon = timeLeft(session, prayer) <= soon;
     Json::Array classes{prayerKey(prayer.code)};
     if (isSoon) classes.emplace_back("soon");
-    return object({{"text", marked(name + " " + clock)},
+    return object({{"text", escapedMarkup(name + " " + clock)},
                    {"alt", prayerKey(prayer.code)},
-                   {"tooltip", tooltip + "\n" + marked(timeLeftText(session, coming.site, prayer))},
+                   {"tooltip", tooltip + "\n" + escapedMarkup(timeLeftText(session, coming.site, prayer))},
                    {"class", Json(std::move(classes))}});
 }
 

@@ -17,6 +17,7 @@
 #include "cli/day_csv.h"
 #include "cli/method_arguments.h"
 #include "cli/page_parts.h"
+#include "common/formatting.h"
 #include "data/city_days.h"
 #include "data/iqama.h"
 #include "data/night_parts.h"
@@ -230,7 +231,8 @@ void printTable(Console& console, const Timetable& table) {
     }
     if (notes.hasIqama) console.print(console.wrapped(_("After the slash: iqama, when the congregation begins.")));
     for (const std::string& line : notes.earlierDay.lines()) console.print(console.wrapped(line, 2));
-    for (const std::string& note : notes.missing) console.print(console.wrapped("--:-- " + note, 6));
+    for (const std::string& note : notes.missing)
+        console.print(console.wrapped(fmt::format("{} {}", formatting::noTime, note), 6));
     printWarnings(console, table.warnings);
     printHowChosen(console, table.place);
 }

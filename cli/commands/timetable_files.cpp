@@ -28,7 +28,7 @@ printing::PdfOptions pdfOptions(const Arguments& arguments) {
     return options;
 }
 
-/// Options that mean nothing in the chosen format are refused: nobody should print a page and miss what was asked for.
+/// Options without a meaning in the chosen format are refused: a page must not silently lack what was requested.
 void refuseOthers(const Arguments& arguments, const std::string& format) {
     constexpr std::array<std::pair<const char*, const char*>, 3> homes{
         {{"paper", "pdf"}, {"sheet", "pdf"}, {"alarm", "ics"}}};

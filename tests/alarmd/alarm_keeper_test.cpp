@@ -20,8 +20,7 @@ TEST_F(AlarmKeeperTest, RingsAtTheMinuteOfThePrayer) {
     clock->present = due - seconds(1);
     EXPECT_EQ(keeper->wake(), due);
     EXPECT_THAT(desk.rings, IsEmpty());
-    clock->present = due;
-    keeper->wake();
+    wakeAt(due);
     ASSERT_EQ(desk.rings.size(), 1U);
     EXPECT_EQ(desk.rings[0].alarm.code, 202);
     EXPECT_EQ(desk.rings[0].alarm.due, due);
@@ -43,8 +42,7 @@ TEST_F(AlarmKeeperTest, RingsOnceHoweverOftenItIsWoken) {
     const sys_seconds due = dueOf(202);
     keeper->wake();
     for (int second = 0; second < 120; second += 7) {
-        clock->present = due + seconds(second);
-        keeper->wake();
+        wakeAt(due + seconds(second));
     }
     EXPECT_EQ(desk.rings.size(), 1U);
 }
@@ -54,8 +52,7 @@ TEST_F(AlarmKeeperTest, RingsEachAlarmOfAMonthExactlyOnceADay) {
     for (const auto& [code, offset] : offsets) switchOn(code, offset);
     const sys_seconds start = floor<seconds>(clock->present);
     keeper->wake();
-    clock->present = start + hours(8);  // past the night's ring of the day before
-    keeper->wake();
+    wakeAt(start + hours(8));  // past the night's ring of the day before
     desk.rings.clear();
     told.clear();
     runUntil(start + hours(8) + days(31));
@@ -139,29 +136,23 @@ TEST_F(AlarmKeeperTest, FollowsAChangeOfTheZone) {
 TEST_F(AlarmKeeperTest, RingsLateAndSaysSo) {
     switchOn(202);
     keeper->wake();
-    clock->present = dueOf(202) + minutes(7) + seconds(30);  // the machine slept
-    keeper->wake();
+    wakeAt(dueOf(202) + minutes(7) + seconds(30));  // the machine slept
     ASSERT_EQ(desk.rings.size(), 1U);
     EXPECT_EQ(desk.rings[0].late, minutes(7));
 }
 
 TEST_F(AlarmKeeperTest, DropsWhatIsTooLate) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     clock->present = due + minutes(16);
     EXPECT_GT(keeper->wake(), due + minutes(16));
     EXPECT_THAT(desk.rings, IsEmpty());
     EXPECT_THAT(told, HasSubstr("missed by 16 min"));
-    clock->present = due + minutes(1);  // the clock is put back
-    keeper->wake();
+    wakeAt(due + minutes(1));  // the clock is put back
     EXPECT_THAT(desk.rings, IsEmpty());
 }
 
 TEST_F(AlarmKeeperTest, RingsLateAfterALateStart) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     clock->present = due + minutes(10);
     restart();
     keeper->wake();
@@ -171,15 +162,13 @@ TEST_F(AlarmKeeperTest, RingsLateAfterALateStart) {
 
 TEST_F(AlarmKeeperTest, DoesNotRingForThePastWhenItStartsForTheFirstTime) {
     switchOn(202);
-    clock->present = dueOf(202) + minutes(2);
-    keeper->wake();
+    wakeAt(dueOf(202) + minutes(2));
     EXPECT_THAT(desk.rings, IsEmpty());
 }
 
 TEST_F(AlarmKeeperTest, DoesNotRingForAnAlarmThatIsSwitchedOnAfterItsMoment) {
     keeper->wake();
-    clock->present = dueOf(202) + minutes(3);
-    keeper->wake();
+    wakeAt(dueOf(202) + minutes(3));
     switchOn(202);
     keeper->wake();
     EXPECT_THAT(desk.rings, IsEmpty());
@@ -225,8 +214,7 @@ TEST_F(AlarmKeeperTest, DoesNotRingForThePastOfANewAlarmAfterACrash) {
 
 TEST_F(AlarmKeeperTest, RingsOnAfterAClockThatRanYearsAhead) {
     switchOn(202);
-    clock->present = utc("2031-05-05 05:05");
-    keeper->wake();
+    wakeAt(utc("2031-05-05 05:05"));
     clock->present = utc("2026-10-16 22:00");
     restart();
     const sys_seconds due = dueOf(202);

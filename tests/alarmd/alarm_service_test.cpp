@@ -11,14 +11,12 @@
 #include <fstream>
 
 #include "alarmd/ring_texts.h"
-#include "common/GlobalFuncs.h"
+#include "alarms/DatabaseFunctions.h"
 #include "companion/RingRecords.h"
-#include "data/DatabaseFunctions.h"
 #include "platform/Uptime.h"
-#include "platform/system_platform.h"
 #include "recording_desk.h"
-#include "support/fake_platform.h"
 #include "support/memory_event_store.h"
+#include "support/shared_services.h"
 #include "support/temporary_folder.h"
 #include "support/zoned_clock.h"
 
@@ -56,12 +54,7 @@ class SilentNotifications : public NotificationService {
 class AlarmServiceTest : public testing::Test {
   protected:
     AlarmServiceTest() {
-        Platform platform = FakePlatform().platform();
-        platform.clock = clock;
-        platform.files = posixFiles();
-        platform.dataFolder = folder.path();
-        platform.eventStore = calendar;
-        GlobalFuncs::startUp(platform);
+        startServices(folder.path(), clock, calendar);
         clock->present = utc("2040-10-17 00:00");
         std::filesystem::create_directory(zoneFile.parent_path());
         sd_event_new(&loop);

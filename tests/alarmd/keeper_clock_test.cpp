@@ -12,13 +12,9 @@ using testing::IsEmpty;
 class KeeperClockTest : public AlarmKeeperTest {};
 
 TEST_F(KeeperClockTest, RingsAtItsTimeAfterAClockThatRanAheadForAMinute) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
-    clock->present = due - hours(2);
-    keeper->wake();
-    setClock(due + minutes(20));
-    keeper->wake();
+    const sys_seconds due = plannedRing(202);
+    wakeAt(due - hours(2));
+    wakeWithClockSetTo(due + minutes(20));
     setClock(due - hours(2) + minutes(1));
     EXPECT_EQ(keeper->wake(), due);
     runUntil(due + minutes(1));
@@ -27,79 +23,51 @@ TEST_F(KeeperClockTest, RingsAtItsTimeAfterAClockThatRanAheadForAMinute) {
 }
 
 TEST_F(KeeperClockTest, RingsLateForWhatAClockThatRanAheadPassedOver) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
-    clock->present = due - minutes(1);
-    keeper->wake();
-    setClock(due + hours(3));
-    keeper->wake();
-    clock->present = due + hours(3) + minutes(5);  // while it is wrong, five minutes pass
-    keeper->wake();
+    const sys_seconds due = plannedRing(202);
+    wakeAt(due - minutes(1));
+    wakeWithClockSetTo(due + hours(3));
+    wakeAt(due + hours(3) + minutes(5));  // while it is wrong, five minutes pass
     EXPECT_THAT(desk.rings, IsEmpty());
-    setClock(due + minutes(4));
-    keeper->wake();
+    wakeWithClockSetTo(due + minutes(4));
     ASSERT_EQ(desk.rings.size(), 1U);
     EXPECT_EQ(desk.rings[0].late, minutes(4));
 }
 
 TEST_F(KeeperClockTest, RingsAgainAtItsTimeWhatAWrongClockBroughtHoursTooEarly) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
-    clock->present = due - hours(5);
-    keeper->wake();
-    setClock(due - minutes(1));
-    keeper->wake();
-    clock->present = due;
-    keeper->wake();
+    const sys_seconds due = plannedRing(202);
+    wakeAt(due - hours(5));
+    wakeWithClockSetTo(due - minutes(1));
+    wakeAt(due);
     EXPECT_EQ(desk.rings.size(), 1U);
-    setClock(due - hours(5) + minutes(2));
-    keeper->wake();
+    wakeWithClockSetTo(due - hours(5) + minutes(2));
     runUntil(due + minutes(1));
     EXPECT_EQ(desk.rings.size(), 2U);
 }
 
 TEST_F(KeeperClockTest, RingsLateWhatAWrongClockBroughtTooEarlyWhenItIsPutRightTooLate) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
-    clock->present = due - hours(2);
-    keeper->wake();
-    setClock(due - minutes(1));
-    keeper->wake();
-    clock->present = due;
-    keeper->wake();
+    const sys_seconds due = plannedRing(202);
+    wakeAt(due - hours(2));
+    wakeWithClockSetTo(due - minutes(1));
+    wakeAt(due);
     EXPECT_EQ(desk.rings.size(), 1U);
-    clock->present = due + hours(2) + minutes(2);
-    keeper->wake();
-    setClock(due + minutes(3));
-    keeper->wake();
+    wakeAt(due + hours(2) + minutes(2));
+    wakeWithClockSetTo(due + minutes(3));
     ASSERT_EQ(desk.rings.size(), 2U);
     EXPECT_EQ(desk.rings[1].late, minutes(3));
 }
 
 TEST_F(KeeperClockTest, RingsAgainAtItsTimeAfterAClockThatWasWrongInBothDirections) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
-    clock->present = due - hours(9);
-    keeper->wake();
-    setClock(due - hours(14));  // back, and killed meanwhile
-    keeper->wake();
+    const sys_seconds due = plannedRing(202);
+    wakeAt(due - hours(9));
+    wakeWithClockSetTo(due - hours(14));  // back, and killed meanwhile
     restart();
-    setClock(due - hours(9) + minutes(1));  // right again
-    keeper->wake();
-    clock->present = due - hours(5);
-    keeper->wake();
-    setClock(due - minutes(1));  // ahead
-    keeper->wake();
+    wakeWithClockSetTo(due - hours(9) + minutes(1));  // right again
+    wakeAt(due - hours(5));
+    wakeWithClockSetTo(due - minutes(1));  // ahead
     restart();
-    clock->present = due;
-    keeper->wake();
+    wakeAt(due);
     EXPECT_EQ(desk.rings.size(), 1U);
-    setClock(due - hours(5) + minutes(2));
-    keeper->wake();
+    wakeWithClockSetTo(due - hours(5) + minutes(2));
     runUntil(due + minutes(1));
     EXPECT_EQ(desk.rings.size(), 2U);
 }
@@ -110,15 +78,12 @@ TEST_F(KeeperClockTest, RingsOnceAlthoughTheClockIsBackForHours) {
     runUntil(due + minutes(1));
     setClock(due - hours(6));
     runUntil(due + minutes(1));
-    setClock(due + hours(6) + minutes(2));
-    keeper->wake();
+    wakeWithClockSetTo(due + hours(6) + minutes(2));
     EXPECT_EQ(desk.rings.size(), 1U);
 }
 
 TEST_F(KeeperClockTest, DecidesNothingByAClockThatWasNeverSet) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     const sys_seconds planned = calendar->events.begin()->second.start;
     clock->present = due - minutes(5);
     keeper->rest();
@@ -128,8 +93,7 @@ TEST_F(KeeperClockTest, DecidesNothingByAClockThatWasNeverSet) {
     EXPECT_LE(keeper->wake(), utc("1970-01-01 00:06"));
     EXPECT_EQ(calendar->events.begin()->second.start, planned) << "the event stays where it is";
     EXPECT_THAT(told, HasSubstr("The clock of this device has not been set"));
-    setClock(due + minutes(2));
-    keeper->wake();
+    wakeWithClockSetTo(due + minutes(2));
     EXPECT_EQ(desk.rings.size(), 1U);
 }
 

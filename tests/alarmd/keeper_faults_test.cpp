@@ -36,9 +36,7 @@ TEST_F(KeeperFaultsTest, RepeatsARingThatMayNotHaveBeenSeen) {
 }
 
 TEST_F(KeeperFaultsTest, TakesOverARingThatWasShownButNotNoted) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     clock->present = due;
     // From the notification on nothing reaches the database, as if the process had been killed then.
     desk.beforeRing = [this] { disk.emplace(FaultyDisk::Fault::full, 1); };
@@ -56,9 +54,7 @@ TEST_F(KeeperFaultsTest, TakesOverARingThatWasShownButNotNoted) {
 // --- faults
 
 TEST_F(KeeperFaultsTest, RingsOnceOnAFullDisk) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     disk.emplace(FaultyDisk::Fault::full, 1);
     for (int second = 0; second < 90; second += 30) {
         clock->present = due + seconds(second);
@@ -87,9 +83,7 @@ TEST_F(KeeperFaultsTest, SnoozesOnAFullDisk) {
 }
 
 TEST_F(KeeperFaultsTest, RingsLateWhenAnotherProgramHeldTheLock) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     sqlite3* opened = nullptr;
     sqlite3_open((folder.path() / "user.sqlite").c_str(), &opened);
     const sqlite::Database other(opened);
@@ -127,33 +121,25 @@ TEST_F(KeeperFaultsTest, RingsWithoutANotificationService) {
 // --- a database that cannot be read
 
 TEST_F(KeeperFaultsTest, RingsWhatItKnowsWhileTheDatabaseIsLocked) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     const auto other = lockDatabase();
-    clock->present = due;
-    keeper->wake();
+    wakeAt(due);
     EXPECT_EQ(desk.rings.size(), 1U);
     EXPECT_EQ(desk.warnings, "");
-    clock->present = due + minutes(2);
-    keeper->wake();
+    wakeAt(due + minutes(2));
     EXPECT_THAT(desk.warnings, HasSubstr("is locked by another program"));
     EXPECT_THAT(desk.warnings, HasSubstr("The alarms ring as they were set before"));
     const std::string warned = desk.warnings;
-    clock->present = due + minutes(4);
-    keeper->wake();
+    wakeAt(due + minutes(4));
     EXPECT_EQ(desk.warnings, warned) << "it is said once";
 }
 
 TEST_F(KeeperFaultsTest, RingsWhatItNotedWhenItStartsWithALockedDatabase) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     const auto other = lockDatabase();
     restart();
     EXPECT_LE(keeper->wake(), due);
-    clock->present = due;
-    keeper->wake();
+    wakeAt(due);
     ASSERT_EQ(desk.rings.size(), 1U);
     EXPECT_EQ(desk.rings[0].city, "Istanbul");
 }
@@ -170,8 +156,7 @@ TEST_F(KeeperFaultsTest, RingsAtAPlaceOfTheUsersOwnWhenItStartsWithALockedDataba
     sqlite3_exec(opened, "BEGIN EXCLUSIVE; UPDATE USER_ALARMS SET ACTIVE = 0", nullptr, nullptr, nullptr);
     restart();
     EXPECT_LE(keeper->wake(), due);
-    clock->present = due;
-    keeper->wake();
+    wakeAt(due);
     ASSERT_EQ(desk.rings.size(), 1U);
     EXPECT_EQ(desk.rings[0].city, "Hut");
     EXPECT_EQ(desk.sounds, std::vector<std::string>{"gong"});
@@ -186,8 +171,7 @@ TEST_F(KeeperFaultsTest, RingsByTheMethodOfTheCityWhenItStartsWithALockedDatabas
     const auto other = lockDatabase();
     restart();
     EXPECT_EQ(keeper->wake(), clock->present + seconds(30));
-    clock->present = usual - minutes(20);
-    keeper->wake();
+    wakeAt(usual - minutes(20));
     EXPECT_EQ(desk.rings.size(), 1U);
 }
 
@@ -272,9 +256,7 @@ TEST_F(KeeperFaultsTest, GivesNothingBackToAUserWhoDeletedTheDatabase) {
 // --- chosen while no service ran
 
 TEST_F(KeeperFaultsTest, WaitsForTheNextDayWithAnAlarmThatWasSwitchedOnTooLateWhileItWasDown) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     clock->present = due - minutes(5);
     DatabaseFunctions().deleteAlarm(202);
     clock->present = due + minutes(3);

@@ -7,15 +7,13 @@
 #include <sqlite3.h>
 
 #include "alarmd/AlarmKeeper.h"
-#include "common/GlobalFuncs.h"
+#include "alarms/DatabaseFunctions.h"
 #include "companion/UserSettings.h"
-#include "data/DatabaseFunctions.h"
 #include "data/sqlite_reading.h"
-#include "platform/system_platform.h"
 #include "recording_desk.h"
-#include "support/fake_platform.h"
 #include "support/faulty_disk.h"
 #include "support/memory_event_store.h"
+#include "support/shared_services.h"
 #include "support/temporary_folder.h"
 #include "support/zoned_clock.h"
 
@@ -27,12 +25,7 @@ using namespace std::chrono;
 class AlarmKeeperTest : public testing::Test {
   protected:
     AlarmKeeperTest() {
-        Platform platform = FakePlatform().platform();
-        platform.clock = clock;
-        platform.files = posixFiles();
-        platform.dataFolder = folder.path();
-        platform.eventStore = calendar;
-        GlobalFuncs::startUp(platform);
+        startServices(folder.path(), clock, calendar);
         clock->present = utc("2026-10-16 21:00:00");  // midnight in Istanbul
         restart();
     }
@@ -80,6 +73,25 @@ class AlarmKeeperTest : public testing::Test {
     void switchOn(int code, int offset = 0, const std::string& sound = "bell") {
         open().setUpAlarm(code, offset, sound);
         DatabaseFunctions().reCalculateAlarm(code);
+    }
+
+    /// Switches an alarm on and lets the keeper plan it. Returned: when it rings.
+    sys_seconds plannedRing(int code) {
+        switchOn(code);
+        keeper->wake();
+        return dueOf(code);
+    }
+
+    /// Wakes the keeper when time has passed up to a moment.
+    void wakeAt(Clock::TimePoint moment) {
+        clock->present = moment;
+        keeper->wake();
+    }
+
+    /// Sets the clock to another moment, in no time, and wakes the keeper.
+    void wakeWithClockSetTo(sys_seconds moment) {
+        setClock(moment);
+        keeper->wake();
     }
 
     /// Wakes the keeper at each moment that it asks for until the clock shows `end`.

@@ -12,9 +12,7 @@ class KeeperNotificationsTest : public AlarmKeeperTest {};
 
 TEST_F(KeeperNotificationsTest, OffersARingAgainThatNobodyCouldSee) {
     desk.hasService = false;
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     clock->present = due;
     EXPECT_EQ(keeper->wake(), due + seconds(30)) << "it looks for a service";
     EXPECT_EQ(desk.sounds.size(), 1U);
@@ -29,9 +27,7 @@ TEST_F(KeeperNotificationsTest, OffersARingAgainThatNobodyCouldSee) {
 }
 
 TEST_F(KeeperNotificationsTest, OffersARingForAQuarterOfAnHour) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     desk.hasService = false;
     runUntil(due + minutes(14));
     desk.hasService = true;
@@ -42,9 +38,7 @@ TEST_F(KeeperNotificationsTest, OffersARingForAQuarterOfAnHour) {
 }
 
 TEST_F(KeeperNotificationsTest, OffersNothingLaterThanThat) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     desk.hasService = false;
     runUntil(due + minutes(16));
     desk.hasService = true;
@@ -140,23 +134,18 @@ TEST_F(KeeperNotificationsTest, OffersARingAgainWhenItsServiceEndsWithoutAnAnswe
 }
 
 TEST_F(KeeperNotificationsTest, DoesNotPressAServiceThatRefuses) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     clock->present = due;
     desk.isSlow = true;
     for (int second = 0; second < 60; ++second) {
-        clock->present = due + seconds(second);
-        keeper->wake();
+        wakeAt(due + seconds(second));
         for (const auto& refuse : std::exchange(desk.pending, {})) refuse(std::nullopt);
     }
     EXPECT_EQ(desk.rings.size(), 2U);
 }
 
 TEST_F(KeeperNotificationsTest, TakesTheAnswerToEitherOfTwoNotificationsOfARing) {
-    switchOn(202);
-    keeper->wake();
-    const sys_seconds due = dueOf(202);
+    const sys_seconds due = plannedRing(202);
     clock->present = due;
     desk.beforeRing = [this] {
         desk.lastNumber = 41;

@@ -8,7 +8,7 @@
 
 namespace quode::cli {
 
-using namespace app;
+using namespace terminal;
 
 namespace {
 

@@ -131,7 +131,7 @@ Outcome Program::runShell(const std::string& text) const {
 }
 
 int widthOf(const std::string& line) {
-    return app::displayWidth(line);
+    return terminal::displayWidth(line);
 }
 
 }  // namespace quode::test

@@ -7,10 +7,10 @@
 
 #include <fstream>
 
+#include "alarms/AlarmJournal.h"
 #include "common/GlobalFuncs.h"
 #include "companion/installation_mark.h"
 #include "companion/user_connection.h"
-#include "data/AlarmJournal.h"
 #include "fixture.h"
 #include "platform/ical_event_store.h"
 #include "platform/system_platform.h"

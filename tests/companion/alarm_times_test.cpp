@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "companion/alarm_times.h"
 
-#include "data/alarm_moment.h"
+#include "alarms/alarm_moment.h"
 #include "fixture.h"
 
 namespace quode::test {

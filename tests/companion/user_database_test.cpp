@@ -5,15 +5,13 @@
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
-#include "common/GlobalFuncs.h"
+#include "alarms/DatabaseFunctions.h"
+#include "alarms/alarm_moment.h"
 #include "companion/UserSettings.h"
 #include "companion/user_connection.h"
-#include "data/DatabaseFunctions.h"
-#include "data/alarm_moment.h"
 #include "fixture.h"
-#include "platform/system_platform.h"
-#include "support/fake_platform.h"
 #include "support/memory_event_store.h"
+#include "support/shared_services.h"
 
 namespace quode::test {
 namespace {
@@ -234,14 +232,7 @@ TEST_F(UserDatabaseTest, AdoptsAFileThatHasOnlyTheTablesOfTheWidget) {
 // The alarm operation and the companion together, as the alarm service uses them.
 class PrayerTimesTest : public CompanionTest {
   protected:
-    PrayerTimesTest() {
-        Platform platform = FakePlatform().platform();
-        platform.clock = shared;
-        platform.files = posixFiles();
-        platform.dataFolder = folder.path();
-        platform.eventStore = store;
-        GlobalFuncs::startUp(platform);
-    }
+    PrayerTimesTest() { startServices(folder.path(), shared, store); }
 
     UserDatabase openShared() { return {folder.path(), cities, *shared}; }
 

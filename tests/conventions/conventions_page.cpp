@@ -120,7 +120,7 @@ std::vector<PublishedRow> allRows() {
     return readPublishedRows(test::fixture("conventions/published_rows.csv"));
 }
 
-constexpr std::array<const char*, prayerCount> names = {"Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
+constexpr std::array<const char*, mainPrayerCount> names = {"Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
 constexpr const char* notChecked = "not checked against published rows";
 
 int percent(int part, int whole) {
@@ -133,7 +133,7 @@ PublishedAgreement publishedAgreement(const Convention& convention, const std::v
     for (const PublishedRow& row : own) places.insert(row.place);
     result.places = static_cast<int>(places.size());
     const ConventionAgreement agreement = agreementOf(convention, own);
-    for (std::size_t i = 0; i < prayerCount; ++i) {
+    for (std::size_t i = 0; i < mainPrayerCount; ++i) {
         const Agreement& prayer = agreement.prayers[i];
         result.exact[i] = percent(prayer.exact, prayer.rows);
         result.withinOne[i] = percent(prayer.withinOne, prayer.rows);
@@ -150,14 +150,14 @@ std::string agreementText(const Convention& convention, const std::vector<Publis
     std::string text =
         fmt::format("{} published rows of {} {}, exact/within 1/within 2 minutes in percent:", agreement.rows,
                     agreement.places, agreement.places == 1 ? "place" : "places");
-    for (std::size_t i = 0; i < prayerCount; ++i) {
+    for (std::size_t i = 0; i < mainPrayerCount; ++i) {
         text += fmt::format(" {} {}/{}/{}{}", names[i], agreement.exact[i], agreement.withinOne[i],
-                            agreement.withinTwo[i], i + 1 == prayerCount ? "" : ",");
+                            agreement.withinTwo[i], i + 1 == mainPrayerCount ? "" : ",");
     }
     return text + fmt::format("; worst {} min", agreement.worst);
 }
 
-std::string listed(const std::array<int, prayerCount>& percents) {
+std::string listed(const std::array<int, mainPrayerCount>& percents) {
     return fmt::format("{{{}}}", fmt::join(percents, ", "));
 }
 

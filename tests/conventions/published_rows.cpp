@@ -126,7 +126,7 @@ ConventionAgreement agreementOf(const Convention& convention, const std::vector<
     for (const PublishedRow& row : rows) {
         ++result.rows;
         const ConventionDay day = computeDay(convention, requestOf(row));
-        for (std::size_t i = 0; i < prayerCount; ++i) {
+        for (std::size_t i = 0; i < mainPrayerCount; ++i) {
             if (!row.minutes[i]) continue;
             const int computed = int(std::lround(day.times[i].hours * 60.0));
             const int half = 720, whole = 1440;

@@ -18,7 +18,7 @@ struct PublishedRow {
     std::string authority, place, zone, date, source;
     double latitude = 0.0, longitude = 0.0;
     int year = 0, month = 0, day = 0;
-    std::array<std::optional<int>, prayerCount> minutes;
+    std::array<std::optional<int>, mainPrayerCount> minutes;
     std::optional<int> asrHanafi;
 };
 
@@ -32,7 +32,7 @@ struct Agreement {
 
 struct ConventionAgreement {
     int rows = 0;
-    std::array<Agreement, prayerCount> prayers;
+    std::array<Agreement, mainPrayerCount> prayers;
 };
 
 /// The agreement of a convention with rows. The clock of a row is that of its zone. Heights by name of the place.

@@ -60,8 +60,8 @@ class Cases {
 inline void check(const Case& it) {
     const ConventionDay day = computeDay(it.method, it.request);
     double before = -48.0;
-    for (int i = 0; i < prayerCount; ++i) {
-        const auto prayer = static_cast<Prayer>(i);
+    for (std::size_t i = 0; i < mainPrayerCount; ++i) {
+        const Prayer prayer = prayerAt(i);
         const ConventionTime& time = day.time(prayer);
         ASSERT_TRUE(std::isfinite(time.hours) && std::isfinite(time.exact)) << it;
         if (!time.exists()) {

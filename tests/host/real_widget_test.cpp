@@ -11,9 +11,9 @@
 #include <QTest>
 #include <fstream>
 
+#include "alarms/DatabaseFunctions.h"
 #include "common/color_schemes.h"
 #include "companion/UserDatabase.h"
-#include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
 #include "desktop/theme.h"
 #include "host/HomeWatch.h"

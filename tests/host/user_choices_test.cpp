@@ -9,9 +9,9 @@
 #include <fstream>
 #include <memory>
 
+#include "alarms/DatabaseFunctions.h"
 #include "companion/UserDatabase.h"
 #include "companion/UserSettings.h"
-#include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
 #include "support/environment_of.h"
 #include "support/temporary_folder.h"

@@ -7,10 +7,10 @@
 #include <cstdio>
 #include <exception>
 
+#include "alarms/DatabaseFunctions.h"
 #include "common/GlobalFuncs.h"
 #include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
-#include "data/DatabaseFunctions.h"
 #include "platform/system_platform.h"
 
 using namespace quode;

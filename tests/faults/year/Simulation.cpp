@@ -4,11 +4,9 @@
 
 #include <algorithm>
 
-#include "common/GlobalFuncs.h"
+#include "alarms/DatabaseFunctions.h"
 #include "companion/RingRecords.h"
-#include "data/DatabaseFunctions.h"
-#include "platform/system_platform.h"
-#include "support/fake_platform.h"
+#include "support/shared_services.h"
 
 namespace quode::test {
 
@@ -32,12 +30,7 @@ Simulation::Simulation(const Plan& plan)
       end_(start + days(plan.days)),
       booted_(start - hours(3)) {
     disk_.emplace(FaultyDisk::Fault::none);
-    Platform platform = FakePlatform().platform();
-    platform.clock = clock_;
-    platform.files = posixFiles();
-    platform.dataFolder = folder_.path();
-    platform.eventStore = calendar_;
-    GlobalFuncs::startUp(platform);
+    startServices(folder_.path(), clock_, calendar_);
     clock_->present = start;
     const CityRecord home = cities_.search(plan.city).at(0).city;
     const CityRecord other = cities_.search(plan.otherCity).at(0).city;

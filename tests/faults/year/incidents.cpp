@@ -8,7 +8,7 @@
 #include <fstream>
 
 #include "Simulation.h"
-#include "data/DatabaseFunctions.h"
+#include "alarms/DatabaseFunctions.h"
 #include "data/sqlite_reading.h"
 
 namespace quode::test {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "data/AlarmJournal.h"
+#include "alarms/AlarmJournal.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

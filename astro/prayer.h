@@ -28,6 +28,19 @@ inline constexpr int firstPrayer = static_cast<int>(Prayer::fajr);
 inline constexpr int lastMainPrayer = static_cast<int>(Prayer::isha);
 inline constexpr int lastPrayer = static_cast<int>(Prayer::isfirar);
 
+/// The number of the main prayers. Calculation conventions define these alone.
+inline constexpr int mainPrayerCount = lastMainPrayer - firstPrayer + 1;
+
+/// The place of a prayer in an array of prayers, from 0 on.
+constexpr std::size_t indexOf(Prayer prayer) {
+    return static_cast<std::size_t>(static_cast<int>(prayer) - firstPrayer);
+}
+
+/// The prayer at a place in an array of prayers.
+constexpr Prayer prayerAt(std::size_t index) {
+    return static_cast<Prayer>(firstPrayer + static_cast<int>(index));
+}
+
 /// The facts of one prayer. Fixed values: the keys.
 struct PrayerFacts {
     Prayer prayer;

@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "alarms/AlarmJournal.h"
+#include "alarms/DatabaseFunctions.h"
+#include "alarms/alarm_moment.h"
+#include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
 #include "common/calendar.h"
-#include "common/prayer.h"
-#include "data/AlarmJournal.h"
-#include "data/DatabaseFunctions.h"
-#include "data/alarm_moment.h"
 #include "platform/EventStore.h"
 #include "texts/translation.h"
 

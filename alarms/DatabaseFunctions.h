@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-#include "data/AlarmInfo.h"
+#include "alarms/AlarmInfo.h"
 #include "data/sqlite_reading.h"
 
 namespace quode {

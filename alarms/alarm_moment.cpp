@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "data/alarm_moment.h"
+#include "alarms/alarm_moment.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "data/DatabaseFunctions.h"
+#include "alarms/DatabaseFunctions.h"
 
 #include <fmt/format.h>
 
@@ -8,9 +8,9 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
 #include "common/numbers.h"
-#include "common/prayer.h"
 
 namespace quode {
 namespace {
