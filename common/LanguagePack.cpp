@@ -66,9 +66,12 @@ LanguagePack::Section sectionOf(plist_t node, const std::string& name) {
     return section;
 }
 
+// By the reader of each form: the one for both takes other arguments from edition to edition of the library.
 Plist parsedBytes(std::string_view bytes) {
     plist_t root = nullptr;
-    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    const auto length = static_cast<std::uint32_t>(bytes.size());
+    const auto read = plist_is_binary(bytes.data(), length) ? plist_from_bin : plist_from_xml;
+    read(bytes.data(), length, &root);
     if (root == nullptr) throw std::runtime_error("it is not a property list, or it is damaged");
     return Plist(root);
 }

@@ -14,19 +14,25 @@ foreach(text IN LISTS texts)
   string(REPLACE "-" "\\-" ${text} "${${text}}")
   string(REGEX REPLACE "(^|\n)([.'])" "\\1\\\\&\\2" ${text} "${${text}}")
 endforeach()
-# The help's sentences are filled, its tables stand as they are.
-string(REGEX MATCH "^[^\n]*\n" sentences "${help}")
-string(LENGTH "${sentences}" length)
-string(SUBSTRING "${help}" ${length} -1 rest)
-string(STRIP "${sentences}" sentences)
+# Paragraphs of sentences are filled, tables stand as they are, and the usage has a line of its own.
+string(REPLACE ";" "\\;" help "${help}")
+string(REGEX REPLACE "\n\n+" ";" paragraphs "${help}")
+set(description "")
+foreach(paragraph IN LISTS paragraphs)
+  string(STRIP "${paragraph}" paragraph)
+  if(paragraph MATCHES "\n  ")
+    string(APPEND description ".PP\n.nf\n${paragraph}\n.fi\n")
+  elseif(paragraph)
+    string(REGEX REPLACE "(^|\n)((Usage: |quode)[^\n]*\\[[^\n]*)" "\n.br\n\\2\n.br\n" paragraph "${paragraph}")
+    string(REGEX REPLACE "\n\n+" "\n" paragraph "${paragraph}")
+    string(STRIP "${paragraph}" paragraph)
+    string(APPEND description ".PP\n${paragraph}\n")
+  endif()
+endforeach()
 file(WRITE ${OUTPUT} ".TH ${capitals} 1 \"\" \"Quode ${VERSION}\" \"User Commands\"
 .SH NAME
 ${name} \\- ${SUMMARY}
 .SH DESCRIPTION
-${sentences}
-.PP
-.nf
-${rest}.fi
-.SH SEE ALSO
+${description}.SH SEE ALSO
 .BR quode (1)
 ")

@@ -36,7 +36,7 @@ std::string inSection(const std::string& content) {
 
 std::string asBinary(const std::string& xml) {
     plist_t root = nullptr;
-    plist_from_memory(xml.data(), static_cast<std::uint32_t>(xml.size()), &root);
+    plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &root);
     char* bytes = nullptr;
     std::uint32_t size = 0;
     plist_to_bin(root, &bytes, &size);

@@ -25,6 +25,8 @@ expect_line(/opt/quode/lib/systemd/user/quode-alarmd.service "ExecStart=/opt/quo
 expect_line(/usr/share/dbus-1/services/org.quode.Quode1.service "Exec=/usr/bin/quode-alarmd")
 expect_line(/opt/quode/share/dbus-1/services/org.quode.Quode1.service "SystemdService=quode-alarmd.service")
 expect_line(/usr/share/krunner/dbusplugins/quode-krunner.desktop "X-Plasma-DBusRunner-Service=org.quode.Quode1")
+# Otherwise KRunner leaves the search out until the user looks for it.
+expect_line(/usr/share/krunner/dbusplugins/quode-krunner.desktop "X-KDE-PluginInfo-EnabledByDefault=true")
 expect_line(/usr/share/dbus-1/interfaces/org.quode.Quode1.xml "<node name=\"/org/quode/Quode1\">")
 # Where systemd looks for the units of a user's own programs.
 install_to(/home/somebody/.local)
