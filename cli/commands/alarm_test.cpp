@@ -67,9 +67,11 @@ void runTest(Session& session, const Arguments& arguments) {
     const std::string city = all.city ? all.city->name + "\n" : "";
     const std::string prayer = session.prayerName(code);
     const bool isSoundOnly = arguments.has("sound-only");
+    RingManner manner = all.settings.manner;
+    if (isSoundOnly) manner.fadeIn = 0;
     const TrialResult result =
         desktop().ring({isSoundOnly ? "" : prayer, city + std::string(_("A test of the alarm")),
-                        std::string(_c("alarm", "Stop")), soundNamed(sound, session.bundle()), time});
+                        std::string(_c("alarm", "Stop")), soundNamed(sound, session.bundle()), time, manner});
     tell(session, prayer, sound, result, isSoundOnly);
 }
 
