@@ -24,12 +24,15 @@ Sound playable(Sound sound, const std::filesystem::path& bundle) {
 
 }  // namespace
 
-DesktopRingDesk::DesktopRingDesk(NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services,
-                                 std::function<void()> chooseLanguage)
+DesktopRingDesk::DesktopRingDesk(NotificationService& notifications, SoundPlayer& player, MediaPlayers& media,
+                                 GlobalFuncs& services, std::function<void()> chooseLanguage)
     : notifications_(&notifications),
       player_(&player),
+      media_(&media),
       services_(&services),
-      chooseLanguage_(std::move(chooseLanguage)) {}
+      chooseLanguage_(std::move(chooseLanguage)) {
+    player_->onEnd = [this] { media_->resume(); };
+}
 
 std::string DesktopRingDesk::run() {
     return notifications_->run();
@@ -49,13 +52,16 @@ void DesktopRingDesk::show(const Ring& ring, NotificationService::Answer answere
 void DesktopRingDesk::sound(const Ring& ring) {
     sounding_ = ring.alarm;
     const std::string bundle = services_->appBundlePath();
-    player_->play(playable(soundNamed(ring.sound, bundle), bundle), soundNamed(fallbackSound, bundle), soundTime);
+    if (ring.manner.pausesMedia) media_->pause();
+    player_->play(playable(soundNamed(ring.sound, bundle), bundle), soundNamed(fallbackSound, bundle), soundTime,
+                  {ring.manner.volume, std::chrono::seconds(ring.manner.fadeIn)});
 }
 
 void DesktopRingDesk::silence(const AlarmOccurrence& alarm) {
     if (sounding_ != alarm) return;
     sounding_.reset();
     player_->stop();
+    media_->resume();
 }
 
 void DesktopRingDesk::close(const NotificationId& notification) {

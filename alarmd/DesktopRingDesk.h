@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "alarmd/RingDesk.h"
+#include "platform/MediaPlayers.h"
 #include "platform/NotificationService.h"
 #include "platform/SoundPlayer.h"
 
@@ -15,14 +16,15 @@ namespace quode {
 
 class GlobalFuncs;
 
-/// Rings through the desktop's notifications, and plays the sound itself, for the notification services play none.
+/// Rings through the desktop's notifications, and plays the sound itself, for the notification services play none. Where the
+/// user has chosen so, media players are silent meanwhile.
 class DesktopRingDesk : public RingDesk {
   public:
     /// All are used as long as the object lives.
     /// @param chooseLanguage  called before a text is made; the user may have chosen another language since the last
     /// one
     DesktopRingDesk(
-        NotificationService& notifications, SoundPlayer& player, GlobalFuncs& services,
+        NotificationService& notifications, SoundPlayer& player, MediaPlayers& media, GlobalFuncs& services,
         std::function<void()> chooseLanguage = [] {});
 
     std::string run() override;
@@ -35,6 +37,7 @@ class DesktopRingDesk : public RingDesk {
   private:
     NotificationService* notifications_;
     SoundPlayer* player_;
+    MediaPlayers* media_;
     GlobalFuncs* services_;
     std::function<void()> chooseLanguage_;
     std::optional<AlarmOccurrence> sounding_;  // the alarm that the sound belongs to

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "companion/UserSettings.h"
 #include "companion/alarm_times.h"
 #include "platform/NotificationService.h"
 
@@ -17,6 +18,7 @@ struct Ring {
     std::string city;
     std::string sound;             ///< its name, see "companion/sounds.h"
     std::chrono::minutes late{0};  ///< how much later than meant it rings
+    RingManner manner = {};
 };
 
 /// Where alarms ring.

@@ -180,7 +180,7 @@ void RingKeeper::ring(const Choices& choices, RingRecord record, const Present& 
     const Key key{record.alarm.code, record.alarm.due};
     const UserAlarm* const alarm = choices.alarm(record.alarm.code);
     const Ring ring{record.alarm, record.city, alarm->sound.empty() ? choices.settings.defaultSound : alarm->sound,
-                    floor<minutes>(present.clock - record.ringAt)};
+                    floor<minutes>(present.clock - record.ringAt), choices.settings.manner};
     const std::string run = desk_->run();
     const bool isSameRun = !run.empty() && record.notification.run == run;
     record.isRepeated = isSameRun && (record.isRepeated || record.state == RingState::begun);

@@ -21,6 +21,7 @@
 #include "platform/Uptime.h"
 #include "platform/canberra_sound_player.h"
 #include "platform/folders.h"
+#include "platform/sdbus_media_players.h"
 #include "platform/sdbus_notifications.h"
 #include "platform/system_platform.h"
 #include "texts/translation.h"
@@ -110,7 +111,8 @@ int serve() {
     const auto notifications = sdBusNotifications(loop.get());
     const auto player = canberraSoundPlayer(loop.get());
     player->onFailure = [&services](std::string_view problem) { services.NSLogToFile(problem); };
-    DesktopRingDesk desk(*notifications, *player, services, [&services] { speak(services); });
+    const auto media = sdBusMediaPlayers(loop.get());
+    DesktopRingDesk desk(*notifications, *player, *media, services, [&services] { speak(services); });
     const auto useLayout = [&calendar](CalendarLayout layout) { calendar->setLayout(layout); };
     AlarmSurroundings surroundings{services.dataFolder(), &cities,   clock.get(), &systemUptime,
                                    calendar.get(),        useLayout, &desk,       tell};

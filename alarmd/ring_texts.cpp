@@ -25,6 +25,7 @@ Notification notificationOf(const Ring& ring, const GlobalFuncs& services) {
     notification.actions = {{stopAction, _c("alarm", "Stop")},
                             {snoozeAction, _("Snooze {}", durationLabel(snoozeTime))},
                             {muteAction, _("Mute today")}};
+    notification.isUrgent = ring.manner.isUrgent;
     return notification;
 }
 

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <string>
 
+#include "companion/UserSettings.h"
 #include "platform/SoundPlayer.h"
 #include "platform/notification_check.h"
 
@@ -18,6 +19,7 @@ struct TrialRing {
     std::string stopLabel;
     Sound sound;
     std::chrono::seconds time{};  ///< how long, unless the user stops it
+    RingManner manner = {};
 };
 
 struct TrialResult {

@@ -9,6 +9,7 @@
 
 #include "app/desktop.h"
 #include "platform/canberra_sound_player.h"
+#include "platform/sdbus_media_players.h"
 #include "platform/sdbus_notifications.h"
 
 namespace quode::app {
@@ -63,7 +64,7 @@ TrialResult ring(const TrialRing& trial) {
     };
     isAnswered = trial.title.empty();
     if (!isAnswered) {
-        notifications->show({trial.title, trial.body, {{"stop", trial.stopLabel}}},
+        notifications->show({trial.title, trial.body, {{"stop", trial.stopLabel}}, trial.manner.isUrgent},
                             [&](const std::optional<NotificationId>& shown) {
                                 isAnswered = true;
                                 result.isShown = shown.has_value();
@@ -71,7 +72,10 @@ TrialResult ring(const TrialRing& trial) {
                                 endIfInVain();
                             });
     }
-    player->play(trial.sound, trial.sound, trial.time);
+    const auto media = sdBusMediaPlayers(loop.get());
+    if (trial.manner.pausesMedia) media->pause();
+    player->play(trial.sound, trial.sound, trial.time,
+                 {trial.manner.volume, std::chrono::seconds(trial.manner.fadeIn)});
     sd_event_loop(loop.get());
     player->stop();
     if (result.isShown && !result.isStopped) notifications->close(id);

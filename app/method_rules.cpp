@@ -8,8 +8,8 @@
 #include <cmath>
 
 #include "app/session.h"
+#include "astro/prayer.h"
 #include "common/numbers.h"
-#include "common/prayer.h"
 #include "conventions/agreement.h"
 #include "texts/translation.h"
 

@@ -104,13 +104,35 @@ void changeLanguage(Session& session, const std::string& value) {
     store(session, [&](UserSettings& settings) { settings.language = value; });
 }
 
+int numberFrom(const std::string& value, const std::string& key, int least, int most) {
+    const std::optional<int> number = numberOf<int>(value);
+    if (number && *number >= least && *number <= most) return *number;
+    throw Failure(ExitCode::usage, _("{} is a number from {} to {}, not \"{}\".", key, least, most, value));
+}
+
 void changeTextSize(Session& session, const std::string& value) {
-    const std::optional<int> percent = numberOf<int>(value);
-    if (!percent || *percent < smallestText || *percent > largestText) {
-        throw Failure(ExitCode::usage,
-                      _("text is a number from {} to {}, not \"{}\".", smallestText, largestText, value));
-    }
-    store(session, [&](UserSettings& settings) { settings.textSize = *percent; });
+    const int percent = numberFrom(value, "text", smallestText, largestText);
+    store(session, [&](UserSettings& settings) { settings.textSize = percent; });
+}
+
+void changeVolume(Session& session, const std::string& value) {
+    const int percent = numberFrom(value, "volume", softestSound, loudestSound);
+    store(session, [&](UserSettings& settings) { settings.manner.volume = percent; });
+}
+
+void changeFadeIn(Session& session, const std::string& value) {
+    const int seconds = numberFrom(value, "fade", 0, longestFadeIn);
+    store(session, [&](UserSettings& settings) { settings.manner.fadeIn = seconds; });
+}
+
+void changeMedia(Session& session, const std::string& value) {
+    const bool isPaused = isOneOf(value, "keep", "pause", "media");
+    store(session, [&](UserSettings& settings) { settings.manner.pausesMedia = isPaused; });
+}
+
+void changeUrgency(Session& session, const std::string& value) {
+    const bool isUrgent = isOneOf(value, "normal", "urgent", "urgency");
+    store(session, [&](UserSettings& settings) { settings.manner.isUrgent = isUrgent; });
 }
 
 void changeTray(Session& session, const std::string& value) {
@@ -124,7 +146,7 @@ std::string languagesToChoose(Session& session) {
     return text;
 }
 
-const std::array<Setting, 8> settings{{
+const std::array<Setting, 12> settings{{
     {"sound", N_("of alarms that have none of their own"), [](const UserSettings& all) { return all.defaultSound; },
      soundsToChoose, changeSound},
     {"calendar", N_("how the events of the alarms are stored"), layoutName,
@@ -153,6 +175,21 @@ const std::array<Setting, 8> settings{{
     {"tray", N_("whether the panel has an icon in the tray"),
      [](const UserSettings& all) { return std::string(all.hasTrayIcon ? "on" : "off"); },
      [](Session&) { return std::string(_("on and off, from the next start of the panel")); }, changeTray},
+    {"volume", N_("of the alarms, percent of the desktop's"),
+     [](const UserSettings& all) { return std::to_string(all.manner.volume); },
+     [](Session&) { return std::string(_("10 to 100")); }, changeVolume},
+    {"fade", N_("seconds until an alarm has its volume"),
+     [](const UserSettings& all) { return std::to_string(all.manner.fadeIn); },
+     [](Session&) { return std::string(_("0 to 60; each repetition of the sound is louder")); }, changeFadeIn},
+    {"media", N_("what media players do while an alarm sounds"),
+     [](const UserSettings& all) { return std::string(all.manner.pausesMedia ? "pause" : "keep"); },
+     [](Session&) { return std::string(_("keep (they play on) and pause")); }, changeMedia},
+    {"urgency", N_("of the notifications of alarms"),
+     [](const UserSettings& all) { return std::string(all.manner.isUrgent ? "urgent" : "normal"); },
+     [](Session&) {
+         return std::string(_("urgent and normal; a desktop that must not disturb shows urgent ones alone"));
+     },
+     changeUrgency},
 }};
 
 }  // namespace

@@ -19,6 +19,10 @@ constexpr const char* panelName = "panel.layout";
 constexpr const char* colorsName = "panel.colors";
 constexpr const char* textName = "text.size";
 constexpr const char* trayName = "panel.tray";
+constexpr const char* volumeName = "alarm.volume";
+constexpr const char* fadeName = "alarm.fade_in";
+constexpr const char* mediaName = "alarm.media";
+constexpr const char* urgencyName = "alarm.urgency";
 constexpr int colorSchemes = 6;
 
 const char* valueOf(PanelLayout layout) {
@@ -30,6 +34,26 @@ const char* valueOf(PanelLayout layout) {
         default:
             return "auto";
     }
+}
+
+int numberIn(const UserDatabase& database, const char* name, int usual, int least, int most) {
+    return std::clamp(numberOf<int>(database.setting(name).value_or("")).value_or(usual), least, most);
+}
+
+RingManner loadManner(const UserDatabase& database) {
+    RingManner manner;
+    manner.volume = numberIn(database, volumeName, manner.volume, softestSound, loudestSound);
+    manner.fadeIn = numberIn(database, fadeName, manner.fadeIn, 0, longestFadeIn);
+    manner.pausesMedia = database.setting(mediaName) == "pause";
+    manner.isUrgent = database.setting(urgencyName) != "normal";
+    return manner;
+}
+
+void saveManner(UserDatabase& database, const RingManner& manner) {
+    database.setSetting(volumeName, std::to_string(manner.volume));
+    database.setSetting(fadeName, std::to_string(manner.fadeIn));
+    database.setSetting(mediaName, manner.pausesMedia ? "pause" : "keep");
+    database.setSetting(urgencyName, manner.isUrgent ? "urgent" : "normal");
 }
 
 }  // namespace
@@ -48,9 +72,9 @@ UserSettings loadSettings(const UserDatabase& database) {
     for (int scheme = 0; scheme < colorSchemes; ++scheme) {
         if (database.setting(colorsName) == std::to_string(scheme)) settings.colorScheme = scheme;
     }
-    const int size = numberOf<int>(database.setting(textName).value_or("")).value_or(settings.textSize);
-    settings.textSize = std::clamp(size, smallestText, largestText);
+    settings.textSize = numberIn(database, textName, settings.textSize, smallestText, largestText);
     settings.hasTrayIcon = database.setting(trayName) != "off";
+    settings.manner = loadManner(database);
     return settings;
 }
 
@@ -64,6 +88,7 @@ void saveSettings(UserDatabase& database, const UserSettings& settings) {
         database.setSetting(colorsName, std::to_string(settings.colorScheme));
         database.setSetting(textName, std::to_string(settings.textSize));
         database.setSetting(trayName, settings.hasTrayIcon ? "on" : "off");
+        saveManner(database, settings.manner);
     });
 }
 

@@ -27,6 +27,19 @@ enum class PanelLayout {
     tablet,
 };
 
+/// What a sound can be, percent and seconds.
+inline constexpr int softestSound = 10, loudestSound = 100, longestFadeIn = 60;
+
+/// How every alarm rings.
+struct RingManner {
+    int volume = loudestSound;  ///< of its sound, percent of that of the desktop
+    int fadeIn = 0;             ///< seconds until the sound has that volume
+    bool pausesMedia = false;   ///< what plays on the desktop pauses while it sounds
+    bool isUrgent = true;       ///< it is shown although the desktop does not want to be disturbed
+
+    friend bool operator==(const RingManner&, const RingManner&) = default;
+};
+
 /// The sizes of texts that can be chosen, percent.
 inline constexpr int smallestText = 100, largestText = 200;
 
@@ -40,6 +53,7 @@ struct UserSettings {
     int colorScheme = 1;      ///< of the widget, 0..5
     int textSize = 100;       ///< of windows, percent
     bool hasTrayIcon = true;  ///< the panel has an icon where there is a tray
+    RingManner manner;
 
     friend bool operator==(const UserSettings&, const UserSettings&) = default;
 };

@@ -148,7 +148,7 @@ QSize WindowStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
         case CT_ComboBox:
         case CT_LineEdit:
         case CT_SpinBox:
-            return wanted.expandedTo({0, lowestControl});
+            return (wanted + QSize(2 * textMargin, 0)).expandedTo({0, lowestControl});
         default:
             return wanted;
     }

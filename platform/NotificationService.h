@@ -24,6 +24,7 @@ struct Notification {
     std::string title;
     std::string body;  ///< plain text
     std::vector<NotificationAction> actions;
+    bool isUrgent = true;  ///< shown although the user does not want to be disturbed
 
     friend bool operator==(const Notification&, const Notification&) = default;
 };

@@ -6,7 +6,11 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <atomic>
+#include <charconv>
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -28,7 +32,7 @@ struct DestroyProperties {
 using Context = std::unique_ptr<ca_context, DestroyContext>;
 using Properties = std::unique_ptr<ca_proplist, DestroyProperties>;
 
-Properties propertiesOf(const Sound& sound) {
+Properties propertiesOf(const Sound& sound, double gain) {
     ca_proplist* made = nullptr;
     ca_proplist_create(&made);
     Properties properties(made);
@@ -38,6 +42,9 @@ Properties propertiesOf(const Sound& sound) {
         ca_proplist_sets(made, CA_PROP_EVENT_ID, std::get<std::string>(sound).c_str());
     }
     ca_proplist_sets(made, CA_PROP_MEDIA_ROLE, "alarm");
+    std::array<char, 16> decibels{};
+    std::to_chars(decibels.data(), decibels.data() + decibels.size() - 1, gain, std::chars_format::fixed, 2);
+    ca_proplist_sets(made, CA_PROP_CANBERRA_VOLUME, decibels.data());
     ca_proplist_sets(made, CA_PROP_CANBERRA_CACHE_CONTROL, "never");
     return properties;
 }
@@ -56,11 +63,14 @@ class CanberraSoundPlayer : public SoundPlayer {
     CanberraSoundPlayer(const CanberraSoundPlayer&) = delete;
     CanberraSoundPlayer& operator=(const CanberraSoundPlayer&) = delete;
 
-    void play(const Sound& sound, const Sound& fallback, std::chrono::seconds atMost) override {
+    void play(const Sound& sound, const Sound& fallback, std::chrono::seconds atMost,
+              const Loudness& loudness) override {
         stop();
         sound_ = sound;
         fallback_ = fallback;
-        end_ = steady_clock::now() + atMost;
+        loudness_ = loudness;
+        begin_ = steady_clock::now();
+        end_ = begin_ + atMost;
         playOnce();
     }
 
@@ -79,7 +89,9 @@ class CanberraSoundPlayer : public SoundPlayer {
             ca_context_change_props(made, CA_PROP_APPLICATION_NAME, "Quode", CA_PROP_APPLICATION_ICON_NAME, "quode",
                                     nullptr);
         }
-        const int result = ca_context_play_full(context_.get(), soundNumber, propertiesOf(*sound_).get(),
+        const double gain =
+            gainOf(loudness_, std::chrono::floor<std::chrono::milliseconds>(steady_clock::now() - begin_));
+        const int result = ca_context_play_full(context_.get(), soundNumber, propertiesOf(*sound_, gain).get(),
                                                 &CanberraSoundPlayer::finished, this);
         if (result != CA_SUCCESS) giveUp(result);
     }
@@ -90,6 +102,7 @@ class CanberraSoundPlayer : public SoundPlayer {
         sound_ = std::exchange(fallback_, std::nullopt);
         if (sound_) return playOnce();
         if (onFailure) onFailure(_("The sound cannot be played: {}.", ca_strerror(result)));
+        if (onEnd) onEnd();
     }
 
     // Called on a thread of the library, which must not be called from there.
@@ -110,6 +123,9 @@ class CanberraSoundPlayer : public SoundPlayer {
             player->giveUp(result);
         } else if (steady_clock::now() < player->end_) {
             player->playOnce();
+        } else {
+            player->stop();
+            if (player->onEnd) player->onEnd();
         }
         return 0;
     }
@@ -119,11 +135,21 @@ class CanberraSoundPlayer : public SoundPlayer {
     Context context_;
     std::optional<Sound> sound_;     // while playing
     std::optional<Sound> fallback_;  // until it is needed
-    steady_clock::time_point end_;
+    Loudness loudness_;
+    steady_clock::time_point begin_, end_;
     std::atomic<int> lastResult_ = CA_SUCCESS;
 };
 
 }  // namespace
+
+// Sliders of desktops count the third root of the amplitude. The first sound is soft, but heard.
+double gainOf(const Loudness& loudness, std::chrono::milliseconds since) {
+    constexpr double first = 0.3, decibelsOfTenfold = 60.0;
+    const double part =
+        loudness.fadeIn.count() > 0 ? double(since.count()) / (1000.0 * double(loudness.fadeIn.count())) : 1.0;
+    const double percent = loudness.percent * std::clamp(part, first, 1.0);
+    return std::min(0.0, decibelsOfTenfold * std::log10(percent / 100.0));
+}
 
 std::unique_ptr<SoundPlayer> canberraSoundPlayer(sd_event* loop) {
     return std::make_unique<CanberraSoundPlayer>(loop);

@@ -22,7 +22,7 @@ constexpr const char* ownerMatch =
     "member='NameOwnerChanged',arg0='org.freedesktop.Notifications'";
 constexpr std::uint64_t patienceUs = 2'000'000;          // for the bus itself
 constexpr std::uint64_t answerPatienceUs = 900'000'000;  // for a notification; the program does not wait for it
-constexpr unsigned char critical = 2;                    // the urgency, which has to be a byte
+constexpr unsigned char normal = 1, critical = 2;        // urgencies, which have to be bytes
 constexpr int untilClosed = 0;
 
 struct CloseBus {
@@ -146,8 +146,8 @@ class SdBusNotifications : public NotificationService {
                                            escapedMarkup(notification.body).c_str());
         if (result >= 0) result = appendActions(call, notification.actions);
         if (result >= 0) {
-            result = sd_bus_message_append(call, "a{sv}", 3, "urgency", "y", critical, "category", "s", "x-quode.alarm",
-                                           "suppress-sound", "b", 1);
+            result = sd_bus_message_append(call, "a{sv}", 3, "urgency", "y", notification.isUrgent ? critical : normal,
+                                           "category", "s", "x-quode.alarm", "suppress-sound", "b", 1);
         }
         return result < 0 ? result : sd_bus_message_append(call, "i", untilClosed);
     }

@@ -10,9 +10,10 @@
 namespace quode::window {
 
 class AlarmCard;
+class MannerPart;
 class MutePart;
 
-/// The six alarms.
+/// The six alarms, and how all of them ring.
 class AlarmsPage : public Page {
     Q_OBJECT
 
@@ -24,6 +25,7 @@ class AlarmsPage : public Page {
   private:
     TrialRinging trial_;
     MutePart* mute_;
+    MannerPart* manner_;
     std::array<AlarmCard*, 6> cards_{};
 };
 

@@ -68,9 +68,11 @@ void runTest(Console& console, const Arguments& arguments) {
     const std::string city = all.city ? all.city->name + "\n" : "";
     const std::string prayer = session.prayerName(code);
     const bool isSoundOnly = arguments.has("sound-only");
+    RingManner manner = all.settings.manner;
+    if (isSoundOnly) manner.fadeIn = 0;
     const TrialResult result =
         desktop().ring({isSoundOnly ? "" : prayer, city + std::string(_("A test of the alarm")),
-                        std::string(_c("alarm", "Stop")), soundNamed(sound, session.bundle()), time});
+                        std::string(_c("alarm", "Stop")), soundNamed(sound, session.bundle()), time, manner});
     tell(console, prayer, sound, result, isSoundOnly);
 }
 

@@ -377,7 +377,9 @@ TEST_F(AlarmKeeperTest, OnlyRenewsTheEventsWhenAnotherProgramRings) {
     switchOn(202);
     {
         UserDatabase database = open();
-        saveSettings(database, {"chime", CalendarLayout::ics, Ringer::evolution});
+        UserSettings settings;
+        settings.ringer = Ringer::evolution;
+        saveSettings(database, settings);
     }
     const sys_seconds due = dueOf(202);
     runUntil(due + seconds(30));

@@ -32,14 +32,18 @@ void expectRefusal(const std::vector<std::string>& words, int code, const std::s
 TEST(Settings, AreShownWithTheirMeaning) {
     const Program program;
     EXPECT_EQ(program.run({"settings"}).out,
-              "sound     chime  of alarms that have none of their own\n"
-              "calendar  ics    how the events of the alarms are stored\n"
-              "ringer    quode  the program that rings\n"
-              "language  auto   the language of all programs\n"
-              "panel     auto   the layout of the panel\n"
-              "colors    2      the colour scheme of the panel\n"
-              "text      100    the size of texts in windows, percent\n"
-              "tray      on     whether the panel has an icon in the tray\n");
+              "sound     chime   of alarms that have none of their own\n"
+              "calendar  ics     how the events of the alarms are stored\n"
+              "ringer    quode   the program that rings\n"
+              "language  auto    the language of all programs\n"
+              "panel     auto    the layout of the panel\n"
+              "colors    2       the colour scheme of the panel\n"
+              "text      100     the size of texts in windows, percent\n"
+              "tray      on      whether the panel has an icon in the tray\n"
+              "volume    100     of the alarms, percent of the desktop's\n"
+              "fade      0       seconds until an alarm has its volume\n"
+              "media     keep    what media players do while an alarm sounds\n"
+              "urgency   urgent  of the notifications of alarms\n");
     const auto settings = program.run({"settings", "--json"}).json()["settings"];
     EXPECT_EQ(settings, (nlohmann::json{{"sound", "chime"},
                                         {"calendar", "ics"},
@@ -48,7 +52,11 @@ TEST(Settings, AreShownWithTheirMeaning) {
                                         {"panel", "auto"},
                                         {"colors", "2"},
                                         {"text", "100"},
-                                        {"tray", "on"}}));
+                                        {"tray", "on"},
+                                        {"volume", "100"},
+                                        {"fade", "0"},
+                                        {"media", "keep"},
+                                        {"urgency", "urgent"}}));
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite")) << "looking makes nothing";
 }
 
@@ -73,10 +81,24 @@ TEST(Settings, AreKept) {
     EXPECT_EQ(program.run({"alarm", "list", "--json"}).json()["alarms"][0]["sound"], "gong");
 }
 
+TEST(Settings, OfTheMannersOfAlarmsAreKept) {
+    const Program program;
+    const std::map<std::string, std::string> wanted{
+        {"volume", "60"}, {"fade", "20"}, {"media", "pause"}, {"urgency", "normal"}};
+    for (const auto& [key, value] : wanted) EXPECT_EQ(program.run({"settings", key, value}).code, 0) << key;
+    const auto settings = program.run({"settings", "--json"}).json()["settings"];
+    for (const auto& [key, value] : wanted) EXPECT_EQ(settings[key], value) << key;
+    expectRefusal({"settings", "volume", "5"}, 2, "volume is a number from 10 to 100, not \"5\".");
+    expectRefusal({"settings", "fade", "61"}, 2, "fade is a number from 0 to 60, not \"61\".");
+    expectRefusal({"settings", "media", "stop"}, 2, "media is keep or pause, not \"stop\".");
+    expectRefusal({"settings", "urgency", "low"}, 2, "urgency is normal or urgent, not \"low\".");
+}
+
 TEST(Settings, AreRefusedWhenUnknown) {
-    expectRefusal(
-        {"settings", "colour"}, 2,
-        "There is no setting \"colour\". Use one of sound, calendar, ringer, language, panel, colors, text, tray.");
+    expectRefusal({"settings", "colour"}, 2,
+                  "There is no setting \"colour\". Use one of sound, calendar, ringer, language, panel, colors, text, "
+                  "tray, volume, "
+                  "fade, media, urgency.");
     expectRefusal({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
     expectRefusal({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
     expectRefusal({"settings", "panel", "huge"}, 2, "panel is auto, phone or tablet, not \"huge\".");

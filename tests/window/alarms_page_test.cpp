@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <QCheckBox>
 #include <QComboBox>
+#include <QSlider>
 #include <QSpinBox>
 
 #include "app/alarm_habits.h"
 #include "companion/AlarmHabits.h"
+#include "companion/UserSettings.h"
 #include "fixture.h"
 
 namespace quode::test {
@@ -88,6 +90,19 @@ TEST_F(AlarmsPage, ChoosesASound) {
     sounds->setCurrentIndex(sounds->findData("gong"));
     Q_EMIT sounds->activated(sounds->currentIndex());
     EXPECT_EQ(stored().sound, "gong");
+}
+
+TEST_F(AlarmsPage, StoresHowAlarmsRing) {
+    auto* const volume = control<QSlider>("Volume of alarms, percent");
+    EXPECT_EQ(volume->value(), 100);
+    QTest::keyClick(volume, Qt::Key_PageDown);
+    auto* const fadeIn = control<QComboBox>("Becomes louder");
+    fadeIn->setCurrentIndex(fadeIn->findData(20));
+    Q_EMIT fadeIn->activated(fadeIn->currentIndex());
+    press("Pause music and films");
+    press("Show alarms urgently");
+    EXPECT_EQ(loadSettings(database()).manner, (RingManner{90, 20, true, false}));
+    EXPECT_TRUE(shows("90 %"));
 }
 
 }  // namespace

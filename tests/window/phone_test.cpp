@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // On the screen of a phone, 360 points wide, every page is readable as a whole.
+#include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
-#include <QScrollArea>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include "fixture.h"
 #include "texts/translation.h"
@@ -28,6 +31,14 @@ bool showsAll(const QWidget& widget) {
     }
     if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
         return button->width() >= button->fontMetrics().horizontalAdvance(button->text());
+    }
+    if (const auto* const box = qobject_cast<const QAbstractSpinBox*>(&widget)) {
+        const auto* const line = box->findChild<QLineEdit*>();
+        QStyleOptionFrame option;
+        option.initFrom(line);
+        option.lineWidth = 0;
+        const QRect text = line->style()->subElementRect(QStyle::SE_LineEditContents, &option, line);
+        return text.width() >= line->fontMetrics().horizontalAdvance(line->text());
     }
     if (const auto* const box = qobject_cast<const QComboBox*>(&widget)) return box->width() >= 100;
     return true;
