@@ -12,7 +12,7 @@ class MediaPlayers {
     /// Lets those that play pause, as soon as they answer.
     virtual void pause() = 0;
 
-    /// Lets those go on that were paused here, unless somebody has stopped or started them meanwhile.
+    /// Resumes the players that were paused here, unless somebody has stopped or started them meanwhile.
     virtual void resume() = 0;
 };
 
