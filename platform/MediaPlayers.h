@@ -12,7 +12,7 @@ class MediaPlayers {
     /// Lets those that play pause, as soon as they answer.
     virtual void pause() = 0;
 
-    /// Lets those go on that were paused here, unless somebody has stopped or started them meanwhile.
+    /// Resumes those that it paused, except those that were stopped or started since then.
     virtual void resume() = 0;
 };
 
