@@ -53,7 +53,7 @@ struct UserSettings {
     int colorScheme = 1;      ///< of the widget, 0..5
     int textSize = 100;       ///< of windows, percent
     bool hasTrayIcon = true;  ///< the panel has an icon where there is a tray
-    RingManner manner;
+    RingManner manner = {};
 
     friend bool operator==(const UserSettings&, const UserSettings&) = default;
 };

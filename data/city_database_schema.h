@@ -7,7 +7,7 @@ namespace quode {
 /// The identification of a city database: SQLite's `application_id` and `user_version`. The edition changes with every
 /// change of the tables or of the folding of names.
 inline constexpr int cityDatabaseApplicationId = 0x51554F44;  // "QUOD"
-inline constexpr int cityDatabaseEdition = 5;
+inline constexpr int cityDatabaseEdition = 6;
 
 /// The kind of a row of CITY_NAME. Fixed values: stored in the database.
 enum class NameKind {

@@ -81,6 +81,13 @@ char baseLetter(char32_t c) {
     return '?';
 }
 
+// The small letter of the Greek and Cyrillic capitals; of others the letter itself.
+char32_t smallLetter(char32_t c) {
+    const bool isGreek = c >= U'Α' && c <= U'Ϋ', isRussian = c >= U'А' && c <= U'Я';
+    if (isGreek || isRussian) return c + 0x20;
+    return c >= U'Ѐ' && c <= U'Џ' ? c + 0x50 : c;
+}
+
 bool vanishes(char32_t c) {
     const bool apostrophe =
         c == '\'' || c == '`' || c == 0xB4 || (c >= 0x2B9 && c <= 0x2BF) || (c >= 0x2018 && c <= 0x201B) || c == 0x2032;
@@ -104,7 +111,13 @@ void appendFolded(char32_t c, std::string_view original, std::string& folded) {
     if (!several.empty()) {
         folded += several;
     } else if (base == '?' || base == '*') {
-        folded += original;
+        const char32_t small = smallLetter(c);
+        if (small == c) {
+            folded += original;
+        } else {  // two bytes of UTF-8
+            folded += static_cast<char>(0xC0 | (small >> 6));
+            folded += static_cast<char>(0x80 | (small & 0x3F));
+        }
     } else {
         folded += base;
     }

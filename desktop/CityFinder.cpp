@@ -22,7 +22,7 @@ QString describe(const CityHit& hit) {
     return toQt(text) + " — " + regionAndCountryOf(hit.city);
 }
 
-// The database has names in Latin letters only.
+// The database knows small places by names in Latin letters alone.
 bool hasOtherLetters(const QString& text) {
     return std::ranges::any_of(text, [](QChar c) { return c.isLetter() && c.script() != QChar::Script_Latin; });
 }
@@ -68,7 +68,7 @@ void CityFinder::find(const QString& text) {
         if (!wanted.empty()) hits_ = search_(wanted);
         nothing_->setText(
             hasOtherLetters(text)
-                ? _("Places are known by their names in Latin letters.")
+                ? _("In these letters only large cities are known. Try the name in Latin letters.")
                 : _("No place goes with this. Try another spelling, or the name of a larger city nearby."));
     } catch (const std::runtime_error& error) {
         nothing_->setText(QString::fromUtf8(error.what()));

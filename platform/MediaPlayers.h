@@ -12,7 +12,7 @@ class MediaPlayers {
     /// Lets those that play pause, as soon as they answer.
     virtual void pause() = 0;
 
-    /// Resumes the players that this object paused, unless another program stopped or started them meanwhile.
+    /// Resumes those that it paused, except those that were stopped or started since then.
     virtual void resume() = 0;
 };
 

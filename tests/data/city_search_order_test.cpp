@@ -16,6 +16,7 @@
 #include "data/name_groups.h"
 #include "data/sqlite_reading.h"
 #include "tests/astro/random_sky.h"
+#include "texts/utf8.h"
 
 namespace quode {
 namespace {
@@ -135,7 +136,13 @@ class CitySearchOrder : public testing::Test {
 
 TEST_F(CitySearchOrder, OfFirstLettersIsThatOfTheWholeList) {
     std::set<std::string> beginnings;
-    for (const Name& name : plain().names()) beginnings.insert(name.folded.substr(0, 1));
+    for (const Name& name : plain().names()) {
+        std::string_view rest = name.folded;
+        const char32_t letter = takeCodePoint(rest).value();
+        // All Latin letters, and some of the very many others.
+        if (letter < 0x80 || letter % 20 == 0)
+            beginnings.insert(name.folded.substr(0, name.folded.size() - rest.size()));
+    }
     for (const char* text : {"sa", "san", "san ", "sai", "saint", "santa", "ma", "la", "de", "al", "xy", "ist", "zz"}) {
         beginnings.insert(foldedName(text));
     }

@@ -81,6 +81,17 @@ TEST_F(CitySearch, FindsFormerAndOtherNamesAndShowsThem) {
     EXPECT_EQ(first("Makkah").otherName, "");
 }
 
+TEST_F(CitySearch, FindsLargeCitiesInOtherLetters) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"القاهرة", "Cairo"},     {"مكة", "Makkah"},   {"المدينة", "Madinah"}, {"東京", "Tokyo"},
+        {"Каир", "Cairo"},        {"каир", "Cairo"},   {"Моск", "Moscow"},     {"서울", "Seoul"},
+        {"ירושלים", "Jerusalem"}, {"Αθήνα", "Athens"}, {"ঢাকা", "Dhaka"}};
+    for (const auto& [text, name] : cases) {
+        EXPECT_EQ(first(text).city.name, name) << text;
+        EXPECT_NE(first(text).otherName, "") << text;
+    }
+}
+
 TEST_F(CitySearch, UnderstandsBeginningsAndLaterWords) {
     EXPECT_EQ(first("istanb").city.name, "Istanbul");
     EXPECT_EQ(first("istanb").match, CityMatch::prefix);

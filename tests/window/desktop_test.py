@@ -1,11 +1,15 @@
 # SPDX-FileCopyrightText: the Quode authors
 # SPDX-License-Identifier: MIT
-"""From an empty home to an alarm that is on, by the means of assistive technology alone; and what was set survives.
+"""From an empty home to an alarm that rings, by the means of assistive technology alone; and what was set survives.
 
-desktop_test.py WINDOW COMMAND, on a display with a window manager and a session bus.
+desktop_test.py WINDOW COMMAND [TEST...], on a display with a window manager and a session bus. The tests of Kills end the window in
+the middle of editing, QUODE_KILLS times (5).
 """
+import datetime
 import json
 import os
+import pathlib
+import random
 import signal
 import subprocess
 import sys
@@ -20,6 +24,8 @@ from gi.repository import Atspi  # noqa: E402
 
 WINDOW, COMMAND = sys.argv[1], sys.argv[2]
 PATIENCE = 8.0  # seconds
+SERVICE_TESTS = pathlib.Path(__file__).resolve().parent.parent / "alarmd" / "service"
+AHEAD = 25  # seconds from the start of the window to the ring
 CHECKS = ("check box", "toggle button", "push button", "radio button")
 
 
@@ -45,7 +51,9 @@ def nodes(node):
         return  # it went while it was looked at
 
 
-class Window(unittest.TestCase):
+class OnDesktop(unittest.TestCase):
+    """A home of its own, and what a person does in the window."""
+
     def setUp(self):
         self.home = tempfile.TemporaryDirectory()
         self.environment = dict(os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name + "/config",
@@ -70,14 +78,17 @@ class Window(unittest.TestCase):
     def end_services(self):
         """Ends the alarm service that the window has started, which would outlive the test."""
         folder = self.environment["HOME"].encode()
+        ended = []
         for process in filter(str.isdigit, os.listdir("/proc")):
             try:
                 with open("/proc/%s/environ" % process, "rb") as environment, open("/proc/%s/comm" % process) as name:
                     isOurs = b"HOME=" + folder in environment.read().split(b"\0") and name.read().startswith("quode")
                 if isOurs:
                     os.kill(int(process), signal.SIGTERM)
+                    ended.append(process)
             except OSError:
                 continue
+        wait_for(lambda: not any(os.path.exists("/proc/" + process) for process in ended), "the end of the services")
 
     def quode(self, *arguments):
         return json.loads(subprocess.run([COMMAND, *arguments, "--json"], env=self.environment, check=True,
@@ -105,6 +116,33 @@ class Window(unittest.TestCase):
         node = self.find(name)
         node.get_action_iface().do_action(0)
         return node
+
+
+
+class Window(OnDesktop):
+    def test_a_first_alarm_rings_without_a_terminal(self):
+        del self.environment["QUODE_NOW"]
+        # The real clock is moved to shortly before the evening prayer; times differ by minutes from day to day.
+        day = datetime.datetime.now(datetime.timezone.utc).date()
+        times = self.quode("today", "--city", "Kathmandu", "--date", day.isoformat())
+        maghrib = next(each["instant"] for each in times["prayers"] if each["key"] == "maghrib")
+        due = datetime.datetime.fromisoformat(maghrib.replace("Z", "+00:00")).timestamp()
+        programs = pathlib.Path(WINDOW).parent
+        self.environment.update(SHIFT_SECONDS=str(int(due - AHEAD - time.time())),
+                                LD_PRELOAD=str(programs / "libshifted_clock.so"))
+        mock = subprocess.Popen(["/usr/bin/python3", SERVICE_TESTS / "notification_mock.py"], stdin=subprocess.PIPE,
+                                stdout=subprocess.PIPE, text=True)
+        self.addCleanup(mock.stdout.close)
+        self.addCleanup(mock.stdin.close)
+        self.addCleanup(mock.wait)
+        self.addCleanup(mock.kill)
+        self.assertEqual(json.loads(mock.stdout.readline())["call"], "ready")
+        self.start("--page", "alarms")
+        self.press("Accept")
+        self.press("Maghrib")
+        ring = json.loads(mock.stdout.readline())
+        self.assertEqual((ring["call"], ring["title"]), ("Notify", "Maghrib"))
+        self.assertTrue(ring["body"].startswith("Kathmandu, "), ring["body"])
 
     def test_a_first_alarm_is_set_without_a_terminal(self):
         self.start("--page", "alarms")
@@ -148,5 +186,27 @@ class Window(unittest.TestCase):
             self.kill()
 
 
+class Kills(OnDesktop):
+    def test_what_was_switched_is_there_after_a_kill_at_any_moment(self):
+        subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
+        names = ["Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"]
+        seed = random.randrange(1 << 30)
+        moments = random.Random(seed)
+        for turn in range(int(os.environ.get("QUODE_KILLS", "5"))):
+            switched = [each["on"] for each in self.quode("alarm", "list")["alarms"]]
+            self.start("--page", "alarms")
+            controls = [self.find(name) for name in names]
+            for _ in range(moments.randint(1, 6)):
+                last = moments.randrange(len(names))
+                controls[last].get_action_iface().do_action(0)
+                switched[last] = not switched[last]
+            time.sleep(moments.uniform(0.0, 0.08))
+            self.kill()
+            stored = [each["on"] for each in self.quode("alarm", "list")["alarms"]]
+            lost = [name for name, wanted, found in zip(names, switched, stored) if wanted != found]
+            self.assertIn(lost, ([], [names[last]]), "turn %d, seed %d" % (turn, seed))
+            self.end_services()
+
+
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:])

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <stdexcept>
 #include <tuple>
+#include <unordered_map>
 
 #include "common/numbers.h"
 #include "data/posix_zone.h"
@@ -141,22 +142,36 @@ void addPlaces(const std::filesystem::path& folder, SourceData& data) {
 }
 
 // The most populous place of a country with a given name.
-std::int32_t largestNamed(const SourceData& data, const std::string& country, const std::string& name) {
-    const Place* largest = nullptr;
-    for (const Place& place : data.places) {
-        if (place.name != name || data.regions[static_cast<std::size_t>(place.region)].country != country) continue;
-        if (!largest || place.population > largest->population) largest = &place;
+/// The most populous place of a name in a country.
+class LargestPlaces {
+  public:
+    explicit LargestPlaces(const SourceData& data) {
+        for (const Place& place : data.places) {
+            const std::string& country = data.regions[static_cast<std::size_t>(place.region)].country;
+            const Place*& largest = places_[country + '\t' + place.name];
+            if (largest == nullptr || place.population > largest->population) largest = &place;
+        }
     }
-    if (!largest) throw std::runtime_error("no place of " + country + " is called " + name);
-    return largest->id;
-}
+
+    std::int32_t id(const std::string& country, const std::string& name) const {
+        const auto found = places_.find(country + '\t' + name);
+        if (found == places_.end()) throw std::runtime_error("no place of " + country + " is called " + name);
+        return found->second->id;
+    }
+
+  private:
+    std::unordered_map<std::string, const Place*> places_;
+};
 
 void addOtherNames(const std::filesystem::path& folder, SourceData& data) {
     for (const auto& row : readTable(folder / "former_names.tsv", 3)) {
         data.otherNames.push_back({static_cast<std::int32_t>(wholeNumber(row[0], "former_names.tsv")), row[1], row[2]});
     }
-    for (const auto& row : readTable(folder / "other_names.tsv", 3)) {
-        data.otherNames.push_back({largestNamed(data, row[0], row[1]), row[2], row[2]});
+    const LargestPlaces largest(data);
+    for (const char* const file : {"other_names.tsv", "native_names.tsv"}) {
+        for (const auto& row : readTable(folder / file, 3)) {
+            data.otherNames.push_back({largest.id(row[0], row[1]), row[2], row[2]});
+        }
     }
     const auto key = [](const OtherName& name) { return std::tie(name.id, name.name); };
     std::sort(data.otherNames.begin(), data.otherNames.end(),
