@@ -41,6 +41,8 @@ class Reader {
 
     Import read() {
         import_.format = raw_.format;
+        import_.unit = raw_.unit;
+        import_.problems = raw_.problems;
         if (raw_.rows.size() > mostRows) throw ImportError(_("The file has more rows than any timetable."));
         findColumns();
         findDateOrder();
@@ -285,7 +287,8 @@ class Reader {
             return Iqama{false, *minutes};
         }
         const auto time = clockTimeOf(text);
-        if (!time || !prayer) throw BadRow{_("{} is \"{}\", neither minutes nor a time", nameOf(column), text)};
+        if (time && !prayer) throw BadRow{_("{} has no prayer time beside it", nameOf(column))};
+        if (!time) throw BadRow{_("{} is \"{}\", neither minutes nor a time", nameOf(column), text)};
         constexpr int latest = 5 * minutesPerHour;
         const int written = time->hour * minutesPerHour + time->minute;
         for (const int minute : {written, written + noon, written + minutesPerDay}) {

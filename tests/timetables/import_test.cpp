@@ -10,26 +10,6 @@
 namespace quode::timetables {
 namespace {
 
-constexpr int firstOfMarch2026 = 20513;
-
-Import imported(const std::string& content, const ImportOptions& options = {}) {
-    SunCheck check(istanbul());
-    return importTable(readRawTable(content, istanbul().clock()), options, check);
-}
-
-std::string messageOf(const std::string& content, const ImportOptions& options = {}) {
-    try {
-        imported(content, options);
-    } catch (const ImportError& error) {
-        return error.what();
-    }
-    return "";
-}
-
-int minute(const Import& import, int day, std::size_t prayer) {
-    return import.table.rows.at(day).minutes.at(prayer).value();
-}
-
 // Diyanet's times of Istanbul, 1 and 2 March 2026.
 TEST(Import, readsTurkishColumns) {
     const Import import = imported(
