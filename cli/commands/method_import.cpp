@@ -118,9 +118,20 @@ void printPreview(Console& console, const Import& import) {
     console.print();
 }
 
+std::string problemText(timetables::RowUnit unit, const timetables::ImportProblem& problem) {
+    switch (unit) {
+        case timetables::RowUnit::entry:
+            return _("Entry {}: {}.", problem.line, problem.text);
+        case timetables::RowUnit::event:
+            return _("Event {}: {}.", problem.line, problem.text);
+        default:
+            return _("Line {}: {}.", problem.line, problem.text);
+    }
+}
+
 void reportProblems(Console& console, const Import& import) {
     for (std::size_t i = 0; i < std::min(import.problems.size(), shownProblems); ++i) {
-        console.report(_("Line {}: {}.", import.problems[i].line, import.problems[i].text));
+        console.report(problemText(import.unit, import.problems[i]));
     }
     if (import.problems.size() > shownProblems) {
         console.report(_("... and {} more lines.", import.problems.size() - shownProblems));
