@@ -71,12 +71,23 @@ class Reader {
             if (column == Column::sabah) column = hasFajr || hasImsak ? std::nullopt : std::optional(Column::fajr);
             if (column == Column::day && has(Column::date)) column.reset();
             if (!column) {
+                checkUnnamed(i);
                 if (!raw_.headings[i].empty()) import_.ignored.push_back(raw_.headings[i]);
                 continue;
             }
             take(*column, i);
         }
         checkColumns();
+    }
+
+    /// Times below no name may be those of the column beside them.
+    void checkUnnamed(std::size_t index) const {
+        if (!raw_.headings[index].empty()) return;
+        const bool hasTimes = std::ranges::any_of(
+            raw_.rows, [&](const RawRow& row) { return index < row.cells.size() && clockTimeOf(row.cells[index]); });
+        if (hasTimes) {
+            throw ImportError(_("Column {} holds times but has no name. Name it, or remove it.", index + 1));
+        }
     }
 
     void take(Column column, std::size_t index) {
