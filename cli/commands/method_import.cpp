@@ -101,6 +101,7 @@ void printPreview(Console& console, const Import& import) {
         for (const std::string& heading : import.ignored) ignored += (ignored.empty() ? "" : ", ") + heading;
         console.print(console.wrapped(_("Not used: {}", ignored), 2));
     }
+    if (import.dateOrder == timetables::DateOrder::yearFirst) console.print(_("Dates: the year first"));
     if (import.dateOrder == timetables::DateOrder::dayFirst) console.print(_("Dates: the day first"));
     if (import.dateOrder == timetables::DateOrder::monthFirst) console.print(_("Dates: the month first"));
     if (import.isTwelveHour) console.print(_("Clock: 12 hours without AM and PM; taken by the time of the day"));

@@ -41,5 +41,20 @@ TEST(ImportOfCsv, refusesTimesBelowNoName) {
     EXPECT_TRUE(imported("Date,Fajr,,Dhuhr,Maghrib\n2026-03-01,06:07,Sun,13:22,19:02\n").problems.empty());
 }
 
+TEST(ImportOfCsv, findsTheYearOfTwoDigitsByTheDaysThatFollow) {
+    const std::string head = "date,fajr,dhuhr,maghrib\n", first = ",06:07,13:22,19:02\n",
+                      second = ",06:05,13:21,19:03\n";
+    for (const auto& [one, two] : {std::pair("26-03-01", "26-03-02"), std::pair("01.03.26", "02.03.26"),
+                                   std::pair("03/01/26", "03/02/26"), std::pair("1 Mar 26", "2 Mar 26")}) {
+        const Import import = imported(head + one + first + two + second);
+        EXPECT_TRUE(import.problems.empty()) << one;
+        EXPECT_TRUE(import.table.rows.contains(firstOfMarch2026)) << one;
+        EXPECT_TRUE(import.table.rows.contains(firstOfMarch2026 + 1)) << one;
+    }
+    EXPECT_NE(messageOf(head + "26-07-20" + first).find("two digits"), std::string::npos);
+    EXPECT_NE(messageOf(head + "26 Mar 01" + first).find("two digits"), std::string::npos);
+    EXPECT_TRUE(imported(head + "01.03.26" + first, {DateOrder::dayFirst, {}}).problems.empty());
+}
+
 }  // namespace
 }  // namespace quode::timetables
