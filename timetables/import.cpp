@@ -416,6 +416,7 @@ class Reader {
             import_.problems.push_back(
                 {lines_[outlier.day], _("{} at {} is {} minutes away from what the days around it say", nameOf(column),
                                         clock(outlier.minute), outlier.distance)});
+            import_.table.rows.erase(outlier.day);
         }
         std::ranges::sort(import_.problems, {}, &ImportProblem::line);
     }
