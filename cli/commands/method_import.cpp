@@ -27,6 +27,7 @@ namespace {
 using timetables::Fit;
 using timetables::Import;
 using timetables::ImportError;
+using timetables::percentOf;
 
 constexpr std::size_t shownProblems = 20, shownFits = 3;
 
@@ -61,18 +62,18 @@ VAKDate recordOf(int number) {
 // --- what is shown
 
 std::string fitText(const Fit& fit) {
-    return _("{}: {} % within a minute, {} % exact, worst {} min", fit.key, fixedText(fit.percentWithinOne(), 0),
-             fixedText(fit.times == 0 ? 0.0 : 100.0 * fit.exact / fit.times, 0), fit.worst);
+    return _("{}: {} % within a minute, {} % exact, worst {} min", fit.key, percentOf(fit.withinOne, fit.times),
+             percentOf(fit.exact, fit.times), fit.worst);
 }
 
 std::string verdict(const std::vector<Fit>& fits) {
     const Fit& best = fits.front();
+    const int percent = percentOf(best.withinOne, best.times);
     constexpr double likely = 90.0;
     if (best.percentWithinOne() >= likely) {
-        return _("This looks like {}: {} % within a minute.", best.key, fixedText(best.percentWithinOne(), 0));
+        return _("This looks like {}: {} % within a minute.", best.key, percent);
     }
-    return _("No method reproduces this table; the nearest is {} with {} % within a minute.", best.key,
-             fixedText(best.percentWithinOne(), 0));
+    return _("No method reproduces this table; the nearest is {} with {} % within a minute.", best.key, percent);
 }
 
 std::string rowText(int number, const TimetableRow& row) {
