@@ -155,7 +155,8 @@ constexpr MonthName months[] = {
     {"ekim", 10},   {"eki", 10},     {"octobre", 10},  {"oktober", 10},  {"اكتوبر", 10},   {"november", 11},
     {"nov", 11},    {"kasim", 11},   {"kas", 11},      {"novembre", 11}, {"نوفمبر", 11},   {"december", 12},
     {"dec", 12},    {"aralik", 12},  {"ara", 12},      {"decembre", 12}, {"disember", 12}, {"desember", 12},
-    {"ديسمبر", 12},
+    {"ديسمبر", 12}, {"janv", 1},     {"fevr", 2},      {"juil", 7},      {"okt", 10},      {"dis", 12},
+    {"des", 12},
 };
 
 /// One letter of Arabic without its marks; an empty text for the marks themselves.

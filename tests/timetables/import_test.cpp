@@ -55,6 +55,13 @@ TEST(Import, readsFrenchAndMalayColumns) {
     EXPECT_EQ(minute(malay, firstOfMarch2026, 0), 6 * 60 + 7);  // not Imsak, which is ten minutes before
 }
 
+TEST(Import, readsShortMonths) {
+    for (const auto& [name, month] : {std::pair("janv.", 1), std::pair("févr.", 2), std::pair("juil.", 7),
+                                      std::pair("Okt", 10), std::pair("Dis", 12), std::pair("déc.", 12)}) {
+        EXPECT_EQ(monthNamed(name), month) << name;
+    }
+}
+
 TEST(Import, findsTheOrderOfDates) {
     const std::string head = "Date,Fajr,Dhuhr,Maghrib\n";
     const Import american = imported(head + "03/01/2026,06:07,13:22,19:02\n03/02/2026,06:05,13:21,19:03\n");
