@@ -262,12 +262,22 @@ ReadEvent parsedEvent(std::string_view event, std::string_view zones) {
     return vevent ? fromComponent(vevent, event) : ReadEvent{std::nullopt, N_("its text cannot be read")};
 }
 
+bool hasProperty(icalcomponent* component, icalproperty_kind kind) {
+    return icalcomponent_get_first_property(component, kind) != nullptr;
+}
+
 ListedEvent listed(icalcomponent* component) {
     ListedEvent event;
     event.title = orEmpty(icalcomponent_get_summary(component));
-    const icaltimetype start = icalcomponent_get_dtstart(component);
+    event.isCancelled = icalcomponent_get_status(component) == ICAL_STATUS_CANCELLED;
+    event.repeats = hasProperty(component, ICAL_RRULE_PROPERTY) || hasProperty(component, ICAL_RDATE_PROPERTY);
+    icalproperty* const property = icalcomponent_get_first_property(component, ICAL_DTSTART_PROPERTY);
+    if (!property) return event;
+    const icaltimetype start = icalproperty_get_datetime_with_component(property, component);
     event.hasTime = icaltime_is_null_time(start) == 0 && icaltime_is_date(start) == 0;
-    event.isUtc = icaltime_is_utc(start) != 0;
+    if (event.hasTime && start.zone) event.moment = timeOf(property, component);
+    icalparameter* const zone = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
+    if (zone) event.zone = orEmpty(icalparameter_get_tzid(zone));
     event.year = start.year;
     event.month = start.month;
     event.day = start.day;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +18,11 @@ namespace quode {
 struct ListedEvent {
     std::string title;
     bool hasTime = false;  ///< false without a start, and for one that is a date alone
-    bool isUtc = false;
     int year = 0, month = 0, day = 0, hour = 0, minute = 0;
+    std::string zone;                                ///< that the start names (TZID)
+    std::optional<std::chrono::sys_seconds> moment;  ///< of the start, when it is universal or its zone is known
+    bool isCancelled = false;
+    bool repeats = false;  ///< by a rule or a list of dates
 };
 
 struct ListedCalendar {

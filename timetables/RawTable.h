@@ -23,14 +23,24 @@ struct RawRow {
     std::vector<std::string> cells;
 };
 
+/// A row that cannot be used.
+struct ImportProblem {
+    int line = 0;  ///< as that of a `RawRow`
+    std::string text;
+};
+
+/// What the numbers of the rows count.
+enum class RowUnit { line, entry, event };
+
 struct RawTable {
     std::string format;  ///< "CSV with ;", "JSON", "iCalendar"
     std::vector<std::string> headings;
     std::vector<RawRow> rows;
+    std::vector<ImportProblem> problems = {};  ///< what is in the file and not in the rows
+    RowUnit unit = RowUnit::line;
 };
 
 /// Reads a file of any known format. Throws `ImportError`.
-/// Reads a file of any of the formats.
 /// clock  of the place, for calendars in universal time
 RawTable readRawTable(std::string_view content, const ZoneClock& clock);
 

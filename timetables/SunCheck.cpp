@@ -12,6 +12,9 @@ namespace {
 
 using conventions::ConventionDay;
 
+constexpr double lightNights = 45.0;                 // degrees; from there on authorities have rules for summer
+constexpr double ruleBend = 3.0, largestBend = 6.0;  // minutes
+
 std::chrono::year_month_day dateOf(int number) {
     return std::chrono::sys_days(std::chrono::days(number));
 }
@@ -34,7 +37,7 @@ ConventionDay computed(const Site& site, int number, double fajrAngle, double is
 
 SunCheck::Range around(double middle, int before, int after) {
     const int minute = int(std::lround(middle));
-    return {minute - before, minute + after, middle};
+    return {minute - before, minute + after, middle, 0.0};
 }
 
 }  // namespace
@@ -50,16 +53,24 @@ const SunCheck::Day& SunCheck::day(int number) {
     const ConventionDay deep = computed(site_, number, 21.0, 21.0, offset(number));
     const ConventionDay usual = computed(site_, number, 18.0, 17.0, offset(number));
     const auto minutes = [](const conventions::ConventionTime& time) { return time.exact * 60.0; };
-    Day day;
+    Day whole;
+    auto& day = whole.ranges;
     const double sunrise = minutes(usual.time(Prayer::sunrise)), sunset = minutes(usual.time(Prayer::maghrib));
     const double fajr = minutes(usual.time(Prayer::fajr)), isha = minutes(usual.time(Prayer::isha));
-    day[0] = {int(minutes(deep.time(Prayer::fajr))) - 20, int(sunrise) - 20, fajr};
+    day[0] = {int(minutes(deep.time(Prayer::fajr))) - 20, int(sunrise) - 20, fajr, 0.0};
     day[1] = around(sunrise, 20, 15);
     day[2] = around(minutes(usual.time(Prayer::dhuhr)), 10, 45);
-    day[3] = {int(minutes(usual.asrStandard)) - 12, int(minutes(usual.asrHanafi)) + 20, minutes(usual.asrStandard)};
+    day[3] = {int(minutes(usual.asrStandard)) - 12, int(minutes(usual.asrHanafi)) + 20, minutes(usual.asrStandard),
+              true};
     day[4] = around(sunset, 5, 30);
-    day[5] = {int(sunset) + 35, std::max(int(minutes(deep.time(Prayer::isha))) + 45, int(sunset) + 135), isha};
-    return days_.emplace(number, day).first->second;
+    day[5] = {int(sunset) + 35, std::max(int(minutes(deep.time(Prayer::isha))) + 45, int(sunset) + 135), isha, 0.0};
+    for (std::size_t i = 0; i < day.size(); ++i) {
+        const bool isOfNight = i == 0 || i == 5;
+        const bool isSteady = deep.times[i].origin == conventions::Origin::rule;
+        day[i].bend = !isSteady ? largestBend : isOfNight && std::abs(site_.latitude) >= lightNights ? ruleBend : 0.0;
+    }
+    whole.isRamadan = usual.isRamadan;
+    return days_.emplace(number, whole).first->second;
 }
 
 }  // namespace quode::timetables

@@ -19,8 +19,15 @@ class SunCheck {
     struct Range {
         int earliest = 0, latest = 0;
         double middle = 0.0;
+        double bend = 0.0;  ///< minutes that a rule for light nights may move a time by from one day to the next
     };
-    using Day = std::array<Range, mainPrayerCount>;
+
+    struct Day {
+        std::array<Range, mainPrayerCount> ranges;
+        bool isRamadan = false;
+
+        const Range& operator[](std::size_t prayer) const { return ranges.at(prayer); }
+    };
 
     explicit SunCheck(const Site& site) : site_(site) {}
 

@@ -12,8 +12,6 @@
 namespace quode::timetables {
 namespace {
 
-constexpr std::size_t mostRows = 73;  // every fifth day of a year
-
 VAKDate recordOf(int number) {
     const std::chrono::year_month_day date{std::chrono::sys_days(std::chrono::days(number))};
     return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
@@ -34,8 +32,13 @@ void compare(const TimetableRow& row, const CityDay& day, Fit& fit) {
 
 }  // namespace
 
+int percentOf(int part, int whole) {
+    if (whole == 0) return 0;
+    const int percent = int(std::lround(100.0 * part / whole));
+    return part < whole ? std::min(percent, 99) : percent;
+}
+
 std::vector<Fit> fitsOf(const Timetable& table, const Site& site) {
-    const std::size_t step = (table.rows.size() + mostRows - 1) / mostRows;
     std::vector<Fit> fits;
     for (const auto& convention : conventions::allConventions()) {
         Site by = site;
@@ -44,10 +47,7 @@ std::vector<Fit> fitsOf(const Timetable& table, const Site& site) {
         by.choice.method.key = convention.key;
         Fit fit;
         fit.key = convention.key;
-        std::size_t index = 0;
-        for (const auto& [number, row] : table.rows) {
-            if (index++ % step == 0) compare(row, computeCityDay(by, recordOf(number)), fit);
-        }
+        for (const auto& [number, row] : table.rows) compare(row, computeCityDay(by, recordOf(number)), fit);
         fits.push_back(fit);
     }
     std::ranges::stable_sort(fits, [](const Fit& a, const Fit& b) {

@@ -19,7 +19,10 @@ struct Fit {
     double percentWithinOne() const { return times == 0 ? 0.0 : 100.0 * withinOne / times; }
 };
 
-/// The agreement of a table with every method at a site, the best first. Long tables are sampled evenly.
+/// A share in whole percent; 100 only for all of them.
+int percentOf(int part, int whole);
+
+/// The agreement of a table with every method at a site, the best first.
 std::vector<Fit> fitsOf(const Timetable& table, const Site& site);
 
 }  // namespace quode::timetables

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "conventions/Method.h"
 #include "data/name_folding.h"
@@ -125,10 +126,13 @@ constexpr Heading headings[] = {
     {"السنة", Column::year},
 };
 
-constexpr std::string_view iqamaWords[] = {"iqama", "iqamah", "iqamat", "jamaat", "jamaah",  "jama ah",
-                                           "jamat", "kamet",  "ikamet", "kamat",  "الاقامة", "اقامة"};
-constexpr std::string_view fillers[] = {"adhan", "azan",   "ezan",  "begins", "start", "time", "vakti",
-                                        "waktu", "namazi", "salat", "prayer", "صلاة",  "اذان"};
+constexpr std::string_view iqamaWords[] = {
+    "iqama", "iqamah", "iqamat",       "iqaama", "iqaamah", "ikama", "jamaat", "jamaah", "jama ah", "jama at",
+    "jamat", "jama",   "congregation", "cemaat", "jemaah",  "kamet", "ikamet", "kamat",  "الاقامة", "اقامة"};
+constexpr std::string_view fillers[] = {"adhan", "azan",   "ezan",   "athan",  "begin",  "begins",
+                                        "start", "time",   "vakti",  "waktu",  "namazi", "salat",
+                                        "salah", "prayer", "mosque", "masjid", "صلاة",   "اذان"};
+constexpr std::string_view hijriWords[] = {"hijri", "hicri", "hijrah", "hijriah", "islamic", "هجري", "الهجري"};
 
 struct MonthName {
     std::string_view name;
@@ -151,7 +155,8 @@ constexpr MonthName months[] = {
     {"ekim", 10},   {"eki", 10},     {"octobre", 10},  {"oktober", 10},  {"اكتوبر", 10},   {"november", 11},
     {"nov", 11},    {"kasim", 11},   {"kas", 11},      {"novembre", 11}, {"نوفمبر", 11},   {"december", 12},
     {"dec", 12},    {"aralik", 12},  {"ara", 12},      {"decembre", 12}, {"disember", 12}, {"desember", 12},
-    {"ديسمبر", 12},
+    {"ديسمبر", 12}, {"janv", 1},     {"fevr", 2},      {"juil", 7},      {"okt", 10},      {"dis", 12},
+    {"des", 12},
 };
 
 /// One letter of Arabic without its marks; an empty text for the marks themselves.
@@ -190,6 +195,11 @@ bool takeWord(std::string& text, std::string_view word) {
     return true;
 }
 
+bool hasWord(std::string_view text, std::span<const std::string_view> words) {
+    std::string plain = plainText(text);
+    return std::ranges::any_of(words, [&](std::string_view word) { return takeWord(plain, word); });
+}
+
 std::optional<Column> exactColumn(std::string_view text) {
     const auto* found = std::ranges::find(headings, text, &Heading::name);
     return found == std::end(headings) ? std::nullopt : std::optional(found->column);
@@ -220,6 +230,23 @@ std::optional<Column> columnOf(std::string_view heading) {
     if (!isIqama || !column) return column;
     if (*column > Column::isha) return std::nullopt;
     return static_cast<Column>(static_cast<int>(Column::fajrIqama) + static_cast<int>(*column));
+}
+
+std::string headingOf(Column column) {
+    if (column == Column::asrHanafi) return "asr hanafi";
+    if (column == Column::imsak || column == Column::sabah) return nameOf(column);
+    const bool isIqama = column >= Column::fajrIqama;
+    const int prayer = static_cast<int>(column) - (isIqama ? static_cast<int>(Column::fajrIqama) : 0);
+    const std::string name(conventions::nameOf(prayerAt(static_cast<std::size_t>(prayer))));
+    return isIqama ? name + " iqama" : name;
+}
+
+bool namesCongregation(std::string_view text) {
+    return hasWord(text, iqamaWords);
+}
+
+bool namesHijri(std::string_view text) {
+    return hasWord(text, hijriWords);
 }
 
 std::string nameOf(Column column) {

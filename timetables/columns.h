@@ -34,6 +34,15 @@ enum class Column {
 /// The column of a heading in Turkish, English, Arabic, Malay or French; nothing for others, such as weekdays.
 std::optional<Column> columnOf(std::string_view heading);
 
+/// A heading that `columnOf` reads as this column, which is a prayer, an iqama or imsak.
+std::string headingOf(Column column);
+
+/// Whether a text has a word for the congregation, such as "Fajr Iqamah" or "Jama'at".
+bool namesCongregation(std::string_view text);
+
+/// Whether a text has a word for the Hijri calendar.
+bool namesHijri(std::string_view text);
+
 /// The name of a column in messages: "fajr", "asr (Hanafi)", "iqama of isha".
 std::string nameOf(Column column);
 

@@ -39,6 +39,8 @@ class Reader {
 
     Import read() {
         import_.format = raw_.format;
+        import_.unit = raw_.unit;
+        import_.problems = raw_.problems;
         if (raw_.rows.size() > mostRows) throw ImportError(_("The file has more rows than any timetable."));
         findColumns();
         findDateOrder();
@@ -67,12 +69,23 @@ class Reader {
             if (column == Column::sabah) column = hasFajr || hasImsak ? std::nullopt : std::optional(Column::fajr);
             if (column == Column::day && has(Column::date)) column.reset();
             if (!column) {
+                checkUnnamed(i);
                 if (!raw_.headings[i].empty()) import_.ignored.push_back(raw_.headings[i]);
                 continue;
             }
             take(*column, i);
         }
         checkColumns();
+    }
+
+    /// Times below no name may be those of the column beside them.
+    void checkUnnamed(std::size_t index) const {
+        if (!raw_.headings[index].empty()) return;
+        const bool hasTimes = std::ranges::any_of(
+            raw_.rows, [&](const RawRow& row) { return index < row.cells.size() && clockTimeOf(row.cells[index]); });
+        if (hasTimes) {
+            throw ImportError(_("Column {} holds times but has no name. Name it, or remove it.", index + 1));
+        }
     }
 
     void take(Column column, std::size_t index) {
@@ -110,22 +123,28 @@ class Reader {
         const auto month = numberOf<int>(monthText) ? numberOf<int>(monthText) : monthNamed(monthText);
         const auto year = numberOf<int>(plainText(cell(row, Column::year)));
         if (!day || !month || (has(Column::year) && !year)) return std::nullopt;
-        return WrittenDate{*day, *month, year.value_or(-1), false, true};
+        const bool isShort = year && *year >= 0 && *year < 100;
+        return WrittenDate{*day, *month, year.value_or(-1) + (isShort ? 2000 : 0), false, true};
     }
 
     /// Which of two numbers is the day: what a number above 12 tells, else what makes the rows follow each other.
     void findDateOrder() {
         import_.dateOrder = options_.dateOrder;
         findForm();
+        if (yearIsFirst_ || options_.dateOrder != DateOrder::unknown) return;
+        if (std::ranges::any_of(raw_.rows, [&](const RawRow& row) { return mayBeginWithYear(row); })) {
+            findOrderOfShortYears();
+            return;
+        }
         bool dayFirst = false, monthFirst = false, isOpen = false;
         for (const RawRow& row : raw_.rows) {
             const auto date = written(row);
-            if (!date || yearIsFirst_ || date->yearIsFirst || date->monthIsNamed) continue;
+            if (!date || date->yearIsFirst || date->monthIsNamed) continue;
             isOpen = true;
             dayFirst = dayFirst || date->first > 12;
             monthFirst = monthFirst || date->second > 12;
         }
-        if (!isOpen || import_.dateOrder != DateOrder::unknown) return;
+        if (!isOpen) return;
         if (dayFirst && monthFirst) {
             throw ImportError(_("Some dates have the day first, others the month. Write them as 2026-01-31."));
         }
@@ -145,17 +164,51 @@ class Reader {
         yearIsFirst_ = yearFirst >= others;
     }
 
+    /// Whether the year of a date, in two digits, may be its first number as well as its last: "26-07-20".
+    bool mayBeginWithYear(const RawRow& row) const {
+        const auto date = written(row);
+        constexpr int lastDay = 31;
+        return date && !date->yearIsFirst && date->third >= 1 && date->third <= lastDay;
+    }
+
+    void findOrderOfShortYears() {
+        int most = 0;
+        bool isClear = false;
+        for (const DateOrder order : {DateOrder::yearFirst, DateOrder::dayFirst, DateOrder::monthFirst}) {
+            const int count = followed(order);
+            if (count < most || count == 0) continue;
+            // Beside a month's name the two orders of day and month are one.
+            isClear = count > most || (import_.dateOrder == DateOrder::dayFirst && monthsAreNamed());
+            if (count > most) import_.dateOrder = order;
+            most = count;
+        }
+        if (!isClear) {
+            throw ImportError(
+                _("The years have two digits, and the dates do not tell which number is the year. Write them with "
+                  "four, as 2026-01-31."));
+        }
+    }
+
+    bool monthsAreNamed() const {
+        return std::ranges::all_of(raw_.rows, [&](const RawRow& row) {
+            const auto date = written(row);
+            return !date || date->monthIsNamed;
+        });
+    }
+
+    /// How many rows are a day after the one before, by an order.
+    int followed(DateOrder order) const {
+        int count = 0;
+        std::optional<int> before;
+        for (const RawRow& row : raw_.rows) {
+            const auto number = dayOf(row, order);
+            if (number && before && *number == *before + 1) ++count;
+            before = number;
+        }
+        return count;
+    }
+
     void findOrderBySequence() {
-        const auto followed = [&](DateOrder order) {
-            int count = 0;
-            std::optional<int> before;
-            for (const RawRow& row : raw_.rows) {
-                const auto number = dayOf(row, order);
-                if (number && before && *number == *before + 1) ++count;
-                before = number;
-            }
-            return count;
-        };
         const int dayFirst = followed(DateOrder::dayFirst), monthFirst = followed(DateOrder::monthFirst);
         if (dayFirst == monthFirst) {
             throw ImportError(
@@ -169,7 +222,7 @@ class Reader {
         const auto date = written(row);
         if (!date || date->yearIsFirst != yearIsFirst_) return std::nullopt;
         int year = date->third, month = date->second, day = date->first;
-        if (date->yearIsFirst) {
+        if (date->yearIsFirst || order == DateOrder::yearFirst) {
             year = date->first, month = date->second, day = date->third;
         } else if (!date->monthIsNamed && order == DateOrder::monthFirst) {
             std::swap(month, day);
@@ -283,7 +336,8 @@ class Reader {
             return Iqama{false, *minutes};
         }
         const auto time = clockTimeOf(text);
-        if (!time || !prayer) throw BadRow{_("{} is \"{}\", neither minutes nor a time", nameOf(column), text)};
+        if (time && !prayer) throw BadRow{_("{} has no prayer time beside it", nameOf(column))};
+        if (!time) throw BadRow{_("{} is \"{}\", neither minutes nor a time", nameOf(column), text)};
         constexpr int latest = 5 * minutesPerHour;
         const int written = time->hour * minutesPerHour + time->minute;
         for (const int minute : {written, written + noon, written + minutesPerDay}) {
@@ -360,6 +414,7 @@ class Reader {
             import_.problems.push_back(
                 {lines_[outlier.day], _("{} at {} is {} minutes away from what the days around it say", nameOf(column),
                                         clock(outlier.minute), outlier.distance)});
+            import_.table.rows.erase(outlier.day);
         }
         std::ranges::sort(import_.problems, {}, &ImportProblem::line);
     }

@@ -22,14 +22,9 @@ struct ImportOptions {
     std::optional<int> year;                   ///< of dates without one
 };
 
-/// A row that cannot be used.
-struct ImportProblem {
-    int line = 0;
-    std::string text;
-};
-
 struct Import {
     std::string format;
+    RowUnit unit = RowUnit::line;                         ///< what the lines of the problems count
     std::vector<std::pair<std::string, Column>> columns;  ///< heading and what it was taken for
     std::vector<std::string> ignored;                     ///< headings that mean nothing here
     DateOrder dateOrder = DateOrder::unknown;

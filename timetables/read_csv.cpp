@@ -7,6 +7,7 @@
 #include "common/utf8.h"
 #include "texts/translation.h"
 #include "timetables/RawTable.h"
+#include "timetables/cells.h"
 #include "timetables/columns.h"
 
 namespace quode::timetables {
@@ -73,6 +74,39 @@ Head findHead(const std::vector<std::string>& lines) {
     return best;
 }
 
+/// Whether a line looks like a day: some of its cells are times, whatever separates them.
+bool holdsTimes(const std::string& line) {
+    constexpr int fewestTimes = 2, fewestNumbers = 4;  // "5:12", and "0512", which may be a year
+    std::string cells = line;
+    for (char& c : cells) {
+        if (c == '"' || std::ranges::find(separators, c) != separators.end()) c = '\n';
+    }
+    int times = 0, numbers = 0;
+    for (const std::string& text : linesOf(cells)) {
+        if (!clockTimeOf(text)) continue;
+        ++(text.find_first_of(":.hH") == std::string::npos ? numbers : times);
+    }
+    return times >= fewestTimes || numbers >= fewestNumbers;
+}
+
+/// The headings of a second line below the first, such as "Adhan" and "Iqama" below "Fajr" and nothing.
+std::vector<std::string> withSecondLine(std::vector<std::string> headings, const std::vector<std::string>& second) {
+    std::string above;
+    for (std::size_t i = 0; i < headings.size(); ++i) {
+        if (!headings[i].empty()) above = headings[i];
+        if (i < second.size() && !second[i].empty()) headings[i] = above + " " + second[i];
+    }
+    return headings;
+}
+
+/// Whether a line below the head only says which of the times of a prayer its columns hold.
+bool isSecondLine(const std::vector<std::string>& headings, const std::vector<std::string>& cells) {
+    const bool hasDigits = std::ranges::any_of(cells, [](const std::string& cell) {
+        return plainText(cell).find_first_of("0123456789") != std::string::npos;
+    });
+    return !hasDigits && knownColumns(withSecondLine(headings, cells)) > knownColumns(headings);
+}
+
 void checkText(std::string_view content) {
     if (content.size() > largestFile) throw ImportError(_("The file is larger than any timetable of a few years."));
     if (content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff")) {
@@ -98,7 +132,18 @@ RawTable readCsv(std::string_view content) {
     table.format = head.separator == '\t' ? _("CSV, separated by tabs")
                                           : _("CSV, separated by {}", std::string(1, head.separator));
     table.headings = cellsOf(lines[head.line], head.separator);
-    for (std::size_t i = head.line + 1; i < lines.size(); ++i) {
+    for (std::size_t i = 0; i < head.line; ++i) {
+        if (!holdsTimes(lines[i])) continue;
+        table.problems.push_back(
+            {int(i) + 1, _("it holds times above line {}, which names the columns", head.line + 1)});
+    }
+    std::size_t first = head.line + 1;
+    const auto below = first < lines.size() ? cellsOf(lines[first], head.separator) : std::vector<std::string>();
+    if (isSecondLine(table.headings, below)) {
+        table.headings = withSecondLine(table.headings, below);
+        ++first;
+    }
+    for (std::size_t i = first; i < lines.size(); ++i) {
         if (trimmed(lines[i]).empty()) continue;
         table.rows.push_back({int(i) + 1, cellsOf(lines[i], head.separator)});
     }

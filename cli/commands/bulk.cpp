@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <map>
 #include <thread>
 
 #include "app/dates.h"
@@ -37,21 +38,44 @@ class Selection {
         }
     }
 
-    bool has(const CityRecord& city) const {
-        return isAll_ || std::ranges::find(ids_, city.id) != ids_.end() ||
-               std::ranges::find(countries_, city.countryCode) != countries_.end();
+    /// Whether a place is wanted. What names it counts as known from then on.
+    bool take(const CityRecord& city) {
+        if (isAll_) return true;
+        const bool isOfCountry = note(countries_, city.countryCode), isById = note(ids_, city.id);
+        return isOfCountry || isById;
+    }
+
+    /// What was named and met no place, separated by commas.
+    std::string unknown() const {
+        std::string names;
+        const auto add = [&](const auto& wanted) {
+            for (const auto& [name, isKnown] : wanted) {
+                if (!isKnown) names += fmt::format("{}{}", names.empty() ? "" : ", ", name);
+            }
+        };
+        add(countries_);
+        add(ids_);
+        return names;
     }
 
   private:
+    template <typename Name>
+    static bool note(std::map<Name, bool>& wanted, const Name& name) {
+        const auto found = wanted.find(name);
+        if (found == wanted.end()) return false;
+        found->second = true;
+        return true;
+    }
+
     void add(std::string part) {
         const bool isCode = part.size() == 2 && std::ranges::all_of(part, [](char c) {
                                 return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
                             });
         if (isCode) {
             for (char& letter : part) letter = letter >= 'a' ? static_cast<char>(letter - 'a' + 'A') : letter;
-            countries_.push_back(part);
+            countries_.emplace(part, false);
         } else if (const auto id = numberOf<int>(part)) {
-            ids_.push_back(*id);
+            ids_.emplace(*id, false);
         } else {
             throw Failure(ExitCode::usage, _("\"{}\" is neither \"all\" nor a country code nor the id of a place. An "
                                              "example: --cities TR,745044",
@@ -60,8 +84,8 @@ class Selection {
     }
 
     bool isAll_ = true;
-    std::vector<int> ids_;
-    std::vector<std::string> countries_;
+    std::map<int, bool> ids_;  ///< and whether a place has it
+    std::map<std::string, bool> countries_;
 };
 
 struct Work {
@@ -70,11 +94,17 @@ struct Work {
 };
 
 std::vector<CityRecord> citiesOf(Session& session, const Arguments& arguments) {
-    const Selection selection(arguments.text("cities").value_or("all"));
+    Selection selection(arguments.text("cities").value_or("all"));
     std::vector<CityRecord> cities;
     session.cities().forEach([&](const CityRecord& city) {
-        if (selection.has(city)) cities.push_back(city);
+        if (selection.take(city)) cities.push_back(city);
     });
+    if (const std::string unknown = selection.unknown(); !unknown.empty()) {
+        throw Failure(ExitCode::notFound,
+                      _("No place has the country code or id {}. \"quode city search NAME\" shows the id "
+                        "of a place.",
+                        unknown));
+    }
     if (cities.empty())
         throw Failure(ExitCode::notFound, _("No place is selected. Try --cities all, or a country code."));
     if (const auto request = arguments.text("largest")) {

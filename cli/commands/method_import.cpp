@@ -28,6 +28,7 @@ namespace {
 using timetables::Fit;
 using timetables::Import;
 using timetables::ImportError;
+using timetables::percentOf;
 
 constexpr std::size_t shownProblems = 20, shownFits = 3;
 
@@ -62,18 +63,18 @@ VAKDate recordOf(int number) {
 // --- what is shown
 
 std::string fitText(const Fit& fit) {
-    return _("{}: {} % within a minute, {} % exact, worst {} min", fit.key, fixedText(fit.percentWithinOne(), 0),
-             fixedText(fit.times == 0 ? 0.0 : 100.0 * fit.exact / fit.times, 0), fit.worst);
+    return _("{}: {} % within a minute, {} % exact, worst {} min", fit.key, percentOf(fit.withinOne, fit.times),
+             percentOf(fit.exact, fit.times), fit.worst);
 }
 
 std::string verdict(const std::vector<Fit>& fits) {
     const Fit& best = fits.front();
+    const int percent = percentOf(best.withinOne, best.times);
     constexpr double likely = 90.0;
     if (best.percentWithinOne() >= likely) {
-        return _("This looks like {}: {} % within a minute.", best.key, fixedText(best.percentWithinOne(), 0));
+        return _("This looks like {}: {} % within a minute.", best.key, percent);
     }
-    return _("No method reproduces this table; the nearest is {} with {} % within a minute.", best.key,
-             fixedText(best.percentWithinOne(), 0));
+    return _("No method reproduces this table; the nearest is {} with {} % within a minute.", best.key, percent);
 }
 
 std::string rowText(int number, const TimetableRow& row) {
@@ -103,6 +104,7 @@ void printPreview(Console& console, const Import& import) {
         for (const std::string& heading : import.ignored) ignored += (ignored.empty() ? "" : ", ") + heading;
         console.print(console.wrapped(_("Not used: {}", ignored), 2));
     }
+    if (import.dateOrder == timetables::DateOrder::yearFirst) console.print(_("Dates: the year first"));
     if (import.dateOrder == timetables::DateOrder::dayFirst) console.print(_("Dates: the day first"));
     if (import.dateOrder == timetables::DateOrder::monthFirst) console.print(_("Dates: the month first"));
     if (import.isTwelveHour) console.print(_("Clock: 12 hours without AM and PM; taken by the time of the day"));
@@ -120,9 +122,20 @@ void printPreview(Console& console, const Import& import) {
     console.print();
 }
 
+std::string problemText(timetables::RowUnit unit, const timetables::ImportProblem& problem) {
+    switch (unit) {
+        case timetables::RowUnit::entry:
+            return _("Entry {}: {}.", problem.line, problem.text);
+        case timetables::RowUnit::event:
+            return _("Event {}: {}.", problem.line, problem.text);
+        default:
+            return _("Line {}: {}.", problem.line, problem.text);
+    }
+}
+
 void reportProblems(Console& console, const Import& import) {
     for (std::size_t i = 0; i < std::min(import.problems.size(), shownProblems); ++i) {
-        console.report(_("Line {}: {}.", import.problems[i].line, import.problems[i].text));
+        console.report(problemText(import.unit, import.problems[i]));
     }
     if (import.problems.size() > shownProblems) {
         console.report(_("... and {} more lines.", import.problems.size() - shownProblems));

@@ -61,6 +61,8 @@ TEST(Bulk, SaysWhatIsWrong) {
     };
     expect({"bulk", "--cities", "Oslo"}, 2, "neither");
     expect({"bulk", "--cities", "XX"}, 1, "No place");
+    expect({"bulk", "--cities", "745044,99999999"}, 1, "99999999");
+    expect({"bulk", "--cities", "TR,qq"}, 1, "QQ");
     expect({"bulk", "--largest", "0"}, 2, "--largest");
     expect({"bulk", "--date", "2026-02-02", "--to", "2026-02-01"}, 2, "before");
     expect({"bulk", "--date", "2026-01-01", "--to", "2026-12-31"}, 2, "fewer");

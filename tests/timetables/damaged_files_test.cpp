@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // Two thousand damaged files: each is imported rightly or refused with a message, and no wrong time comes through.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -91,6 +92,22 @@ std::string withQuoteOpened(std::string text, Random& random) {
     return text.insert(anywhere(text, random), 1, '"');
 }
 
+/// A time of some neighbouring days, all wrong by the same minutes.
+std::string withDaysShifted(std::string text, Random& random) {
+    constexpr int header = 1, shortest = 2, longest = 7, smallest = 10, largest = 40;
+    const auto ends = positionsOf(text, '\n');
+    const std::size_t count = shortest + random() % (longest - shortest + 1);
+    const std::size_t first = header + random() % (ends.size() - header - count + 1), prayer = random() % 6;
+    const int minutes = (smallest + int(random() % (largest - smallest + 1))) * (random() % 2 == 0 ? 1 : -1);
+    for (std::size_t line = first; line < first + count; ++line) {
+        std::size_t at = ends[line - 1];
+        for (std::size_t i = 0; i <= prayer; ++i) at = text.find(',', at) + 1;
+        const int time = std::stoi(text.substr(at, 2)) * 60 + std::stoi(text.substr(at + 3, 2)) + minutes + 1440;
+        text.replace(at, 5, fmt::format("{:02}:{:02}", time / 60 % 24, time % 60));
+    }
+    return text;
+}
+
 std::string asSixteenBits(std::string text, Random&) {
     std::string wide = "\xff\xfe";
     for (const char c : text) wide.append(1, c).append(1, '\0');
@@ -114,6 +131,13 @@ class DamagedFiles : public testing::Test {
             checkFile(content, right, check);
             if (HasFailure()) return;
         }
+    }
+
+    /// Each file has some neighbouring days that are wrong together.
+    void checkShiftedDays(const Timetable& right, SunCheck& check, unsigned seed, int count) {
+        Random random(seed);
+        const std::string whole = csvOf(right);
+        for (int i = 0; i < count && !HasFailure(); ++i) checkFile(withDaysShifted(whole, random), right, check);
     }
 
     int imported = 0, refused = 0;
@@ -157,6 +181,13 @@ TEST_F(DamagedFiles, giveRightTimesOrAMessage) {
     EXPECT_EQ(imported + refused, 2000);
     EXPECT_GT(imported, 100);
     EXPECT_GT(refused, 1000);
+}
+
+TEST_F(DamagedFiles, areRefusedForNeighbouringDaysThatAreWrongTogether) {
+    SunCheck check(istanbul());
+    checkShiftedDays(tableBy("diyanet", 2026, 3), check, 3, 300);
+    checkShiftedDays(tableBy("mwl", 2026, 6), check, 4, 300);
+    EXPECT_EQ(refused, 600);
 }
 
 }  // namespace

@@ -10,26 +10,6 @@
 namespace quode::timetables {
 namespace {
 
-constexpr int firstOfMarch2026 = 20513;
-
-Import imported(const std::string& content, const ImportOptions& options = {}) {
-    SunCheck check(istanbul());
-    return importTable(readRawTable(content, istanbul().clock()), options, check);
-}
-
-std::string messageOf(const std::string& content, const ImportOptions& options = {}) {
-    try {
-        imported(content, options);
-    } catch (const ImportError& error) {
-        return error.what();
-    }
-    return "";
-}
-
-int minute(const Import& import, int day, std::size_t prayer) {
-    return import.table.rows.at(day).minutes.at(prayer).value();
-}
-
 // Diyanet's times of Istanbul, 1 and 2 March 2026.
 TEST(Import, readsTurkishColumns) {
     const Import import = imported(
@@ -73,6 +53,13 @@ TEST(Import, readsFrenchAndMalayColumns) {
         "2026-03-01,05:57,06:07,07:31,13:22,16:27,19:02,20:21\n");
     ASSERT_TRUE(malay.problems.empty()) << malay.problems.front().text;
     EXPECT_EQ(minute(malay, firstOfMarch2026, 0), 6 * 60 + 7);  // not Imsak, which is ten minutes before
+}
+
+TEST(Import, readsShortMonths) {
+    for (const auto& [name, month] : {std::pair("janv.", 1), std::pair("févr.", 2), std::pair("juil.", 7),
+                                      std::pair("Okt", 10), std::pair("Dis", 12), std::pair("déc.", 12)}) {
+        EXPECT_EQ(monthNamed(name), month) << name;
+    }
 }
 
 TEST(Import, findsTheOrderOfDates) {

@@ -16,23 +16,47 @@ Site istanbul() {
     return site;
 }
 
-Timetable tableBy(const std::string& key, int year, int month) {
-    using namespace std::chrono;
-    Site site = istanbul();
+Import imported(const std::string& content, const ImportOptions& options) {
+    SunCheck check(istanbul());
+    return importTable(readRawTable(content, istanbul().clock()), options, check);
+}
+
+std::string messageOf(const std::string& content, const ImportOptions& options) {
+    try {
+        imported(content, options);
+    } catch (const ImportError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+int minute(const Import& import, int day, std::size_t prayer) {
+    return import.table.rows.at(day).minutes.at(prayer).value();
+}
+
+Timetable tableOf(Site site, const std::string& key, int firstDay, int count) {
     site.choice.method.key = key;
     Timetable table;
-    const auto first = std::chrono::year(year) / std::chrono::month(unsigned(month));
-    const int last = int(unsigned((first / std::chrono::last).day()));
-    for (int day = 1; day <= last; ++day) {
-        const VAKDate date = VAKDateMake(day, month, year, 0, 0, 0);
-        const CityDay computed = computeCityDay(site, date);
+    for (int number = firstDay; number < firstDay + count; ++number) {
+        const std::chrono::year_month_day date{std::chrono::sys_days(std::chrono::days(number))};
+        const VAKDate record =
+            VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
+        const CityDay computed = computeCityDay(site, record);
         TimetableRow row;
         for (std::size_t i = 0; i < row.minutes.size(); ++i) {
-            row.minutes[i] = shownMinute(timeOfPrayer(computed, firstPrayer + int(i)));
+            const double hours = timeOfPrayer(computed, firstPrayer + int(i));
+            if (hours != missingTime) row.minutes[i] = shownMinute(hours);
         }
-        table.rows[dayNumber(date)] = row;
+        table.rows[number] = row;
     }
     return table;
+}
+
+Timetable tableBy(const std::string& key, int year, int month) {
+    using namespace std::chrono;
+    const auto first = std::chrono::year(year) / std::chrono::month(unsigned(month));
+    const int count = int(unsigned((first / std::chrono::last).day()));
+    return tableOf(istanbul(), key, int(sys_days(first / 1).time_since_epoch().count()), count);
 }
 
 std::string csvOf(const Timetable& table) {
