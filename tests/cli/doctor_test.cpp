@@ -99,6 +99,9 @@ TEST(Doctor, FindsAHomeThatIsGone) {
     EXPECT_EQ(check["state"], "problem");
     EXPECT_EQ(check["command"], "quode city home NAME");
     EXPECT_NE(program.run({"city", "list"}).out.find("no longer in the city database"), std::string::npos);
+    const std::string alarms = program.run({"alarm", "list"}).out;
+    EXPECT_NE(alarms.find("999999999"), std::string::npos) << alarms;
+    EXPECT_EQ(alarms.find("You have no cities yet"), std::string::npos) << alarms;
     const Outcome today = program.run({"next"});
     EXPECT_EQ(today.code, 6);
     EXPECT_NE(today.err.find("Choose another one: quode city home NAME"), std::string::npos) << today.err;
