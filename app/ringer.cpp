@@ -56,6 +56,12 @@ void requireEvolutionProgram(Session& session) {
     throw Failure(ExitCode::notFound, _("Evolution cannot ring: {}. Quode rings.", obstacle));
 }
 
+void requireEvolution(Session& session) {
+    if (evolutionIsInstalled(session.environment())) return;
+    throw Failure(ExitCode::notFound, _("The alarms cannot be shown: Evolution and its calendar service are not "
+                                        "installed. Install evolution-data-server first."));
+}
+
 void setRinger(Session& session, UserDatabase& database, Ringer ringer) {
     EvolutionSource source = evolutionSource(session);
     const auto tellEvolution = [&] {
