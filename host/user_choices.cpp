@@ -206,8 +206,10 @@ bool homeIsMissing(app::Session& session) {
     }
 }
 
-void makeUserDatabase(app::Session& session, const CityRecord& city) {
+void makeUserDatabase(app::Session& session, const CityRecord& city, bool isGuess) {
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+    const std::optional<UserCity> first = isGuess ? database.home() : std::nullopt;
+    if (first && first->isGuess && first->id == city.id) return;
     const bool isKnown = city.id > 0;
     if (isKnown) database.addCity(city.id);
     const int wanted = isKnown ? city.id : database.addPlace({city.name, city.latitude, city.longitude, city.zone});

@@ -62,6 +62,7 @@ QString muteAlarms(app::Session& session, bool isMuted);
 bool homeIsMissing(app::Session& session);
 
 /// Makes a user database in an empty folder whose only city is this one.
-void makeUserDatabase(app::Session& session, const CityRecord& city);
+/// @param isGuess  the user has not chosen it: it stays marked so where a new database begins with it
+void makeUserDatabase(app::Session& session, const CityRecord& city, bool isGuess = false);
 
 }  // namespace quode::host

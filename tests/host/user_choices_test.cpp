@@ -178,6 +178,17 @@ TEST_F(UserChoicesTest, PutOneCityIntoADatabaseOfItsOwn) {
     EXPECT_TRUE(cities[0].isHome);
 }
 
+TEST_F(UserChoicesTest, KeepAGuessOfADatabaseOfItsOwnMarkedAsOne) {
+    Session fresh = session();
+    const auto guess = fresh.cities().largestCityOfZone(fresh.systemZone());
+    ASSERT_TRUE(guess);
+    host::makeUserDatabase(fresh, *guess, true);
+    const auto home = open(fresh).home();
+    ASSERT_TRUE(home);
+    EXPECT_EQ(home->id, guess->id);
+    EXPECT_TRUE(home->isGuess);
+}
+
 TEST_F(UserChoicesTest, PutAPointIntoADatabaseOfItsOwn) {
     Session fresh = session();
     CityRecord point = *fresh.cities().city(istanbul);
