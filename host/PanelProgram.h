@@ -14,6 +14,7 @@
 #include "host/PanelTray.h"
 #include "host/TrayWatch.h"
 #include "host/WidgetBundle.h"
+#include "host/user_choices.h"
 
 namespace quode {
 class UserEventStore;
@@ -48,6 +49,7 @@ class PanelProgram : public QObject {
     void connectMenu();
     void connectPanel();
     void showTray();
+    void onBuilt();
     void onDismissed();
     void lookAgainForWhatCannotBeRead();
     MenuState menuState();
@@ -69,7 +71,9 @@ class PanelProgram : public QObject {
     PanelWindow window_;
     DesktopTheme theme_;
     PanelMenu menu_;
-    QString told_;  // what is to be told with the next presentation
+    QString told_;                     // what is to be told with the next presentation
+    std::optional<HeldChoices> held_;  // while the widget is built
+    bool isPrepared_ = true;           // for the present presentation
     WidgetBundle bundle_;
     std::unique_ptr<WidgetViewController> widget_;
     HomeWatch watch_;

@@ -13,6 +13,7 @@
 #include "companion/AlarmHabits.h"
 #include "companion/UserDatabase.h"
 #include "companion/autostart.h"
+#include "companion/user_connection.h"
 #include "data/user_places.h"
 #include "platform/folders.h"
 #include "texts/translation.h"
@@ -35,9 +36,10 @@ std::string assureAlarmsAfterLogin(const app::Session& session, const UserDataba
 
 }  // namespace
 
-QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
+Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar) {
     GlobalFuncs& services = session.services();
     QStringList notices;
+    bool isLocked = false;
     if (services.dataFolderProblem()) notices << QString::fromStdString(*services.dataFolderProblem());
     try {
         UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock(), lockPatience);
@@ -52,10 +54,27 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
         if (!renewed.message.empty()) notices << QString::fromStdString(renewed.message);
         const std::string start = assureAlarmsAfterLogin(session, database);
         if (!start.empty()) notices << QString::fromStdString(start);
-    } catch (const std::runtime_error& error) {  // of either database; the panel is shown all the same
+    } catch (const UserDatabaseError& error) {
+        isLocked = error.reason() == UserDatabaseError::Reason::locked;
+        notices << error.what();
+    } catch (const std::runtime_error& error) {  // of the city database; the panel is shown all the same
         notices << error.what();
     }
-    return notices.join('\n');
+    return {notices.join('\n'), isLocked};
+}
+
+// Within a transaction, what is read first takes a lock for reading, which lasts until the database is closed.
+HeldChoices::HeldChoices(app::Session& session) {
+    try {
+        std::optional<UserDatabase> opened = app::userDatabaseToRead(session);
+        if (!opened) return;
+        database_ = std::make_unique<UserDatabase>(std::move(*opened));
+        database_->connection().run("BEGIN");
+        database_->home();
+    } catch (const UserDatabaseError& error) {
+        isLocked_ = error.reason() == UserDatabaseError::Reason::locked;
+    } catch (const std::runtime_error&) {  // of the city database
+    }
 }
 
 namespace {

@@ -5,19 +5,40 @@
 
 #include <QString>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "app/session.h"
+#include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
 #include "companion/UserSettings.h"
 #include "host/Panel.h"
 
 namespace quode::host {
 
+struct Preparation {
+    QString notice;         ///< what the user should be told; empty when all is well
+    bool isLocked = false;  ///< another program kept the user database locked: the notice holds only for now
+};
+
 /// Makes the user database when there is none, and brings up to date what the widget goes by: the prayer times of the
-/// alarms, and the layout of the calendar. Returned: what the user should be told; empty when all is well.
-QString prepareUserChoices(app::Session& session, UserEventStore& calendar);
+/// alarms, and the layout of the calendar.
+Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar);
+
+/// The user database, kept as it is for as long as the object lives: whatever this process reads from it meanwhile, no
+/// other program can lock it or change it. The object must not live while this process itself is to change it.
+class HeldChoices {
+  public:
+    explicit HeldChoices(app::Session& session);
+
+    /// True when another program had locked the database already, so that what is read now may fail.
+    bool isLocked() const { return isLocked_; }
+
+  private:
+    std::unique_ptr<UserDatabase> database_;
+    bool isLocked_ = false;
+};
 
 /// Speaks the language that the settings name now, by the rule of `chosenLanguage`. What cannot be read changes nothing.
 void followLanguage(app::Session& session, const std::optional<std::string>& option);

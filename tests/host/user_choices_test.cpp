@@ -39,7 +39,7 @@ class UserChoicesTest : public testing::Test {
 
 TEST_F(UserChoicesTest, MakeTheDatabaseOfAFreshMachineWithTheCityOfItsZone) {
     Session fresh = session();
-    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "");
+    EXPECT_EQ(host::prepareUserChoices(fresh, calendar).notice, "");
     const auto home = open(fresh).home();
     ASSERT_TRUE(home && home->city);
     EXPECT_EQ(home->city->zone, "Asia/Kathmandu");  // the zone that the tests run in
@@ -51,7 +51,7 @@ TEST_F(UserChoicesTest, TellHowToChooseACityWhenThereIsNone) {
         UserDatabase database = open(fresh);
         for (const UserCity& city : database.cities()) database.removeCity(city.id);
     }
-    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "Choose your city from the menu.");
+    EXPECT_EQ(host::prepareUserChoices(fresh, calendar).notice, "Choose your city from the menu.");
 }
 
 TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {
@@ -59,7 +59,7 @@ TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {
     fresh.services();
     open(fresh);
     ASSERT_TRUE(DatabaseFunctions().executeSQL("UPDATE USER_CITY SET ID = 99999999"));
-    const QString notice = host::prepareUserChoices(fresh, calendar);
+    const QString notice = host::prepareUserChoices(fresh, calendar).notice;
     EXPECT_TRUE(notice.contains("99999999") && notice.contains("quode city home")) << notice.toStdString();
 }
 
@@ -79,7 +79,7 @@ TEST_F(UserChoicesTest, TellTheHomeCity) {
 TEST_F(UserChoicesTest, TellThatADamagedDatabaseWasKeptAside) {
     std::ofstream(userDatabaseFile(folder.path())) << std::string(5000, 'x');
     Session damaged = session();
-    const QString notice = host::prepareUserChoices(damaged, calendar);
+    const QString notice = host::prepareUserChoices(damaged, calendar).notice;
     EXPECT_TRUE(notice.contains("damaged")) << notice.toStdString();
     EXPECT_TRUE(open(damaged).home());
 }
@@ -134,6 +134,26 @@ TEST_F(UserChoicesTest, WaitAtMostAFifthOfASecondForALockedDatabase) {
     EXPECT_LT(waited([&] { return host::rememberRows(fresh, {true, false}); }), longest);
 }
 
+// What the widget, its marks and its texts read one after the other belongs together.
+TEST_F(UserChoicesTest, CannotBeLockedOrChangedByOthersWhileTheyAreHeld) {
+    Session fresh = session();
+    EXPECT_FALSE(host::prepareUserChoices(fresh, calendar).isLocked);
+    sqlite3* opened = nullptr;
+    ASSERT_EQ(sqlite3_open(userDatabaseFile(folder.path()).c_str(), &opened), SQLITE_OK);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> other(opened, sqlite3_close);
+    const auto lock = [&] { return sqlite3_exec(opened, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr); };
+    {
+        const host::HeldChoices held(fresh);
+        EXPECT_FALSE(held.isLocked());
+        EXPECT_EQ(lock(), SQLITE_BUSY);
+        EXPECT_NE(host::shownChoices(fresh), "");
+    }
+    ASSERT_EQ(lock(), SQLITE_OK);
+    EXPECT_TRUE(host::HeldChoices(fresh).isLocked());
+    EXPECT_TRUE(host::prepareUserChoices(fresh, calendar).isLocked);
+    EXPECT_EQ(host::shownChoices(fresh), "");
+}
+
 TEST_F(UserChoicesTest, FollowTheLanguageOfTheSettings) {
     Session fresh = session();
     fresh.services();
@@ -166,7 +186,7 @@ TEST_F(UserChoicesTest, AreUnknownButNoObstacleWithoutTheCities) {
                    {});
     EXPECT_EQ(host::chosenLayout(broken), PanelLayout::automatic);
     EXPECT_EQ(host::homeName(broken), "");
-    EXPECT_TRUE(host::prepareUserChoices(broken, calendar).contains("Install Quode again"));
+    EXPECT_TRUE(host::prepareUserChoices(broken, calendar).notice.contains("Install Quode again"));
 }
 
 TEST_F(UserChoicesTest, PutOneCityIntoADatabaseOfItsOwn) {
