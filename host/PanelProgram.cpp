@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QCursor>
 #include <QShortcut>
+#include <algorithm>
 #include <utility>
 
 #include "app/session.h"
@@ -101,6 +102,7 @@ void PanelProgram::prepare() {
 
 // What is shown while something was locked does not stay.
 void PanelProgram::onBuilt() {
+    alarmsOn_ = alarmStates(session_).value_or(std::map<int, bool>{});
     const bool isWhole = isPrepared_ && held_ && !held_->isLocked();
     held_.reset();
     watch_.setShownWhole(isWhole);
@@ -180,7 +182,24 @@ MenuState PanelProgram::menuState() {
 void PanelProgram::showAlarms() {
     const auto states = alarmStates(session_);
     if (!states) return watch_.lookAgain();
-    panel_.showAlarms(*states);
+    takeAlarms(*states);
+}
+
+// An alarm that was switched on in the panel is to ring after the next login, too.
+void PanelProgram::takeAlarms(const std::map<int, bool>& alarmsOn) {
+    panel_.showAlarms(alarmsOn);
+    const bool isOneMore = std::ranges::any_of(alarmsOn, [this](const auto& alarm) {
+        const auto before = alarmsOn_.find(alarm.first);
+        return alarm.second && before != alarmsOn_.end() && !before->second;
+    });
+    alarmsOn_ = alarmsOn;
+    const QString start = isOneMore ? assureAlarmsAfterLogin(session_) : QString();
+    if (start.isEmpty()) return;
+    if (panel_.isPresented()) {
+        window_.setNotice(start);
+    } else {
+        told_ = start;
+    }
 }
 
 void PanelProgram::switchAlarm(int code, bool isOn) {
@@ -192,7 +211,7 @@ void PanelProgram::switchAlarm(int code, bool isOn) {
         database.deleteAlarm(code);
     }
     const auto states = alarmStates(session_);
-    if (states) panel_.showAlarms(*states);
+    if (states) takeAlarms(*states);
     if (!states || states->at(code) != isOn) tell(_("The alarm could not be changed. Please try again."));
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -55,6 +56,7 @@ class PanelProgram : public QObject {
     MenuState menuState();
     ComingPrayer comingPrayerNow();
     void showAlarms();
+    void takeAlarms(const std::map<int, bool>& alarmsOn);
     void switchAlarm(int code, bool isOn);
     void chooseColors(int scheme);
     void chooseCity();
@@ -74,6 +76,7 @@ class PanelProgram : public QObject {
     QString told_;                     // what is to be told with the next presentation
     std::optional<HeldChoices> held_;  // while the widget is built
     bool isPrepared_ = true;           // for the present presentation
+    std::map<int, bool> alarmsOn_;     // by the codes of the prayers
     WidgetBundle bundle_;
     std::unique_ptr<WidgetViewController> widget_;
     HomeWatch watch_;

@@ -29,7 +29,7 @@ constexpr std::chrono::milliseconds lockPatience{200};
 namespace {
 
 // An alarm that was switched on here is to ring after the next login, too. Returned: what the user should know.
-std::string assureAlarmsAfterLogin(const app::Session& session, const UserDatabase& database) {
+std::string serviceStartMessage(const app::Session& session, const UserDatabase& database) {
     if (std::ranges::none_of(database.alarms(), &UserAlarm::isOn)) return {};
     return assureServiceStart(session.environment(), executablePath().parent_path() / "quode-alarmd").message;
 }
@@ -52,7 +52,7 @@ Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar) 
         const AlarmChange renewed =
             AlarmBook(session.dataFolder(), database, calendar, DatabaseFunctions::drawingPatience).renew();
         if (!renewed.message.empty()) notices << QString::fromStdString(renewed.message);
-        const std::string start = assureAlarmsAfterLogin(session, database);
+        const std::string start = serviceStartMessage(session, database);
         if (!start.empty()) notices << QString::fromStdString(start);
     } catch (const UserDatabaseError& error) {
         isLocked = error.reason() == UserDatabaseError::Reason::locked;
@@ -204,6 +204,12 @@ QString makeHome(app::Session& session, int city) {
         database.addCity(city);
         database.chooseHome(city);
     });
+}
+
+QString assureAlarmsAfterLogin(app::Session& session) {
+    const auto told =
+        readFrom(session, [&](const UserDatabase& database) { return serviceStartMessage(session, database); });
+    return QString::fromStdString(told.value_or(""));
 }
 
 QString muteAlarms(app::Session& session, bool isMuted) {

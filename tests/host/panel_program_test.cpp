@@ -115,5 +115,12 @@ TEST_F(WholePanel, TakesBackTheNoticeOfALockThatKeptOnlyItsOwnChangesOut) {
     EXPECT_EQ(cityShown(), "Istanbul");
 }
 
+TEST_F(WholePanel, SaysThatTheServiceStartsWithEachLoginWhenAnAlarmIsSwitchedOn) {
+    start();
+    EXPECT_EQ(notice(), "");
+    row(asr).buttonAlarmOnOff()->tap();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return notice().contains("login"); }, patience)) << notice().toStdString();
+}
+
 }  // namespace
 }  // namespace quode::test

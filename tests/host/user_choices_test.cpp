@@ -84,6 +84,20 @@ TEST_F(UserChoicesTest, TellThatADamagedDatabaseWasKeptAside) {
     EXPECT_TRUE(open(damaged).home());
 }
 
+TEST_F(UserChoicesTest, HaveTheAlarmsRingAfterTheNextLoginOnceOneIsOn) {
+    const std::filesystem::path home = folder.path() / "home";
+    Session fresh(
+        environmentOf(
+            {{"HOME", home.string()}, {"XDG_CONFIG_DIRS", "/nonexistent"}, {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE}}),
+        {});
+    UserEventStore events(fresh.dataFolder(), CalendarLayout::ics);
+    host::prepareUserChoices(fresh, events);
+    EXPECT_EQ(host::assureAlarmsAfterLogin(fresh), "") << "no alarm is on";
+    DatabaseFunctions().reCalculateAlarm(203);
+    const QString told = host::assureAlarmsAfterLogin(fresh);
+    EXPECT_TRUE(told.contains("login")) << told.toStdString();
+}
+
 TEST_F(UserChoicesTest, BringThePrayerTimesOfTheAlarmsUpToDate) {
     Session fresh = session();
     host::prepareUserChoices(fresh, calendar);
