@@ -21,7 +21,11 @@ std::filesystem::path connectEvolution(Session& session, bool letsItRing) {
     UserDatabase database = userDatabaseToChange(session);
     const UserSettings settings = loadSettings(database);
     const bool rings = letsItRing || settings.ringer == Ringer::evolution;
-    if (rings) requireEvolutionProgram(session);
+    if (rings) {
+        requireEvolutionProgram(session);
+    } else {
+        requireEvolution(session);
+    }
     if (settings.calendarLayout != CalendarLayout::ics) {
         throw Failure(ExitCode::usage, _("Evolution shows the alarms only where they are kept in one file. Choose that "
                                          "first: quode settings calendar ics"));

@@ -10,6 +10,8 @@
 
 namespace quode::app {
 
+class Session;
+
 struct CurrentField {
     double declination = 0.0;  ///< degrees, east positive
     double ageYears = 0.0;     ///< of the model on the day; negative before its epoch
@@ -20,7 +22,7 @@ struct CurrentField {
 CurrentField currentField(const Site& site, const VAKDate& date);
 
 /// "WMM2025, 1.9 years old"; says so where the model is not meant for the day.
-std::string currentFieldRemark(const CurrentField& field);
+std::string currentFieldRemark(Session& session, const CurrentField& field);
 
 Json currentFieldJson(const CurrentField& field);
 

@@ -75,10 +75,28 @@ Finding checkDataFolder(Session& session) {
     return found;
 }
 
+// "places 2026-09, zones 2026f" in the user's language.
+std::string editionText(std::string_view edition) {
+    std::string text;
+    while (!edition.empty()) {
+        std::string_view part = edition.substr(0, edition.find(", "));
+        edition.remove_prefix(std::min(edition.size(), part.size() + 2));
+        text += text.empty() ? "" : ", ";
+        if (part.starts_with("places ")) {
+            text += _("places {}", part.substr(part.find(' ') + 1));
+        } else if (part.starts_with("zones ")) {
+            text += _("zones {}", part.substr(part.find(' ') + 1));
+        } else {
+            text += part;
+        }
+    }
+    return text;
+}
+
 Finding checkCityDatabase(Session& session, Known& known) {
     Finding found{"city_database", _("City database"), State::ok, "", ""};
     try {
-        found.text = session.cities().edition();
+        found.text = editionText(session.cities().edition());
         known.hasCityDatabase = true;
     } catch (const CityDatabaseError& error) {
         found.state = State::problem;
@@ -260,11 +278,17 @@ Finding checkAlarmService(Session& session, const Known& known) {
                   ""};
     if (state.ringer == Ringer::evolution) found.text += _("; Evolution rings");
     if (known.anyAlarmIsOn()) {
+        const bool startsAtLogin = session.variable("QUODE_DATA_DIR") || serviceStartsAtLogin(session.environment());
         if (!state.isReady()) {
             found.state = State::problem;
             found.text = state.problem;
+            if (!startsAtLogin) {
+                found.text = std::string(_("It does not start with the next login. Switching an alarm on sees to "
+                                           "that.")) +
+                             " " + state.problem;
+            }
             found.command = state.remedy;
-        } else if (!session.variable("QUODE_DATA_DIR") && !serviceStartsAtLogin(session.environment())) {
+        } else if (!startsAtLogin) {
             found.state = State::problem;
             found.advice = _("It does not start with the next login. Switch an alarm on again, which sees to that:");
             found.command = "quode alarm on PRAYER";

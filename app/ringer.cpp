@@ -7,6 +7,7 @@
 #include "app/session.h"
 #include "companion/UserEventStore.h"
 #include "companion/alarm_service.h"
+#include "companion/autostart.h"
 #include "companion/ringer.h"
 #include "platform/folders.h"
 #include "texts/translation.h"
@@ -14,13 +15,12 @@
 namespace quode::app {
 namespace {
 
-constexpr const char* startService = "systemctl --user enable --now quode-alarmd";
-
 void findProblem(Session& session, const UserSettings& settings, RingerState& state) {
-    const auto set = [&state](std::string problem, const char* remedy) {
+    const auto set = [&state](std::string problem, std::string remedy) {
         state.problem = std::move(problem);
-        state.remedy = remedy;
+        state.remedy = std::move(remedy);
     };
+    const std::string startService = serviceStartCommand(session.environment());
     const std::string obstacle = evolutionObstacle(session.environment(), session.dataFolder());
     if (settings.ringer == Ringer::evolution && !obstacle.empty()) {
         set(_("Evolution was chosen to ring, but {}. Quode rings in its place. Connect Evolution again, or let Quode "
@@ -54,6 +54,12 @@ void requireEvolutionProgram(Session& session) {
     const std::string obstacle = evolutionProgramObstacle(session.environment());
     if (obstacle.empty()) return;
     throw Failure(ExitCode::notFound, _("Evolution cannot ring: {}. Quode rings.", obstacle));
+}
+
+void requireEvolution(Session& session) {
+    if (evolutionIsInstalled(session.environment())) return;
+    throw Failure(ExitCode::notFound, _("The alarms cannot be shown: Evolution and its calendar service are not "
+                                        "installed. Install evolution-data-server first."));
 }
 
 void setRinger(Session& session, UserDatabase& database, Ringer ringer) {

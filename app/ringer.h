@@ -28,6 +28,9 @@ RingerState ringerState(Session& session, const UserSettings& settings);
 /// Throws `Failure` where Evolution's reminder program is not there to ring.
 void requireEvolutionProgram(Session& session);
 
+/// Throws `Failure` where nothing is installed that could show a calendar of Evolution.
+void requireEvolution(Session& session);
+
 /// Chooses who rings from now on, and tells Evolution, when it is connected. Should that fail in between, both ring
 /// rather than none. Throws `UserDatabaseError`, and `Failure` when Evolution's description cannot be written.
 void setRinger(Session& session, UserDatabase& database, Ringer ringer);

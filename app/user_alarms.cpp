@@ -95,6 +95,7 @@ UserAlarms readAlarms(Session& session, UserDatabase& database) {
     all.settings = loadSettings(database);
     all.snoozed = snoozedRings(session, all.alarms);
     const std::optional<UserCity> home = database.home();
+    if (home && !home->city) all.lostHome = home->id;
     if (!home || !home->city) return all;
     all.city = home->city;
     findRings(all, session.now());

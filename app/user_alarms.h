@@ -17,6 +17,7 @@ class Session;
 /// What is known of the user's alarms.
 struct UserAlarms {
     std::optional<CityRecord> city;        ///< for which they ring; without one none does
+    std::optional<int> lostHome;           ///< the number of a home city that is no longer in the city database
     std::vector<UserAlarm> alarms;         ///< the six, in the order of the day
     std::vector<AlarmOccurrence> prayers;  ///< the next time of each, whatever its alarm does
     std::vector<AlarmOccurrence> coming;   ///< the next ring of each within a day, on or off, in the order of time

@@ -9,6 +9,7 @@
 #include "app/day_view.h"
 #include "app/place.h"
 #include "app/ringer.h"
+#include "app/user_data.h"
 #include "cli/page_parts.h"
 #include "common/calendar.h"
 #include "common/formatting.h"
@@ -125,7 +126,8 @@ void showAlarms(Console& console, const UserAlarms& all) {
     if (all.city) {
         printAlarmCity(console, all);
     } else {
-        console.print(_("You have no cities yet. To choose one: quode city home NAME."));
+        console.print(all.lostHome ? console.wrapped(lostHome(*all.lostHome))
+                                   : _("You have no cities yet. To choose one: quode city home NAME."));
         console.print();
     }
     printTable(console, all);

@@ -173,6 +173,11 @@ ServiceStart assureServiceStart(const Environment& environment, const fs::path& 
     return madeNew(writeEntry(environment, entryName, program, {}));
 }
 
+std::string serviceStartCommand(const Environment& environment) {
+    const bool hasUnit = systemdRuns(environment) && unitFile(environment);
+    return hasUnit ? "systemctl --user enable --now quode-alarmd" : "quode-alarmd";
+}
+
 bool programStartsAtLogin(const Environment& environment, const std::string& name) {
     return isStarted(autostartEntry(environment, name + ".desktop"));
 }

@@ -38,6 +38,9 @@ bool serviceStartsAtLogin(const Environment& environment);
 /// @param program  the service
 ServiceStart assureServiceStart(const Environment& environment, const std::filesystem::path& program);
 
+/// The command that starts the service now: by the user's systemd where that runs and knows the unit.
+std::string serviceStartCommand(const Environment& environment);
+
 /// Whether the desktop starts a program, such as "quode-panel", at login.
 bool programStartsAtLogin(const Environment& environment, const std::string& name);
 

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <optional>
+#include <string_view>
 
 #include "companion/UserEventStore.h"
 #include "companion/autostart.h"
@@ -17,7 +18,25 @@ namespace {
 
 constexpr const char* reminderEntry = "org.gnome.Evolution-alarm-notify.desktop";
 
+constexpr std::string_view calendarService = "org.gnome.evolution.dataserver.Sources";  // and the number of an edition
+
 }  // namespace
+
+// The message bus starts it by a file in one of these folders.
+bool evolutionIsInstalled(const Environment& environment) {
+    const std::string own =
+        nonEmpty(environment, "XDG_DATA_HOME").value_or(homeFolderFrom(environment) + "/.local/share");
+    std::string folders = own + ":" + nonEmpty(environment, "XDG_DATA_DIRS").value_or("/usr/local/share:/usr/share");
+    for (std::size_t end = 0; !folders.empty(); folders.erase(0, end == std::string::npos ? end : end + 1)) {
+        end = folders.find(':');
+        const std::filesystem::path services = std::filesystem::path(folders.substr(0, end)) / "dbus-1/services";
+        std::error_code error;
+        for (const auto& entry : std::filesystem::directory_iterator(services, error)) {
+            if (entry.path().filename().string().starts_with(calendarService)) return true;
+        }
+    }
+    return false;
+}
 
 std::string evolutionProgramObstacle(const Environment& environment) {
     const std::optional<AutostartEntry> entry = autostartEntry(environment, reminderEntry);

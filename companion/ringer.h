@@ -18,6 +18,9 @@ std::string evolutionObstacle(const Environment& environment, const std::filesys
 /// The same without the description, which may still be written.
 std::string evolutionProgramObstacle(const Environment& environment);
 
+/// Whether Evolution's calendar service is installed, which Evolution and GNOME's calendar show calendars from.
+bool evolutionIsInstalled(const Environment& environment);
+
 /// Who rings: Evolution where it was chosen and does, else Quode itself.
 Ringer ringerInEffect(const UserSettings& settings, const Environment& environment,
                       const std::filesystem::path& dataFolder);

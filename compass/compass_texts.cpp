@@ -74,7 +74,7 @@ std::string currentFieldLine(GlobalFuncs& services, double latitude, double long
     const auto field = WorldMagneticModel::at(year, latitude, longitude, 0.0);
     const std::string angle = signedByLetter(services, field.declination);
     const std::string epoch = fmt::format("{:.1f}", WorldMagneticModel::epoch);
-    if (!WorldMagneticModel::isValidIn(year)) {
+    if (!WorldMagneticModel::isValidIn(today.Years)) {
         return _("{} ({}), not meant for this year : {}", WorldMagneticModel::name, epoch, angle);
     }
     const std::string age = fmt::format("{:.1f}", year - WorldMagneticModel::epoch);

@@ -117,9 +117,15 @@ const CityRecord& FirstStartDialog::city() const {
 // No method is chosen for the user: the box is empty at first.
 void FirstStartDialog::showCity() {
     const std::string name = city().name;
-    question_->setText(toQt(found_ ? _("Your city is {}, {}.", name, regionAndCountryOf(city()).toStdString())
-                                   : _("Your city is {}, going by the time zone. Keep it, or search.", name)));
-    const conventions::Convention* const usual = conventions::usualIn(city().countryCode);
+    const auto cityOfZone = session_.cities().largestCityOfZone(session_.systemZone());
+    const bool isOfZone = cityOfZone && cityOfZone->id == guess_.id;
+    question_->setText(
+        toQt(found_     ? _("Your city is {}, {}.", name, regionAndCountryOf(city()).toStdString())
+             : isOfZone ? _("Your city is {}, going by the time zone. Keep it, or search.", name)
+                        : _("The time zone of this device has no city: {} is shown. Search for your city.", name)));
+    // Nothing is known of the user's country where not even the zone tells it.
+    const conventions::Convention* const usual =
+        found_ || isOfZone ? conventions::usualIn(city().countryCode) : nullptr;
     const bool isOther = usual != nullptr && usual != &conventions::defaultConvention();
     authority_->setVisible(isOther);
     method_->setVisible(isOther);

@@ -31,6 +31,10 @@ class HomeWatch : public MomentWatch {
     /// Looks once more after a while, for what could not be read; nothing happens where nothing is watched.
     void lookAgain();
 
+    /// Tells whether all that is shown could be read. If not, `stirred` comes as soon as it can be read, also when that
+    /// is what was read before. The looks become rarer while each new presentation fails in the same way.
+    void setShownWhole(bool isWhole);
+
   Q_SIGNALS:
     /// Something was chosen that the widget need not be rebuilt for, such as an alarm.
     void otherChoicesWritten();
@@ -43,6 +47,8 @@ class HomeWatch : public MomentWatch {
     std::function<std::string()> shownNow_;
     std::string shown_;  // when the watching began
     bool isWatching_ = false;
+    bool isWhole_ = true;
+    int failures_ = 0;  // presentations in a row that were not whole
     QTimer settling_, secondLook_;
 };
 

@@ -75,6 +75,7 @@ void Panel::showWidget() {
     refreshFacts();
     isAttached_ = true;
     invalidatePreferredViewSize();
+    Q_EMIT built();
 }
 
 void Panel::hideWidget() {

@@ -65,6 +65,8 @@ class Panel : public QObject, private WidgetHost {
     void toggle(QPoint pointer);
 
   Q_SIGNALS:
+    /// The widget is built, with what is shown around it; it may be so many times while the panel is presented.
+    void built();
     void dismissed();
 
   private:

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QCursor>
 #include <QShortcut>
+#include <algorithm>
 #include <utility>
 
 #include "alarms/DatabaseFunctions.h"
@@ -34,6 +35,11 @@ std::vector<std::filesystem::path> userFiles(app::Session& session) {
     return {database, database.string() + "-wal"};
 }
 
+// What is still to be told at a later presentation, which finds out itself whether the database is locked then.
+QString lastingNotice(const Preparation& preparation) {
+    return preparation.isLocked ? QString() : preparation.notice;
+}
+
 }  // namespace
 
 PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore> calendar,
@@ -46,7 +52,7 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
               isComposited()),
       menu_([this] { return menuState(); }),
       // The widget reads the user's cities as soon as it is made. Notices of that moment are shown with the first panel.
-      told_(prepareUserChoices(session_, *calendar_)),
+      told_(lastingNotice(prepareUserChoices(session_, *calendar_))),
       bundle_(session_.bundle().string()),
       widget_(bundle_.makeWidget()),
       watch_(
@@ -69,7 +75,6 @@ PanelProgram::~PanelProgram() {
 
 void PanelProgram::present() {
     panel_.present(QCursor::pos());
-    lookAgainForWhatCannotBeRead();
 }
 
 void PanelProgram::askOnFirstStart() {
@@ -84,8 +89,10 @@ void PanelProgram::lookAgainForWhatCannotBeRead() {
 void PanelProgram::prepare() {
     followLanguage(session_, languageOption_);
     window_.setMenu(&menu_, _("Menu"));
-    const QString present = prepareUserChoices(session_, *calendar_);
-    window_.setNotice(told_.isEmpty() ? present : std::exchange(told_, {}));
+    const Preparation present = prepareUserChoices(session_, *calendar_);
+    window_.setNotice(told_.isEmpty() ? present.notice : std::exchange(told_, {}));
+    isPrepared_ = !present.isLocked;
+    held_.emplace(session_);
     window_.setTheme(theme_.theme());
     GlobalFuncs& services = session_.services();
     services.getSettings().uiControlColorId = chosenColorScheme(session_);
@@ -93,9 +100,19 @@ void PanelProgram::prepare() {
     if (device_->setWantedWidth(widthForCityName(homeName(session_)))) services.measureScreen();
 }
 
+// What is shown while something was locked does not stay.
+void PanelProgram::onBuilt() {
+    alarmsOn_ = alarmStates(session_).value_or(std::map<int, bool>{});
+    const bool isWhole = isPrepared_ && held_ && !held_->isLocked();
+    held_.reset();
+    watch_.setShownWhole(isWhole);
+    if (isWhole) lookAgainForWhatCannotBeRead();
+}
+
 void PanelProgram::connectPanel() {
     panel_.setFacts([this] { return panelFacts(session_); });
     panel_.setOpenRows(storedRows_);
+    connect(&panel_, &Panel::built, this, &PanelProgram::onBuilt);
     connect(&panel_, &Panel::dismissed, this, &PanelProgram::onDismissed);
     connect(&watch_, &HomeWatch::otherChoicesWritten, this, [this] {
         showAlarms();
@@ -130,10 +147,7 @@ void PanelProgram::showTray() {
     files.emplace_back(zoneFile);
     toolTipWatch_ = systemMomentWatch(session_.deviceClock(), files);
     tray_ = std::make_unique<PanelTray>([this] { return comingPrayerNow(); }, *toolTipWatch_, menu_);
-    connect(tray_.get(), &PanelTray::clicked, this, [this] {
-        panel_.toggle(QCursor::pos());
-        lookAgainForWhatCannotBeRead();
-    });
+    connect(tray_.get(), &PanelTray::clicked, this, [this] { panel_.toggle(QCursor::pos()); });
 }
 
 void PanelProgram::onDismissed() {
@@ -168,7 +182,24 @@ MenuState PanelProgram::menuState() {
 void PanelProgram::showAlarms() {
     const auto states = alarmStates(session_);
     if (!states) return watch_.lookAgain();
-    panel_.showAlarms(*states);
+    takeAlarms(*states);
+}
+
+// An alarm that was switched on in the panel is to ring after the next login, too.
+void PanelProgram::takeAlarms(const std::map<int, bool>& alarmsOn) {
+    panel_.showAlarms(alarmsOn);
+    const bool isOneMore = std::ranges::any_of(alarmsOn, [this](const auto& alarm) {
+        const auto before = alarmsOn_.find(alarm.first);
+        return alarm.second && before != alarmsOn_.end() && !before->second;
+    });
+    alarmsOn_ = alarmsOn;
+    const QString start = isOneMore ? assureAlarmsAfterLogin(session_) : QString();
+    if (start.isEmpty()) return;
+    if (panel_.isPresented()) {
+        window_.setNotice(start);
+    } else {
+        told_ = start;
+    }
 }
 
 void PanelProgram::switchAlarm(int code, bool isOn) {
@@ -180,7 +211,7 @@ void PanelProgram::switchAlarm(int code, bool isOn) {
         database.deleteAlarm(code);
     }
     const auto states = alarmStates(session_);
-    if (states) panel_.showAlarms(*states);
+    if (states) takeAlarms(*states);
     if (!states || states->at(code) != isOn) tell(_("The alarm could not be changed. Please try again."));
 }
 

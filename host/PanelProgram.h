@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -14,6 +15,7 @@
 #include "host/PanelTray.h"
 #include "host/TrayWatch.h"
 #include "host/WidgetBundle.h"
+#include "host/user_choices.h"
 
 namespace quode {
 class UserEventStore;
@@ -48,11 +50,13 @@ class PanelProgram : public QObject {
     void connectMenu();
     void connectPanel();
     void showTray();
+    void onBuilt();
     void onDismissed();
     void lookAgainForWhatCannotBeRead();
     MenuState menuState();
     ComingPrayer comingPrayerNow();
     void showAlarms();
+    void takeAlarms(const std::map<int, bool>& alarmsOn);
     void switchAlarm(int code, bool isOn);
     void chooseColors(int scheme);
     void chooseCity();
@@ -69,7 +73,10 @@ class PanelProgram : public QObject {
     PanelWindow window_;
     DesktopTheme theme_;
     PanelMenu menu_;
-    QString told_;  // messages for the next presentation
+    QString told_;                     // messages for the next presentation
+    std::optional<HeldChoices> held_;  // while the widget is built
+    bool isPrepared_ = true;           // for the present presentation
+    std::map<int, bool> alarmsOn_;     // by the codes of the prayers
     WidgetBundle bundle_;
     std::unique_ptr<WidgetViewController> widget_;
     HomeWatch watch_;

@@ -27,6 +27,7 @@
 #include "host/panel_facts.h"
 #include "host/placement.h"
 #include "host/widgets.h"
+#include "texts/reading_order.h"
 #include "views/MessageView.h"
 #include "views/contrast.h"
 
@@ -189,7 +190,7 @@ void PanelWindow::setContentSize(QSize size) {
 }
 
 void PanelWindow::setNotice(const QString& text) {
-    notice_->setText(text);
+    notice_->setText(QString::fromStdString(inReadingOrder(text.toStdString())));
     notice_->setVisible(!text.isEmpty());
     if (isVisible()) place();
 }

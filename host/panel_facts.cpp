@@ -9,6 +9,7 @@
 #include "app/next_prayer.h"
 #include "app/session.h"
 #include "app/user_data.h"
+#include "texts/reading_order.h"
 #include "texts/translation.h"
 
 namespace quode::host {
@@ -17,7 +18,7 @@ namespace {
 constexpr int sunrise = 201;
 
 QString qt(const std::string& text) {
-    return QString::fromStdString(text);
+    return QString::fromStdString(inReadingOrder(text));
 }
 
 // The prayer whose time it is at a moment; nothing between sunrise and noon, and where the times are unknown.

@@ -124,10 +124,13 @@ void save(const QImage& image, const std::string& name) {
                   _("The picture \"{}\" cannot be written: {}.", name, file.errorString().toStdString()));
 }
 
+bool isGuess(const app::ChosenPlace& place) {
+    return place.source == app::PlaceSource::systemZone || place.source == app::PlaceSource::fallback;
+}
+
 /// Whether a city that the user did not choose is in the user's files anyway.
 bool isStoredGuess(Session& user, const app::ChosenPlace& place) {
-    const bool isGuess = place.source == app::PlaceSource::systemZone || place.source == app::PlaceSource::fallback;
-    const auto home = isGuess ? app::storedHome(user) : std::nullopt;
+    const auto home = isGuess(place) ? app::storedHome(user) : std::nullopt;
     return home && home->id == place.city.id;
 }
 
@@ -164,7 +167,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     GlobalFuncs& services = session.services();
     services.getSettings().uiControlColorId = chosenColorScheme(user);
     services.updateUIColors();
-    if (!isHome) makeUserDatabase(session, place.city);
+    if (!isHome) makeUserDatabase(session, place.city, isGuess(place));
     session.followCity(&place.city);
     save(picture(options, session), options.file);
     return code;

@@ -13,6 +13,7 @@
 #include "companion/AlarmHabits.h"
 #include "companion/UserDatabase.h"
 #include "companion/autostart.h"
+#include "companion/user_connection.h"
 #include "data/user_places.h"
 #include "platform/folders.h"
 #include "texts/translation.h"
@@ -28,16 +29,17 @@ constexpr std::chrono::milliseconds lockPatience{200};
 namespace {
 
 // An alarm that was switched on here is to ring after the next login, too. Returned: what the user should know.
-std::string assureAlarmsAfterLogin(const app::Session& session, const UserDatabase& database) {
+std::string serviceStartMessage(const app::Session& session, const UserDatabase& database) {
     if (std::ranges::none_of(database.alarms(), &UserAlarm::isOn)) return {};
     return assureServiceStart(session.environment(), executablePath().parent_path() / "quode-alarmd").message;
 }
 
 }  // namespace
 
-QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
+Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar) {
     GlobalFuncs& services = session.services();
     QStringList notices;
+    bool isLocked = false;
     if (services.dataFolderProblem()) notices << QString::fromStdString(*services.dataFolderProblem());
     try {
         UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock(), lockPatience);
@@ -50,12 +52,29 @@ QString prepareUserChoices(app::Session& session, UserEventStore& calendar) {
         const AlarmChange renewed =
             AlarmBook(session.dataFolder(), database, calendar, DatabaseFunctions::drawingPatience).renew();
         if (!renewed.message.empty()) notices << QString::fromStdString(renewed.message);
-        const std::string start = assureAlarmsAfterLogin(session, database);
+        const std::string start = serviceStartMessage(session, database);
         if (!start.empty()) notices << QString::fromStdString(start);
-    } catch (const std::runtime_error& error) {  // of either database; the panel is shown all the same
+    } catch (const UserDatabaseError& error) {
+        isLocked = error.reason() == UserDatabaseError::Reason::locked;
+        notices << error.what();
+    } catch (const std::runtime_error& error) {  // of the city database; the panel is shown all the same
         notices << error.what();
     }
-    return notices.join('\n');
+    return {notices.join('\n'), isLocked};
+}
+
+// Within a transaction, what is read first takes a lock for reading, which lasts until the database is closed.
+HeldChoices::HeldChoices(app::Session& session) {
+    try {
+        std::optional<UserDatabase> opened = app::userDatabaseToRead(session);
+        if (!opened) return;
+        database_ = std::make_unique<UserDatabase>(std::move(*opened));
+        database_->connection().run("BEGIN");
+        database_->home();
+    } catch (const UserDatabaseError& error) {
+        isLocked_ = error.reason() == UserDatabaseError::Reason::locked;
+    } catch (const std::runtime_error&) {  // of the city database
+    }
 }
 
 namespace {
@@ -187,6 +206,12 @@ QString makeHome(app::Session& session, int city) {
     });
 }
 
+QString assureAlarmsAfterLogin(app::Session& session) {
+    const auto told =
+        readFrom(session, [&](const UserDatabase& database) { return serviceStartMessage(session, database); });
+    return QString::fromStdString(told.value_or(""));
+}
+
 QString muteAlarms(app::Session& session, bool isMuted) {
     try {
         app::mute(session, isMuted ? std::optional(app::startOfTomorrow(session)) : std::nullopt);
@@ -206,8 +231,10 @@ bool homeIsMissing(app::Session& session) {
     }
 }
 
-void makeUserDatabase(app::Session& session, const CityRecord& city) {
+void makeUserDatabase(app::Session& session, const CityRecord& city, bool isGuess) {
     UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+    const std::optional<UserCity> first = isGuess ? database.home() : std::nullopt;
+    if (first && first->isGuess && first->id == city.id) return;
     const bool isKnown = city.id > 0;
     if (isKnown) database.addCity(city.id);
     const int wanted = isKnown ? city.id : database.addPlace({city.name, city.latitude, city.longitude, city.zone});

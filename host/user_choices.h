@@ -5,19 +5,40 @@
 
 #include <QString>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "app/session.h"
+#include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
 #include "companion/UserSettings.h"
 #include "host/Panel.h"
 
 namespace quode::host {
 
+struct Preparation {
+    QString notice;         ///< what to report to the user; empty when all is well
+    bool isLocked = false;  ///< another program kept the user database locked: the notice holds only for now
+};
+
 /// Creates the user database when there is none, and updates what the widget reads: the prayer times of the
-/// alarms, and the layout of the calendar. Returned: what to report to the user; empty when all is well.
-QString prepareUserChoices(app::Session& session, UserEventStore& calendar);
+/// alarms, and the layout of the calendar.
+Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar);
+
+/// The user database, kept as it is for as long as the object lives: whatever this process reads from it meanwhile, no
+/// other program can lock it or change it. The object must not live while this process itself is to change it.
+class HeldChoices {
+  public:
+    explicit HeldChoices(app::Session& session);
+
+    /// True when another program had locked the database already, so that what is read now may fail.
+    bool isLocked() const { return isLocked_; }
+
+  private:
+    std::unique_ptr<UserDatabase> database_;
+    bool isLocked_ = false;
+};
 
 /// Speaks the language that the settings name now, by the rule of `chosenLanguage`. What cannot be read changes nothing.
 void followLanguage(app::Session& session, const std::optional<std::string>& option);
@@ -50,6 +71,10 @@ std::optional<std::map<int, bool>> alarmStates(app::Session& session);
 /// Which rows of the widget were open last.
 OpenRows rememberedRows(app::Session& session);
 
+/// Sees to it that the service of the alarms starts at the next login, where an alarm is on. Returned: what the user
+/// should know; empty when it was so before.
+QString assureAlarmsAfterLogin(app::Session& session);
+
 // These change the user's choices. Returned: what went wrong, for the user to read; empty when all is well.
 QString rememberRows(app::Session& session, OpenRows rows);
 QString chooseColorScheme(app::Session& session, int scheme);
@@ -62,6 +87,7 @@ QString muteAlarms(app::Session& session, bool isMuted);
 bool homeIsMissing(app::Session& session);
 
 /// Makes a user database in an empty folder whose only city is this one.
-void makeUserDatabase(app::Session& session, const CityRecord& city);
+/// @param isGuess  the user has not chosen it: it stays marked so where a new database begins with it
+void makeUserDatabase(app::Session& session, const CityRecord& city, bool isGuess = false);
 
 }  // namespace quode::host

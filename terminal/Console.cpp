@@ -3,6 +3,7 @@
 #include "terminal/Console.h"
 
 #include "terminal/streams.h"
+#include "texts/reading_order.h"
 
 namespace quode::terminal {
 namespace {
@@ -43,7 +44,7 @@ std::string Console::wrapped(std::string_view text, int indentation) const {
 }
 
 void Console::print(std::string_view line) {
-    printData(columns_ ? fitted(line, *columns_) : std::string(line));
+    printData(inReadingOrder(columns_ ? fitted(line, *columns_) : std::string(line)));
 }
 
 void Console::printData(std::string_view line) {

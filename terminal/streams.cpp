@@ -13,6 +13,7 @@
 #include "common/numbers.h"
 #include "common/printable.h"
 #include "terminal/text_layout.h"
+#include "texts/reading_order.h"
 
 namespace quode::terminal {
 namespace {
@@ -64,7 +65,7 @@ void writeMessage(std::string_view text) {
     if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
         message = fitted(message, std::max(narrowestPage, int{size.ws_col}));
     }
-    writeAll(STDERR_FILENO, message + "\n");
+    writeAll(STDERR_FILENO, inReadingOrder(message) + "\n");
 }
 
 void writeProblem(const app::Problem& problem) {

@@ -8,6 +8,7 @@
 #include <QTextLayout>
 #include <cmath>
 
+#include "texts/reading_order.h"
 #include "views/qt_conversions.h"
 
 namespace quode {
@@ -129,7 +130,7 @@ void Label::drawLines(QPainter& painter, const Layout& layout) const {
     const double lineHeight = metrics.height() * layout.scale;
     double top = (bounds().height - lineHeight * double(layout.lines.size())) * 0.5;
     for (const std::string& line : layout.lines) {
-        const QString text = toQt(line);
+        const QString text = toQt(withPartsTogether(line));
         const double spare = bounds().width - metrics.horizontalAdvance(text) * layout.scale;
         const double left = textAlign_ == alignLeft ? 0.0 : textAlign_ == alignCenter ? spare * 0.5 : spare;
         painter.save();

@@ -12,7 +12,7 @@
 namespace quode::cli {
 namespace {
 
-constexpr int textColumn = 19, nameWidth = 15;
+constexpr int markWidth = 4, leastNameWidth = 15;
 constexpr int narrowTextColumn = 4, wideEnough = 60;  // on narrower pages the texts stand below the names
 
 const char* stateName(Finding::State state) {
@@ -39,12 +39,19 @@ Json findingsJson(const std::vector<Finding>& findings, bool isWell) {
     return object({{"ok", isWell}, {"checks", checks}});
 }
 
-void printFinding(Console& console, const Finding& finding) {
+// Of the column of the names, with a blank after the longest.
+int nameWidthOf(const std::vector<Finding>& findings) {
+    int width = leastNameWidth;
+    for (const Finding& each : findings) width = std::max(width, displayWidth(each.name) + 1);
+    return width;
+}
+
+void printFinding(Console& console, const Finding& finding, int nameWidth) {
     const Style& style = console.style();
     const bool isProblem = finding.state == Finding::State::problem;
     const char* mark = isProblem ? "!   " : finding.state == Finding::State::note ? "–   " : "ok  ";
     const bool isWide = console.textWidth() >= wideEnough;
-    const int column = isWide ? textColumn : narrowTextColumn;
+    const int column = isWide ? markWidth + nameWidth : narrowTextColumn;
     const std::string beforeText = isWide ? "" : "\n" + std::string(narrowTextColumn, ' ');
     const auto inColumn = [&](const std::string& text) {
         return indented(wrapped(text, console.textWidth() - column, 0), column);
@@ -65,7 +72,8 @@ void runDoctor(Console& console, const Arguments& arguments) {
     if (console.wantsJson()) {
         console.printJson(findingsJson(findings, problems == 0));
     } else {
-        for (const Finding& each : findings) printFinding(console, each);
+        const int nameWidth = nameWidthOf(findings);
+        for (const Finding& each : findings) printFinding(console, each, nameWidth);
     }
     if (problems > 0) console.endWith(ExitCode::notFound);
 }

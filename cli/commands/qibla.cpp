@@ -70,7 +70,7 @@ void printQibla(Console& console, const Qibla& qibla) {
     add(_("Compass"), session.decimal(qibla.compass, 1) + "°", _("on a magnetic compass"));
     add(_("Declination"), session.decimal(qibla.day.declination, 1, true) + "°",
         _("magnetic, east is +; {} ({})", magneticModel, int(MagneticVariation::modelEpoch)));
-    add("", session.decimal(qibla.now.declination, 1, true) + "°", currentFieldRemark(qibla.now));
+    add("", session.decimal(qibla.now.declination, 1, true) + "°", currentFieldRemark(session, qibla.now));
     const bool hasTime = qibla.sunTime != missingTime;
     add(session.caption(sunCaption), hasTime ? clockText(session, qibla.sunTime) : std::string(formatting::noTime),
         hasTime ? _("the Sun stands in this direction") : _("the Sun is never in this direction that day"));

@@ -55,7 +55,7 @@ TEST(Doctor, SaysWhatToDoForAlarmsThatAreOn) {
     EXPECT_EQ(run.lineWith("Notifications"), "!   Notifications  no session bus");
     EXPECT_EQ(run.lineWith("Alarm service"),
               "!   Alarm service  The alarm service is not running: nothing rings. Start it:");
-    EXPECT_EQ(run.lineWith("systemctl"), "                   systemctl --user enable --now quode-alarmd");
+    EXPECT_EQ(run.lineWith("                   quode-alarmd"), "                   quode-alarmd");
     EXPECT_TRUE(run.lineWith("Zone rules").starts_with("ok  Zone rules     Europe/Istanbul; zone data 20"));
     EXPECT_NE(run.out.find("ok  Rule           Istanbul: Sun 19° and 17° below the horizon, margin 10 min\n"
                            "                   47 s\n"),
@@ -64,7 +64,7 @@ TEST(Doctor, SaysWhatToDoForAlarmsThatAreOn) {
     for (const std::string& line : run.lines()) EXPECT_LE(widthOf(line), 80) << line;
     const json service = checkOf(program, "alarm_service");
     EXPECT_EQ(service["state"], "problem");
-    EXPECT_EQ(service["command"], "systemctl --user enable --now quode-alarmd");
+    EXPECT_EQ(service["command"], "quode-alarmd");
 }
 
 TEST(Doctor, FindsEventsThatAreMissing) {
@@ -89,6 +89,29 @@ TEST(Doctor, FindsASoundThatIsGone) {
     EXPECT_EQ(check["command"], "quode alarm set PRAYER --sound NAME");
 }
 
+TEST(Doctor, SaysThatTheServiceDoesNotStartWithTheNextLoginThoughItIsNotRunningEither) {
+    const Program program;
+    program.run({"alarm", "on", "asr"});
+    EXPECT_EQ(program.run({"doctor"}).out.find("next login"), std::string::npos);
+    fs::remove(program.folder() / ".config/autostart/quode-alarmd.desktop");
+    const json check = checkOf(program, "alarm_service");
+    EXPECT_EQ(check["state"], "problem");
+    EXPECT_NE(check["text"].get<std::string>().find("next login"), std::string::npos) << check["text"];
+    EXPECT_EQ(check["command"], "quode-alarmd");
+}
+
+TEST(Doctor, KeepsNamesAndTextsApartInEveryLanguage) {
+    const Program program;
+    for (const std::string language : {"en", "de", "tr", "ar"}) {
+        const json checks = program.run({"--lang", language, "doctor", "--json"}).json()["checks"];
+        const Outcome page = program.run({"--lang", language, "doctor"});
+        for (const json& check : checks) {
+            const std::string name = check["name"];
+            EXPECT_NE(page.out.find(" " + name + " "), std::string::npos) << name << "\n" << page.out;
+        }
+    }
+}
+
 TEST(Doctor, FindsAHomeThatIsGone) {
     const Program program;
     program.run({"city", "home", "Berlin"});
@@ -99,6 +122,9 @@ TEST(Doctor, FindsAHomeThatIsGone) {
     EXPECT_EQ(check["state"], "problem");
     EXPECT_EQ(check["command"], "quode city home NAME");
     EXPECT_NE(program.run({"city", "list"}).out.find("no longer in the city database"), std::string::npos);
+    const std::string alarms = program.run({"alarm", "list"}).out;
+    EXPECT_NE(alarms.find("999999999"), std::string::npos) << alarms;
+    EXPECT_EQ(alarms.find("You have no cities yet"), std::string::npos) << alarms;
     const Outcome today = program.run({"next"});
     EXPECT_EQ(today.code, 6);
     EXPECT_NE(today.err.find("Choose another one: quode city home NAME"), std::string::npos) << today.err;

@@ -46,6 +46,7 @@ TEST_P(Documents, ShowRealOutput) {
     EXPECT_FALSE(blocks.empty());
     for (const std::vector<Example>& block : blocks) {
         const Program program;  // one user, who does one thing after the other
+        program.installCalendarService();
         for (const Example& example : block) {
             EXPECT_EQ(program.runShell(example.command).out, example.output) << example.command;
         }

@@ -81,6 +81,7 @@ TEST(Languages, FollowOptionEnvironmentSettingAndLocale) {
     EXPECT_THAT(program.run({"qibla"}).out, isIn("Boussole"));
     EXPECT_EQ(program.run({"settings", "language", "tr"}).code, 0);
     EXPECT_THAT(program.run({"qibla"}).out, isIn("Pusula"));
+    EXPECT_THAT(program.run({"qibla"}).out, isIn("WMM2025, 1,9")) << "with the decimal mark of the language";
     program.with("QUODE_LANG", "de");
     EXPECT_THAT(program.run({"qibla"}).out, isIn("Kompass"));
     EXPECT_THAT(program.run({"qibla", "--lang=en"}).out, isIn("Compass"));

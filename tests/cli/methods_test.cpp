@@ -211,6 +211,14 @@ TEST(Qibla, ShowsTheCurrentModelBesideTheOneInUse) {
     EXPECT_EQ(qibla.at("current_declination").at("model"), "WMM2025");
     EXPECT_NEAR(qibla.at("current_declination").at("age_years").get<double>(), 1.89, 0.01);
     EXPECT_TRUE(qibla.at("current_declination").at("valid"));
+    const auto isValidOn = [](const char* date) {
+        const json of = Program().run({"qibla", "--city", "Istanbul", "--date", date, "--json"}).json();
+        return of.at("current_declination").at("valid").get<bool>();
+    };
+    EXPECT_FALSE(isValidOn("2024-12-31"));
+    EXPECT_TRUE(isValidOn("2025-01-01"));
+    EXPECT_TRUE(isValidOn("2029-12-31"));
+    EXPECT_FALSE(isValidOn("2030-01-01"));
 }
 
 }  // namespace

@@ -81,6 +81,12 @@ Program::~Program() {
     std::filesystem::remove_all(folder_, ignored);
 }
 
+void Program::installCalendarService() const {
+    const std::filesystem::path services = folder_ / ".local/share/dbus-1/services";
+    std::filesystem::create_directories(services);
+    std::ofstream(services / "org.gnome.evolution.dataserver.Sources5.service") << "[D-BUS Service]\n";
+}
+
 Program& Program::with(const std::string& name, const std::string& value) {
     environment_[name] = value;
     return *this;

@@ -51,6 +51,9 @@ class Program {
     /// A copy of the bundle in that folder, which the program uses from now on.
     std::filesystem::path copyBundle();
 
+    /// Installs Evolution's calendar service, as far as the program can see.
+    void installCalendarService() const;
+
   private:
     std::filesystem::path folder_;
     std::map<std::string, std::string> environment_;

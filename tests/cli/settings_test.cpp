@@ -126,6 +126,7 @@ TEST(Settings, TheLayoutOfTheCalendarTakesTheEventsAlong) {
 
 TEST(CalendarConnection, IsMadeAndUndone) {
     const Program program;
+    program.installCalendarService();
     const Outcome connect = program.run({"calendar", "connect", "evolution", "--json"});
     EXPECT_EQ(connect.code, 0) << connect.err;
     EXPECT_EQ(connect.json()["connected"], true);
@@ -159,6 +160,16 @@ TEST(CalendarConnection, LetsExactlyOneProgramRing) {
     EXPECT_EQ(program.run({"settings", "ringer", "quode", "--json"}).json()["settings"]["ringer"], "quode");
     EXPECT_EQ(program.run({"settings", "ringer", "evolution", "--json"}).json()["settings"]["ringer"], "evolution");
     EXPECT_EQ(program.run({"calendar", "disconnect", "--json"}).json()["ringer"]["program"], "quode");
+}
+
+TEST(CalendarConnection, IsRefusedWhereNothingIsInstalledThatCouldShowTheAlarms) {
+    Program program;
+    program.with("XDG_DATA_DIRS", "/nonexistent");
+    const Outcome connect = program.run({"calendar", "connect", "evolution"});
+    EXPECT_EQ(connect.code, 1);
+    EXPECT_EQ(connect.out, "");
+    EXPECT_NE(connect.err.find("calendar service are not installed"), std::string::npos) << connect.err;
+    EXPECT_NE(program.run({"calendar", "disconnect"}).out.find("was not connected"), std::string::npos);
 }
 
 TEST(CalendarConnection, LetsNothingRingThatIsNotInstalled) {

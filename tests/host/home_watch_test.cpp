@@ -89,5 +89,28 @@ TEST_F(HomeWatchTest, TellsOfOtherChoicesAndLooksAgainOnlyWhileItWatches) {
     EXPECT_FALSE(others.wait(700));
 }
 
+TEST_F(HomeWatchTest, TellsWhenWhatWasLockedCanBeReadThoughItIsTheSameAsBefore) {
+    watch.watchFor(moment);
+    watch.setShownWhole(false);
+    home.reset();  // locked still
+    EXPECT_FALSE(stirred.wait(1200));
+    home = istanbul;
+    EXPECT_TRUE(stirred.wait(1200));
+    watch.watchFor(moment);
+    watch.setShownWhole(false);  // another lock, which is gone before anybody compares
+    EXPECT_TRUE(stirred.wait(2500));
+    watch.watchFor(moment);
+    watch.setShownWhole(true);
+    EXPECT_FALSE(stirred.wait(1200));
+}
+
+TEST_F(HomeWatchTest, DoesNotLookSoonerBecauseFilesAreWritten) {
+    watch.watchFor(moment);
+    watch.setShownWhole(false);
+    Q_EMIT choices->stirred();
+    EXPECT_EQ(stirred.count(), 0);
+    EXPECT_TRUE(stirred.wait(1200));
+}
+
 }  // namespace
 }  // namespace quode::test

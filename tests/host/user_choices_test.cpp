@@ -39,7 +39,7 @@ class UserChoicesTest : public testing::Test {
 
 TEST_F(UserChoicesTest, MakeTheDatabaseOfAFreshMachineWithTheCityOfItsZone) {
     Session fresh = session();
-    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "");
+    EXPECT_EQ(host::prepareUserChoices(fresh, calendar).notice, "");
     const auto home = open(fresh).home();
     ASSERT_TRUE(home && home->city);
     EXPECT_EQ(home->city->zone, "Asia/Kathmandu");  // the zone that the tests run in
@@ -51,7 +51,7 @@ TEST_F(UserChoicesTest, TellHowToChooseACityWhenThereIsNone) {
         UserDatabase database = open(fresh);
         for (const UserCity& city : database.cities()) database.removeCity(city.id);
     }
-    EXPECT_EQ(host::prepareUserChoices(fresh, calendar), "Choose your city from the menu.");
+    EXPECT_EQ(host::prepareUserChoices(fresh, calendar).notice, "Choose your city from the menu.");
 }
 
 TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {
@@ -59,7 +59,7 @@ TEST_F(UserChoicesTest, TellThatTheHomeCityIsNotInTheDatabaseAnyMore) {
     fresh.services();
     open(fresh);
     ASSERT_TRUE(DatabaseFunctions().executeSQL("UPDATE USER_CITY SET ID = 99999999"));
-    const QString notice = host::prepareUserChoices(fresh, calendar);
+    const QString notice = host::prepareUserChoices(fresh, calendar).notice;
     EXPECT_TRUE(notice.contains("99999999") && notice.contains("quode city home")) << notice.toStdString();
 }
 
@@ -79,9 +79,23 @@ TEST_F(UserChoicesTest, TellTheHomeCity) {
 TEST_F(UserChoicesTest, TellThatADamagedDatabaseWasKeptAside) {
     std::ofstream(userDatabaseFile(folder.path())) << std::string(5000, 'x');
     Session damaged = session();
-    const QString notice = host::prepareUserChoices(damaged, calendar);
+    const QString notice = host::prepareUserChoices(damaged, calendar).notice;
     EXPECT_TRUE(notice.contains("damaged")) << notice.toStdString();
     EXPECT_TRUE(open(damaged).home());
+}
+
+TEST_F(UserChoicesTest, HaveTheAlarmsRingAfterTheNextLoginOnceOneIsOn) {
+    const std::filesystem::path home = folder.path() / "home";
+    Session fresh(
+        environmentOf(
+            {{"HOME", home.string()}, {"XDG_CONFIG_DIRS", "/nonexistent"}, {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE}}),
+        {});
+    UserEventStore events(fresh.dataFolder(), CalendarLayout::ics);
+    host::prepareUserChoices(fresh, events);
+    EXPECT_EQ(host::assureAlarmsAfterLogin(fresh), "") << "no alarm is on";
+    DatabaseFunctions().reCalculateAlarm(203);
+    const QString told = host::assureAlarmsAfterLogin(fresh);
+    EXPECT_TRUE(told.contains("login")) << told.toStdString();
 }
 
 TEST_F(UserChoicesTest, BringThePrayerTimesOfTheAlarmsUpToDate) {
@@ -134,6 +148,26 @@ TEST_F(UserChoicesTest, WaitAtMostAFifthOfASecondForALockedDatabase) {
     EXPECT_LT(waited([&] { return host::rememberRows(fresh, {true, false}); }), longest);
 }
 
+// What the widget, its marks and its texts read one after the other belongs together.
+TEST_F(UserChoicesTest, CannotBeLockedOrChangedByOthersWhileTheyAreHeld) {
+    Session fresh = session();
+    EXPECT_FALSE(host::prepareUserChoices(fresh, calendar).isLocked);
+    sqlite3* opened = nullptr;
+    ASSERT_EQ(sqlite3_open(userDatabaseFile(folder.path()).c_str(), &opened), SQLITE_OK);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> other(opened, sqlite3_close);
+    const auto lock = [&] { return sqlite3_exec(opened, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr); };
+    {
+        const host::HeldChoices held(fresh);
+        EXPECT_FALSE(held.isLocked());
+        EXPECT_EQ(lock(), SQLITE_BUSY);
+        EXPECT_NE(host::shownChoices(fresh), "");
+    }
+    ASSERT_EQ(lock(), SQLITE_OK);
+    EXPECT_TRUE(host::HeldChoices(fresh).isLocked());
+    EXPECT_TRUE(host::prepareUserChoices(fresh, calendar).isLocked);
+    EXPECT_EQ(host::shownChoices(fresh), "");
+}
+
 TEST_F(UserChoicesTest, FollowTheLanguageOfTheSettings) {
     Session fresh = session();
     fresh.services();
@@ -166,7 +200,7 @@ TEST_F(UserChoicesTest, AreUnknownButNoObstacleWithoutTheCities) {
                    {});
     EXPECT_EQ(host::chosenLayout(broken), PanelLayout::automatic);
     EXPECT_EQ(host::homeName(broken), "");
-    EXPECT_TRUE(host::prepareUserChoices(broken, calendar).contains("Install Quode again"));
+    EXPECT_TRUE(host::prepareUserChoices(broken, calendar).notice.contains("Install Quode again"));
 }
 
 TEST_F(UserChoicesTest, PutOneCityIntoADatabaseOfItsOwn) {
@@ -176,6 +210,17 @@ TEST_F(UserChoicesTest, PutOneCityIntoADatabaseOfItsOwn) {
     ASSERT_EQ(cities.size(), 1U);
     EXPECT_EQ(cities[0].id, istanbul);
     EXPECT_TRUE(cities[0].isHome);
+}
+
+TEST_F(UserChoicesTest, KeepAGuessOfADatabaseOfItsOwnMarkedAsOne) {
+    Session fresh = session();
+    const auto guess = fresh.cities().largestCityOfZone(fresh.systemZone());
+    ASSERT_TRUE(guess);
+    host::makeUserDatabase(fresh, *guess, true);
+    const auto home = open(fresh).home();
+    ASSERT_TRUE(home);
+    EXPECT_EQ(home->id, guess->id);
+    EXPECT_TRUE(home->isGuess);
 }
 
 TEST_F(UserChoicesTest, PutAPointIntoADatabaseOfItsOwn) {

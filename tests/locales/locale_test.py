@@ -31,12 +31,12 @@ def run(program, locale, *arguments, folder):
     return done.returncode, done.stdout, done.stderr
 
 
-def scrambled(line):
+def scrambled(line, from_left=False):
     """Whether a number would be drawn on the wrong side of a word of the other direction: in a line that begins from left
-    to right, a number after a word from right to left joins that word unless it is kept apart."""
+    to right, or is always drawn so, a number after a word from right to left joins that word unless it is kept apart."""
     directions = [unicodedata.bidirectional(c) for c in line]
     strong = [d for d in directions if d in ("L", "R", "AL")]
-    if not strong or strong[0] != "L":
+    if not strong or (strong[0] != "L" and not from_left):
         return False
     open_isolates = 0
     last = "L"
@@ -51,6 +51,24 @@ def scrambled(line):
             elif direction in ("EN", "AN") and last in ("R", "AL"):
                 return True
     return False
+
+
+def outside_isolates(line):
+    text, depth = "", 0
+    for c in line:
+        depth += unicodedata.bidirectional(c) in ("LRI", "RLI", "FSI")
+        text += c if depth == 0 else "\ufffc" if not text.endswith("\ufffc") else ""
+        depth -= unicodedata.bidirectional(c) == "PDI"
+    return text
+
+
+def torn(line):
+    """Whether a part from left to right of a line from right to left is not kept together: a command, a name, or a number
+    with a sign."""
+    if not any(unicodedata.bidirectional(c) in ("R", "AL") for c in line):
+        return False
+    text = outside_isolates(line)
+    return bool(re.search(r"[A-Za-z]|[+-]\d|\d[-°']\d|\d'", text))
 
 
 class UnderEveryLocale(unittest.TestCase):
@@ -74,7 +92,7 @@ class UnderEveryLocale(unittest.TestCase):
             for name, arguments in {
                 "today": ("today", "--json"), "month": ("month", "2026-12", "--json"), "alarms": ("alarm", "list", "--json"),
                 "rings": ("alarm", "upcoming", "--json"), "csv": ("month", "2026-12", "--format", "csv"),
-                "printed": ("today",), "page": ("month", "2026-12"), "qibla": ("qibla",),
+                "printed": ("today",), "page": ("month", "2026-12"), "qibla": ("qibla",), "doctor": ("doctor",),
             }.items():
                 seen[city, name] = run(QUODE, locale, *arguments, folder=folder)
         for word in ("istanbul", "ISTANBUL", "İSTANBUL", "ığdır", "IĞDIR", "izmir"):
@@ -142,8 +160,26 @@ class UnderEveryLocale(unittest.TestCase):
             for city in CITIES.values():
                 lines = seen[city, "printed"][1].splitlines() + seen[city, "page"][1].splitlines()
                 texts = seen[city, "texts"]
-                lines += texts["labels"] + texts["tray"] + texts["notes"] + texts["ring"]
+                lines += texts["tray"] + texts["notes"] + texts["ring"]
                 self.assertEqual([line for line in lines if scrambled(line)], [])
+                self.assertEqual([line for line in texts["drawn"] if scrambled(line, from_left=True)], [])
+
+    def test_commands_names_and_angles_stay_together(self):
+        for locale in ("ar_EG.UTF-8", "fa_IR.UTF-8"):
+            seen = self.seen[locale]
+            for city in CITIES.values():
+                lines = list(seen[city, "texts"]["notes"])
+                for name in ("printed", "page", "qibla", "doctor"):
+                    lines += seen[city, name][1].splitlines()
+                self.assertEqual([line for line in lines if torn(line)], [])
+
+    def test_what_is_torn_is_found(self):
+        self.assertTrue(scrambled("21 نوفمبر 2026", from_left=True))
+        self.assertTrue(scrambled("Sun : 05:41 ص / 07:58 م"))
+        self.assertFalse(scrambled("Sun : \u206805:41 ص\u2069 / \u206807:58 م\u2069"))
+        self.assertTrue(torn("اختر: quode city home NAME"))
+        self.assertTrue(torn("القبلة 151°34'"))
+        self.assertFalse(torn("القبلة \u2068151°34'\u2069 06:06"))
 
 
 MORNING = {"am", "öö", "पूर्वाह्न", "ص", "ق.ظ."}

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// shown_texts: prints the labels of the widget, the texts of the icon in the tray, the notes of the day, and the text
+// shown_texts: prints the labels of the widget, what is drawn of them, the texts of the icon in the tray, the notes of the day, and the text
 // of an alarm, as JSON; with the user's files, the moment and the locale of the environment.
 #include <QApplication>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <functional>
 
 #include "alarmd/ring_texts.h"
 #include "app/day_notes.h"
@@ -14,17 +15,23 @@
 #include "host/WidgetBundle.h"
 #include "host/coming_prayer.h"
 #include "host/user_choices.h"
+#include "texts/reading_order.h"
 #include "views/Label.h"
+#include "views/UIButtonX.h"
 
 using namespace quode;
 
 namespace {
 
-app::Json labels(app::Session& session) {
+// The texts of the labels with the rows about the city open, and the same as they are drawn.
+app::Json labels(app::Session& session, const std::function<std::string(const std::string&)>& shown) {
     const auto widget = host::WidgetBundle(session.bundle().string()).makeWidget();
     widget->hostDidPresent();
+    for (UIButtonX* const button : widget->view()->findChildren<UIButtonX*>()) {
+        if (button->tag() == tagCityInfo) button->tap();
+    }
     app::Json::Array texts;
-    for (const Label* const label : widget->view()->findChildren<Label*>()) texts.emplace_back(label->text());
+    for (const Label* const label : widget->view()->findChildren<Label*>()) texts.emplace_back(shown(label->text()));
     widget->hostDidDismiss();
     return texts;
 }
@@ -52,10 +59,11 @@ int main(int argc, char** argv) {
     session.services();
     host::prepareUserChoices(session, *calendar);
     app::Json::Array notes;
-    for (const std::string& note : app::homeNotes(session)) notes.emplace_back(note);
+    for (const std::string& note : app::homeNotes(session)) notes.emplace_back(inReadingOrder(note));
     const host::ComingPrayer coming = host::comingPrayer(session);
     const auto home = UserDatabase(session.dataFolder(), session.cities(), session.deviceClock()).home();
-    std::fputs(app::object({{"labels", labels(session)},
+    std::fputs(app::object({{"labels", labels(session, [](const std::string& text) { return text; })},
+                            {"drawn", labels(session, [](const std::string& text) { return withPartsTogether(text); })},
                             {"tray", app::Json::Array{coming.exact, coming.lasting}},
                             {"notes", notes},
                             {"ring", ring(session, *home->city)}})

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -36,6 +37,19 @@ TEST_F(FirstStart, ReturnKeepsTheCity) {
     EXPECT_FALSE(database().home()->isGuess);
     EXPECT_EQ(database().home()->city->name, "Kathmandu");
     for (const UserAlarm& alarm : database().alarms()) EXPECT_FALSE(alarm.isOn);
+}
+
+TEST_F(FirstStart, ClaimsNothingOfAZoneWithoutACity) {
+    FirstStartDialog other(session, session.cities().city(fallbackCity).value(), nullptr);
+    other.show();
+    bool saysSo = false;
+    for (const QLabel* const label : other.findChildren<QLabel*>()) {
+        if (!label->isVisible()) continue;
+        saysSo = saysSo || label->text().contains("has no city");
+        EXPECT_FALSE(label->text().contains("going by the time zone")) << label->text().toStdString();
+        EXPECT_FALSE(label->text().contains("Usual in your country")) << label->text().toStdString();
+    }
+    EXPECT_TRUE(saysSo);
 }
 
 TEST_F(FirstStart, TakesAnotherCityItsAlarmsAndItsMethod) {

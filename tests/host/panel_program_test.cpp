@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: the Quode authors
+// SPDX-License-Identifier: MIT
+// The panel with all its parts, on the files of a user that other programs use too.
+#include "host/PanelProgram.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QTest>
+
+#include "companion/UserDatabase.h"
+#include "companion/UserEventStore.h"
+#include "data/DatabaseFunctions.h"
+#include "data/user_places.h"
+#include "host/user_choices.h"
+#include "support/environment_of.h"
+#include "support/temporary_folder.h"
+#include "views/UICityNameView.h"
+#include "views/UITimesView.h"
+
+namespace quode::test {
+namespace {
+
+constexpr int istanbul = 745044;
+constexpr int asr = 203;
+constexpr int patience = 10000;  // ms
+
+class WholePanel : public testing::Test {
+  protected:
+    WholePanel() {
+        session.setCalendar(calendar);
+        session.setDevice(device);
+        session.services();
+        host::makeUserDatabase(session, *session.cities().city(istanbul));
+    }
+
+    void start() {
+        program = std::make_unique<host::PanelProgram>(session, calendar, device);
+        program->present();
+    }
+
+    QWidget& window() const {
+        for (QWidget* const each : QApplication::topLevelWidgets()) {
+            if (each->isVisible() && each->findChild<QLabel*>("notice") != nullptr) return *each;
+        }
+        throw std::logic_error("The panel is not shown.");
+    }
+    QString notice() const { return window().findChild<QLabel*>("notice")->text(); }
+    std::string cityShown() const { return window().findChild<UICityNameView*>()->labelCityName()->text(); }
+    UITimesView& row(int code) const {
+        for (UITimesView* const each : window().findChildren<UITimesView*>()) {
+            if (each->tag() == code) return *each;
+        }
+        throw std::logic_error("The panel has no such row.");
+    }
+
+    TemporaryFolder folder;
+    std::shared_ptr<host::PanelDevice> device = std::make_shared<host::PanelDevice>(Idiom::phone, QSize(360, 640), 1.0);
+    app::Session session{environmentOf({{"HOME", folder.path().string()},
+                                        {"XDG_CONFIG_DIRS", "/nonexistent"},
+                                        {"QUODE_BUNDLE_DIR", QUODE_TEST_BUNDLE},
+                                        {"QUODE_NOW", "2026-11-21T04:00:00Z"}}),
+                         {}};
+    std::shared_ptr<UserEventStore> calendar =
+        std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
+    std::unique_ptr<host::PanelProgram> program;
+};
+
+/// Another program that keeps the user database to itself.
+class Lock {
+  public:
+    explicit Lock(const std::filesystem::path& file, const char* begin = "BEGIN EXCLUSIVE") {
+        sqlite3_open(file.c_str(), &database_);
+        isHeld_ = run(begin);
+    }
+    ~Lock() { sqlite3_close(database_); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+
+    bool isHeld() const { return isHeld_; }
+    bool release() { return run("ROLLBACK"); }
+
+  private:
+    bool run(const char* sql) { return sqlite3_exec(database_, sql, nullptr, nullptr, nullptr) == SQLITE_OK; }
+
+    sqlite3* database_ = nullptr;
+    bool isHeld_ = false;
+};
+
+TEST_F(WholePanel, ShowsTheCityOnceItsDatabaseIsNoLongerLocked) {
+    Lock lock(userDatabaseFile(session.dataFolder()));
+    ASSERT_TRUE(lock.isHeld());
+    start();
+    EXPECT_TRUE(notice().contains("locked")) << notice().toStdString();
+    EXPECT_NE(cityShown(), "Istanbul");
+    ASSERT_TRUE(lock.release());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cityShown() == "Istanbul"; }, patience)) << cityShown();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return notice().isEmpty(); }, patience)) << notice().toStdString();
+    EXPECT_EQ(row(asr).labelPrayTime()->text(), "15:32");
+}
+
+// Everything that is shown can be read meanwhile, so that nothing of it differs when the lock goes.
+TEST_F(WholePanel, TakesBackTheNoticeOfALockThatKeptOnlyItsOwnChangesOut) {
+    ASSERT_TRUE(DatabaseFunctions().executeSQL("UPDATE USER_ALARMS SET PRAYTIME = 1.0"));  // to be brought up to date
+    Lock lock(userDatabaseFile(session.dataFolder()), "BEGIN IMMEDIATE");
+    ASSERT_TRUE(lock.isHeld());
+    start();
+    EXPECT_TRUE(notice().contains("locked")) << notice().toStdString();
+    EXPECT_EQ(cityShown(), "Istanbul");
+    ASSERT_TRUE(lock.release());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return notice().isEmpty(); }, patience)) << notice().toStdString();
+    EXPECT_EQ(cityShown(), "Istanbul");
+}
+
+TEST_F(WholePanel, SaysThatTheServiceStartsWithEachLoginWhenAnAlarmIsSwitchedOn) {
+    start();
+    EXPECT_EQ(notice(), "");
+    row(asr).buttonAlarmOnOff()->tap();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return notice().contains("login"); }, patience)) << notice().toStdString();
+}
+
+}  // namespace
+}  // namespace quode::test
