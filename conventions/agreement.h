@@ -17,7 +17,7 @@ struct PublishedAgreement {
     std::array<int, mainPrayerCount> exact = {};      ///< percent of the rows
     std::array<int, mainPrayerCount> withinOne = {};  ///< minute, percent of the rows
     std::array<int, mainPrayerCount> withinTwo = {};  ///< minutes, percent of the rows
-    int worst = 0;                                ///< minutes, the largest difference
+    int worst = 0;                                    ///< minutes, the largest difference
 };
 
 /// The agreement of a convention; null when there are no rows of it.

@@ -65,7 +65,8 @@ QWidget* TimesPage::newMethodPart() {
     asr_->addItem(_("Hanafi: a shadow longer by twice the height"), 2);
     highLatitude_ = newChoice(_("Where the Sun does not sink far enough"), card);
     highLatitude_->addItem(_("as the method has it"), usualOne);
-    for (const auto& each : conventions::highLatitudeNames()) highLatitude_->addItem(toQt(app::highLatitudeText(each.rule)), int(each.rule));
+    for (const auto& each : conventions::highLatitudeNames())
+        highLatitude_->addItem(toQt(app::highLatitudeText(each.rule)), int(each.rule));
     auto* const form = new QFormLayout;
     form->setRowWrapPolicy(QFormLayout::WrapAllRows);
     form->addRow(_("Method"), method_);
