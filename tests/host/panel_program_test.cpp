@@ -11,9 +11,9 @@
 #include <QPointer>
 #include <QTest>
 
+#include "alarms/DatabaseFunctions.h"
 #include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
-#include "data/DatabaseFunctions.h"
 #include "data/user_places.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
