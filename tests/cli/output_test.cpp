@@ -23,7 +23,9 @@ TEST_P(Json, HasItsKeysInEveryLanguage) {
     for (const char* language : {"tr", "en"}) {
         std::vector<std::string> words = GetParam().words;
         words.insert(words.end(), {"--json", "--lang", language});
-        const Outcome run = Program().run(words);
+        const Program program;
+        program.installCalendarService();
+        const Outcome run = program.run(words);
         ASSERT_EQ(run.code, 0) << run.err;
         const auto answer = nlohmann::ordered_json::parse(run.out);
         std::vector<std::string> keys;

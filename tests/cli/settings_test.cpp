@@ -195,6 +195,7 @@ TEST(CalendarConnection, LetsQuodeRingWhenEvolutionNoLongerDoes) {
 
 TEST(CalendarConnection, NeedsTheLayoutOfOneFile) {
     const Program program;
+    program.installCalendarService();
     program.run({"settings", "calendar", "vdir"});
     const Outcome refused = program.run({"calendar", "connect", "evolution"});
     EXPECT_EQ(refused.code, 2);
