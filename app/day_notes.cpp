@@ -120,9 +120,8 @@ std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, co
     add(iqamaLine(session, day));
     addFallbacks(session, day, notes);
     for (std::string& note : timeNotes(session, day)) add(std::move(note));
-    for (int code = firstPrayer; code <= lastPrayer; ++code) {
-        add(otherClockNote(session, siteOf(place.city).clock(), day, code));
-    }
+    const ZoneClock clock = siteOf(place.city).clock();
+    for (int code = firstPrayer; code <= lastPrayer; ++code) add(otherClockNote(session, clock, day, code));
     for (std::string& note : missingNotes(session, day)) add(std::move(note));
     add(methodLine(siteOf(place.city)));
     for (std::string& note : methodRemarks(day)) add(std::move(note));

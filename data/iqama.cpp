@@ -16,8 +16,11 @@ std::optional<int> iqamaMinute(const CityDay& day, int code) {
     if (hours == missingTime) return iqama.isFixed ? std::optional(iqama.minutes) : std::nullopt;
     const int prayer = shownMinute(hours);
     if (!iqama.isFixed) return prayer + iqama.minutes;
-    // A fixed time for all of the year may come before the prayer in one season: then it is not that of this day.
-    return iqama.minutes < prayer ? std::nullopt : std::optional(iqama.minutes);
+    if (iqama.minutes >= prayer) return iqama.minutes;
+    // After midnight where the prayer is late. Else it comes before the prayer in this season, and does not hold.
+    constexpr int minutesPerDay = 1440, longestWait = 180;
+    const int nextMorning = iqama.minutes + minutesPerDay;
+    return nextMorning - prayer >= 0 && nextMorning - prayer <= longestWait ? std::optional(nextMorning) : std::nullopt;
 }
 
 }  // namespace quode

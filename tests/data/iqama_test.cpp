@@ -29,5 +29,12 @@ TEST(Iqama, OfAFixedTimeIsNeverBeforeThePrayer) {
     EXPECT_EQ(std::nullopt, iqamaMinute(dayWithIqamaOfIsha(at22_39, {true, at20_00}), isha));
 }
 
+TEST(Iqama, OfAFixedTimeAfterMidnightFollowsALatePrayer) {
+    constexpr int midnight = 24 * 60, at23_50 = midnight - 10, at0_30 = midnight + 30;
+    EXPECT_EQ(midnight + 10, iqamaMinute(dayWithIqamaOfIsha(at23_50, {true, 10}), isha));
+    EXPECT_EQ(midnight + 45, iqamaMinute(dayWithIqamaOfIsha(at0_30, {true, 45}), isha));
+    EXPECT_EQ(std::nullopt, iqamaMinute(dayWithIqamaOfIsha(at0_30, {true, 15}), isha));
+}
+
 }  // namespace
 }  // namespace quode
