@@ -128,6 +128,7 @@ AlarmChange AlarmBook::renew(const std::function<bool(const UserAlarm&)>& leave)
         // One after the other, so that a program that switches an alarm does not wait for all of them.
         join(result, withJournal([&](AlarmJournal& journal) { return renewOne(alarm.code, next, journal); }));
     }
+    if (!eventsWithoutAlarm().empty()) join(result, removeEventsWithoutAlarm());
     return result;
 }
 
@@ -135,6 +136,7 @@ AlarmChange AlarmBook::renewAll(AlarmJournal& journal) {
     const std::vector<AlarmOccurrence> next = database_->refreshPrayerTimes();
     AlarmChange result;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) join(result, renewOne(code, next, journal));
+    if (const AlarmChange removed = removeWithoutAlarm(); !removed.ok()) join(result, removed);
     return result;
 }
 
@@ -173,7 +175,6 @@ AlarmChange AlarmBook::changeLayout(UserEventStore& calendar, CalendarLayout lay
             const StoreStatus removed = former.removeEvent(alarm.eventIdentifier);
             join(result, {true, removed.ok, removed.message});
         }
-        join(result, removeWithoutAlarm(former));
         return result;
     });
 }
@@ -193,10 +194,7 @@ AlarmChange AlarmBook::finishPending(AlarmJournal& journal) {
     functions_.finishPending(journal);
     const AlarmIntent renewal{};
     if (std::ranges::find(intents, renewal) == intents.end()) return {};
-    AlarmChange result = renewAll(journal);
-    UserEventStore former = otherLayout();
-    join(result, removeWithoutAlarm(former));
-    join(result, removeWithoutAlarm(*calendar_));
+    const AlarmChange result = renewAll(journal);
     if (result.ok()) journal.end(renewal);
     return result;
 }
@@ -220,11 +218,15 @@ std::vector<CalendarEvent> AlarmBook::withoutAlarmIn(EventStore& calendar, Alarm
     return list.events;
 }
 
-AlarmChange AlarmBook::removeWithoutAlarm(EventStore& calendar) {
+// Another program that rewrites the calendar from an older copy can bring such an event back.
+AlarmChange AlarmBook::removeWithoutAlarm() {
     AlarmChange result;
-    for (const CalendarEvent& event : withoutAlarmIn(calendar, result)) {
-        const StoreStatus removed = calendar.removeEvent(event.identifier);
-        join(result, {true, removed.ok, removed.message});
+    UserEventStore other = otherLayout();
+    for (EventStore* const calendar : {calendar_, static_cast<EventStore*>(&other)}) {
+        for (const CalendarEvent& event : withoutAlarmIn(*calendar, result)) {
+            const StoreStatus removed = calendar->removeEvent(event.identifier);
+            join(result, {true, removed.ok, removed.message});
+        }
     }
     return result;
 }
@@ -238,12 +240,7 @@ std::vector<CalendarEvent> AlarmBook::eventsWithoutAlarm() {
 }
 
 AlarmChange AlarmBook::removeEventsWithoutAlarm() {
-    return withJournal([this](AlarmJournal&) {
-        AlarmChange result = removeWithoutAlarm(*calendar_);
-        UserEventStore other = otherLayout();
-        join(result, removeWithoutAlarm(other));
-        return result;
-    });
+    return withJournal([this](AlarmJournal&) { return removeWithoutAlarm(); });
 }
 
 }  // namespace quode

@@ -36,6 +36,7 @@ class AlarmBook {
 
     /// Brings the events of all alarms to their next rings. Nothing is written where that is so already, and no alarm
     /// is switched: one that the user switches off in between stays off. Alarms for which `leave` is true are skipped.
+    /// Events of this installation that no alarm has are removed.
     AlarmChange renew(const std::function<bool(const UserAlarm&)>& leave = {});
 
     /// Makes a change of the user database that events follow (cities, home, offsets), and renews them. When `change`
@@ -66,7 +67,7 @@ class AlarmBook {
     AlarmChange renewAll(AlarmJournal& journal);
     AlarmChange finishPending(AlarmJournal& journal);
     std::vector<CalendarEvent> withoutAlarmIn(EventStore& calendar, AlarmChange& result);
-    AlarmChange removeWithoutAlarm(EventStore& calendar);
+    AlarmChange removeWithoutAlarm();
     UserEventStore otherLayout() const;
 
     std::filesystem::path dataFolder_;

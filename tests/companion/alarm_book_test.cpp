@@ -197,6 +197,22 @@ TEST_F(AlarmBookTest, ListsAndRemovesOnlyEventsOfThisInstallation) {
     EXPECT_EQ(events().size(), 2U);
 }
 
+TEST_F(AlarmBookTest, RenewingRemovesAnEventThatAnotherProgramBroughtBack) {
+    const auto comesBack = [&] {
+        book->switchOn(maghrib);
+        const CalendarEvent former = events()[0];
+        ASSERT_TRUE(book->switchOff(maghrib).ok());
+        ASSERT_TRUE(calendar.saveEvent(former).status.ok);  // from a copy that the other program had read before
+        ASSERT_EQ(events().size(), 1U);
+    };
+    comesBack();
+    EXPECT_TRUE(book->renew().ok());
+    EXPECT_THAT(events(), IsEmpty());
+    comesBack();
+    EXPECT_TRUE(book->change([] {}).ok());
+    EXPECT_THAT(events(), IsEmpty());
+}
+
 TEST_F(AlarmBookTest, RemovesTheEventsOfADatabaseThatWasDamaged) {
     book->switchOn(maghrib);
     book.reset();
