@@ -13,13 +13,14 @@ struct Figures {
     long rung = 0;   ///< within their minute
     long late = 0;   ///< within the quarter of an hour
     long excused =
-        0;           ///< silent, for all of that time the device slept, was off, had a wrong clock or no notifications
-    long early = 0;  ///< brought by a wrong clock, by more than an hour; they rang again at their time
-    long lost = 0;   ///< silent without an excuse
-    long doubled = 0;                   ///< shown once too often
-    long wrong = 0;                     ///< at a time, or with a text, that the timetable does not have
-    long hangs = 0;                     ///< the service did not come to rest
-    long faults = 0;                    ///< incidents
+        0;  ///< silent, for all of that time the device slept, was off, had a wrong clock or no notifications
+    long byWrongClock = 0;  ///< brought by a clock that was more than an hour off; those that came early rang again
+    long lost = 0;          ///< silent without an excuse
+    long repeated = 0;      ///< shown again after the service and the desktop ended before the answer arrived
+    long doubled = 0;       ///< shown once too often
+    long wrong = 0;         ///< at a time, or with a text, that the timetable does not have
+    long hangs = 0;         ///< the service did not come to rest
+    long faults = 0;        ///< incidents
     std::vector<std::string> findings;  ///< the first failures, for people
 
     void add(const Figures& other);
@@ -31,8 +32,8 @@ struct Figures {
 
 inline void Figures::add(const Figures& other) {
     for (long Figures::*each :
-         {&Figures::rings, &Figures::rung, &Figures::late, &Figures::excused, &Figures::early, &Figures::lost,
-          &Figures::doubled, &Figures::wrong, &Figures::hangs, &Figures::faults}) {
+         {&Figures::rings, &Figures::rung, &Figures::late, &Figures::excused, &Figures::byWrongClock, &Figures::lost,
+          &Figures::repeated, &Figures::doubled, &Figures::wrong, &Figures::hangs, &Figures::faults}) {
         this->*each += other.*each;
     }
     for (const std::string& text : other.findings) find(text);

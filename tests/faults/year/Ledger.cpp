@@ -66,7 +66,9 @@ void Ledger::stop(int code, Moment prayer, Moment now) {
     });
 }
 
-void Ledger::shown(const Ring& ring, Moment now, seconds clockError) {
+void Ledger::shown(const Ring& ring, const Showing& showing) {
+    const Moment now = showing.moment;
+    const seconds clockError = showing.clockError;
     const std::string what = fmt::format("{} of {} at {}, shown at {}, clock {:+d} s", ring.alarm.code, ring.city,
                                          momentText(ring.alarm.due), momentText(now), clockError.count());
     Demand* demand = nullptr;
@@ -78,12 +80,11 @@ void Ledger::shown(const Ring& ring, Moment now, seconds clockError) {
     const seconds error = demand && demand->isSnooze ? seconds(0) : clockError;
     const seconds lateByClock = demand ? now + error - demand->due : seconds(0);
     if (!demand) {
-        // A clock that is far ahead brings what is still to come.
-        const bool isEarly = now + clockError >= ring.alarm.due && clockError > noRing;
-        ++(isEarly ? figures_.early : figures_.wrong);
-        if (!isEarly) figures_.find("wrong: not in the timetable: " + what);
+        const bool isByClock = isByWrongClock(ring, now, clockError);
+        ++(isByClock ? figures_.byWrongClock : figures_.wrong);
+        if (!isByClock) figures_.find("wrong: not in the timetable: " + what);
     } else if (lateByClock > latest + tolerance && clockError > seconds(0) && !demand->isSnooze) {
-        ++figures_.early;  // the snooze of a ring that came too early; it came within the hour and counts
+        ++figures_.byWrongClock;  // the snooze of a ring that came too early; it came within the hour and counts
     } else if (lateByClock < -tolerance || lateByClock > latest + tolerance) {
         ++figures_.wrong;
         figures_.find("wrong: not its moment: " + what + ", due at " + momentText(demand->due));
@@ -91,7 +92,18 @@ void Ledger::shown(const Ring& ring, Moment now, seconds clockError) {
         ++figures_.wrong;
         figures_.find("wrong: text: " + what);
     }
-    if (demand) demand->shown.push_back(now);
+    if (demand) demand->shown.push_back(showing);
+}
+
+// A clock that is far ahead brings what is still to come; one that is far back, what was over when the user chose another
+// city. Either can be snoozed.
+bool Ledger::isByWrongClock(const Ring& ring, Moment now, seconds clockError) {
+    const std::pair key{ring.alarm.code, ring.alarm.prayer};
+    if (byWrongClock_.contains(key)) return true;
+    const seconds lateByClock = now + clockError - ring.alarm.due;
+    const bool isByClock = abs(clockError) > noRing && lateByClock >= -tolerance && lateByClock <= latest + tolerance;
+    if (isByClock) byWrongClock_.insert(key);
+    return isByClock;
 }
 
 void Ledger::canRing(Moment now, bool can) {
@@ -121,10 +133,15 @@ void Ledger::count(const Demand& demand) {
         if (isLost) figures_.find("lost: " + what);
         return;
     }
-    ++(demand.shown.front() - demand.due < minutes(1) ? figures_.rung : figures_.late);
-    if (demand.shown.size() == 1) return;
-    figures_.doubled += long(demand.shown.size()) - 1;
-    figures_.find("doubled: " + what + ", at " + momentText(demand.shown[0]) + " and " + momentText(demand.shown[1]));
+    ++(demand.shown.front().moment - demand.due < minutes(1) ? figures_.rung : figures_.late);
+    for (std::size_t i = 1; i < demand.shown.size(); ++i) {
+        const Showing &former = demand.shown[i - 1], &again = demand.shown[i];
+        // Neither the process nor the service that it asked remained to say what was shown.
+        const bool isUnknowable = !former.isAnswerHeard && former.run != again.run;
+        ++(isUnknowable ? figures_.repeated : figures_.doubled);
+        if (isUnknowable) continue;
+        figures_.find("doubled: " + what + ", at " + momentText(former.moment) + " and " + momentText(again.moment));
+    }
 }
 
 Figures Ledger::evaluate(Moment end) {

@@ -5,6 +5,8 @@
 
 #include <chrono>
 #include <map>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "Figures.h"
@@ -31,8 +33,16 @@ class Ledger {
     /// The user has answered a ring. It may be shown twice, then the last answer counts: a snooze that is to come is over.
     void stop(int code, Moment prayer, Moment now);
 
-    /// A ring is shown. `clockError` is what the device's clock is ahead.
-    void shown(const Ring& ring, Moment now, std::chrono::seconds clockError);
+    /// How the desktop shows a ring.
+    struct Showing {
+        Moment moment{};
+        std::string run = {};                  ///< of the notification service
+        bool isAnswerHeard = true;             ///< false when the process that asked was killed meanwhile
+        std::chrono::seconds clockError = {};  ///< what the device's clock is ahead
+    };
+
+    /// A ring is shown.
+    void shown(const Ring& ring, const Showing& showing);
 
     /// From now on the service can ring by the right clock, or cannot.
     void canRing(Moment now, bool can);
@@ -47,14 +57,16 @@ class Ledger {
         std::string text;
         std::string city;
         bool isSnooze = false;
-        std::vector<Moment> shown = {};
+        std::vector<Showing> shown = {};
     };
 
+    bool isByWrongClock(const Ring& ring, Moment now, std::chrono::seconds clockError);
     bool hadAChance(Moment due) const;
     void count(const Demand& demand);
 
     std::vector<Demand> demands_;
     std::map<Moment, bool> chances_;
+    std::set<std::pair<int, Moment>> byWrongClock_;
     Figures figures_;
 };
 

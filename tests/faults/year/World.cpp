@@ -11,7 +11,9 @@ void Desktop::show(const Ring& ring, NotificationService::Answer answered) {
     shown_[id.number] = {ring.alarm};
     const bool answersLater = slowness > std::chrono::seconds(0) || killPoint == KillPoint::beforeTheAnswer;
     if (onShown) onShown(id.number, shown_[id.number]);
-    const auto note = [this, ring, now = agenda_->now(), error = clockError] { ledger_->shown(ring, now, error); };
+    const auto note = [this, ring, now = agenda_->now(), run = id.run, error = clockError, caller = caller_] {
+        ledger_->shown(ring, {now, run, caller == caller_, error});
+    };
     if (!answersLater) {
         note();
         killAt(KillPoint::whileAsking);
