@@ -62,7 +62,8 @@ AlarmJournal::AlarmJournal(const std::filesystem::path& folder, std::chrono::mil
 
 void AlarmJournal::lock(std::chrono::milliseconds patience) {
     const LockedFile::Result result = locked_.lock(patience);
-    if (result == LockedFile::Result::busy) {
+    isBusy_ = result == LockedFile::Result::busy;
+    if (isBusy_) {
         problem_ = _("Another program is changing the alarms and does not finish. Try again, or end that program.");
     } else if (result == LockedFile::Result::failed) {
         problem_ = _("The alarms cannot be changed: {} cannot be locked ({}).", file_.string(), reason());

@@ -52,6 +52,9 @@ class AlarmJournal {
     /// Why the lock is not held, and what to do; empty when it is held.
     const std::string& problem() const { return problem_; }
 
+    /// True when the lock is not held because another program holds it.
+    bool isBusy() const { return isBusy_; }
+
     /// The intents that earlier holders left unfinished, in chronological order.
     std::vector<AlarmIntent> unfinished() const;
 
@@ -72,6 +75,7 @@ class AlarmJournal {
     std::filesystem::path file_;
     LockedFile locked_;
     std::string problem_;
+    bool isBusy_ = false;
 };
 
 }  // namespace quode

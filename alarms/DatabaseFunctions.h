@@ -23,6 +23,8 @@ struct AlarmChange {
     bool isStored = true;  ///< the user database contains the change; else nothing was changed
     bool isPlaced = true;  ///< the calendar contains the event of an alarm that is on, and no event of one that is off
     std::string message;   ///< what failed or needs attention, and what to do; empty when all is well
+    bool isBusy =
+        false;  ///< another program was changing the alarms: nothing was changed, and the next try may succeed
 
     /// True when both succeeded.
     bool ok() const { return isStored && isPlaced; }

@@ -75,28 +75,10 @@ Finding checkDataFolder(Session& session) {
     return found;
 }
 
-// "places 2026-09, zones 2026f" in the user's language.
-std::string editionText(std::string_view edition) {
-    std::string text;
-    while (!edition.empty()) {
-        std::string_view part = edition.substr(0, edition.find(", "));
-        edition.remove_prefix(std::min(edition.size(), part.size() + 2));
-        text += text.empty() ? "" : ", ";
-        if (part.starts_with("places ")) {
-            text += _("places {}", part.substr(part.find(' ') + 1));
-        } else if (part.starts_with("zones ")) {
-            text += _("zones {}", part.substr(part.find(' ') + 1));
-        } else {
-            text += part;
-        }
-    }
-    return text;
-}
-
 Finding checkCityDatabase(Session& session, Known& known) {
     Finding found{"city_database", _("City database"), State::ok, "", ""};
     try {
-        found.text = editionText(session.cities().edition());
+        found.text = editionText(session);
         known.hasCityDatabase = true;
     } catch (const CityDatabaseError& error) {
         found.state = State::problem;

@@ -190,6 +190,25 @@ std::string fullName(Session& session, const CityRecord& city) {
     return city.name + ", " + regionAndCountry(session, city);
 }
 
+std::string editionText(Session& session) {
+    const std::string all = session.cities().edition();
+    std::string_view edition = all;
+    std::string text;
+    while (!edition.empty()) {
+        std::string_view part = edition.substr(0, edition.find(", "));
+        edition.remove_prefix(std::min(edition.size(), part.size() + 2));
+        text += text.empty() ? "" : ", ";
+        if (part.starts_with("places ")) {
+            text += _("places {}", part.substr(part.find(' ') + 1));
+        } else if (part.starts_with("zones ")) {
+            text += _("zones {}", part.substr(part.find(' ') + 1));
+        } else {
+            text += part;
+        }
+    }
+    return text;
+}
+
 std::string coordinatesText(double latitude, double longitude, std::string_view decimalMark) {
     return fmt::format("{}° {}  {}° {}", decimalText(std::abs(latitude), 4, decimalMark), latitude < 0.0 ? 'S' : 'N',
                        decimalText(std::abs(longitude), 4, decimalMark), longitude < 0.0 ? 'W' : 'E');

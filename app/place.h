@@ -42,6 +42,10 @@ ChosenPlace chooseHomePlace(Session& session);
 std::string regionAndCountry(Session& session, const CityRecord& city);
 std::string fullName(Session& session, const CityRecord& city);
 
+/// The edition of the city database: "places 2026-09, zones 2026f".
+/// @throw CityDatabaseError  when the database cannot be read
+std::string editionText(Session& session);
+
 /// "41.0138° N  28.9497° E".
 std::string coordinatesText(double latitude, double longitude, std::string_view decimalMark);
 

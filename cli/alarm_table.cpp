@@ -131,6 +131,7 @@ void showAlarms(Console& console, const UserAlarms& all) {
         console.print();
     }
     printTable(console, all);
+    if (all.city) printHowHomeWasChosen(console);
     if (!all.anyIsOn()) return;
     console.print();
     printRinger(console, ringer);

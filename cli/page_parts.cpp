@@ -52,6 +52,14 @@ void printHowChosen(Console& console, const ChosenPlace& place) {
     console.printRemark(note);
 }
 
+void printHowHomeWasChosen(Console& console) {
+    printHowChosen(console, chooseHomePlace(console.session()));
+}
+
+void reportHowChosen(Console& console, const ChosenPlace& place) {
+    if (const std::string note = guessNote(console.session(), place); !note.empty()) console.session().report(note);
+}
+
 void printMethod(Console& console, const Site& site) {
     const std::string line = methodLine(site);
     if (!line.empty()) console.printRemark(line);

@@ -20,6 +20,12 @@ void printPlace(terminal::Console& console, const app::ChosenPlace& place, bool 
 /// Prints how the city was chosen when nobody named it.
 void printHowChosen(terminal::Console& console, const app::ChosenPlace& place);
 
+/// The same for the home city, which commands about alarms show.
+void printHowHomeWasChosen(terminal::Console& console);
+
+/// Reports it on the standard error, beside output that has no room for it, such as a file.
+void reportHowChosen(terminal::Console& console, const app::ChosenPlace& place);
+
 /// Prints the method of the times; nothing for the default one.
 void printMethod(terminal::Console& console, const Site& site);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "app/place.h"
+#include "cli/page_parts.h"
 #include "terminal/Console.h"
 #include "texts/translation.h"
 
@@ -48,6 +49,7 @@ void printCities(Console& console, const std::vector<UserCity>& cities) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         console.print(cities[i].isHome ? console.style().strong(lines[i]) : lines[i]);
     }
+    printHowHomeWasChosen(console);
 }
 
 Json citiesJson(const std::vector<UserCity>& cities) {

@@ -31,6 +31,7 @@ const AlarmOccurrence* ringOf(int code, const std::vector<AlarmOccurrence>& next
 void join(AlarmChange& all, const AlarmChange& one) {
     all.isStored = all.isStored && one.isStored;
     all.isPlaced = all.isPlaced && one.isPlaced;
+    all.isBusy = all.isBusy || one.isBusy;
     if (one.message.empty() || all.message.find(one.message) != std::string::npos) return;
     all.message += (all.message.empty() ? "" : " ") + one.message;
 }
@@ -51,7 +52,7 @@ AlarmChange AlarmBook::withJournal(const Operation& operation) {
         AlarmJournal journal(dataFolder_, patience_);
         if (!journal.isHeld()) {
             database_->connection().change([] {});  // a folder that may not be written is better named by what is in it
-            return {false, false, journal.problem()};
+            return {false, false, journal.problem(), journal.isBusy()};
         }
         AlarmChange result = finishPending(journal);
         result = {true, true, result.message};  // what an earlier program left does not decide about this one

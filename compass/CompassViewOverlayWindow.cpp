@@ -24,6 +24,7 @@ Qt::WindowFlags flagsOf(CompassPlace place) {
 
 CompassViewOverlayWindow::CompassViewOverlayWindow(ScreenKeeper& screenKeeper, CompassPlace place)
     : QWidget(nullptr, flagsOf(place)), screenKeeper_(screenKeeper), place_(place) {
+    setLayoutDirection(Qt::LeftToRight);  // east is on the right in every language
     setAttribute(Qt::WA_TranslucentBackground, place == CompassPlace::overEverything);
     setAttribute(Qt::WA_QuitOnClose, false);
     root_ = new CompassViewController(this);

@@ -10,6 +10,7 @@
 #include <array>
 #include <string>
 
+#include "app/place.h"
 #include "app/session.h"
 #include "texts/translation.h"
 
@@ -61,7 +62,7 @@ QString aboutPage(app::Session& session) {
     QString page = "<h2>Quode " + escaped(QUODE_VERSION) + "</h2>";
     page += line(_("Islamic prayer times, computed on this device. Nothing is sent anywhere, and no network is used."));
     try {
-        page += line(_("Places and time zones: edition {}.", session.cities().edition()));
+        page += line(_("City database: {}", app::editionText(session)));
     } catch (const std::runtime_error& error) {
         page += line(error.what());
     }

@@ -88,6 +88,9 @@ void PanelProgram::lookAgainForWhatCannotBeRead() {
 
 void PanelProgram::prepare() {
     followLanguage(session_, languageOption_);
+    const bool isRightToLeft = quode::isRightToLeft(languageInUse());
+    // Of the panel's own parts, menus and dialogs. The widget's rows have one order in every language.
+    QGuiApplication::setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     window_.setMenu(&menu_, _("Menu"));
     const Preparation present = prepareUserChoices(session_, *calendar_);
     window_.setNotice(told_.isEmpty() ? present.notice : std::exchange(told_, {}));

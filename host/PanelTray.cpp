@@ -4,6 +4,7 @@
 
 #include "desktop/icon.h"
 #include "host/PanelMenu.h"
+#include "texts/reading_order.h"
 
 namespace quode::host {
 
@@ -19,7 +20,7 @@ PanelTray::PanelTray(std::function<ComingPrayer()> coming, MomentWatch& watch, P
 void PanelTray::refresh() {
     const ComingPrayer coming = coming_();
     menu_.refresh();
-    icon_.setToolTip(QString::fromStdString(coming.lasting));
+    icon_.setToolTip(QString::fromStdString(inReadingOrder(coming.lasting)));
     watch_.watchFor(coming.changesAt);
 }
 

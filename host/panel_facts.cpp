@@ -17,8 +17,10 @@ namespace {
 
 constexpr int sunrise = 201;
 
+// A label takes its alignment from the first letter outside the parts that are kept together.
 QString qt(const std::string& text) {
-    return QString::fromStdString(inReadingOrder(text));
+    const QString ordered = QString::fromStdString(inReadingOrder(text));
+    return isRightToLeft(languageInUse()) ? QChar(0x200F) + ordered : ordered;
 }
 
 // The prayer whose time it is at a moment; nothing between sunrise and noon, and where the times are unknown.

@@ -51,7 +51,8 @@ Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar) 
         calendar.setLayout(loadSettings(database).calendarLayout);
         const AlarmChange renewed =
             AlarmBook(session.dataFolder(), database, calendar, DatabaseFunctions::drawingPatience).renew();
-        if (!renewed.message.empty()) notices << QString::fromStdString(renewed.message);
+        // A program that is changing the alarms renews their events itself.
+        if (!renewed.message.empty() && !renewed.isBusy) notices << QString::fromStdString(renewed.message);
         const std::string start = serviceStartMessage(session, database);
         if (!start.empty()) notices << QString::fromStdString(start);
     } catch (const UserDatabaseError& error) {

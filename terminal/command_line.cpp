@@ -67,10 +67,10 @@ void prepare(CLI::App& app, int width) {
     app.get_formatter()->label("SUBCOMMAND", _("COMMAND"));
     app.get_formatter()->label("SUBCOMMANDS", _("COMMANDS"));
     app.get_formatter()->label("Usage", _("Usage"));
-    app.get_formatter()->label("Options", _("Options"));
     app.get_formatter()->label("Positionals", _("Arguments"));
-    app.get_formatter()->label("Subcommands", _("Commands"));
-    app.set_help_flag("-h,--help", _("Explain the command"));
+    app.group(_("Commands"));
+    app.option_defaults()->group(_("Options"));
+    app.set_help_flag("-h,--help", _("Explain the command"))->group(_("Options"));
 }
 
 void checkChoices(const Parameter& parameter, const std::string& value) {

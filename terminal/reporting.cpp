@@ -8,6 +8,7 @@
 #include <exception>
 #include <system_error>
 
+#include "app/place.h"
 #include "app/session.h"
 #include "companion/UserDatabase.h"
 #include "companion/language.h"
@@ -23,7 +24,7 @@ using app::Failure;
 std::string versionText(app::Session& session, const std::string& program) {
     std::string edition;
     try {
-        edition = session.cities().edition();
+        edition = app::editionText(session);
     } catch (const CityDatabaseError& error) {
         edition = error.what();
     }

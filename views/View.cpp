@@ -43,6 +43,7 @@ Rect followed(const Rect& frame, unsigned mask, Size oldOuter, Size newOuter) {
 }  // namespace
 
 View::View(const Rect& frame, QWidget* parent) : QWidget(parent), frame_(frame) {
+    setLayoutDirection(Qt::LeftToRight);  // frames count from the left in every language
     installAccessibility();
     View::placeOnScreen();
 }

@@ -47,6 +47,7 @@ void runUpcoming(Console& console, const Arguments&) {
     if (all.city) {
         printAlarmCity(console, all);
         printRings(console, all);
+        printHowHomeWasChosen(console);
         console.print();
     }
     printRinger(console, ringer);

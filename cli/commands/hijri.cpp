@@ -5,6 +5,7 @@
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "cli/commands.h"
+#include "cli/page_parts.h"
 #include "common/calendar.h"
 #include "common/civil_date.h"
 #include "conventions/UmmAlQura.h"
@@ -18,6 +19,7 @@ struct HijriDay {
     VAKDate gregorian;
     VAKDate hijri;
     bool isByCrescent = false;
+    std::optional<ChosenPlace> place = {};  ///< whose day it is, when it is today
 };
 
 HijriDay fromHijri(const std::string& text) {
@@ -54,7 +56,9 @@ HijriDay dayOf(Session& session, const Arguments& arguments) {
     }
     if (date) return fromGregorian(parseDate(*date), arguments.has("crescent"));
     const ChosenPlace place = choosePlace(session, arguments.text("city"));
-    return fromGregorian(today(session, siteOf(place.city)), arguments.has("crescent"));
+    HijriDay day = fromGregorian(today(session, siteOf(place.city)), arguments.has("crescent"));
+    day.place = place;
+    return day;
 }
 
 /// A day by one calendar; nothing where that calendar does not reach it.
@@ -109,6 +113,8 @@ void runHijri(Console& console, const Arguments& arguments) {
     console.print(longDate(session, day.gregorian));
     console.print(hijri);
     printOthers(console, day);
+    // The day of a city that was guessed from the time zone is that of the user all the same.
+    if (day.place && day.place->source == PlaceSource::fallback) printHowChosen(console, *day.place);
 }
 
 }  // namespace

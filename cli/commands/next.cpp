@@ -4,11 +4,13 @@
 #include <fmt/format.h>
 
 #include "app/dates.h"
+#include "app/day_notes.h"
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/next_prayer.h"
 #include "cli/commands.h"
 #include "cli/method_arguments.h"
+#include "cli/page_parts.h"
 #include "terminal/Console.h"
 #include "texts/markup.h"
 #include "texts/translation.h"
@@ -77,12 +79,14 @@ Json waybarJson(Session& session, const ComingPrayer& coming) {
         const bool isNext = code == prayer.code && sameDay(prayer.date, day.date);
         tooltip += "\n" + (isNext ? "<b>" + line + "</b>" : line);
     }
+    const std::string note = guessNote(session, coming.place);
     const bool isSoon = timeLeft(session, prayer) <= soon;
     Json::Array classes{prayerKey(prayer.code)};
     if (isSoon) classes.emplace_back("soon");
     return object({{"text", escapedMarkup(name + " " + clock)},
                    {"alt", prayerKey(prayer.code)},
-                   {"tooltip", tooltip + "\n" + escapedMarkup(timeLeftText(session, coming.site, prayer))},
+                   {"tooltip", tooltip + "\n" + escapedMarkup(timeLeftText(session, coming.site, prayer)) +
+                                   (note.empty() ? "" : "\n" + escapedMarkup(note))},
                    {"class", Json(std::move(classes))}});
 }
 
@@ -104,6 +108,7 @@ void runNext(Console& console, const Arguments& arguments) {
     } else {
         console.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
                       timeLeftText(session, coming.site, *prayer));
+        reportHowChosen(console, coming.place);
     }
 }
 

@@ -295,15 +295,22 @@ void printJson(Console& console, const Timetable& table) {
 }
 
 void print(Console& console, const Arguments& arguments, Timetable table) {
-    if (isFileFormat(arguments.text("format").value_or("")) && !arguments.has("json")) {
-        return writeTimetable(
+    const bool isFile = isFileFormat(arguments.text("format").value_or(""));
+    if (console.wantsJson()) {
+        addWarnings(console.session(), table);
+        printJson(console, table);
+    } else if (isFile) {
+        writeTimetable(
             console, arguments,
             {table.place, table.months, table.lastCode == lastPrayer, table.withNight, arguments.has("sheet")});
+        reportHowChosen(console, table.place);
+    } else if (arguments.text("format") == "csv") {
+        printCsv(console, table);
+        reportHowChosen(console, table.place);
+    } else {
+        addWarnings(console.session(), table);
+        printTable(console, table);
     }
-    if (arguments.text("format") == "csv" && !arguments.has("json")) return printCsv(console, table);
-    addWarnings(console.session(), table);
-    if (console.wantsJson()) return printJson(console, table);
-    printTable(console, table);
 }
 
 void runMonth(Console& console, const Arguments& arguments) {

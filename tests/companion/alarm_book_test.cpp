@@ -154,6 +154,7 @@ TEST_F(AlarmBookTest, GivesWayWhenAnotherProgramIsAtIt) {
     const AlarmJournal other(folder.path(), {});
     const AlarmChange change = book->switchOn(fajr);
     EXPECT_FALSE(change.isStored);
+    EXPECT_TRUE(change.isBusy);
     EXPECT_THAT(change.message, HasSubstr("Another program is changing the alarms"));
     EXPECT_FALSE(database->alarm(fajr).isOn);
 }
