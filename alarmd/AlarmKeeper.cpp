@@ -113,6 +113,7 @@ std::optional<Choices> AlarmKeeper::choicesWithoutDatabase() {
         choices = readChoicesBehindLock(with_.dataFolder, *with_.cities, *with_.clock);
         if (choices) choices->ringer = with_.ringer(choices->settings);
     });
+    areChoicesNoted_ = !choices;
     return choices ? choices : notedChoices();
 }
 
@@ -124,6 +125,7 @@ void AlarmKeeper::takeChoices(UserDatabase& database) {
     }
     damagedCopies_ = copies;
     choices_ = choicesIn(database);
+    areChoicesNoted_ = false;
 }
 
 // After damage a fresh database is in the place of the user's, whichever program has made it.
@@ -177,7 +179,9 @@ void AlarmKeeper::warnOfOutage(bool isRead, const Present& present) {
     if (!outage_) outage_ = present.uptime;
     if (warnedOfOutage_ || present.uptime.time - outage_->time < longOutage) return;
     warnedOfOutage_ = true;
-    with_.desk->warn(lastFailure_ + " " + _("The alarms ring as they were set before."));
+    const std::string consequence(areChoicesNoted_ ? _("The alarms ring at the times of Quode's own method.")
+                                                   : _("The alarms ring as they were set before."));
+    with_.desk->warn(lastFailure_ + " " + consequence);
 }
 
 // --- answers

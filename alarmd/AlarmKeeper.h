@@ -94,6 +94,7 @@ class AlarmKeeper {
     int damagedCopies_ = 0;           // how many there were at that time
     std::optional<Uptime> outage_;    // since when the database cannot be read
     bool warnedOfOutage_ = false;
+    bool areChoicesNoted_ = false;  ///< without the methods of the cities
     std::string lastFailure_;
 };
 

@@ -61,6 +61,7 @@ Choices readChoices(UserDatabase& database) {
         choices.alarms = database.alarms();
         choices.settings = loadSettings(database);
     });
+    if (choices.home && choices.home->city) requireReadableChoice(*choices.home->city);
     choices.ringer = choices.settings.ringer;
     return choices;
 }

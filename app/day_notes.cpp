@@ -11,6 +11,7 @@
 #include "app/method_choice.h"
 #include "app/session.h"
 #include "app/time_notes.h"
+#include "companion/SiteChoices.h"
 #include "texts/translation.h"
 
 namespace quode::app {
@@ -123,6 +124,7 @@ std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, co
     const ZoneClock clock = siteOf(place.city).clock();
     for (int code = firstPrayer; code <= lastPrayer; ++code) add(otherClockNote(session, clock, day, code));
     for (std::string& note : missingNotes(session, day)) add(std::move(note));
+    add(choiceProblem(place.city));
     add(methodLine(siteOf(place.city)));
     for (std::string& note : methodRemarks(day)) add(std::move(note));
     if (isByEngine(day)) add(ruleText(siteOf(place.city)));

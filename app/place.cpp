@@ -11,6 +11,7 @@
 #include "common/LanguagePack.h"
 #include "common/labels.h"
 #include "common/numbers.h"
+#include "companion/SiteChoices.h"
 #include "data/point.h"
 #include "data/posix_zone.h"
 #include "data/user_places.h"
@@ -139,45 +140,43 @@ const char* sourceName(PlaceSource source) {
     }
 }
 
-ChosenPlace storedHomePlace(Session& session) {
-    const std::optional<UserCity> home = storedHome(session);
-    if (!home || !home->city) return placeOfSystem(session);
-    const PlaceSource guess = home->id == fallbackCity ? PlaceSource::fallback : PlaceSource::systemZone;
-    return {*home->city, home->isGuess ? guess : PlaceSource::home, {}};
-}
-
-ChosenPlace placeWithoutChoice(Session& session, const std::optional<std::string>& request) {
-    if (request) return placeNamed(session, *request);
-    if (const auto variable = session.variable("QUODE_CITY")) {
-        return placeOfVariable(session, *variable);
-    }
-    return storedHomePlace(session);
-}
-
-// The place with the method that the user chose for it.
-ChosenPlace withChoice(Session& session, ChosenPlace place) {
-    CityRecord& city = place.city;
-    if (city.id == 0) return place;
-    city.choice = readSiteChoice(userDatabaseFile(session.dataFolder()), city.id);
-    if (city.choice.isUnreadable) {
-        session.report(
-            city.choice.isLocked
-                ? _("The method of {} cannot be read: another program writes the user database. Try again.", city.name)
-                : _("What is stored about the method of {} cannot be read. Choose it again: quode method set KEY",
-                    city.name),
-            ExitCode::userData);
+ChosenPlace reported(Session& session, ChosenPlace place) {
+    if (const std::string problem = choiceProblem(place.city); !problem.empty()) {
+        session.report(problem, ExitCode::userData);
     }
     return place;
 }
 
+// The place with the method that the user chose for it.
+ChosenPlace withChoice(Session& session, ChosenPlace place) {
+    if (place.city.id != 0) place.city.choice = readSiteChoice(userDatabaseFile(session.dataFolder()), place.city.id);
+    return place;
+}
+
+// The home city has its choice already, read at the same moment.
+ChosenPlace storedHomePlace(Session& session) {
+    const std::optional<UserCity> home = storedHome(session);
+    if (!home || !home->city) return withChoice(session, placeOfSystem(session));
+    const PlaceSource guess = home->id == fallbackCity ? PlaceSource::fallback : PlaceSource::systemZone;
+    return {*home->city, home->isGuess ? guess : PlaceSource::home, {}};
+}
+
 }  // namespace
 
+ChosenPlace choosePlaceForMethod(Session& session, const std::optional<std::string>& request) {
+    if (request) return withChoice(session, placeNamed(session, *request));
+    if (const auto variable = session.variable("QUODE_CITY")) {
+        return withChoice(session, placeOfVariable(session, *variable));
+    }
+    return storedHomePlace(session);
+}
+
 ChosenPlace choosePlace(Session& session, const std::optional<std::string>& request) {
-    return withChoice(session, placeWithoutChoice(session, request));
+    return reported(session, choosePlaceForMethod(session, request));
 }
 
 ChosenPlace chooseHomePlace(Session& session) {
-    return withChoice(session, storedHomePlace(session));
+    return reported(session, storedHomePlace(session));
 }
 
 std::string regionAndCountry(Session& session, const CityRecord& city) {

@@ -35,6 +35,9 @@ struct ChosenPlace {
 /// `Failure`: notFound with suggestions for an unknown city, usage for coordinates outside the Earth.
 ChosenPlace choosePlace(Session& session, const std::optional<std::string>& request);
 
+/// The same for a command that chooses its method: a stored one that cannot be read is not reported.
+ChosenPlace choosePlaceForMethod(Session& session, const std::optional<std::string>& request);
+
 /// The same without --city and $QUODE_CITY: what a front shows that always shows the home city.
 ChosenPlace chooseHomePlace(Session& session);
 

@@ -18,6 +18,7 @@
 #include "common/formatting.h"
 #include "common/labels.h"
 #include "companion/RingRecords.h"
+#include "companion/SiteChoices.h"
 #include "texts/translation.h"
 
 namespace quode::app {
@@ -95,6 +96,7 @@ UserAlarms readAlarms(Session& session, UserDatabase& database) {
     all.settings = loadSettings(database);
     all.snoozed = snoozedRings(session, all.alarms);
     const std::optional<UserCity> home = database.home();
+    if (home && home->city) requireReadableChoice(*home->city);
     if (home && !home->city) all.lostHome = home->id;
     if (!home || !home->city) return all;
     all.city = home->city;

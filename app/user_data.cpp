@@ -11,6 +11,7 @@
 #include "common/numbers.h"
 #include "companion/AlarmBook.h"
 #include "companion/UserEventStore.h"
+#include "companion/user_connection.h"
 #include "data/name_folding.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
@@ -61,6 +62,31 @@ void finishPending(Session& session) {
     }
 }
 
+// What the database holds while another program keeps it locked; nothing while that is unknown.
+std::optional<UserCity> homeBehindLock(Session& session) {
+    const std::filesystem::path file = userDatabaseFile(session.dataFolder());
+    const std::optional<std::string> before = UserConnection::committedState(file);
+    if (!before) return std::nullopt;
+    try {
+        const std::optional<UserCity> home =
+            UserDatabase::openBehindLock(session.dataFolder(), session.cities(), session.deviceClock()).home();
+        return UserConnection::committedState(file) == before ? home : std::nullopt;
+    } catch (const UserDatabaseError&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<UserCity> homeIn(Session& session) {
+    try {
+        const std::optional<UserDatabase> database = userDatabaseToRead(session);
+        return database ? database->home() : std::nullopt;
+    } catch (const UserDatabaseError& error) {
+        if (error.reason() != UserDatabaseError::Reason::locked) throw;
+        if (const std::optional<UserCity> home = homeBehindLock(session)) return home;
+        throw;
+    }
+}
+
 }  // namespace
 
 std::optional<UserDatabase> userDatabaseToRead(Session& session) {
@@ -87,8 +113,7 @@ std::optional<CityRecord> homeCity(Session& session) {
 
 std::optional<UserCity> storedHome(Session& session) {
     try {
-        const std::optional<UserDatabase> database = userDatabaseToRead(session);
-        const std::optional<UserCity> home = database ? database->home() : std::nullopt;
+        const std::optional<UserCity> home = homeIn(session);
         if (!home) return std::nullopt;
         if (!home->city) session.report(lostHome(home->id), ExitCode::userData);
         return home;

@@ -56,8 +56,8 @@ void printHowHomeWasChosen(Console& console) {
     printHowChosen(console, chooseHomePlace(console.session()));
 }
 
-void reportHowChosen(Console& console, const ChosenPlace& place) {
-    if (const std::string note = guessNote(console.session(), place); !note.empty()) console.session().report(note);
+void reportFallbackPlace(Console& console, const ChosenPlace& place) {
+    if (place.source == PlaceSource::fallback) console.session().report(guessNote(console.session(), place));
 }
 
 void printMethod(Console& console, const Site& site) {

@@ -23,8 +23,9 @@ void printHowChosen(terminal::Console& console, const app::ChosenPlace& place);
 /// The same for the home city, which commands about alarms show.
 void printHowHomeWasChosen(terminal::Console& console);
 
-/// Reports it on the standard error, beside output that has no room for it, such as a file.
-void reportHowChosen(terminal::Console& console, const app::ChosenPlace& place);
+/// Reports a place that is not even in the time zone on the standard error, beside output that has no room for a note,
+/// such as a file.
+void reportFallbackPlace(terminal::Console& console, const app::ChosenPlace& place);
 
 /// Prints the method of the times; nothing for the default one.
 void printMethod(terminal::Console& console, const Site& site);

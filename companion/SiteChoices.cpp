@@ -5,7 +5,9 @@
 #include <set>
 #include <string>
 
+#include "companion/UserDatabase.h"
 #include "companion/user_connection.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -28,6 +30,21 @@ void removeTimetable(UserConnection& connection, int cityId) {
 }
 
 }  // namespace
+
+std::string choiceProblem(const CityRecord& city) {
+    if (!city.choice.isUnreadable) return {};
+    return city.choice.isLocked
+               ? _("The method of {} cannot be read: another program writes the user database. Try again.", city.name)
+               : _("What is stored about the method of {} cannot be read. Choose it again: quode method set KEY",
+                   city.name);
+}
+
+void requireReadableChoice(const CityRecord& city) {
+    using Reason = UserDatabaseError::Reason;
+    if (const std::string problem = choiceProblem(city); !problem.empty()) {
+        throw UserDatabaseError(city.choice.isLocked ? Reason::locked : Reason::failed, problem);
+    }
+}
 
 void storeMethod(UserConnection& connection, int cityId, const conventions::Method& method, double height) {
     connection.change([&] {

@@ -5,12 +5,21 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
+#include "data/CityDatabase.h"
 #include "data/SiteChoice.h"
 
 namespace quode {
 
 class UserConnection;
+
+/// Why what is stored for a city cannot be read, and what to do; empty when it can. Its times would be those of another
+/// method.
+std::string choiceProblem(const CityRecord& city);
+
+/// Throws that as `UserDatabaseError`.
+void requireReadableChoice(const CityRecord& city);
 
 /// Stores the method of a city. height  metres, as the city database has it
 void storeMethod(UserConnection& connection, int cityId, const conventions::Method& method, double height);

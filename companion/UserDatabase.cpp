@@ -290,6 +290,7 @@ void UserDatabase::setUpAlarm(int code, int offset, const std::string& sound) {
 std::vector<AlarmOccurrence> UserDatabase::refreshPrayerTimes() {
     const std::optional<UserCity> homeCity = home();
     if (!homeCity || !homeCity->city) return {};
+    requireReadableChoice(*homeCity->city);
     const sys_seconds now = std::chrono::floor<std::chrono::seconds>(device_->now());
     std::vector<AlarmOccurrence> next;
     std::vector<std::pair<int, double>> changed;

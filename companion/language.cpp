@@ -69,7 +69,7 @@ LanguageChoice speakChosenLanguage(const Environment& environment, const std::op
 std::optional<std::string> storedLanguage(const std::filesystem::path& dataFolder) {
     const std::filesystem::path file = userDatabaseFile(dataFolder);
     std::error_code error;
-    if (!std::filesystem::exists(file, error)) return std::nullopt;
+    if (!std::filesystem::exists(file, error) || !sqlite::isSafeToOpen(file)) return std::nullopt;
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
     const sqlite::Database database(opened);

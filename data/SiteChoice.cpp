@@ -17,12 +17,10 @@ constexpr int lockPatienceMs = 200;  // for programs that draw
 /// choice unreadable, for the times would silently be those of another method.
 class RowsOfCity {
   public:
-    RowsOfCity(sqlite3* database, const char* sql, int cityId, SiteChoice& choice)
+    RowsOfCity(sqlite3* database, const char* table, const char* sql, int cityId, SiteChoice& choice)
         : choice_(choice), statement_(sqlite::prepare(database, sql)) {
         if (statement_) sqlite3_bind_int(statement_.get(), 1, cityId);
-        const int result = statement_ ? SQLITE_OK : sqlite3_errcode(database);
-        const bool isMissingTable = result == SQLITE_ERROR;
-        if (result != SQLITE_OK && !isMissingTable) fail(result);
+        if (!statement_ && !isMissing(database, table)) fail(sqlite3_errcode(database));
     }
 
     bool next() {
@@ -34,6 +32,15 @@ class RowsOfCity {
     sqlite3_stmt* row() const { return statement_.get(); }
 
   private:
+    // A schema that cannot be read gives the same error as one without the table.
+    static bool isMissing(sqlite3* database, const char* table) {
+        const sqlite::Statement row =
+            sqlite::prepare(database, "SELECT COUNT(*) FROM sqlite_schema WHERE type = 'table' AND name = ?1");
+        if (!row) return false;
+        sqlite3_bind_text(row.get(), 1, table, -1, SQLITE_STATIC);
+        return sqlite3_step(row.get()) == SQLITE_ROW && sqlite3_column_int(row.get(), 0) == 0;
+    }
+
     void fail(int result) {
         choice_.isUnreadable = true;
         choice_.isLocked = result == SQLITE_BUSY || result == SQLITE_LOCKED;
@@ -44,7 +51,7 @@ class RowsOfCity {
 };
 
 void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
-    RowsOfCity found(database, methodQuery, cityId, choice);
+    RowsOfCity found(database, "USER_METHOD", methodQuery, cityId, choice);
     if (!found.next()) return;
     const auto method = conventions::methodOf(sqlite::text(found.row(), 0));
     if (!method) choice.isUnreadable = true;
@@ -54,11 +61,11 @@ void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
 }
 
 void readTable(sqlite3* database, int cityId, SiteChoice& choice) {
-    RowsOfCity name(database, nameQuery, cityId, choice);
+    RowsOfCity name(database, "USER_TIMETABLE", nameQuery, cityId, choice);
     if (!name.next()) return;
     auto table = std::make_shared<Timetable>();
     table->name = sqlite::text(name.row(), 0);
-    RowsOfCity rows(database, rowsQuery, cityId, choice);
+    RowsOfCity rows(database, "USER_TIMETABLE_ROW", rowsQuery, cityId, choice);
     while (rows.next()) {
         const auto row = timetableRowOf(sqlite::text(rows.row(), 1));
         if (!row) choice.isUnreadable = true;
@@ -69,7 +76,7 @@ void readTable(sqlite3* database, int cityId, SiteChoice& choice) {
 }
 
 void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {
-    RowsOfCity found(database, iqamaQuery, cityId, choice);
+    RowsOfCity found(database, "USER_IQAMA", iqamaQuery, cityId, choice);
     if (!found.next()) return;
     const auto rules = iqamaRulesOf(sqlite::text(found.row(), 0));
     if (!rules) choice.isUnreadable = true;

@@ -16,7 +16,7 @@ namespace {
 
 void runSet(Console& console, const Arguments& arguments) {
     Session& session = console.session();
-    const ChosenPlace place = choosePlace(session, arguments.text("city"));
+    const ChosenPlace place = choosePlaceForMethod(session, arguments.text("city"));
     const CityRecord& city = place.city;
     if (city.id == 0) {
         throw Failure(ExitCode::usage, _("A method is kept for a city. Give the place a name first: quode city add "

@@ -108,7 +108,7 @@ void runNext(Console& console, const Arguments& arguments) {
     } else {
         console.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
                       timeLeftText(session, coming.site, *prayer));
-        reportHowChosen(console, coming.place);
+        reportFallbackPlace(console, coming.place);
     }
 }
 

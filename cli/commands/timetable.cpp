@@ -303,10 +303,10 @@ void print(Console& console, const Arguments& arguments, Timetable table) {
         writeTimetable(
             console, arguments,
             {table.place, table.months, table.lastCode == lastPrayer, table.withNight, arguments.has("sheet")});
-        reportHowChosen(console, table.place);
+        reportFallbackPlace(console, table.place);
     } else if (arguments.text("format") == "csv") {
         printCsv(console, table);
-        reportHowChosen(console, table.place);
+        reportFallbackPlace(console, table.place);
     } else {
         addWarnings(console.session(), table);
         printTable(console, table);

@@ -175,6 +175,22 @@ TEST_F(KeeperFaultsTest, RingsByTheMethodOfTheCityWhenItStartsWithALockedDatabas
     EXPECT_EQ(desk.rings.size(), 1U);
 }
 
+TEST_F(KeeperFaultsTest, RingsByTheMethodThatItKnowsWhenTheStoredOneCannotBeRead) {
+    const int home = open().home()->id;
+    UserDatabase database = open();
+    const sys_seconds usual = dueOf(202);
+    storeMethod(database.connection(), home, *conventions::methodOf("quode adjust=0,0,-20,0,0,0"), 0.0);
+    switchOn(202);
+    keeper->wake();
+    database.connection().run("UPDATE USER_METHOD SET METHOD = 'nonsense'");
+    keeper->wake();
+    EXPECT_THAT(told, HasSubstr("cannot be read"));
+    wakeAt(usual - minutes(20));
+    EXPECT_EQ(desk.rings.size(), 1U);
+    wakeAt(usual);
+    EXPECT_EQ(desk.rings.size(), 1U);
+}
+
 TEST_F(KeeperFaultsTest, SeesThatTheMethodOfTheHomeCityWasChanged) {
     switchOn(202);
     keeper->wake();

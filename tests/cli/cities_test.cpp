@@ -137,9 +137,12 @@ TEST(SystemZone, MayBeWrittenInEveryWayThatNamesOne) {
 TEST(SystemZone, ThatNamesNoPlaceIsTold) {
     Program rule;
     const Outcome clock = rule.with("TZ", "CET-1CEST,M3.5.0,M10.5.0/3").run({"next"});
-    EXPECT_EQ(clock.err,
-              "quode: TZ is \"CET-1CEST,M3.5.0,M10.5.0/3\", which is a clock without a place. Set a zone such as "
-              "TZ=Europe/Istanbul, or choose your city: quode city home NAME\n");
+    EXPECT_EQ(
+        clock.err,
+        "quode: TZ is \"CET-1CEST,M3.5.0,M10.5.0/3\", which is a clock without a place. Set a zone such as "
+        "TZ=Europe/Istanbul, or choose your city: quode city home NAME\n"
+        "quode: Makkah is shown because the time zone of this system, CET-1CEST,M3.5.0,M10.5.0/3, has no city. To "
+        "choose one: quode city home NAME.\n");
     for (const char* zone : {"nonsense", "Europe/Nowhere", "Europe/", "../../etc/passwd", ":/etc/passwd"}) {
         Program program;
         const Outcome run = program.with("TZ", zone).run({"next"});

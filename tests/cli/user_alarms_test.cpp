@@ -100,7 +100,9 @@ TEST(UserAlarms, AreSixThatAreOffAtFirst) {
               "   Dhuhr    13:01  today     off\n"
               "   Asr      15:32  today     off\n"
               "   Maghrib  17:50  today     off\n"
-              "   Isha     19:23  today     off\n");
+              "   Isha     19:23  today     off\n\n"
+              "Istanbul is the largest city in the time zone of this system, Europe/Istanbul.\n"
+              "To choose another one: quode city home NAME.\n");
     EXPECT_EQ(program.run({"alarm", "upcoming"}).out, "No alarm is on. To switch one on: quode alarm on PRAYER.\n");
     EXPECT_TRUE(program.run({"alarm", "upcoming", "--json"}).json()["rings"].empty());
     EXPECT_FALSE(fs::exists(program.dataFolder() / "user.sqlite"));
@@ -157,6 +159,8 @@ TEST(UserAlarms, UpcomingAreToldWithTheTimeLeftAndWhoRings) {
               "Istanbul  Istanbul, Turkey\n\n"
               "13:01  Dhuhr  at the time  in 6 h 1 min             chime\n"
               "06:07  Fajr   at the time  tomorrow, in 23 h 7 min  chime\n\n"
+              "Istanbul is the largest city in the time zone of this system, Europe/Istanbul.\n"
+              "To choose another one: quode city home NAME.\n\n"
               "! The alarm service is not running: nothing rings. Start it:\n"
               "  quode-alarmd\n");
     const auto ringer = program.run({"alarm", "upcoming", "--json"}).json()["ringer"];

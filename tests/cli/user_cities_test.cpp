@@ -57,9 +57,13 @@ TEST(UserCities, BeginWithTheLargestCityOfTheSystemsZone) {
     EXPECT_EQ(added.err, "");
     EXPECT_EQ(added.out,
               "1  Istanbul  Istanbul, Turkey          Europe/Istanbul   745044  home\n"
-              "2  Berlin    State of Berlin, Germany  Europe/Berlin    2950159\n");
+              "2  Berlin    State of Berlin, Germany  Europe/Berlin    2950159\n\n"
+              "Istanbul is the largest city in the time zone of this system, Europe/Istanbul.\n"
+              "To choose another one: quode city home NAME.\n");
     EXPECT_EQ(program.run({"city", "list"}).out, added.out);
     EXPECT_EQ(idsIn(program), "745044* 2950159");
+    const Outcome chosen = program.run({"city", "home", "Istanbul"});
+    EXPECT_EQ(chosen.out.find("largest city"), std::string::npos) << chosen.out;
 }
 
 TEST(UserCities, BeginInAFolderThatIsNamed) {

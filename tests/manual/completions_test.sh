@@ -24,7 +24,7 @@ completed() {
 [[ " $(completed quode next --) " = *" --format "* ]] || fail "the options of a command are not offered"
 [[ " $(completed quode sky --) " != *" --format "* ]] || fail "an option of another command is offered"
 
-commands=$("$quode" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
+commands=$("$quode" --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
 [ "$(wc -w <<<"$commands")" -gt 10 ] || fail "the help lists no commands"
 for command in $commands; do
     for file in quode.1 quode.bash _quode quode.fish; do
