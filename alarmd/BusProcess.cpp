@@ -12,19 +12,24 @@
 #include <utility>
 
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 extern char** environ;
 
 namespace quode {
 namespace {
 
+using std::chrono::steady_clock;
+
 constexpr std::uint64_t firstDelay = 5, longestDelay = 600;  // seconds
 constexpr std::uint64_t secondUs = 1'000'000;
+constexpr std::chrono::minutes longRun{1};
 constexpr std::size_t longestLine = 4096;
 constexpr std::int64_t afterRings = SD_EVENT_PRIORITY_NORMAL + 10;
 
 /// Starts a program that writes into the pipe as its descriptor 3, with no signal blocked.
-pid_t spawn(const std::filesystem::path& program, int pipe) {
+/// @param isQuiet  without its messages: they were printed the time before
+pid_t spawn(const std::filesystem::path& program, int pipe, bool isQuiet) {
     constexpr int ownDescriptor = 3;
     posix_spawn_file_actions_t files;
     posix_spawnattr_t attributes;
@@ -32,6 +37,7 @@ pid_t spawn(const std::filesystem::path& program, int pipe) {
     sigemptyset(&none);
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_adddup2(&files, pipe, ownDescriptor);
+    if (isQuiet) posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawnattr_init(&attributes);
     posix_spawnattr_setsigmask(&attributes, &none);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
@@ -66,7 +72,8 @@ BusProcess::~BusProcess() {
 void BusProcess::start() {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) < 0) return;
-    process_ = spawn(program_, ends[1]);
+    process_ = spawn(program_, ends[1], isQuiet_);
+    started_ = steady_clock::now();
     ::close(ends[1]);
     if (process_ == 0) {
         ::close(ends[0]);
@@ -103,26 +110,27 @@ int BusProcess::heard(sd_event_source*, int descriptor, std::uint32_t, void* use
     return 0;
 }
 
-/// A line "stop NUMBER RUN", or "snooze".
+/// A line "stop NUMBER RUN", or "snooze"; with the number 0 for all that ring.
 void BusProcess::take(std::string_view line) {
     const std::size_t first = line.find(' ');
     const std::size_t second = first == std::string_view::npos ? first : line.find(' ', first + 1);
     if (second == std::string_view::npos) return;
-    const auto number = numberOf<int>(line.substr(first + 1, second - first - 1));
+    const auto number = numberOf<std::uint32_t>(line.substr(first + 1, second - first - 1));
     const std::string action(line.substr(0, first));
-    if (!number || *number <= 0 || (action != "stop" && action != "snooze")) return;
-    answered_({std::string(line.substr(second + 1)), static_cast<std::uint32_t>(*number)}, action);
+    if (!number || (action != "stop" && action != "snooze")) return;
+    answered_({std::string(line.substr(second + 1)), *number}, action);
 }
 
-// A regular end means that there is no bus, or that another program has the name: nothing is tried again then.
+// A regular end means that there is no bus, or that somebody ended the program. Either may pass, and is no news.
 int BusProcess::ended(sd_event_source*, const siginfo_t* information, void* userData) {
     auto* const self = static_cast<BusProcess*>(userData);
     self->ending_.reset();
     self->hearing_.reset();
     self->process_ = 0;
     ::close(std::exchange(self->pipe_, -1));
-    if (information->si_code == CLD_EXITED && information->si_status <= 1) return 0;
-    self->tell_("quode-service ended unexpectedly; it is started again.");
+    self->isQuiet_ = information->si_code == CLD_EXITED && information->si_status <= 1;
+    if (!self->isQuiet_) self->tell_(_("quode-service ended unexpectedly; it is started again."));
+    if (steady_clock::now() - self->started_ > longRun) self->delaySeconds_ = firstDelay;
     sd_event_source* made = nullptr;
     sd_event_add_time_relative(self->loop_, &made, CLOCK_MONOTONIC, self->delaySeconds_ * secondUs, secondUs,
                                &BusProcess::startAgain, self);

@@ -5,6 +5,7 @@
 #include <sys/types.h>
 #include <systemd/sd-event.h>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -16,11 +17,11 @@
 namespace quode {
 
 /// The program quode-service, which answers on the session bus, as a process of its own: whatever callers do to it,
-/// the alarms ring. What it hears from them about a ring comes here through a pipe. When it dies it is started again,
+/// the alarms ring. What it hears from them about a ring comes here through a pipe. When it ends it is started again,
 /// later each time; a machine without it, or without a bus, has alarms all the same.
 class BusProcess {
   public:
-    /// A ring was answered: its notification, and "stop" or "snooze".
+    /// A ring was answered: its notification, with the number 0 for all that ring, and "stop" or "snooze".
     using Answered = std::function<void(const NotificationId& notification, const std::string& action)>;
 
     /// The loop must outlive the object, and SIGCHLD be blocked.
@@ -50,6 +51,8 @@ class BusProcess {
     int pipe_ = -1;
     pid_t process_ = 0;
     std::uint64_t delaySeconds_;
+    std::chrono::steady_clock::time_point started_;
+    bool isQuiet_ = false;
     std::string unread_;
     Source hearing_, ending_, restart_;
 };

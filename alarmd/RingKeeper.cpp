@@ -278,7 +278,23 @@ std::optional<RingRecord> RingKeeper::perhapsShownAs(const NotificationId& notif
     return std::nullopt;
 }
 
+// All that ring, with a notification or without.
+bool RingKeeper::finishAll(RingState state, sys_seconds ringAt) {
+    bool isAny = false;
+    for (RingRecord record : records_.unfinished()) {
+        if (record.state == RingState::snoozed) continue;
+        desk_->silence(record.alarm);
+        if (record.notification.number != 0) desk_->close(record.notification);
+        record.notification.number = 0;
+        if (state == RingState::snoozed) record.ringAt = ringAt;
+        keepState(record, state);
+        isAny = true;
+    }
+    return isAny;
+}
+
 bool RingKeeper::finish(const NotificationId& notification, Unknown unknown, RingState state, sys_seconds ringAt) {
+    if (notification.number == 0) return finishAll(state, ringAt);
     std::optional<RingRecord> record = shownAs(notification);
     if (!record && unknown == Unknown::counts) record = perhapsShownAs(notification);
     if (!record) return false;

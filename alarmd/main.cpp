@@ -87,6 +87,14 @@ void speak(GlobalFuncs& services) {
     services.loadLanguageFile();
 }
 
+// A bus that started this program waits for an answer. The alarm service that runs may belong to another bus.
+void answerOnThisBus() {
+    if (!nonEmpty(processEnvironment(), "DBUS_STARTER_ADDRESS")) return;
+    std::string program = executablePath().parent_path() / "quode-service";
+    std::array<char*, 2> arguments{program.data(), nullptr};
+    ::execv(program.c_str(), arguments.data());
+}
+
 int serve() {
     Platform platform = systemPlatform();
     const std::shared_ptr<UserEventStore> calendar =
@@ -104,6 +112,7 @@ int serve() {
     InstanceLock lock(services.dataFolder());
     if (!lock.isHeld()) {
         fmt::print(stderr, "quode-alarmd: {}\n", _("The alarm service is already running."));
+        answerOnThisBus();
         return 0;
     }
     const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()), services.platform().zoneFolder);
@@ -125,7 +134,7 @@ int serve() {
     // An answer that comes over the bus counts as one that the notification gave, which is taken away.
     const auto answered = [&notifications](const NotificationId& shown, const std::string& action) {
         if (notifications->onAction) notifications->onAction(shown, action);
-        notifications->close(shown);
+        if (shown.number != 0) notifications->close(shown);
     };
     // Not into the log: that would make a data folder again which the user deleted.
     const auto say = [](std::string_view message) { fmt::print(stderr, "quode-alarmd: {}\n", message); };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // The interface org.quode.Quode1.Alarms. What rings is read from the notes of the program that rings; it alone stops it.
 #include <fmt/format.h>
+#include <signal.h>
 #include <spawn.h>
 
 #include <algorithm>
@@ -114,6 +115,7 @@ int setAlarm(sd_bus_message* call, void* context, sd_bus_error* error) {
         std::optional<std::string> chosen;
         if (*sound != '\0') chosen = soundNamedByUser(session, sound);
         setUpAlarms(session, {code}, offset, chosen);
+        contextOf(context).home->refuseTrouble();
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -125,6 +127,7 @@ int enable(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "sb", &prayer, &isOn));
         const int code = alarmOfKey(prayer);
         switchAlarms(contextOf(context).home->freshSession(), {code}, isOn != 0);
+        contextOf(context).home->refuseTrouble();
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -135,6 +138,7 @@ int skip(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "s", &prayer));
         const int code = alarmOfKey(prayer);
         const auto next = skipNext(contextOf(context).home->freshSession(), code);
+        contextOf(context).home->refuseTrouble();
         check(sd_bus_reply_method_return(call, "x", next ? secondsOf(next->due) : std::int64_t(0)));
     });
 }
@@ -150,6 +154,7 @@ int muteUntil(sd_bus_message* call, void* context, sd_bus_error* error) {
         }
         mute(session,
              instant == 0 ? std::nullopt : std::optional(std::chrono::sys_seconds(std::chrono::seconds(instant))));
+        contextOf(context).home->refuseTrouble();
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -158,13 +163,8 @@ int muteUntil(sd_bus_message* call, void* context, sd_bus_error* error) {
 int answerRings(sd_bus_message* call, void* context, sd_bus_error* error, const char* action) {
     return answering(error, [&] {
         const Context& with = contextOf(context);
-        std::string commands;
-        for (const auto& [key, record] : ringsNow(with.session())) {
-            const NotificationId& shown = record.notification;
-            if (shown.number != 0) commands += fmt::format("{} {} {}\n", action, shown.number, shown.run);
-        }
-        if (commands.empty() || !with.tellRinger) throw BusError(notRingingError, _("No alarm rings."));
-        with.tellRinger(commands);
+        if (ringsNow(with.session()).empty() || !with.tellRinger) throw BusError(notRingingError, _("No alarm rings."));
+        with.tellRinger(std::string(action) + " 0 \n");
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -177,17 +177,19 @@ int snooze(sd_bus_message* call, void* context, sd_bus_error* error) {
     return answerRings(call, context, error, "snooze");
 }
 
-// The trial lasts for seconds, in a process of its own: this one does not wait for it.
-int test(sd_bus_message* call, void*, sd_bus_error* error) {
+// The trial lasts for seconds, in a process of its own: this one does not wait for it. One at a time.
+int test(sd_bus_message* call, void* context, sd_bus_error* error) {
     return answering(error, [&] {
+        pid_t& trial = contextOf(context).trial;
         const char* prayer = nullptr;
         check(sd_bus_message_read(call, "s", &prayer));
         const std::string key = prayerKey(alarmOfKey(prayer));
         const std::string program = executablePath().parent_path() / "quode";
         std::string words[] = {program, "alarm", "test", key};
         char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
-        pid_t child = 0;
-        if (posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
+        if (trial != 0 && ::kill(trial, 0) == 0)
+            throw BusError(busyError, _("A trial is already running. Wait for its end."));
+        if (posix_spawn(&trial, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
             throw BusError(installationError, _("{} cannot be started. Install Quode again.", program));
         }
         check(sd_bus_reply_method_return(call, ""));

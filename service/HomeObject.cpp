@@ -52,7 +52,10 @@ void appendProperty(sd_bus_message* reply, std::string_view name, const Home& ho
 
 int getProperty(sd_bus*, const char*, const char*, const char* property, sd_bus_message* reply, void* context,
                 sd_bus_error* error) {
-    return answering(error, [&] { appendProperty(reply, property, homeOf(context)); });
+    return answering(error, [&] {
+        static_cast<Context*>(context)->home->requireHome();
+        appendProperty(reply, property, homeOf(context));
+    });
 }
 
 constexpr auto changing = SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE;

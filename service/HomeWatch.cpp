@@ -26,7 +26,7 @@ namespace {
 using namespace app;
 
 constexpr std::uint64_t settlingUs = 50'000, accuracyUs = 10'000, folderIntervalUs = 10'000'000;
-constexpr std::int64_t retrySeconds = 60;
+constexpr std::int64_t retrySeconds = 15;
 constexpr const char* databaseName = "user.sqlite";
 constexpr const char* ringsName = "alarmd.rings";
 constexpr const char* zoneName = "localtime";
@@ -111,8 +111,21 @@ HomeWatch::~HomeWatch() {
 }
 
 app::Session& HomeWatch::freshSession() {
-    session_ = std::make_unique<Session>(processEnvironment(), Session::Options{.onProblem = terminal::writeProblem});
+    trouble_ = {};
+    const auto note = [this](const Problem& problem) {
+        terminal::writeProblem(problem);
+        if (problem.code != ExitCode::ok) trouble_ = {problem.code, problem.message};
+    };
+    session_ = std::make_unique<Session>(processEnvironment(), Session::Options{.onProblem = note});
     return *session_;
+}
+
+void HomeWatch::refuseTrouble() const {
+    if (trouble_.code != ExitCode::ok) throw Failure(trouble_.code, trouble_.message);
+}
+
+void HomeWatch::requireHome() const {
+    if (!isKnown_) throw Failure(unknown_.code, unknown_.message);
 }
 
 HomeWatch::Source HomeWatch::watch(const std::filesystem::path& folder) {
@@ -124,19 +137,38 @@ HomeWatch::Source HomeWatch::watch(const std::filesystem::path& folder) {
 void HomeWatch::renew() {
     try {
         compute();
+        isKnown_ = true;
         publish();
-        arm(home_.validUntil);
+        const bool isSure = trouble_.code == ExitCode::ok;
+        arm(isSure ? home_.validUntil : std::min(home_.validUntil, secondsOf(session_->now()) + retrySeconds));
+    } catch (const Failure& failure) {
+        tryAgain({failure.code(), failure.what()});
+    } catch (const CityDatabaseError& error) {
+        tryAgain({ExitCode::damagedData, error.what()});
     } catch (const std::exception& error) {
-        terminal::writeMessage(error.what());
-        arm(secondsOf(session_->now()) + retrySeconds);
+        tryAgain({ExitCode::internalError, error.what()});
     }
     if (onChange) onChange();
+}
+
+void HomeWatch::tryAgain(const Trouble& trouble) {
+    unknown_ = trouble;
+    terminal::writeMessage(trouble.message);
+    arm(secondsOf(session_->now()) + retrySeconds);
+}
+
+ChosenPlace HomeWatch::homePlace() {
+    trouble_ = {};
+    ChosenPlace place = chooseHomePlace(*session_);
+    if (trouble_.code == ExitCode::ok) return place;
+    if (!isKnown_) refuseTrouble();
+    return home_.place;
 }
 
 void HomeWatch::compute() {
     Session& session = *session_;
     Home home;
-    home.place = chooseHomePlace(session);
+    home.place = homePlace();
     const CityRecord& city = home.place.city;
     const Site site = siteOf(city);
     const VAKDate date = today(session, site);
@@ -159,6 +191,7 @@ void HomeWatch::compute() {
     home.method = method.empty() ? std::string(_("Quode's own method")) : method;
     home.zoneEdition = city.known ? city.known->edition : "";
     home.notes = dayNotes(session, home.place, day);
+    if (trouble_.code != ExitCode::ok) home.notes.push_back(trouble_.message);
     home_ = std::move(home);
 }
 

@@ -72,6 +72,22 @@ class HomeWatch {
     std::function<void()> onChoices;  ///< the user may have chosen something
     std::function<void()> onRings;    ///< a ring was noted
 
+    /// What is wrong with the user's files, as the last session reported it; the error of a call that met it.
+    struct Trouble {
+        app::ExitCode code = app::ExitCode::ok;
+        std::string message;
+    };
+
+    /// Throws `Failure` for what the session reported since it was made: a change whose event could not be written.
+    void refuseTrouble() const;
+
+    /// Throws `Failure` when the home could not be computed so far.
+    void requireHome() const;
+
+    /// The home city; while the user's files cannot be read, the one that was read last, with its method. Throws `Failure`
+    /// when there is none.
+    app::ChosenPlace homePlace();
+
     /// Computes the times now, and names the next moment for it. Failures are logged, and tried again.
     void renew();
 
@@ -82,6 +98,7 @@ class HomeWatch {
     using Source = std::unique_ptr<sd_event_source, Unref>;
 
     void compute();
+    void tryAgain(const Trouble& trouble);
     void publish();
     void arm(std::int64_t instant);
     void choicesChanged();
@@ -96,6 +113,9 @@ class HomeWatch {
     sd_event* loop_;
     std::unique_ptr<app::Session> session_;
     Home home_;
+    Trouble trouble_;  ///< of the present session
+    Trouble unknown_;  ///< why there is no home yet
+    bool isKnown_ = false;
     int timer_;
     Source expiry_, settling_, dataFolder_, zoneFolder_;
 };

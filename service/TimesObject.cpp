@@ -8,6 +8,7 @@
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/prayer_names.h"
+#include "companion/SiteChoices.h"
 #include "data/city_days.h"
 #include "service/bus.h"
 #include "texts/translation.h"
@@ -24,8 +25,11 @@ Context& contextOf(void* context) {
 }
 
 /// The place that a text names; the home city for an empty one.
-ChosenPlace placeOf(Session& session, const char* text) {
-    return *text == '\0' ? chooseHomePlace(session) : choosePlace(session, text);
+ChosenPlace placeOf(HomeWatch& home, const char* text) {
+    if (*text == '\0') return home.homePlace();
+    ChosenPlace place = choosePlace(home.session(), text);
+    requireReadableChoice(place.city);
+    return place;
 }
 
 VAKDate dateOf(Session& session, const Site& site, const char* text) {
@@ -40,7 +44,7 @@ int day(sd_bus_message* call, void* context, sd_bus_error* error) {
         const char *place = nullptr, *date = nullptr;
         check(sd_bus_message_read(call, "ss", &place, &date));
         Session& session = contextOf(context).session();
-        const ChosenPlace chosen = placeOf(session, place);
+        const ChosenPlace chosen = placeOf(*contextOf(context).home, place);
         const Site site = siteOf(chosen.city);
         const CityDay computed = computeCityDay(site, dateOf(session, site, date));
         const auto hijri = hijriByTable(computed.date);
@@ -89,7 +93,7 @@ int range(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "ssu", &place, &first, &count));
         if (count < 1 || count > mostDays) throw BusError(invalidError, _("Ask for 1 to {} days at once.", mostDays));
         Session& session = contextOf(context).session();
-        const Site site = siteOf(placeOf(session, place).city);
+        const Site site = siteOf(placeOf(*contextOf(context).home, place).city);
         const std::vector<VAKDate> dates = daysFrom(dateOf(session, site, first), count);
         std::vector<CityDay> days(dates.size());
         computeDayTimes(site, dates, days);
@@ -141,7 +145,7 @@ int describe(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "sss", &place, &date, &prayer));
         Session& session = contextOf(context).session();
         const int code = prayerOfKey(prayer);
-        const ChosenPlace chosen = placeOf(session, place);
+        const ChosenPlace chosen = placeOf(*contextOf(context).home, place);
         const Site site = siteOf(chosen.city);
         const CityDay computed = computeCityDay(site, dateOf(session, site, date));
         const Message reply = replyTo(call);

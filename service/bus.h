@@ -3,6 +3,7 @@
 // What the objects on the bus share.
 #pragma once
 
+#include <sys/types.h>
 #include <systemd/sd-bus.h>
 
 #include <functional>
@@ -22,6 +23,7 @@ inline constexpr const char* invalidError = "org.quode.Error.InvalidArgument";
 inline constexpr const char* installationError = "org.quode.Error.DamagedInstallation";
 inline constexpr const char* userDataError = "org.quode.Error.UserData";
 inline constexpr const char* notRingingError = "org.quode.Error.NotRinging";
+inline constexpr const char* busyError = "org.quode.Error.Busy";
 inline constexpr const char* internalError = "org.quode.Error.Internal";
 
 struct UnrefMessage {
@@ -61,6 +63,7 @@ struct Context {
     sd_bus* bus = nullptr;
     HomeWatch* home = nullptr;
     std::function<void(const std::string& command)> tellRinger;  ///< empty without a ringer
+    pid_t trial = 0;                                             ///< of an alarm, that was started last
 
     app::Session& session() const { return home->session(); }
 };

@@ -52,7 +52,7 @@ void useRinger(sd_event* loop, int descriptor, Context& context) {
     context.tellRinger = [descriptor](const std::string& command) {
         const auto written = ::write(descriptor, command.data(), command.size());
         if (written != static_cast<ssize_t>(command.size()))
-            throw BusError(internalError, "The alarm service is busy.");
+            throw BusError(busyError, _("The alarm service is busy. Try again."));
     };
 }
 
@@ -67,7 +67,7 @@ app::ExitCode serve(std::optional<int> ringer) {
     const Bus bus(opened);
     // The alarm service has made the folder; a missing one was deleted by the user and is not recreated.
     HomeWatch home(loop.get(), ringer ? HomeWatch::Folder::isThere : HomeWatch::Folder::made);
-    Context context{bus.get(), &home, {}};
+    Context context{bus.get(), &home, {}, 0};
     if (ringer) useRinger(loop.get(), *ringer, context);
     home.renew();
     addHome(context);
@@ -77,7 +77,8 @@ app::ExitCode serve(std::optional<int> ringer) {
     addSearch(context);
     check(sd_bus_attach_event(bus.get(), loop.get(), SD_EVENT_PRIORITY_NORMAL));
     sd_bus_set_exit_on_disconnect(bus.get(), 1);
-    if (sd_bus_request_name(bus.get(), busName, 0) < 0) {
+    // The service of an earlier alarm service may still have the name.
+    if (sd_bus_request_name(bus.get(), busName, ringer ? SD_BUS_NAME_QUEUE : 0) < 0) {
         throw app::Failure(app::ExitCode::notFound, _("Another program has the name {} on the bus.", busName));
     }
     check(sd_event_loop(loop.get()));

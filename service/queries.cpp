@@ -12,6 +12,7 @@
 #include "app/place.h"
 #include "app/session.h"
 #include "common/numbers.h"
+#include "companion/SiteChoices.h"
 #include "data/name_folding.h"
 #include "texts/translation.h"
 
@@ -78,9 +79,15 @@ Query queryOf(Session& session, const std::string& text) {
     return query;
 }
 
+ChosenPlace readableHomePlace(Session& session) {
+    ChosenPlace place = chooseHomePlace(session);
+    requireReadableChoice(place.city);
+    return place;
+}
+
 /// The city that a query is about; nothing when none is meant for certain.
 std::optional<ChosenPlace> placeOf(Session& session, const std::string& city) {
-    if (city.empty()) return chooseHomePlace(session);
+    if (city.empty()) return readableHomePlace(session);
     if (city.size() < shortestCity) return std::nullopt;
     const std::vector<CityHit> hits = session.cities().search(city, 1);
     if (hits.empty()) return std::nullopt;
@@ -141,7 +148,7 @@ std::optional<Finding> findingOf(Session& session, const std::string& id) {
     const bool isKind =
         kind == dayKind || kind == qiblaKind || (code && *code >= firstPrayer && *code <= lastMainPrayer);
     if (!city || !isKind) return std::nullopt;
-    if (*city == 0) return describe(session, kind, chooseHomePlace(session), true);
+    if (*city == 0) return describe(session, kind, readableHomePlace(session), true);
     return describe(session, kind, choosePlace(session, std::to_string(*city)), false);
 }
 

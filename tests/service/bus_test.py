@@ -13,6 +13,7 @@ import pathlib
 import re
 import shutil
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -309,6 +310,43 @@ class Answers(ServiceTest):
         self.bus.call(NAME + ".Places.Remove", "(i)", (number,))
         self.assertNotIn("Konya", [each[1] for each in self.bus.call(NAME + ".Places.List")[0]])
 
+    def test_a_locked_database_changes_nothing(self):
+        self.quode("city", "home", "Cairo")
+        self.start()
+        database = sqlite3.connect(self.folder + "/data/user.sqlite", isolation_level=None)
+        database.execute("BEGIN EXCLUSIVE")
+        pathlib.Path(self.folder, "data/user.sqlite-y").touch()  # the service looks again
+        time.sleep(0.5)
+        self.assertEqual(self.bus.home("Place")[1], "Cairo")
+        self.assertEqual(self.bus.call(NAME + ".Times.Day", "(ss)", ("", ""))[1]["place"], "Cairo")
+        database.execute("ROLLBACK")
+        database.close()
+
+    def test_a_method_that_cannot_be_read_is_an_error(self):
+        self.quode("city", "home", "Cairo")
+        self.quode("method", "set", "mwl")
+        with sqlite3.connect(self.folder + "/data/user.sqlite") as database:
+            database.execute("UPDATE USER_METHOD SET METHOD = 'nonsense'")
+        self.start()
+        for call in (("org.freedesktop.DBus.Properties.Get", "(ss)", (NAME + ".Home", "Next")),
+                     (NAME + ".Times.Day", "(ss)", ("", "")), (NAME + ".Alarms.Upcoming",)):
+            self.assertEqual(self.bus.error(*call), "org.quode.Error.UserData", call)
+        self.quode("method", "set", "mwl")
+        self.wait_until(lambda: self.bus.error("org.freedesktop.DBus.Properties.Get", "(ss)",
+                                               (NAME + ".Home", "Next")) is None)
+
+    def test_an_event_that_cannot_be_written_is_an_error(self):
+        self.start()
+        self.quode("city", "home", "Cairo")
+        os.mkfifo(self.folder + "/data/Quode.ics")
+        self.assertEqual(self.bus.error(NAME + ".Alarms.Enable", "(sb)", ("fajr", True)), "org.quode.Error.UserData")
+
+    def test_one_trial_runs_at_a_time(self):
+        service = self.start()
+        self.assertIsNone(self.bus.error(NAME + ".Alarms.Test", "(s)", ("fajr",)))
+        self.assertEqual(self.bus.error(NAME + ".Alarms.Test", "(s)", ("fajr",)), "org.quode.Error.Busy")
+        subprocess.run(["pkill", "-f", "-P", str(service.pid), "alarm test"], check=False)
+
     def test_a_change_of_the_command_line_is_told(self):
         self.start()
         signals = Signals(self.bus)
@@ -450,10 +488,16 @@ class Rings(ServiceTest):
         self.assertLess(late, 1.5)
 
     def test_the_service_comes_back_when_it_dies(self):
+        self.expect_a_new_service_after(signal.SIGKILL)
+
+    def test_the_service_comes_back_when_somebody_ends_it(self):
+        self.expect_a_new_service_after(signal.SIGTERM)
+
+    def expect_a_new_service_after(self, reason):
         alarms = self.start("quode-alarmd")
         children = subprocess.run(["pgrep", "-P", str(alarms.pid), "quode-service"], capture_output=True, check=True)
-        os.kill(int(children.stdout), signal.SIGKILL)
-        time.sleep(0.3)
+        os.kill(int(children.stdout), reason)
+        self.wait_until(lambda: not self.bus.has_name())
         self.assertIsNone(alarms.poll())
         self.bus.wait_for_name()
         self.assertTrue(self.bus.home("Date"))
