@@ -77,6 +77,7 @@ IqamaPart::Row IqamaPart::newRow(int code) {
     row.today->setAlignment((isRightToLeft() ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignAbsolute | Qt::AlignVCenter);
     QLabel* const title = newLabel(toQt(name), this);
     title->setWordWrap(false);
+    title->setBuddy(row.kind);
     auto* const texts = new QHBoxLayout;
     texts->addWidget(title);
     texts->addWidget(row.today, 1);
