@@ -71,7 +71,7 @@ IqamaPart::Row IqamaPart::newRow(int code) {
     row.minutes->setRange(0, app::longestIqama);
     row.minutes->setSuffix(toQt(_(" min")));
     row.minutes->setAccessibleName(toQt(_("{}: minutes from the time to the congregation", name)));
-    row.clock->setLayoutDirection(Qt::LeftToRight);  // Qt would put the minutes before the hours
+    row.clock->setLayoutDirection(Qt::LeftToRight);  // else Qt puts the minutes before the hours
     row.clock->setDisplayFormat(context_.session().services().is24Hour() ? "HH:mm" : "h:mm AP");
     row.clock->setAccessibleName(toQt(_("{}: clock time of the congregation", name)));
     row.today->setAlignment((isRightToLeft() ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignAbsolute | Qt::AlignVCenter);

@@ -45,7 +45,9 @@ MutePart::MutePart(Context& context, QWidget* parent)
       moment_(new QDateTimeEdit(this)) {
     moment_->setAccessibleName(_("Mute until"));
     moment_->setCalendarPopup(true);
-    moment_->setLayoutDirection(Qt::LeftToRight);  // Qt would put the minutes before the hours
+    const QString format = moment_->displayFormat();
+    moment_->setLayoutDirection(Qt::LeftToRight);  // else Qt puts the minutes before the hours
+    moment_->setDisplayFormat(format);
     moment_->setTimeSpec(Qt::UTC);
     auto* const first = new QHBoxLayout;
     first->addWidget(tomorrow_);
