@@ -9,6 +9,7 @@
 #include "app/method_choice.h"
 #include "app/session.h"
 #include "app/user_data.h"
+#include "astro/prayer.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
 #include "data/user_places.h"
@@ -45,9 +46,25 @@ void bringBack(Session& session, const RemovedCity& removed) {
         }
         if (city->choice.isChosen) storeMethod(database.connection(), id, city->choice.method, city->choice.height);
         if (city->choice.table) storeTimetable(database.connection(), id, *city->choice.table);
+        if (city->choice.iqama != IqamaRules{}) storeIqama(database.connection(), id, city->choice.iqama);
         database.moveCity(id, std::min(removed.position, database.cities().size() - 1));
         if (removed.city.isHome) database.chooseHome(id);
     });
+}
+
+IqamaRules chooseIqama(Session& session, const CityRecord& city, const std::vector<int>& codes,
+                       const std::optional<Iqama>& iqama) {
+    UserDatabase database = userDatabaseToChange(session);
+    UserConnection& connection = database.connection();
+    IqamaRules rules;
+    connection.change([&] {
+        rules = readSiteChoice(connection.handle(), city.id).iqama;
+        for (const int code : codes) {
+            if (code != int(Prayer::sunrise)) rules.at(static_cast<std::size_t>(code - firstPrayer)) = iqama;
+        }
+        storeIqama(connection, city.id, rules);
+    });
+    return rules;
 }
 
 void chooseMethod(Session& session, const CityRecord& city, const conventions::Method& method) {

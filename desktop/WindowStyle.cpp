@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/WindowStyle.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QComboBox>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStyleOption>
 
 #include "desktop/theme.h"
@@ -82,6 +85,19 @@ void drawIndicator(const QStyleOption& option, QPainter& painter, bool isRound) 
 
 WindowStyle::WindowStyle() : QProxyStyle("Fusion") {}
 
+void WindowStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QAbstractSpinBox*>(widget) == nullptr && qobject_cast<QComboBox*>(widget) == nullptr) return;
+    if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
+    widget->installEventFilter(this);
+}
+
+bool WindowStyle::eventFilter(QObject* object, QEvent* event) {
+    const bool isPassedOn = event->type() == QEvent::Wheel && !qobject_cast<QWidget*>(object)->hasFocus();
+    if (isPassedOn) event->ignore();
+    return isPassedOn || QProxyStyle::eventFilter(object, event);
+}
+
 void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                 const QWidget* widget) const {
     painter->save();
@@ -129,12 +145,17 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
 
 void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                      const QWidget* widget) const {
-    QProxyStyle::drawComplexControl(control, option, painter, widget);
     const auto* const box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
     const bool isField = control == CC_SpinBox || (box != nullptr && box->editable);
-    if (!isField) return;
+    if (!isField) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    // The edge replaces that of Fusion, whose corners would stick out.
+    QPainterPath outline;
+    outline.addRoundedRect(inside(option->rect, 1.0), radius, radius);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
+    painter->setClipPath(outline);
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    painter->setClipping(false);
     drawField(*option, *painter, Qt::NoBrush);
     painter->restore();
 }

@@ -13,6 +13,10 @@ class WindowStyle : public QProxyStyle {
   public:
     WindowStyle();
 
+    using QProxyStyle::polish;
+    /// The wheel scrolls the page: it changes a number or a choice only where that has the keyboard.
+    void polish(QWidget* widget) override;
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -25,6 +29,9 @@ class WindowStyle : public QProxyStyle {
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
 };
 
 /// Gives all windows of the program the palette of a theme, and the style.

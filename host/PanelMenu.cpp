@@ -54,6 +54,9 @@ PanelMenu::PanelMenu(std::function<MenuState()> state)
     connect(city, &QAction::triggered, this, &PanelMenu::cityAsked);
     addAlarms();
     addColors();
+    QAction* const timetable = addEntry(N_("Timetable and print…"));
+    timetable->setShortcut(QKeySequence::Print);
+    connect(timetable, &QAction::triggered, this, [this] { Q_EMIT settingsAsked("timetable"); });
     QAction* const settings = addEntry(N_("Settings…"));
     settings->setShortcut(Qt::CTRL | Qt::Key_Comma);
     connect(settings, &QAction::triggered, this, [this] { Q_EMIT settingsAsked({}); });

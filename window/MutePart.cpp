@@ -3,6 +3,7 @@
 #include "window/MutePart.h"
 
 #include <QDateTimeEdit>
+#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -44,15 +45,18 @@ MutePart::MutePart(Context& context, QWidget* parent)
       moment_(new QDateTimeEdit(this)) {
     moment_->setAccessibleName(_("Mute until"));
     moment_->setCalendarPopup(true);
+    const QString format = moment_->displayFormat();
+    moment_->setLayoutDirection(Qt::LeftToRight);  // else Qt puts the minutes before the hours
+    moment_->setDisplayFormat(format);
     moment_->setTimeSpec(Qt::UTC);
     auto* const first = new QHBoxLayout;
     first->addWidget(tomorrow_);
     first->addWidget(unmute_);
     first->addStretch(1);
-    auto* const second = new QHBoxLayout;
-    second->addWidget(until_);
-    second->addWidget(moment_);
-    second->addStretch(1);
+    auto* const second = new QFormLayout;  // below each other where the screen is narrow
+    second->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    second->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    second->addRow(until_, moment_);
     column()->addWidget(next_);
     column()->addWidget(ringer_);
     column()->addWidget(mend_, 0, Qt::AlignLeft);

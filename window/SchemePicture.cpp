@@ -15,11 +15,13 @@ namespace quode::window {
 namespace {
 
 constexpr int rowWidth = 320, rowHeight = 40, rowsShown = 2;  // points, of the widget
-constexpr int emptyLeft = 44;                                 // of a row, cut off here
+constexpr int emptyLeft = 44, marginRight = 6;                // cut off from a row; added, for a bell reaches its edge
+constexpr int bellOfAlarmOn = 9;                              // a shape of `UIButtonX`
 constexpr double pictureScale = 0.45;                         // two beside each other fit a phone
 constexpr double cornerRadius = 8.0;
 constexpr int edge = 3;
-constexpr QSize pictureSize(int((rowWidth - emptyLeft) * pictureScale), int(rowHeight* pictureScale* rowsShown));
+constexpr QSize pictureSize(int((rowWidth - emptyLeft + marginRight) * pictureScale),
+                            int(rowHeight* pictureScale* rowsShown));
 
 /// The services' colours are those of a scheme while this lives: rows take them when they are made.
 class OtherColors {
@@ -70,6 +72,7 @@ void SchemePicture::setRows(const std::vector<Row>& rows) {
         row.labelPrayName()->setText(rows[std::size_t(at)].name.toStdString());
         row.labelPrayTime()->setText(rows[std::size_t(at)].time.toStdString());
         row.buttonAlarmOnOff()->setSelected(at == 0);
+        if (at == 0) row.buttonAlarmOnOff()->setButtonShape(bellOfAlarmOn);
         row.render(&painter, QPoint(-emptyLeft, at * rowHeight), {}, QWidget::DrawChildren);
     }
     update();

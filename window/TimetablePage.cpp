@@ -14,8 +14,10 @@
 
 #include "app/day_view.h"
 #include "app/place.h"
+#include "app/user_data.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
+#include "window/IqamaPart.h"
 #include "window/parts.h"
 
 namespace quode::window {
@@ -44,7 +46,8 @@ TimetablePage::TimetablePage(Context& context, QWidget* parent)
       paper_(newChoice(_("Paper"), this)),
       sheet_(new QCheckBox(_("The whole year on one page"), this)),
       all_(new QCheckBox(_("All nine times"), this)),
-      night_(new QCheckBox(_("Thirds of the night and midnight"), this)) {
+      night_(new QCheckBox(_("Thirds of the night and midnight"), this)),
+      iqama_(new IqamaPart(context, this)) {
     paper_->addItem("A4", int(printing::Paper::a4));
     paper_->addItem("Letter", int(printing::Paper::letter));
     auto* const card = new Card(this);
@@ -66,6 +69,7 @@ TimetablePage::TimetablePage(Context& context, QWidget* parent)
     QVBoxLayout* const column = newColumn();
     column->addWidget(place_);
     column->addWidget(card);
+    column->addWidget(iqama_);
     column->addStretch(1);
     connect(span_, &QComboBox::currentIndexChanged, this,
             [this] { sheet_->setEnabled(!span_->currentData().toString().contains('-')); });
@@ -88,6 +92,8 @@ void TimetablePage::fillMonths() {
 void TimetablePage::refresh() {
     place_->setText(toQt(_("For {}.", app::chooseHomePlace(session()).city.name)));
     fillMonths();
+    const std::optional<UserCity> home = app::storedHome(session());
+    iqama_->refresh(home ? home->city : std::nullopt);
 }
 
 std::string TimetablePage::bytes(TimetableFormat format) {

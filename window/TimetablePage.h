@@ -13,7 +13,9 @@ class QLabel;
 
 namespace quode::window {
 
-/// A timetable to hang up or to take into a calendar.
+class IqamaPart;
+
+/// A timetable to hang up or to take into a calendar, and the begin of the congregations, which it shows.
 class TimetablePage : public Page {
     Q_OBJECT
 
@@ -35,6 +37,7 @@ class TimetablePage : public Page {
     QLabel* place_;
     QComboBox *span_, *paper_;
     QCheckBox *sheet_, *all_, *night_;
+    IqamaPart* iqama_;
 };
 
 }  // namespace quode::window

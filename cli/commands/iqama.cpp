@@ -5,15 +5,13 @@
 
 #include <fmt/format.h>
 
+#include "app/city_changes.h"
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/prayer_names.h"
-#include "app/user_data.h"
 #include "cli/commands.h"
 #include "cli/page_parts.h"
 #include "common/numbers.h"
-#include "companion/SiteChoices.h"
-#include "companion/user_connection.h"
 #include "data/city_day.h"
 #include "terminal/Console.h"
 #include "texts/translation.h"
@@ -22,7 +20,6 @@ namespace quode::cli {
 namespace {
 
 constexpr int minutesPerHour = 60, minutesPerDay = 1440;
-constexpr int longestWait = 180;  // minutes from the time to the congregation
 constexpr int sunrise = 201;
 
 ChosenPlace cityOf(Session& session, const Arguments& arguments) {
@@ -37,7 +34,7 @@ Iqama iqamaOf(const std::string& text) {
     const std::size_t colon = text.find(':');
     if (text.starts_with('+')) {
         const auto minutes = numberOf<int>(text.substr(1));
-        if (minutes && *minutes >= 0 && *minutes <= longestWait) return {false, *minutes};
+        if (minutes && *minutes >= 0 && *minutes <= longestIqama) return {false, *minutes};
     } else if (colon != std::string::npos) {
         const auto hour = numberOf<int>(text.substr(0, colon)), minute = numberOf<int>(text.substr(colon + 1));
         const bool isClock = hour && minute && *hour >= 0 && *hour < minutesPerDay / minutesPerHour && *minute >= 0 &&
@@ -46,7 +43,7 @@ Iqama iqamaOf(const std::string& text) {
     }
     throw Failure(ExitCode::usage, _("\"{0}\" is no time of the congregation. Write +MINUTES after the prayer time, up "
                                      "to +{1}, or a clock time such as 13:30.",
-                                     text, longestWait));
+                                     text, longestIqama));
 }
 
 std::string ruleText(Session& session, const Iqama& iqama) {
@@ -89,12 +86,7 @@ void change(Console& console, const Arguments& arguments, const std::optional<Iq
     Session& session = console.session();
     ChosenPlace place = cityOf(session, arguments);
     const std::vector<int> codes = prayersNamed(session, arguments.text("PRAYERS").value_or("all"));
-    IqamaRules& rules = place.city.choice.iqama;
-    for (const int code : codes) {
-        if (code != sunrise) rules.at(static_cast<std::size_t>(code - firstPrayer)) = iqama;
-    }
-    UserDatabase database = userDatabaseToChange(session);
-    storeIqama(database.connection(), place.city.id, rules);
+    place.city.choice.iqama = chooseIqama(session, place.city, codes, iqama);
     show(console, place);
 }
 

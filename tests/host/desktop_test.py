@@ -260,8 +260,8 @@ class Desktop(unittest.TestCase):
             self.assertEqual(tray.fact("Title"), "Quode")
             labels = [label for _, label in tray.menu()]
             self.assertEqual(labels, ["Sunrise 07:52, in 52 min", "", "Show prayer times", "Copy today’s times", "",
-                                      "Choose city…", "Alarms", "Mute until tomorrow", "Set up alarms…", "Colours", "Settings…", "",
-                                      "Help", "About Quode", "", "Quit"])
+                                      "Choose city…", "Alarms", "Mute until tomorrow", "Set up alarms…", "Colours",
+                                      "Timetable and print…", "Settings…", "", "Help", "About Quode", "", "Quit"])
 
         with self.subTest("the menu opens it and ends the program, also when the compass covers it"):
             entries = {label: number for number, label in tray.menu()}

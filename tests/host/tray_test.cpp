@@ -78,6 +78,17 @@ TEST_F(TrayTest, DoesWhatItsEntriesSay) {
     }
 }
 
+TEST_F(TrayTest, OpensThePagesOfTheSettings) {
+    const std::vector<std::pair<const char*, QString>> entries{
+        {"Set up alarms…", "alarms"}, {"Timetable and print…", "timetable"}, {"Settings…", ""}};
+    for (const auto& [text, page] : entries) {
+        QSignalSpy asks(&menu, &PanelMenu::settingsAsked);
+        entry(text)->trigger();
+        ASSERT_EQ(asks.count(), 1) << text;
+        EXPECT_EQ(asks.first().first().toString(), page) << text;
+    }
+}
+
 TEST_F(TrayTest, SwitchesAlarmsAndChoosesColors) {
     QSignalSpy switched(&menu, &PanelMenu::alarmSwitched), chosen(&menu, &PanelMenu::colorSchemeChosen);
     const auto alarms = entry("Alarms")->menu()->actions();

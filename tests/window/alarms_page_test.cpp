@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -83,6 +84,15 @@ TEST_F(AlarmsPage, MutesAllUntilTomorrow) {
     EXPECT_TRUE(shows("All alarms are muted until Sun 00:00."));
     press("Ring again");
     EXPECT_FALSE(shows("muted until"));
+}
+
+TEST_F(AlarmsPage, KeepsTheOrderOfDateAndClockInLanguagesFromRightToLeft) {
+    const QString usual = control<QDateTimeEdit>("Mute until")->text();
+    shown.reset();
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    open("alarms");
+    EXPECT_EQ(control<QDateTimeEdit>("Mute until")->text(), usual);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 TEST_F(AlarmsPage, ChoosesASound) {

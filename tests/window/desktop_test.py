@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """From an empty home to an alarm that rings, by the means of assistive technology alone; and what was set survives.
 
-desktop_test.py WINDOW COMMAND [TEST...], on a display with a window manager and a session bus. The tests of Kills end the window in
-the middle of editing, QUODE_KILLS times (5).
+desktop_test.py WINDOW COMMAND [TEST...], on a display with a window manager and a session bus. The tests of Rings start the
+program $NOTIFICATION_DAEMON; those of Kills end the window in the middle of editing, QUODE_KILLS times (5).
 """
 import datetime
 import json
@@ -20,35 +20,47 @@ import unittest
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 WINDOW, COMMAND = sys.argv[1], sys.argv[2]
 PATIENCE = 8.0  # seconds
-SERVICE_TESTS = pathlib.Path(__file__).resolve().parent.parent / "alarmd" / "service"
+NOTIFICATION_DAEMON = os.environ.get("NOTIFICATION_DAEMON")
 AHEAD = 25  # seconds from the start of the window to the ring
 CHECKS = ("check box", "toggle button", "push button", "radio button")
 
 
-def wait_for(condition, what):
-    end = time.monotonic() + PATIENCE
+def wait_for(condition, what, patience=PATIENCE):
+    end = time.monotonic() + patience
     while time.monotonic() < end:
         result = condition()
         if result:
             return result
         time.sleep(0.05)
-    raise AssertionError("not within %g s: %s" % (PATIENCE, what))
+    raise AssertionError("not within %g s: %s" % (patience, what))
 
 
 def nodes(node):
-    """A node of the tree and all below it."""
+    """A node of the tree and all below it; nothing below none."""
+    if not node:
+        return
     try:
         yield node
         for index in range(node.get_child_count()):
             child = node.get_child_at_index(index)
             if child:
                 yield from nodes(child)
-    except gi.repository.GLib.Error:
+    except GLib.Error:
         return  # it went while it was looked at
+
+
+def application_of(process):
+    """The root of a program's tree; nothing before it has one."""
+    desktop = Atspi.get_desktop(0)
+    for index in range(desktop.get_child_count()):
+        child = desktop.get_child_at_index(index)
+        if child and child.get_process_id() == process.pid:
+            return child
+    return None
 
 
 class OnDesktop(unittest.TestCase):
@@ -95,17 +107,12 @@ class OnDesktop(unittest.TestCase):
                                          capture_output=True).stdout)
 
     def application(self):
-        desktop = Atspi.get_desktop(0)
-        for index in range(desktop.get_child_count()):
-            child = desktop.get_child_at_index(index)
-            if child and self.program and child.get_process_id() == self.program.pid:
-                return child
-        return None
+        return self.program and application_of(self.program)
 
     def find(self, name, roles=CHECKS):
         def found():
             application = self.application()
-            for node in nodes(application) if application else ():
+            for node in nodes(application):
                 isShown = node.get_state_set().contains(Atspi.StateType.SHOWING)
                 if node.get_name() == name and node.get_role_name() in roles and isShown:
                     return node
@@ -118,32 +125,7 @@ class OnDesktop(unittest.TestCase):
         return node
 
 
-
 class Window(OnDesktop):
-    def test_a_first_alarm_rings_without_a_terminal(self):
-        del self.environment["QUODE_NOW"]
-        # The real clock is moved to shortly before the evening prayer; times differ by minutes from day to day.
-        day = datetime.datetime.now(datetime.timezone.utc).date()
-        times = self.quode("today", "--city", "Kathmandu", "--date", day.isoformat())
-        maghrib = next(each["instant"] for each in times["prayers"] if each["key"] == "maghrib")
-        due = datetime.datetime.fromisoformat(maghrib.replace("Z", "+00:00")).timestamp()
-        programs = pathlib.Path(WINDOW).parent
-        self.environment.update(SHIFT_SECONDS=str(int(due - AHEAD - time.time())),
-                                LD_PRELOAD=str(programs / "libshifted_clock.so"))
-        mock = subprocess.Popen(["/usr/bin/python3", SERVICE_TESTS / "notification_mock.py"], stdin=subprocess.PIPE,
-                                stdout=subprocess.PIPE, text=True)
-        self.addCleanup(mock.stdout.close)
-        self.addCleanup(mock.stdin.close)
-        self.addCleanup(mock.wait)
-        self.addCleanup(mock.kill)
-        self.assertEqual(json.loads(mock.stdout.readline())["call"], "ready")
-        self.start("--page", "alarms")
-        self.press("Accept")
-        self.press("Maghrib")
-        ring = json.loads(mock.stdout.readline())
-        self.assertEqual((ring["call"], ring["title"]), ("Notify", "Maghrib"))
-        self.assertTrue(ring["body"].startswith("Kathmandu, "), ring["body"])
-
     def test_a_first_alarm_is_set_without_a_terminal(self):
         self.start("--page", "alarms")
         self.press("Accept")
@@ -174,6 +156,21 @@ class Window(OnDesktop):
         wait_for(lambda: alarm.get_state_set().contains(Atspi.StateType.CHECKED), "the switch follows")
         self.assertLess(time.monotonic() - begin, 3.0)
 
+    def test_iqama_is_followed_and_survives(self):
+        subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
+        self.start("--page", "timetable")
+        self.find("When the congregation begins (iqama)", ("label",))
+        begin = time.monotonic()
+        self.quode("iqama", "set", "--at", "+20", "fajr")
+        minutes = self.find("Fajr: minutes from the time to the congregation", ("spin button",)).get_value_iface()
+        self.assertEqual(minutes.get_current_value(), 20)
+        self.assertLess(time.monotonic() - begin, 3.0)
+        minutes.set_current_value(25)
+        rule = {"minutes_after": 25, "clock": None}
+        wait_for(lambda: self.quode("iqama")["iqama"][0]["rule"] == rule, "the command line follows")
+        self.kill()
+        self.assertEqual(self.quode("iqama")["iqama"][0]["rule"], rule)
+
     def test_every_control_has_a_name(self):
         subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
         for page in ("cities", "alarms", "times", "timetable", "look", "calendar", "about"):
@@ -184,6 +181,61 @@ class Window(OnDesktop):
                         and node.get_state_set().contains(Atspi.StateType.SHOWING) and not node.get_name()]
             self.assertEqual(nameless, [], page)
             self.kill()
+
+
+class Rings(OnDesktop):
+    """Beside a notification daemon, whose bubbles a person reads and answers with the mouse."""
+
+    def setUp(self):
+        super().setUp()
+        self.daemon = subprocess.Popen([NOTIFICATION_DAEMON])
+        self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        wait_for(lambda: self.ask("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner",
+                                  GLib.Variant("(s)", ("org.freedesktop.Notifications",)))[0], "the notification daemon")
+
+    def tearDown(self):
+        super().tearDown()
+        self.daemon.kill()
+        self.daemon.wait()
+
+    def ask(self, service, path, interface, method, arguments=None):
+        return self.bus.call_sync(service, path, interface, method, arguments, None, Gio.DBusCallFlags.NO_AUTO_START, -1,
+                                  None).unpack()
+
+    def rings(self):
+        """The prayers that ring and were not answered."""
+        return [key for key, _, _ in self.ask("org.quode.Quode1", "/org/quode/Quode1", "org.quode.Quode1.Alarms", "Ringing")[0]]
+
+    def bubble(self):
+        """The nodes of what the daemon shows, by name."""
+        return {node.get_name(): node for node in nodes(application_of(self.daemon))
+                if node.get_role_name() in ("label", "push button") and node.get_state_set().contains(Atspi.StateType.SHOWING)}
+
+    def begin_shortly_before_maghrib(self):
+        """Moves the real clock there; times differ by minutes from day to day."""
+        del self.environment["QUODE_NOW"]
+        day = datetime.datetime.now(datetime.timezone.utc).date()
+        times = self.quode("today", "--city", "Kathmandu", "--date", day.isoformat())
+        maghrib = next(each["instant"] for each in times["prayers"] if each["key"] == "maghrib")
+        due = datetime.datetime.fromisoformat(maghrib.replace("Z", "+00:00")).timestamp()
+        self.environment.update(SHIFT_SECONDS=str(int(due - AHEAD - time.time())),
+                                LD_PRELOAD=str(pathlib.Path(WINDOW).parent / "libshifted_clock.so"))
+
+    def test_a_first_alarm_rings_and_is_stopped_without_a_terminal(self):
+        self.begin_shortly_before_maghrib()
+        self.start("--page", "alarms")
+        self.press("Accept")
+        self.press("Maghrib")
+        shown = wait_for(lambda: "Maghrib" in self.bubble() and self.bubble(), "the notification", AHEAD + PATIENCE)
+        body = [name for name in shown if name.startswith("Kathmandu, ")]
+        self.assertEqual(len(body), 1, list(shown))
+        self.assertIn("Mute today", shown)
+        self.assertEqual(self.rings(), ["maghrib"])
+        area = shown["Stop"].get_extents(Atspi.CoordType.SCREEN)
+        subprocess.run(["xdotool", "mousemove", str(area.x + area.width // 2), str(area.y + area.height // 2), "click", "1"],
+                       check=True)
+        wait_for(lambda: not self.rings(), "the end of the ring")
+        wait_for(lambda: "Maghrib" not in self.bubble(), "the end of the notification")
 
 
 class Kills(OnDesktop):
@@ -206,6 +258,24 @@ class Kills(OnDesktop):
             lost = [name for name, wanted, found in zip(names, switched, stored) if wanted != found]
             self.assertIn(lost, ([], [names[last]]), "turn %d, seed %d" % (turn, seed))
             self.end_services()
+
+    def test_minutes_that_were_entered_are_there_after_a_kill_at_any_moment(self):
+        subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
+        stored = 20
+        self.quode("iqama", "set", "--at", "+%d" % stored, "fajr")
+        seed = random.randrange(1 << 30)
+        moments = random.Random(seed)
+        for turn in range(int(os.environ.get("QUODE_KILLS", "5"))):
+            self.start("--page", "timetable")
+            minutes = self.find("Fajr: minutes from the time to the congregation", ("spin button",)).get_value_iface()
+            entered = [stored]
+            for _ in range(moments.randint(1, 6)):
+                entered.append(moments.randint(0, 180))
+                minutes.set_current_value(entered[-1])
+            time.sleep(moments.uniform(0.0, 0.08))
+            self.kill()
+            stored = self.quode("iqama")["iqama"][0]["rule"]["minutes_after"]
+            self.assertIn(stored, entered[-2:], "turn %d, seed %d" % (turn, seed))
 
 
 if __name__ == "__main__":

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QComboBox>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include "fixture.h"
 #include "window/TimetablePage.h"
@@ -62,6 +63,37 @@ TEST_F(TimesPage, NamesTheAuthorityOfTheCountryAndSwitchesNothing) {
     settle();
     EXPECT_TRUE(shows("Usual in this country: Diyanet"));
     EXPECT_TRUE(stored().isDefault());
+}
+
+TEST_F(TimesPage, DrawsNothingBeyondTheRoundCornersOfAField) {
+    auto* const minutes = control<QSpinBox>(QString::fromStdString(session.prayerName(200)) + ": your minutes");
+    QImage picture(minutes->size(), QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    minutes->render(&picture, {}, {}, QWidget::DrawChildren);
+    EXPECT_EQ(qAlpha(picture.pixel(0, 0)), 0);
+    EXPECT_EQ(qAlpha(picture.pixel(picture.width() - 1, picture.height() - 1)), 0);
+    EXPECT_GT(qAlpha(picture.pixel(picture.rect().center())), 0);
+}
+
+// Somebody scrolls, and the pointer happens to be over a control.
+TEST_F(TimesPage, LeavesTheWheelToThePageWhereAControlHasNoKeyboard) {
+    const auto takesWheel = [](QWidget* over) {
+        const QPointF middle = over->rect().center();
+        QWheelEvent turn(middle, over->mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(over, &turn);
+        settle();
+        return turn.isAccepted();
+    };
+    auto* const minutes = control<QSpinBox>(QString::fromStdString(session.prayerName(200)) + ": your minutes");
+    control<QComboBox>("Asr")->setFocus();
+    EXPECT_FALSE(takesWheel(control<QComboBox>("Method")));
+    EXPECT_FALSE(takesWheel(minutes));
+    EXPECT_NE(minutes->focusPolicy(), Qt::WheelFocus);
+    EXPECT_TRUE(stored().isDefault());
+    minutes->setFocus();
+    EXPECT_TRUE(takesWheel(minutes));
+    EXPECT_EQ(stored().adjust.at(0), -1);
 }
 
 TEST_F(WindowTest, TheTimetablePageMakesAllFormats) {
