@@ -77,6 +77,14 @@ void checkMethod(const Method& method) {
                 _("The method \"quode\" has its own rules; only the shadow of Asr and minutes can be changed. Choose "
                   "another one, such as mwl, for other angles."));
         case MethodProblem::asrFactor:
+std::string borrowedMethodText(Session& session, const CityRecord& city, const Convention& usual) {
+    if (conventions::isOfCountry(usual, city.countryCode)) return "";
+    const std::string& country = session.isTurkish() ? city.countryNameTr : city.countryNameEn;
+    // Translators: {0} is a country, {1} an authority of another country with a method of prayer times.
+    return _("No authority of {0} is in the list; the calculation often used there is {1}.", country,
+             std::string(usual.name));
+}
+
             refuse(_("The shadow of Asr is \"standard\" or \"hanafi\"."));
         case MethodProblem::angle:
             refuse(_("An angle lies between 5 and 25 degrees."));

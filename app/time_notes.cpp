@@ -96,6 +96,11 @@ std::string usualMethodNote(Session& session, const ChosenPlace& place) {
     if (usual == nullptr) return "";
     return _("Usual in {0}: {1}. To choose it: quode method set {2}; to keep Quode's own: quode method set quode.",
              countryOf(session, place), std::string(usual->name), std::string(usual->key));
+    if (const std::string borrowed = borrowedMethodText(session, place.city, *usual); !borrowed.empty()) {
+        return borrowed + " " +
+               _("To choose it: quode method set {}; to keep Quode's own: quode method set quode.",
+                 std::string(usual->key));
+    }
 }
 
 std::string usualMethodFact(Session& session, const ChosenPlace& place) {
@@ -103,6 +108,9 @@ std::string usualMethodFact(Session& session, const ChosenPlace& place) {
     if (usual == nullptr) return "";
     return _("Usual in {0}: {1}. To choose it, open Times in the settings.", countryOf(session, place),
              std::string(usual->name));
+    if (const std::string borrowed = borrowedMethodText(session, place.city, *usual); !borrowed.empty()) {
+        return borrowed + " " + _("To choose it, open Times in the settings.");
+    }
 }
 
 }  // namespace quode::app

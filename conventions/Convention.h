@@ -108,10 +108,11 @@ enum class Computation {
 
 /// A convention of an authority.
 struct Convention {
-    std::string_view key;        ///< as users type it: "diyanet"
-    std::string_view name;       ///< "Diyanet, Türkiye"
-    std::string_view authority;  ///< the body in full
-    std::string_view countries;  ///< ISO 3166-1 alpha-2 codes of the countries where it is usual, separated by blanks
+    std::string_view key;              ///< as users type it: "diyanet"
+    std::string_view name;             ///< "Diyanet, Türkiye"
+    std::string_view authority;        ///< the body in full
+    std::string_view countries;        ///< ISO 3166-1 alpha-2 codes of the authority's countries, separated by blanks
+    std::string_view alsoUsedIn = {};  ///< countries without an authority here, where programs often calculate by it
     Computation computation = Computation::rules;
     std::array<PrayerRule, mainPrayerCount> rules{};
     int asrFactor = 1;  ///< the usual one; users may choose the other
@@ -140,9 +141,12 @@ const Convention& defaultConvention();
 /// @return nullptr for an unknown key
 const Convention* findConvention(std::string_view key);
 
-/// The convention that is usual in a country.
+/// The convention that is usual in a country: its own authority's, else the one that programs often calculate with there.
 /// @param countryCode  ISO 3166-1 alpha-2
 /// @return nullptr where none is known
 const Convention* usualIn(std::string_view countryCode);
 
 }  // namespace quode::conventions
+/// True when a convention is that of an authority of a country.
+bool isOfCountry(const Convention& convention, std::string_view countryCode);
+

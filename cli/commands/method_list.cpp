@@ -49,6 +49,10 @@ Json agreementJson(const Convention& convention) {
                    {"worst_minutes", found->worst}});
 }
 
+std::string countriesOf(const Convention& convention) {
+    return fmt::format("{}{}{}", convention.countries, convention.alsoUsedIn.empty() ? "" : " ", convention.alsoUsedIn);
+}
+
 Json conventionJson(const Convention& convention) {
     Json::Object rules;
     for (const Prayer prayer : prayers) {
@@ -58,7 +62,8 @@ Json conventionJson(const Convention& convention) {
     return object({{"key", std::string(convention.key)},
                    {"name", std::string(convention.name)},
                    {"authority", std::string(convention.authority)},
-                   {"countries", std::string(convention.countries)},
+                   {"countries", countriesOf(convention)},
+                   {"also_used_in", text(convention.alsoUsedIn)},
                    {"rules", Json(std::move(rules))},
                    {"asr_factor", convention.asrFactor},
                    {"high_latitude", std::string(conventions::keyOf(convention.highLatitude))},
@@ -129,8 +134,10 @@ void runSuggest(Console& console, const Arguments& arguments) {
         return console.printJson(object({{"place", placeJson(place)},
                                          {"country_code", country},
                                          {"chosen", place.city.choice.method.key},
-                                         {"suggestion", usual == nullptr ? Json() : Json(std::string(usual->key))}}));
+                                         {"suggestion", usual == nullptr ? Json() : Json(std::string(usual->key))},
+                                         {"of_country", usual == nullptr ? Json() : Json(isOwn)}}));
     }
+    const bool isOwn = usual != nullptr && conventions::isOfCountry(*usual, country);
     printPlace(console, place);
     console.print(_("Chosen: {}.", std::string(conventionNamed(place.city.choice.method.key).name)));
     if (usual == nullptr) {
@@ -138,8 +145,15 @@ void runSuggest(Console& console, const Arguments& arguments) {
             console.wrapped(_("No authority's method is known to be usual here. Compare methods with your "
                               "mosque's timetable: quode method compare")));
     }
-    console.print(console.wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
-                                    std::string(usual->name), std::string(usual->key))));
+    if (isOwn) {
+        return console.print(
+            console.wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
+                              std::string(usual->name), std::string(usual->key))));
+    }
+    const CityRecord& inCountry = place.nearest ? place.nearest->city : place.city;
+    console.print(console.wrapped(borrowedMethodText(console.session(), inCountry, *usual)));
+    console.print(
+        console.wrapped(_("Nothing was changed; choose it with: quode method set {}", std::string(usual->key))));
 }
 
 }  // namespace

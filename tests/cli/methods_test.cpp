@@ -116,6 +116,20 @@ TEST(Method, IsSuggestedAndNotSwitched) {
     EXPECT_EQ(day(program, {"--city", "Singapore"}).at("method").at("key"), "quode");
 }
 
+TEST(Method, OfAnotherCountryIsNotCalledThatOfAnAuthority) {
+    const Program program;
+    const Outcome libya = program.run({"method", "suggest", "--city", "Tripoli, LY"});
+    EXPECT_NE(libya.out.find("No authority of Libya is in the list"), std::string::npos) << libya.out << libya.err;
+    EXPECT_EQ(libya.out.find("Usual"), std::string::npos) << libya.out;
+    EXPECT_NE(libya.out.find("quode method set egypt"), std::string::npos) << libya.out;
+    const json answer = program.run({"method", "suggest", "--city", "Tripoli, LY", "--json"}).json();
+    EXPECT_EQ(answer.at("suggestion"), "egypt");
+    EXPECT_EQ(answer.at("of_country"), false);
+    EXPECT_EQ(program.run({"method", "suggest", "--city", "Cairo", "--json"}).json().at("of_country"), true);
+    ASSERT_EQ(program.run({"city", "home", "Tripoli, LY"}).code, 0);
+    EXPECT_NE(program.run({"today"}).out.find("No authority of Libya"), std::string::npos);
+}
+
 TEST(Method, IsExplained) {
     const Program program;
     const Outcome diyanet = program.run({"method", "show", "diyanet"});
