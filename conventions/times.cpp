@@ -75,7 +75,7 @@ class DayComputation {
   public:
     DayComputation(const Convention& convention, const Request& request, const Method& method)
         : convention_(convention), request_(request), method_(method) {
-        day_.point = usedPoint(convention, request.latitude, request.longitude, method.zone);
+        day_.point = usedPoint(convention, request.latitude, request.longitude, method.zone, request.country);
         julianDay_ = julianDayOf(request.year, request.month, request.day);
         const auto hijri = ummAlQuraDay(static_cast<int>(std::floor(julianDay_ - 2440587.5 + 0.5)));
         day_.isRamadan = hijri && hijri->month == ramadan;

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string_view>
 
 #include "conventions/Convention.h"
 #include "conventions/Method.h"
@@ -18,6 +20,7 @@ struct Request {
     bool heightIsOfUser = false;             ///< the height is the user's; else the city database's
     int year = 2000, month = 1, day = 1;     ///< the civil day
     double offset = 0.0;                     ///< hours of the day's clock east of Greenwich
+    std::string_view country = {};           ///< ISO 3166-1 alpha-2 code; empty where unknown
 };
 
 /// Where a time comes from.

@@ -63,7 +63,8 @@ void applyConvention(const Site& site, CityDay& day) {
                                        day.date.Years,
                                        day.date.Months,
                                        day.date.Days,
-                                       day.GMTValue};
+                                       day.GMTValue,
+                                       site.country};
     const ConventionDay computed = conventions::computeDay(method, request);
     PrayTimes& times = day.times;
     bringIntoDay(times);

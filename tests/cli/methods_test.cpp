@@ -139,6 +139,47 @@ TEST(Method, IsExplained) {
     EXPECT_NE(program.run({"method", "show", "jakim"}).out.find("WLY01"), std::string::npos);
 }
 
+TEST(Method, OfTehranCountsMidnightFromSunset) {
+    const json tehran = Program().run({"month", "2026-03", "--city", "Tehran", "--method", "tehran", "--json"}).json();
+    const json mwl = Program().run({"month", "2026-03", "--city", "Tehran", "--method", "mwl", "--json"}).json();
+    const auto hours = [](const json& day, const char* part, const char* key) {
+        return day.at(part).at(key).at("hours").get<double>();
+    };
+    for (std::size_t i = 0; i < tehran.at("days").size(); ++i) {
+        const json& day = tehran.at("days").at(i);
+        const double sunset = hours(mwl.at("days").at(i), "prayers", "maghrib"), fajr = hours(day, "prayers", "fajr");
+        const double night = fajr + 24.0 - sunset;
+        EXPECT_NEAR(hours(day, "night", "midnight"), sunset + night / 2.0, 0.01);
+        EXPECT_NEAR(hours(day, "night", "first_third"), sunset + night / 3.0, 0.01);
+        EXPECT_NEAR(hours(day, "night", "last_third"), sunset + night * 2.0 / 3.0, 0.01);
+    }
+}
+
+TEST(Method, MarksATimeBeforeOneThatItFollows) {
+    const Program program;
+    const std::vector<std::string> rovaniemi{"today",      "--city",   "66.5,25.7", "--date",
+                                             "2026-12-21", "--method", "morocco"};
+    const Outcome page = program.run(rovaniemi);
+    EXPECT_NE(page.out.find("before the time that it follows"), std::string::npos) << page.out;
+    const Outcome csv =
+        program.run({"month", "2026-12", "--city", "66.5,25.7", "--method", "morocco", "--format", "csv"});
+    EXPECT_NE(csv.lines().at(21).find("asr_out_of_order"), std::string::npos) << csv.lines().at(21);
+    EXPECT_EQ(program.run({"month", "2026-06", "--city", "Ankara", "--method", "morocco", "--format", "csv"})
+                  .out.find("out_of_order"),
+              std::string::npos);
+}
+
+TEST(Method, OfMalaysiaIsNotCertainOfAZoneAbroad) {
+    const auto isCertain = [](const char* city) {
+        const json page = Program().run({"today", "--city", city, "--method", "jakim", "--json"}).json();
+        return page.at("method").at("point").at("certain").get<bool>();
+    };
+    for (const char* abroad : {"Singapore", "1.29,103.85", "Bandar Seri Begawan", "Hat Yai", "Pontianak"}) {
+        EXPECT_FALSE(isCertain(abroad)) << abroad;
+    }
+    for (const char* home : {"George Town", "5.414,100.329", "Kota Bharu"}) EXPECT_TRUE(isCertain(home)) << home;
+}
+
 TEST(Method, IsComparedSideBySide) {
     const json compared = Program().run({"method", "compare", "mwl,isna", "--city", "London", "--json"}).json();
     const json& methods = compared.at("days").at(0).at("methods");

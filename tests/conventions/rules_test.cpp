@@ -117,6 +117,11 @@ TEST(HighLatitude, nearestLatitudeTakesTheIntervalOrTheClockOf48Degrees) {
     const ConventionDay clock = computeDay(method("isna high-latitude=nearest-latitude-clock"), glasgow);
     const double interval = minutes(model, Prayer::sunrise) - minutes(model, Prayer::fajr);
     EXPECT_NEAR(minutes(local, Prayer::sunrise) - minutes(local, Prayer::fajr), interval, 1.01);
+    // Singapore is near Johor's seats only.
+    EXPECT_EQ(usedPoint(jakim, 1.29, 103.85, "", "SG").name, usedPoint(jakim, 1.29, 103.85).name);
+    EXPECT_FALSE(usedPoint(jakim, 1.29, 103.85, "", "SG").isCertain);
+    EXPECT_TRUE(usedPoint(jakim, 5.414, 100.329, "", "MY").isCertain);
+    EXPECT_TRUE(usedPoint(jakim, 1.29, 103.85, "JHR02", "SG").isCertain);
     EXPECT_NEAR(minutes(clock, Prayer::fajr), minutes(model, Prayer::fajr), 1.01);
 }
 
