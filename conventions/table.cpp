@@ -66,6 +66,11 @@ constexpr Convention withMaghrib(Convention convention, PrayerRule maghrib) {
     return convention;
 }
 
+constexpr Convention withNight(Convention convention, NightBegin night) {
+    convention.night = night;
+    return convention;
+}
+
 constexpr Convention withSource(Convention convention, std::string_view source, std::string_view remark = "") {
     convention.source = source;
     convention.remark = remark;
@@ -239,11 +244,14 @@ constexpr Convention conventions[] = {
                N_("angles confirmed by Dar al-Ifta, fatwa 4021, at second hand")),
     plain("karachi", "University of Islamic Sciences, Karachi", "University of Islamic Sciences, Karachi", "PK", 18,
           angle(18), 2, "BD IN AF NP"),
-    withMaghrib(plain("tehran", "Institute of Geophysics, Tehran", "Institute of Geophysics, University of Tehran",
-                      "IR", 17.7, angle(14)),
-                angle(4.5)),
-    withMaghrib(plain("jafari", "Leva Institute, Qum", "Shia Ithna-Ashari, Leva Institute, Qum", "", 16, angle(14)),
-                angle(4)),
+    withNight(withMaghrib(plain("tehran", "Institute of Geophysics, Tehran",
+                                "Institute of Geophysics, University of Tehran", "IR", 17.7, angle(14)),
+                          angle(4.5)),
+              NightBegin::sunset),
+    withNight(
+        withMaghrib(plain("jafari", "Leva Institute, Qum", "Shia Ithna-Ashari, Leva Institute, Qum", "", 16, angle(14)),
+                    angle(4)),
+        NightBegin::sunset),
     withSource(plain("france-12", "Musulmans de France", "Musulmans de France (formerly UOIF)", "FR", 12, angle(12)),
                frenchSource, frenchRemark),
     withSource(plain("france-15", "France, 15 degrees", "several mosques of France", "", 15, angle(15)), frenchSource,

@@ -98,6 +98,7 @@ class DayComputation {
         return day_;
     }
 
+        if (convention_.night == NightBegin::sunset) day_.nightBegin = sunset();
   private:
     SolarDay solarDay(SunMoment moment, double longitude) const {
         return {julianDay_, day_.usedLatitude, longitude, request_.offset, moment};
@@ -160,6 +161,12 @@ class DayComputation {
     ConventionTime afterMaghrib(Prayer prayer) const {
         const ConventionTime& maghrib = day_.time(Prayer::maghrib);
         if (!maghrib.exists()) return {};
+    std::optional<double> sunset() const {
+        const auto universal = solarDayOf(Prayer::maghrib).atAltitude(-horizon_, Side::evening);
+        if (!universal) return std::nullopt;
+        return *universal + request_.offset;
+    }
+
         const PrayerRule& rule = convention_.rule(prayer);
         const bool isLonger = day_.isRamadan && rule.ramadanMinutes > 0.0;
         const double published = maghrib.hours * 60.0 - method_.adjustment(Prayer::maghrib);

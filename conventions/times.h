@@ -45,10 +45,11 @@ struct ConventionTime {
 struct ConventionDay {
     std::array<ConventionTime, mainPrayerCount> times;  ///< by `Prayer`
     ConventionTime asrStandard, asrHanafi;              ///< by both shadows
-    UsedPoint point;                                    ///< the point computed for
-    double usedLatitude = 0.0;     ///< degrees; differs from the point's where the Sun does not rise and set
-    bool isOtherLatitude = false;  ///< `usedLatitude` differs
-    bool isRamadan = false;        ///< by the Umm al-Qura calendar
+    std::optional<double> nightBegin;  ///< hours of the clock, where the night does not begin with Maghrib
+    UsedPoint point;                   ///< the point computed for
+    double usedLatitude = 0.0;         ///< degrees; differs from the point's where the Sun does not rise and set
+    bool isOtherLatitude = false;      ///< `usedLatitude` differs
+    bool isRamadan = false;            ///< by the Umm al-Qura calendar
 
     /// The time of a prayer.
     const ConventionTime& time(Prayer prayer) const { return times[indexOf(prayer)]; }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/day_method.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "data/city_day.h"
@@ -42,16 +43,17 @@ void bringIntoDay(PrayTimes& times) {
     }
 }
 
-/// Sets the times that follow from dawn and sunset, by the engine's definitions.
-void divideNight(PrayTimes& times) {
+/// Sets the times that follow from dawn and the begin of the night, by the engine's definitions.
+void divideNight(CityDay& day) {
+    PrayTimes& times = day.times;
     if (times.Imsak == missingTime || times.Aksam == missingTime) {
         times.Teheccud = times.Gece2 = times.Gece3 = missingTime;
         return;
     }
-    const double night = hoursPerDay - (times.Aksam - times.Imsak);
+    const double begin = nightBegin(day), night = hoursPerDay - (begin - times.Imsak);
     times.Teheccud = times.Imsak - night / 6.0;
-    times.Gece2 = times.Aksam + night * 0.5;
-    times.Gece3 = times.Aksam + night / 3.0;
+    times.Gece2 = begin + night * 0.5;
+    times.Gece3 = begin + night / 3.0;
 }
 
 void applyConvention(const Site& site, CityDay& day) {
@@ -81,7 +83,8 @@ void applyConvention(const Site& site, CityDay& day) {
     times.isLatitudeChanged = times.isImsakBeforeTime = times.isIsaEvvelBeforeTime = false;
     day.method.point = computed.point;
     day.method.usedLatitude = computed.usedLatitude;
-    divideNight(times);
+    day.method.nightBegin = computed.nightBegin;
+    divideNight(day);
 }
 
 /// Applies the user's shadow and minutes to the engine's own times.
@@ -126,12 +129,16 @@ void applyTable(const Timetable& table, CityDay& day) {
     if (row->minutes[dhuhr]) put(times.Ogle, dhuhr, *row->minutes[dhuhr]);
     if (row->minutes[indexOf(Prayer::fajr)]) times.isImsakBeforeTime = false;
     if (row->minutes[indexOf(Prayer::isha)]) times.isIsaEvvelBeforeTime = false;
-    divideNight(times);
+    divideNight(day);
 }
 
 }  // namespace
 
 void applyChoice(const Site& site, CityDay& day) {
+double nightBegin(const CityDay& day) {
+    return std::min(day.method.nightBegin.value_or(day.times.Aksam), day.times.Aksam);
+}
+
     const SiteChoice& choice = site.choice;
     const bool wasDefault = !day.method.hasTable && day.method.method.isDefault();
     if (!wasDefault) day.method = {};

@@ -67,6 +67,7 @@ Json conventionJson(const Convention& convention) {
                    {"rules", Json(std::move(rules))},
                    {"asr_factor", convention.asrFactor},
                    {"high_latitude", std::string(conventions::keyOf(convention.highLatitude))},
+                   {"night_begins", convention.night == conventions::NightBegin::sunset ? "sunset" : "maghrib"},
                    {"common_definition", convention.isCommonDefinition},
                    {"source", std::string(convention.source)},
                    {"remark", text(convention.remark)},

@@ -85,6 +85,18 @@ TEST(JakimZones, belongToTowns) {
 }
 
 TEST(JakimZones, ofKelantanHaveIshaAtSeventeenDegrees) {
+TEST(NightFromSunset, beginsBeforeAMaghribByAnAngle) {
+    for (const char* key : {"tehran", "jafari"}) {
+        const Request tehran = at(35.69, 51.42, 3.5, 2026, 3, 21);
+        const ConventionDay day = computeDay(method(key), tehran);
+        ASSERT_TRUE(day.nightBegin) << key;
+        // Without minutes of its own mwl has Maghrib at sunset, rounded.
+        EXPECT_NEAR(*day.nightBegin * 60.0, minutes(computeDay(method("mwl"), tehran), Prayer::maghrib), 0.501);
+        EXPECT_GT(day.time(Prayer::maghrib).hours - *day.nightBegin, 0.2) << key;
+    }
+    EXPECT_FALSE(computeDay(method("mwl"), at(35.69, 51.42, 3.5, 2026, 3, 21)).nightBegin);
+}
+
     const Request kotaBharu = at(6.124, 102.243, 8, 2026, 4, 1);
     const ConventionDay zone = computeDay(method("jakim"), kotaBharu);
     const ConventionDay eighteen = computeDay(method("jakim isha-angle=18"), kotaBharu);
