@@ -31,11 +31,20 @@ enum class Origin {
     missing,        ///< the time does not exist
 };
 
+/// What users need to know of a time beside its origin.
+enum class Caution {
+    none,
+    outOfOrder,      ///< before a time that it follows: added minutes are longer than the time between the two
+    formerAngle,     ///< by the authority's angle of earlier years
+    unknownRamadan,  ///< the date is outside the calendar that tells whether it lies in Ramadan
+};
+
 /// One time of a day.
 struct ConventionTime {
     double hours = -1.0;  ///< of the clock, counted from 0 h of the day, on a whole minute; -1.0 when missing
     double exact = -1.0;  ///< the same before rounding and the user's minutes
     Origin origin = Origin::missing;
+    Caution caution = Caution::none;
 
     /// False when there is no such time that day.
     bool exists() const { return origin != Origin::missing; }

@@ -70,16 +70,17 @@ void applyConvention(const Site& site, CityDay& day) {
     const ConventionDay computed = conventions::computeDay(method, request);
     PrayTimes& times = day.times;
     bringIntoDay(times);
-    day.method.marks.fill({TimeSource::ownRule, 0});
+    day.method.marks.fill({.source = TimeSource::ownRule});
     const auto slots = mainTimes(times);
     for (std::size_t i = 0; i < slots.size(); ++i) {
         const ConventionTime& time = computed.times[i];
         *slots[i] = time.exists() ? time.hours : missingTime;
-        day.method.marks[i] = {sourceOf(time.origin), method.adjust[i]};
+        day.method.marks[i] = {sourceOf(time.origin), method.adjust[i], time.caution};
     }
     const ConventionTime& hanafi = computed.asrHanafi;
     times.AsriSani = hanafi.exists() ? hanafi.hours : missingTime;
-    day.method.marks[indexOf(Prayer::asrHanafi)] = {sourceOf(hanafi.origin), method.adjustment(Prayer::asr)};
+    day.method.marks[indexOf(Prayer::asrHanafi)] = {sourceOf(hanafi.origin), method.adjustment(Prayer::asr),
+                                                    hanafi.caution};
     times.isLatitudeChanged = times.isImsakBeforeTime = times.isIsaEvvelBeforeTime = false;
     day.method.point = computed.point;
     day.method.usedLatitude = computed.usedLatitude;
@@ -118,7 +119,7 @@ void applyTable(const Timetable& table, CityDay& day) {
     const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);  // of the engine's own hours
     const auto put = [&](double& slot, std::size_t index, int minutes) {
         slot = minutes / minutesPerHour + shift;
-        day.method.marks[index] = {TimeSource::table, 0};
+        day.method.marks[index] = {.source = TimeSource::table};
     };
     const auto slots = mainTimes(times);
     for (std::size_t i = 0; i < slots.size(); ++i) {
@@ -134,11 +135,11 @@ void applyTable(const Timetable& table, CityDay& day) {
 
 }  // namespace
 
-void applyChoice(const Site& site, CityDay& day) {
 double nightBegin(const CityDay& day) {
     return std::min(day.method.nightBegin.value_or(day.times.Aksam), day.times.Aksam);
 }
 
+void applyChoice(const Site& site, CityDay& day) {
     const SiteChoice& choice = site.choice;
     const bool wasDefault = !day.method.hasTable && day.method.method.isDefault();
     if (!wasDefault) day.method = {};

@@ -29,6 +29,7 @@ enum class TimeSource {
 struct TimeMark {
     TimeSource source = TimeSource::engine;
     int adjusted = 0;  ///< minutes that the user added
+    conventions::Caution caution = conventions::Caution::none;
 
     friend bool operator==(const TimeMark&, const TimeMark&) = default;
 };
@@ -51,11 +52,11 @@ struct DayMethod {
     const TimeMark& mark(int code) const { return marks.at(static_cast<std::size_t>(code - 200)); }
 };
 
-/// Replaces the engine's times with those of the site's choice. With the default nothing changes.
 /// When the night begins whose parts are shown: with Maghrib, or earlier where the method counts it from sunset. Hours
 /// as those of the day's times; the day must have a Maghrib.
 double nightBegin(const CityDay& day);
 
+/// Replaces the engine's times with those of the site's choice. With the default nothing changes.
 void applyChoice(const Site& site, CityDay& day);
 
 }  // namespace quode

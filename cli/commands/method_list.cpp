@@ -118,6 +118,11 @@ void runShow(Console& console, const Arguments& arguments) {
                        _("Isha {}°, {}", numberText(convention.north.ishaAngle),
                          std::string(conventions::keyOf(convention.north.rule)))});
         }
+        if (convention.formerFajr.beforeYear > 0) {
+            table.add({_("before {} AH", convention.formerFajr.beforeYear),
+                       _("Fajr {}°", numberText(convention.formerFajr.angle))});
+        }
+        if (convention.night == conventions::NightBegin::sunset) table.add({_("night"), _("from sunset")});
         console.print(table, 2);
         console.print();
     }
@@ -131,6 +136,7 @@ void runSuggest(Console& console, const Arguments& arguments) {
     const ChosenPlace place = choosePlace(console.session(), arguments.text("city"));
     const std::string country = place.nearest ? place.nearest->city.countryCode : place.city.countryCode;
     const Convention* usual = conventions::usualIn(country);
+    const bool isOwn = usual != nullptr && conventions::isOfCountry(*usual, country);
     if (console.wantsJson()) {
         return console.printJson(object({{"place", placeJson(place)},
                                          {"country_code", country},
@@ -138,7 +144,6 @@ void runSuggest(Console& console, const Arguments& arguments) {
                                          {"suggestion", usual == nullptr ? Json() : Json(std::string(usual->key))},
                                          {"of_country", usual == nullptr ? Json() : Json(isOwn)}}));
     }
-    const bool isOwn = usual != nullptr && conventions::isOfCountry(*usual, country);
     printPlace(console, place);
     console.print(_("Chosen: {}.", std::string(conventionNamed(place.city.choice.method.key).name)));
     if (usual == nullptr) {
