@@ -81,7 +81,7 @@ std::string borrowedMethodText(Session& session, const CityRecord& city, const C
     if (conventions::isOfCountry(usual, city.countryCode)) return "";
     const std::string& country = session.isTurkish() ? city.countryNameTr : city.countryNameEn;
     // Translators: {0} is a country, {1} an authority of another country with a method of prayer times.
-    return _("No authority of {0} is in the list; the calculation often used there is {1}.", country,
+    return _("No authority of {0} is in the list. The calculation often used there: {1}.", country,
              std::string(usual.name));
 }
 

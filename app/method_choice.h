@@ -18,7 +18,7 @@ class Session;
 /// The shadow of Asr, in heights of the object, by the Hanafi school.
 inline constexpr int hanafiFactor = 2;
 
-/// "No authority of Libya is in the list; the calculation often used there is ...". Empty where the method usual in the
+/// "No authority of Libya is in the list. The calculation often used there: ...". Empty where the method usual in the
 /// country is that of its own authority.
 /// @param city   a place of the country
 /// @param usual  `conventions::usualIn` the country
