@@ -169,6 +169,20 @@ TEST(Method, MarksATimeBeforeOneThatItFollows) {
               std::string::npos);
 }
 
+TEST(Method, NotesATimeInTheEveningBefore) {
+    // The clock is an hour behind the Sun's, and dawn begins at its midnight.
+    const std::vector<std::string> june{"month", "2026-06", "--city", "48.36,134.29", "--method", "mwl"};
+    std::vector<std::string> csv = june;
+    csv.insert(csv.end(), {"--format", "csv"});
+    const std::string line = Program().run(csv).lines().at(20);
+    EXPECT_NE(line.find(",23:29,"), std::string::npos) << line;
+    EXPECT_NE(line.find("fajr_before_midnight"), std::string::npos) << line;
+    std::vector<std::string> asJson = june;
+    asJson.emplace_back("--json");
+    const json notes = Program().run(asJson).json().at("days").at(19).at("notes");
+    EXPECT_NE(std::find(notes.begin(), notes.end(), json("fajr_before_midnight")), notes.end());
+}
+
 TEST(Method, OfMalaysiaIsNotCertainOfAZoneAbroad) {
     const auto isCertain = [](const char* city) {
         const json page = Program().run({"today", "--city", city, "--method", "jakim", "--json"}).json();
