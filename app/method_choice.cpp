@@ -15,6 +15,7 @@
 namespace quode::app {
 namespace {
 
+using conventions::Caution;
 using conventions::Convention;
 using conventions::Method;
 
@@ -48,6 +49,17 @@ const char* keyOf(TimeSource source) {
     }
 }
 
+const char* keyOf(Caution caution) {
+    switch (caution) {
+        case Caution::formerAngle:
+            return "former_angle";
+        case Caution::unknownRamadan:
+            return "ramadan_unknown";
+        default:
+            return "out_of_order";
+    }
+}
+
 Json pointJson(const CityDay& day) {
     if (!isByConvention(day)) return nullptr;
     const conventions::UsedPoint& point = day.method.point;
@@ -63,6 +75,14 @@ const Convention& conventionNamed(const std::string& key) {
     const Convention* found = conventions::findConvention(key);
     if (found != nullptr) return *found;
     throw Failure(ExitCode::notFound, _("No method is called \"{}\". Show all of them with: quode method list", key));
+}
+
+std::string borrowedMethodText(Session& session, const CityRecord& city, const Convention& usual) {
+    if (conventions::isOfCountry(usual, city.countryCode)) return "";
+    const std::string& country = session.isTurkish() ? city.countryNameTr : city.countryNameEn;
+    // Translators: {0} is a country, {1} an authority of another country with a method of prayer times.
+    return _("No authority of {0} is in the list. The calculation often used there: {1}.", country,
+             std::string(usual.name));
 }
 
 void checkMethod(const Method& method) {
@@ -137,6 +157,7 @@ std::vector<std::string> methodNotes(const CityDay& day) {
         if (timeOfPrayer(day, code) == missingTime) continue;
         const bool isPlain = mark.source == TimeSource::engine || mark.source == TimeSource::convention;
         if (!isPlain) notes.push_back(prayerKey(code) + "_" + keyOf(mark.source));
+        if (mark.caution != Caution::none) notes.push_back(prayerKey(code) + "_" + keyOf(mark.caution));
         if (mark.adjusted != 0) notes.push_back(fmt::format("{}_adjusted{:+d}", prayerKey(code), mark.adjusted));
     }
     return notes;
@@ -161,15 +182,32 @@ std::string originOf(const CityDay& day, TimeSource source) {
     }
 }
 
+// Empty for none.
+std::string cautionText(Caution caution) {
+    switch (caution) {
+        case Caution::outOfOrder:
+            return _("before the time that it follows: the added minutes are longer than the time between the two");
+        case Caution::formerAngle:
+            return _("by the angle that the authority used in those years, not checked against published rows");
+        case Caution::unknownRamadan:
+            return _("as outside Ramadan: the calendar that tells the month does not cover this date");
+        default:
+            return "";
+    }
+}
+
 }  // namespace
 
 std::optional<std::string> sourceNote(const CityDay& day, int code) {
     const TimeMark& mark = day.method.mark(code);
     if (timeOfPrayer(day, code) == missingTime) return std::nullopt;
     std::string note = originOf(day, mark.source);
+    const auto add = [&note](const std::string& text) {
+        if (!text.empty()) note += (note.empty() ? "" : "; ") + text;
+    };
+    add(cautionText(mark.caution));
     if (mark.adjusted != 0) {
-        if (!note.empty()) note += "; ";
-        note += _n("with your adjustment of {:+d} minute", "with your adjustment of {:+d} minutes", mark.adjusted);
+        add(_n("with your adjustment of {:+d} minute", "with your adjustment of {:+d} minutes", mark.adjusted));
     }
     return note.empty() ? std::nullopt : std::optional(note);
 }

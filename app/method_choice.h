@@ -18,6 +18,12 @@ class Session;
 /// The shadow of Asr, in heights of the object, by the Hanafi school.
 inline constexpr int hanafiFactor = 2;
 
+/// "No authority of Libya is in the list. The calculation often used there: ...". Empty where the method usual in the
+/// country is that of its own authority.
+/// @param city   a place of the country
+/// @param usual  `conventions::usualIn` the country
+std::string borrowedMethodText(Session& session, const CityRecord& city, const conventions::Convention& usual);
+
 /// Throws `Failure` (usage) when a method cannot be used.
 void checkMethod(const conventions::Method& method);
 

@@ -45,7 +45,9 @@ const std::string& countryOf(Session& session, const ChosenPlace& place) {
 std::string shortMark(const CityDay& day, int code) {
     if (timeOfPrayer(day, code) == missingTime) return "";
     if (day.method.mark(code).adjusted != 0) return _("adjusted by you");
-    return isFallback(day, code) ? std::string(_("by a fallback rule")) : "";
+    if (isFallback(day, code)) return _("by a fallback rule");
+    const bool isOutOfOrder = day.method.mark(code).caution == conventions::Caution::outOfOrder;
+    return isOutOfOrder ? std::string(_("out of order")) : "";
 }
 
 std::vector<std::string> timeNotes(Session& session, const CityDay& day) {
@@ -94,6 +96,11 @@ Json iqamaJson(const CityDay& day) {
 std::string usualMethodNote(Session& session, const ChosenPlace& place) {
     const conventions::Convention* const usual = methodToOffer(place);
     if (usual == nullptr) return "";
+    if (const std::string borrowed = borrowedMethodText(session, place.city, *usual); !borrowed.empty()) {
+        return borrowed + " " +
+               _("To choose it: quode method set {}; to keep Quode's own: quode method set quode.",
+                 std::string(usual->key));
+    }
     return _("Usual in {0}: {1}. To choose it: quode method set {2}; to keep Quode's own: quode method set quode.",
              countryOf(session, place), std::string(usual->name), std::string(usual->key));
 }
@@ -101,6 +108,9 @@ std::string usualMethodNote(Session& session, const ChosenPlace& place) {
 std::string usualMethodFact(Session& session, const ChosenPlace& place) {
     const conventions::Convention* const usual = methodToOffer(place);
     if (usual == nullptr) return "";
+    if (const std::string borrowed = borrowedMethodText(session, place.city, *usual); !borrowed.empty()) {
+        return borrowed + " " + _("To choose it, open Times in the settings.");
+    }
     return _("Usual in {0}: {1}. To choose it, open Times in the settings.", countryOf(session, place),
              std::string(usual->name));
 }

@@ -17,7 +17,7 @@ namespace quode::app {
 class Session;
 
 /// Why a time is not plainly that of the method, in a few words for a line with one prayer: "adjusted by you",
-/// "by a fallback rule". Empty when it is.
+/// "by a fallback rule", "out of order". Empty when it is.
 std::string shortMark(const CityDay& day, int code);
 
 /// Why times are not plainly those of the method, a line for each reason: "Fajr, Isha: with your adjustment of +2

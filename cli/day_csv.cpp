@@ -24,6 +24,8 @@ std::vector<std::string> notesOf(const CityDay& day) {
         }
         if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
         if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
+        // The notes of the engine's own method stay as programs know them.
+        if (hours < 0.0 && !isByEngine(day)) notes.push_back(prayerKey(code) + "_before_midnight");
     }
     for (std::string& note : methodNotes(day)) notes.push_back(std::move(note));
     return notes;

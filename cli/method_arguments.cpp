@@ -108,19 +108,25 @@ Method methodWith(Method method, const Arguments& arguments) {
     return method;
 }
 
-void useMethod(Session& session, const Arguments& arguments, ChosenPlace& place) {
-    SiteChoice& choice = place.city.choice;
+Method methodOfCall(Method method, const Arguments& arguments) {
     if (const auto key = arguments.text("method")) {
-        choice.method = {};
-        const Convention& convention = conventionNamed(*key);
-        choice.method.key = convention.key;
-        choice.table.reset();
-        if (place.nearest && isInZone(convention, place.city)) takeMalaysianClock(session, place.city);
+        method = {};
+        method.key = conventionNamed(*key).key;
     }
     if (const auto height = numberArgument(arguments, "height")) {
-        choice.method.height = height;
-        checkMethod(choice.method);
+        method.height = height;
+        checkMethod(method);
     }
+    return method;
+}
+
+void useMethod(Session& session, const Arguments& arguments, ChosenPlace& place) {
+    SiteChoice& choice = place.city.choice;
+    choice.method = methodOfCall(choice.method, arguments);
+    if (!arguments.has("method")) return;
+    choice.table.reset();
+    const Convention& convention = conventionNamed(choice.method.key);
+    if (place.nearest && isInZone(convention, place.city)) takeMalaysianClock(session, place.city);
 }
 
 }  // namespace quode::cli

@@ -79,6 +79,12 @@ enum class HeightRule {
     steps,  ///< whole minutes by steps of height for sunrise and Maghrib; only for a height that the user gives
 };
 
+/// When the night begins whose middle and thirds are shown. It ends with Fajr.
+enum class NightBegin {
+    maghrib,  ///< with Maghrib, as it is shown
+    sunset,   ///< with the set of the upper limb, without the convention's minutes
+};
+
 /// The point for which a table is computed.
 enum class PointRule {
     place,       ///< the place itself
@@ -100,6 +106,12 @@ struct NorthernForm {
     HighLatitudeRule rule = HighLatitudeRule::none;
 };
 
+/// Another angle of Fajr in earlier years.
+struct FormerFajr {
+    int beforeYear = 0;  ///< AH, of the Umm al-Qura calendar; 0: no such angle
+    double angle = 0.0;  ///< degrees
+};
+
 /// Who computes the times.
 enum class Computation {
     engine,  ///< Quode's own engine, with its margin
@@ -108,16 +120,19 @@ enum class Computation {
 
 /// A convention of an authority.
 struct Convention {
-    std::string_view key;        ///< as users type it: "diyanet"
-    std::string_view name;       ///< "Diyanet, Türkiye"
-    std::string_view authority;  ///< the body in full
-    std::string_view countries;  ///< ISO 3166-1 alpha-2 codes of the countries where it is usual, separated by blanks
+    std::string_view key;              ///< as users type it: "diyanet"
+    std::string_view name;             ///< "Diyanet, Türkiye"
+    std::string_view authority;        ///< the body in full
+    std::string_view countries;        ///< ISO 3166-1 alpha-2 codes of the authority's countries, separated by blanks
+    std::string_view alsoUsedIn = {};  ///< countries without an authority here, where programs often calculate by it
     Computation computation = Computation::rules;
     std::array<PrayerRule, mainPrayerCount> rules{};
     int asrFactor = 1;  ///< the usual one; users may choose the other
     HeightRule height = HeightRule::none;
     HighLatitudeRule highLatitude = HighLatitudeRule::middleOfNight;
     NorthernForm north = {};
+    NightBegin night = NightBegin::maghrib;
+    FormerFajr formerFajr = {};
     PointRule point = PointRule::place;
     std::span<const ReferencePoint> points = {};
     bool isCommonDefinition = false;        ///< as calculation programs define it; the body itself publishes no rule
@@ -140,9 +155,12 @@ const Convention& defaultConvention();
 /// @return nullptr for an unknown key
 const Convention* findConvention(std::string_view key);
 
-/// The convention that is usual in a country.
+/// The convention that is usual in a country: its own authority's, else the one that programs often calculate with there.
 /// @param countryCode  ISO 3166-1 alpha-2
 /// @return nullptr where none is known
 const Convention* usualIn(std::string_view countryCode);
+
+/// True when a convention is that of an authority of a country.
+bool isOfCountry(const Convention& convention, std::string_view countryCode);
 
 }  // namespace quode::conventions

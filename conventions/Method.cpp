@@ -125,7 +125,10 @@ std::optional<Convention> conventionOf(const Method& method) {
     Convention convention = *found;
     if (method.asrFactor != 0) convention.asrFactor = method.asrFactor;
     if (method.highLatitude) convention.highLatitude = convention.north.rule = *method.highLatitude;
-    if (method.fajrAngle) convention.rule(Prayer::fajr).angle = *method.fajrAngle;
+    if (method.fajrAngle) {
+        convention.rule(Prayer::fajr).angle = *method.fajrAngle;
+        convention.formerFajr = {};
+    }
     if (method.ishaAngle) {
         PrayerRule& isha = convention.rule(Prayer::isha);
         if (isha.basis == Basis::afterMaghrib) isha = {Basis::depression, 0.0, 0.0, isha.rounding, isha.moment};

@@ -62,12 +62,12 @@ UsedPoint pointOf(const JakimZone& zone, bool isCertain) {
             zone.ishaAngle, std::string(zone.key), isCertain && !zone.isMountain};
 }
 
-UsedPoint zonePoint(double latitude, double longitude, std::string_view key) {
+UsedPoint zonePoint(double latitude, double longitude, std::string_view key, bool isAbroad) {
     if (const JakimZone* zone = zoneNamed(key)) return pointOf(*zone, true);
     if (const JakimZone* zone = zoneAt(latitude, longitude)) return pointOf(*zone, true);
     const Nearest nearest = nearestSeat(latitude, longitude);
     if (nearest.distance > farFromMalaysia) return {latitude, longitude, longitude, {}, "", false};
-    const bool isCertain = nearest.distance * clearlyNearer < nearest.distanceOfOther;
+    const bool isCertain = !isAbroad && nearest.distance * clearlyNearer < nearest.distanceOfOther;
     return pointOf(*zoneNamed(nearest.seat->zone), isCertain);
 }
 
@@ -79,8 +79,10 @@ double distanceKm(double latitude1, double longitude1, double latitude2, double 
     return 2.0 * earthRadius * asinDeg(std::sqrt(h)) * radiansPerDegree;
 }
 
-UsedPoint usedPoint(const Convention& convention, double latitude, double longitude, std::string_view zone) {
-    if (convention.point == PointRule::jakimZones) return zonePoint(latitude, longitude, zone);
+UsedPoint usedPoint(const Convention& convention, double latitude, double longitude, std::string_view zone,
+                    std::string_view country) {
+    const bool isAbroad = !country.empty() && !isOfCountry(convention, country);
+    if (convention.point == PointRule::jakimZones) return zonePoint(latitude, longitude, zone, isAbroad);
     for (const ReferencePoint& point : convention.points) {
         if (distanceKm(latitude, longitude, point.latitude, point.longitude) > point.reach) continue;
         return {point.latitude, point.longitude, point.longitude, {}, std::string(point.name), true};

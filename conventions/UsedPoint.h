@@ -21,7 +21,10 @@ struct UsedPoint {
 /// The point that a convention uses for a place.
 /// @param latitude,longitude  degrees, north and east positive
 /// @param zone                the key of the zone to use; empty or unknown: that of the place
-UsedPoint usedPoint(const Convention& convention, double latitude, double longitude, std::string_view zone = {});
+/// @param country             ISO 3166-1 alpha-2 code of the place; empty where unknown. The zone of a place abroad is
+///                            not certain.
+UsedPoint usedPoint(const Convention& convention, double latitude, double longitude, std::string_view zone = {},
+                    std::string_view country = {});
 
 /// The distance of two points along the great circle, on a sphere of radius 6371 km.
 /// @return kilometres

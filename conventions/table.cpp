@@ -50,8 +50,10 @@ constexpr std::string_view common =
 
 /// A convention of angles alone.
 constexpr Convention plain(std::string_view key, std::string_view name, std::string_view authority,
-                           std::string_view countries, double fajr, PrayerRule isha, int asrFactor = 1) {
-    Convention convention{.key = key, .name = name, .authority = authority, .countries = countries};
+                           std::string_view countries, double fajr, PrayerRule isha, int asrFactor = 1,
+                           std::string_view alsoUsedIn = "") {
+    Convention convention{
+        .key = key, .name = name, .authority = authority, .countries = countries, .alsoUsedIn = alsoUsedIn};
     convention.rules = {angle(fajr), horizon(0), noon(0), shadow(0), horizon(0), isha};
     convention.asrFactor = asrFactor;
     convention.isCommonDefinition = true;
@@ -61,6 +63,11 @@ constexpr Convention plain(std::string_view key, std::string_view name, std::str
 
 constexpr Convention withMaghrib(Convention convention, PrayerRule maghrib) {
     convention.rule(Prayer::maghrib) = maghrib;
+    return convention;
+}
+
+constexpr Convention withNight(Convention convention, NightBegin night) {
+    convention.night = night;
     return convention;
 }
 
@@ -87,7 +94,8 @@ constexpr Convention conventions[] = {
     {.key = "diyanet",
      .name = "Diyanet, Türkiye",
      .authority = "Presidency of Religious Affairs (Diyanet)",
-     .countries = "TR CY SE",
+     .countries = "TR",
+     .alsoUsedIn = "CY SE",
      .rules = {angle(18, 0, nearest, startOfDay), horizon(-7, nearest, startOfDay), noon(5, nearest, startOfDay),
                shadow(4, nearest, startOfDay), horizon(7, nearest, startOfDay), angle(17, 0, nearest, startOfDay)},
      .highLatitude = HighLatitudeRule::middleOfNight,
@@ -130,11 +138,14 @@ constexpr Convention conventions[] = {
     {.key = "umm-al-qura",
      .name = "Umm al-Qura, Saudi Arabia",
      .authority = "Umm al-Qura calendar, Makkah",
-     .countries = "SA YE BH OM",
+     .countries = "SA",
+     .alsoUsedIn = "YE BH OM",
      .rules = {angle(18.5, 0, up), horizon(0, down), noon(0, up), shadow(0, up), horizon(0, up), interval(90, 120)},
+     .formerFajr = {1430, 19.0},
      .source = ownRows,
      .remark = N_("In Ramadan, by the Umm al-Qura calendar, Isha is 120 minutes after Maghrib; no row of a Ramadan was "
-                  "available. Before 1430 AH Fajr had 19 degrees."),
+                  "available. Before 1430 AH (29 December 2008) Fajr has 19 degrees; no row of those years was "
+                  "available. The calendar covers 1300 to 1600 AH."),
      .sampleAuthority = "Umm al-Qura"},
     {.key = "dubai",
      .name = "Gulf, United Arab Emirates",
@@ -228,16 +239,19 @@ constexpr Convention conventions[] = {
         plain("isna", "ISNA / Fiqh Council of North America", "Fiqh Council of North America", "US", 15, angle(15)),
         N_("recommendation of the Fiqh Council of North America, at second hand"),
         N_("For Canada the council recommends 13 degrees: --fajr-angle 13 --isha-angle 13.")),
-    withSource(plain("egypt", "Egyptian General Authority of Survey", "Egyptian General Authority of Survey",
-                     "EG LY SD SY LB IQ PS", 19.5, angle(17.5)),
+    withSource(plain("egypt", "Egyptian General Authority of Survey", "Egyptian General Authority of Survey", "EG",
+                     19.5, angle(17.5), 1, "LY SD SY LB IQ PS"),
                N_("angles confirmed by Dar al-Ifta, fatwa 4021, at second hand")),
-    plain("karachi", "University of Islamic Sciences, Karachi", "University of Islamic Sciences, Karachi",
-          "PK BD IN AF NP", 18, angle(18), 2),
-    withMaghrib(plain("tehran", "Institute of Geophysics, Tehran", "Institute of Geophysics, University of Tehran",
-                      "IR", 17.7, angle(14)),
-                angle(4.5)),
-    withMaghrib(plain("jafari", "Leva Institute, Qum", "Shia Ithna-Ashari, Leva Institute, Qum", "", 16, angle(14)),
-                angle(4)),
+    plain("karachi", "University of Islamic Sciences, Karachi", "University of Islamic Sciences, Karachi", "PK", 18,
+          angle(18), 2, "BD IN AF NP"),
+    withNight(withMaghrib(plain("tehran", "Institute of Geophysics, Tehran",
+                                "Institute of Geophysics, University of Tehran", "IR", 17.7, angle(14)),
+                          angle(4.5)),
+              NightBegin::sunset),
+    withNight(
+        withMaghrib(plain("jafari", "Leva Institute, Qum", "Shia Ithna-Ashari, Leva Institute, Qum", "", 16, angle(14)),
+                    angle(4)),
+        NightBegin::sunset),
     withSource(plain("france-12", "Musulmans de France", "Musulmans de France (formerly UOIF)", "FR", 12, angle(12)),
                frenchSource, frenchRemark),
     withSource(plain("france-15", "France, 15 degrees", "several mosques of France", "", 15, angle(15)), frenchSource,
@@ -268,6 +282,10 @@ constexpr HighLatitudeName highLatitudes[] = {
 bool sameLetters(std::string_view a, std::string_view b) {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
     return std::ranges::equal(a, b, {}, lower, lower);
+}
+
+bool contains(std::string_view countries, std::string_view code) {
+    return code.size() == 2 && countries.find(code) != std::string_view::npos;
 }
 
 }  // namespace
@@ -301,12 +319,15 @@ const Convention* findConvention(std::string_view key) {
 }
 
 const Convention* usualIn(std::string_view countryCode) {
-    if (countryCode.size() != 2) return nullptr;
-    const auto isUsual = [&](const Convention& convention) {
-        return convention.countries.find(countryCode) != std::string_view::npos;
-    };
-    const auto* found = std::ranges::find_if(conventions, isUsual);
+    const auto isOwn = [&](const Convention& convention) { return isOfCountry(convention, countryCode); };
+    const auto isUsed = [&](const Convention& convention) { return contains(convention.alsoUsedIn, countryCode); };
+    const auto* found = std::ranges::find_if(conventions, isOwn);
+    if (found == std::end(conventions)) found = std::ranges::find_if(conventions, isUsed);
     return found == std::end(conventions) ? nullptr : found;
+}
+
+bool isOfCountry(const Convention& convention, std::string_view countryCode) {
+    return contains(convention.countries, countryCode);
 }
 
 }  // namespace quode::conventions

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "conventions/SolarDay.h"
 #include "conventions/Sun.h"
@@ -18,7 +19,8 @@ using Side = SolarDay::Side;
 constexpr double sunriseDepression = 50.0 / 60.0;  // degrees: refraction and half of the disc
 constexpr double dipOfOneMetre = 0.0321;           // degrees
 constexpr int ramadan = 9;
-constexpr double alwaysDaylight = 60.0;  // degrees of latitude up to which the Sun rises and sets every day
+constexpr double firstOf1970 = 2440587.5;  // Julian day
+constexpr double alwaysDaylight = 60.0;    // degrees of latitude up to which the Sun rises and sets every day
 
 /// Minutes by which sunrise is earlier and Maghrib later from a height on.
 struct HeightStep {
@@ -75,10 +77,13 @@ class DayComputation {
   public:
     DayComputation(const Convention& convention, const Request& request, const Method& method)
         : convention_(convention), request_(request), method_(method) {
-        day_.point = usedPoint(convention, request.latitude, request.longitude, method.zone);
+        day_.point = usedPoint(convention, request.latitude, request.longitude, method.zone, request.country);
         julianDay_ = julianDayOf(request.year, request.month, request.day);
-        const auto hijri = ummAlQuraDay(static_cast<int>(std::floor(julianDay_ - 2440587.5 + 0.5)));
+        const auto hijri = ummAlQuraDay(static_cast<int>(std::floor(julianDay_ - firstOf1970 + 0.5)));
         day_.isRamadan = hijri && hijri->month == ramadan;
+        isRamadanKnown_ = hijri.has_value();
+        const int hijriYear = hijri ? hijri->year : julianDay_ < firstOf1970 ? 0 : std::numeric_limits<int>::max();
+        isFormer_ = hijriYear < convention.formerFajr.beforeYear;
         if (convention.height == HeightRule::dip) dip_ = dipOfOneMetre * std::sqrt(std::max(0.0, request.height));
         horizon_ = sunriseDepression + dip_;
         day_.usedLatitude = day_.point.latitude;
@@ -93,8 +98,11 @@ class DayComputation {
             day_.times[i] = compute(prayer);
         }
         keepIshaAfterMaghrib();
+        if (convention_.night == NightBegin::sunset) day_.nightBegin = sunset();
         day_.asrStandard = convention_.asrFactor == 1 ? day_.time(Prayer::asr) : asr(1);
         day_.asrHanafi = convention_.asrFactor == 2 ? day_.time(Prayer::asr) : asr(2);
+        markYears();
+        markOrder();
         return day_;
     }
 
@@ -118,6 +126,7 @@ class DayComputation {
     }
 
     double angleOf(Prayer prayer) const {
+        if (prayer == Prayer::fajr && isFormer_) return convention_.formerFajr.angle;
         if (prayer == Prayer::isha) {
             if (isNorth_) return convention_.north.ishaAngle;
             if (!method_.ishaAngle && day_.point.ishaAngle) return *day_.point.ishaAngle;
@@ -152,6 +161,12 @@ class DayComputation {
         return onClock(prayer, answer.hours, answer.isByRule ? Origin::highLatitude : Origin::rule);
     }
 
+    std::optional<double> sunset() const {
+        const auto universal = solarDayOf(Prayer::maghrib).atAltitude(-horizon_, Side::evening);
+        if (!universal) return std::nullopt;
+        return *universal + request_.offset;
+    }
+
     ConventionTime asr(int factor) const {
         return onClock(Prayer::asr, solarDayOf(Prayer::asr).atShadow(factor), Origin::rule);
     }
@@ -177,6 +192,29 @@ class DayComputation {
         isha.origin = Origin::highLatitude;
     }
 
+    void markYears() {
+        ConventionTime &fajr = day_.times[indexOf(Prayer::fajr)], &isha = day_.times[indexOf(Prayer::isha)];
+        if (isFormer_ && fajr.exists()) fajr.caution = Caution::formerAngle;
+        const bool asksForRamadan = convention_.rule(Prayer::isha).ramadanMinutes > 0.0;
+        if (asksForRamadan && !isRamadanKnown_ && isha.exists()) isha.caution = Caution::unknownRamadan;
+    }
+
+    /// Near the polar circles the minutes of a convention may be longer than the day.
+    void markOrder() {
+        double latest = -std::numeric_limits<double>::infinity();
+        const auto mark = [&](ConventionTime& time) {
+            if (time.exists() && time.hours < latest) time.caution = Caution::outOfOrder;
+        };
+        for (ConventionTime& time : day_.times) {
+            if (&time == &day_.times[indexOf(Prayer::asr)]) {
+                mark(day_.asrStandard);
+                mark(day_.asrHanafi);
+            }
+            mark(time);
+            if (time.exists()) latest = std::max(latest, time.hours);
+        }
+    }
+
     ConventionTime compute(Prayer prayer) const {
         switch (convention_.rule(prayer).basis) {
             case Basis::horizon: {
@@ -199,7 +237,7 @@ class DayComputation {
     const Method& method_;
     ConventionDay day_;
     double julianDay_ = 0.0, dip_ = 0.0, horizon_ = sunriseDepression;
-    bool isNorth_ = false;
+    bool isNorth_ = false, isFormer_ = false, isRamadanKnown_ = false;
 };
 
 }  // namespace

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string_view>
 
 #include "conventions/Convention.h"
 #include "conventions/Method.h"
@@ -18,6 +20,7 @@ struct Request {
     bool heightIsOfUser = false;             ///< the height is the user's; else the city database's
     int year = 2000, month = 1, day = 1;     ///< the civil day
     double offset = 0.0;                     ///< hours of the day's clock east of Greenwich
+    std::string_view country = {};           ///< ISO 3166-1 alpha-2 code; empty where unknown
 };
 
 /// Where a time comes from.
@@ -28,11 +31,20 @@ enum class Origin {
     missing,        ///< the time does not exist
 };
 
+/// What users need to know of a time beside its origin.
+enum class Caution {
+    none,
+    outOfOrder,      ///< before a time that it follows: added minutes are longer than the time between the two
+    formerAngle,     ///< by the authority's angle of earlier years
+    unknownRamadan,  ///< the date is outside the calendar that tells whether it lies in Ramadan
+};
+
 /// One time of a day.
 struct ConventionTime {
     double hours = -1.0;  ///< of the clock, counted from 0 h of the day, on a whole minute; -1.0 when missing
     double exact = -1.0;  ///< the same before rounding and the user's minutes
     Origin origin = Origin::missing;
+    Caution caution = Caution::none;
 
     /// False when there is no such time that day.
     bool exists() const { return origin != Origin::missing; }
@@ -42,10 +54,11 @@ struct ConventionTime {
 struct ConventionDay {
     std::array<ConventionTime, mainPrayerCount> times;  ///< by `Prayer`
     ConventionTime asrStandard, asrHanafi;              ///< by both shadows
-    UsedPoint point;                                    ///< the point computed for
-    double usedLatitude = 0.0;     ///< degrees; differs from the point's where the Sun does not rise and set
-    bool isOtherLatitude = false;  ///< `usedLatitude` differs
-    bool isRamadan = false;        ///< by the Umm al-Qura calendar
+    std::optional<double> nightBegin;  ///< hours of the clock, where the night does not begin with Maghrib
+    UsedPoint point;                   ///< the point computed for
+    double usedLatitude = 0.0;         ///< degrees; differs from the point's where the Sun does not rise and set
+    bool isOtherLatitude = false;      ///< `usedLatitude` differs
+    bool isRamadan = false;            ///< by the Umm al-Qura calendar
 
     /// The time of a prayer.
     const ConventionTime& time(Prayer prayer) const { return times[indexOf(prayer)]; }

@@ -38,6 +38,7 @@ struct CityRecord {
     std::optional<int> elevation;                     ///< metres above sea level
     SiteChoice choice = {};                           ///< for a city of the user: the method of its times
     std::shared_ptr<const ZoneKnowledge> known = {};  ///< facts of the zone's clock beyond the rule
+    std::string nearestCountry = {};                  ///< of a point: the code of the nearest place's country
 };
 
 /// A place found by a search.

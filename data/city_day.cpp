@@ -28,6 +28,7 @@ seconds offsetOf(double hours) {
 
 Site siteOf(const CityRecord& city) {
     Site site{city.latitude, city.longitude, city.rule, city.temkin, city.choice, city.known};
+    site.country = city.countryCode.empty() ? city.nearestCountry : city.countryCode;
     if (site.choice.height == 0.0) site.choice.height = city.elevation.value_or(0);
     return site;
 }

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <optional>
+#include <string>
 
 #include "astro/FastAstro.h"
 #include "astro/prayer.h"
@@ -24,10 +25,12 @@ struct Site {
     bool temkin = true;                               ///< safety margin for 500 m of height; 250 m otherwise
     SiteChoice choice = {};                           ///< the method and table that the user chose
     std::shared_ptr<const ZoneKnowledge> known = {};  ///< facts of the clock beyond the rule
+    std::string country = {};  ///< ISO 3166-1 alpha-2 code, of a point that of the nearest place; empty: unknown
 
     /// The place's clock: the rule with all facts beyond it.
     ZoneClock clock() const { return {rule, known}; }
 
+    /// Whether all times are equal; the country changes none.
     friend bool operator==(const Site& a, const Site& b) {
         return a.latitude == b.latitude && a.longitude == b.longitude && a.temkin == b.temkin && a.choice == b.choice &&
                a.clock() == b.clock();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/day_method.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "data/city_day.h"
@@ -42,16 +43,17 @@ void bringIntoDay(PrayTimes& times) {
     }
 }
 
-/// Sets the times that follow from dawn and sunset, by the engine's definitions.
-void divideNight(PrayTimes& times) {
+/// Sets the times that follow from dawn and the begin of the night, by the engine's definitions.
+void divideNight(CityDay& day) {
+    PrayTimes& times = day.times;
     if (times.Imsak == missingTime || times.Aksam == missingTime) {
         times.Teheccud = times.Gece2 = times.Gece3 = missingTime;
         return;
     }
-    const double night = hoursPerDay - (times.Aksam - times.Imsak);
+    const double begin = nightBegin(day), night = hoursPerDay - (begin - times.Imsak);
     times.Teheccud = times.Imsak - night / 6.0;
-    times.Gece2 = times.Aksam + night * 0.5;
-    times.Gece3 = times.Aksam + night / 3.0;
+    times.Gece2 = begin + night * 0.5;
+    times.Gece3 = begin + night / 3.0;
 }
 
 void applyConvention(const Site& site, CityDay& day) {
@@ -63,24 +65,27 @@ void applyConvention(const Site& site, CityDay& day) {
                                        day.date.Years,
                                        day.date.Months,
                                        day.date.Days,
-                                       day.GMTValue};
+                                       day.GMTValue,
+                                       site.country};
     const ConventionDay computed = conventions::computeDay(method, request);
     PrayTimes& times = day.times;
     bringIntoDay(times);
-    day.method.marks.fill({TimeSource::ownRule, 0});
+    day.method.marks.fill({.source = TimeSource::ownRule});
     const auto slots = mainTimes(times);
     for (std::size_t i = 0; i < slots.size(); ++i) {
         const ConventionTime& time = computed.times[i];
         *slots[i] = time.exists() ? time.hours : missingTime;
-        day.method.marks[i] = {sourceOf(time.origin), method.adjust[i]};
+        day.method.marks[i] = {sourceOf(time.origin), method.adjust[i], time.caution};
     }
     const ConventionTime& hanafi = computed.asrHanafi;
     times.AsriSani = hanafi.exists() ? hanafi.hours : missingTime;
-    day.method.marks[indexOf(Prayer::asrHanafi)] = {sourceOf(hanafi.origin), method.adjustment(Prayer::asr)};
+    day.method.marks[indexOf(Prayer::asrHanafi)] = {sourceOf(hanafi.origin), method.adjustment(Prayer::asr),
+                                                    hanafi.caution};
     times.isLatitudeChanged = times.isImsakBeforeTime = times.isIsaEvvelBeforeTime = false;
     day.method.point = computed.point;
     day.method.usedLatitude = computed.usedLatitude;
-    divideNight(times);
+    day.method.nightBegin = computed.nightBegin;
+    divideNight(day);
 }
 
 /// Applies the user's shadow and minutes to the engine's own times.
@@ -114,7 +119,7 @@ void applyTable(const Timetable& table, CityDay& day) {
     const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);  // of the engine's own hours
     const auto put = [&](double& slot, std::size_t index, int minutes) {
         slot = minutes / minutesPerHour + shift;
-        day.method.marks[index] = {TimeSource::table, 0};
+        day.method.marks[index] = {.source = TimeSource::table};
     };
     const auto slots = mainTimes(times);
     for (std::size_t i = 0; i < slots.size(); ++i) {
@@ -125,10 +130,14 @@ void applyTable(const Timetable& table, CityDay& day) {
     if (row->minutes[dhuhr]) put(times.Ogle, dhuhr, *row->minutes[dhuhr]);
     if (row->minutes[indexOf(Prayer::fajr)]) times.isImsakBeforeTime = false;
     if (row->minutes[indexOf(Prayer::isha)]) times.isIsaEvvelBeforeTime = false;
-    divideNight(times);
+    divideNight(day);
 }
 
 }  // namespace
+
+double nightBegin(const CityDay& day) {
+    return std::min(day.method.nightBegin.value_or(day.times.Aksam), day.times.Aksam);
+}
 
 void applyChoice(const Site& site, CityDay& day) {
     const SiteChoice& choice = site.choice;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "conventions/times.h"
@@ -28,6 +29,7 @@ enum class TimeSource {
 struct TimeMark {
     TimeSource source = TimeSource::engine;
     int adjusted = 0;  ///< minutes that the user added
+    conventions::Caution caution = conventions::Caution::none;
 
     friend bool operator==(const TimeMark&, const TimeMark&) = default;
 };
@@ -35,11 +37,12 @@ struct TimeMark {
 /// How a day was computed.
 struct DayMethod {
     conventions::Method method;
-    std::array<TimeMark, 9> marks{};  ///< of the prayers 200 to 208
-    conventions::UsedPoint point;     ///< with a convention: the point computed for
-    double usedLatitude = 0.0;        ///< with a convention: degrees
-    bool isFromTable = false;         ///< the imported table contains this day
-    bool hasTable = false;            ///< a table is imported, whether it contains this day or not
+    std::array<TimeMark, 9> marks{};   ///< of the prayers 200 to 208
+    conventions::UsedPoint point;      ///< with a convention: the point computed for
+    double usedLatitude = 0.0;         ///< with a convention: degrees
+    std::optional<double> nightBegin;  ///< hours of the clock, where the night does not begin with Maghrib
+    bool isFromTable = false;          ///< the imported table contains this day
+    bool hasTable = false;             ///< a table is imported, whether it contains this day or not
     std::string tableName;
     IqamaRules iqama;  ///< of the table, else the user's choice for the city
 
@@ -48,6 +51,10 @@ struct DayMethod {
     /// @throw std::out_of_range  for another code
     const TimeMark& mark(int code) const { return marks.at(static_cast<std::size_t>(code - 200)); }
 };
+
+/// When the night begins whose parts are shown: with Maghrib, or earlier where the method counts it from sunset. Hours
+/// as those of the day's times; the day must have a Maghrib.
+double nightBegin(const CityDay& day);
 
 /// Replaces the engine's times with those of the site's choice. With the default nothing changes.
 void applyChoice(const Site& site, CityDay& day);

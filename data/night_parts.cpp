@@ -11,7 +11,7 @@ std::optional<NightParts> nightOf(const CityDay& day) {
     const PrayTimes& times = day.times;
     if (times.Aksam == missingTime || times.Gece2 == missingTime || times.Gece3 == missingTime) return std::nullopt;
     const double shift = hoursPerDay * std::floor(times.Ogle / hoursPerDay);  // of the engine's own hours
-    return NightParts{times.Gece3 - shift, times.Gece2 - shift, 2.0 * times.Gece3 - times.Aksam - shift};
+    return NightParts{times.Gece3 - shift, times.Gece2 - shift, 2.0 * times.Gece3 - nightBegin(day) - shift};
 }
 
 }  // namespace quode

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The parts of the night that begins on a day, by the engine's definition: from sunset to dawn, as both are shown.
+// The parts of the night that begins on a day: by the engine's definition from sunset to dawn, as both are shown; by
+// methods whose Maghrib is later than sunset, from sunset.
 #pragma once
 
 #include <array>

@@ -9,6 +9,7 @@ CityRecord recordOfPoint(double latitude, double longitude, const NearestCity& n
     CityRecord point;
     point.latitude = latitude;
     point.longitude = longitude;
+    point.nearestCountry = nearest.city.countryCode;
     point.zone = nearest.city.zone;
     point.rule = nearest.city.rule;
     point.known = nearest.city.known;

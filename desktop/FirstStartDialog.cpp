@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/method_choice.h"
 #include "app/session.h"
 #include "app/user_alarms.h"
 #include "astro/prayer.h"
@@ -130,8 +131,8 @@ void FirstStartDialog::showCity() {
     authority_->setVisible(isOther);
     method_->setVisible(isOther);
     if (!isOther) return method_->setChecked(false);
-    const std::string authority(usual->name);
-    authority_->setText(toQt(_("Usual in your country: {}.", authority)));
+    const std::string authority(usual->name), borrowed = app::borrowedMethodText(session_, city(), *usual);
+    authority_->setText(toQt(borrowed.empty() ? _("Usual in your country: {}.", authority) : borrowed));
     method_->setText(_("Use its times instead of Quode’s own"));
 }
 

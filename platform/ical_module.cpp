@@ -283,6 +283,7 @@ ListedEvent listed(icalcomponent* component) {
     event.day = start.day;
     event.hour = start.hour;
     event.minute = start.minute;
+    event.second = start.second;
     return event;
 }
 

@@ -18,7 +18,7 @@ namespace quode {
 struct ListedEvent {
     std::string title;
     bool hasTime = false;  ///< false without a start, and for one that is a date alone
-    int year = 0, month = 0, day = 0, hour = 0, minute = 0;
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
     std::string zone;                                ///< that the start names (TZID)
     std::optional<std::chrono::sys_seconds> moment;  ///< of the start, when it is universal or its zone is known
     bool isCancelled = false;

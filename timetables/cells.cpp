@@ -91,11 +91,13 @@ std::optional<ClockTime> clockTimeOf(std::string_view text) {
     const bool hasSeconds = parts.size() == 3;
     if ((parts.size() != 2 && !hasSeconds) || !std::ranges::all_of(parts, isNumber)) return std::nullopt;
     if (parts[0].size() > 2 || parts[1].size() != 2) return std::nullopt;
-    if (hasSeconds && parts[2] != "00") return std::nullopt;
+    if (hasSeconds && parts[2].size() != 2) return std::nullopt;
+    if (hasSeconds) time.second = leadingNumber<int>(parts[2]);
     time.hour = leadingNumber<int>(parts[0]);
     time.minute = leadingNumber<int>(parts[1]);
     const bool isTwelveHour = time.half != Half::unknown;
-    if (time.minute > 59 || time.hour > 24 || (time.hour == 24 && time.minute > 0)) return std::nullopt;
+    if (time.second > 59 || time.minute > 59 || time.hour > 24) return std::nullopt;
+    if (time.hour == 24 && time.minute + time.second > 0) return std::nullopt;
     if (isTwelveHour && (time.hour < 1 || time.hour > 12)) return std::nullopt;
     return time;
 }

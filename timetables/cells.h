@@ -12,12 +12,11 @@ namespace quode::timetables {
 struct ClockTime {
     enum class Half { unknown, morning, afternoon };
 
-    int hour = 0, minute = 0;
+    int hour = 0, minute = 0, second = 0;
     Half half = Half::unknown;
 };
 
-/// "5:12", "05.12", "5h12", "0512", "5:12 PM", "٥:١٢ م", "2026-01-05T05:12:00"; seconds are accepted when they are 0.
-/// Nothing for anything else.
+/// "5:12", "05.12", "5h12", "0512", "5:12 PM", "5:12:40", "٥:١٢ م", "2026-01-05T05:12:00". Nothing for anything else.
 std::optional<ClockTime> clockTimeOf(std::string_view text);
 
 /// The three numbers of a date in the order in which they are written; a month by its name is known as such.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,7 @@ enum class Column {
     month,
     year,
 };
+inline constexpr std::size_t columnCount = 19;
 
 /// The column of a heading in Turkish, English, Arabic, Malay or French; nothing for others, such as weekdays.
 std::optional<Column> columnOf(std::string_view heading);

@@ -9,18 +9,12 @@
 #include <vector>
 
 #include "data/Timetable.h"
+#include "timetables/DateReader.h"
 #include "timetables/RawTable.h"
 #include "timetables/SunCheck.h"
 #include "timetables/columns.h"
 
 namespace quode::timetables {
-
-enum class DateOrder { unknown, yearFirst, dayFirst, monthFirst };
-
-struct ImportOptions {
-    DateOrder dateOrder = DateOrder::unknown;  ///< where the dates alone do not tell
-    std::optional<int> year;                   ///< of dates without one
-};
 
 struct Import {
     std::string format;
@@ -29,6 +23,7 @@ struct Import {
     std::vector<std::string> ignored;                     ///< headings that mean nothing here
     DateOrder dateOrder = DateOrder::unknown;
     bool isTwelveHour = false;  ///< a clock of 12 hours without the half of the day
+    bool hasSeconds = false;    ///< some times have seconds; they are rounded to the nearest minute, half a minute up
     Timetable table;
     std::vector<ImportProblem> problems;
 };

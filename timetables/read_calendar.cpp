@@ -37,7 +37,7 @@ sys_seconds localStart(const ListedEvent& event, const ZoneClock& clock) {
     if (event.moment) return *event.moment + seconds(clock.offsetAt(*event.moment));
     const year_month_day date{year(event.year), month(unsigned(event.month)), day(unsigned(event.day))};
     if (!date.ok()) throw ImportError(_("An event of the calendar has no date."));
-    return sys_days(date) + hours(event.hour) + minutes(event.minute);
+    return sys_days(date) + hours(event.hour) + minutes(event.minute) + seconds(event.second);
 }
 
 // The day of a prayer, for a night prayer after midnight that of the evening before.
@@ -54,7 +54,9 @@ std::string dateText(std::chrono::sys_days day) {
 
 std::string clockText(sys_seconds start) {
     const std::chrono::hh_mm_ss time(start - std::chrono::floor<std::chrono::days>(start));
-    return fmt::format("{:02}:{:02}", time.hours().count(), time.minutes().count());
+    const auto second = time.seconds().count();
+    return fmt::format("{:02}:{:02}", time.hours().count(), time.minutes().count()) +
+           (second == 0 ? "" : fmt::format(":{:02}", second));
 }
 
 /// Why the time of an event that names a prayer cannot be used; nothing when it can.

@@ -4,11 +4,11 @@
 #include <array>
 
 #include "common/numbers.h"
-#include "common/utf8.h"
 #include "texts/translation.h"
 #include "timetables/RawTable.h"
 #include "timetables/cells.h"
 #include "timetables/columns.h"
+#include "timetables/encoding.h"
 
 namespace quode::timetables {
 namespace {
@@ -57,18 +57,34 @@ int knownColumns(const std::vector<std::string>& cells) {
     return int(std::ranges::count_if(cells, [](const auto& cell) { return columnOf(cell).has_value(); }));
 }
 
+/// The line that names the columns.
 struct Head {
     std::size_t line = 0;
+    std::size_t lines = 1;  ///< more than one where quoted names have line breaks
+    std::string text;
     char separator = ',';
     int known = 0;
 };
 
+/// A line as the head, with those that follow it as long as a quotation mark is open.
+Head headAt(const std::vector<std::string>& lines, std::size_t line) {
+    constexpr std::size_t longest = 12;  // lines
+    const auto isOpen = [](const std::string& text) { return std::ranges::count(text, '"') % 2 != 0; };
+    Head head{line, 1, lines[line]};
+    while (isOpen(head.text) && head.lines < longest && line + head.lines < lines.size()) {
+        head.text += ' ' + lines[line + head.lines++];
+    }
+    return isOpen(head.text) ? Head{line, 1, lines[line]} : head;
+}
+
 Head findHead(const std::vector<std::string>& lines) {
     Head best;
     for (std::size_t i = 0; i < std::min<std::size_t>(lines.size(), headWithin); ++i) {
+        Head head = headAt(lines, i);
         for (const char separator : separators) {
-            const int known = knownColumns(cellsOf(lines[i], separator));
-            if (known > best.known) best = {i, separator, known};
+            head.separator = separator;
+            head.known = knownColumns(cellsOf(head.text, separator));
+            if (head.known > best.known) best = head;
         }
     }
     return best;
@@ -107,20 +123,9 @@ bool isSecondLine(const std::vector<std::string>& headings, const std::vector<st
     return !hasDigits && knownColumns(withSecondLine(headings, cells)) > knownColumns(headings);
 }
 
-void checkText(std::string_view content) {
-    if (content.size() > largestFile) throw ImportError(_("The file is larger than any timetable of a few years."));
-    if (content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff")) {
-        throw ImportError(_("The file is UTF-16 text. Save it as \"CSV UTF-8\"."));
-    }
-    if (content.find('\0') != std::string_view::npos || !isUtf8(std::string(content))) {
-        throw ImportError(_("The file is not UTF-8 text. Save it as \"CSV UTF-8\"."));
-    }
-}
-
 }  // namespace
 
 RawTable readCsv(std::string_view content) {
-    if (content.starts_with("\xef\xbb\xbf")) content.remove_prefix(3);
     const auto lines = linesOf(content);
     const Head head = findHead(lines);
     if (head.known < fewestColumns) {
@@ -131,13 +136,13 @@ RawTable readCsv(std::string_view content) {
     RawTable table;
     table.format = head.separator == '\t' ? _("CSV, separated by tabs")
                                           : _("CSV, separated by {}", std::string(1, head.separator));
-    table.headings = cellsOf(lines[head.line], head.separator);
+    table.headings = cellsOf(head.text, head.separator);
     for (std::size_t i = 0; i < head.line; ++i) {
         if (!holdsTimes(lines[i])) continue;
         table.problems.push_back(
             {int(i) + 1, _("it holds times above line {}, which names the columns", head.line + 1)});
     }
-    std::size_t first = head.line + 1;
+    std::size_t first = head.line + head.lines;
     const auto below = first < lines.size() ? cellsOf(lines[first], head.separator) : std::vector<std::string>();
     if (isSecondLine(table.headings, below)) {
         table.headings = withSecondLine(table.headings, below);
@@ -151,12 +156,13 @@ RawTable readCsv(std::string_view content) {
 }
 
 RawTable readRawTable(std::string_view content, const ZoneClock& clock) {
-    checkText(content);
-    const std::string_view start = trimmed(content.substr(content.starts_with("\xef\xbb\xbf") ? 3 : 0));
+    if (content.size() > largestFile) throw ImportError(_("The file is larger than any timetable of a few years."));
+    const std::string text = utf8Of(content);
+    const std::string_view start = trimmed(text);
     if (start.empty()) throw ImportError(_("The file is empty."));
-    if (start.starts_with("BEGIN:VCALENDAR")) return readCalendar(content, clock);
+    if (start.starts_with("BEGIN:VCALENDAR")) return readCalendar(text, clock);
     if (start.front() == '{' || start.front() == '[') return readJson(start);
-    return readCsv(content);
+    return readCsv(text);
 }
 
 }  // namespace quode::timetables

@@ -12,7 +12,7 @@ namespace quode::timetables {
 namespace {
 
 constexpr double most = 6.0;              // minutes; tables that go in steps of five minutes stay within
-constexpr double least = 1.25;            // rounding to the minute alone gives up to 1
+constexpr double least = 1.95;            // rounding to the minute gives up to 1, a slip of the pen a minute more
 constexpr double agreement = 4.0;         // between the neighbours
 constexpr int farthestNeighbour = 3;      // days
 constexpr std::size_t fewestPoints = 10;  // that tell how smooth a table is

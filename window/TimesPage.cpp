@@ -191,8 +191,10 @@ void TimesPage::showMethod() {
     const Convention* const usual = conventions::usualIn(city_->countryCode);
     usual_->setVisible(usual != nullptr && usual != chosen);
     if (usual != nullptr) {
-        usual_->setText(
-            toQt(_("Usual in this country: {}. Quode never switches by itself.", std::string(usual->name))));
+        const std::string borrowed = app::borrowedMethodText(session(), *city_, *usual);
+        usual_->setText(toQt(
+            borrowed.empty() ? _("Usual in this country: {}. Quode never switches by itself.", std::string(usual->name))
+                             : borrowed + " " + _("Quode never switches by itself.")));
     }
 }
 

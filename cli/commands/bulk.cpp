@@ -14,6 +14,7 @@
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/day_csv.h"
+#include "cli/method_arguments.h"
 #include "common/numbers.h"
 #include "data/city_days.h"
 #include "terminal/Console.h"
@@ -183,7 +184,9 @@ void runBulk(Console& console, const Arguments& arguments) {
     Session& session = console.session();
     if (console.wantsJson()) throw Failure(ExitCode::usage, _("\"quode bulk\" writes CSV only. Leave --json out."));
     Work work;
+    const conventions::Method method = methodOfCall({}, arguments);
     work.cities = citiesOf(session, arguments);
+    for (CityRecord& city : work.cities) city.choice.method = method;
     work.days = daysWanted(session, arguments, siteOf(work.cities.front()));
     if (work.cities.size() * work.days.size() > mostLines) {
         throw Failure(ExitCode::usage,
@@ -198,15 +201,16 @@ void runBulk(Console& console, const Arguments& arguments) {
 }  // namespace
 
 Command bulkCommand() {
-    return {"bulk",
-            _("The times of many places, as CSV"),
-            {{Parameter::Kind::option, "cities", "all|CODE|ID,...",
-              _("All places (the default), those of countries, or ids")},
-             {Parameter::Kind::option, "largest", "N", _("Only the N most populous of them")},
-             {Parameter::Kind::option, "date", "YYYY-MM-DD", _("The day, or the first day; else today")},
-             {Parameter::Kind::option, "to", "YYYY-MM-DD", _("The last day")},
-             {Parameter::Kind::option, "format", "csv", _("The form of the output"), false, {"csv"}}},
-            runBulk};
+    std::vector<Parameter> all{
+        {Parameter::Kind::option, "cities", "all|CODE|ID,...",
+         _("All places (the default), those of countries, or ids")},
+        {Parameter::Kind::option, "largest", "N", _("Only the N most populous of them")},
+        {Parameter::Kind::option, "date", "YYYY-MM-DD", _("The day, or the first day; else today")},
+        {Parameter::Kind::option, "to", "YYYY-MM-DD", _("The last day")},
+        {Parameter::Kind::option, "format", "csv", _("The form of the output"), false, {"csv"}},
+        {Parameter::Kind::option, "method", "KEY", _("Another method than Quode's own: quode method list")},
+        {Parameter::Kind::option, "height", "METRES", _("The height of the places, for methods that need it")}};
+    return {"bulk", _("The times of many places, as CSV"), std::move(all), runBulk};
 }
 
 }  // namespace quode::cli

@@ -108,6 +108,7 @@ void printPreview(Console& console, const Import& import) {
     if (import.dateOrder == timetables::DateOrder::dayFirst) console.print(_("Dates: the day first"));
     if (import.dateOrder == timetables::DateOrder::monthFirst) console.print(_("Dates: the month first"));
     if (import.isTwelveHour) console.print(_("Clock: 12 hours without AM and PM; taken by the time of the day"));
+    if (import.hasSeconds) console.print(_("Seconds: rounded to the nearest minute, half a minute up"));
     const auto& rows = import.table.rows;
     console.print(_n("{} day", "{} days", rows.size()));
     if (rows.empty()) return;

@@ -49,6 +49,10 @@ Json agreementJson(const Convention& convention) {
                    {"worst_minutes", found->worst}});
 }
 
+std::string countriesOf(const Convention& convention) {
+    return fmt::format("{}{}{}", convention.countries, convention.alsoUsedIn.empty() ? "" : " ", convention.alsoUsedIn);
+}
+
 Json conventionJson(const Convention& convention) {
     Json::Object rules;
     for (const Prayer prayer : prayers) {
@@ -58,10 +62,12 @@ Json conventionJson(const Convention& convention) {
     return object({{"key", std::string(convention.key)},
                    {"name", std::string(convention.name)},
                    {"authority", std::string(convention.authority)},
-                   {"countries", std::string(convention.countries)},
+                   {"countries", countriesOf(convention)},
+                   {"also_used_in", text(convention.alsoUsedIn)},
                    {"rules", Json(std::move(rules))},
                    {"asr_factor", convention.asrFactor},
                    {"high_latitude", std::string(conventions::keyOf(convention.highLatitude))},
+                   {"night_begins", convention.night == conventions::NightBegin::sunset ? "sunset" : "maghrib"},
                    {"common_definition", convention.isCommonDefinition},
                    {"source", std::string(convention.source)},
                    {"remark", text(convention.remark)},
@@ -112,6 +118,11 @@ void runShow(Console& console, const Arguments& arguments) {
                        _("Isha {}°, {}", numberText(convention.north.ishaAngle),
                          std::string(conventions::keyOf(convention.north.rule)))});
         }
+        if (convention.formerFajr.beforeYear > 0) {
+            table.add({_("before {} AH", convention.formerFajr.beforeYear),
+                       _("Fajr {}°", numberText(convention.formerFajr.angle))});
+        }
+        if (convention.night == conventions::NightBegin::sunset) table.add({_("night"), _("from sunset")});
         console.print(table, 2);
         console.print();
     }
@@ -125,11 +136,13 @@ void runSuggest(Console& console, const Arguments& arguments) {
     const ChosenPlace place = choosePlace(console.session(), arguments.text("city"));
     const std::string country = place.nearest ? place.nearest->city.countryCode : place.city.countryCode;
     const Convention* usual = conventions::usualIn(country);
+    const bool isOwn = usual != nullptr && conventions::isOfCountry(*usual, country);
     if (console.wantsJson()) {
         return console.printJson(object({{"place", placeJson(place)},
                                          {"country_code", country},
                                          {"chosen", place.city.choice.method.key},
-                                         {"suggestion", usual == nullptr ? Json() : Json(std::string(usual->key))}}));
+                                         {"suggestion", usual == nullptr ? Json() : Json(std::string(usual->key))},
+                                         {"of_country", usual == nullptr ? Json() : Json(isOwn)}}));
     }
     printPlace(console, place);
     console.print(_("Chosen: {}.", std::string(conventionNamed(place.city.choice.method.key).name)));
@@ -138,8 +151,15 @@ void runSuggest(Console& console, const Arguments& arguments) {
             console.wrapped(_("No authority's method is known to be usual here. Compare methods with your "
                               "mosque's timetable: quode method compare")));
     }
-    console.print(console.wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
-                                    std::string(usual->name), std::string(usual->key))));
+    if (isOwn) {
+        return console.print(
+            console.wrapped(_("Usual here: {}. Nothing was changed; choose it with: quode method set {}",
+                              std::string(usual->name), std::string(usual->key))));
+    }
+    const CityRecord& inCountry = place.nearest ? place.nearest->city : place.city;
+    console.print(console.wrapped(borrowedMethodText(console.session(), inCountry, *usual)));
+    console.print(
+        console.wrapped(_("Nothing was changed; choose it with: quode method set {}", std::string(usual->key))));
 }
 
 }  // namespace

@@ -28,6 +28,25 @@ TEST(Bulk, HasTheTimesOfTheTimetable) {
     EXPECT_TRUE(bulk[1].starts_with("3143244,Oslo,Oslo,NO,2026-06-01,")) << bulk[1];
 }
 
+TEST(Bulk, ComputesByTheMethodOfTheCall) {
+    const auto bulk = Program().run(
+        {"bulk", "--cities", "745044", "--date", "2026-06-01", "--to", "2026-06-30", "--method", "diyanet"});
+    const auto month =
+        Program().run({"month", "2026-06", "--city", "745044", "--method", "diyanet", "--format", "csv"});
+    ASSERT_EQ(bulk.lines().size(), 31U) << bulk.err;
+    for (std::size_t i = 0; i < 31; ++i) {
+        EXPECT_EQ(behindCommas(bulk.lines()[i], 5), behindCommas(month.lines()[i], 3));
+    }
+}
+
+TEST(Bulk, LeavesTheMethodsOfSingleCitiesAside) {
+    const Program program;
+    const std::vector<std::string> bulk{"bulk", "--cities", "745044", "--date", "2026-06-01"};
+    const std::string before = program.run(bulk).out;
+    ASSERT_EQ(program.run({"method", "set", "diyanet", "--city", "745044"}).code, 0);
+    EXPECT_EQ(program.run(bulk).out, before);
+}
+
 TEST(Bulk, TakesCountriesAndIdsAndTheLargest) {
     const auto lines = Program().run({"bulk", "--cities", "km,745044", "--format", "csv"}).lines();
     ASSERT_GT(lines.size(), 10U);
@@ -68,6 +87,8 @@ TEST(Bulk, SaysWhatIsWrong) {
     expect({"bulk", "--date", "2026-01-01", "--to", "2026-12-31"}, 2, "fewer");
     expect({"bulk", "--format", "json"}, 2, "--format");
     expect({"bulk", "--json"}, 2, "CSV");
+    expect({"bulk", "--method", "nobody"}, 1, "nobody");
+    expect({"bulk", "--method", "diyanet", "--height", "-5"}, 2, "height");
 }
 
 }  // namespace

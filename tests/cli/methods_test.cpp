@@ -116,6 +116,20 @@ TEST(Method, IsSuggestedAndNotSwitched) {
     EXPECT_EQ(day(program, {"--city", "Singapore"}).at("method").at("key"), "quode");
 }
 
+TEST(Method, OfAnotherCountryIsNotCalledThatOfAnAuthority) {
+    const Program program;
+    const Outcome libya = program.run({"method", "suggest", "--city", "Tripoli, LY"});
+    EXPECT_NE(libya.out.find("No authority of Libya is in the list"), std::string::npos) << libya.out << libya.err;
+    EXPECT_EQ(libya.out.find("Usual"), std::string::npos) << libya.out;
+    EXPECT_NE(libya.out.find("quode method set egypt"), std::string::npos) << libya.out;
+    const json answer = program.run({"method", "suggest", "--city", "Tripoli, LY", "--json"}).json();
+    EXPECT_EQ(answer.at("suggestion"), "egypt");
+    EXPECT_EQ(answer.at("of_country"), false);
+    EXPECT_EQ(program.run({"method", "suggest", "--city", "Cairo", "--json"}).json().at("of_country"), true);
+    ASSERT_EQ(program.run({"city", "home", "Tripoli, LY"}).code, 0);
+    EXPECT_NE(program.run({"today"}).out.find("No authority of Libya"), std::string::npos);
+}
+
 TEST(Method, IsExplained) {
     const Program program;
     const Outcome diyanet = program.run({"method", "show", "diyanet"});
@@ -123,6 +137,61 @@ TEST(Method, IsExplained) {
     EXPECT_NE(program.run({"method", "show", "mwl"}).out.find("not checked against published"), std::string::npos);
     EXPECT_EQ(program.run({"method", "list", "--json"}).json().at("methods").size(), 27U);
     EXPECT_NE(program.run({"method", "show", "jakim"}).out.find("WLY01"), std::string::npos);
+}
+
+TEST(Method, OfTehranCountsMidnightFromSunset) {
+    const json tehran = Program().run({"month", "2026-03", "--city", "Tehran", "--method", "tehran", "--json"}).json();
+    const json mwl = Program().run({"month", "2026-03", "--city", "Tehran", "--method", "mwl", "--json"}).json();
+    const auto hours = [](const json& day, const char* part, const char* key) {
+        return day.at(part).at(key).at("hours").get<double>();
+    };
+    for (std::size_t i = 0; i < tehran.at("days").size(); ++i) {
+        const json& day = tehran.at("days").at(i);
+        const double sunset = hours(mwl.at("days").at(i), "prayers", "maghrib"), fajr = hours(day, "prayers", "fajr");
+        const double night = fajr + 24.0 - sunset;
+        EXPECT_NEAR(hours(day, "night", "midnight"), sunset + night / 2.0, 0.01);
+        EXPECT_NEAR(hours(day, "night", "first_third"), sunset + night / 3.0, 0.01);
+        EXPECT_NEAR(hours(day, "night", "last_third"), sunset + night * 2.0 / 3.0, 0.01);
+    }
+}
+
+TEST(Method, MarksATimeBeforeOneThatItFollows) {
+    const Program program;
+    const std::vector<std::string> rovaniemi{"today",      "--city",   "66.5,25.7", "--date",
+                                             "2026-12-21", "--method", "morocco"};
+    const Outcome page = program.run(rovaniemi);
+    EXPECT_NE(page.out.find("before the time that it follows"), std::string::npos) << page.out;
+    const Outcome csv =
+        program.run({"month", "2026-12", "--city", "66.5,25.7", "--method", "morocco", "--format", "csv"});
+    EXPECT_NE(csv.lines().at(21).find("asr_out_of_order"), std::string::npos) << csv.lines().at(21);
+    EXPECT_EQ(program.run({"month", "2026-06", "--city", "Ankara", "--method", "morocco", "--format", "csv"})
+                  .out.find("out_of_order"),
+              std::string::npos);
+}
+
+TEST(Method, NotesATimeInTheEveningBefore) {
+    // The clock is an hour behind the Sun's, and dawn begins at its midnight.
+    const std::vector<std::string> june{"month", "2026-06", "--city", "48.36,134.29", "--method", "mwl"};
+    std::vector<std::string> csv = june;
+    csv.insert(csv.end(), {"--format", "csv"});
+    const std::string line = Program().run(csv).lines().at(20);
+    EXPECT_NE(line.find(",23:29,"), std::string::npos) << line;
+    EXPECT_NE(line.find("fajr_before_midnight"), std::string::npos) << line;
+    std::vector<std::string> asJson = june;
+    asJson.emplace_back("--json");
+    const json notes = Program().run(asJson).json().at("days").at(19).at("notes");
+    EXPECT_NE(std::find(notes.begin(), notes.end(), json("fajr_before_midnight")), notes.end());
+}
+
+TEST(Method, OfMalaysiaIsNotCertainOfAZoneAbroad) {
+    const auto isCertain = [](const char* city) {
+        const json page = Program().run({"today", "--city", city, "--method", "jakim", "--json"}).json();
+        return page.at("method").at("point").at("certain").get<bool>();
+    };
+    for (const char* abroad : {"Singapore", "1.29,103.85", "Bandar Seri Begawan", "Hat Yai", "Pontianak"}) {
+        EXPECT_FALSE(isCertain(abroad)) << abroad;
+    }
+    for (const char* home : {"George Town", "5.414,100.329", "Kota Bharu"}) EXPECT_TRUE(isCertain(home)) << home;
 }
 
 TEST(Method, IsComparedSideBySide) {

@@ -30,6 +30,7 @@ Nothing is ever switched by itself: `quode method suggest` only names the one th
 - Angles are depressions of the Sun's centre; `0°50′` is sunrise and sunset. Minutes are added to the geometric time.
 - `up` and `down` say how seconds become a minute; without a word, to the nearest.
 - `0h UT`: the place of the Sun is taken once, at 0 h universal time of the date.
+- `night from sunset`: midnight and the thirds of the night are counted from sunset; elsewhere from Maghrib. The night ends with Fajr.
 - `dip`: the dip of the horizon, 0.0321° times the square root of the height in metres, is added to the depressions.
 - Agreement counts the published rows at hand: exact, within one minute, within two, and the worst difference. A table's point
   is often not the centre of the city; a hundredth of a degree moves one minute in 25.
@@ -111,6 +112,7 @@ std::string rulesTable() {
                                 keyOf(convention.north.rule));
         }
         if (convention.height == HeightRule::dip) rule += "; dip";
+        if (convention.night == NightBegin::sunset) rule += "; night from sunset";
         table += fmt::format(" {} |\n", rule);
     }
     return table;

@@ -36,6 +36,18 @@ TEST(Conventions, nameTheUsualOneOfACountry) {
     EXPECT_EQ(usualIn(""), nullptr);
 }
 
+TEST(Conventions, tellAnAuthorityOfTheCountryFromACalculationUsedThere) {
+    for (const char* own : {"TR", "SA", "EG", "PK", "MY", "SG", "IR"}) {
+        ASSERT_NE(usualIn(own), nullptr) << own;
+        EXPECT_TRUE(isOfCountry(*usualIn(own), own)) << own;
+    }
+    for (const char* borrowed :
+         {"LY", "SD", "SY", "LB", "IQ", "PS", "YE", "BH", "OM", "BD", "IN", "AF", "NP", "CY", "SE"}) {
+        ASSERT_NE(usualIn(borrowed), nullptr) << borrowed;
+        EXPECT_FALSE(isOfCountry(*usualIn(borrowed), borrowed)) << borrowed;
+    }
+}
+
 TEST(Method, survivesItsText) {
     Method method;
     method.key = "diyanet";

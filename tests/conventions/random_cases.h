@@ -59,7 +59,7 @@ class Cases {
 
 inline void check(const Case& it) {
     const ConventionDay day = computeDay(it.method, it.request);
-    double before = -48.0;
+    double before = -48.0, latest = before;
     for (std::size_t i = 0; i < mainPrayerCount; ++i) {
         const Prayer prayer = prayerAt(i);
         const ConventionTime& time = day.time(prayer);
@@ -76,7 +76,13 @@ inline void check(const Case& it) {
         EXPECT_GE(time.hours, before - 15.0 / 60.0) << it << ' ' << nameOf(prayer);
         EXPECT_GT(time.hours, -14.0) << it;
         EXPECT_LT(time.hours, 38.0) << it;
+        EXPECT_EQ(time.caution == Caution::outOfOrder, time.hours < latest) << it << ' ' << nameOf(prayer);
         before = time.hours;
+        latest = std::max(latest, before);
+    }
+    const double dhuhr = day.time(Prayer::dhuhr).hours;
+    for (const ConventionTime& asr : {day.asrStandard, day.asrHanafi}) {
+        EXPECT_TRUE(asr.hours >= dhuhr || asr.caution == Caution::outOfOrder) << it;
     }
     EXPECT_GT(day.time(Prayer::dhuhr).hours, 0.0) << it;
     EXPECT_LT(day.time(Prayer::dhuhr).hours, 24.3) << it;

@@ -33,6 +33,31 @@ TEST(UmmAlQura, prolongsIshaInRamadan) {
     EXPECT_NEAR(minutes(first, Prayer::isha) - minutes(first, Prayer::maghrib), 120.0, 1e-6);
 }
 
+TEST(UmmAlQura, hasItsFormerAngleBefore1430) {
+    const auto fajr = [](const char* text, int year, int month, int day) {
+        return computeDay(method(text), at(21.42, 39.83, 3, year, month, day)).time(Prayer::fajr);
+    };
+    // 1430 began on 29 December 2008. Half a degree is some two minutes.
+    const ConventionTime last = fajr("umm-al-qura", 2008, 12, 28), first = fajr("umm-al-qura", 2008, 12, 29);
+    EXPECT_EQ(last.hours, fajr("umm-al-qura fajr-angle=19", 2008, 12, 28).hours);
+    EXPECT_EQ(last.caution, Caution::formerAngle);
+    EXPECT_EQ(first.hours, fajr("umm-al-qura fajr-angle=18.5", 2008, 12, 29).hours);
+    EXPECT_EQ(first.caution, Caution::none);
+    EXPECT_EQ(fajr("umm-al-qura fajr-angle=18.5", 2008, 12, 28).caution, Caution::none);
+    EXPECT_LT(last.exact + 0.02, fajr("umm-al-qura fajr-angle=18.5", 2008, 12, 28).exact);
+    EXPECT_EQ(fajr("umm-al-qura", 1850, 1, 1).caution, Caution::formerAngle);
+    EXPECT_EQ(fajr("umm-al-qura", 2200, 1, 1).caution, Caution::none);
+}
+
+TEST(UmmAlQura, saysWhereNoCalendarTellsOfRamadan) {
+    const auto isha = [](int year) {
+        return computeDay(method("umm-al-qura"), at(21.42, 39.83, 3, year, 1, 1)).time(Prayer::isha);
+    };
+    EXPECT_EQ(isha(2026).caution, Caution::none);
+    EXPECT_EQ(isha(2200).caution, Caution::unknownRamadan);
+    EXPECT_EQ(isha(1850).caution, Caution::unknownRamadan);
+}
+
 TEST(UmmAlQura, countsTheDaysOfPublishedYears) {
     const auto firstOf1447 = ummAlQuraDay(20265);  // 26 June 2025
     ASSERT_TRUE(firstOf1447);
@@ -60,6 +85,18 @@ TEST(Dip, makesTheDayLonger) {
     EXPECT_EQ(minutes(above, Prayer::dhuhr), minutes(below, Prayer::dhuhr));
 }
 
+TEST(NightFromSunset, beginsBeforeAMaghribByAnAngle) {
+    for (const char* key : {"tehran", "jafari"}) {
+        const Request tehran = at(35.69, 51.42, 3.5, 2026, 3, 21);
+        const ConventionDay day = computeDay(method(key), tehran);
+        ASSERT_TRUE(day.nightBegin) << key;
+        // Without minutes of its own mwl has Maghrib at sunset, rounded.
+        EXPECT_NEAR(*day.nightBegin * 60.0, minutes(computeDay(method("mwl"), tehran), Prayer::maghrib), 0.501);
+        EXPECT_GT(day.time(Prayer::maghrib).hours - *day.nightBegin, 0.2) << key;
+    }
+    EXPECT_FALSE(computeDay(method("mwl"), at(35.69, 51.42, 3.5, 2026, 3, 21)).nightBegin);
+}
+
 TEST(HeightSteps, needTheUsersHeight) {
     Request request = at(-6.9, 107.6, 7, 2026, 4, 1);
     request.height = 768.0;
@@ -80,6 +117,11 @@ TEST(JakimZones, belongToTowns) {
     EXPECT_EQ(usedPoint(jakim, 51.5, -0.1).latitude, 51.5);
     EXPECT_EQ(usedPoint(jakim, 3.141, 101.687, "SGR03").name, "SGR03");
     EXPECT_FALSE(usedPoint(jakim, 4.47, 101.377).isCertain);  // a mountain zone
+    // Singapore is near Johor's seats only.
+    EXPECT_EQ(usedPoint(jakim, 1.29, 103.85, "", "SG").name, usedPoint(jakim, 1.29, 103.85).name);
+    EXPECT_FALSE(usedPoint(jakim, 1.29, 103.85, "", "SG").isCertain);
+    EXPECT_TRUE(usedPoint(jakim, 5.414, 100.329, "", "MY").isCertain);
+    EXPECT_TRUE(usedPoint(jakim, 1.29, 103.85, "JHR02", "SG").isCertain);
     // Kampong Sungai Kechil Ulu is 5.9 km from the seat of one zone and 6.0 km from that of another.
     EXPECT_FALSE(usedPoint(jakim, 5.10962, 100.5438).isCertain);
 }
@@ -135,6 +177,17 @@ TEST(HighLatitude, changesNothingWhereTheAngleIsReached) {
          {"mwl high-latitude=middle-of-night", "mwl high-latitude=nearest-latitude", "mwl high-latitude=nearest-day"}) {
         EXPECT_EQ(minutes(computeDay(method(text), istanbul), Prayer::fajr), minutes(plain, Prayer::fajr)) << text;
     }
+}
+
+TEST(AddedMinutes, thatAreLongerThanTheDayAreMarked) {
+    // At noon the Sun is just above the horizon: Asr follows at once, and Dhuhr has five minutes added.
+    const ConventionDay winter = computeDay(method("morocco"), at(66.5, 25.7, 2, 2026, 12, 21));
+    ASSERT_GT(winter.time(Prayer::dhuhr).hours, winter.time(Prayer::asr).hours);
+    EXPECT_EQ(winter.time(Prayer::asr).caution, Caution::outOfOrder);
+    EXPECT_EQ(winter.asrStandard.caution, Caution::outOfOrder);
+    EXPECT_EQ(winter.time(Prayer::dhuhr).caution, Caution::none);
+    const ConventionDay summer = computeDay(method("morocco"), at(60.2, 25.7, 3, 2026, 5, 1));
+    for (const ConventionTime& time : summer.times) EXPECT_EQ(time.caution, Caution::none);
 }
 
 TEST(PolarDay, takesALowerLatitudeAndSaysSo) {

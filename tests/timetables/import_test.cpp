@@ -129,6 +129,16 @@ TEST(Import, readsJsonAndCalendars) {
     EXPECT_EQ(minute(calendar, firstOfMarch2026, 4), 19 * 60 + 2);
 }
 
+TEST(Import, roundsTheSecondsOfACalendarToo) {
+    const Import calendar = imported(
+        "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Mosque//EN\r\n"
+        "BEGIN:VEVENT\r\nUID:1\r\nSUMMARY:Fajr\r\nDTSTART:20260301T060640\r\nEND:VEVENT\r\n"
+        "BEGIN:VEVENT\r\nUID:2\r\nSUMMARY:Maghrib\r\nDTSTART:20260301T160220Z\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+    EXPECT_EQ(minute(calendar, firstOfMarch2026, 0), 6 * 60 + 7);
+    EXPECT_EQ(minute(calendar, firstOfMarch2026, 4), 19 * 60 + 2);
+    EXPECT_TRUE(calendar.hasSeconds);
+}
+
 TEST(Import, takesUniversalTimesByTheClockOfThePlace) {
     const Import calendar = imported(
         "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Mosque//EN\r\n"

@@ -54,6 +54,28 @@ TEST(Smoothness, findsNeighbouringDaysThatAreWrongTogether) {
     }
 }
 
+TEST(Smoothness, namesASingleDayThatIsFarFromItsNeighbours) {
+    constexpr int wrongDay = 12;
+    for (const char* method : {"diyanet", "mwl", "umm-al-qura"}) {
+        for (const int prayer : {0, 1, 2, 3, 4, 5}) {
+            for (const int minutes : {-60, -10, -7, 7, 10, 60}) {
+                Timetable table = tableBy(method, 2026, 3);
+                *table.rows.at(firstOfMarch2026 + wrongDay).minutes[std::size_t(prayer)] += minutes;
+                EXPECT_EQ(daysThatStandOut(table, istanbul(), prayer), std::vector{wrongDay})
+                    << method << ' ' << prayer << ' ' << minutes;
+            }
+        }
+    }
+}
+
+TEST(Smoothness, acceptsASingleDayAMinuteBesideItsNeighbours) {
+    for (const int prayer : {0, 1, 2, 3, 4, 5}) {
+        Timetable table = tableBy("diyanet", 2026, 3);
+        ++*table.rows.at(firstOfMarch2026 + 12).minutes[std::size_t(prayer)];
+        EXPECT_TRUE(daysThatStandOut(table, istanbul(), prayer).empty()) << prayer;
+    }
+}
+
 TEST(Smoothness, letsATableChangeItsRuleOnce) {
     Timetable table = tableBy("diyanet", 2026, 3);
     for (int day = 19; day < 31; ++day) *table.rows.at(firstOfMarch2026 + day).minutes[5] += 30;

@@ -66,6 +66,9 @@ std::string accuracyPage(const std::vector<Comparison>& comparisons) {
         "the values in `tests/fixtures/truth`, each with its source; a test keeps it up to date and checks the\n"
         "tolerances. The conformance tests are separate: they compare the engine with its own\n"
         "definitions, to the last digit.\n\n"
+        "Beyond 60 degrees of latitude the Sun crosses an altitude slowly: an error of its place becomes a larger\n"
+        "one of the time. Events that it passes by less than 3 degrees an hour are left out there. The places of\n"
+        "the Sun's events lie within 60 degrees of the meridian of Greenwich.\n\n"
         "| quantity | unit | values | RMS | largest | bias | tolerance | source |\n"
         "| --- | --- | ---: | ---: | ---: | ---: | ---: | --- |\n";
     for (const Comparison& c : comparisons) {
