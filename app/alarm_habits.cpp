@@ -57,7 +57,7 @@ unsigned dayNamed(Session& session, std::string_view word) {
     for (const int day : week) {
         if (isCalled(session, day, word)) return 1U << day;
     }
-    refuse(_("\"{}\" is no day of the week. Write days such as mon,wed,fri, or all.", word));
+    refuse(_("\"{}\" is not a day of the week. Write days such as mon,wed,fri, or all.", word));
 }
 
 }  // namespace

@@ -272,7 +272,7 @@ Finding checkAlarmService(Session& session, const Known& known) {
             found.command = state.remedy;
         } else if (!startsAtLogin) {
             found.state = State::problem;
-            found.advice = _("It does not start with the next login. Switch an alarm on again, which sees to that:");
+            found.advice = _("It does not start with the next login. Switch an alarm on again:");
             found.command = "quode alarm on PRAYER";
         }
     } else if (!state.serviceRuns) {

@@ -81,7 +81,7 @@ std::string ruleSentence(const Convention& convention, Prayer prayer) {
     const std::string minutes = fixedText(std::abs(rule.minutes), rule.minutes == std::round(rule.minutes) ? 0 : 2);
     return text + " " +
            (rule.minutes > 0.0 ? _("The authority adds {} min.", minutes)
-                               : _("The authority takes off {} min.", minutes));
+                               : _("The authority subtracts {} min.", minutes));
 }
 
 std::string nameText(const Convention& convention) {

@@ -95,7 +95,7 @@ AlarmChange AlarmBook::switchAlarm(int code, bool isOn, AlarmJournal& journal) {
 AlarmChange AlarmBook::readBack(int code, bool isOn, const std::vector<AlarmOccurrence>& next) {
     const UserAlarm alarm = database_->alarm(code);
     if (alarm.isOn != isOn) {
-        return {false, false, _("Another program switched the alarm at the same time. Look at it again.")};
+        return {false, false, _("Another program switched the alarm at the same time. Check it and try again.")};
     }
     if (isOn ? isInPlace(alarm, next) : alarm.eventIdentifier.empty()) return {};
     return {true, false, _(notInPlace)};

@@ -66,10 +66,9 @@ void CityFinder::find(const QString& text) {
     const std::string wanted = text.trimmed().toStdString();
     try {
         if (!wanted.empty()) hits_ = search_(wanted);
-        nothing_->setText(
-            hasOtherLetters(text)
-                ? _("In these letters only large cities are known. Try the name in Latin letters.")
-                : _("No place goes with this. Try another spelling, or the name of a larger city nearby."));
+        nothing_->setText(hasOtherLetters(text)
+                              ? _("In these letters only large cities are known. Try the name in Latin letters.")
+                              : _("No place matches. Try another spelling, or the name of a larger city nearby."));
     } catch (const std::runtime_error& error) {
         nothing_->setText(QString::fromUtf8(error.what()));
     }

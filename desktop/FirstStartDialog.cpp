@@ -122,7 +122,7 @@ void FirstStartDialog::showCity() {
     const bool isOfZone = cityOfZone && cityOfZone->id == guess_.id;
     question_->setText(
         toQt(found_     ? _("Your city is {}, {}.", name, regionAndCountryOf(city()).toStdString())
-             : isOfZone ? _("Your city is {}, going by the time zone. Keep it, or search.", name)
+             : isOfZone ? _("Your city is {}, according to the time zone. Keep it, or search.", name)
                         : _("The time zone of this device has no city: {} is shown. Search for your city.", name)));
     // Nothing is known of the user's country where not even the zone tells it.
     const conventions::Convention* const usual =

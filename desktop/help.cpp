@@ -39,8 +39,9 @@ constexpr std::array<Section, 7> sections{{
                            "keys until it agrees with where north is.")},
     {N_("Keys"), N_("Tab and Shift+Tab go from button to button, Space presses one. F10 opens the menu, Ctrl+C copies "
                     "today’s times, "
-                    "Ctrl+F chooses a city, F1 opens this help, Escape closes the panel, Ctrl+Q ends the program.")},
-    {N_("In a terminal"), N_("Everything can also be done by the command quode. \"quode --help\" tells how.")},
+                    "Ctrl+F chooses a city, Ctrl+P prints a timetable, F1 opens this help, Escape closes the panel, "
+                    "Ctrl+Q ends the program.")},
+    {N_("In a terminal"), N_("The command quode does the same. See \"quode --help\".")},
 }};
 
 QString escaped(const std::string& text) {

@@ -54,7 +54,7 @@ class Panel : public QObject, private WidgetHost {
     void refreshFacts();
 
     /// Presents a presented widget again.
-    void presentAnew();
+    void presentAgain();
 
     /// Presents the widget; one that is presented comes to the front.
     void present(QPoint pointer);

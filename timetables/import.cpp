@@ -89,7 +89,7 @@ class Reader {
 
     int minuteOf(const std::string& text, Column column) const {
         const auto time = clockTimeOf(text);
-        if (!time) throw BadRow{_("{} is \"{}\", which is no time", nameOf(column), text)};
+        if (!time) throw BadRow{_("{} is \"{}\", which is not a time", nameOf(column), text)};
         return wholeMinuteOf(*time, column) + roundUp(*time);
     }
 
@@ -210,7 +210,7 @@ class Reader {
                                      : columns_.cell(row, Column::day) + " " + columns_.cell(row, Column::month);
         const auto date = dates_.written(row);
         if (date && date->third < 0 && !options_.year) throw BadRow{_("\"{}\" has no year; say it with --year", text)};
-        throw BadRow{_("\"{}\" is no date", text)};
+        throw BadRow{_("\"{}\" is not a date", text)};
     }
 
     void readRow(const RawRow& row) {

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "app/mending.h"
+#include "app/repairs.h"
 #include "desktop/alarm_service.h"
 #include "desktop/help.h"
 #include "texts/translation.h"
@@ -25,7 +25,7 @@ const char* signOf(State state) {
 }
 
 QString nameOf(State state) {
-    return state == State::ok ? _("in order") : state == State::note ? _("note") : _("to be mended");
+    return state == State::ok ? _("OK") : state == State::note ? _("note") : _("problem");
 }
 
 // A line with a word in Arabic letters is read from the right, also where it begins with a name in Latin ones.
@@ -77,7 +77,7 @@ void AboutPage::examine() {
     if (wanted == shown_) return;
     shown_ = wanted;
     removeAll(*checks_->column());
-    checks_->column()->addWidget(newHeading(_("Is all in order?"), checks_));
+    checks_->column()->addWidget(newHeading(_("Checks"), checks_));
     for (const app::Finding& each : findings) addFinding(each, &each == &findings.front());
 }
 
@@ -96,18 +96,18 @@ void AboutPage::addFinding(const app::Finding& finding, bool isFirst) {
         texts->addWidget(newLabel(inReadingDirection(withoutCommand(finding.advice)), checks_));
     row->addWidget(sign, 0, Qt::AlignTop);
     row->addLayout(texts, 1);
-    if (app::canMend(finding)) {
-        auto* const button = new QPushButton(_("Mend"), checks_);
-        button->setAccessibleName(toQt(_("Mend: {}", finding.name)));
-        connect(button, &QPushButton::clicked, this, [this, finding] { mend(finding); });
+    if (app::canRepair(finding)) {
+        auto* const button = new QPushButton(_("Repair"), checks_);
+        button->setAccessibleName(toQt(_("Repair: {}", finding.name)));
+        connect(button, &QPushButton::clicked, this, [this, finding] { repair(finding); });
         row->addWidget(button, 0, Qt::AlignTop);
     }
     checks_->column()->addLayout(row);
 }
 
-void AboutPage::mend(const app::Finding& finding) {
+void AboutPage::repair(const app::Finding& finding) {
     context().change([&] {
-        app::mend(session(), finding);
+        app::repair(session(), finding);
         if (std::string_view(finding.key) == "alarm_service") startAlarmService(session().dataFolder());
     });
 }

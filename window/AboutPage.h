@@ -24,7 +24,7 @@ class AboutPage : public Page {
   private:
     QWidget* newFactsPart();
     void addFinding(const app::Finding& finding, bool isFirst);
-    void mend(const app::Finding& finding);
+    void repair(const app::Finding& finding);
     void examine();
 
     Card* checks_;

@@ -139,7 +139,7 @@ QWidget* TimesPage::newPreviewPart() {
         connect(minutes_[row], &QSpinBox::valueChanged, this,
                 [this, row](int minutes) { take([row, minutes](Method& method) { method.adjust[row] = minutes; }); });
     }
-    undo_ = new QPushButton(_("Back to before"), card);
+    undo_ = new QPushButton(_("Restore"), card);
     card->column()->addWidget(newHeading(_("Today’s times"), card));
     card->column()->addLayout(grid);
     card->column()->addWidget(undo_, 0, Qt::AlignRight);

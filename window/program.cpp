@@ -119,7 +119,7 @@ ExitCode serve(Session& session, const Instance& instance, const WindowOptions& 
 }  // namespace
 
 ExitCode runWindow(const Environment& environment, const LanguageChoice& language, const WindowOptions& options) {
-    chooseDisplay(environment, _("In a terminal the same is done by the command quode; see quode --help"));
+    chooseDisplay(environment, _("In a terminal, use the command quode; see quode --help"));
     Session session(environment, {.language = language, .onProblem = terminal::writeProblem});
     enlarge(settingsOf(session).textSize);
     int count = 1;

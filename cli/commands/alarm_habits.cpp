@@ -86,7 +86,7 @@ Command alarmRemindCommand() {
 Command alarmSkipCommand() {
     return {"skip",
             _("Leave out the next ring of an alarm"),
-            {prayerWord(), {Parameter::Kind::toggle, "undo", "", _("Let it ring after all")}},
+            {prayerWord(), {Parameter::Kind::toggle, "undo", "", _("Cancel the skip")}},
             runSkip};
 }
 

@@ -56,7 +56,7 @@ void runUpcoming(Console& console, const Arguments&) {
 }  // namespace
 
 Command alarmUpcomingCommand() {
-    return {"upcoming", _("What will ring within a day, and by whom"), {}, runUpcoming};
+    return {"upcoming", _("The rings of the next 24 hours, and the program that rings"), {}, runUpcoming};
 }
 
 }  // namespace quode::cli

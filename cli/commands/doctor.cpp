@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 // quode doctor: whether all is in order, and what to do where it is not.
 #include "app/doctor_checks.h"
-#include "app/mending.h"
+#include "app/repairs.h"
 #include "cli/commands.h"
 #include "terminal/Console.h"
 #include "texts/translation.h"

@@ -41,7 +41,7 @@ Iqama iqamaOf(const std::string& text) {
                              *minute < minutesPerHour;
         if (isClock) return {true, *hour * minutesPerHour + *minute};
     }
-    throw Failure(ExitCode::usage, _("\"{0}\" is no time of the congregation. Write +MINUTES after the prayer time, up "
+    throw Failure(ExitCode::usage, _("\"{0}\" is not an iqama time. Write +MINUTES after the prayer time, up "
                                      "to +{1}, or a clock time such as 13:30.",
                                      text, longestIqama));
 }
@@ -119,7 +119,7 @@ Command iqamaSetCommand() {
 
 Command iqamaRemoveCommand() {
     return {"remove",
-            _("Forget it"),
+            _("Remove it"),
             {{Parameter::Kind::words, "PRAYERS", "", _("The prayers, such as fajr isha; all when none is named")},
              cityParameter()},
             runRemove};

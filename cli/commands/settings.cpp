@@ -49,7 +49,7 @@ Command settingsCommand() {
     return {"settings",
             _("Show or change settings"),
             {{Parameter::Kind::word, "KEY", "", _("Its name; without one all settings are shown")},
-             {Parameter::Kind::word, "VALUE", "", _("What it is to be")}},
+             {Parameter::Kind::word, "VALUE", "", _("The new value")}},
             runSettings};
 }
 

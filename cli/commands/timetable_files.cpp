@@ -62,7 +62,7 @@ void writeTimetable(Console& console, const Arguments& arguments, const PrintReq
     const std::optional<std::string> file = arguments.text("output");
     refuseOthers(arguments, format);
     if (format == "pdf" && !file && console.drawsOnTerminal()) {
-        throw Failure(ExitCode::usage, _("A PDF is nothing for a terminal. Name a file: --output times.pdf"));
+        throw Failure(ExitCode::usage, _("A PDF cannot be shown in a terminal. Name a file: --output times.pdf"));
     }
     const TimetableFormat wanted = formatOf(format);
     const auto alarm = wanted == TimetableFormat::ics ? alarmMinutes(arguments) : std::nullopt;

@@ -326,7 +326,7 @@ TEST_F(AlarmKeeperTest, LeavesTheFilesAloneWhenNothingIsDue) {
     EXPECT_EQ(std::filesystem::last_write_time(folder.path() / "user.sqlite"), written);
 }
 
-TEST_F(AlarmKeeperTest, WritesAnEventAnewThatTheUserDeleted) {
+TEST_F(AlarmKeeperTest, WritesAnEventAgainThatTheUserDeleted) {
     switchOn(204);
     keeper->wake();
     calendar->events.clear();

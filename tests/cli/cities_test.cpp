@@ -134,7 +134,7 @@ TEST(SystemZone, MayBeWrittenInEveryWayThatNamesOne) {
     }
 }
 
-TEST(SystemZone, ThatNamesNoPlaceIsTold) {
+TEST(SystemZone, ThatNamesNoPlaceIsReported) {
     Program rule;
     const Outcome clock = rule.with("TZ", "CET-1CEST,M3.5.0,M10.5.0/3").run({"next"});
     EXPECT_EQ(

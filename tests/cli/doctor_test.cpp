@@ -200,7 +200,7 @@ TEST(NewerZoneData, ThatLackAZoneAreNamedWithTheOneThatCounts) {
 
 // --- the desktop
 
-TEST(Desktop, WithoutABusIsToldAtOnce) {
+TEST(Desktop, WithoutABusIsReportedAtOnce) {
     const Program program;
     const auto start = std::chrono::steady_clock::now();
     const json check = checkOf(program, "notifications");
@@ -210,7 +210,7 @@ TEST(Desktop, WithoutABusIsToldAtOnce) {
     EXPECT_EQ(check["advice"], "Alarms are heard but not shown. Run quode in your desktop session.");
 }
 
-TEST(Desktop, WithABusThatNobodyAnswersIsToldAtOnce) {
+TEST(Desktop, WithABusThatNobodyAnswersIsReportedAtOnce) {
     Program program;
     program.with("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (program.folder() / "nobody").string());
     EXPECT_EQ(checkOf(program, "notifications")["text"], "no session bus");
@@ -218,7 +218,7 @@ TEST(Desktop, WithABusThatNobodyAnswersIsToldAtOnce) {
     EXPECT_EQ(checkOf(program, "notifications")["text"], "no session bus");
 }
 
-TEST(Desktop, WithoutAServiceIsToldWithWhatToDo) {
+TEST(Desktop, WithoutAServiceIsReportedWithWhatToDo) {
     const PrivateBus bus;
     Program program;
     program.with("DBUS_SESSION_BUS_ADDRESS", bus.address());
@@ -240,7 +240,7 @@ TEST(Desktop, WithAServiceIsNamed) {
     EXPECT_EQ(check["text"], "Paper 1.0");
 }
 
-TEST(Desktop, WithAServiceThatIsSilentIsToldToBeRestarted) {
+TEST(Desktop, WithAServiceThatIsSilentIsToBeRestarted) {
     PrivateBus bus;
     bus.startNotifications("plain");
     Program program;

@@ -43,7 +43,7 @@ TEST(MoonPhases, AreThePublishedOnes) {
     }
 }
 
-TEST(MoonPhases, AreToldInTheTimeOfTheCity) {
+TEST(MoonPhases, AreReportedInTheTimeOfTheCity) {
     const json phases = Program().run({"moon", "--phases", "2026", "--city", "Auckland", "--json"}).json().at("phases");
     for (const json& phase : phases) EXPECT_EQ(phase.at("date").get<std::string>().substr(0, 4), "2026");
     // The full Moon of 3 January 2026, 10:03 universal time, with the 13 hours of a summer there.
@@ -52,7 +52,7 @@ TEST(MoonPhases, AreToldInTheTimeOfTheCity) {
     EXPECT_EQ(phases[0].at("time"), "23:03");
 }
 
-TEST(Moon, IsToldInWordsWhereNothingCanBeDrawn) {
+TEST(Moon, IsPrintedInWordsWhereNothingCanBeDrawn) {
     const Outcome run = Program().run({"moon", "--city", "Ankara"});
     EXPECT_NE(run.out.find("lit on the right"), std::string::npos) << run.out;
     EXPECT_EQ(run.out.find("█"), std::string::npos) << run.out;

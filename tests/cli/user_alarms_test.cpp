@@ -151,7 +151,7 @@ TEST(UserAlarms, UpcomingAreTheEventsOfTheCalendarInTheirOrder) {
     EXPECT_EQ(rings[4]["snoozed"], false);
 }
 
-TEST(UserAlarms, UpcomingAreToldWithTheTimeLeftAndWhoRings) {
+TEST(UserAlarms, UpcomingAreReportedWithTheTimeLeftAndWhoRings) {
     const Program program;
     program.run({"alarm", "on", "dhuhr"});
     program.run({"alarm", "on", "fajr"});

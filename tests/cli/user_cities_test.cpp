@@ -178,7 +178,7 @@ TEST(UserPlaces, AreRefusedWithoutANameOrOutsideTheEarth) {
     expectRefusal(program, {"city", "add", "Berlin", "--name", "X"}, 2, "--name and --zone are for places given by");
 }
 
-TEST(UserPlaces, OfOneNameAreToldApartByTheirIds) {
+TEST(UserPlaces, OfOneNameAreDistinguishedByTheirIds) {
     const Program program;
     program.run({"city", "add", "36.8,28.3", "--name", "Köy"});
     program.run({"city", "add", "37.8,29.3", "--name", "Köy"});
@@ -195,7 +195,7 @@ TEST(UserCities, FitInEightyColumnsWhateverTheirNames) {
     for (const std::string& line : program.run({"city", "list"}).lines()) EXPECT_LE(widthOf(line), 80) << line;
 }
 
-TEST(UserCities, AreToldInEachLanguage) {
+TEST(UserCities, AreReportedInEachLanguage) {
     const Program program;
     program.run({"city", "add", "Ankara"});
     EXPECT_NE(program.run({"city", "list", "--lang", "tr"}).out.find("ana şehir"), std::string::npos);

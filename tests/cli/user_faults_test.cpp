@@ -119,7 +119,7 @@ TEST_F(UserFaults, AMethodThatCannotBeReadIsReportedBesideTheTimes) {
     expectMessage(program.run({"today", "--city", "Berlin"}), 6, "the method of Berlin cannot be read");
 }
 
-TEST_F(UserFaults, ADamagedCalendarIsKeptAsideAndBegunAnew) {
+TEST_F(UserFaults, ADamagedCalendarIsKeptAsideAndBegunAgain) {
     std::ofstream(calendar) << "no calendar";
     EXPECT_EQ(stateOf("calendar"), "problem");
     EXPECT_EQ(contentOf(calendar), "no calendar");
@@ -239,7 +239,7 @@ TEST_F(UnwritableUserFolder, KeepsChangesFromBeingMadeAndSaysWhy) {
     EXPECT_EQ(contentOf(database), before);
 }
 
-TEST_F(UnwritableUserFolder, ThatCannotBeReadEitherIsToldToBe) {
+TEST_F(UnwritableUserFolder, ThatCannotBeReadEitherIsReportedAsSuch) {
     giveRights(0700, 0600);
     const Outcome list = program.run({"city", "list"});
     expectMessage(list, getuid() == 0 ? 6 : 0, getuid() == 0 ? "cannot be opened" : "");
@@ -247,7 +247,7 @@ TEST_F(UnwritableUserFolder, ThatCannotBeReadEitherIsToldToBe) {
     EXPECT_EQ(next.out, Program().run({"next", "--city", "Berlin"}).out);
 }
 
-TEST(UserFolder, ThatIsAFileIsTold) {
+TEST(UserFolder, ThatIsAFileIsReported) {
     Program program;
     const fs::path file = program.folder() / "file";
     std::ofstream(file) << "";

@@ -50,7 +50,7 @@ TEST_F(SharedServices, AreOneObject) {
                   !std::is_constructible_v<GlobalFuncs, Platform>);
 }
 
-TEST_F(SharedServices, BeginAnewInTheSamePlaceWhenStartedAgain) {
+TEST_F(SharedServices, BeginAgainInTheSamePlaceWhenStartedAgain) {
     GlobalFuncs& first = started();
     first.setDebugState(5);
     first.setApplicationBundlePath("/bundle");

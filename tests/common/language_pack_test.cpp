@@ -97,7 +97,7 @@ TEST(LanguagePackFile, ThatIsNotUtf8IsRefused) {
     EXPECT_THAT(problemOf(inSection("<dict><key>\xC0\x80</key><string>x</string></dict>")), HasSubstr("UTF-8"));
 }
 
-TEST(Utf8, IsToldFromOtherBytes) {
+TEST(Utf8, IsDistinguishedFromOtherBytes) {
     for (const char* good : {"", "abc", "ş", "€", "☀", "𝄞", "\xED\x9F\xBF", "\xF4\x8F\xBF\xBF"})
         EXPECT_TRUE(isUtf8(good));
     for (const char* bad :

@@ -78,7 +78,7 @@ class UserDatabaseFaults : public CompanionTest {
     }
 };
 
-TEST_F(UserDatabaseFaults, AFullDiskIsToldAndLosesNothing) {
+TEST_F(UserDatabaseFaults, AFullDiskIsReportedAndLosesNothing) {
     prepare();
     const std::string before = stateOf(open());
     const int ankara = cityNamed("Ankara");
@@ -108,7 +108,7 @@ TEST_F(UserDatabaseFaults, AFullDiskIsToldAndLosesNothing) {
     EXPECT_EQ(stateOf(open()), "Istanbul Ankara* 30gong");
 }
 
-TEST_F(UserDatabaseFaults, AFreshFileOnAFullDiskIsToldAndMadeLater) {
+TEST_F(UserDatabaseFaults, AFreshFileOnAFullDiskIsReportedAndMadeLater) {
     int failures = 0;
     for (int step = 1;; ++step) {
         std::filesystem::remove(file());
@@ -151,7 +151,7 @@ TEST_F(UserDatabaseFaults, AKillAtAnyStepLeavesTheOldStateOrTheNewOne) {
     EXPECT_GT(kills, 5);
 }
 
-TEST_F(UserDatabaseFaults, AFolderThatMayNotBeWrittenIsTold) {
+TEST_F(UserDatabaseFaults, AFolderThatMayNotBeWrittenIsReported) {
     prepare();
     const std::string before = contentOf(file());
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0555));
@@ -168,7 +168,7 @@ TEST_F(UserDatabaseFaults, AFolderThatMayNotBeWrittenIsTold) {
     EXPECT_EQ(contentOf(file()), before);
 }
 
-TEST_F(UserDatabaseFaults, APipeInThePlaceOfAFileIsToldAtOnce) {
+TEST_F(UserDatabaseFaults, APipeInThePlaceOfAFileIsReportedAtOnce) {
     for (const char* suffix : {"-journal", ""}) {
         std::filesystem::remove_all(folder.path());
         std::filesystem::create_directory(folder.path());
@@ -201,7 +201,7 @@ TEST_F(UserDatabaseFaults, AJournalOfAProgramThatChangedNothingIsRemoved) {
     EXPECT_FALSE(std::filesystem::exists(file().string() + "-journal"));
 }
 
-TEST_F(UserDatabaseFaults, AFileThatCannotBeMadeIsTold) {
+TEST_F(UserDatabaseFaults, AFileThatCannotBeMadeIsReported) {
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0555));
     const auto tells = [&] {
         const auto [reason, message] = failureOf([&] { open(); });
@@ -311,7 +311,7 @@ TEST_F(UserDatabaseFaults, AFileOfALaterEditionIsLeftAlone) {
     EXPECT_EQ(contentOf(file()), before);
 }
 
-TEST_F(UserDatabaseFaults, ALockOfAnotherProgramIsTold) {
+TEST_F(UserDatabaseFaults, ALockOfAnotherProgramIsReported) {
     prepare();
     UserDatabase database = open(std::chrono::milliseconds(50));
     sqlite3* opened = nullptr;
@@ -363,7 +363,7 @@ TEST_F(UserDatabaseFaults, ManyProgramsMayMakeTheFileAtOnce) {
     }
 }
 
-TEST_F(UserDatabaseFaults, ManyProgramsMayMendTheFileAtOnce) {
+TEST_F(UserDatabaseFaults, ManyProgramsMayRepairTheFileAtOnce) {
     for (int round = 1; round <= 10; ++round) {
         write(file(), "This was a database once. Now it is something else, and rather long at that.");
         EXPECT_THAT(openAtOnce([this] { return open(); }, folder.path()), Each("Istanbul*"));

@@ -232,7 +232,7 @@ TEST_F(CompassBus, LetsTheScreenGoWithTheObjectEvenBeforeTheAnswer) {
     screenSaver.waitFor("UnInhibit 77");
 }
 
-TEST_F(CompassBus, AsksAgainWhenTheScreenSaverCameAnew) {
+TEST_F(CompassBus, AsksAgainWhenTheScreenSaverCameAgain) {
     Service screenSaver("screensaver_service.py");
     const auto keeper = screenSaverKeeper("Quode", "Test");
     keeper->keepAwake();

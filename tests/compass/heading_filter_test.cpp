@@ -45,7 +45,7 @@ TEST(HeadingFilter, PassesFailedReadingsAndTheOneThatFollows) {
     EXPECT_TRUE(filter.passes(at(50.0)));
 }
 
-TEST(HeadingFilter, StartsAnewAfterReset) {
+TEST(HeadingFilter, StartsAgainAfterReset) {
     HeadingFilter filter(1.0);
     EXPECT_TRUE(filter.passes(at(50.0)));
     filter.reset();

@@ -199,7 +199,7 @@ TEST(CityDatabase, DamageFurtherInsideIsReportedWhenItIsMet) {
     EXPECT_THROW(database.nearest(41.0, 29.0), CityDatabaseError);
 }
 
-TEST(CityDatabase, AnotherKindOfDatabaseAndAnotherEditionAreTold) {
+TEST(CityDatabase, AnotherKindOfDatabaseAndAnotherEditionAreReported) {
     const TemporaryFolder folder;
     const auto made = [&folder](const char* name, const char* sql) {
         const std::filesystem::path file = folder.path() / name;

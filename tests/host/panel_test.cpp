@@ -235,7 +235,7 @@ TEST_F(PanelTest, ShowsAMessageAboveTheWidget) {
     EXPECT_EQ(window.height(), 400 + padding);
 }
 
-TEST_F(PanelTest, PresentsTheWidgetAnewWhenTheDayChanges) {
+TEST_F(PanelTest, PresentsTheWidgetAgainWhenTheDayChanges) {
     present();
     ASSERT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-22 00:00")));
     clock.show(2026, 11, 22, 0, 0, 0);
@@ -248,7 +248,7 @@ TEST_F(PanelTest, PresentsTheWidgetAnewWhenTheDayChanges) {
     EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-23 00:00")));
 }
 
-TEST_F(PanelTest, PresentsTheWidgetAnewWhenTheZoneChanges) {
+TEST_F(PanelTest, PresentsTheWidgetAgainWhenTheZoneChanges) {
     present();
     clock.offset = std::chrono::hours(9);
     Q_EMIT watch.stirred();

@@ -150,7 +150,7 @@ TEST_F(PanelProgram, ReplacesAnOlderPicture) {
     EXPECT_NE(first, picture({"--city", "Istanbul"}));
 }
 
-TEST_F(PanelProgram, DrawsWithoutADisplayWhateverQtIsToldToUse) {
+TEST_F(PanelProgram, DrawsWithoutADisplayWhateverQtShouldUse) {
     environment.insert("QT_QPA_PLATFORM", "xcb");
     EXPECT_EQ(picture({}).width(), 340);
 }

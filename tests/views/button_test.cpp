@@ -267,7 +267,7 @@ TEST_F(Button, ShowsAFocusRingToWhoUsesTheKeyboard) {
 
 // ---- accessibility
 
-TEST_F(Button, IsToldOfAsACheckBoxWithItsState) {
+TEST_F(Button, IsDescribedAsACheckBoxWithItsState) {
     button.setSelectable(true);
     button.setSpokenName([] { return "Alarm for Asr"; });
     QAccessibleInterface& spoken = spokenAs(button, "Alarm for Asr");
@@ -282,7 +282,7 @@ TEST_F(Button, IsToldOfAsACheckBoxWithItsState) {
     EXPECT_TRUE(spoken.state().disabled);
 }
 
-TEST_F(Button, IsToldOfAsAButtonWithItsCaptionAsName) {
+TEST_F(Button, IsDescribedAsAButtonWithItsCaptionAsName) {
     button.text()->setText("Press me");
     QAccessibleInterface& spoken = spokenAs(button, "Press me");
     EXPECT_EQ(QAccessible::Button, spoken.role());

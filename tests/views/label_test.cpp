@@ -127,7 +127,7 @@ TEST_F(LabelMaker, CastsABlackShadowOnePointRightAndDown) {
     EXPECT_LT(darkest, panelColor.green() / 2);
 }
 
-TEST_F(LabelMaker, IsToldOfAsATextThatChanges) {
+TEST_F(LabelMaker, IsDescribedAsATextThatChanges) {
     Label* label = made("Fajr");
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(label);
     EXPECT_EQ(QAccessible::StaticText, spoken->role());

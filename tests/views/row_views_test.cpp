@@ -107,7 +107,7 @@ TEST_F(TimesRow, IgnoresTapsOfOtherButtonsAndNeedsNoDelegate) {
     EXPECT_TRUE(taps.codes.empty());
 }
 
-TEST_F(TimesRow, IsToldOfWithItsPrayerAndItsAlarm) {
+TEST_F(TimesRow, IsReportedWithItsPrayerAndItsAlarm) {
     row.labelPrayTime()->setText("15:32");
     EXPECT_EQ((std::vector<std::string>{"Asr 15:32", "Asr", "15:32", "Alarm for Asr"}), spokenNames(row));
     EXPECT_EQ(QAccessible::Row, spokenAs(row, "Asr 15:32").role());
@@ -119,7 +119,7 @@ TEST_F(TimesRow, IsToldOfWithItsPrayerAndItsAlarm) {
     EXPECT_EQ(1U, taps.codes.size());
 }
 
-TEST_F(TimesRow, IsToldOfInTheLanguageChosen) {
+TEST_F(TimesRow, IsDescribedInTheLanguageChosen) {
     speak("tr");
     row.labelPrayName()->setText(globalFuncs.GetTextPrayLabels(203));
     EXPECT_NO_THROW(spokenAs(row, "Alarm: " + row.labelPrayName()->text()));
@@ -223,7 +223,7 @@ TEST_F(CityNameRow, TellsItsDelegateWhichButtonWasTapped) {
     EXPECT_EQ(2U, taps.information.size());
 }
 
-TEST_F(CityNameRow, IsToldOfInReadingOrder) {
+TEST_F(CityNameRow, IsDescribedInReadingOrder) {
     row.labelCityName()->setText("Istanbul");
     EXPECT_EQ((std::vector<std::string>{"City", "Istanbul", "Qibla compass", "City information"}), spokenNames(row));
     EXPECT_EQ(QAccessible::Button, spokenAs(row, "Qibla compass").role());

@@ -209,7 +209,7 @@ TEST_F(Toast, EndsEvenWhenItIsTakenOutOfItsView) {
     EXPECT_EQ(0U, MessageView::queueLength());
 }
 
-TEST_F(Toast, CanBeToldToFadeBefore) {
+TEST_F(Toast, CanFadeBefore) {
     MessageView::toastInView(view, "one");
     clock.advance(1.0);
     QPointer<MessageView> toast = shown(view);
@@ -245,7 +245,7 @@ TEST_F(Toast, DoesNothingWhenTheQueueIsEmpty) {
     EXPECT_EQ(nullptr, shown(view));
 }
 
-TEST_F(Toast, IsToldOfAsAnAlert) {
+TEST_F(Toast, IsDescribedAsAnAlert) {
     MessageView::toastInView(view, "Choose a sound for this alarm first.");
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(shown(view));
     EXPECT_EQ(QAccessible::AlertMessage, spoken->role());

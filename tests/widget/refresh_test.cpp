@@ -126,7 +126,7 @@ TEST_F(Refresh, ComputesOnlyTheCityShown) {
     EXPECT_GT(widget->userCities()[1].getRelevantPrayerTime(202), 12.0);
 }
 
-TEST_F(Refresh, ReadsTheCitiesAnewAtEveryPresentation) {
+TEST_F(Refresh, ReadsTheCitiesAgainAtEveryPresentation) {
     presentWidgetFor("Istanbul");
     runOnUserDatabase("UPDATE USER_CITY SET ID = " + std::to_string(cityNamed("Mecca")));
     widget->hostDidPresent();

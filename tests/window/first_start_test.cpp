@@ -46,7 +46,7 @@ TEST_F(FirstStart, ClaimsNothingOfAZoneWithoutACity) {
     for (const QLabel* const label : other.findChildren<QLabel*>()) {
         if (!label->isVisible()) continue;
         saysSo = saysSo || label->text().contains("has no city");
-        EXPECT_FALSE(label->text().contains("going by the time zone")) << label->text().toStdString();
+        EXPECT_FALSE(label->text().contains("according to the time zone")) << label->text().toStdString();
         EXPECT_FALSE(label->text().contains("Usual in your country")) << label->text().toStdString();
     }
     EXPECT_TRUE(saysSo);

@@ -50,7 +50,7 @@ TEST_F(TimesPage, MarksMinutesOfOnesOwn) {
     settle();
     EXPECT_EQ(stored().adjust.at(5), 3);
     EXPECT_TRUE(shows("adjusted by you"));
-    press("Back to before");
+    press("Restore");
     EXPECT_TRUE(stored().isDefault());
     EXPECT_FALSE(shows("adjusted by you"));
     EXPECT_EQ(control<QSpinBox>(isha + ": your minutes")->value(), 0);

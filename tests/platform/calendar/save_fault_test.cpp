@@ -203,7 +203,7 @@ TEST_F(SaveFaultTest, TheModeOfTheFileIsKept) {
     }
 }
 
-TEST_F(SaveFaultTest, SavesInQuickSuccessionAreToldApartByTheSecond) {
+TEST_F(SaveFaultTest, SavesInQuickSuccessionAreDistinguishedByTheSecond) {
     const auto modified = [this] {
         struct stat facts {};
         EXPECT_EQ(::stat(file.c_str(), &facts), 0);

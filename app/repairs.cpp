@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-#include "app/mending.h"
+#include "app/repairs.h"
 
 #include <string_view>
 
@@ -71,11 +71,11 @@ void removeStrayEvents(Session& session) {
     if (!removed.ok()) session.report(removed.message, ExitCode::userData);
 }
 
-bool canMend(const Finding& finding) {
+bool canRepair(const Finding& finding) {
     return remedyOf(finding) != nullptr;
 }
 
-void mend(Session& session, const Finding& finding) {
+void repair(Session& session, const Finding& finding) {
     if (const Remedy* const remedy = remedyOf(finding)) remedy->apply(session);
 }
 

@@ -12,10 +12,10 @@ class Session;
 /// Removes the calendar events of alarms that no longer exist. Failures are reported.
 void removeStrayEvents(Session& session);
 
-/// Whether `mend` can do something about a finding.
-bool canMend(const Finding& finding);
+/// Whether `repair` can do something about a finding.
+bool canRepair(const Finding& finding);
 
 /// Does what the advice of a finding says. Throws `Failure` and `UserDatabaseError`.
-void mend(Session& session, const Finding& finding);
+void repair(Session& session, const Finding& finding);
 
 }  // namespace quode::app
