@@ -134,7 +134,7 @@ std::vector<std::string> methodNotes(const CityDay& day) {
     std::vector<std::string> notes;
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
         const TimeMark& mark = day.method.mark(code);
-        if (timeOfPrayer(day, code) == missingTime) continue;
+        if (!timeOfPrayer(day, code)) continue;
         const bool isPlain = mark.source == TimeSource::engine || mark.source == TimeSource::convention;
         if (!isPlain) notes.push_back(prayerKey(code) + "_" + keyOf(mark.source));
         if (mark.adjusted != 0) notes.push_back(fmt::format("{}_adjusted{:+d}", prayerKey(code), mark.adjusted));
@@ -165,7 +165,7 @@ std::string originOf(const CityDay& day, TimeSource source) {
 
 std::optional<std::string> sourceNote(const CityDay& day, int code) {
     const TimeMark& mark = day.method.mark(code);
-    if (timeOfPrayer(day, code) == missingTime) return std::nullopt;
+    if (!timeOfPrayer(day, code)) return std::nullopt;
     std::string note = originOf(day, mark.source);
     if (mark.adjusted != 0) {
         if (!note.empty()) note += "; ";

@@ -44,8 +44,8 @@ Timetable tableOf(Site site, const std::string& key, int firstDay, int count) {
         const CityDay computed = computeCityDay(site, record);
         TimetableRow row;
         for (std::size_t i = 0; i < row.minutes.size(); ++i) {
-            const double hours = timeOfPrayer(computed, firstPrayer + int(i));
-            if (hours != missingTime) row.minutes[i] = shownMinute(hours);
+            const auto hours = timeOfPrayer(computed, firstPrayer + int(i));
+            if (hours) row.minutes[i] = shownMinute(*hours);
         }
         table.rows[number] = row;
     }
