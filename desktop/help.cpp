@@ -11,6 +11,7 @@
 #include <string>
 
 #include "app/session.h"
+#include "texts/markup.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -43,7 +44,7 @@ constexpr std::array<Section, 7> sections{{
 }};
 
 QString escaped(const std::string& text) {
-    return QString::fromStdString(text).toHtmlEscaped();
+    return QString::fromStdString(escapedMarkup(text));
 }
 
 }  // namespace
