@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "common/numbers.h"
+#include "texts/translation.h"
 
 extern char** environ;
 
@@ -70,7 +71,7 @@ void BusProcess::start() {
     ::close(ends[1]);
     if (process_ == 0) {
         ::close(ends[0]);
-        return tell_("quode-service cannot be started: other programs cannot ask for the times.");
+        return tell_(_("quode-service cannot be started: other programs cannot ask for the times."));
     }
     pipe_ = ends[0];
     ::fcntl(pipe_, F_SETFL, O_NONBLOCK);
@@ -122,7 +123,7 @@ int BusProcess::ended(sd_event_source*, const siginfo_t* information, void* user
     self->process_ = 0;
     ::close(std::exchange(self->pipe_, -1));
     if (information->si_code == CLD_EXITED && information->si_status <= 1) return 0;
-    self->tell_("quode-service ended unexpectedly; it is started again.");
+    self->tell_(_("quode-service ended unexpectedly; it is started again."));
     sd_event_source* made = nullptr;
     sd_event_add_time_relative(self->loop_, &made, CLOCK_MONOTONIC, self->delaySeconds_ * secondUs, secondUs,
                                &BusProcess::startAgain, self);
