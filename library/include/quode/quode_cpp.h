@@ -203,7 +203,7 @@ class Place {
 ///
 /// @code
 ///   const quode::Database database;
-///   for (const quode::Place& place : database.search("lond")) std::cout << place.name() << '\n';
+///   for (const quode::Place& place : database.search("istanb")) std::cout << place.name() << '\n';
 ///   const quode::Place here = database.at(51.5, -0.12, "Europe/London");
 /// @endcode
 class Database {
