@@ -5,9 +5,10 @@
 #include <algorithm>
 
 #include "alarmd/ring_texts.h"
-#include "alarms/alarm_moment.h"
 #include "companion/AlarmHabits.h"
 #include "companion/user_connection.h"
+#include "data/next_midnight.h"
+#include "data/user_places.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -49,7 +50,7 @@ sys_seconds AlarmKeeper::wake() {
     });
     warnOfOutage(isRead, present);
     if (!choices_) choices_ = choicesWithoutDatabase();
-    sys_seconds next = nextMidnight(now);
+    sys_seconds next = std::max(nextMidnight(*with_.clock, now), now + minutes(1));
     bool succeeded = isRead;
     if (choices_) {
         // Ringing comes first: what else fails must not keep an alarm silent.
@@ -147,7 +148,7 @@ int AlarmKeeper::damagedCopies() const {
     int count = 0;
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(with_.dataFolder, error)) {
-        if (entry.path().filename().string().starts_with("user.sqlite.damaged-")) ++count;
+        if (entry.path().filename().string().starts_with(std::string(userDatabaseName) + ".damaged-")) ++count;
     }
     return count;
 }
@@ -208,16 +209,6 @@ void AlarmKeeper::closed(const NotificationId& notification) {
 
 void AlarmKeeper::rest() {
     rings_.rest();
-}
-
-// --- the next moment
-
-sys_seconds AlarmKeeper::nextMidnight(sys_seconds now) const {
-    const CivilTime today = with_.clock->civilTime(now);
-    const year_month_day tomorrow = sys_days(year(today.year) / today.month / today.day) + days(1);
-    const VAKDate midnight =
-        VAKDateMake(int(unsigned(tomorrow.day())), int(unsigned(tomorrow.month())), int(tomorrow.year()), 0, 0, 0);
-    return std::max(instantOfWallClock(*with_.clock, midnight).value_or(now + days(1)), now + minutes(1));
 }
 
 // --- failures

@@ -46,9 +46,8 @@ class AlarmKeeper {
     AlarmKeeper(const AlarmKeeper&) = delete;
     AlarmKeeper& operator=(const AlarmKeeper&) = delete;
 
-    /// Rings what is due, renews the events, and notes what the user has chosen.
-    /// Returned: when to be woken next: the next ring, or the next midnight. Sooner when something failed that is to be
-    /// tried again; failures are reported, never thrown.
+    /// Rings what is due, renews the events, and notes what the user has chosen. Failures are reported, never thrown.
+    /// @return when to be woken next: the next ring, or the next midnight; sooner to try again what failed
     std::chrono::sys_seconds wake();
 
     /// Whether the user has chosen something else than at the last `wake`: cities, alarms, settings.
@@ -83,7 +82,6 @@ class AlarmKeeper {
     std::optional<Choices> notedChoices() const;
     void warnOfOutage(bool isRead, const Present& present);
     bool renew(UserDatabase& database, std::chrono::sys_seconds& next, std::chrono::sys_seconds now);
-    std::chrono::sys_seconds nextMidnight(std::chrono::sys_seconds now) const;
     bool attempt(const std::function<void()>& action);
     void tellOnce(const std::string& message);
 

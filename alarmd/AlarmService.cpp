@@ -13,13 +13,14 @@
 #include <utility>
 
 #include "alarmd/ring_texts.h"
+#include "data/user_places.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
 
 constexpr std::uint64_t settlingUs = 100'000;
 constexpr std::uint64_t accuracyUs = 10'000;
-constexpr const char* databaseName = "user.sqlite";
 constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
 constexpr std::uint32_t gone = IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED;
 constexpr std::chrono::seconds folderInterval{10};  // between two looks for a missing folder
@@ -74,16 +75,17 @@ AlarmService::~AlarmService() {
 }
 
 AlarmService::Source AlarmService::hearTimer() {
-    check(timer_ < 0 ? -errno : 0, "No timer could be made");
+    check(timer_ < 0 ? -errno : 0, _("No timer could be created"));
     sd_event_source* made = nullptr;
-    check(sd_event_add_io(loop_, &made, timer_, EPOLLIN, &AlarmService::timerExpired, this), "The timer is not heard");
+    check(sd_event_add_io(loop_, &made, timer_, EPOLLIN, &AlarmService::timerExpired, this),
+          _("The timer cannot be watched"));
     return Source(made);
 }
 
 AlarmService::Source AlarmService::makeSettling() {
     sd_event_source* made = nullptr;
     check(sd_event_add_time_relative(loop_, &made, CLOCK_MONOTONIC, 0, accuracyUs, &AlarmService::choicesSettled, this),
-          "No timer could be made");
+          _("No timer could be created"));
     sd_event_source_set_enabled(made, SD_EVENT_OFF);
     return Source(made);
 }
@@ -149,7 +151,7 @@ int AlarmService::dataFolderChanged(sd_event_source*, const inotify_event* event
     const bool isLost = (event->mask & gone) != 0;
     if (isLost) service->isWatchLost_ = true;
     const bool overflow = (event->mask & IN_Q_OVERFLOW) != 0;
-    if (!isLost && !overflow && (event->len == 0 || std::string_view(event->name) != databaseName)) return 0;
+    if (!isLost && !overflow && (event->len == 0 || std::string_view(event->name) != userDatabaseName)) return 0;
     service->startSettling();
     return 0;
 }

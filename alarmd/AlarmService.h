@@ -11,6 +11,7 @@
 
 #include "alarmd/AlarmKeeper.h"
 #include "platform/NotificationService.h"
+#include "platform/zone_name.h"
 
 namespace quode {
 
@@ -26,13 +27,14 @@ class AlarmService {
     /// mayServe     asked before each wake
     AlarmService(
         sd_event* loop, AlarmKeeper& keeper, NotificationService& notifications,
-        const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile = "/etc/localtime",
+        const std::filesystem::path& dataFolder, const std::filesystem::path& zoneFile = systemZoneFile,
         std::function<Service()> mayServe = [] { return Service::go; });
     ~AlarmService();
     AlarmService(const AlarmService&) = delete;
     AlarmService& operator=(const AlarmService&) = delete;
 
-    /// Serves until a signal ends the process. Returned: 0, or a negative error of the loop.
+    /// Serves until a signal ends the process.
+    /// @return 0, or a negative error of the loop
     int run();
 
   private:

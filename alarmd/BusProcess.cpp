@@ -77,7 +77,7 @@ void BusProcess::start() {
     ::close(ends[1]);
     if (process_ == 0) {
         ::close(ends[0]);
-        return tell_("quode-service cannot be started: other programs cannot ask for the times.");
+        return tell_(_("quode-service cannot be started: other programs cannot ask for the times."));
     }
     pipe_ = ends[0];
     ::fcntl(pipe_, F_SETFL, O_NONBLOCK);

@@ -14,8 +14,6 @@
 namespace quode {
 namespace {
 
-constexpr int codeBeforeFirst = 199;
-
 std::string textOf(const SiteChoice& choice) {
     std::string text = fmt::format("{} {} {};", conventions::textOf(choice.method), choice.height, choice.isUnreadable);
     if (!choice.table) return text;
@@ -100,7 +98,7 @@ void restoreChoices(UserDatabase& database, const Choices& choices) {
         for (const UserAlarm& alarm : choices.alarms) {
             database.setUpAlarm(alarm.code, alarm.offset, alarm.sound);
             database.connection().run("UPDATE USER_ALARMS SET ACTIVE = ?, EVENTID = ? WHERE TIMEID = ?",
-                                      {alarm.isOn ? 1 : 0, alarm.eventIdentifier, alarm.code - codeBeforeFirst});
+                                      {alarm.isOn ? 1 : 0, alarm.eventIdentifier, alarmNumber(alarm.code)});
             storeHabits(database.connection(), alarm);
         }
         if (!choices.alarms.empty()) muteUntil(database, choices.alarms.front().mutedUntil);

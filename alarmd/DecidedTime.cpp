@@ -28,8 +28,9 @@ seconds zeroOf(sys_seconds clock, const Uptime& uptime) {
 
 DecidedTime::DecidedTime(std::optional<DecidedNote> note) : note_(std::move(note)) {}
 
-// The clock is another one now. Of those that it was before, all are forgotten that it had since it was this one the last
-// time: it has come back to itself. Returned: when it left, if it comes back to itself.
+// The clock is another one now. Of those that it was before, all are forgotten that it had since it was this one the
+// last time: it has come back to itself.
+// Returns when it left, if it comes back to itself.
 std::optional<milliseconds> DecidedTime::followJump(seconds zeroBefore, seconds zero, milliseconds uptime) {
     std::vector<LeftClock>& left = note_->left;
     const auto same =

@@ -4,6 +4,7 @@
 
 #include "alarmd/ring_texts.h"
 #include "common/GlobalFuncs.h"
+#include "companion/UserSettings.h"
 #include "companion/sounds.h"
 
 namespace quode {
@@ -12,14 +13,12 @@ namespace {
 // How long a sound repeats unless it is stopped.
 constexpr std::chrono::seconds soundTime{60};
 
-constexpr const char* fallbackSound = "chime";
-
 // A file that was deleted, or is none, is replaced before anybody tries to play it.
 Sound playable(Sound sound, const std::filesystem::path& bundle) {
     const auto* const file = std::get_if<std::filesystem::path>(&sound);
     std::error_code error;
     if (!file || std::filesystem::is_regular_file(*file, error)) return sound;
-    return soundNamed(fallbackSound, bundle);
+    return soundNamed(shippedSound, bundle);
 }
 
 }  // namespace
@@ -53,7 +52,7 @@ void DesktopRingDesk::sound(const Ring& ring) {
     sounding_ = ring.alarm;
     const std::string bundle = services_->appBundlePath();
     if (ring.manner.pausesMedia) media_->pause();
-    player_->play(playable(soundNamed(ring.sound, bundle), bundle), soundNamed(fallbackSound, bundle), soundTime,
+    player_->play(playable(soundNamed(ring.sound, bundle), bundle), soundNamed(shippedSound, bundle), soundTime,
                   {ring.manner.volume, std::chrono::seconds(ring.manner.fadeIn)});
 }
 

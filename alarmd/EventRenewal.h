@@ -19,7 +19,7 @@ class EventRenewal {
     EventRenewal(EventStore& calendar, std::function<void(const std::string& message)> report)
         : calendar_(&calendar), report_(std::move(report)) {}
 
-    /// Returned: when to come again, where an event was left to ring by another program first.
+    /// @return when to come again, where an event was left to ring by another program first
     std::optional<std::chrono::sys_seconds> renew(UserDatabase& database, Ringer ringer, std::chrono::sys_seconds now);
 
     /// When the event of an alarm stands; nothing without one.

@@ -37,7 +37,8 @@ class RingKeeper {
     /// The next moment at which there is something to decide, at most a day ahead; nothing when there is none.
     std::optional<std::chrono::sys_seconds> next(const Choices& choices, const Present& present) const;
 
-    /// The user has seen a ring. A notification with the number 0 stands for all that ring. Returned: false when the notification is none of a ring that is shown.
+    /// The user has seen a ring. A notification with the number 0 stands for all that ring.
+    /// @return false when the notification is none of a ring that is shown
     bool stop(const NotificationId& notification);
 
     /// As `stop`, but the ring comes again at a moment.

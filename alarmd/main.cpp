@@ -20,6 +20,7 @@
 #include "companion/ringer.h"
 #include "platform/Uptime.h"
 #include "platform/canberra_sound_player.h"
+#include "platform/event_loop.h"
 #include "platform/folders.h"
 #include "platform/sdbus_media_players.h"
 #include "platform/sdbus_notifications.h"
@@ -40,24 +41,12 @@ std::string help() {
     return text + '\n';
 }
 
-struct UnrefLoop {
-    void operator()(sd_event* loop) const { sd_event_unref(loop); }
-};
-using Loop = std::unique_ptr<sd_event, UnrefLoop>;
-
-// A loop that ends with the signals that end services.
-Loop newLoop() {
-    sigset_t ending;
-    sigemptyset(&ending);
-    sigaddset(&ending, SIGTERM);
-    sigaddset(&ending, SIGINT);
-    sigaddset(&ending, SIGCHLD);
-    sigprocmask(SIG_BLOCK, &ending, nullptr);
-    sd_event* made = nullptr;
-    if (sd_event_new(&made) < 0) throw std::runtime_error("The system gives no event loop.");
-    sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
-    sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);
-    return Loop(made);
+// The loop hears of the end of child processes only while their signal is blocked.
+void blockSignalOfChildren() {
+    sigset_t children;
+    sigemptyset(&children);
+    sigaddset(&children, SIGCHLD);
+    sigprocmask(SIG_BLOCK, &children, nullptr);
 }
 
 // A folder that the user deleted is not recreated by the service, and one that the user recreated may have another.
@@ -68,7 +57,7 @@ AlarmService::Service mayServe(InstanceLock& lock, const std::filesystem::path& 
     if (!std::filesystem::is_directory(dataFolder, error)) return AlarmService::Service::wait;
     lock.renew();
     if (lock.isHeld()) return AlarmService::Service::go;
-    tell("Another alarm service serves the data folder, which was deleted and made again. This one ends.");
+    tell(_("Another alarm service serves the data folder, which was deleted and recreated. This one ends."));
     return AlarmService::Service::end;
 }
 
@@ -116,7 +105,8 @@ int serve() {
         return 0;
     }
     const CityDatabase cities(CityDatabase::fileIn(services.appBundlePath()), services.platform().zoneFolder);
-    const Loop loop = newLoop();
+    blockSignalOfChildren();
+    const EventLoop loop = newEventLoop();
     const auto notifications = sdBusNotifications(loop.get());
     const auto player = canberraSoundPlayer(loop.get());
     player->onFailure = [&services](std::string_view problem) { services.NSLogToFile(problem); };
@@ -129,7 +119,7 @@ int serve() {
         return ringerInEffect(settings, processEnvironment(), services.dataFolder());
     };
     AlarmKeeper keeper(std::move(surroundings));
-    AlarmService service(loop.get(), keeper, *notifications, services.dataFolder(), "/etc/localtime",
+    AlarmService service(loop.get(), keeper, *notifications, services.dataFolder(), systemZoneFile,
                          [&] { return mayServe(lock, services.dataFolder(), tell); });
     // An answer that comes over the bus counts as one that the notification gave, which is taken away.
     const auto answered = [&notifications](const NotificationId& shown, const std::string& action) {

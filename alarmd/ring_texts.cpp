@@ -4,6 +4,7 @@
 
 #include "common/GlobalFuncs.h"
 #include "common/labels.h"
+#include "companion/AlarmHabits.h"
 #include "texts/translation.h"
 
 namespace quode {

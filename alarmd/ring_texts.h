@@ -14,9 +14,6 @@ inline constexpr const char* stopAction = "stop";
 inline constexpr const char* snoozeAction = "snooze";
 inline constexpr const char* muteAction = "mute";
 
-/// How long a snoozed ring is silent.
-inline constexpr std::chrono::minutes snoozeTime{5};
-
 /// What a ring tells, in the language and with the clock of the shared services: prayer, city, time at that city, and
 /// how far the ring is from that time.
 Notification notificationOf(const Ring& ring, const GlobalFuncs& services);

@@ -11,11 +11,11 @@
 #include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
 #include "common/numbers.h"
+#include "data/user_places.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
-
-constexpr const char* fileName = "user.sqlite";
 
 // The blanks are part of the texts.
 constexpr const char* alarmInfoQuery =
@@ -33,7 +33,7 @@ sqlite::Statement firstRow(sqlite3* database, const std::string& sql) {
 }  // namespace
 
 DatabaseFunctions::DatabaseFunctions()
-    : globalFuncs_(&GlobalFuncs::globalFuncs()), userDBPath_(globalFuncs_->dataFolder() + "/" + fileName) {}
+    : globalFuncs_(&GlobalFuncs::globalFuncs()), userDBPath_(globalFuncs_->dataFolder() + "/" + userDatabaseName) {}
 
 DatabaseFunctions::~DatabaseFunctions() = default;
 
@@ -144,7 +144,7 @@ AlarmInfo DatabaseFunctions::readAlarmInfo(int code) {
 }
 
 bool DatabaseFunctions::isOn(int timeId) {
-    if (!openUserDB()) throw std::runtime_error("the user database cannot be opened");
+    if (!openUserDB()) throw std::runtime_error(_("the user database cannot be opened"));
     const bool active = readAlarmInfo(prayerOfAlarm(timeId)).active;
     userDB_.reset();
     return active;
@@ -152,10 +152,10 @@ bool DatabaseFunctions::isOn(int timeId) {
 
 // Throws when the row cannot be read, so that neither the calendar nor the database is changed.
 DatabaseFunctions::AlarmRow DatabaseFunctions::readAlarmRow(int timeId) {
-    if (!openUserDB()) throw std::runtime_error("the user database cannot be opened");
+    if (!openUserDB()) throw std::runtime_error(_("the user database cannot be opened"));
     const auto read = [this, timeId] {
         const sqlite::Statement row = firstRow(userDB_.get(), fmt::format(alarmRowQuery, timeId));
-        if (!row) throw std::runtime_error(fmt::format("there is no alarm with TIMEID {}", timeId));
+        if (!row) throw std::runtime_error(_("there is no alarm with TIMEID {}", timeId));
         return AlarmRow{asInteger(row.get(), 0), asFloat(row.get(), 1), asString(row.get(), 2)};
     };
     try {

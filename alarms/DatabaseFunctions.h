@@ -40,7 +40,6 @@ struct AlarmChange {
 /// @code
 ///   quode::DatabaseFunctions alarms;                          // after GlobalFuncs::startUp
 ///   alarms.reCalculateAlarm(200);                             // switches the dawn alarm on
-///   if (!alarms.lastChange().ok()) std::puts(alarms.lastChange().message.c_str());
 ///   const bool isOn = alarms.getAlarmInfo(200).active;
 /// @endcode
 ///
@@ -91,15 +90,11 @@ class DatabaseFunctions {
 
     /// Switches the alarm of a prayer on and writes its event: for today, or for tomorrow when today's time has passed. An
     /// event that the alarm already has is reused. The alarm is on even when the calendar fails. Does nothing when the
-    /// alarm cannot be read. `lastChange` has the outcome.
+    /// alarm cannot be read.
     void reCalculateAlarm(int code) noexcept;
 
-    /// Switches the alarm of a prayer off and removes its event. Does nothing when the alarm cannot be read. `lastChange`
-    /// has the outcome.
+    /// Switches the alarm of a prayer off and removes its event. Does nothing when the alarm cannot be read.
     void deleteAlarm(int code) noexcept;
-
-    /// The outcome of the last of the two operations above.
-    const AlarmChange& lastChange() const { return lastChange_; }
 
     // The same for a caller that holds the journal. The code is 200 to 205.
 
@@ -158,7 +153,6 @@ class DatabaseFunctions {
     std::chrono::milliseconds patience_{2000};
     std::optional<std::chrono::steady_clock::time_point> patienceEnds_;  // of the current operation
     EventStore* store_ = nullptr;                                        // null: that of the shared services
-    AlarmChange lastChange_;
 };
 
 }  // namespace quode

@@ -14,6 +14,7 @@
 #include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
 #include "common/calendar.h"
+#include "common/civil_date.h"
 #include "platform/EventStore.h"
 #include "texts/translation.h"
 
@@ -35,8 +36,7 @@ bool hasQuote(const std::string& text) {
 }
 
 VAKDate presentOn(const Clock& clock) {
-    const CivilTime now = clock.civilTime(clock.now());
-    return VAKDateMake(now.day, now.month, now.year, now.hour, now.minute, now.second);
+    return recordOf(clock.civilTime(clock.now()));
 }
 
 VAKDate oneMinuteLater(VAKDate date) {
@@ -49,11 +49,11 @@ VAKDate oneMinuteLater(VAKDate date) {
 // ---- operations for a caller without the journal
 
 void DatabaseFunctions::reCalculateAlarm(int code) noexcept {
-    lastChange_ = alone("reCalculateAlarm", code, &DatabaseFunctions::switchOn);
+    alone("reCalculateAlarm", code, &DatabaseFunctions::switchOn);
 }
 
 void DatabaseFunctions::deleteAlarm(int code) noexcept {
-    lastChange_ = alone("deleteAlarm", code, &DatabaseFunctions::switchOff);
+    alone("deleteAlarm", code, &DatabaseFunctions::switchOff);
 }
 
 AlarmChange DatabaseFunctions::alone(const char* name, int code, Operation operation) noexcept {
@@ -201,7 +201,7 @@ AlarmChange DatabaseFunctions::removeEvent(int timeId, const AlarmRow& alarm, Al
 }
 
 // Removes an event that no row refers to.
-// @return true when the calendar certainly does not contain it
+// Returns true when the calendar certainly does not contain it
 bool DatabaseFunctions::dropEvent(const std::string& identifier) {
     EventStore* const store = this->store();
     if (!store || identifier.empty()) return true;

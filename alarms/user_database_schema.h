@@ -1,5 +1,9 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
+// The user database as SQL.
+//
+// Fixed values: names of tables, columns and settings, the codes and texts in them. The databases of users have them, and
+// the widget reads them; a change needs a new edition and a migration in companion/user_connection.cpp.
 #pragma once
 
 namespace quode {

@@ -23,8 +23,8 @@ void chooseDays(Session& session, const std::vector<int>& codes, unsigned days);
 /// Adds a second ring, so many minutes after the time (negative: before); takes it away without a number.
 void chooseReminder(Session& session, const std::vector<int>& codes, std::optional<int> minutes);
 
-/// Leaves out the next ring of an alarm that is on, with its second ring. Returned: the ring that comes then; nothing
-/// when none does in the next nine days.
+/// Leaves out the next ring of an alarm that is on, with its second ring.
+/// @return the ring that comes then; nothing when none does in the next nine days
 std::optional<AlarmOccurrence> skipNext(Session& session, int code);
 
 /// Takes back a skip.

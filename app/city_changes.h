@@ -27,7 +27,8 @@ struct RemovedCity {
     std::size_t position = 0;  ///< in the list
 };
 
-/// Removes a city. Returned: what brings it back.
+/// Removes a city.
+/// @return what brings it back
 RemovedCity removeCity(Session& session, int id);
 
 /// Brings a removed city back, with what was chosen for its times, to its place in the list; as home where it was that.

@@ -4,11 +4,11 @@
 
 #include <fmt/format.h>
 
-#include <array>
 #include <cmath>
 #include <optional>
 
 #include "app/failure.h"
+#include "astro/julian_day.h"
 #include "common/calendar.h"
 #include "common/numbers.h"
 #include "texts/translation.h"
@@ -52,10 +52,6 @@ void checkYear(int year) {
 void checkMonth(int month) {
     if (month >= 1 && month <= 12) return;
     throw Failure(ExitCode::usage, _("Month {} is out of range (1–12).", month));
-}
-
-bool isLeapYear(int year) {
-    return year % 4 == 0 && (year <= reformYear || year % 100 != 0 || year % 400 == 0);
 }
 
 bool isSkipped(int year, int month, int day) {
@@ -135,11 +131,6 @@ std::chrono::sys_seconds parseMoment(std::string_view text) {
     return zone[0] == '+' ? moment - offset : moment + offset;
 }
 
-int daysInMonth(int year, int month) {
-    constexpr std::array<int, 12> lengths{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return lengths[static_cast<std::size_t>(month) - 1] + (month == 2 && isLeapYear(year) ? 1 : 0);
-}
-
 std::vector<VAKDate> daysOf(const Month& month) {
     std::vector<VAKDate> days;
     for (int day = 1; day <= daysInMonth(month.year, month.month); ++day) {
@@ -148,14 +139,6 @@ std::vector<VAKDate> daysOf(const Month& month) {
         }
     }
     return days;
-}
-
-std::string isoDate(const VAKDate& date) {
-    return fmt::format("{:04}-{:02}-{:02}", date.Years, date.Months, date.Days);
-}
-
-std::string isoDate(std::chrono::year_month_day date) {
-    return fmt::format("{:04}-{:02}-{:02}", int(date.year()), unsigned(date.month()), unsigned(date.day()));
 }
 
 std::string isoMoment(std::chrono::sys_seconds moment) {
@@ -174,8 +157,9 @@ int weekdayOf(const VAKDate& date) {
 }
 
 std::chrono::sys_seconds instantOfJulianDay(double julianDay) {
-    constexpr double unixEpoch = 2440587.5, secondsPerDay = 86400.0;
-    return std::chrono::sys_seconds(std::chrono::seconds(std::llround((julianDay - unixEpoch) * secondsPerDay)));
+    constexpr double secondsPerDay = 86400.0;
+    return std::chrono::sys_seconds(
+        std::chrono::seconds(std::llround((julianDay - julianDayOfUnixEpoch) * secondsPerDay)));
 }
 
 }  // namespace quode::app

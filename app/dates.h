@@ -31,13 +31,10 @@ VAKDate parseHijriDate(std::string_view text);
 /// Reads a moment such as "2026-11-21T04:00:00Z" or "...+03:00". Throws `Failure` (usage).
 std::chrono::sys_seconds parseMoment(std::string_view text);
 
-int daysInMonth(int year, int month);
-
 /// The days of a month in their order; in October 1582 those that the calendar had.
 std::vector<VAKDate> daysOf(const Month& month);
 
-std::string isoDate(const VAKDate& date);
-std::string isoDate(std::chrono::year_month_day date);
+/// "2026-11-21T04:00:00Z"
 std::string isoMoment(std::chrono::sys_seconds moment);
 
 /// The instant of a Julian day in universal time, to the second.

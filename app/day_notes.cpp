@@ -18,14 +18,14 @@ namespace quode::app {
 namespace {
 
 constexpr int dawnDepression = 19, nightDepression = 17;  // degrees
-constexpr int ishraq = 206, isfirar = 208;
+constexpr int ishraq = codeOf(Prayer::ishraq), isfirar = codeOf(Prayer::isfirar);
 constexpr int lowSun = 5;  // degrees above the horizon
 
 // Of the fallbacks that stand behind the times of a day.
 void addFallbacks(Session& session, const CityDay& day, std::vector<std::string>& notes) {
     if (const auto latitude = computedLatitude(day)) notes.push_back(latitudeNote(session, *latitude, *latitude));
     for (const int code : {firstPrayer, lastMainPrayer}) {
-        const bool isShown = timeOfPrayer(day.times, code) != missingTime;
+        const bool isShown = timeOfPrayer(day.times, code).has_value();
         if (!isShown || !fallbacksOf(day.times, code).earlierDay) continue;
         notes.push_back(session.prayerName(code) + ": " + earlierDayNote(code));
     }
@@ -52,7 +52,7 @@ std::string ruleText(const Site& site) {
 }
 
 std::string missingPrayerNote(Session& session, const CityDay& day, int code) {
-    if (timeOfPrayer(day.times, code) != missingTime) return "";
+    if (timeOfPrayer(day.times, code)) return "";
     const std::string name = session.prayerName(code);
     switch (code) {
         case firstPrayer:
@@ -68,11 +68,13 @@ std::string missingPrayerNote(Session& session, const CityDay& day, int code) {
 }
 
 std::vector<std::string> missingSkyNotes(const CityDay& day) {
+    const SkyTimes sky = skyTimes(day);
     std::vector<std::string> notes;
     for (const std::string& note :
-         {riseAndSetNote(day.sky.SunRise >= 0.0, day.sky.SunSet >= 0.0, N_("The Sun does not rise or set on this day."),
-                         N_("The Sun does not rise on this day."), N_("The Sun does not set on this day.")),
-          riseAndSetNote(day.sky.MoonRise >= 0.0, day.sky.MoonSet >= 0.0,
+         {riseAndSetNote(sky.sunrise.has_value(), sky.sunset.has_value(),
+                         N_("The Sun does not rise or set on this day."), N_("The Sun does not rise on this day."),
+                         N_("The Sun does not set on this day.")),
+          riseAndSetNote(sky.moonrise.has_value(), sky.moonset.has_value(),
                          N_("The Moon does not rise or set on this day."), N_("The Moon does not rise on this day."),
                          N_("The Moon does not set on this day."))}) {
         if (!note.empty()) notes.push_back(note);
@@ -131,16 +133,6 @@ std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, co
     add(remedy == Remedy::command ? usualMethodNote(session, place) : usualMethodFact(session, place));
     add(guessNote(session, place, remedy));
     return notes;
-}
-
-std::vector<std::string> homeNotes(Session& session) {
-    try {
-        const ChosenPlace place = chooseHomePlace(session);
-        const Site site = siteOf(place.city);
-        return dayNotes(session, place, computeCityDay(site, today(session, site)));
-    } catch (const std::runtime_error&) {
-        return {};
-    }
 }
 
 }  // namespace quode::app

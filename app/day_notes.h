@@ -43,8 +43,4 @@ std::string guessNote(Session& session, const ChosenPlace& place, Remedy remedy 
 std::vector<std::string> dayNotes(Session& session, const ChosenPlace& place, const CityDay& day,
                                   Remedy remedy = Remedy::command);
 
-/// The same for the present day of the home city, else of the city that stands for it; empty when neither database can
-/// be read, which other messages report.
-std::vector<std::string> homeNotes(Session& session);
-
 }  // namespace quode::app

@@ -22,7 +22,7 @@ namespace quode::app {
 namespace {
 
 constexpr double hoursPerDay = 24.0;
-constexpr int minutesPerHour = 60, secondsPerHour = 3600, secondsPerDay = 86400;
+constexpr int secondsPerHour = 3600, secondsPerDay = 86400;
 
 std::string withSecondsText(double hours) {
     const long second = std::lround(hours * secondsPerHour);
@@ -57,23 +57,33 @@ std::string prayerKey(int code) {
     return factsOf(code).key;
 }
 
-std::string clockText(Session& session, double hours, bool withSeconds) {
-    if (hours == missingTime) return std::string(formatting::noTime);
-    if (withSeconds) return withSecondsText(hours);
-    return session.services().timeLeadingZero(shownHours(hours));
+std::string clockText(Session& session, std::optional<double> hours, bool withSeconds) {
+    if (!hours) return std::string(formatting::noTime);
+    if (withSeconds) return withSecondsText(*hours);
+    return session.services().timeLeadingZero(shownHours(*hours));
 }
 
-std::string skyClockText(Session& session, double hours, bool withSeconds) {
-    return clockText(session, hours < 0.0 ? missingTime : hours, withSeconds);
+std::string clockText(Session& session, std::chrono::minutes minute) {
+    const int ofDay = minuteOfDay(int(minute.count()));
+    return session.services().timeLeadingZero(ofDay / minutesPerHour, ofDay % minutesPerHour);
 }
 
 std::string clock24(double hours) {
     return formatting::timeLeadingZero(shownHours(hours), {});
 }
 
-Json timeJson(double hours) {
-    if (hours == missingTime) return nullptr;
-    return object({{"time", clock24(hours)}, {"hours", hours}});
+std::string clock24(std::chrono::minutes minute) {
+    const int ofDay = minuteOfDay(int(minute.count()));
+    return formatting::timeLeadingZero(ofDay / minutesPerHour, ofDay % minutesPerHour, {});
+}
+
+Json timeJson(std::optional<double> hours) {
+    if (!hours) return nullptr;
+    return object({{"time", clock24(*hours)}, {"hours", *hours}});
+}
+
+std::string altitudeText(std::optional<double> degrees) {
+    return degrees ? formatting::getDegMinStrWithMinusPlus(*degrees) : std::string(formatting::noTime);
 }
 
 std::string nightPartLabel(const NightPartName& part) {
@@ -81,17 +91,21 @@ std::string nightPartLabel(const NightPartName& part) {
     return part.hours == &NightParts::midnight ? _("Midnight") : _("Last third");
 }
 
-Json nightJson(const CityDay& day) {
+std::optional<double> nightHours(const CityDay& day, double NightParts::*part) {
     const auto night = nightOf(day);
+    return night ? std::optional((*night).*part) : std::nullopt;
+}
+
+Json nightJson(const CityDay& day) {
     Json::Object parts;
     for (const NightPartName& part : nightPartNames) {
-        parts.emplace_back(part.key, timeJson(night ? (*night).*part.hours : missingTime));
+        parts.emplace_back(part.key, timeJson(nightHours(day, part.hours)));
     }
     return Json(std::move(parts));
 }
 
-Json skyTimeJson(double hours) {
-    return timeJson(hours < 0.0 ? missingTime : std::fmod(hours, hoursPerDay));
+Json skyTimeJson(std::optional<double> hours) {
+    return timeJson(hours ? std::optional(std::fmod(*hours, hoursPerDay)) : std::nullopt);
 }
 
 std::string durationText(std::chrono::seconds duration) {
@@ -112,6 +126,13 @@ std::string longDate(Session& session, const VAKDate& date) {
 std::string dayAndMonth(Session& session, std::chrono::year_month_day date) {
     const int day = static_cast<int>(unsigned(date.day())), month = static_cast<int>(unsigned(date.month()));
     return dateText(day, session.monthName(month), int(date.year()));
+}
+
+std::optional<ClockChange> clockChangeBetween(const ZoneClock& clock, const VAKDate& first, const VAKDate& last) {
+    const auto begin = civilDate(first);
+    if (!begin.ok()) return std::nullopt;
+    const auto change = nextClockChange(clock, dayOf(first) - std::chrono::days(1));
+    return change && change->date <= civilDate(last) ? change : std::nullopt;
 }
 
 std::string clockChangeText(Session& session, const ClockChange& change) {
@@ -140,17 +161,17 @@ Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char
 }
 
 Json skyJson(const CityDay& day) {
-    const double altitude = day.sky.MoonAltitudeOnSunSet;
-    return object({{"sunrise", skyTimeJson(day.sky.SunRise)},
-                   {"sunset", skyTimeJson(day.sky.SunSet)},
-                   {"moonrise", skyTimeJson(day.sky.MoonRise)},
-                   {"moonset", skyTimeJson(day.sky.MoonSet)},
-                   {"moon_altitude_at_sunset", altitude == missingMoonTime ? Json() : Json(altitude)}});
+    const SkyTimes sky = skyTimes(day);
+    return object({{"sunrise", skyTimeJson(sky.sunrise)},
+                   {"sunset", skyTimeJson(sky.sunset)},
+                   {"moonrise", skyTimeJson(sky.moonrise)},
+                   {"moonset", skyTimeJson(sky.moonset)},
+                   {"moon_altitude_at_sunset", sky.moonAltitudeAtSunset}});
 }
 
-Json instantJson(const CityDay& day, double hours) {
-    if (hours == missingTime || isJulianCalendar(day.date)) return nullptr;
-    return isoMoment(instantOf(day, hours));
+Json instantJson(const CityDay& day, std::optional<double> hours) {
+    if (!hours || isJulianCalendar(day.date)) return nullptr;
+    return isoMoment(instantOf(day, *hours));
 }
 
 Json qiblaJson(const CityDay& day) {
@@ -183,7 +204,7 @@ std::string latitudeNote(Session& session, double lowest, double highest) {
 }
 
 std::string Footnotes::latitudeMark(Session& session, const PrayTimes& times, int code) {
-    const bool isShown = timeOfPrayer(times, code) != missingTime && fallbacksOf(times, code).latitude;
+    const bool isShown = timeOfPrayer(times, code).has_value() && fallbacksOf(times, code).latitude;
     if (!isShown) return "";
     const double latitude = *computedLatitude(times);
     return mark(latitudeNote(session, latitude, latitude));
@@ -197,7 +218,7 @@ std::string earlierDayNote(int code) {
 }
 
 std::string Footnotes::earlierDayMark(const PrayTimes& times, int code) {
-    const bool isShown = timeOfPrayer(times, code) != missingTime && fallbacksOf(times, code).earlierDay;
+    const bool isShown = timeOfPrayer(times, code).has_value() && fallbacksOf(times, code).earlierDay;
     return isShown ? mark(earlierDayNote(code)) : "";
 }
 

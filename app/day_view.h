@@ -25,20 +25,26 @@ class Session;
 std::string prayerKey(int code);
 
 // --- times
-/// The time of a prayer as the locale tells it, or with seconds; "--:--" when there is none.
-std::string clockText(Session& session, double hours, bool withSeconds = false);
-/// The same for rise and set of Sun and Moon, where everything negative is missing.
-std::string skyClockText(Session& session, double hours, bool withSeconds = false);
+/// A time of day as the locale shows it, or with seconds; "--:--" when there is none.
+std::string clockText(Session& session, std::optional<double> hours, bool withSeconds = false);
+/// The same of a minute after 0 h of a day, which may be one of a neighbouring day.
+std::string clockText(Session& session, std::chrono::minutes minute);
 /// "05:43", with 24 hours whatever the locale.
 std::string clock24(double hours);
+std::string clock24(std::chrono::minutes minute);
 /// {"time": "05:43", "hours": 5.7163}, always with 24 hours; null when there is none.
-Json timeJson(double hours);
-Json skyTimeJson(double hours);
+Json timeJson(std::optional<double> hours);
+/// The same of rise and set of Sun and Moon, with hours below 24.
+Json skyTimeJson(std::optional<double> hours);
+/// Degrees and minutes of the Moon's altitude at sunset; "--:--" when there is no sunset.
+std::string altitudeText(std::optional<double> degrees);
 /// "2 h 13 min", rounded up to the minute, as the difference of two clock texts is.
 std::string durationText(std::chrono::seconds duration);
 
 /// "First third", "Midnight", "Last third".
 std::string nightPartLabel(const NightPartName& part);
+/// The time of a part of the night that begins on a day; nothing when dawn or sunset is missing.
+std::optional<double> nightHours(const CityDay& day, double NightParts::*part);
 /// {"first_third": ..., "midnight": ..., "last_third": ...} of the night that begins on a day.
 Json nightJson(const CityDay& day);
 
@@ -47,6 +53,8 @@ Json nightJson(const CityDay& day);
 VAKDate today(Session& session, const Site& site);
 std::string longDate(Session& session, const VAKDate& date);
 std::string dayAndMonth(Session& session, std::chrono::year_month_day date);
+/// The first change of a clock from a day to another; nothing when there is none.
+std::optional<ClockChange> clockChangeBetween(const ZoneClock& clock, const VAKDate& first, const VAKDate& last);
 /// "clocks go forward on 28 March 2027"
 std::string clockChangeText(Session& session, const ClockChange& change);
 /// The Hijri date by the table; nothing outside it.
@@ -58,7 +66,7 @@ Json hijriJson(Session& session, const std::optional<VAKDate>& hijri, const char
 Json skyJson(const CityDay& day);
 
 /// The instant of a time of a day as text; null when there is none, or when the day is of the Julian calendar.
-Json instantJson(const CityDay& day, double hours);
+Json instantJson(const CityDay& day, std::optional<double> hours);
 
 /// The model of the Earth's magnetic field, by its name.
 inline constexpr const char* magneticModel = "IGRF-11";

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // The module behind "app/desktop.h".
-#include <signal.h>
 #include <systemd/sd-event.h>
 
 #include <memory>
@@ -9,42 +8,29 @@
 
 #include "app/desktop.h"
 #include "platform/canberra_sound_player.h"
+#include "platform/event_loop.h"
 #include "platform/sdbus_media_players.h"
 #include "platform/sdbus_notifications.h"
 
 namespace quode::app {
 namespace {
 
-struct UnrefLoop {
-    void operator()(sd_event* loop) const { sd_event_unref(loop); }
-};
-using Loop = std::unique_ptr<sd_event, UnrefLoop>;
-
 int endLoop(sd_event_source* source, std::uint64_t, void*) {
     return sd_event_exit(sd_event_source_get_event(source), 0);
 }
 
 /// A loop that ends after some time, or with a signal that ends the process.
-Loop newLoop(std::chrono::seconds time) {
-    sigset_t ending;
-    sigemptyset(&ending);
-    sigaddset(&ending, SIGTERM);
-    sigaddset(&ending, SIGINT);
-    sigprocmask(SIG_BLOCK, &ending, nullptr);
-    sd_event* made = nullptr;
-    if (sd_event_new(&made) < 0) throw std::runtime_error("The system provides no event loop.");
-    Loop loop(made);
-    sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
-    sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);
+EventLoop loopThatEndsAfter(std::chrono::seconds time) {
+    EventLoop loop = newEventLoop();
     const auto count = static_cast<std::uint64_t>(std::chrono::microseconds(time).count());
-    sd_event_add_time_relative(made, nullptr, CLOCK_MONOTONIC, count, 0, &endLoop, nullptr);
+    sd_event_add_time_relative(loop.get(), nullptr, CLOCK_MONOTONIC, count, 0, &endLoop, nullptr);
     return loop;
 }
 
 TrialResult ring(const TrialRing& trial) {
     TrialResult result;
     NotificationId id;
-    const Loop loop = newLoop(trial.time);
+    const EventLoop loop = loopThatEndsAfter(trial.time);
     const auto notifications = sdBusNotifications(loop.get());
     const auto player = canberraSoundPlayer(loop.get());
     const auto stopped = [&](const NotificationId& which) {

@@ -154,7 +154,7 @@ std::vector<std::string> methodNotes(const CityDay& day) {
     std::vector<std::string> notes;
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
         const TimeMark& mark = day.method.mark(code);
-        if (timeOfPrayer(day, code) == missingTime) continue;
+        if (!timeOfPrayer(day, code)) continue;
         const bool isPlain = mark.source == TimeSource::engine || mark.source == TimeSource::convention;
         if (!isPlain) notes.push_back(prayerKey(code) + "_" + keyOf(mark.source));
         if (mark.caution != Caution::none) notes.push_back(prayerKey(code) + "_" + keyOf(mark.caution));
@@ -200,7 +200,7 @@ std::string cautionText(Caution caution) {
 
 std::optional<std::string> sourceNote(const CityDay& day, int code) {
     const TimeMark& mark = day.method.mark(code);
-    if (timeOfPrayer(day, code) == missingTime) return std::nullopt;
+    if (!timeOfPrayer(day, code)) return std::nullopt;
     std::string note = originOf(day, mark.source);
     const auto add = [&note](const std::string& text) {
         if (!text.empty()) note += (note.empty() ? "" : "; ") + text;

@@ -23,7 +23,7 @@ std::string describe(Session& session, const CityDay& day, int code, const CityR
         _("{0} at {1}, {2}", session.prayerName(code), clockText(session, timeOfPrayer(day, code)), city.name);
     if (const auto iqama = iqamaMinute(day, code)) {
         text += '\n';
-        text += _("Iqama: {}", clockText(session, *iqama / 60.0));
+        text += _("Iqama: {}", clockText(session, std::chrono::minutes(*iqama)));
     }
     if (const auto note = sourceNote(day, code)) text += '\n' + *note;
     return text;
@@ -46,11 +46,11 @@ printing::PrayerCalendar prayerCalendar(Session& session, const ChosenPlace& pla
     computeDayTimes(siteOf(city), days, computed);
     for (const CityDay& day : computed) {
         for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-            const double hours = timeOfPrayer(day, code);
-            if (hours == missingTime) continue;
+            const auto hours = timeOfPrayer(day, code);
+            if (!hours) continue;
             const std::string uid = fmt::format("{}-{}-{}@quode", isoDate(day.date), prayerKey(code), placeKey(city));
             calendar.events.push_back(
-                {uid, instantOf(day, hours), session.prayerName(code), describe(session, day, code, city)});
+                {uid, instantOf(day, *hours), session.prayerName(code), describe(session, day, code, city)});
         }
     }
     return calendar;

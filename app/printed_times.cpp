@@ -53,7 +53,7 @@ std::vector<Source> sourcesOf(Session& session, const PrintRequest& request, con
 }
 
 std::string minuteText(Session& session, const std::optional<int>& minute) {
-    return minute ? clockText(session, *minute / 60.0) : "";
+    return minute ? clockText(session, std::chrono::minutes(*minute)) : "";
 }
 
 /// What has to be explained below one page.
@@ -117,10 +117,8 @@ class MonthWriter {
                 return hijri ? std::to_string(hijri->Days) : "";
             case Kind::iqama:
                 return minuteText(session_, iqamaMinute(day, source.code));
-            case Kind::night: {
-                const auto night = nightOf(day);
-                return clockText(session_, night ? (*night).*source.night : missingTime);
-            }
+            case Kind::night:
+                return clockText(session_, nightHours(day, source.night));
             default:
                 return prayerCell(day, source.code);
         }
@@ -147,11 +145,8 @@ std::vector<CityDay> computedDays(const Site& site, const std::vector<VAKDate>& 
 }
 
 void noteClockChange(Session& session, const Site& site, const std::vector<VAKDate>& dates, printing::Page& page) {
-    const auto begin = civilDate(dates.front()), end = civilDate(dates.back());
-    if (!begin.ok() || !end.ok()) return;
-    const std::chrono::year_month_day before(std::chrono::sys_days(begin) - std::chrono::days(1));
-    const auto change = nextClockChange(site.clock(), before);
-    if (change && change->date <= end) page.remarks.push_back(clockChangeText(session, *change));
+    const auto change = clockChangeBetween(site.clock(), dates.front(), dates.back());
+    if (change) page.remarks.push_back(clockChangeText(session, *change));
 }
 
 std::vector<std::string> notesOf(const ChosenPlace& place, const CityDay& day) {

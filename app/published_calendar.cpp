@@ -21,12 +21,10 @@ constexpr std::chrono::hours interval{6};  // of a subscriber's looks
 constexpr std::size_t largestFile = 16'000'000;
 
 std::vector<VAKDate> daysFrom(const VAKDate& today) {
-    const std::chrono::sys_days present(civilDate(today));
+    const std::chrono::sys_days present = dayOf(today);
     std::vector<VAKDate> days;
     for (int offset = -1; offset <= daysAhead; ++offset) {
-        const std::chrono::year_month_day date(present + std::chrono::days(offset));
-        days.push_back(VAKDateMake(static_cast<int>(unsigned(date.day())), static_cast<int>(unsigned(date.month())),
-                                   static_cast<int>(date.year()), 0, 0, 0));
+        days.push_back(recordOf(present + std::chrono::days(offset)));
     }
     return days;
 }

@@ -28,7 +28,8 @@ void setPublishedCalendar(UserDatabase& database, const std::optional<PublishedC
 /// for a file that cannot be.
 void publishCalendar(Session& session, const PublishedCalendar& calendar);
 
-/// Ends that; the file stays. Returned: what was published.
+/// Ends that; the file stays.
+/// @return what was published
 std::optional<PublishedCalendar> unpublishCalendar(Session& session);
 
 /// Writes the file, from yesterday to three months ahead, unless it is current. Throws `Failure`: usage when the file

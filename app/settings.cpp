@@ -25,7 +25,7 @@ namespace {
 // --- the values
 
 std::string layoutName(const UserSettings& settings) {
-    return settings.calendarLayout == CalendarLayout::vdir ? "vdir" : "ics";
+    return valueOf(settings.calendarLayout);
 }
 
 std::string ringerName(const UserSettings& settings) {
@@ -43,7 +43,7 @@ std::string panelName(const UserSettings& settings) {
 
 bool isOneOf(const std::string& value, const std::string& first, const std::string& second, const char* key) {
     if (value == first || value == second) return value == second;
-    throw Failure(ExitCode::usage, fmt::format("{} is {} or {}, not \"{}\".", key, first, second, value));
+    throw Failure(ExitCode::usage, _("{} is {} or {}, not \"{}\".", key, first, second, value));
 }
 
 // --- changing them
@@ -61,7 +61,7 @@ void changeSound(Session& session, const std::string& value) {
 }
 
 void changeLayout(Session& session, const std::string& value) {
-    const bool wantsFolder = isOneOf(value, "ics", "vdir", "calendar");
+    const bool wantsFolder = isOneOf(value, valueOf(CalendarLayout::ics), valueOf(CalendarLayout::vdir), "calendar");
     if (wantsFolder && evolutionSource(session).isConnected()) {
         throw Failure(ExitCode::usage, _("Evolution shows the one file of the layout ics. Disconnect it first: quode "
                                          "calendar disconnect"));

@@ -43,7 +43,7 @@ class SunOfDay {
 
 }  // namespace
 
-double timeOfSunInDirection(const Site& site, const CityDay& day, double bearing) {
+std::optional<double> timeOfSunInDirection(const Site& site, const CityDay& day, double bearing) {
     constexpr int stepsPerHour = 12, halvings = 15;
     constexpr double opposite = 90.0;  // beyond it, a change of sign is the far side of the circle
     SunOfDay sun(site, day);
@@ -64,7 +64,7 @@ double timeOfSunInDirection(const Site& site, const CityDay& day, double bearing
         before = after;
         offBefore = offAfter;
     }
-    return missingTime;
+    return std::nullopt;
 }
 
 }  // namespace quode::app

@@ -22,11 +22,6 @@ bool isFallback(const CityDay& day, int code) {
     return source == TimeSource::engine && (fallbacks.latitude || fallbacks.earlierDay);
 }
 
-std::optional<double> iqamaHours(const CityDay& day, int code) {
-    const std::optional<int> minute = iqamaMinute(day, code);
-    return minute ? std::optional(*minute / 60.0) : std::nullopt;
-}
-
 // The usual method of the country, where the user has not chosen any; null: none is to be offered.
 const conventions::Convention* methodToOffer(const ChosenPlace& place) {
     const bool isUsers = place.source == PlaceSource::home || place.source == PlaceSource::systemZone;
@@ -43,7 +38,7 @@ const std::string& countryOf(Session& session, const ChosenPlace& place) {
 }  // namespace
 
 std::string shortMark(const CityDay& day, int code) {
-    if (timeOfPrayer(day, code) == missingTime) return "";
+    if (!timeOfPrayer(day, code)) return "";
     if (day.method.mark(code).adjusted != 0) return _("adjusted by you");
     if (isFallback(day, code)) return _("by a fallback rule");
     const bool isOutOfOrder = day.method.mark(code).caution == conventions::Caution::outOfOrder;
@@ -68,15 +63,16 @@ std::string otherClockNote(Session& session, const ZoneClock& clock, const CityD
     const std::optional<int> minute = otherClockMinute(clock, day, timeOfPrayer(day, code));
     if (!minute) return "";
     return _("{0}: the clocks change on this day; at this moment they show {1}.", session.prayerName(code),
-             clockText(session, *minute / 60.0));
+             clockText(session, std::chrono::minutes(*minute)));
 }
 
 std::string iqamaLine(Session& session, const CityDay& day) {
     std::string prayers;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-        const std::optional<double> hours = iqamaHours(day, code);
-        if (!hours) continue;
-        prayers += (prayers.empty() ? "" : ", ") + session.prayerName(code) + " " + clockText(session, *hours);
+        const std::optional<int> minute = iqamaMinute(day, code);
+        if (!minute) continue;
+        prayers += (prayers.empty() ? "" : ", ") + session.prayerName(code) + " " +
+                   clockText(session, std::chrono::minutes(*minute));
     }
     // Translators: the moments at which the congregations of the prayers begin.
     return prayers.empty() ? "" : _("Iqama: {}", prayers);
@@ -86,9 +82,9 @@ Json iqamaJson(const CityDay& day) {
     Json::Object times;
     bool isAnyKnown = false;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-        const std::optional<double> hours = iqamaHours(day, code);
-        isAnyKnown = isAnyKnown || hours.has_value();
-        times.emplace_back(prayerKey(code), hours ? Json(clock24(*hours)) : Json());
+        const std::optional<int> minute = iqamaMinute(day, code);
+        isAnyKnown = isAnyKnown || minute.has_value();
+        times.emplace_back(prayerKey(code), minute ? Json(clock24(std::chrono::minutes(*minute))) : Json());
     }
     return isAnyKnown ? Json(std::move(times)) : Json();
 }

@@ -23,17 +23,22 @@ enum class Prayer : int {
     isfirar = 208,
 };
 
+/// The code of a prayer.
+constexpr int codeOf(Prayer prayer) {
+    return static_cast<int>(prayer);
+}
+
 /// The codes of the first and the last of the six main prayers, which alone have alarms, and of the last of all.
-inline constexpr int firstPrayer = static_cast<int>(Prayer::fajr);
-inline constexpr int lastMainPrayer = static_cast<int>(Prayer::isha);
-inline constexpr int lastPrayer = static_cast<int>(Prayer::isfirar);
+inline constexpr int firstPrayer = codeOf(Prayer::fajr);
+inline constexpr int lastMainPrayer = codeOf(Prayer::isha);
+inline constexpr int lastPrayer = codeOf(Prayer::isfirar);
 
 /// The number of the main prayers. Calculation conventions define these alone.
 inline constexpr int mainPrayerCount = lastMainPrayer - firstPrayer + 1;
 
 /// The place of a prayer in an array of prayers, from 0 on.
 constexpr std::size_t indexOf(Prayer prayer) {
-    return static_cast<std::size_t>(static_cast<int>(prayer) - firstPrayer);
+    return static_cast<std::size_t>(codeOf(prayer) - firstPrayer);
 }
 
 /// The prayer at a place in an array of prayers.

@@ -49,7 +49,7 @@ std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const Us
     const auto prayer = std::ranges::find(all.prayers, alarm.code, &AlarmOccurrence::code);
     const bool comes = prayer != all.prayers.end();
     std::vector<std::string> row{isNext ? "›" : " ", session.prayerName(alarm.code),
-                                 clockText(session, comes ? prayer->hours : missingTime),
+                                 clockText(session, comes ? std::optional(prayer->hours) : std::nullopt),
                                  comes ? dayText(session, *all.city, prayer->date) : "",
                                  std::string(alarm.isOn ? _c("alarm", "on") : _c("alarm", "off"))};
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();

@@ -6,6 +6,7 @@
 
 #include "app/day_view.h"
 #include "app/method_choice.h"
+#include "common/civil_date.h"
 
 namespace quode::cli {
 
@@ -14,18 +15,17 @@ using namespace app;
 std::vector<std::string> notesOf(const CityDay& day) {
     const PrayTimes& times = day.times;
     std::vector<std::string> notes;
-    constexpr int minutesPerDay = 1440;
     if (times.isLatitudeChanged) notes.emplace_back("other_latitude");
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
-        const double hours = timeOfPrayer(day, code);
-        if (hours == missingTime) {
+        const auto hours = timeOfPrayer(day, code);
+        if (!hours) {
             notes.push_back(prayerKey(code) + "_missing");
             continue;
         }
         if (fallbacksOf(times, code).earlierDay) notes.push_back(prayerKey(code) + "_of_earlier_day");
-        if (shownMinute(hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
+        if (shownMinute(*hours) >= minutesPerDay) notes.push_back(prayerKey(code) + "_after_midnight");
         // The notes of the engine's own method stay as programs know them.
-        if (hours < 0.0 && !isByEngine(day)) notes.push_back(prayerKey(code) + "_before_midnight");
+        if (*hours < 0.0 && !isByEngine(day)) notes.push_back(prayerKey(code) + "_before_midnight");
     }
     for (std::string& note : methodNotes(day)) notes.push_back(std::move(note));
     return notes;
@@ -40,8 +40,8 @@ std::string csvTimesHead() {
 std::string csvTimes(const CityDay& day) {
     std::string line;
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
-        const double hours = timeOfPrayer(day, code);
-        if (hours != missingTime) line += clock24(hours);
+        const auto hours = timeOfPrayer(day, code);
+        if (hours) line += clock24(*hours);
         line += ',';
     }
     return line + fmt::format("{},{}", day.GMTValue, fmt::join(notesOf(day), " "));

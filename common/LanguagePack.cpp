@@ -13,6 +13,7 @@
 
 #include "common/printable.h"
 #include "common/utf8.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -29,7 +30,7 @@ template <typename T>
 using Owned = std::unique_ptr<T, FreeMemory>;
 
 std::string checkedText(std::string_view text) {
-    if (!isUtf8(text)) throw std::runtime_error("a text is not UTF-8");
+    if (!isUtf8(text)) throw std::runtime_error(_("a text is not UTF-8"));
     return printable(text);
 }
 
@@ -37,7 +38,7 @@ std::string checkedText(std::string_view text) {
 std::string stringOf(plist_t node, const std::string& key) {
     std::uint64_t length = 0;
     const char* value = plist_get_node_type(node) == PLIST_STRING ? plist_get_string_ptr(node, &length) : nullptr;
-    if (value == nullptr) throw std::runtime_error("the value of \"" + key + "\" is not a text");
+    if (value == nullptr) throw std::runtime_error(_("the value of \"{}\" is not a text", key));
     return checkedText({value, static_cast<std::size_t>(length)});
 }
 
@@ -59,7 +60,7 @@ void forEachEntry(plist_t dictionary, Visit visit) {
 
 LanguagePack::Section sectionOf(plist_t node, const std::string& name) {
     if (plist_get_node_type(node) != PLIST_DICT) {
-        throw std::runtime_error("the section \"" + name + "\" is not a dictionary");
+        throw std::runtime_error(_("the section \"{}\" is not a dictionary", name));
     }
     LanguagePack::Section section;
     forEachEntry(node, [&](const std::string& key, plist_t value) { section[key] = stringOf(value, key); });
@@ -72,7 +73,7 @@ Plist parsedBytes(std::string_view bytes) {
     const auto length = static_cast<std::uint32_t>(bytes.size());
     const auto read = plist_is_binary(bytes.data(), length) ? plist_from_bin : plist_from_xml;
     read(bytes.data(), length, &root);
-    if (root == nullptr) throw std::runtime_error("it is not a property list, or it is damaged");
+    if (root == nullptr) throw std::runtime_error(_("it is not a property list, or it is damaged"));
     return Plist(root);
 }
 
@@ -83,15 +84,15 @@ Plist withoutZeroCharacters(const Plist& binary) {
     std::uint32_t length = 0;
     plist_to_xml(binary.get(), &xml, &length);
     const Owned<char> owned(xml);
-    if (!owned) throw std::runtime_error("it is damaged");
+    if (!owned) throw std::runtime_error(_("it is damaged"));
     return parsedBytes({owned.get(), length});
 }
 
 Plist parsedPlist(std::string_view bytes) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
-    if (bytes.empty()) throw std::runtime_error("it is empty");
-    if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) throw std::runtime_error("it is too large");
+    if (bytes.empty()) throw std::runtime_error(_("it is empty"));
+    if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) throw std::runtime_error(_("it is too large"));
     Plist root = parsedBytes(bytes);
     return bytes.starts_with("bplist") ? withoutZeroCharacters(root) : std::move(root);
 }
@@ -126,7 +127,8 @@ std::optional<std::string> LanguagePack::text(std::string_view section, std::str
 
 LanguagePack parseLanguagePack(std::string_view bytes) {
     const Plist root = parsedPlist(bytes);
-    if (plist_get_node_type(root.get()) != PLIST_DICT) throw std::runtime_error("it is not a dictionary of sections");
+    if (plist_get_node_type(root.get()) != PLIST_DICT)
+        throw std::runtime_error(_("it is not a dictionary of sections"));
     LanguagePack::Sections sections;
     forEachEntry(root.get(), [&](const std::string& name, plist_t node) { sections[name] = sectionOf(node, name); });
     return LanguagePack(std::move(sections));

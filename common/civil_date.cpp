@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "common/civil_date.h"
 
+#include <fmt/format.h>
+
+#include <array>
+
 namespace quode {
 
 std::chrono::year_month_day civilDate(const VAKDate& date) {
@@ -27,6 +31,24 @@ VAKDate recordOf(std::chrono::sys_seconds local) {
 
 VAKDate recordOf(const CivilTime& time) {
     return VAKDateMake(time.day, time.month, time.year, time.hour, time.minute, time.second);
+}
+
+bool isLeapYear(int year) {
+    constexpr int lastJulianYear = 1582;
+    return year % 4 == 0 && (year <= lastJulianYear || year % 100 != 0 || year % 400 == 0);
+}
+
+int daysInMonth(int year, int month) {
+    constexpr std::array<int, 12> lengths{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return lengths[static_cast<std::size_t>(month) - 1] + (month == 2 && isLeapYear(year) ? 1 : 0);
+}
+
+std::string isoDate(std::chrono::year_month_day date) {
+    return fmt::format("{:04}-{:02}-{:02}", int(date.year()), unsigned(date.month()), unsigned(date.day()));
+}
+
+std::string isoDate(const VAKDate& date) {
+    return fmt::format("{:04}-{:02}-{:02}", date.Years, date.Months, date.Days);
 }
 
 }  // namespace quode

@@ -2,26 +2,25 @@
 // SPDX-License-Identifier: MIT
 #include "common/printable.h"
 
+#include "texts/utf8.h"
+
 namespace quode {
 namespace {
 
-// The number of bytes of a control character at the start of a text; 0 when there is none.
-std::size_t controlLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
-    if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;
-    if (byte(0) == 0xC2 && byte(1) >= 0x80 && byte(1) <= 0x9F) return 2;
-    if (byte(0) == 0xE2 && byte(1) == 0x80 && byte(2) >= 0xAA && byte(2) <= 0xAE) return 3;
-    return 0;
+bool isControl(char32_t code) {
+    const bool isDirection = code >= U'\u202A' && code <= U'\u202E';
+    return code < U' ' || (code >= 0x7F && code <= 0x9F) || isDirection;
 }
 
 std::string without(std::string_view text, bool keepLines) {
     std::string kept;
     kept.reserve(text.size());
     while (!text.empty()) {
-        const bool isLine = keepLines && (text.front() == '\n' || text.front() == '\t');
-        const std::size_t control = isLine ? 0 : controlLength(text);
-        if (control == 0) kept += text.front();
-        text.remove_prefix(control == 0 ? 1 : control);
+        std::string_view rest = text;
+        const std::optional<char32_t> code = takeCodePoint(rest);
+        const bool isLine = keepLines && (code == U'\n' || code == U'\t');
+        if (!code || isLine || !isControl(*code)) kept += text.substr(0, text.size() - rest.size());
+        text = rest;
     }
     return kept;
 }
@@ -37,8 +36,9 @@ std::string printableLines(std::string_view utf8) {
 }
 
 bool hasControls(std::string_view utf8) {
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        if (controlLength(utf8.substr(i)) != 0) return true;
+    while (!utf8.empty()) {
+        const std::optional<char32_t> code = takeCodePoint(utf8);
+        if (code && isControl(*code)) return true;
     }
     return false;
 }

@@ -52,7 +52,8 @@ class AlarmBook {
     /// The events that this installation made and no alarm has. Those of other devices are none of them.
     std::vector<CalendarEvent> eventsWithoutAlarm();
 
-    /// Removes them. Returned: what failed; else nothing.
+    /// Removes them.
+    /// @return what failed; else nothing
     AlarmChange removeEventsWithoutAlarm();
 
   private:

@@ -13,6 +13,9 @@
 
 namespace quode {
 
+/// How long a ring that is snoozed is silent.
+inline constexpr std::chrono::minutes snoozeTime{5};
+
 class UserConnection;
 class UserDatabase;
 struct UserAlarm;

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // What has rung. Kept in a file of the data folder, so that a restart neither loses a ring nor repeats it.
+//
+// Fixed values: the name and the lines of the file, which an older or newer version of the service may read.
 #pragma once
 
 #include <chrono>
@@ -18,7 +20,7 @@
 
 namespace quode {
 
-/// How far a ring has come.
+/// How far a ring has come. Fixed values: stored in the file.
 enum class RingState {
     begun = 0,     ///< about to ring: not sent to the desktop yet
     shown = 1,     ///< the user sees it
@@ -76,7 +78,8 @@ class RingRecords {
     /// Reads the file of a data folder; one that is missing is made with the first note.
     explicit RingRecords(std::filesystem::path dataFolder);
 
-    /// Makes the file where there is none, so that there is room for the notes. Returned: false when that fails.
+    /// Makes the file where there is none, so that there is room for the notes.
+    /// @return false when that fails
     static bool reserve(const std::filesystem::path& dataFolder);
 
     std::optional<RingRecord> find(int code, std::chrono::sys_seconds due) const;

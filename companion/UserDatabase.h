@@ -106,9 +106,9 @@ class UserDatabase {
     ~UserDatabase();
     UserDatabase(UserDatabase&&) noexcept;
 
-    /// Opens the file only to read from it: nothing is created, changed or repaired, and operations that change something
-    /// fail. Returned: nothing when there is no file, or one without any table. Throws `UserDatabaseError`, also for a
-    /// damaged file.
+    /// Opens the file only to read from it: nothing is created, changed or repaired, and operations that change
+    /// something fail. Throws `UserDatabaseError`, also for a damaged file.
+    /// @return nothing when there is no file, or one without any table
     static std::optional<UserDatabase> openToRead(const std::filesystem::path& dataFolder, const CityDatabase& cities,
                                                   const Clock& device, std::chrono::milliseconds patience);
 
@@ -127,11 +127,12 @@ class UserDatabase {
 
     /// Adds a city of the city database, or a place added before, at the end; the first one becomes home, and takes the
     /// place of `fallbackCity` while that is a guess.
-    /// Returned: false, and nothing is changed, when it is among them already.
+    /// @return false, and nothing is changed, when it is among them already
     bool addCity(int id);
 
-    /// Adds a place by its coordinates at the end of the cities. Returned: its number, which is negative. One that is
-    /// there already, with the same name, coordinates and zone, is not added again.
+    /// Adds a place by its coordinates at the end of the cities. One that is there already, with the same name,
+    /// coordinates and zone, is not added again.
+    /// @return its number, which is negative
     int addPlace(const NewPlace& place);
 
     /// Removes a city. When it was home, the first of the others becomes home. A place of the user's own is forgotten.
@@ -155,9 +156,9 @@ class UserDatabase {
     /// Writes the time of each prayer, by which `DatabaseFunctions::reCalculateAlarm` places the event: the wall
     /// clock's time in the device's zone, in the middle of a minute, so that the next alarm from now on comes out at
     /// its instant. Hours beyond 0..24 say that the prayer belongs to the day before or after. Every change of cities,
-    /// home or alarms does it too; otherwise call it when the day, the clock or the zone of the device
-    /// changed. Returned: the alarms that ring within a day, whether they are on or off. For a prayer whose time does
-    /// not come about within that day nothing is returned and written.
+    /// home or alarms does it too; otherwise call it when the day, the clock or the zone of the device changed. For a
+    /// prayer whose time does not come about within that day nothing is returned and written.
+    /// @return the alarms that ring within a day, whether they are on or off
     std::vector<AlarmOccurrence> refreshPrayerTimes();
 
     // --- settings

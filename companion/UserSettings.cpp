@@ -58,11 +58,15 @@ void saveManner(UserDatabase& database, const RingManner& manner) {
 
 }  // namespace
 
+const char* valueOf(CalendarLayout layout) {
+    return layout == CalendarLayout::vdir ? "vdir" : "ics";
+}
+
 UserSettings loadSettings(const UserDatabase& database) {
     UserSettings settings;
     const std::string sound = database.setting(soundName).value_or("");
     if (!sound.empty()) settings.defaultSound = sound;
-    if (database.setting(layoutName) == "vdir") settings.calendarLayout = CalendarLayout::vdir;
+    if (database.setting(layoutName) == valueOf(CalendarLayout::vdir)) settings.calendarLayout = CalendarLayout::vdir;
     if (database.setting(ringerName) == "evolution") settings.ringer = Ringer::evolution;
     const std::string language = database.setting(languageName).value_or("");
     if (!language.empty()) settings.language = language;
@@ -81,7 +85,7 @@ UserSettings loadSettings(const UserDatabase& database) {
 void saveSettings(UserDatabase& database, const UserSettings& settings) {
     database.connection().change([&] {
         database.setSetting(soundName, settings.defaultSound);
-        database.setSetting(layoutName, settings.calendarLayout == CalendarLayout::vdir ? "vdir" : "ics");
+        database.setSetting(layoutName, valueOf(settings.calendarLayout));
         database.setSetting(ringerName, settings.ringer == Ringer::evolution ? "evolution" : "quode");
         database.setSetting(languageName, settings.language);
         database.setSetting(panelName, valueOf(settings.panelLayout));

@@ -14,6 +14,9 @@ enum class CalendarLayout {
     vdir,  ///< a folder with one file per event
 };
 
+/// The name of a layout in the settings: "ics" or "vdir". Fixed values: stored.
+const char* valueOf(CalendarLayout layout);
+
 /// Which program rings.
 enum class Ringer {
     quode,      ///< the alarm service
@@ -43,9 +46,12 @@ struct RingManner {
 /// The sizes of texts that can be chosen, percent.
 inline constexpr int smallestText = 100, largestText = 200;
 
+/// The sound that every installation has.
+inline constexpr const char* shippedSound = "chime";
+
 /// The user's settings, as far as they have a meaning here.
 struct UserSettings {
-    std::string defaultSound = "chime";  ///< of alarms that are set up without one
+    std::string defaultSound = shippedSound;  ///< of alarms that are set up without one
     CalendarLayout calendarLayout = CalendarLayout::ics;
     Ringer ringer = Ringer::quode;
     std::string language = "auto";  ///< of every program; "auto": that of the locale

@@ -19,7 +19,6 @@ using namespace std::chrono;
 
 // The prayer's minute is written from its middle, so that neither truncating nor rounding leads to another one.
 constexpr double insideTheMinute = 0.25;
-constexpr int minutesPerDay = 1440;
 
 bool sameMinute(const VAKDate& a, const VAKDate& b) {
     return sameDay(a, b) && a.Hours == b.Hours && a.Minutes == b.Minutes;
@@ -34,13 +33,13 @@ void addOccurrences(const CityDay& day, std::span<const AlarmRule> alarms, sys_s
                     std::vector<AlarmOccurrence>& found) {
     const unsigned weekdayBit = 1U << weekday(civilDate(day.date)).c_encoding();
     for (const AlarmRule& alarm : alarms) {
-        const double hours = timeOfPrayer(day, alarm.code);
-        if (hours == missingTime || (alarm.days & weekdayBit) == 0) continue;
-        const sys_seconds prayer = instantOf(day, hours);
+        const auto hours = timeOfPrayer(day, alarm.code);
+        if (!hours || (alarm.days & weekdayBit) == 0) continue;
+        const sys_seconds prayer = instantOf(day, *hours);
         const auto add = [&](int offset) {
             const sys_seconds due = prayer + minutes(offset);
             const bool isWanted = due > std::max(after, alarm.silentUntil) && due <= until;
-            if (isWanted) found.push_back({alarm.code, due, prayer, hours, day.date});
+            if (isWanted) found.push_back({alarm.code, due, prayer, *hours, day.date});
         };
         add(alarm.offset);
         if (alarm.reminder && alarm.reminder != alarm.offset) add(*alarm.reminder);
@@ -75,7 +74,7 @@ std::optional<double> prayTimeFor(const Clock& device, sys_seconds now, sys_seco
     const VAKDate wallClockNow = recordOf(device.civilTime(now));
     const VAKDate ring = recordOf(device.civilTime(due));
     const int minuteOfRing = ring.Hours * 60 + ring.Minutes - offsetMinutes;
-    const int minuteOfPrayer = (minuteOfRing % minutesPerDay + minutesPerDay) % minutesPerDay;
+    const int minuteOfPrayer = minuteOfDay(minuteOfRing);
     for (const int shift : {0, 1, -1}) {
         const double prayTime = hoursOfMinute(minuteOfPrayer + shift * minutesPerDay);
         if (sameMinute(nextAlarmMoment(wallClockNow, prayTime, offsetMinutes), ring)) return prayTime;

@@ -47,7 +47,7 @@ std::vector<AlarmOccurrence> alarmOccurrences(const Site& site, std::span<const 
 /// device        its clock, for the zone
 /// now           the present moment
 /// due           when it rings, at most a day ahead
-/// Returned: within 0..24 where that is possible; nothing when the operation cannot come to that moment.
+/// @return within 0..24 where that is possible; nothing when the operation cannot come to that moment
 std::optional<double> prayTimeFor(const Clock& device, std::chrono::sys_seconds now, std::chrono::sys_seconds due,
                                   int offsetMinutes);
 

@@ -45,7 +45,7 @@ std::string serviceStartCommand(const Environment& environment);
 bool programStartsAtLogin(const Environment& environment, const std::string& name);
 
 /// Writes an autostart entry for a program into the user's settings, or one that switches the program off.
-/// Returned: why that failed; empty when it was done.
+/// @return why that failed; empty when it was done
 std::string setStartAtLogin(const Environment& environment, const std::filesystem::path& program, bool isWanted);
 
 }  // namespace quode

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/numbers.h"
+#include "texts/utf8.h"
 
 namespace quode {
 namespace {
@@ -35,10 +36,7 @@ std::uint32_t checksumOf(std::string_view text) {
 std::string field(std::string text) {
     std::ranges::replace_if(
         text, [](unsigned char c) { return c < ' '; }, ' ');
-    if (text.size() <= longestText) return text;
-    std::size_t end = longestText;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;  // no part of a character
-    return text.substr(0, end);
+    return std::string(beginningOf(text, longestText));
 }
 
 std::string lineOf(std::string content) {

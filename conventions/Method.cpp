@@ -3,10 +3,10 @@
 #include "conventions/Method.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <vector>
 
+#include "common/numbers.h"
 #include "conventions/JakimZones.h"
 
 namespace quode::conventions {
@@ -28,25 +28,18 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
     }
 }
 
+/// The number that a stored text is, which has no blanks and no plus sign.
 template <typename Number>
-std::optional<Number> numberOf(std::string_view text) {
-    Number value{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-    return value;
-}
-
-std::string shortest(double value) {
-    std::array<char, 32> buffer{};
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    return {buffer.data(), result.ptr};
+std::optional<Number> storedNumber(std::string_view text) {
+    const std::optional<Number> value = takeNumber<Number>(text);
+    return text.empty() ? value : std::nullopt;
 }
 
 bool readAdjustments(std::string_view text, Method& method) {
     const auto parts = split(text, ',');
     if (parts.size() != mainPrayerCount) return false;
     for (std::size_t i = 0; i < parts.size(); ++i) {
-        const auto minutes = numberOf<int>(parts[i]);
+        const auto minutes = storedNumber<int>(parts[i]);
         if (!minutes) return false;
         method.adjust[i] = *minutes;
     }
@@ -58,12 +51,12 @@ bool readPart(std::string_view part, Method& method) {
     if (equals == std::string_view::npos) return false;
     const std::string_view name = part.substr(0, equals), value = part.substr(equals + 1);
     const auto into = [&](auto& target) {
-        const auto number = numberOf<double>(value);
+        const auto number = storedNumber<double>(value);
         if (number) target = *number;
         return number.has_value();
     };
     if (name == "asr") {
-        method.asrFactor = numberOf<int>(value).value_or(-1);
+        method.asrFactor = storedNumber<int>(value).value_or(-1);
         return true;
     }
     if (name == "high-latitude") {
@@ -94,15 +87,15 @@ std::string textOf(const Method& method) {
     const auto add = [&text](std::string_view name, const std::string& value) {
         text.append(" ").append(name).append("=").append(value);
     };
-    if (method.asrFactor != 0) add("asr", std::to_string(method.asrFactor));
+    if (method.asrFactor != 0) add("asr", numberText(method.asrFactor));
     if (method.highLatitude) add("high-latitude", std::string(keyOf(*method.highLatitude)));
-    if (method.fajrAngle) add("fajr-angle", shortest(*method.fajrAngle));
-    if (method.ishaAngle) add("isha-angle", shortest(*method.ishaAngle));
-    if (method.height) add("height", shortest(*method.height));
+    if (method.fajrAngle) add("fajr-angle", numberText(*method.fajrAngle));
+    if (method.ishaAngle) add("isha-angle", numberText(*method.ishaAngle));
+    if (method.height) add("height", numberText(*method.height));
     if (!method.zone.empty()) add("zone", method.zone);
     if (method.adjust != Method{}.adjust) {
         std::string list;
-        for (const int minutes : method.adjust) list.append(list.empty() ? "" : ",").append(std::to_string(minutes));
+        for (const int minutes : method.adjust) list.append(list.empty() ? "" : ",").append(numberText(minutes));
         add("adjust", list);
     }
     return text;

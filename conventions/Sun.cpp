@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "astro/EarthCompute.h"
+#include "astro/julian_day.h"
 #include "conventions/degrees.h"
 
 namespace quode::conventions {
@@ -93,10 +94,9 @@ SunPlace sunAt(double julianDay) {
 
 double julianDayOf(int year, int month, int day) {
     using namespace std::chrono;
-    constexpr double unixEpoch = 2440587.5;
     const sys_days date =
         year_month_day(std::chrono::year(year), std::chrono::month(unsigned(month)), std::chrono::day(unsigned(day)));
-    return unixEpoch + double(date.time_since_epoch().count());
+    return julianDayOfUnixEpoch + double(date.time_since_epoch().count());
 }
 
 }  // namespace quode::conventions

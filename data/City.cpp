@@ -50,7 +50,7 @@ void correctClock(City& city, std::shared_ptr<const ZoneKnowledge> known, std::c
 City::City() : globalFuncs_(&GlobalFuncs::globalFuncs()) {}
 
 double City::getRelevantPrayerTime(int code) const {
-    return code >= firstPrayer && code <= lastPrayer ? timeOfPrayer(aNamazVakitleri_, code) : 0.0;
+    return isPrayer(code) ? aNamazVakitleri_.*factsOf(code).time : 0.0;
 }
 
 void City::changeTemkin() {
@@ -61,7 +61,7 @@ void City::getAllCityInfo(City& city) const {
     const int id = leadingNumber<int>(city.cityId_);
     city.setChoice(readSiteChoice(userDatabaseFile(globalFuncs_->dataFolder()), id));
     if (isUserPlace(id)) return fillWithUserPlace(city, id, *globalFuncs_);
-    const sqlite::Database database = sqlite::openUnchanging(globalFuncs_->appBundlePath() + "/database/cities.sqlite");
+    const sqlite::Database database = sqlite::openUnchanging(CityDatabase::fileIn(globalFuncs_->appBundlePath()));
     if (!database) return;
     const sqlite::Statement row = sqlite::prepare(database.get(), cityQuery + numberText(id));
     if (!row || sqlite3_step(row.get()) != SQLITE_ROW) return;

@@ -5,12 +5,13 @@
 #include <chrono>
 #include <vector>
 
+#include "common/civil_date.h"
 #include "common/numbers.h"
 
 namespace quode {
 namespace {
 
-constexpr int largestMinute = 2 * 1440;
+constexpr int smallestMinute = -minutesPerDay, largestMinute = 2 * minutesPerDay;
 
 std::string minuteText(const std::optional<int>& minute) {
     return minute ? numberText(*minute) : "-";
@@ -38,7 +39,7 @@ std::vector<std::string_view> wordsOf(std::string_view text) {
 bool readMinute(std::string_view word, std::optional<int>& minute) {
     if (word == "-") return true;
     minute = numberOf<int>(word);
-    return minute && *minute >= -1440 && *minute <= largestMinute;
+    return minute && *minute >= smallestMinute && *minute <= largestMinute;
 }
 
 bool readIqama(std::string_view word, std::optional<Iqama>& iqama) {

@@ -99,21 +99,32 @@ void computeCity(City& city, const VAKDate& day) {
     city.setMagneticVariation(computed.declination);
 }
 
-double timeOfPrayer(const PrayTimes& times, int code) {
-    return isPrayer(code) ? times.*factsOf(code).time : missingTime;
+std::optional<double> timeOfPrayer(const PrayTimes& times, int code) {
+    if (!isPrayer(code)) return std::nullopt;
+    const double hours = times.*factsOf(code).time;
+    return hours == missingTime ? std::nullopt : std::optional(hours);
 }
 
-double timeOfPrayer(const CityDay& day, int code) {
+std::optional<double> timeOfPrayer(const CityDay& day, int code) {
     constexpr double hoursPerDay = 24.0;
-    const double hours = timeOfPrayer(day.times, code);
-    return hours == missingTime ? missingTime : hours - hoursPerDay * std::floor(day.times.Ogle / hoursPerDay);
+    const auto hours = timeOfPrayer(day.times, code);
+    if (!hours) return std::nullopt;
+    return *hours - hoursPerDay * std::floor(day.times.Ogle / hoursPerDay);
+}
+
+SkyTimes skyTimes(const CityDay& day) {
+    // The marks of Sun and Moon differ; both are negative, which no rise or set is.
+    const auto timeOf = [](double hours) { return hours < 0.0 ? std::nullopt : std::optional(hours); };
+    const WidgetSkyInfo& sky = day.sky;
+    SkyTimes times{timeOf(sky.SunRise), timeOf(sky.SunSet), timeOf(sky.MoonRise), timeOf(sky.MoonSet), {}};
+    if (sky.MoonAltitudeOnSunSet != missingMoonTime) times.moonAltitudeAtSunset = sky.MoonAltitudeOnSunSet;
+    return times;
 }
 
 int shownMinute(double hours) {
     const formatting::ClockMinute shown = formatting::shownClock(hours).value_or(formatting::ClockMinute{});
     const int minuteOfDay = shown.hour * 60 + shown.minute;
     // The rounded clock has no day: the nearest minute with that clock is the right one.
-    constexpr int minutesPerDay = 1440;
     return minuteOfDay + minutesPerDay * static_cast<int>(std::lround((hours * 60.0 - minuteOfDay) / minutesPerDay));
 }
 
@@ -125,11 +136,11 @@ VAKDate wallClock(const ZoneClock& clock, sys_seconds instant) {
     return recordOf(instant + seconds(clock.offsetAt(instant)));
 }
 
-std::optional<int> otherClockMinute(const ZoneClock& clock, const CityDay& day, double hours) {
-    if (hours == missingTime) return std::nullopt;
-    const seconds difference = seconds(clock.offsetAt(instantOf(day, hours))) - offsetOf(day.GMTValue);
+std::optional<int> otherClockMinute(const ZoneClock& clock, const CityDay& day, std::optional<double> hours) {
+    if (!hours) return std::nullopt;
+    const seconds difference = seconds(clock.offsetAt(instantOf(day, *hours))) - offsetOf(day.GMTValue);
     if (difference == seconds(0)) return std::nullopt;
-    return shownMinute(hours) + static_cast<int>(floor<minutes>(difference).count());
+    return shownMinute(*hours) + static_cast<int>(floor<minutes>(difference).count());
 }
 
 std::optional<NextPrayer> nextPrayer(const Site& site, sys_seconds now) {
@@ -142,10 +153,10 @@ std::optional<NextPrayer> nextPrayer(const Site& site, sys_seconds now) {
         CityDay day;
         computeTimes(engine, site, day);
         for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-            const double hours = timeOfPrayer(day, code);
-            if (hours == missingTime) continue;
-            const sys_seconds instant = instantOf(day, hours);
-            if (instant > now && (!next || instant < next->instant)) next = NextPrayer{code, instant, hours, day.date};
+            const auto hours = timeOfPrayer(day, code);
+            if (!hours) continue;
+            const sys_seconds instant = instantOf(day, *hours);
+            if (instant > now && (!next || instant < next->instant)) next = NextPrayer{code, instant, *hours, day.date};
         }
     }
     return next;

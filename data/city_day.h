@@ -47,7 +47,7 @@ Site siteOf(const City& city);
 /// The computed values of one day at one place.
 struct CityDay {
     VAKDate date;              ///< the civil day, at 0 h
-    PrayTimes times;           ///< local decimal hours, -1.0 where missing; the flags mark fallbacks
+    PrayTimes times;           ///< as the engine gives them, -1.0 where missing; see `timeOfPrayer`
     WidgetSkyInfo sky;         ///< sunrise, sunset, moonrise, moonset (local), the Moon's altitude at sunset
     double GMTValue = 0.0;     ///< hours east of Greenwich on that day, summer time included
     bool isDSTTime = false;    ///< summer time is in force
@@ -64,8 +64,9 @@ struct CityDay {
 ///   mecca.longitude = 39.8262;
 ///   mecca.rule.gmt = 3.0;
 ///   const quode::CityDay day = quode::computeCityDay(mecca, quode::VAKDateMake(21, 3, 2026, 0, 0, 0));
-///   const double fajr = quode::timeOfPrayer(day, 200);  // local decimal hours, or -1.0
-///   const int minute = quode::shownMinute(fajr);        // as shown, after rounding
+///   if (const auto fajr = quode::timeOfPrayer(day, 200)) {  // local decimal hours
+///       const int minute = quode::shownMinute(*fajr);       // as shown, after rounding
+///   }
 /// @endcode
 ///
 /// @param day  the date; its time of day is ignored
@@ -75,17 +76,26 @@ CityDay computeCityDay(const Site& site, const VAKDate& day);
 /// @param day  the date; its time of day is ignored
 void computeCity(City& city, const VAKDate& day);
 
-/// The time of a prayer.
+/// The time of a prayer. Here the engine's mark of a missing time ends: what uses a day receives an optional.
 /// @param code  200 to 208
-/// @return local hours; -1.0 for a missing time and for any other code
-double timeOfPrayer(const PrayTimes& times, int code);
+/// @return local hours; nothing for a missing time and for any other code
+std::optional<double> timeOfPrayer(const PrayTimes& times, int code);
 
 /// The same, counted from 0 h of the day, so that noon is within 0..24. The engine's hours are a day too large where the
 /// clock is one day ahead of the longitude, as in Samoa, Tonga and the Line Islands.
-double timeOfPrayer(const CityDay& day, int code);
+std::optional<double> timeOfPrayer(const CityDay& day, int code);
+
+/// Rise and set of Sun and Moon in local hours, and the Moon's altitude at sunset in degrees; nothing where there is none.
+struct SkyTimes {
+    std::optional<double> sunrise, sunset, moonrise, moonset;
+    std::optional<double> moonAltitudeAtSunset;
+};
+
+/// The times of the sky of a day, without the engine's marks.
+SkyTimes skyTimes(const CityDay& day);
 
 /// The minute at which a time is shown, rounded as by `timeLeadingZero`.
-/// @param hours  local hours, not the mark -1.0
+/// @param hours  local hours
 /// @return minutes after 0 h of the day; from 1440 on in the next day
 int shownMinute(double hours);
 
@@ -97,9 +107,9 @@ std::chrono::sys_seconds instantOf(const CityDay& day, double hours);
 VAKDate wallClock(const ZoneClock& clock, std::chrono::sys_seconds instant);
 
 /// What the clock shows at a time of a day on which it changes, where that is not the time itself.
-/// @param hours  local hours; -1.0 for a missing time
+/// @param hours  local hours; nothing for a missing time
 /// @return minutes after 0 h of the day; nothing when the clock shows the time
-std::optional<int> otherClockMinute(const ZoneClock& clock, const CityDay& day, double hours);
+std::optional<int> otherClockMinute(const ZoneClock& clock, const CityDay& day, std::optional<double> hours);
 
 /// The next prayer.
 struct NextPrayer {

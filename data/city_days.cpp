@@ -7,6 +7,7 @@
 #include <limits>
 #include <tuple>
 
+#include "common/civil_date.h"
 #include "data/day_engine.h"
 
 namespace quode {
@@ -14,16 +15,10 @@ namespace {
 
 constexpr double noPlace = std::numeric_limits<double>::quiet_NaN();  // compares unequal to everything
 
-bool isLeapYear(int year) {
-    return year % 4 == 0 && (year < 1582 || year % 100 != 0 || year % 400 == 0);
-}
-
 VAKDate dayAfter(const VAKDate& day) {
-    constexpr int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     VAKDate next = VAKDateMake(day.Days + 1, day.Months, day.Years, 0, 0, 0);
     if (next.Years == 1582 && next.Months == 10 && next.Days == 5) next.Days = 15;  // the calendar skipped ten days
-    const int length = lengths[next.Months - 1] + (next.Months == 2 && isLeapYear(next.Years) ? 1 : 0);
-    if (next.Days <= length) return next;
+    if (next.Days <= daysInMonth(next.Years, next.Months)) return next;
     return next.Months < 12 ? VAKDateMake(1, next.Months + 1, next.Years, 0, 0, 0)
                             : VAKDateMake(1, 1, next.Years + 1, 0, 0, 0);
 }

@@ -49,7 +49,7 @@ struct DayMethod {
     /// The origin of a prayer's time.
     /// @param code  200 to 208
     /// @throw std::out_of_range  for another code
-    const TimeMark& mark(int code) const { return marks.at(static_cast<std::size_t>(code - 200)); }
+    const TimeMark& mark(int code) const { return marks.at(static_cast<std::size_t>(code - firstPrayer)); }
 };
 
 /// When the night begins whose parts are shown: with Maghrib, or earlier where the method counts it from sunset. Hours

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/iqama.h"
 
+#include "common/civil_date.h"
+
 namespace quode {
 
 bool hasIqama(const CityDay& day, int code) {
@@ -12,13 +14,12 @@ bool hasIqama(const CityDay& day, int code) {
 std::optional<int> iqamaMinute(const CityDay& day, int code) {
     if (!hasIqama(day, code)) return std::nullopt;
     const Iqama& iqama = *day.method.iqama.at(static_cast<std::size_t>(code - firstPrayer));
-    const double hours = timeOfPrayer(day, code);
-    if (hours == missingTime) return iqama.isFixed ? std::optional(iqama.minutes) : std::nullopt;
-    const int prayer = shownMinute(hours);
+    const auto hours = timeOfPrayer(day, code);
+    if (!hours) return iqama.isFixed ? std::optional(iqama.minutes) : std::nullopt;
+    const int prayer = shownMinute(*hours);
     if (!iqama.isFixed) return prayer + iqama.minutes;
     if (iqama.minutes >= prayer) return iqama.minutes;
     // After midnight where the prayer is late. Else it comes before the prayer in this season, and does not hold.
-    constexpr int minutesPerDay = 1440, longestWait = 180;
     const int nextMorning = iqama.minutes + minutesPerDay;
     return nextMorning - prayer >= 0 && nextMorning - prayer <= longestWait ? std::optional(nextMorning) : std::nullopt;
 }

@@ -8,6 +8,9 @@
 
 namespace quode {
 
+/// The longest time from a prayer to its congregation, in minutes.
+inline constexpr int longestWait = 180;
+
 /// The begin of the congregation at a prayer.
 /// @param code  200 to 205; the other times have no congregation
 /// @return minutes after 0 h of the day, from 1440 on in the next day; nothing when it is unknown, when the prayer has no time

@@ -34,7 +34,7 @@ std::optional<KeptPlace> keptPlace(sqlite3* userDatabase, int id) {
 }  // namespace
 
 std::filesystem::path userDatabaseFile(const std::filesystem::path& dataFolder) {
-    return dataFolder / "user.sqlite";
+    return dataFolder / userDatabaseName;
 }
 
 std::optional<CityRecord> userPlace(const std::filesystem::path& userDatabase, const CityDatabase& cities, int id) {
@@ -67,10 +67,6 @@ std::optional<CityRecord> userPlace(sqlite3* userDatabase, const CityDatabase& c
         place.known = ofZone->known;
     }
     return place;
-}
-
-std::optional<CityRecord> placeById(const std::filesystem::path& userDatabase, const CityDatabase& cities, int id) {
-    return isUserPlace(id) ? userPlace(userDatabase, cities, id) : cities.city(id);
 }
 
 void fillClock(City& city, const ZoneRule& rule) {

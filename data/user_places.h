@@ -22,7 +22,8 @@ constexpr bool isUserPlace(int id) {
     return id < 0;
 }
 
-/// The path of the user database in the data folder.
+/// The name of the user database (fixed: the file exists), and its path in the data folder.
+inline constexpr const char* userDatabaseName = "user.sqlite";
 std::filesystem::path userDatabaseFile(const std::filesystem::path& dataFolder);
 
 /// A place of the user, with region and country of the nearest place in the city database and its zone's clock from there.
@@ -32,9 +33,6 @@ std::optional<CityRecord> userPlace(const std::filesystem::path& userDatabase, c
 
 /// The same from an open user database.
 std::optional<CityRecord> userPlace(sqlite3* userDatabase, const CityDatabase& cities, int id);
-
-/// A place of either kind by its id; nothing for an unknown id.
-std::optional<CityRecord> placeById(const std::filesystem::path& userDatabase, const CityDatabase& cities, int id);
 
 /// Stores the facts of a record in a city, as texts: names, coordinates, margin, and the zone with the summer-time rule
 /// for a day.

@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+#include "common/civil_date.h"
 #include "data/system_zone.h"
 #include "texts/translation.h"
 
@@ -17,10 +18,6 @@ using std::chrono::year_month_day;
 
 // One second; offsets are whole seconds.
 constexpr double smallestDifference = 1.0 / 3600.0;
-
-std::string dateText(year_month_day date) {
-    return fmt::format("{:04}-{:02}-{:02}", int(date.year()), unsigned(date.month()), unsigned(date.day()));
-}
 
 }  // namespace
 
@@ -75,9 +72,9 @@ std::string describe(const ZoneDisagreement& disagreement) {
     if (disagreement.unknownToSystem) {
         return _("{}: this system has no zone data of that name to compare with", disagreement.zone);
     }
-    const std::string when = disagreement.days == 1 ? _("on {}", dateText(disagreement.first))
+    const std::string when = disagreement.days == 1 ? _("on {}", isoDate(disagreement.first))
                                                     : _("on {} days ({} to {})", disagreement.days,
-                                                        dateText(disagreement.first), dateText(disagreement.last));
+                                                        isoDate(disagreement.first), isoDate(disagreement.last));
     return _("{}: stored {}, this system says {} {}", disagreement.zone, utcOffsetText(disagreement.storedHours),
              utcOffsetText(disagreement.systemHours), when);
 }

@@ -46,8 +46,8 @@ class FirstStartDialog : public QDialog {
     QCheckBox* method_ = nullptr;
 };
 
-/// Asks on a first start, once, and does what is answered. Returned: what went wrong, for the user to read; empty when
-/// all is well.
+/// Asks on a first start, once, and does what is answered.
+/// @return what went wrong, for the user to read; empty when all is well
 QString askOnFirstStart(app::Session& session, QWidget* parent);
 
 }  // namespace quode

@@ -20,8 +20,9 @@ class Instance : public QObject {
     /// False when another process of the program runs.
     bool isFirst() const { return isFirst_; }
 
-    /// Asks the other process to present itself. Returned: whether it said that it did.
+    /// Asks the other process to present itself.
     /// @param page  what it is to show, where it has several pages; may be empty
+    /// @return whether it said that it did
     bool presentOther(const QString& page = {}) const;
 
   public Q_SLOTS:

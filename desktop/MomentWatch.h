@@ -31,7 +31,4 @@ class MomentWatch : public QObject {
 ///               it went on from there
 std::unique_ptr<MomentWatch> systemMomentWatch(const Clock& clock, std::vector<std::filesystem::path> files);
 
-/// The file that names the zone of this machine.
-inline constexpr const char* zoneFile = "/etc/localtime";
-
 }  // namespace quode

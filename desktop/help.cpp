@@ -12,6 +12,7 @@
 
 #include "app/place.h"
 #include "app/session.h"
+#include "texts/markup.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -45,7 +46,7 @@ constexpr std::array<Section, 7> sections{{
 }};
 
 QString escaped(const std::string& text) {
-    return QString::fromStdString(text).toHtmlEscaped();
+    return QString::fromStdString(escapedMarkup(text));
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 namespace quode {
 
-/// Opens the settings window that is installed beside this program, on a page such as "alarms". Returned: false when it
-/// cannot be started.
+/// Opens the settings window that is installed beside this program, on a page such as "alarms".
+/// @return false when it cannot be started
 bool openSettings(const QString& page = {});
 
 }  // namespace quode

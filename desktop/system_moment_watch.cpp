@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "desktop/MomentWatch.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -96,8 +97,8 @@ class SystemMomentWatch : public MomentWatch {
 
     const Clock& clock_;
     std::vector<std::filesystem::path> files_;
-    Descriptor timer_{timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK), "No timer can be had"};
-    Descriptor changes_{inotify_init1(IN_CLOEXEC | IN_NONBLOCK), "Files cannot be watched"};
+    Descriptor timer_{timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK), _("No timer could be created")};
+    Descriptor changes_{inotify_init1(IN_CLOEXEC | IN_NONBLOCK), _("Files cannot be watched")};
     QSocketNotifier timerNotifier_{timer_, QSocketNotifier::Read};
     QSocketNotifier fileNotifier_{changes_, QSocketNotifier::Read};
     std::multimap<int, std::filesystem::path> folders_;  // by the number of the watch: the file in it

@@ -4,8 +4,8 @@
 
 #include <chrono>
 #include <cmath>
-#include <tuple>
 
+#include "data/next_midnight.h"
 #include "views/UIButtonX.h"
 #include "views/UICityNameView.h"
 #include "views/UITimesView.h"
@@ -67,7 +67,7 @@ void Panel::toggle(QPoint pointer) {
 void Panel::showWidget() {
     isPresented_ = true;
     prepare_();
-    watch_.watchFor(nextDay(clock_));
+    watch_.watchFor(nextMidnight(clock_, std::chrono::floor<std::chrono::seconds>(clock_.now())));
     widget_.hostDidPresent();
     openRememberedRows();
     dressWidget();
@@ -158,21 +158,6 @@ void Panel::showAlarms(const std::map<int, bool>& alarmsOn) {
 // While the widget builds itself its view is not in the window yet; the size is requested afterwards.
 void Panel::invalidatePreferredViewSize() {
     if (isAttached_) window_.setContentSize(wholePoints(widget_.preferredViewSize()));
-}
-
-Clock::TimePoint nextDay(const Clock& clock) {
-    const auto dayAt = [&](std::chrono::sys_seconds moment) {
-        const CivilTime time = clock.civilTime(moment);
-        return std::tuple(time.year, time.month, time.day);
-    };
-    const auto now = std::chrono::floor<std::chrono::seconds>(clock.now());
-    const auto today = dayAt(now);
-    auto before = now, after = now + std::chrono::hours(27);  // a day has 25 hours when the clocks go back
-    while (after - before > std::chrono::seconds(1)) {
-        const auto middle = before + (after - before) / 2;
-        (dayAt(middle) == today ? before : after) = middle;
-    }
-    return after;
 }
 
 }  // namespace quode::host

@@ -91,7 +91,4 @@ class Panel : public QObject, private WidgetHost {
     QElapsedTimer sinceDismissal_;
 };
 
-/// The first moment of the next day by a clock, whatever its zone does in that night.
-Clock::TimePoint nextDay(const Clock& clock);
-
 }  // namespace quode::host

@@ -23,8 +23,8 @@ class PanelDevice : public Device {
     Rect screenBounds() const override { return bounds_; }
     double screenScale() const override { return scale_; }
 
-    /// Makes the panel of a phone as wide as its contents need, within limits. Returned: whether that is another width
-    /// than before.
+    /// Makes the panel of a phone as wide as its contents need, within limits.
+    /// @return whether that is another width than before
     bool setWantedWidth(int width);
 
   private:

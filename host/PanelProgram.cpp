@@ -20,6 +20,7 @@
 #include "desktop/settings_program.h"
 #include "host/coming_prayer.h"
 #include "host/user_choices.h"
+#include "platform/zone_name.h"
 #include "texts/translation.h"
 #include "views/MessageView.h"
 
@@ -56,7 +57,7 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
       bundle_(session_.bundle().string()),
       widget_(bundle_.makeWidget()),
       watch_(
-          systemMomentWatch(session_.deviceClock(), {zoneFile}),
+          systemMomentWatch(session_.deviceClock(), {systemZoneFile}),
           systemMomentWatch(session_.deviceClock(), userFiles(session_)), [this] { return shownChoices(session_); },
           settle),
       panel_(*widget_, window_, session_.homeClock(), watch_, [this] { prepare(); }),
@@ -147,7 +148,7 @@ void PanelProgram::connectMenu() {
 void PanelProgram::showTray() {
     if (tray_) return;
     auto files = userFiles(session_);
-    files.emplace_back(zoneFile);
+    files.emplace_back(systemZoneFile);
     toolTipWatch_ = systemMomentWatch(session_.deviceClock(), files);
     tray_ = std::make_unique<PanelTray>([this] { return comingPrayerNow(); }, *toolTipWatch_, menu_);
     connect(tray_.get(), &PanelTray::clicked, this, [this] { panel_.toggle(QCursor::pos()); });

@@ -66,7 +66,8 @@ class TrayWatch::XSelection {
 
     int descriptor() const { return xcb_get_file_descriptor(connection_.get()); }
 
-    /// Reads what has come. Returned: whether a tray was announced.
+    /// Reads what has come.
+    /// @return whether a tray was announced
     bool readEvents() {
         bool isAnnounced = false;
         while (const Answer<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {

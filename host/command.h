@@ -17,7 +17,8 @@ struct PanelOptions {
     std::optional<ScreenshotOptions> screenshot;  ///< nothing: open the panel
 };
 
-/// Reads a command line. Returned: the options, or the requested help or version. Throws `app::Failure` (usage).
+/// Reads a command line. Throws `app::Failure` (usage).
+/// @return the options, or the requested help or version
 std::variant<PanelOptions, terminal::HelpText, terminal::VersionRequest> readCommandLine(
     const std::vector<std::string>& arguments);
 

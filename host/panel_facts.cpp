@@ -15,7 +15,7 @@
 namespace quode::host {
 namespace {
 
-constexpr int sunrise = 201;
+constexpr int sunrise = codeOf(Prayer::sunrise);
 
 // A label takes its alignment from the first letter outside the parts that are kept together.
 QString qt(const std::string& text) {
@@ -28,10 +28,10 @@ std::optional<int> currentPrayer(const CityDay& day, std::chrono::sys_seconds no
     std::optional<int> current = lastMainPrayer;  // of the evening before
     bool isAnyKnown = false;
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-        const double hours = timeOfPrayer(day, code);
-        if (hours == missingTime) continue;
+        const auto hours = timeOfPrayer(day, code);
+        if (!hours) continue;
         isAnyKnown = true;
-        if (instantOf(day, hours) <= now) current = code;
+        if (instantOf(day, *hours) <= now) current = code;
     }
     if (!isAnyKnown || current == sunrise) return std::nullopt;
     return current;

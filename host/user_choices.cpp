@@ -28,7 +28,8 @@ constexpr std::chrono::milliseconds lockPatience{200};
 
 namespace {
 
-// An alarm that was switched on here is to ring after the next login, too. Returned: what the user should know.
+// An alarm that was switched on here is to ring after the next login, too.
+// Returns what the user should know.
 std::string serviceStartMessage(const app::Session& session, const UserDatabase& database) {
     if (std::ranges::none_of(database.alarms(), &UserAlarm::isOn)) return {};
     return assureServiceStart(session.environment(), executablePath().parent_path() / "quode-alarmd").message;

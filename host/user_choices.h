@@ -71,11 +71,12 @@ std::optional<std::map<int, bool>> alarmStates(app::Session& session);
 /// Which rows of the widget were open last.
 OpenRows rememberedRows(app::Session& session);
 
-/// Sees to it that the service of the alarms starts at the next login, where an alarm is on. Returned: what the user
-/// should know; empty when it was so before.
+/// Sees to it that the service of the alarms starts at the next login, where an alarm is on.
+/// @return what the user should know; empty when it was so before
 QString assureAlarmsAfterLogin(app::Session& session);
 
-// These change the user's choices. Returned: what went wrong, for the user to read; empty when all is well.
+// These change the user's choices.
+// Returns what went wrong, for the user to read; empty when all is well.
 QString rememberRows(app::Session& session, OpenRows rows);
 QString chooseColorScheme(app::Session& session, int scheme);
 QString makeHome(app::Session& session, int city);

@@ -20,8 +20,6 @@ using std::chrono::seconds;
 using std::chrono::sys_days;
 using std::chrono::sys_seconds;
 
-constexpr int minutesPerHour = 60, minutesPerDay = 1440;
-
 /// Whether the night prayer of a day follows sunset by an interval.
 bool nightFollowsSunset(const CityDay& day) {
     const auto convention = conventions::conventionOf(day.method.method);
@@ -61,15 +59,15 @@ std::int32_t originOf(const CityDay& day, int code) {
 }
 
 quode_time timeOf(const CityDay& day, int code) {
-    const double hours = timeOfPrayer(day, code);
-    if (hours == missingTime) {
+    const auto hours = timeOfPrayer(day, code);
+    if (!hours) {
         return {QUODE_NO_INSTANT,     std::numeric_limits<double>::quiet_NaN(),
                 QUODE_NO_MINUTE,      QUODE_BY_RULE,
                 absenceOf(day, code), 0};
     }
-    return {instantOf(day, hours).time_since_epoch().count(),
-            hours,
-            shownMinute(hours),
+    return {instantOf(day, *hours).time_since_epoch().count(),
+            *hours,
+            shownMinute(*hours),
             originOf(day, code),
             QUODE_PRESENT,
             day.method.mark(code).adjusted};
@@ -160,7 +158,7 @@ void quode_clock_text(int32_t minute, char text[6]) {
         *std::ranges::copy(formatting::noTime, text).out = '\0';
         return;
     }
-    const int ofDay = (minute % minutesPerDay + minutesPerDay) % minutesPerDay;
+    const int ofDay = minuteOfDay(minute);
     const int hour = ofDay / minutesPerHour, rest = ofDay % minutesPerHour;
     const auto digit = [](int value) { return static_cast<char>('0' + value); };
     const char clock[6] = {digit(hour / 10), digit(hour % 10), ':', digit(rest / 10), digit(rest % 10), '\0'};

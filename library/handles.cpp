@@ -7,6 +7,8 @@
 #include <cstring>
 #include <new>
 
+#include "texts/utf8.h"
+
 namespace quode::library {
 namespace {
 
@@ -15,23 +17,13 @@ using std::chrono::year;
 
 constexpr sys_days firstDay = year(1582) / 10 / 15;  // of the Gregorian calendar
 
-/// The length of the beginning of a text that fits, without half a character at its end.
-std::size_t fittingLength(std::string_view text, std::size_t capacity) {
-    if (text.size() <= capacity) return text.size();
-    const auto continues = [&text](std::size_t at) { return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80; };
-    std::size_t length = capacity;
-    while (length > 0 && continues(length)) --length;
-    return length;
-}
-
 }  // namespace
 
 void report(quode_error* error, quode_status status, const char* message) noexcept {
     if (error == nullptr) return;
-    const std::size_t length = fittingLength(message, sizeof error->message - 1);
+    const std::string_view fitting = beginningOf(message, sizeof error->message - 1);
     error->status = status;
-    std::memcpy(error->message, message, length);
-    error->message[length] = '\0';
+    *std::ranges::copy(fitting, error->message).out = '\0';
 }
 
 quode_status reportCurrent(quode_error* error) noexcept {

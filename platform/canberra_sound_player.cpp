@@ -7,13 +7,12 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
-#include <charconv>
 #include <cmath>
 #include <optional>
 #include <utility>
 
+#include "common/numbers.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -42,9 +41,7 @@ Properties propertiesOf(const Sound& sound, double gain) {
         ca_proplist_sets(made, CA_PROP_EVENT_ID, std::get<std::string>(sound).c_str());
     }
     ca_proplist_sets(made, CA_PROP_MEDIA_ROLE, "alarm");
-    std::array<char, 16> decibels{};
-    std::to_chars(decibels.data(), decibels.data() + decibels.size() - 1, gain, std::chars_format::fixed, 2);
-    ca_proplist_sets(made, CA_PROP_CANBERRA_VOLUME, decibels.data());
+    ca_proplist_sets(made, CA_PROP_CANBERRA_VOLUME, fixedText(gain, 2).c_str());
     ca_proplist_sets(made, CA_PROP_CANBERRA_CACHE_CONTROL, "never");
     return properties;
 }

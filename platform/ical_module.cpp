@@ -8,12 +8,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <ctime>
 #include <limits>
 #include <memory>
 #include <vector>
 
+#include "common/numbers.h"
 #include "platform/event_identifier.h"
 #include "texts/translation.h"
 #include "texts/utf8.h"
@@ -107,7 +107,8 @@ Inheritance inheritanceOf(std::string_view oldText) {
             result.alarmUid = unescapedText(line.value);
         }
         if (nesting.size() == 1 && line.name == "SEQUENCE") {
-            std::from_chars(line.value.data(), line.value.data() + line.value.size(), result.sequence);
+            std::string_view value = line.value;
+            result.sequence = takeNumber<int>(value).value_or(result.sequence);
         }
         if (nesting.size() == 1 && std::ranges::find(kOwnProperties, line.name) == kOwnProperties.end()) {
             result.foreignProperties += written;
@@ -162,11 +163,10 @@ seconds durationOf(const icaldurationtype& duration) {
 std::optional<seconds> notedLength(std::string_view text, seconds written) {
     std::optional<seconds> noted;
     forEachContentLine(text, [&noted](const ContentLine& line) {
-        long long value = 0;
-        const char* const last = line.value.data() + line.value.size();
         if (line.name != kOwnDuration) return;
-        const bool whole = std::from_chars(line.value.data(), last, value).ptr == last;
-        if (whole && value <= 0 && value >= -kLongestNoted) noted = seconds(value);
+        std::string_view rest = line.value;
+        const auto value = takeNumber<long long>(rest);
+        if (value && rest.empty() && *value <= 0 && *value >= -kLongestNoted) noted = seconds(*value);
     });
     return written == kShortestLength ? noted : std::nullopt;
 }

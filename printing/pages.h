@@ -16,11 +16,12 @@ inline constexpr Ink line{0.80, 0.84, 0.83};
 
 inline constexpr double margin = 36.0;  // half an inch, which every printer leaves
 
-/// The band on top, with place and title where reading begins and the month or year where it ends. Returned: where it
-/// ends, points from the top.
+/// The band on top, with place and title where reading begins and the month or year where it ends.
+/// @return where it ends, points from the top
 double drawBand(Canvas& canvas, const Timetable& timetable, const std::string& heading, const std::string& below);
 
-/// Draws texts above the lower margin. Returned: where they begin.
+/// Draws texts above the lower margin.
+/// @return where they begin
 double drawFooter(Canvas& canvas, const std::vector<std::string>& remarks, const std::vector<std::string>& notes);
 
 void drawMonth(Canvas& canvas, const Timetable& timetable, const Page& page);

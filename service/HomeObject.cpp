@@ -3,7 +3,10 @@
 // The interface org.quode.Quode1.Home: properties, and no call.
 #include <string_view>
 
+#include "common/labels.h"
+#include "companion/AlarmHabits.h"
 #include "service/bus.h"
+#include "texts/translation.h"
 
 namespace quode::service {
 namespace {
@@ -45,6 +48,10 @@ void appendProperty(sd_bus_message* reply, std::string_view name, const Home& ho
     if (name == "ValidUntil") return check(sd_bus_message_append(reply, "x", home.validUntil));
     if (name == "Method") return appendText(reply, home.method);
     if (name == "ZoneEdition") return appendText(reply, home.zoneEdition);
+    if (name == "RingAnswers") {
+        const std::string snooze = _("Snooze {}", durationLabel(snoozeTime));
+        return check(sd_bus_message_append(reply, "(ss)", _c("alarm", "Stop"), snooze.c_str()));
+    }
     append(reply, 'a', "s", [&] {  // Notes
         for (const std::string& note : home.notes) appendText(reply, note);
     });
@@ -72,6 +79,7 @@ const sd_bus_vtable vtable[] = {
     SD_BUS_PROPERTY("Method", "s", getProperty, 0, changing),
     SD_BUS_PROPERTY("ZoneEdition", "s", getProperty, 0, changing),
     SD_BUS_PROPERTY("Notes", "as", getProperty, 0, changing),
+    SD_BUS_PROPERTY("RingAnswers", "(ss)", getProperty, 0, changing),
     SD_BUS_VTABLE_END,
 };
 
@@ -81,7 +89,8 @@ void addHome(Context& context) {
     check(sd_bus_add_object_vtable(context.bus, nullptr, objectPath, interfaceName, vtable, &context));
     context.home->onChange = [bus = context.bus] {
         sd_bus_emit_properties_changed(bus, objectPath, interfaceName, "Place", "Date", "HijriDate", "Prayers",
-                                       "Current", "Next", "ValidUntil", "Method", "ZoneEdition", "Notes", nullptr);
+                                       "Current", "Next", "ValidUntil", "Method", "ZoneEdition", "Notes", "RingAnswers",
+                                       nullptr);
     };
 }
 

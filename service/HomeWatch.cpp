@@ -18,6 +18,8 @@
 #include "app/method_choice.h"
 #include "app/published_calendar.h"
 #include "app/user_data.h"
+#include "data/next_midnight.h"
+#include "data/user_places.h"
 #include "texts/translation.h"
 
 namespace quode::service {
@@ -27,7 +29,6 @@ using namespace app;
 
 constexpr std::uint64_t settlingUs = 50'000, accuracyUs = 10'000, folderIntervalUs = 10'000'000;
 constexpr std::int64_t retrySeconds = 15;
-constexpr const char* databaseName = "user.sqlite";
 constexpr const char* ringsName = "alarmd.rings";
 constexpr const char* zoneName = "localtime";
 constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
@@ -41,15 +42,12 @@ std::uint32_t flagsOf(const CityDay& day, int code) {
     const Fallbacks fallbacks = fallbacksOf(day.times, code);
     const bool isFallback = fallbacks.latitude || fallbacks.earlierDay || mark.source == TimeSource::highLatitude ||
                             mark.source == TimeSource::otherLatitude;
-    if (timeOfPrayer(day, code) == missingTime) return missingTimeFlag;
+    if (!timeOfPrayer(day, code)) return missingTimeFlag;
     return (isFallback ? fallbackTime : 0U) | (mark.adjusted != 0 ? adjustedTime : 0U);
 }
 
 CityDay dayAt(const Site& site, const VAKDate& today, int offset) {
-    const std::chrono::year_month_day date(std::chrono::sys_days(civilDate(today)) + std::chrono::days(offset));
-    return computeCityDay(site,
-                          VAKDateMake(static_cast<int>(unsigned(date.day())), static_cast<int>(unsigned(date.month())),
-                                      static_cast<int>(date.year()), 0, 0, 0));
+    return computeCityDay(site, recordOf(dayOf(today) + std::chrono::days(offset)));
 }
 
 /// The main times of yesterday, today and tomorrow that exist, in the order of time.
@@ -64,23 +62,13 @@ std::vector<PrayerFact> mainTimesAround(Session& session, const Site& site, cons
     return all;
 }
 
-/// The instant at which the place's next day begins.
-std::int64_t nextMidnight(const Site& site, std::chrono::sys_seconds now) {
-    const auto date = civilDate(wallClock(site.clock(), now));
-    for (auto instant = std::chrono::floor<std::chrono::minutes>(now) + std::chrono::minutes(1);;
-         instant += std::chrono::minutes(1)) {
-        const bool isFar = instant - now > std::chrono::hours(49);
-        if (isFar || civilDate(wallClock(site.clock(), instant)) != date) return secondsOf(instant);
-    }
-}
-
 }  // namespace
 
 std::vector<PrayerFact> prayersOf(Session& session, const CityDay& day) {
     std::vector<PrayerFact> prayers;
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
-        const double hours = timeOfPrayer(day, code);
-        const std::int64_t instant = hours == missingTime ? 0 : secondsOf(instantOf(day, hours));
+        const auto hours = timeOfPrayer(day, code);
+        const std::int64_t instant = hours ? secondsOf(instantOf(day, *hours)) : 0;
         prayers.push_back(
             {prayerKey(code), session.prayerName(code), instant, clockText(session, hours), flagsOf(day, code)});
     }
@@ -89,7 +77,7 @@ std::vector<PrayerFact> prayersOf(Session& session, const CityDay& day) {
 
 HomeWatch::HomeWatch(sd_event* loop, Folder folder)
     : loop_(loop), timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {
-    if (timer_ < 0) throw std::runtime_error("No timer could be made.");
+    if (timer_ < 0) throw std::runtime_error(_("No timer could be created."));
     freshSession();
     if (folder == Folder::made) session_->services();
     if (!startAgain())
@@ -185,7 +173,7 @@ void HomeWatch::compute() {
         if (each.instant <= now) home.current = each;
         if (each.instant > now && home.next.key.empty()) home.next = each;
     }
-    home.validUntil = nextMidnight(site, session.now());
+    home.validUntil = secondsOf(nextMidnight(site.clock(), session.now()));
     if (!home.next.key.empty()) home.validUntil = std::min(home.validUntil, home.next.instant);
     const std::string method = methodLine(site);
     home.method = method.empty() ? std::string(_("Quode's own method")) : method;
@@ -239,7 +227,7 @@ int HomeWatch::folderChanged(sd_event_source*, const inotify_event* event, void*
     const bool isLost = (event->mask & IN_Q_OVERFLOW) != 0;
     if (name == ringsName && self->onRings) self->onRings();
     // A change is complete when the journal beside the database has been removed.
-    if (!name.starts_with(databaseName) && name != zoneName && !isLost) return 0;
+    if (!name.starts_with(userDatabaseName) && name != zoneName && !isLost) return 0;
     self->settle(settlingUs);
     return 0;
 }

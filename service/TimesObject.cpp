@@ -69,9 +69,7 @@ int day(sd_bus_message* call, void* context, sd_bus_error* error) {
 std::vector<VAKDate> daysFrom(const VAKDate& first, std::uint32_t count) {
     std::vector<VAKDate> days;
     for (std::uint32_t i = 0; i < count; ++i) {
-        const std::chrono::year_month_day date(std::chrono::sys_days(civilDate(first)) + std::chrono::days(int(i)));
-        days.push_back(VAKDateMake(static_cast<int>(unsigned(date.day())), static_cast<int>(unsigned(date.month())),
-                                   static_cast<int>(date.year()), 0, 0, 0));
+        days.push_back(recordOf(dayOf(first) + std::chrono::days(int(i))));
     }
     return days;
 }
@@ -79,8 +77,8 @@ std::vector<VAKDate> daysFrom(const VAKDate& first, std::uint32_t count) {
 void appendInstants(sd_bus_message* reply, const CityDay& day) {
     append(reply, 'a', "x", [&] {
         for (int code = firstPrayer; code <= lastPrayer; ++code) {
-            const double hours = timeOfPrayer(day, code);
-            const std::int64_t instant = hours == missingTime ? 0 : instantOf(day, hours).time_since_epoch().count();
+            const auto hours = timeOfPrayer(day, code);
+            const std::int64_t instant = hours ? instantOf(day, *hours).time_since_epoch().count() : 0;
             check(sd_bus_message_append(reply, "x", instant));
         }
     });

@@ -41,8 +41,8 @@ class BusError : public std::runtime_error {
     const char* name_;
 };
 
-/// Runs what answers a call. What it throws becomes an error on the bus, with one of our names. Returned: as handlers
-/// of sd-bus return.
+/// Runs what answers a call. What it throws becomes an error on the bus, with one of our names.
+/// @return what a handler of sd-bus returns
 int answering(sd_bus_error* error, const std::function<void()>& answer);
 
 /// Throws when sd-bus reports a failure.

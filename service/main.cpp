@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "common/numbers.h"
+#include "platform/event_loop.h"
 #include "service/bus.h"
 #include "terminal/reporting.h"
 #include "texts/translation.h"
@@ -17,30 +18,12 @@
 namespace quode::service {
 namespace {
 
-struct UnrefLoop {
-    void operator()(sd_event* loop) const { sd_event_unref(loop); }
-};
 struct CloseBus {
     void operator()(sd_bus* bus) const { sd_bus_flush_close_unref(bus); }
 };
-using Loop = std::unique_ptr<sd_event, UnrefLoop>;
 using Bus = std::unique_ptr<sd_bus, CloseBus>;
 
 constexpr const char* ringerOption = "--ringer=";
-
-Loop newLoop() {
-    sigset_t ending;
-    sigemptyset(&ending);
-    sigaddset(&ending, SIGTERM);
-    sigaddset(&ending, SIGINT);
-    sigprocmask(SIG_BLOCK, &ending, nullptr);
-    sd_event* made = nullptr;
-    check(sd_event_new(&made));
-    Loop loop(made);
-    sd_event_add_signal(made, nullptr, SIGTERM, nullptr, nullptr);
-    sd_event_add_signal(made, nullptr, SIGINT, nullptr, nullptr);
-    return loop;
-}
 
 // The alarm service has ended; the next one starts its own.
 int ringerGone(sd_event_source* source, int, std::uint32_t, void*) {
@@ -59,7 +42,7 @@ void useRinger(sd_event* loop, int descriptor, Context& context) {
 app::ExitCode serve(std::optional<int> ringer) {
     signal(SIGCHLD, SIG_IGN);  // this process does not wait for the programs that it starts
     signal(SIGPIPE, SIG_IGN);
-    const Loop loop = newLoop();
+    const EventLoop loop = newEventLoop();
     sd_bus* opened = nullptr;
     if (sd_bus_open_user(&opened) < 0) {
         throw app::Failure(app::ExitCode::notFound, _("There is no session bus. Run quode in your desktop session."));

@@ -119,8 +119,8 @@ Finding describe(Session& session, const std::string& kind, const ChosenPlace& p
     }
     if (kind == dayKind) return {id, _("Prayer times, {}", city.name), allTimes(session, day)};
     const int code = numberOf<int>(kind).value_or(firstPrayer);
-    const double hours = timeOfPrayer(day, code);
-    const std::string left = hours == missingTime ? "" : timeLeftOf(session, instantOf(day, hours));
+    const auto hours = timeOfPrayer(day, code);
+    const std::string left = hours ? timeLeftOf(session, instantOf(day, *hours)) : "";
     return {id, session.prayerName(code) + " " + clockText(session, hours), fullName(session, city) + left};
 }
 

@@ -17,7 +17,8 @@ namespace quode::terminal {
 /// The text of --version: the program with its number, and the sources of the data.
 std::string versionText(app::Session& session, const std::string& program);
 
-/// Writes the output of a program. Returned: `code`, or that it could not be written, which is reported.
+/// Writes the output of a program.
+/// @return `code`, or that it could not be written, which is reported
 app::ExitCode writtenOrFailed(const std::string& text, app::ExitCode code);
 
 /// Runs a program; what it throws is reported to the user.

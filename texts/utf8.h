@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// The one UTF-8 decoder.
+// The one UTF-8 decoder, and where a text may be cut.
 #pragma once
 
 #include <unicode/utf8.h>
@@ -24,6 +24,14 @@ inline std::optional<char32_t> takeCodePoint(std::string_view& text) {
     text.remove_prefix(code < 0 ? 1 : static_cast<std::size_t>(next));
     if (code < 0) return std::nullopt;
     return static_cast<char32_t>(code);
+}
+
+/// The beginning of a text that has at most so many bytes and does not end within a character.
+inline std::string_view beginningOf(std::string_view text, std::size_t bytes) {
+    if (text.size() <= bytes) return text;
+    const auto continues = [&text](std::size_t at) { return (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U; };
+    while (bytes > 0 && continues(bytes)) --bytes;
+    return text.substr(0, bytes);
 }
 
 }  // namespace quode

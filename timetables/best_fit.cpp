@@ -7,21 +7,17 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "common/civil_date.h"
 #include "data/city_day.h"
 
 namespace quode::timetables {
 namespace {
 
-VAKDate recordOf(int number) {
-    const std::chrono::year_month_day date{std::chrono::sys_days(std::chrono::days(number))};
-    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
-}
-
 void compare(const TimetableRow& row, const CityDay& day, Fit& fit) {
     for (std::size_t i = 0; i < mainPrayerCount; ++i) {
-        const double hours = timeOfPrayer(day, firstPrayer + int(i));
-        if (!row.minutes[i] || hours == missingTime) continue;
-        const int off = std::abs(shownMinute(hours) - *row.minutes[i]);
+        const auto hours = timeOfPrayer(day, firstPrayer + int(i));
+        if (!row.minutes[i] || !hours) continue;
+        const int off = std::abs(shownMinute(*hours) - *row.minutes[i]);
         ++fit.times;
         ++fit.prayerTimes[i];
         if (off == 0) ++fit.exact;
@@ -47,7 +43,10 @@ std::vector<Fit> fitsOf(const Timetable& table, const Site& site) {
         by.choice.method.key = convention.key;
         Fit fit;
         fit.key = convention.key;
-        for (const auto& [number, row] : table.rows) compare(row, computeCityDay(by, recordOf(number)), fit);
+        for (const auto& [number, row] : table.rows) {
+            const std::chrono::sys_days day{std::chrono::days(number)};
+            compare(row, computeCityDay(by, recordOf(day)), fit);
+        }
         fits.push_back(fit);
     }
     std::ranges::stable_sort(fits, [](const Fit& a, const Fit& b) {

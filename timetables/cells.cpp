@@ -53,7 +53,8 @@ bool isNumber(const std::string& part) {
     return !part.empty() && std::ranges::all_of(part, isDigit);
 }
 
-/// Takes what says which half of the day is meant off the end. Returned: false when words are left that say nothing.
+/// Takes what says which half of the day is meant off the end.
+/// @return false when words are left that say nothing
 bool takeHalf(std::vector<std::string>& parts, Half& half) {
     std::string words;
     while (!parts.empty() && !isNumber(parts.back())) {

@@ -11,6 +11,7 @@
 #include "conventions/Method.h"
 #include "data/name_folding.h"
 #include "texts/translation.h"
+#include "texts/utf8.h"
 
 namespace quode::timetables {
 namespace {
@@ -159,34 +160,31 @@ constexpr MonthName months[] = {
     {"des", 12},
 };
 
-/// One letter of Arabic without its marks; an empty text for the marks themselves.
-std::string plainArabic(std::string_view letter) {
-    constexpr std::array<std::string_view, 4> alefs = {"أ", "إ", "آ", "ٱ"};
-    if (std::ranges::find(alefs, letter) != alefs.end()) return "ا";
-    const auto second = static_cast<unsigned char>(letter[1]);
-    const bool isDigit = letter[0] == '\xd9' && second >= 0xa0 && second <= 0xa9;
-    if (isDigit) return std::string(1, char('0' + (second - 0xa0)));
-    const bool isPersianDigit = letter[0] == '\xdb' && second >= 0xb0 && second <= 0xb9;
-    if (isPersianDigit) return std::string(1, char('0' + (second - 0xb0)));
-    const bool isMark = letter[0] == '\xd9' && ((second >= 0x8b && second <= 0x92) || second == 0x80);
-    return isMark ? std::string() : std::string(letter);
+/// What stands for a letter of Arabic in a text without its marks; nothing where it stays.
+std::optional<std::string> plainArabic(char32_t letter) {
+    constexpr std::u32string_view alefs = U"أإآٱ";
+    const auto digit = [letter](char32_t zero) { return std::string(1, char('0' + int(letter - zero))); };
+    if (alefs.find(letter) != std::u32string_view::npos) return "ا";
+    if (letter >= U'٠' && letter <= U'٩') return digit(U'٠');
+    if (letter >= U'۰' && letter <= U'۹') return digit(U'۰');
+    const bool isMark = (letter >= U'\u064B' && letter <= U'\u0652') || letter == U'\u0640';
+    return isMark ? std::optional<std::string>("") : std::nullopt;
 }
 
 std::string withoutArabicMarks(std::string_view text) {
     std::string plain;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        if (byte >= 0xd8 && byte <= 0xdb && i + 1 < text.size()) {
-            plain += plainArabic(text.substr(i, 2));
-            ++i;
-        } else {
-            plain += text[i];
-        }
+    while (!text.empty()) {
+        std::string_view rest = text;
+        const std::optional<char32_t> letter = takeCodePoint(rest);
+        const std::string_view written = text.substr(0, text.size() - rest.size());
+        plain += letter ? plainArabic(*letter).value_or(std::string(written)) : std::string(written);
+        text = rest;
     }
     return plain;
 }
 
-/// Takes a word, with the blank after or before it, out of a text. Returned: whether it was there.
+/// Takes a word, with the blank after or before it, out of a text.
+/// @return whether it was there
 bool takeWord(std::string& text, std::string_view word) {
     const std::string framed = fmt::format(" {} ", text), wanted = fmt::format(" {} ", word);
     const std::size_t found = framed.find(wanted);

@@ -6,6 +6,8 @@
 #include <map>
 #include <optional>
 
+#include "common/civil_date.h"
+#include "common/formatting.h"
 #include "platform/ical_module.h"
 #include "texts/translation.h"
 #include "timetables/RawTable.h"
@@ -47,11 +49,6 @@ std::chrono::sys_days dayOfPrayer(Column column, sys_seconds start) {
     return std::chrono::floor<std::chrono::days>(isOfNight ? start - longestNight : start);
 }
 
-std::string dateText(std::chrono::sys_days day) {
-    const std::chrono::year_month_day date(day);
-    return fmt::format("{:04}-{:02}-{:02}", int(date.year()), unsigned(date.month()), unsigned(date.day()));
-}
-
 std::string clockText(sys_seconds start) {
     const std::chrono::hh_mm_ss time(start - std::chrono::floor<std::chrono::days>(start));
     const auto second = time.seconds().count();
@@ -84,7 +81,7 @@ class Days {
             table_.headings.push_back(headingOf(column));
         }
         const std::size_t place = places_[column];
-        RawRow& row = rows_[dateText(dayOfPrayer(column, start))];
+        RawRow& row = rows_[isoDate(dayOfPrayer(column, start))];
         if (row.line == 0) row.line = number;
         row.cells.resize(std::max(row.cells.size(), place + 1));
         std::string& cell = row.cells[place];

@@ -4,6 +4,7 @@
 
 #include <exception>
 
+#include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
 #include "common/formatting.h"
 #include "views/drawing.h"
@@ -14,7 +15,7 @@ namespace {
 
 constexpr double entryHeight = 40.0;
 constexpr double leftMargin = 65.0;
-constexpr int festivalPrayerCode = 206;
+constexpr int festivalPrayerCode = codeOf(Prayer::ishraq);
 
 }  // namespace
 

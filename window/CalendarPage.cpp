@@ -36,8 +36,8 @@ CalendarPage::CalendarPage(Context& context, QWidget* parent) : Page(context, pa
 QWidget* CalendarPage::newFilePart() {
     auto* const card = new Card(this);
     layout_ = newChoice(_("How the events are stored"), card);
-    layout_->addItem(_("one file"), "ics");
-    layout_->addItem(_("a folder with a file for each event"), "vdir");
+    layout_->addItem(_("one file"), valueOf(CalendarLayout::ics));
+    layout_->addItem(_("a folder with a file for each event"), valueOf(CalendarLayout::vdir));
     file_ = newRemark({}, card);
     file_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     file_->setAccessibleName(_("Where the events are"));

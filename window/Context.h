@@ -21,7 +21,8 @@ class Context : public QObject {
 
     app::Session& session() { return session_; }
 
-    /// Does a change at once. What it throws, and what it reports, is shown. Returned: whether it was done.
+    /// Does a change at once. What it throws, and what it reports, is shown.
+    /// @return whether it was done
     bool change(const std::function<void()>& action);
 
     /// Shows a message, with a button that takes something back where there is `undo`.

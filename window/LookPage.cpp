@@ -126,7 +126,7 @@ void LookPage::showColors() {
     const std::optional<CityRecord> city = app::homeCity(session());
     const Site site = city ? siteOf(*city) : Site{};
     const CityDay day = computeCityDay(site, app::today(session(), site));
-    for (const int code : {202, 203}) {
+    for (const int code : {codeOf(Prayer::dhuhr), codeOf(Prayer::asr)}) {
         rows.push_back({toQt(session().prayerName(code)), toQt(app::clockText(session(), timeOfPrayer(day, code)))});
     }
     for (SchemePicture* const picture : schemes_) picture->setRows(rows);

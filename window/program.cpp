@@ -16,6 +16,7 @@
 #include "desktop/MomentWatch.h"
 #include "desktop/alarm_service.h"
 #include "desktop/display.h"
+#include "platform/zone_name.h"
 #include "terminal/streams.h"
 #include "texts/translation.h"
 #include "views/accessibility.h"
@@ -58,7 +59,7 @@ class Watch {
   public:
     Watch(Session& session, SettingsWindow& window) : session_(session) {
         const std::filesystem::path file = userDatabaseFile(session.dataFolder());
-        watch_ = systemMomentWatch(session.deviceClock(), {file, zoneFile});
+        watch_ = systemMomentWatch(session.deviceClock(), {file, systemZoneFile});
         settling_.setSingleShot(true);
         settling_.setInterval(settle);
         QObject::connect(watch_.get(), &MomentWatch::stirred, &window, [this] {

@@ -37,7 +37,8 @@ int addPoint(UserDatabase& database, const ChosenPlace& point, const Arguments& 
         {std::string(trimmed(*name)), point.city.latitude, point.city.longitude, arguments.text("zone").value_or("")});
 }
 
-/// Adds what was named. Returned: its id.
+/// Adds what was named.
+/// @return its id
 int addCity(Session& session, UserDatabase& database, const Arguments& arguments) {
     const ChosenPlace place = choosePlace(session, wordsOf(arguments));
     if (place.nearest) return addPoint(database, place, arguments);

@@ -19,8 +19,7 @@
 namespace quode::cli {
 namespace {
 
-constexpr int minutesPerHour = 60, minutesPerDay = 1440;
-constexpr int sunrise = 201;
+constexpr int sunrise = codeOf(Prayer::sunrise);
 
 ChosenPlace cityOf(Session& session, const Arguments& arguments) {
     ChosenPlace place = choosePlace(session, arguments.text("city"));
@@ -47,13 +46,13 @@ Iqama iqamaOf(const std::string& text) {
 }
 
 std::string ruleText(Session& session, const Iqama& iqama) {
-    if (iqama.isFixed) return clockText(session, double(iqama.minutes) / minutesPerHour);
+    if (iqama.isFixed) return clockText(session, std::chrono::minutes(iqama.minutes));
     return _n("{} minute after", "{} minutes after", iqama.minutes);
 }
 
 Json ruleJson(const Iqama& iqama) {
     return object({{"minutes_after", iqama.isFixed ? Json() : Json(iqama.minutes)},
-                   {"clock", iqama.isFixed ? Json(clock24(double(iqama.minutes) / minutesPerHour)) : Json()}});
+                   {"clock", iqama.isFixed ? Json(clock24(std::chrono::minutes(iqama.minutes))) : Json()}});
 }
 
 void show(Console& console, const ChosenPlace& place) {
@@ -66,7 +65,7 @@ void show(Console& console, const ChosenPlace& place) {
         if (code == sunrise) continue;
         const auto& rule = day.method.iqama.at(static_cast<std::size_t>(code - firstPrayer));
         const auto minute = iqamaMinute(day, code);
-        const double hours = minute ? double(*minute) / minutesPerHour : missingTime;
+        const auto hours = minute ? std::optional(double(*minute) / minutesPerHour) : std::nullopt;
         prayers.push_back(object({{"key", prayerKey(code)},
                                   {"name", session.prayerName(code)},
                                   {"rule", rule ? ruleJson(*rule) : Json()},

@@ -55,11 +55,6 @@ ChosenPlace cityToChange(Session& session, const Arguments& arguments) {
                                      "LAT,LON --name NAME"));
 }
 
-VAKDate recordOf(int number) {
-    const std::chrono::year_month_day date{std::chrono::sys_days(std::chrono::days(number))};
-    return VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
-}
-
 // --- what is shown
 
 std::string fitText(const Fit& fit) {
@@ -78,7 +73,7 @@ std::string verdict(const std::vector<Fit>& fits) {
 }
 
 std::string rowText(int number, const TimetableRow& row) {
-    std::string text = isoDate(recordOf(number));
+    std::string text = isoDate(std::chrono::sys_days(std::chrono::days(number)));
     for (const auto& minute : row.minutes)
         text.append("  ").append(minute ? clock24(*minute / 60.0) : std::string(formatting::noTime));
     if (row.asrHanafi) text += _("  Hanafi {}", clock24(*row.asrHanafi / 60.0));

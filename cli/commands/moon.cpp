@@ -11,6 +11,7 @@
 #include "astro/AstroGlobalFuncs.h"
 #include "astro/MoonPhases.h"
 #include "astro/MoonTransit.h"
+#include "astro/julian_day.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/moon_crescent.h"
@@ -24,7 +25,7 @@
 namespace quode::cli {
 namespace {
 
-constexpr double hoursPerDay = 24.0, unixEpoch = 2440587.5;  // the epoch as a Julian day
+constexpr double hoursPerDay = 24.0;
 constexpr int pictureHeight = 9;
 constexpr int besideThePicture = 2 + 2 * pictureHeight + 4;  // columns, with the gaps
 constexpr std::array<const char*, 8> phaseKeys{"new_moon",  "waxing_crescent", "first_quarter", "waxing_gibbous",
@@ -32,7 +33,7 @@ constexpr std::array<const char*, 8> phaseKeys{"new_moon",  "waxing_crescent", "
 
 /// The date and time of day of a Julian day on a place's clock, to the minute.
 VAKDate localClock(const Site& site, double julianDay) {
-    constexpr double halfMinute = 0.5 / 1440.0, nudgeOfConversion = 1e-5;
+    constexpr double halfMinute = 0.5 / minutesPerDay, nudgeOfConversion = 1e-5;
     const auto instant = instantOfJulianDay(julianDay);
     const VAKDate clock = wallClock(site.clock(), instant);
     const auto shown = std::chrono::sys_days(civilDate(clock)) + std::chrono::hours(clock.Hours) +
@@ -50,8 +51,8 @@ struct MoonPage {
     VAKDate clock;  ///< the local moment for which the Moon is described
     MoonInfo info;
     MoonAge age;
-    double transit = missingMoonTime;
-    int phase = 0;  ///< 0..7, see phaseKeys
+    std::optional<double> transit;  ///< local hours
+    int phase = 0;                  ///< 0..7, see phaseKeys
 };
 
 /// The phase of a day: one of the four that fall on it, else the one between them.
@@ -78,14 +79,16 @@ MoonPage moonPageOf(Session& session, const Arguments& arguments) {
 
     const double zone = page.day.GMTValue / hoursPerDay;
     const double julianDay =
-        isToday ? std::chrono::duration<double>(session.now().time_since_epoch()).count() / 86400.0 + unixEpoch
-                : calendar::GregorianDateToJulian(page.clock) - zone;
+        isToday
+            ? std::chrono::duration<double>(session.now().time_since_epoch()).count() / 86400.0 + julianDayOfUnixEpoch
+            : calendar::GregorianDateToJulian(page.clock) - zone;
     VAKDate universal;
     AstroGlobalFuncs::JulianToCalendar(julianDay, universal, true);
     FastAstro engine;
     page.info = engine.MoonInformation(universal, page.site.latitude, page.site.longitude);
     page.age = moonAge(julianDay);
-    page.transit = moonTransit(page.day.date, page.site.longitude, page.day.GMTValue);
+    const double transit = moonTransit(page.day.date, page.site.longitude, page.day.GMTValue);
+    if (transit >= 0.0) page.transit = transit;
     page.phase = phaseOf(calendar::GregorianDateToJulian(page.day.date) - zone, page.info);
     return page;
 }
@@ -111,14 +114,13 @@ TextTable moonFacts(Session& session, const MoonPage& page) {
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
     };
-    const double altitude = page.day.sky.MoonAltitudeOnSunSet;
-    add(_("Moonrise"), skyClockText(session, page.day.sky.MoonRise));
-    add(_c("Moon", "Transit"), skyClockText(session, page.transit));
-    add(_("Moonset"), skyClockText(session, page.day.sky.MoonSet));
+    const SkyTimes sky = skyTimes(page.day);
+    add(_("Moonrise"), clockText(session, sky.moonrise));
+    add(_c("Moon", "Transit"), clockText(session, page.transit));
+    add(_("Moonset"), clockText(session, sky.moonset));
     add(_c("Moon", "Illuminated"), _("{} %, {}", session.decimal(page.info.IlluminatedFraction, 0),
                                      page.info.BrightInc ? _c("Moon", "waxing") : _c("Moon", "waning")));
-    add(_("Moon at sunset"), altitude == missingMoonTime ? std::string(formatting::noTime)
-                                                         : formatting::getDegMinStrWithMinusPlus(altitude));
+    add(_("Moon at sunset"), altitudeText(sky.moonAltitudeAtSunset));
     add(_("Elongation"), session.decimal(page.info.Elongation, 1) + "°");
     add(_("Distance"), fmt::format("{:.0f} km", page.info.Distance));
     add(_c("Moon", "Age"), _("{} days", session.decimal(page.age.sinceNewMoon, 1)));
@@ -153,17 +155,17 @@ void printMoon(Console& console, const MoonPage& page, bool draws) {
 
 Json moonJson(const MoonPage& page) {
     const auto phase = static_cast<std::size_t>(page.phase);
-    const double altitude = page.day.sky.MoonAltitudeOnSunSet;
+    const SkyTimes sky = skyTimes(page.day);
     return object({{"place", placeJson(page.place)},
                    {"date", isoDate(page.day.date)},
-                   {"described_at", fmt::format("{:02}:{:02}", page.clock.Hours, page.clock.Minutes)},
+                   {"described_at", formatting::timeLeadingZero(page.clock.Hours, page.clock.Minutes, {})},
                    {"phase", object({{"key", phaseKeys.at(phase)}, {"name", _(phaseNames.at(phase))}})},
-                   {"rise", skyTimeJson(page.day.sky.MoonRise)},
+                   {"rise", skyTimeJson(sky.moonrise)},
                    {"transit", skyTimeJson(page.transit)},
-                   {"set", skyTimeJson(page.day.sky.MoonSet)},
+                   {"set", skyTimeJson(sky.moonset)},
                    {"illuminated_percent", page.info.IlluminatedFraction},
                    {"waxing", page.info.BrightInc},
-                   {"altitude_at_sunset", altitude == missingMoonTime ? Json() : Json(altitude)},
+                   {"altitude_at_sunset", sky.moonAltitudeAtSunset},
                    {"altitude", page.info.AppAlt},
                    {"azimuth", page.info.Azimuth},
                    {"elongation", page.info.Elongation},
@@ -215,7 +217,7 @@ Json phasesJson(const ChosenPlace& place, int year, const std::vector<PhaseLine>
         phases.push_back(object({{"key", phaseKeys.at(phase)},
                                  {"name", _(phaseNames.at(phase))},
                                  {"date", isoDate(line.clock)},
-                                 {"time", fmt::format("{:02}:{:02}", line.clock.Hours, line.clock.Minutes)},
+                                 {"time", formatting::timeLeadingZero(line.clock.Hours, line.clock.Minutes, {})},
                                  {"instant", isoMoment(instantOfJulianDay(line.phase.julianDay))}}));
     }
     return object({{"place", placeJson(place)}, {"year", year}, {"phases", phases}});

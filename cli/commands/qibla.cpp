@@ -29,7 +29,7 @@ struct Qibla {
     double compass = 0.0;  ///< degrees clockwise from magnetic north
     CurrentField now;      ///< the field by the current model
     double distanceKm = 0.0;
-    double sunTime = missingTime;  ///< when the Sun stands in the direction, local hours
+    std::optional<double> sunTime;  ///< when the Sun stands in the direction, local hours
 };
 
 double wrapped360(double degrees) {
@@ -71,9 +71,8 @@ void printQibla(Console& console, const Qibla& qibla) {
     add(_("Declination"), session.decimal(qibla.day.declination, 1, true) + "°",
         _("magnetic, east is +; {} ({})", magneticModel, int(MagneticVariation::modelEpoch)));
     add("", session.decimal(qibla.now.declination, 1, true) + "°", currentFieldRemark(session, qibla.now));
-    const bool hasTime = qibla.sunTime != missingTime;
-    add(session.caption(sunCaption), hasTime ? clockText(session, qibla.sunTime) : std::string(formatting::noTime),
-        hasTime ? _("the Sun stands in this direction") : _("the Sun is never in this direction that day"));
+    add(session.caption(sunCaption), clockText(session, qibla.sunTime),
+        qibla.sunTime ? _("the Sun stands in this direction") : _("the Sun is never in this direction that day"));
     add(_("Distance"), fmt::format("{:.0f} km", qibla.distanceKm), _("to the Kaaba"));
     printPlace(console, qibla.place);
     console.print(longDate(session, qibla.day.date));

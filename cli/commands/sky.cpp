@@ -15,17 +15,16 @@ namespace {
 
 void printSky(Console& console, const ChosenPlace& place, const CityDay& day) {
     Session& session = console.session();
-    const double altitude = day.sky.MoonAltitudeOnSunSet;
+    const SkyTimes sky = skyTimes(day);
     TextTable table({TextTable::Align::left, TextTable::Align::right});
     const auto add = [&table](std::string_view label, std::string value) {
         table.add({std::string(label), std::move(value)});
     };
-    add(_("Sunrise"), skyClockText(session, day.sky.SunRise));
-    add(_("Sunset"), skyClockText(session, day.sky.SunSet));
-    add(_("Moonrise"), skyClockText(session, day.sky.MoonRise));
-    add(_("Moonset"), skyClockText(session, day.sky.MoonSet));
-    add(_("Moon at sunset"), altitude == missingMoonTime ? std::string(formatting::noTime)
-                                                         : formatting::getDegMinStrWithMinusPlus(altitude));
+    add(_("Sunrise"), clockText(session, sky.sunrise));
+    add(_("Sunset"), clockText(session, sky.sunset));
+    add(_("Moonrise"), clockText(session, sky.moonrise));
+    add(_("Moonset"), clockText(session, sky.moonset));
+    add(_("Moon at sunset"), altitudeText(sky.moonAltitudeAtSunset));
     printPlace(console, place);
     console.print(longDate(session, day.date));
     console.print();

@@ -98,12 +98,6 @@ struct Columns {
     bool withNight = false;
 };
 
-/// Of a part of the night, in hours; the mark for missing where there is none.
-double nightHours(const CityDay& day, const NightPartName& part) {
-    const auto night = nightOf(day);
-    return night ? (*night).*part.hours : missingTime;
-}
-
 std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns prayers, TableNotes& notes) {
     const std::optional<VAKDate> hijri = hijriByTable(day.date);
     std::vector<std::string> row{
@@ -117,13 +111,13 @@ std::vector<std::string> rowOf(Session& session, const CityDay& day, Columns pra
         const std::optional<int> iqama = iqamaMinute(day, code);
         if (iqama) notes.hasIqama = true;
         row.push_back(clockText(session, timeOfPrayer(day, code)) +
-                      (iqama ? "/" + clockText(session, *iqama / 60.0) : "") +
+                      (iqama ? "/" + clockText(session, std::chrono::minutes(*iqama)) : "") +
                       notes.earlierDay.earlierDayMark(day.times, code) + notes.earlierDay.sourceMark(day, code) +
                       notes.earlierDay.clockMark(session, notes.clock, day, code));
         notes.addMissing(missingPrayerNote(session, day, code));
     }
     if (!prayers.withNight) return row;
-    for (const NightPartName& part : nightPartNames) row.push_back(clockText(session, nightHours(day, part)));
+    for (const NightPartName& part : nightPartNames) row.push_back(clockText(session, nightHours(day, part.hours)));
     return row;
 }
 
@@ -208,13 +202,9 @@ void printMonth(Console& console, const Timetable& table, const Month& month, Ta
 
 void printClockChanges(Console& console, const Timetable& table) {
     for (const Month& month : table.months) {
-        const VAKDate first = daysOf(month).front();
-        const auto begin = civilDate(first);
-        if (!begin.ok()) continue;
-        const std::chrono::year_month_day before(std::chrono::sys_days(begin) - std::chrono::days(1));
-        const auto change = nextClockChange(table.site.clock(), before);
-        if (!change || change->date.year() != begin.year() || change->date.month() != begin.month()) continue;
-        console.print("☀ " + clockChangeText(console.session(), *change));
+        const std::vector<VAKDate> days = daysOf(month);
+        const auto change = clockChangeBetween(table.site.clock(), days.front(), days.back());
+        if (change) console.print("☀ " + clockChangeText(console.session(), *change));
     }
 }
 
@@ -242,9 +232,9 @@ void printTable(Console& console, const Timetable& table) {
 std::string csvNight(const CityDay& day) {
     std::string text;
     for (const NightPartName& part : nightPartNames) {
-        const double hours = nightHours(day, part);
+        const auto hours = nightHours(day, part.hours);
         text += ',';
-        if (hours != missingTime) text += clock24(hours);
+        if (hours) text += clock24(*hours);
     }
     return text;
 }

@@ -77,12 +77,10 @@ void printHead(Console& console, const DayPage& page) {
     console.print();
 }
 
-std::string remarkOf(double hours) {
-    if (hours == missingTime) return "";
-    constexpr int minutesPerDay = 1440;
-    const int minute = shownMinute(hours);
-    if (minute >= minutesPerDay) return std::string(_("after midnight"));
-    return hours < 0.0 ? std::string(_("the evening before")) : "";
+std::string remarkOf(std::optional<double> hours) {
+    if (!hours) return "";
+    if (shownMinute(*hours) >= minutesPerDay) return std::string(_("after midnight"));
+    return *hours < 0.0 ? std::string(_("the evening before")) : "";
 }
 
 /// Where the coming prayer stands in the table: in the row of its code, or in a row of its own before the first or
@@ -108,7 +106,7 @@ Row nextRow(Session& session, const DayPage& page) {
 }
 
 Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
-    const double hours = timeOfPrayer(page.day, code);
+    const auto hours = timeOfPrayer(page.day, code);
     const bool isNext = nextRowOf(page) == NextRow::ofToday && page.next->code == code;
     std::string remark = remarkOf(hours);
     const PrayTimes& times = page.day.times;
@@ -117,7 +115,7 @@ Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
     marks += notes.sourceMark(page.day, code);
     marks += notes.clockMark(session, page.site.clock(), page.day, code);
     if (const auto iqama = iqamaMinute(page.day, code)) {
-        remark += (remark.empty() ? "" : ", ") + _("iqama {}", clockText(session, *iqama / 60.0));
+        remark += (remark.empty() ? "" : ", ") + _("iqama {}", clockText(session, std::chrono::minutes(*iqama)));
     }
     if (isNext) remark += (remark.empty() ? "" : ", ") + timeLeftText(session, page.site, *page.next);
     return {{isNext ? "›" : " ", session.prayerName(code), clockText(session, hours, page.withSeconds), marks, remark},
@@ -126,9 +124,8 @@ Row rowOf(Session& session, const DayPage& page, int code, Footnotes& notes) {
 }
 
 void addNight(Session& session, const DayPage& page, std::vector<Row>& rows) {
-    const auto night = nightOf(page.day);
     for (const NightPartName& part : nightPartNames) {
-        const double hours = night ? (*night).*part.hours : missingTime;
+        const auto hours = nightHours(page.day, part.hours);
         rows.push_back({{" ", nightPartLabel(part), clockText(session, hours, page.withSeconds), "", remarkOf(hours)},
                         false,
                         false});
@@ -176,18 +173,15 @@ std::string marginText(const DayPage& page) {
 void printFacts(Console& console, const DayPage& page) {
     Session& session = console.session();
     using Align = TextTable::Align;
-    const WidgetSkyInfo& sky = page.day.sky;
-    const auto clock = [&](double hours) { return skyClockText(session, hours, page.withSeconds); };
+    const SkyTimes sky = skyTimes(page.day);
+    const auto clock = [&](std::optional<double> hours) { return clockText(session, hours, page.withSeconds); };
     TextTable table({Align::left, Align::left, Align::left});
     const auto add = [&table](std::string label, std::string value, std::string remark) {
         table.add({std::move(label), std::move(value), std::move(remark)});
     };
-    add(session.caption(sunCaption), clock(sky.SunRise) + " / " + clock(sky.SunSet), "");
-    add(session.caption(moonCaption), clock(sky.MoonRise) + " / " + clock(sky.MoonSet), "");
-    const bool hasAltitude = sky.MoonAltitudeOnSunSet != missingMoonTime;
-    add(session.caption(moonAtSunsetCaption),
-        hasAltitude ? formatting::getDegMinStrWithMinusPlus(sky.MoonAltitudeOnSunSet) : std::string(formatting::noTime),
-        "");
+    add(session.caption(sunCaption), clock(sky.sunrise) + " / " + clock(sky.sunset), "");
+    add(session.caption(moonCaption), clock(sky.moonrise) + " / " + clock(sky.moonset), "");
+    add(session.caption(moonAtSunsetCaption), altitudeText(sky.moonAltitudeAtSunset), "");
     add(session.caption(zoneCaption), formatting::GetGMTValueStr(page.day.isDSTTime, page.day.GMTValue),
         zoneRemark(session, page));
     add(session.caption(qiblaCaption), formatting::getQiblaAngleStr(page.day.kible.K),
@@ -229,17 +223,16 @@ void printPage(Console& console, const DayPage& page) {
 Json prayersJson(Session& session, const CityDay& day) {
     Json::Array prayers;
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
-        const double hours = timeOfPrayer(day, code);
-        const bool isMissing = hours == missingTime;
+        const auto hours = timeOfPrayer(day, code);
         const std::optional<int> iqama = iqamaMinute(day, code);
-        const Fallbacks fallbacks = isMissing ? Fallbacks{} : fallbacksOf(day.times, code);
+        const Fallbacks fallbacks = hours ? fallbacksOf(day.times, code) : Fallbacks{};
         prayers.push_back(object({{"code", code},
                                   {"key", prayerKey(code)},
                                   {"name", session.prayerName(code)},
-                                  {"time", isMissing ? Json() : Json(clock24(hours))},
-                                  {"hours", isMissing ? Json() : Json(hours)},
+                                  {"time", hours ? Json(clock24(*hours)) : Json()},
+                                  {"hours", hours},
                                   {"instant", instantJson(day, hours)},
-                                  {"iqama", iqama ? Json(clock24(*iqama / 60.0)) : Json()},
+                                  {"iqama", iqama ? Json(clock24(std::chrono::minutes(*iqama))) : Json()},
                                   {"of_other_latitude", fallbacks.latitude},
                                   {"of_earlier_day", fallbacks.earlierDay}}));
     }

@@ -127,8 +127,9 @@ class Indicator extends PanelMenu.Button {
         if (!this._isRinging)
             return;
         this.menu.addMenuItem(new PopupMenu.PopupSeparatorMenuItem());
-        for (const action of ['Stop', 'Snooze'])
-            this.menu.addAction(action, () => this._alarms.call(action, null, Gio.DBusCallFlags.NONE, -1, null, null));
+        const [stop, snooze] = this._value('RingAnswers') ?? ['Stop', 'Snooze'];
+        for (const [label, action] of [[stop, 'Stop'], [snooze, 'Snooze']])
+            this.menu.addAction(label, () => this._alarms.call(action, null, Gio.DBusCallFlags.NONE, -1, null, null));
     }
 
     // Nothing to choose, but full contrast, and a screen reader comes by.

@@ -55,8 +55,8 @@ TEST_F(UserPlacesTest, AreAddedOnce) {
 TEST_F(UserPlacesTest, TakeAZoneThatTheUserNames) {
     UserDatabase database = open();
     const int id = database.addPlace({"Border post", 47.5, 11.25, "Asia/Tokyo"});
-    EXPECT_EQ(placeById(file(), cities, id)->zone, "Asia/Tokyo");
-    EXPECT_EQ(placeById(file(), cities, id)->rule.gmt, 9.0);
+    EXPECT_EQ(userPlace(file(), cities, id)->zone, "Asia/Tokyo");
+    EXPECT_EQ(userPlace(file(), cities, id)->rule.gmt, 9.0);
 }
 
 TEST_F(UserPlacesTest, BehaveLikeAnyCity) {
@@ -72,7 +72,7 @@ TEST_F(UserPlacesTest, BehaveLikeAnyCity) {
     EXPECT_NE(second, id);
     database.removeCity(id);
     EXPECT_EQ(listOf(database), "Istanbul* Boat");
-    EXPECT_FALSE(placeById(file(), cities, id)) << "a place that is removed is forgotten";
+    EXPECT_FALSE(userPlace(file(), cities, id)) << "a place that is removed is forgotten";
 }
 
 TEST_F(UserPlacesTest, FillACityOfTheWidget) {
@@ -92,7 +92,7 @@ TEST_F(UserPlacesTest, FillACityOfTheWidget) {
     EXPECT_EQ(city.temkin(), "1");
     EXPECT_FALSE(city.GMT().empty());
     // The city of the widget has the clock of the day for which it was read, nothing beyond it.
-    Site expected = siteOf(*placeById(file(), cities, id));
+    Site expected = siteOf(*userPlace(file(), cities, id));
     expected.rule = expected.clock().ruleOn(civilDate(services.GetCurrentDateTime()));
     expected.known = nullptr;
     EXPECT_EQ(siteOf(city), expected);

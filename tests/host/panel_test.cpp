@@ -282,23 +282,5 @@ TEST_F(PanelTest, CanBePresentedAHundredTimes) {
     EXPECT_EQ(QApplication::topLevelWidgets().size(), windows);
 }
 
-TEST(NextDay, IsTheFirstMomentWithAnotherDate) {
-    ZonedClock clock("CET-1CEST,M3.5.0,M10.5.0/3", "Europe/Berlin");
-    clock.present = utc("2026-11-21 22:59:59");
-    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-11-21 23:00")));
-    clock.present = utc("2026-11-21 23:00");
-    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-11-22 23:00")));
-    clock.present = utc("2026-03-28 23:00");  // a day of 23 hours
-    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-03-29 22:00")));
-    clock.present = utc("2026-10-24 22:00");  // a day of 25 hours
-    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-10-25 23:00")));
-}
-
-TEST(NextDay, BeginsAtOneWhereTheClocksSkipMidnight) {
-    ZonedClock clock("<-03>3<-02>,M10.3.0/0,M2.3.0/0", "America/Sao_Paulo");
-    clock.present = utc("2026-10-17 15:00");
-    EXPECT_EQ(host::nextDay(clock), Clock::TimePoint(utc("2026-10-18 03:00")));  // 01:00 by the clock
-}
-
 }  // namespace
 }  // namespace quode::test

@@ -9,6 +9,7 @@
 
 #include "alarmd/ring_texts.h"
 #include "app/day_notes.h"
+#include "app/day_view.h"
 #include "app/session.h"
 #include "companion/UserDatabase.h"
 #include "data/city_day.h"
@@ -59,7 +60,9 @@ int main(int argc, char** argv) {
     session.services();
     host::prepareUserChoices(session, *calendar);
     app::Json::Array notes;
-    for (const std::string& note : app::homeNotes(session)) notes.emplace_back(inReadingOrder(note));
+    const app::ChosenPlace place = app::chooseHomePlace(session);
+    const CityDay day = computeCityDay(siteOf(place.city), app::today(session, siteOf(place.city)));
+    for (const std::string& note : app::dayNotes(session, place, day)) notes.emplace_back(inReadingOrder(note));
     const host::ComingPrayer coming = host::comingPrayer(session);
     const auto home = UserDatabase(session.dataFolder(), session.cities(), session.deviceClock()).home();
     std::fputs(app::object({{"labels", labels(session, [](const std::string& text) { return text; })},

@@ -268,6 +268,7 @@ class Answers(ServiceTest):
         self.assertEqual(self.bus.home("HijriDate")[0], day["hijri"]["date"])
         self.assertEqual(self.bus.home("Place")[:2], (day["place"]["city"]["id"], day["place"]["city"]["name"]))
         self.assertEqual(self.bus.home("Notes"), day["notes"])
+        self.assertEqual(self.bus.home("RingAnswers"), ("Stop", "Snooze 5 min"))
 
     def test_range_is_the_table_of_the_year(self):
         self.start()

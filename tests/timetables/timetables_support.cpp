@@ -6,6 +6,8 @@
 
 #include <chrono>
 
+#include "common/civil_date.h"
+
 namespace quode::timetables {
 
 Site istanbul() {
@@ -38,14 +40,12 @@ Timetable tableOf(Site site, const std::string& key, int firstDay, int count) {
     site.choice.method.key = key;
     Timetable table;
     for (int number = firstDay; number < firstDay + count; ++number) {
-        const std::chrono::year_month_day date{std::chrono::sys_days(std::chrono::days(number))};
-        const VAKDate record =
-            VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0);
-        const CityDay computed = computeCityDay(site, record);
+        const std::chrono::sys_days day{std::chrono::days(number)};
+        const CityDay computed = computeCityDay(site, recordOf(day));
         TimetableRow row;
         for (std::size_t i = 0; i < row.minutes.size(); ++i) {
-            const double hours = timeOfPrayer(computed, firstPrayer + int(i));
-            if (hours != missingTime) row.minutes[i] = shownMinute(hours);
+            const auto hours = timeOfPrayer(computed, firstPrayer + int(i));
+            if (hours) row.minutes[i] = shownMinute(*hours);
         }
         table.rows[number] = row;
     }

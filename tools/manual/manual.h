@@ -39,9 +39,6 @@ struct CommandPath {
 /// Every command and its children, in the order of the help.
 std::vector<CommandPath> allPaths(const std::vector<terminal::Command>& commands);
 
-/// The parameters of a command and those of every command.
-std::vector<terminal::Parameter> parametersOf(const Subject& subject, const terminal::Command& command);
-
 /// Words joined by a separator.
 std::string joined(const std::vector<std::string>& words, const char* separator);
 

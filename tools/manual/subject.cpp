@@ -23,12 +23,6 @@ std::vector<CommandPath> allPaths(const std::vector<terminal::Command>& commands
     return paths;
 }
 
-std::vector<terminal::Parameter> parametersOf(const Subject& subject, const terminal::Command& command) {
-    std::vector<terminal::Parameter> parameters = command.parameters;
-    parameters.insert(parameters.end(), subject.program->parameters.begin(), subject.program->parameters.end());
-    return parameters;
-}
-
 std::string joined(const std::vector<std::string>& words, const char* separator) {
     std::string text;
     for (const std::string& word : words) {

@@ -49,8 +49,8 @@ class SqliteWriter {
     /// A statement that is run many times.
     class Query {
       public:
-        /// Runs it with these values. Returned: its first row, valid until it is run again; it must have one when it
-        /// reads.
+        /// Runs it with these values.
+        /// @return its first row, valid until it is run again; it must have one when it reads
         sqlite3_stmt* first(std::initializer_list<Cell> values);
 
       private:

@@ -10,6 +10,21 @@
  *
  * The library reads the data that are installed with it and, where these are newer, the zone data of the machine. It
  * does not read or write the files of a user, so home city, alarms and chosen methods play no part here.
+ *
+ * Fixed names: everything in this header. Programs are compiled and linked against names, values, fields and their order;
+ * new ones may be added, none is changed or removed.
+ *
+ *     quode_error error;
+ *     quode_day day;
+ *     quode_place* place = quode_place_find(NULL, "Istanbul", &error);
+ *     if (place == NULL || quode_day_of(place, (quode_date){2026, 3, 21}, &day, &error) != QUODE_OK) {
+ *         fprintf(stderr, "%s\n", error.message);
+ *     } else {
+ *         char clock[6];
+ *         quode_clock_text(day.times[QUODE_FAJR].minute, clock);
+ *         printf("fajr %s\n", clock);
+ *     }
+ *     quode_place_free(place);
  */
 #ifndef QUODE_QUODE_C_H
 #define QUODE_QUODE_C_H
@@ -47,8 +62,9 @@ const char* quode_version(void);
  * function takes one, NULL stands for a database that is opened for this call. */
 typedef struct quode_data quode_data;
 
-/* Opens the database. `bundle` is the folder Quode.bundle; NULL: that of $QUODE_BUNDLE_DIR, else the one installed with
- * this library. Returns NULL on failure. */
+/* Opens the database.
+ * @param bundle  the folder Quode.bundle; NULL: that of $QUODE_BUNDLE_DIR, else the one installed with this library
+ * @return NULL on failure */
 quode_data* quode_data_open(const char* bundle, quode_error* error);
 void quode_data_close(quode_data* data);
 
@@ -62,25 +78,35 @@ const char* quode_data_edition(const quode_data* data);
 typedef struct quode_place quode_place;
 void quode_place_free(quode_place* place);
 
-/* The most populous place with a name. After a comma may follow a country or region: "London, CA". Case and diacritics
- * do not matter. NULL when no place has the name; the message then proposes others. */
+/* The most populous place with a name. Case and diacritics do not matter.
+ * @param name  a country or region may follow after a comma: "London, CA"
+ * @return NULL when no place has the name; the message then proposes others */
 quode_place* quode_place_find(quode_data* data, const char* name, quode_error* error);
 
-/* Places by the beginning of a name, the best first; it forgives a typing mistake. Writes at most `capacity` places,
- * each to be freed, and returns their number; 0 also on failure. */
+/* Places by the beginning of a name, the best first; it forgives a typing mistake.
+ * @param places    receives at most `capacity` places, each to be freed
+ * @param capacity  the size of `places`
+ * @return the number of places written; 0 also on failure */
 size_t quode_place_search(quode_data* data, const char* text, quode_place** places, size_t capacity,
                           quode_error* error);
 
-/* The place with a number of the database. */
+/* The place with a number of the database.
+ * @param id  as quode_place_id gives it
+ * @return NULL on failure */
 quode_place* quode_place_by_id(quode_data* data, int32_t id, quode_error* error);
 
-/* The place of the database nearest to a point. */
+/* The place of the database nearest to a point.
+ * @return NULL on failure */
 quode_place* quode_place_nearest(quode_data* data, double latitude, double longitude, quode_error* error);
 
-/* A point as a place. `zone` is an IANA name such as "Europe/London", or "UTC"; NULL: the zone of the nearest place. */
+/* A point as a place.
+ * @param zone  an IANA name such as "Europe/London", or "UTC"; NULL: the zone of the nearest place
+ * @return NULL on failure */
 quode_place* quode_place_at(quode_data* data, double latitude, double longitude, const char* zone, quode_error* error);
 
-/* The same place with another method, such as "diyanet" or "mwl asr=2 fajr-angle=18.5 adjust=2,0,0,0,0,-1". */
+/* The same place with another method.
+ * @param method  such as "diyanet" or "mwl asr=2 fajr-angle=18.5 adjust=2,0,0,0,0,-1"
+ * @return a new place, to be freed too; NULL on failure */
 quode_place* quode_place_with_method(const quode_place* place, const char* method, quode_error* error);
 
 /* The facts of a place. Texts are valid as long as the place; "" where nothing is known. */
@@ -157,11 +183,15 @@ typedef struct quode_day {
     quode_time times[QUODE_TIME_COUNT];
 } quode_day;
 
-/* The times of a day. */
+/* The times of a day.
+ * @param day  receives them; unchanged on failure
+ * @return QUODE_OK, or what failed */
 quode_status quode_day_of(const quode_place* place, quode_date date, quode_day* day, quode_error* error);
 
-/* The times of `count` days in a row. What neighbouring days share is computed once; each result is, bit for bit, that
- * of quode_day_of. */
+/* The times of days in a row. What neighbouring days share is computed once; each result is, bit for bit, that of
+ * quode_day_of.
+ * @param count  the number of days, and the size of `days`
+ * @return QUODE_OK, or what failed */
 quode_status quode_days_of(const quode_place* place, quode_date first, size_t count, quode_day* days,
                            quode_error* error);
 
@@ -174,19 +204,27 @@ typedef struct quode_next {
     int64_t instant;
 } quode_next;
 
-/* The first of the six main times after an instant. QUODE_NOT_FOUND when yesterday, today and tomorrow have none. */
+/* The first of the six main times after an instant.
+ * @return QUODE_OK, or what failed: QUODE_NOT_FOUND when yesterday, today and tomorrow have none */
 quode_status quode_next_of(const quode_place* place, int64_t instant, quode_next* next, quode_error* error);
 
-/* The date on the place's clock at an instant. */
+/* The date on the place's clock at an instant.
+ * @return all fields 0 for an instant that is out of range */
 quode_date quode_date_at(const quode_place* place, int64_t instant);
 
-/* "fajr", "asr_hanafi": the name of a time in Quode's JSON; NULL for another number. */
+/* The name of a time in Quode's JSON.
+ * @param prayer  QUODE_FAJR to QUODE_ISFIRAR
+ * @return "fajr", "asr_hanafi"; NULL for another number */
 const char* quode_time_key(int32_t prayer);
 
-/* A sentence for QUODE_SUN_...; "" for QUODE_PRESENT. */
+/* Why there is no such time, as a sentence.
+ * @param absence  QUODE_SUN_...
+ * @return "" for QUODE_PRESENT */
 const char* quode_absence_text(int32_t absence);
 
-/* Writes "05:43", or "--:--" for QUODE_NO_MINUTE. */
+/* The clock text of a minute.
+ * @param minute  after 0 h, of whatever day
+ * @param text    receives "05:43", or "--:--" for QUODE_NO_MINUTE */
 void quode_clock_text(int32_t minute, char text[6]);
 
 /* --- qibla ------------------------------------------------------------------------------------------------------- */
@@ -196,6 +234,8 @@ typedef struct quode_qibla {
     double distance_km; /* along the great circle */
 } quode_qibla;
 
+/* The direction and distance of the Kaaba from a point.
+ * @return QUODE_OK, or what failed */
 quode_status quode_qibla_at(double latitude, double longitude, quode_qibla* qibla, quode_error* error);
 
 /* --- Hijri dates ------------------------------------------------------------------------------------------------- */
@@ -205,7 +245,9 @@ enum {
     QUODE_HIJRI_UMM_AL_QURA = 1 /* the calendar of Saudi Arabia, 1300 to 1600 AH */
 };
 
-/* The Hijri date of a day, and the day of a Hijri date. Return 1, or 0 where the calendar has no such date. */
+/* The Hijri date of a day, and the day of a Hijri date.
+ * @param calendar  QUODE_HIJRI_...
+ * @return 1, or 0 where the calendar has no such date */
 int32_t quode_hijri_of(quode_date date, int32_t calendar, quode_date* hijri);
 int32_t quode_date_of_hijri(quode_date hijri, int32_t calendar, quode_date* date);
 

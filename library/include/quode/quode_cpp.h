@@ -5,6 +5,9 @@
 //
 // The names are in `quode`, by way of an inline namespace `v1`. A file that also includes the headers of the astronomy
 // engine defines QUODE_EXPLICIT_VERSION first and writes `quode::v1::Place`, for the engine has names of its own in `quode`.
+//
+// Fixed names: everything in this header except `detail`. Programs use the names, so new ones may be added, and none is
+// changed or removed.
 #ifndef QUODE_QUODE_CPP_H
 #define QUODE_QUODE_CPP_H
 
@@ -51,7 +54,9 @@ enum class Absence : std::int32_t { present, sunNotLowEnough, sunNotHighEnough, 
 
 enum class HijriCalendar : std::int32_t { table, ummAlQura };
 
-/// "05:43" for minutes after 0 h, of whatever day; "--:--" for nothing.
+/// The clock text of a minute.
+/// @param minute  after 0 h, of whatever day
+/// @return "05:43"; "--:--" for nothing
 inline std::string clockText(std::optional<std::chrono::minutes> minute) {
     char text[6];
     quode_clock_text(minute ? static_cast<std::int32_t>(minute->count()) : QUODE_NO_MINUTE, text);
@@ -77,6 +82,12 @@ struct PrayerTime {
 };
 
 /// The times of a day.
+///
+/// @code
+///   const quode::Day day = quode::dayFor(quode::findPlace("Cairo"), std::chrono::year(2026) / 3 / 20);
+///   for (const quode::PrayerTime& time : day.times) std::cout << time.key() << ' ' << time.clock() << '\n';
+///   if (!day[quode::Prayer::isha].exists()) std::cout << day[quode::Prayer::isha].whyMissing() << '\n';
+/// @endcode
 struct Day {
     std::chrono::year_month_day date;
     std::chrono::seconds utcOffset{};  ///< east of Greenwich, summer time included
@@ -150,9 +161,15 @@ inline Day dayOf(const quode_day& day) {
 }  // namespace detail
 
 /// A place with its clock and the method of its times. A copy costs little; many threads may use it at once.
+///
+/// @code
+///   const quode::Place ankara = quode::findPlace("Ankara").withMethod("diyanet");
+///   std::cout << ankara.name() << ", " << ankara.zone() << '\n';
+/// @endcode
 class Place {
   public:
-    /// Takes over a handle of quode_c.h; throws `error` when there is none.
+    /// @param handle  of quode_c.h; the object frees it
+    /// @throw Error  made of `error`, when the handle is null
     Place(quode_place* handle, const quode_error& error) : handle_(handle, quode_place_free) {
         if (handle == nullptr) throw Error(error);
     }
@@ -167,7 +184,9 @@ class Place {
     double longitude() const { return quode_place_longitude(get()); }
     std::int64_t population() const { return quode_place_population(get()); }  ///< 0 when not known
 
-    /// The same place with another method, such as "diyanet" or "mwl asr=2".
+    /// The same place with another method.
+    /// @param method  such as "diyanet" or "mwl asr=2"
+    /// @throw Error  for an unknown method
     Place withMethod(const std::string& method) const {
         quode_error error{};
         return Place(quode_place_with_method(get(), method.c_str(), &error), error);
@@ -181,9 +200,16 @@ class Place {
 };
 
 /// The database of places and zones, for programs that look up many. One object serves many threads.
+///
+/// @code
+///   const quode::Database database;
+///   for (const quode::Place& place : database.search("istanb")) std::cout << place.name() << '\n';
+///   const quode::Place here = database.at(51.5, -0.12, "Europe/London");
+/// @endcode
 class Database {
   public:
-    /// Opens the database of a folder "Quode.bundle"; of the installed one when the text is empty.
+    /// @param bundle  the folder "Quode.bundle"; that of the installation when the text is empty
+    /// @throw Error  when there is no database, or a damaged one
     explicit Database(const std::string& bundle = {}) {
         quode_error error{};
         data_.reset(quode_data_open(bundle.empty() ? nullptr : bundle.c_str(), &error), quode_data_close);
@@ -193,13 +219,16 @@ class Database {
     /// The edition of the data, such as "places 2026-09, zones 2026f".
     std::string_view edition() const { return quode_data_edition(data_.get()); }
 
-    /// The most populous place with a name; "London, CA" chooses country or region. Throws, with proposals, when there is none.
+    /// The most populous place with a name.
+    /// @param name  with country or region where needed, as "London, CA"
+    /// @throw Error  when no place has the name; the message proposes others
     Place find(const std::string& name) const {
         quode_error error{};
         return Place(quode_place_find(data_.get(), name.c_str(), &error), error);
     }
 
-    /// Places by the beginning of a name, the best first; forgives a typing mistake. Empty when there are none.
+    /// Places by the beginning of a name; forgives a typing mistake.
+    /// @return at most `limit` places, the best first
     std::vector<Place> search(const std::string& text, std::size_t limit = 10) const {
         quode_error error{};
         std::vector<quode_place*> handles(limit);
@@ -212,6 +241,8 @@ class Database {
     }
 
     /// The place with a number of the database.
+    /// @param id  as `Place::id` gives it
+    /// @throw Error  for an unknown number
     Place byId(int id) const {
         quode_error error{};
         return Place(quode_place_by_id(data_.get(), id, &error), error);
@@ -223,7 +254,9 @@ class Database {
         return Place(quode_place_nearest(data_.get(), latitude, longitude, &error), error);
     }
 
-    /// A point, with the clock of an IANA zone; without one, with that of the nearest place.
+    /// A point as a place.
+    /// @param zone  an IANA name; empty: the zone of the nearest place
+    /// @throw Error  for a point out of range and an unknown zone
     Place at(double latitude, double longitude, const std::string& zone = {}) const {
         quode_error error{};
         const char* given = zone.empty() ? nullptr : zone.c_str();
@@ -246,6 +279,7 @@ inline Place placeAt(double latitude, double longitude, const std::string& zone 
 }
 
 /// The times of a day.
+/// @throw Error  for a date that does not exist or is out of range
 inline Day dayFor(const Place& place, std::chrono::year_month_day date) {
     quode_error error{};
     quode_day day{};
@@ -258,7 +292,9 @@ inline Day dayFor(double latitude, double longitude, const std::string& zone, st
     return dayFor(placeAt(latitude, longitude, zone).withMethod(method), date);
 }
 
-/// The times of days in a row, as many as `days` has room for.
+/// The times of days in a row.
+/// @param days  receives them, as many as it has room for
+/// @throw Error  as `dayFor` does
 inline void daysFor(const Place& place, std::chrono::year_month_day first, std::span<Day> days) {
     quode_error error{};
     std::vector<quode_day> records(days.size());
@@ -272,7 +308,8 @@ inline std::vector<Day> daysFor(const Place& place, std::chrono::year_month_day 
     return days;
 }
 
-/// The first of the six main times after an instant; nothing when yesterday, today and tomorrow have none.
+/// The first of the six main times after an instant.
+/// @return nothing when yesterday, today and tomorrow have none
 inline std::optional<NextPrayer> nextPrayer(const Place& place, std::chrono::sys_seconds instant) {
     quode_error error{};
     quode_next next{};
@@ -288,6 +325,8 @@ inline std::chrono::year_month_day dateAt(const Place& place, std::chrono::sys_s
     return detail::dateOf(quode_date_at(place.get(), instant.time_since_epoch().count()));
 }
 
+/// The direction and distance of the Kaaba.
+/// @throw Error  for a point out of range
 inline Qibla qibla(double latitude, double longitude) {
     quode_error error{};
     quode_qibla qibla{};
@@ -299,7 +338,8 @@ inline Qibla qibla(const Place& place) {
     return qibla(place.latitude(), place.longitude());
 }
 
-/// The Hijri date of a day; nothing where the calendar does not reach it.
+/// The Hijri date of a day.
+/// @return nothing where the calendar does not reach it
 inline std::optional<HijriDate> hijriDate(std::chrono::year_month_day date,
                                           HijriCalendar calendar = HijriCalendar::table) {
     quode_date hijri{};
@@ -307,7 +347,8 @@ inline std::optional<HijriDate> hijriDate(std::chrono::year_month_day date,
     return HijriDate{hijri.year, hijri.month, hijri.day};
 }
 
-/// The day of a Hijri date; nothing where the calendar has no such date.
+/// The day of a Hijri date.
+/// @return nothing where the calendar has no such date
 inline std::optional<std::chrono::year_month_day> gregorianDate(HijriDate hijri,
                                                                 HijriCalendar calendar = HijriCalendar::table) {
     quode_date date{};

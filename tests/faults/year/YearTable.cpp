@@ -40,9 +40,9 @@ std::vector<TableEntry> yearTable(const CityRecord& city, sys_days first, sys_da
             siteOf(city),
             VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0));
         for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-            const double hours = timeOfPrayer(times, code);
-            if (hours == -1.0) continue;
-            const int minute = shownMinute(hours);
+            const auto hours = timeOfPrayer(times, code);
+            if (!hours) continue;
+            const int minute = shownMinute(*hours);
             const int shown = (minute % minutesPerDay + minutesPerDay) % minutesPerDay;
             table.push_back(
                 {code, instantOfMinute(day, minute), fmt::format("{:02d}:{:02d}", shown / 60, shown % 60), city.name});

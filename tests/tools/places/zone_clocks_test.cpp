@@ -8,6 +8,7 @@
 #include <iterator>
 #include <map>
 
+#include "common/civil_date.h"
 #include "common/numbers.h"
 #include "data/CityDatabase.h"
 #include "data/city_day.h"
@@ -156,10 +157,7 @@ TEST(ZoneClocks, LeadTheEngineOnEveryDayOfAChange) {
         const auto& offsets = published.at(zone.name);
         for (const auto& [change, ignored] : offsets) {
             for (const sys_days day : {std::max(change - days(1), firstDay), change, change + days(1)}) {
-                const year_month_day date(day);
-                const CityDay computed = computeCityDay(
-                    site,
-                    VAKDateMake(int(unsigned(date.day())), int(unsigned(date.month())), int(date.year()), 0, 0, 0));
+                const CityDay computed = computeCityDay(site, recordOf(day));
                 const int offset = std::prev(offsets.upper_bound(day))->second;
                 ASSERT_NEAR(computed.GMTValue * 3600.0, offset, 1e-6) << zone.name;
             }

@@ -132,11 +132,11 @@ PlasmoidItem {
             visible: applet.isRinging
 
             PlasmaComponents.Button {
-                text: "Stop"
+                text: applet.home.RingAnswers ? applet.home.RingAnswers[0] : "Stop"
                 onClicked: applet.answer("Stop")
             }
             PlasmaComponents.Button {
-                text: "Snooze"
+                text: applet.home.RingAnswers ? applet.home.RingAnswers[1] : "Snooze"
                 onClicked: applet.answer("Snooze")
             }
         }

@@ -9,7 +9,7 @@
 #include "app/first_start.h"
 #include "desktop/CityFinder.h"
 #include "desktop/FirstStartDialog.h"
-#include "fixture.h"
+#include "window/fixture.h"
 
 namespace quode::test {
 namespace {
