@@ -96,6 +96,7 @@ std::string editionText(std::string_view edition) {
 Finding checkCityDatabase(Session& session, Known& known) {
     Finding found{"city_database", _("City database"), State::ok, "", ""};
     try {
+        session.cities().verify();
         found.text = editionText(session.cities().edition());
         known.hasCityDatabase = true;
     } catch (const CityDatabaseError& error) {
