@@ -12,8 +12,6 @@ namespace {
 // How long a sound repeats unless it is stopped.
 constexpr std::chrono::seconds soundTime{60};
 
-constexpr const char* fallbackSound = "chime";
-
 // A file that was deleted, or is none, is replaced before anybody tries to play it.
 Sound playable(Sound sound, const std::filesystem::path& bundle) {
     const auto* const file = std::get_if<std::filesystem::path>(&sound);
