@@ -41,7 +41,7 @@ bool verify(sqlite3_file* file, Checks& checks, std::size_t number) {
     if (number >= checks.verified.size()) return false;
     if (checks.verified[number]) return true;
     PageBuffer page;
-    const auto at = static_cast<sqlite3_int64>(number * pageSize);
+    const sqlite3_int64 at = static_cast<sqlite3_int64>(number) * static_cast<sqlite3_int64>(pageSize);
     if (checks.system->xRead(file, page.data(), static_cast<int>(page.size()), at) != SQLITE_OK) return false;
     return checks.verified[number] = isSealed(page, number);
 }
