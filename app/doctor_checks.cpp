@@ -18,10 +18,12 @@
 #include "app/session.h"
 #include "app/user_alarms.h"
 #include "app/user_data.h"
+#include "common/printable.h"
 #include "companion/AlarmBook.h"
 #include "companion/UserEventStore.h"
 #include "companion/autostart.h"
 #include "companion/ringer.h"
+#include "companion/sounds.h"
 #include "companion/user_connection.h"
 #include "data/zone_check.h"
 #include "texts/translation.h"
@@ -48,7 +50,7 @@ struct Known {
 };
 
 Finding checkDataFolder(Session& session) {
-    Finding found{"data_folder", _("Data folder"), State::ok, session.dataFolder().string(), ""};
+    Finding found{"data_folder", _("Data folder"), State::ok, printable(session.dataFolder().string()), ""};
     std::error_code error;
     fs::path folder = fs::absolute(session.dataFolder(), error);
     const bool isThere = fs::is_directory(folder, error);
@@ -78,6 +80,7 @@ Finding checkDataFolder(Session& session) {
 Finding checkCityDatabase(Session& session, Known& known) {
     Finding found{"city_database", _("City database"), State::ok, "", ""};
     try {
+        session.cities().verify();
         found.text = editionText(session);
         known.hasCityDatabase = true;
     } catch (const CityDatabaseError& error) {
@@ -179,7 +182,7 @@ Finding checkCalendar(Session& session, const Known& known) {
     UserEventStore store(session.dataFolder(), known.settings().calendarLayout);
     Finding found{"calendar", _("Calendar"), State::ok, "", ""};
     const EventList list = store.ownEvents();
-    const std::string file = store.defaultCalendar().location.filename().string();
+    const std::string file = printable(store.defaultCalendar().location.filename().string());
     found.text = _n("{1}, {0} event", "{1}, {0} events", list.events.size(), file);
     if (evolutionSource(session).isConnected()) found.text += _("; shown by Evolution");
     if (!list.status.ok) {
@@ -207,11 +210,16 @@ Finding checkSounds(Session& session, const Known& known) {
     }
     found.text.clear();
     for (const std::string& sound : sounds) {
-        found.text += (found.text.empty() ? "" : ", ") + sound;
+        const std::string shown = printable(sound);
+        found.text += (found.text.empty() ? "" : ", ") + shown;
         if (soundExists(session, sound)) continue;
         const bool isDefault = sound == known.settings().defaultSound;
         found.state = State::problem;
-        found.advice = _("The sound \"{}\" no longer exists: alarms are silent. Choose another one:", sound);
+        found.advice =
+            soundExists(session, fallbackSound)
+                ? _("The sound \"{}\" no longer exists: \"{}\" plays in its place. Choose another one:", shown,
+                    fallbackSound)
+                : _("The sound \"{}\" no longer exists: alarms are silent. Choose another one:", shown);
         found.command = isDefault ? "quode settings sound NAME" : "quode alarm set PRAYER --sound NAME";
     }
     return found;

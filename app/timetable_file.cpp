@@ -39,7 +39,8 @@ void writeFile(const std::filesystem::path& file, std::string_view bytes) {
     if (std::filesystem::is_directory(path, error)) {
         throw Failure(ExitCode::usage, _("{} is a folder. Name a file.", file.string()));
     }
-    const FileOutcome outcome = replaceFile(*systemFileCalls(), path, bytes);
+    const bool isReplaced = !std::filesystem::exists(path, error) || std::filesystem::is_regular_file(path, error);
+    const FileOutcome outcome = isReplaced ? replaceFile(*systemFileCalls(), path, bytes) : writeInto(path, bytes);
     if (!outcome.ok) throw Failure(ExitCode::outputFailed, outcome.message);
 }
 

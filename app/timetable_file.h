@@ -21,7 +21,7 @@ std::string timetableFile(Session& session, const PrintRequest& request, Timetab
                           const printing::PdfOptions& pdf = {},
                           std::optional<std::chrono::minutes> alarm = std::nullopt);
 
-/// Writes it in one step. Throws `Failure`: usage for a folder, outputFailed.
+/// Writes a file in one step; what is there and no regular file, such as a device, is written to. Throws `Failure`: usage for a folder, outputFailed.
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 
 }  // namespace quode::app

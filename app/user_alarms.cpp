@@ -17,6 +17,7 @@
 #include "common/calendar.h"
 #include "common/formatting.h"
 #include "common/labels.h"
+#include "common/printable.h"
 #include "companion/RingRecords.h"
 #include "companion/SiteChoices.h"
 #include "texts/translation.h"
@@ -106,6 +107,10 @@ UserAlarms readAlarms(Session& session, UserDatabase& database) {
 
 std::string soundOf(const UserAlarms& all, const UserAlarm& alarm) {
     return alarm.sound.empty() ? all.settings.defaultSound : alarm.sound;
+}
+
+std::string soundText(const UserAlarms& all, const UserAlarm& alarm) {
+    return printable(soundOf(all, alarm));
 }
 
 std::string offsetText(int minutes) {

@@ -40,6 +40,9 @@ UserAlarms readAlarms(Session& session, UserDatabase& database);
 /// The sound of an alarm, that of the settings when it has none.
 std::string soundOf(const UserAlarms& all, const UserAlarm& alarm);
 
+/// The same to be shown: the path of a file can contain anything.
+std::string soundText(const UserAlarms& all, const UserAlarm& alarm);
+
 /// "15 min before".
 std::string offsetText(int minutes);
 

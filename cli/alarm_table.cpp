@@ -56,7 +56,7 @@ std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const Us
     if (!isSetUp) return row;
     row.push_back(nextRingText(session, all, alarm));
     row.push_back(offsetText(alarm.offset));
-    row.push_back(soundOf(all, alarm));
+    row.push_back(soundText(all, alarm));
     std::string habits;
     for (const std::string& each : habitTexts(session, all, alarm)) habits += (habits.empty() ? "" : "; ") + each;
     row.push_back(habits);

@@ -11,6 +11,9 @@
 
 namespace quode {
 
+/// The sound of the bundle that plays in place of one that is gone or cannot be played.
+inline constexpr const char* fallbackSound = "chime";
+
 /// The names of the sounds of the bundle, in alphabetical order.
 std::vector<std::string> bundledSounds(const std::filesystem::path& bundle);
 

@@ -108,6 +108,10 @@ std::vector<StoredZone> CityDatabase::zones() const {
     return zones;
 }
 
+void CityDatabase::verify() const {
+    connection_->verify();
+}
+
 std::string CityDatabase::edition() const {
     const sqlite::Statement row = connection_->query("SELECT WHAT, EDITION FROM EDITION ORDER BY WHAT");
     std::string text;

@@ -133,6 +133,10 @@ class CityDatabase {
     /// All zones with their stored rules, ordered by name.
     std::vector<StoredZone> zones() const;
 
+    /// Reads the whole file. Other operations verify only what they read.
+    /// @throw CityDatabaseError  when any part of it is damaged
+    void verify() const;
+
     /// The edition of the data, for example "2026-09 (time zones 2026f)".
     std::string edition() const;
 

@@ -9,6 +9,7 @@
 
 #include "common/formatting.h"
 #include "common/numbers.h"
+#include "data/checked_file.h"
 #include "data/city_database_schema.h"
 #include "data/coordinates.h"
 #include "data/row_checksum.h"
@@ -19,20 +20,34 @@ namespace {
 
 using Reason = CityDatabaseError::Reason;
 
-// True when the file has the length in its first page; otherwise a truncated file would be noticed only much later.
-bool isWhole(const std::filesystem::path& file) {
-    std::array<unsigned char, 32> header{};
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream.read(reinterpret_cast<char*>(header.data()), header.size())) return false;
-    const auto bigEndian = [&header](std::size_t from, std::size_t bytes) {
-        std::uintmax_t value = 0;
-        for (std::size_t i = from; i < from + bytes; ++i) value = value << 8 | header[i];
+// The first bytes of the file.
+class Header {
+  public:
+    explicit Header(const std::filesystem::path& file) {
+        std::ifstream stream(file, std::ios::binary);
+        isThere_ = bool(stream.read(reinterpret_cast<char*>(bytes_.data()), bytes_.size()));
+    }
+
+    // True when the file has the length that it says; otherwise a truncated file would be noticed only much later.
+    bool isOfWholeFile(const std::filesystem::path& file) const {
+        const std::uintmax_t size = number(16, 2) == 1 ? 65536 : number(16, 2);
+        std::error_code error;
+        return isThere_ && std::filesystem::file_size(file, error) == size * number(28, 4) && !error;
+    }
+
+    std::uint32_t edition() const { return number(60, 4); }
+    std::uint32_t application() const { return number(68, 4); }
+
+  private:
+    std::uint32_t number(std::size_t from, std::size_t bytes) const {
+        std::uint32_t value = 0;
+        for (std::size_t i = from; i < from + bytes; ++i) value = value << 8 | bytes_[i];
         return value;
-    };
-    const std::uintmax_t pageSize = bigEndian(16, 2) == 1 ? 65536 : bigEndian(16, 2);
-    std::error_code error;
-    return std::filesystem::file_size(file, error) == pageSize * bigEndian(28, 4) && !error;
-}
+    }
+
+    std::array<unsigned char, 72> bytes_{};
+    bool isThere_ = false;
+};
 
 }  // namespace
 
@@ -43,10 +58,9 @@ CityConnection::CityConnection(const std::filesystem::path& file, const std::fil
         throw CityDatabaseError(Reason::missing,
                                 _("The city database is missing: {}. Install Quode again.", file.string()));
     }
-    if (!isWhole(file)) failDamaged(_("it is cut short or not a database"));
-    database_ = sqlite::openUnchanging(file);
+    checkHeader();
+    database_ = sqlite::openUnchanging(file, checkedFileSystem());
     if (!database_) failDamaged(_("it cannot be opened"));
-    checkEdition();
     recordQuery_ = query(cityRecordSql);  // fails where tables are missing
     zones_.emplace(database_.get(), zoneFolder);
 }
@@ -56,29 +70,35 @@ void CityConnection::failDamaged(const std::string& detail) const {
                             _("The city database {} is damaged: {}. Install Quode again.", file_.string(), detail));
 }
 
-void CityConnection::checkEdition() const {
-    const auto pragma = [this](const char* name) {
-        const sqlite::Statement row = query(std::string("PRAGMA ") + name);
-        return next(row) ? sqlite3_column_int(row.get(), 0) : 0;
-    };
-    if (pragma("application_id") != cityDatabaseApplicationId) failDamaged(_("it is another kind of database"));
-    const int edition = pragma("user_version");
-    if (edition == cityDatabaseEdition) return;
+void CityConnection::failReading() const {
+    const bool isChecksum = sqlite3_extended_errcode(database_.get()) == SQLITE_IOERR_DATA;
+    failDamaged(isChecksum ? _("a part of it has a wrong checksum") : sqlite3_errmsg(database_.get()));
+}
+
+void CityConnection::checkHeader() const {
+    const Header header(file_);
+    if (!header.isOfWholeFile(file_)) failDamaged(_("it is cut short or not a database"));
+    if (header.application() != cityDatabaseApplicationId) failDamaged(_("it is another kind of database"));
+    if (header.edition() == cityDatabaseEdition) return;
     throw CityDatabaseError(
         Reason::wrongEdition,
         _("The city database {} has edition {}, this program reads edition {}. Install Quode again.", file_.string(),
-          edition, cityDatabaseEdition));
+          header.edition(), cityDatabaseEdition));
+}
+
+void CityConnection::verify() const {
+    if (!hasIntactPages(file_)) failDamaged(_("a part of it has a wrong checksum"));
 }
 
 sqlite::Statement CityConnection::query(const std::string& sql) const {
     sqlite::Statement statement = sqlite::prepare(database_.get(), sql);
-    if (!statement) failDamaged(sqlite3_errmsg(database_.get()));
+    if (!statement) failReading();
     return statement;
 }
 
 bool CityConnection::next(const sqlite::Statement& statement) const {
     const int result = sqlite3_step(statement.get());
-    if (result != SQLITE_ROW && result != SQLITE_DONE) failDamaged(sqlite3_errmsg(database_.get()));
+    if (result != SQLITE_ROW && result != SQLITE_DONE) failReading();
     return result == SQLITE_ROW;
 }
 

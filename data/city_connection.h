@@ -41,10 +41,14 @@ class CityConnection {
 
     ZoneSource& zones() { return *zones_; }
 
+    /// Reads the whole file and fails when any part of it is damaged.
+    void verify() const;
+
   private:
     [[noreturn]] void failDamaged(const std::string& detail) const;
     CityRecord recordOf(sqlite3_stmt* row) const;
-    void checkEdition() const;
+    [[noreturn]] void failReading() const;
+    void checkHeader() const;
 
     std::filesystem::path file_;
     sqlite::Database database_;

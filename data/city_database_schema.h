@@ -7,7 +7,7 @@ namespace quode {
 /// The identification of a city database: SQLite's `application_id` and `user_version`. The edition changes with every
 /// change of the tables or of the folding of names.
 inline constexpr int cityDatabaseApplicationId = 0x51554F44;  // "QUOD"
-inline constexpr int cityDatabaseEdition = 6;
+inline constexpr int cityDatabaseEdition = 7;
 
 /// The kind of a row of CITY_NAME. Fixed values: stored in the database.
 enum class NameKind {
@@ -23,7 +23,8 @@ enum class NameKind {
 /// FOLDED columns hold names as `foldedName` gives them. LATITUDE and LONGITUDE of CITY_POINT count hundred-thousandths
 /// of a degree. BEGINNING lists, for texts with which very many names begin, the best rows of CITY_NAME. NAME_GROUP holds
 /// the whole names of CITY_NAME grouped by length in bytes, as `nameGroup` writes them. CHECKSUM columns hold the
-/// `rowChecksum` of `cityRecordSql` and of `zoneCitySql`.
+/// `rowChecksum` of `cityRecordSql` and of `zoneCitySql`. Each page of the file ends with its own checksum, see
+/// "data/page_checksum.h".
 inline constexpr const char* cityDatabaseTables = R"sql(
 CREATE TABLE CITY (ID INTEGER PRIMARY KEY, NAME TEXT NOT NULL, LAT TEXT NOT NULL, LON TEXT NOT NULL,
   TEMKIN INTEGER NOT NULL, PARENT INTEGER NOT NULL);

@@ -26,12 +26,13 @@ std::string escaped(const std::string& path) {
 
 }  // namespace
 
-Database openUnchanging(const std::filesystem::path& file) {
+Database openUnchanging(const std::filesystem::path& file, const std::string& fileSystem) {
     std::error_code ignored;
     const std::string uri =
         "file://" + escaped(std::filesystem::absolute(file, ignored).string()) + "?mode=ro&immutable=1";
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(uri.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
+    const int result = sqlite3_open_v2(uri.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
+                                       fileSystem.empty() ? nullptr : fileSystem.c_str());
     Database database(opened);
     return result == SQLITE_OK ? std::move(database) : nullptr;
 }

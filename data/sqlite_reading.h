@@ -23,7 +23,8 @@ using Database = std::unique_ptr<sqlite3, Close>;
 
 /// Opens a file that no program writes: read-only, without locks or helper files. Creates nothing.
 /// @return null when that fails; a file that is not a database fails only in the first query
-Database openUnchanging(const std::filesystem::path& file);
+/// @param fileSystem  of SQLite; empty: that of the machine
+Database openUnchanging(const std::filesystem::path& file, const std::string& fileSystem = {});
 
 /// True when a database and the helper files of SQLite, as far as they exist, are regular files. SQLite would wait forever
 /// for a pipe in their place.

@@ -238,6 +238,17 @@ FileOutcome replaceFile(FileCalls& calls, const fs::path& path, std::string_view
     return syncFolder(calls, target.parent_path());
 }
 
+FileOutcome writeInto(const fs::path& path, std::string_view content) {
+    FileCalls calls;
+    // Without a reader a pipe would be waited for; with one its writes wait.
+    OpenFile file(calls, ::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+    if (file.get() < 0 || ::fcntl(file.get(), F_SETFL, 0) < 0 || !writeAll(calls, file.get(), content) ||
+        file.closeNow() != 0) {
+        return failure(_("Cannot write to"), path, errno);
+    }
+    return {};
+}
+
 bool isTemporaryFile(const fs::path& path) {
     const std::string name = path.filename().string();
     return name.starts_with('.') && (name.ends_with(".ics.tmp") || name.ends_with(".source.tmp"));

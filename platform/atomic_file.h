@@ -58,6 +58,9 @@ FileOutcome replaceFile(FileCalls& calls, const std::filesystem::path& path, std
                         const std::optional<std::filesystem::path>& keepOldAs = std::nullopt,
                         const std::optional<FileStamp>& readAs = std::nullopt);
 
+/// Writes to a path that is no regular file: a device, or a pipe with a reader. It is not replaced.
+FileOutcome writeInto(const std::filesystem::path& path, std::string_view content);
+
 /// True when a path has the name of a temporary file of `replaceFile`.
 bool isTemporaryFile(const std::filesystem::path& path);
 

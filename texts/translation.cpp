@@ -50,6 +50,8 @@ fs::path folderOf(const fs::path& bundle) {
 }
 
 std::unique_ptr<const MessageCatalogue> readCatalogue(const fs::path& file) {
+    std::error_code error;
+    if (!fs::is_regular_file(file, error)) return nullptr;  // a pipe would wait for its writer
     std::ifstream stream(file, std::ios::binary);
     if (!stream) return nullptr;
     try {

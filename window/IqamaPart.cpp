@@ -40,8 +40,8 @@ int minuteOf(const QTime& clock) {
 
 // The clock time with which a fixed begin starts: the one of today, on a multiple of five minutes.
 int proposedClock(const CityDay& day, int code) {
-    const double hours = timeOfPrayer(day, code);
-    const int prayer = hours == missingTime ? minutesPerDay / 2 : shownMinute(hours) + usualWait;
+    const std::optional<double> hours = timeOfPrayer(day, code);
+    const int prayer = hours ? shownMinute(*hours) + usualWait : minutesPerDay / 2;
     const int begin = iqamaMinute(day, code).value_or(prayer);
     return (begin + clockStep - 1) / clockStep * clockStep % minutesPerDay;
 }

@@ -9,6 +9,7 @@
 #include "app/user_alarms.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
+#include "common/printable.h"
 #include "companion/sounds.h"
 #include "terminal/Console.h"
 #include "texts/translation.h"
@@ -31,7 +32,7 @@ void print(Console& console, const std::string& sound, const TrialResult& result
     std::string text = result.isShown ? _("The alarm was shown.") : _("The alarm was not shown.");
     if (isSoundOnly) text.clear();
     if (!isSoundOnly) text += ' ';
-    text += result.soundProblem.empty() ? _("It played {}.", sound) : std::string(_("It was not heard."));
+    text += result.soundProblem.empty() ? _("It played {}.", printable(sound)) : std::string(_("It was not heard."));
     if (result.isStopped) text.append(" ").append(_("You stopped it."));
     console.print(text);
 }

@@ -23,7 +23,7 @@ void printRings(Console& console, const UserAlarms& all) {
         const bool isSnoozed = all.isSnoozed(ring);
         table.add({clockAt(session, *all.city, ring.due), session.prayerName(ring.code),
                    isSnoozed ? std::string(_("snoozed")) : offsetText(all.alarm(ring.code).offset),
-                   timeUntil(session, *all.city, ring.due), soundOf(all, all.alarm(ring.code))});
+                   timeUntil(session, *all.city, ring.due), soundText(all, all.alarm(ring.code))});
     }
     const std::vector<std::string> lines = table.lines(console.rowWidth());
     for (std::size_t i = 0; i < lines.size(); ++i) console.print(i == 0 ? console.style().strong(lines[i]) : lines[i]);

@@ -5,6 +5,7 @@
 #include "app/user_data.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "common/printable.h"
 #include "terminal/Console.h"
 #include "texts/translation.h"
 
@@ -23,7 +24,7 @@ void tell(Console& console, const std::optional<PublishedCalendar>& calendar) {
     console.print(
         console.wrapped(_("{0} holds the prayers of the home city. The alarm service keeps it current. In your "
                           "calendar program, subscribe to file://{0}.",
-                          calendar->file.string())));
+                          printable(calendar->file.string()))));
 }
 
 void runPublish(Console& console, const Arguments& arguments) {
@@ -41,8 +42,9 @@ void runPublish(Console& console, const Arguments& arguments) {
 void runUnpublish(Console& console, const Arguments&) {
     const std::optional<PublishedCalendar> former = unpublishCalendar(console.session());
     if (console.wantsJson()) return console.printJson(publishedJson(std::nullopt));
-    console.print(former ? _("{} is no longer kept current; the file stays where it is.", former->file.string())
-                         : std::string(_("No calendar was published.")));
+    console.print(former
+                      ? _("{} is no longer kept current; the file stays where it is.", printable(former->file.string()))
+                      : std::string(_("No calendar was published.")));
 }
 
 }  // namespace

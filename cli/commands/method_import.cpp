@@ -160,7 +160,12 @@ Json importJson(const Import& import, const std::vector<Fit>& fits, bool isStore
 // --- commands
 
 Import readFile(const std::string& path, const Arguments& arguments, const Site& site) {
-    if (!std::filesystem::is_regular_file(path)) throw Failure(ExitCode::notFound, _("There is no file {}.", path));
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+    if (!std::filesystem::exists(status)) throw Failure(ExitCode::notFound, _("There is no file {}.", path));
+    if (!std::filesystem::is_regular_file(status)) {
+        throw Failure(ExitCode::notFound, _("{} is not a regular file. Name a file with a timetable.", path));
+    }
     try {
         timetables::SunCheck check(site);
         Import import = timetables::importTable(timetables::readRawTable(contentOf(path), site.clock()),

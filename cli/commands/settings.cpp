@@ -5,6 +5,7 @@
 
 #include "cli/commands.h"
 #include "common/numbers.h"
+#include "common/printable.h"
 #include "terminal/Console.h"
 #include "texts/translation.h"
 
@@ -20,7 +21,7 @@ void showAll(Console& console) {
     }
     using Align = TextTable::Align;
     TextTable table({Align::left, Align::left, Align::left});
-    for (const Setting& each : allSettings()) table.add({each.key, each.value(present), _(each.meaning)});
+    for (const Setting& each : allSettings()) table.add({each.key, printable(each.value(present)), _(each.meaning)});
     console.print(table, 0);
 }
 
@@ -30,7 +31,7 @@ void showOne(Console& console, const Setting& setting) {
     if (console.wantsJson()) {
         return console.printJson(object({{"settings", Json(Json::Object{{setting.key, value}})}}));
     }
-    console.printData(value);
+    console.printData(printable(value));
     console.printRemark(_("Choices: {}.", setting.choices(session)));
 }
 

@@ -239,18 +239,18 @@ std::string csvNight(const CityDay& day) {
     return text;
 }
 
-void printCsv(Console& console, const Timetable& table) {
+std::string csvOf(const Timetable& table) {
     std::string night;
     for (const NightPartName& part : nightPartNames) night.append(",").append(part.key);
-    console.printData("date,weekday,hijri," + csvTimesHead() + (table.withNight ? night : ""));
+    std::string text = "date,weekday,hijri," + csvTimesHead() + (table.withNight ? night : "") + '\n';
     for (const Month& month : table.months) {
         for (const CityDay& day : computedDays(table, daysOf(month))) {
             const std::optional<VAKDate> hijri = hijriByTable(day.date);
-            console.printData(fmt::format("{},{},{},{}{}", isoDate(day.date), weekdayOf(day.date),
-                                          hijri ? isoDate(*hijri) : "", csvTimes(day),
-                                          table.withNight ? csvNight(day) : ""));
+            text += fmt::format("{},{},{},{}{}\n", isoDate(day.date), weekdayOf(day.date), hijri ? isoDate(*hijri) : "",
+                                csvTimes(day), table.withNight ? csvNight(day) : "");
         }
     }
+    return text;
 }
 
 Json dayJson(Session& session, const CityDay& day) {
@@ -273,30 +273,32 @@ Json dayJson(Session& session, const CityDay& day) {
                    {"notes", notes}});
 }
 
-void printJson(Console& console, const Timetable& table) {
+Json jsonOf(Session& session, const Timetable& table) {
     Json::Array days;
     for (const Month& month : table.months) {
-        for (const CityDay& day : computedDays(table, daysOf(month))) days.push_back(dayJson(console.session(), day));
+        for (const CityDay& day : computedDays(table, daysOf(month))) days.push_back(dayJson(session, day));
     }
-    console.printJson(object({{"place", placeJson(table.place)},
-                              {"rule", ruleJson(table.site)},
-                              {"days", days},
-                              {"warnings", warningsJson(table.warnings)}}));
+    return object({{"place", placeJson(table.place)},
+                   {"rule", ruleJson(table.site)},
+                   {"days", days},
+                   {"warnings", warningsJson(table.warnings)}});
 }
 
 void print(Console& console, const Arguments& arguments, Timetable table) {
     const bool isFile = isFileFormat(arguments.text("format").value_or(""));
     if (console.wantsJson()) {
         addWarnings(console.session(), table);
-        printJson(console, table);
+        writeText(console, arguments, jsonOf(console.session(), table).text());
     } else if (isFile) {
         writeTimetable(
             console, arguments,
             {table.place, table.months, table.lastCode == lastPrayer, table.withNight, arguments.has("sheet")});
         reportFallbackPlace(console, table.place);
     } else if (arguments.text("format") == "csv") {
-        printCsv(console, table);
+        writeText(console, arguments, csvOf(table));
         reportFallbackPlace(console, table.place);
+    } else if (arguments.has("output")) {
+        throw Failure(ExitCode::usage, _("The table is for the terminal. Name a format for the file: --format pdf"));
     } else {
         addWarnings(console.session(), table);
         printTable(console, table);

@@ -7,6 +7,7 @@
 
 #include "app/timetable_file.h"
 #include "cli/arguments.h"
+#include "common/printable.h"
 #include "terminal/Console.h"
 #include "texts/translation.h"
 
@@ -47,7 +48,7 @@ std::vector<Parameter> fileParameters() {
     Parameter paper{Kind::option, "paper", "SIZE", _("The paper of a PDF: a4 (the default) or letter")};
     paper.choices = {"a4", "letter"};
     return {format,
-            {Kind::option, "output", "FILE", _("Write PDF, HTML or iCalendar to a file")},
+            {Kind::option, "output", "FILE", _("Write it to a file; not the table")},
             paper,
             {Kind::option, "alarm", "MINUTES", _("In a calendar, a reminder before each prayer")},
             {Kind::toggle, "night", "", _("Also the thirds of the night and midnight")}};
@@ -57,19 +58,22 @@ bool isFileFormat(const std::string& format) {
     return std::ranges::find(fileFormats, format) != fileFormats.end();
 }
 
+void writeText(Console& console, const Arguments& arguments, const std::string& text) {
+    const std::optional<std::string> file = arguments.text("output");
+    if (!file) return console.write(text);
+    writeFile(*file, text);
+    console.print(_("Written: {}", printable(*file)));
+}
+
 void writeTimetable(Console& console, const Arguments& arguments, const PrintRequest& request) {
     const std::string format = arguments.text("format").value_or("table");
-    const std::optional<std::string> file = arguments.text("output");
     refuseOthers(arguments, format);
-    if (format == "pdf" && !file && console.drawsOnTerminal()) {
+    if (format == "pdf" && !arguments.has("output") && console.drawsOnTerminal()) {
         throw Failure(ExitCode::usage, _("A PDF cannot be shown in a terminal. Name a file: --output times.pdf"));
     }
     const TimetableFormat wanted = formatOf(format);
     const auto alarm = wanted == TimetableFormat::ics ? alarmMinutes(arguments) : std::nullopt;
-    const std::string text = timetableFile(console.session(), request, wanted, pdfOptions(arguments), alarm);
-    if (!file) return console.write(text);
-    writeFile(*file, text);
-    console.print(_("Written: {}", *file));
+    writeText(console, arguments, timetableFile(console.session(), request, wanted, pdfOptions(arguments), alarm));
 }
 
 }  // namespace quode::cli

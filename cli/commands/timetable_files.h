@@ -16,7 +16,10 @@ std::vector<Parameter> fileParameters();
 /// Whether a format is one of these.
 bool isFileFormat(const std::string& format);
 
-/// Writes the timetable to the standard output, or to the file of --output. Throws `Failure`.
+/// Writes what a command puts out to the standard output, or to the file of --output. Throws `Failure`.
+void writeText(Console& console, const Arguments& arguments, const std::string& text);
+
+/// Writes the timetable in a format of a file. Throws `Failure`.
 void writeTimetable(Console& console, const Arguments& arguments, const PrintRequest& request);
 
 }  // namespace quode::cli

@@ -86,6 +86,8 @@ TEST(Doctor, FindsASoundThatIsGone) {
     fs::remove(file);
     const json check = checkOf(program, "sounds");
     EXPECT_EQ(check["state"], "problem");
+    EXPECT_EQ(check["advice"], "The sound \"" + file.string() +
+                                   "\" no longer exists: \"chime\" plays in its place. Choose another one:");
     EXPECT_EQ(check["command"], "quode alarm set PRAYER --sound NAME");
 }
 

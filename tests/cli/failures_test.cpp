@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // Bad input and a damaged installation: a message that says what to do, and the documented exit code.
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -104,6 +105,23 @@ TEST(Failures, OfADamagedCityDatabase) {
     }
     std::ofstream(file) << "not a database";
     EXPECT_EQ(program.run({}).code, 3);
+}
+
+TEST(Failures, OfADamagedNameOfACityAreNotAnotherCity) {
+    Program program;
+    const fs::path file = program.copyBundle() / "database" / "cities.sqlite";
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(database, "UPDATE CITY_NAME SET FOLDED = 'londom' WHERE FOLDED = 'london' AND ID = 2643743",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    const Outcome run = program.run({"--city", "London"});
+    EXPECT_EQ(run.code, 3) << run.out;
+    EXPECT_EQ(run.out, "");
+    EXPECT_NE(run.err.find("damaged: a part of it has a wrong checksum. Install Quode again"), std::string::npos)
+        << run.err;
+    EXPECT_NE(program.run({"doctor"}).out.find("wrong checksum"), std::string::npos);
 }
 
 TEST(Failures, OfALanguageFileLeaveTheTimesReadable) {

@@ -257,6 +257,16 @@ TEST(ImportedTable, IsRefusedWholeForADamagedLine) {
     EXPECT_EQ(timeOf(day(program, {"--city", "Istanbul", "--date", "2026-11-22"}), "fajr"), "06:22");
 }
 
+TEST(ImportedTable, IsNoDeviceAndNoPipe) {
+    const Program program;
+    const Outcome run = program.run({"method", "import", "/dev/zero", "--city", "London"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_NE(run.err.find("/dev/zero is not a regular file"), std::string::npos) << run.err;
+    EXPECT_NE(
+        program.run({"method", "import", "nowhere.csv", "--city", "London"}).err.find("There is no file nowhere.csv"),
+        std::string::npos);
+}
+
 TEST(CrescentOutlook, NamesBothCriteria) {
     const json outlook =
         Program().run({"moon", "--crescent", "--city", "Mecca", "--date", "2026-02-10", "--json"}).json();

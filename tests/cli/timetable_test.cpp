@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -127,6 +129,52 @@ TEST(Timetable, OfAllNineTimesHoldsEachDayTwiceWhereItIsBroken) {
 TEST(Timetable, IsThatOfThePresentWhenNothingElseIsAsked) {
     EXPECT_EQ(Program().run({"month", "--json"}).json().at("days")[0].at("date"), "2026-11-01");
     EXPECT_EQ(Program().run({"year", "--json"}).json().at("days")[0].at("date"), "2026-01-01");
+}
+
+std::string contentOf(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+TEST(TimetableInAFile, IsWhatIsPrintedOtherwise) {
+    const Program program;
+    for (const char* format : {"csv", "json", "ics", "html"}) {
+        const std::filesystem::path file = program.folder() / format;
+        const std::vector<std::string> words{"month", "2026-03", "--city", "London", "--format", format};
+        std::vector<std::string> written = words;
+        written.insert(written.end(), {"--output", file.string()});
+        EXPECT_EQ(program.run(written).out, "Written: " + file.string() + "\n") << format;
+        EXPECT_EQ(contentOf(file), program.run(words).out) << format;
+    }
+}
+
+TEST(TimetableInAFile, IsRefusedForTheTable) {
+    const Program program;
+    const std::filesystem::path file = program.folder() / "table";
+    const Outcome run = program.run({"month", "--output", file.string()});
+    EXPECT_EQ(run.code, 2);
+    EXPECT_NE(run.err.find("Name a format for the file"), std::string::npos) << run.err;
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST(TimetableInAFile, LeavesAPipeWhatItIs) {
+    const Program program;
+    const Outcome run =
+        program.runShell("cd '" + program.folder().string() +
+                         "' && mkfifo pipe && exec 9<>pipe && quode month --format csv --output pipe && "
+                         "test -p pipe && head -n 1 <&9");
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_NE(run.out.find("Written: pipe\ndate,weekday,hijri"), std::string::npos) << run.out;
+}
+
+TEST(TimetableInAFile, DoesNotWaitForTheReaderOfAPipe) {
+    const Program program;
+    const std::filesystem::path pipe = program.folder() / "pipe";
+    const Outcome run =
+        program.runShell("mkfifo '" + pipe.string() + "'; quode month --format pdf --output '" + pipe.string() + "'");
+    EXPECT_EQ(run.code, 4) << run.err;
+    EXPECT_NE(run.err.find("Cannot write to"), std::string::npos) << run.err;
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
 }
 
 }  // namespace

@@ -263,6 +263,26 @@ TEST(UserAlarms, TakeAFileAsTheirSound) {
     EXPECT_EQ(set.json()["alarms"][0]["sound"], file.string());
 }
 
+TEST(UserAlarms, ShowTheNameOfASoundWithoutWhatATerminalObeys) {
+    const Program program;
+    const fs::path file = program.folder() / "a\x1B[31mb\u2069\u200Ec\u2028d.wav";
+    std::ofstream(file, std::ios::binary) << std::string("RIFF\x24\0\0\0WAVEfmt ", 16);
+    program.run({"city", "home", "Ankara"});
+    EXPECT_EQ(program.run({"alarm", "set", "all", "--sound", file.string()}).code, 0);
+    program.run({"alarm", "on", "all"});
+    program.run({"settings", "sound", file.string()});
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"alarm", "list"},
+                                                  {"alarm", "upcoming"},
+                                                  {"doctor"},
+                                                  {"settings"},
+                                                  {"settings", "sound"}}) {
+        const std::string out = program.run(words).out;
+        EXPECT_NE(out.find("a[31mbcd.wav"), std::string::npos) << out;
+        EXPECT_EQ(out.find('\x1B'), std::string::npos) << out;
+    }
+    EXPECT_EQ(program.run({"alarm", "list", "--json"}).json()["alarms"][0]["sound"], file.string());
+}
+
 TEST(UserAlarms, FitInEightyColumnsInEachLanguage) {
     const Program program;
     program.run({"alarm", "set", "all", "--offset", "-720", "--sound", "morning"});

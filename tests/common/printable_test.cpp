@@ -21,10 +21,22 @@ TEST(Printable, LeavesOutMarksThatReorderWhatFollows) {
                         "def"),
               "abcdef");
     EXPECT_EQ(printable("\xE2\x80\xAA\xE2\x80\xAC"), "");
+    EXPECT_EQ(printable("a\u200Eb\u2066c\u2067d\u2068e\u2069f"), "abcdef");
+    EXPECT_TRUE(hasControls("a\u2069"));
+}
+
+TEST(Printable, LeavesOutSeparatorsOfLines) {
+    EXPECT_EQ(printable("a\u2028b\u2029c"), "abc");
+    EXPECT_EQ(printableLines("a\u2028b\u2029c"), "abc");
+}
+
+TEST(Printable, KeepsTheIsolatedPartsOfAMessage) {
+    EXPECT_EQ(printableLines("\u2068a\u2069\nb\u202E"), "\u2068a\u2069\nb");
 }
 
 TEST(Printable, KeepsLettersOfEveryScriptAndBrokenBytes) {
-    for (const char* text : {"Łódź", "القاهرة", "東京", "İstanbul", "é", "\xC2", "\xE2\x80", ""}) {
+    for (const char* text :
+         {"Łódź", "القاهرة", "東京", "İstanbul", "می\u200Cروم", "…", "–", "é", "\xC2", "\xE2\x80", ""}) {
         EXPECT_EQ(printable(text), text);
         EXPECT_FALSE(hasControls(text)) << text;
     }

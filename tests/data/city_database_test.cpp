@@ -214,7 +214,7 @@ TEST(CityDatabase, AnotherKindOfDatabaseAndAnotherEditionAreReported) {
         reasonOfRefusal(made("newer", "PRAGMA application_id=0x51554F44; PRAGMA user_version=99; CREATE TABLE X (Y)")),
         Reason::wrongEdition);
     EXPECT_EQ(
-        reasonOfRefusal(made("bare", "PRAGMA application_id=0x51554F44; PRAGMA user_version=6; CREATE TABLE X (Y)")),
+        reasonOfRefusal(made("bare", "PRAGMA application_id=0x51554F44; PRAGMA user_version=7; CREATE TABLE X (Y)")),
         Reason::damaged);
 }
 

@@ -17,6 +17,8 @@ FOREIGN = ("BEGIN:VEVENT\r\nUID:%s\r\nDTSTAMP:20260101T000000Z\r\nDTSTART:202612
            "END:VEVENT\r\n" % FOREIGN_UID)
 PERMANENT = {"user.sqlite", "Quode.ics", "calendar", ".alarms.lock", ".Quode.ics.lock", "QuodeLog.txt", "alarmd.lock",
              "alarmd.shown", "alarmd.rings", "calendar/.quode.lock"}
+LATER_TABLES = ["USER_METHOD", "USER_TIMETABLE", "USER_TIMETABLE_ROW", "USER_IQAMA", "USER_ALARM_HABIT"]  # made when needed
+EVERY_DAY = 127
 PATIENCE = 40  # seconds until a program counts as one that hangs
 
 
@@ -31,6 +33,14 @@ class World:
         self.environment = {"HOME": self.home, "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8", "TZ": "Europe/Istanbul",
                             "QUODE_BUNDLE_DIR": bundle, "QUODE_NOW": NOW}
         os.mkdir(self.home)
+        self.pretend_evolution()
+
+    def pretend_evolution(self):
+        """Makes its calendar service look installed."""
+        services = os.path.join(self.folder, "share/dbus-1/services")
+        os.makedirs(services)
+        open(os.path.join(services, "org.gnome.evolution.dataserver.Sources5.service"), "w").close()
+        self.environment["XDG_DATA_DIRS"] = os.path.join(self.folder, "share") + ":/usr/local/share:/usr/share"
 
     @property
     def data(self):
@@ -79,9 +89,15 @@ class State:
     def __init__(self, data):
         self.damage = []
         self.cities, self.alarms, self.settings, self.places = [], {}, {}, []
+        self.quiet = set()  # alarms that leave days out; those have no event while their next ring is far
+        self.more = {}  # table to rows: methods, timetables, iqama, habits
         self.files = sorted(os.path.relpath(os.path.join(folder, name), data)
                             for folder, folders, names in os.walk(data) for name in folders + names)
         self.calendar, self.vdir = "", {}
+        home = os.path.join(data, "../../..")
+        sources = os.path.join(home, ".config/evolution/sources")
+        self.shared = [os.path.exists(os.path.join(home, "prayers.ics")),
+                       os.listdir(sources) if os.path.isdir(sources) else []]  # with calendar programs
         if os.path.exists(os.path.join(data, "user.sqlite")):
             self.read_database(os.path.join(data, "user.sqlite"))
         self.read_calendars(data)
@@ -97,11 +113,21 @@ class State:
             self.places = database.execute("SELECT ID, NAME FROM USER_PLACE ORDER BY ID").fetchall()
             self.settings = dict(row for row in database.execute("SELECT NAME, VALUE FROM USER_SETTING")
                                  if not row[0].startswith("alarm.decided"))
+            self.read_later_tables(database)
             for row in database.execute("SELECT TIMEID, MINUTE, MELODYNAME, ACTIVE, EVENTID FROM USER_ALARMS"):
                 self.alarms[row[0]] = row[1:]
             database.close()
         except sqlite3.Error as error:
             self.damage.append("the database: %s" % error)
+
+    def read_later_tables(self, database):
+        present = {row[0] for row in database.execute("SELECT name FROM sqlite_schema")}
+        for table in LATER_TABLES:
+            self.more[table] = sorted(database.execute("SELECT * FROM %s" % table)) if table in present else []
+        muted = int(self.settings.get("alarm.muted_until") or 0)
+        self.quiet = {row[0] for row in self.more["USER_ALARM_HABIT"] if row[1] != EVERY_DAY or row[3]}
+        if muted:
+            self.quiet |= set(range(1, 7))
 
     def read_calendars(self, data):
         try:
@@ -121,7 +147,7 @@ class State:
     def choices(self):
         """What the user has chosen, without identifiers that differ from run to run."""
         return (self.cities, self.places, sorted(self.settings.items()),
-                sorted((key, row[0], row[1], row[2]) for key, row in self.alarms.items()))
+                sorted((key, row[0], row[1], row[2]) for key, row in self.alarms.items()), self.more, self.shared)
 
 
 def problems(state, next_rings):
@@ -136,7 +162,7 @@ def problems(state, next_rings):
     for time_id, (_, _, active, event) in state.alarms.items():
         if event:
             named.add(event)
-        if active and event not in kept:
+        if active and event not in kept and time_id not in state.quiet:
             found.append(("lost", "alarm %d is on without an event" % time_id))
         if not active and event:
             found.append(("orphan", "alarm %d is off and names an event" % time_id))
@@ -167,6 +193,18 @@ def put_foreign_event(data):
         text = file.read()
     with open(path, "w", newline="") as file:
         file.write(text.replace("END:VCALENDAR", FOREIGN + "END:VCALENDAR", 1))
+
+
+def put_stray_event(data):
+    """An event like that of an alarm, which no alarm has."""
+    path = os.path.join(data, "Quode.ics")
+    with open(path, newline="") as file:
+        text = file.read()
+    event = re.search(r"BEGIN:VEVENT\r?\n(?:(?!END:VEVENT).)*UID:quode-.*?END:VEVENT\r?\n", text, re.S).group(0)
+    uid = re.search(r"UID:(quode-.*?)\r?\n", event).group(1)
+    stray = event.replace(uid, uid[:-4] + ("0000" if uid[-4:] != "0000" else "1111"))
+    with open(path, "w", newline="") as file:
+        file.write(text.replace("END:VCALENDAR", stray + "END:VCALENDAR", 1))
 
 
 def signal_of(code):

@@ -20,6 +20,7 @@ ALL_ON = [["city", "home", "Istanbul"], ["city", "add", "Berlin"], ["alarm", "se
           ["alarm", "on", "all"]]
 ALL_OFF = ALL_ON + [["alarm", "off", "all"]]
 VDIR = ALL_ON + [["settings", "calendar", "vdir"]]
+TABLE, PUBLISHED = "FOLDER/times.csv", "FOLDER/home/prayers.ics"  # FOLDER: that of the world
 
 # The name of a base, the command that meets the fault.
 SCENARIOS = [
@@ -43,23 +44,56 @@ SCENARIOS = [
     ("on", ["settings", "panel", "phone"]),
     ("on", ["calendar", "connect", "evolution"]),
     ("damaged", ["alarm", "on", "fajr"]),
+    ("on", ["method", "set", "mwl"]),
+    ("on", ["method", "import", TABLE]),
+    ("table", ["method", "remove-table"]),
+    ("on", ["iqama", "set", "--at", "+10", "dhuhr", "asr"]),
+    ("iqama", ["iqama", "remove", "dhuhr"]),
+    ("on", ["alarm", "days", "fajr", "mon", "fri"]),
+    ("days", ["alarm", "days", "fajr", "all"]),
+    ("on", ["alarm", "skip", "dhuhr"]),
+    ("skip", ["alarm", "skip", "dhuhr", "--undo"]),
+    ("on", ["alarm", "mute"]),
+    ("on", ["alarm", "remind", "fajr", "-15"]),
+    ("on", ["calendar", "publish", PUBLISHED, "--alarm", "10"]),
+    ("published", ["calendar", "unpublish"]),
+    ("connected", ["calendar", "disconnect"]),
+    ("stray", ["doctor", "--tidy"]),
     ("on", ["doctor"]),
     ("on", ["alarm", "list"]),
     ("on", ["alarm", "upcoming"]),
     ("on", ["city", "list"]),
 ]
-BASES = {"none": [], "on": ALL_ON, "off": ALL_OFF, "vdir": VDIR, "damaged": ALL_ON}
+BASES = {"none": [], "on": ALL_ON, "off": ALL_OFF, "vdir": VDIR, "damaged": ALL_ON, "stray": ALL_ON,
+         "table": ALL_ON + [["method", "import", TABLE]],
+         "iqama": ALL_ON + [["iqama", "set", "--at", "+10", "dhuhr", "asr"]],
+         "days": ALL_ON + [["alarm", "days", "fajr", "mon", "fri"]], "skip": ALL_ON + [["alarm", "skip", "dhuhr"]],
+         "published": ALL_ON + [["calendar", "publish", PUBLISHED]],
+         "connected": ALL_ON + [["calendar", "connect", "evolution"]]}
 # Kind of fault, which calls count, the error.
 FAULTS = [("kill", "changes", 0), ("torn", "changes", 0), ("fail", "all", errno.EIO), ("fail", "changes", errno.ENOSPC),
           ("full", "changes", errno.ENOSPC), ("fail", "all", errno.EACCES)]
 
 
+def in_world(world, words):
+    return [word.replace("FOLDER", world.folder) for word in words]
+
+
+def put_timetable(world):
+    """A month of times to import."""
+    with open(os.path.join(world.folder, "times.csv"), "w") as file:
+        file.write(world.run(["month", "2026-11", "--city", "Istanbul", "--format", "csv"]).stdout)
+
+
 def build_base(world, name):
+    put_timetable(world)
     for words in BASES[name]:
-        result = world.run(words)
+        result = world.run(in_world(world, words))
         assert result.returncode == 0, (words, result.stderr)
     if name in ("on", "off"):
         faults.put_foreign_event(world.data)
+    if name == "stray":
+        faults.put_stray_event(world.data)
     if name == "damaged":
         with open(os.path.join(world.data, "user.sqlite"), "r+b") as file:
             file.write(b"x" * 4000)
@@ -87,6 +121,8 @@ def check(world, base, words, fault, at, result, before, after):
     if base == "damaged" and state.damage and following.returncode == 6:
         return found  # nothing was replaced yet, and that is reported
     found += faults.problems(state, rings)
+    if base == "stray" and (killed or result.returncode != 0):
+        found = [each for each in found if each[0] != "orphan"]  # it was there before
     if base in ("on", "off", "damaged") and faults.FOREIGN_UID not in state.calendar and base != "damaged":
         found.append(("lost", "an event of another program"))
     if result.returncode == 0 and not killed and after is not None and state.choices() != after.choices():
@@ -99,6 +135,11 @@ def check(world, base, words, fault, at, result, before, after):
     return found
 
 
+def files_beside(world):
+    """What is left in the folder of the published calendar."""
+    return [("left over", name) for name in os.listdir(world.home) if name not in (".config", ".local", "prayers.ics")]
+
+
 def repeat_is_harmless(world, words, after):
     """The user tries again after a command that was cut off."""
     was_done = faults.State(world.data).choices() == after.choices()
@@ -106,7 +147,7 @@ def repeat_is_harmless(world, words, after):
     state = faults.State(world.data)
     if result is None or (result.returncode != 0 and not was_done):
         return [("lost", "the repeated command fails: %s" % (result.stderr if result else "hang"))]
-    found = faults.problems(state, None)
+    found = faults.problems(state, None) + files_beside(world)
     if len(state.places) > len(after.places) or len(state.cities) > len(after.cities):
         found.append(("doubled", "the repeated command made a second one"))
     return found
@@ -119,6 +160,7 @@ def run_scenario(arguments, number, base, words):
         build_base(world, base)
         before = faults.State(world.data) if base != "damaged" else None
         world.restore(base)
+        words = in_world(world, words)
         clean = world.run(words)
         after = faults.State(world.data)
         for index, fault in enumerate(FAULTS):

@@ -38,6 +38,13 @@ class Places(unittest.TestCase):
         with self.assertRaisesRegex(quode.Error, "not on the Earth"):
             quode.qibla(91.0, 0.0)
 
+    def test_have_no_nul_in_their_names(self):
+        place = quode.find_place("London")
+        for call in (quode.find_place, quode.search_places, place.with_method, quode.Database,
+                     lambda text: quode.place_at(0.0, 0.0, text)):
+            with self.assertRaisesRegex(ValueError, "NUL"):
+                call("London\0x")
+
     def test_outlive_their_database(self):
         place = quode.Database().find("Cairo")
         gc.collect()

@@ -3,6 +3,7 @@
 #include "texts/translation.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <fstream>
 
@@ -66,6 +67,8 @@ TEST_F(Translation, StaysEnglishWithoutAReadableCatalogue) {
     EXPECT_FALSE(useLanguage("fr", folder.path()));
     EXPECT_FALSE(useLanguage("xx", folder.path()));
     EXPECT_FALSE(useLanguage("../locale/de", folder.path()));
+    ASSERT_EQ(mkfifo((folder.path() / "locale" / "tr.mo").c_str(), 0600), 0);
+    EXPECT_FALSE(useLanguage("tr", folder.path())) << "and does not wait for a writer";
     EXPECT_EQ(languageInUse(), "en");
     EXPECT_STREQ(_("Sunrise"), "Sunrise");
 }

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <fstream>
 #include <map>
 #include <set>
 #include <span>
@@ -17,6 +19,7 @@
 #include "data/name_folding.h"
 #include "data/name_groups.h"
 #include "data/name_ranking.h"
+#include "data/page_checksum.h"
 #include "data/row_checksum.h"
 #include "tools/places/sqlite_writer.h"
 
@@ -39,7 +42,8 @@ long countryNumber(const std::string& code) {
 
 class CityDatabaseWriter {
   public:
-    CityDatabaseWriter(const SourceData& data, const std::filesystem::path& file) : data_(data), out_(file) {
+    CityDatabaseWriter(const SourceData& data, const std::filesystem::path& file)
+        : data_(data), out_(file, pageChecksumSize) {
         long number = 0;
         for (const auto& [name, rule] : data_.zones) {
             zoneNumbers_[name] = ++number;
@@ -50,11 +54,11 @@ class CityDatabaseWriter {
     }
 
     void write() {
-        out_.execute(
-            "PRAGMA page_size=4096; PRAGMA encoding='UTF-8'; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF;"
-            "PRAGMA application_id=" +
-            std::to_string(cityDatabaseApplicationId) + "; PRAGMA user_version=" + std::to_string(cityDatabaseEdition) +
-            ";");
+        out_.execute("PRAGMA page_size=" + std::to_string(pageSize) +
+                     "; PRAGMA encoding='UTF-8'; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF;"
+                     "PRAGMA application_id=" +
+                     std::to_string(cityDatabaseApplicationId) +
+                     "; PRAGMA user_version=" + std::to_string(cityDatabaseEdition) + ";");
         out_.execute("BEGIN");
         out_.execute(cityDatabaseTables);
         writeCountries();
@@ -271,12 +275,28 @@ class CityDatabaseWriter {
     std::map<DstKey, long> dstNumbers_;
 };
 
+// Gives each page its checksum.
+void sealPages(const std::filesystem::path& file) {
+    std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
+    stream.exceptions(std::ios::badbit | std::ios::failbit);
+    std::array<unsigned char, pageSize> page{};
+    const std::uint64_t pages = std::filesystem::file_size(file) / pageSize;
+    for (std::uint64_t number = 0; number < pages; ++number) {
+        const auto at = static_cast<std::streamoff>(number * pageSize);
+        stream.seekg(at).read(reinterpret_cast<char*>(page.data()), pageSize);
+        sealPage(page, number);
+        stream.seekp(at).write(reinterpret_cast<const char*>(page.data()), pageSize);
+    }
+    stream.close();
+}
+
 }  // namespace
 
 void writeCityDatabase(const SourceData& data, const std::filesystem::path& file) {
     std::filesystem::path unfinished = file;
     unfinished += ".new";
     CityDatabaseWriter(data, unfinished).write();
+    sealPages(unfinished);
     std::filesystem::rename(unfinished, file);
 }
 

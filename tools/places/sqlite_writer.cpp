@@ -34,12 +34,15 @@ void SqliteWriter::Finalize::operator()(sqlite3_stmt* statement) const {
     sqlite3_finalize(statement);
 }
 
-SqliteWriter::SqliteWriter(const std::filesystem::path& file) {
+SqliteWriter::SqliteWriter(const std::filesystem::path& file, int reserved) {
     std::filesystem::remove(file);
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     database_.reset(opened);
     if (result != SQLITE_OK) fail(opened, "cannot create " + file.string());
+    if (sqlite3_file_control(opened, nullptr, SQLITE_FCNTL_RESERVE_BYTES, &reserved) != SQLITE_OK) {
+        fail(opened, "cannot reserve bytes in " + file.string());
+    }
 }
 
 void SqliteWriter::execute(const std::string& sql) {

@@ -27,7 +27,8 @@ using Cell = std::variant<std::monostate, long, std::string_view, Blob>;
 class SqliteWriter {
   public:
     /// Creates an empty file; one of that name is removed.
-    explicit SqliteWriter(const std::filesystem::path& file);
+    /// @param reserved  bytes that stay free at the end of each page
+    explicit SqliteWriter(const std::filesystem::path& file, int reserved = 0);
 
     void execute(const std::string& sql);
 

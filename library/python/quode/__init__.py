@@ -96,6 +96,13 @@ def _text(value: bytes) -> str:
     return value.decode()
 
 
+def _bytes(text: str) -> bytes:
+    """For the library, whose texts end at a NUL."""
+    if "\0" in text:
+        raise ValueError("a text must not contain a NUL character")
+    return text.encode()
+
+
 def _clock(minute: int) -> str:
     return f"{minute // 60 % 24:02d}:{minute % 60:02d}"
 
@@ -231,7 +238,7 @@ class Place:
     def with_method(self, method: str) -> Place:
         """The same place with another method, such as "diyanet" or "mwl asr=2"."""
         error = _native.ErrorRecord()
-        return Place(_library.quode_place_with_method(self._handle, method.encode(), byref(error)), error)
+        return Place(_library.quode_place_with_method(self._handle, _bytes(method), byref(error)), error)
 
     def __repr__(self) -> str:
         return f"<quode.Place {self.name!r} {self.latitude:.4f} {self.longitude:.4f} {self.zone} {self.method!r}>"
@@ -242,7 +249,7 @@ class Database:
 
     def __init__(self, bundle: str | None = None) -> None:
         error = _native.ErrorRecord()
-        self._handle = _library.quode_data_open(None if bundle is None else bundle.encode(), byref(error))
+        self._handle = _library.quode_data_open(None if bundle is None else _bytes(bundle), byref(error))
         if not self._handle:
             _fail(error)
 
@@ -258,13 +265,13 @@ class Database:
     def find(self, name: str) -> Place:
         """The most populous place with a name; "London, CA" chooses country or region."""
         error = _native.ErrorRecord()
-        return Place(_library.quode_place_find(self._handle, name.encode(), byref(error)), error)
+        return Place(_library.quode_place_find(self._handle, _bytes(name), byref(error)), error)
 
     def search(self, text: str, limit: int = 10) -> list[Place]:
         """Places by the beginning of a name, the best first; forgives a typing mistake."""
         error = _native.ErrorRecord()
         handles = (c_void_p * limit)()
-        count = _library.quode_place_search(self._handle, text.encode(), handles, limit, byref(error))
+        count = _library.quode_place_search(self._handle, _bytes(text), handles, limit, byref(error))
         if error.status != _native.OK:
             _fail(error)
         return [Place(handle, error) for handle in handles[:count]]
@@ -281,7 +288,7 @@ class Database:
     def at(self, latitude: float, longitude: float, zone: str | None = None) -> Place:
         """A point, with the clock of an IANA zone; without one, with that of the nearest place."""
         error = _native.ErrorRecord()
-        given = None if zone is None else zone.encode()
+        given = None if zone is None else _bytes(zone)
         return Place(_library.quode_place_at(self._handle, latitude, longitude, given, byref(error)), error)
 
 
