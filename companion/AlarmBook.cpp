@@ -238,10 +238,13 @@ std::vector<CalendarEvent> AlarmBook::eventsWithoutAlarm() {
 }
 
 AlarmChange AlarmBook::removeEventsWithoutAlarm() {
-    return withJournal([this](AlarmJournal&) {
+    return withJournal([this](AlarmJournal& journal) {
+        const AlarmIntent renewal{};  // if this program is cut off, the next one finishes it and removes its temporary file
+        journal.begin(renewal);
         AlarmChange result = removeWithoutAlarm(*calendar_);
         UserEventStore other = otherLayout();
         join(result, removeWithoutAlarm(other));
+        journal.end(renewal);
         return result;
     });
 }
