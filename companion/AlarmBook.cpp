@@ -241,7 +241,13 @@ std::vector<CalendarEvent> AlarmBook::eventsWithoutAlarm() {
 }
 
 AlarmChange AlarmBook::removeEventsWithoutAlarm() {
-    return withJournal([this](AlarmJournal&) { return removeWithoutAlarm(); });
+    return withJournal([this](AlarmJournal& journal) {
+        const AlarmIntent renewal{};  // a program that is cut off leaves a temporary file, which the next one removes
+        journal.begin(renewal);
+        const AlarmChange result = removeWithoutAlarm();
+        journal.end(renewal);
+        return result;
+    });
 }
 
 }  // namespace quode
