@@ -273,9 +273,9 @@ Finding checkAlarmService(Session& session, const Known& known) {
             found.state = State::problem;
             found.text = state.problem;
             if (!startsAtLogin) {
-                found.text = std::string(_("It does not start with the next login. Switching an alarm on sees to "
-                                           "that.")) +
-                             " " + state.problem;
+                found.text =
+                    std::string(_("It does not start with the next login. Switch an alarm on to start it at login.")) +
+                    " " + state.problem;
             }
             found.command = state.remedy;
         } else if (!startsAtLogin) {
