@@ -149,7 +149,12 @@ std::optional<Finding> findingOf(Session& session, const std::string& id) {
         kind == dayKind || kind == qiblaKind || (code && *code >= firstPrayer && *code <= lastMainPrayer);
     if (!city || !isKind) return std::nullopt;
     if (*city == 0) return describe(session, kind, readableHomePlace(session), true);
-    return describe(session, kind, choosePlace(session, std::to_string(*city)), false);
+    try {
+        return describe(session, kind, choosePlace(session, std::to_string(*city)), false);
+    } catch (const Failure& failure) {  // a result of an earlier search, whose place is gone
+        if (failure.code() == ExitCode::notFound) return std::nullopt;
+        throw;
+    }
 }
 
 }  // namespace quode::service

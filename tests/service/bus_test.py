@@ -400,8 +400,9 @@ class Searches(ServiceTest):
         self.assertRegex(qibla["name"], r"^Qibla 11[89]\.\d°$")
         for words in (["firefox"], ["cairo"], ["asr", "xqzzt"], [""]):
             self.assertEqual(self.gnome(*words), [], words)
-        self.assertEqual(self.bus.call("org.gnome.Shell.SearchProvider2.GetResultMetas", "(as)", (["nonsense", "9:9"],)),
-                         ([],))
+        metas = self.bus.call("org.gnome.Shell.SearchProvider2.GetResultMetas", "(as)",
+                              (["nonsense", "9:9", "203:999999999", "day:0"],))[0]
+        self.assertEqual([each["id"] for each in metas], ["day:0"])
 
     def test_plasma_finds_the_same(self):
         self.start()
