@@ -115,7 +115,7 @@ int setAlarm(sd_bus_message* call, void* context, sd_bus_error* error) {
         std::optional<std::string> chosen;
         if (*sound != '\0') chosen = soundNamedByUser(session, sound);
         setUpAlarms(session, {code}, offset, chosen);
-        contextOf(context).home->refuseTrouble();
+        contextOf(context).home->finishChange();
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -127,7 +127,7 @@ int enable(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "sb", &prayer, &isOn));
         const int code = alarmOfKey(prayer);
         switchAlarms(contextOf(context).home->freshSession(), {code}, isOn != 0);
-        contextOf(context).home->refuseTrouble();
+        contextOf(context).home->finishChange();
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -138,7 +138,7 @@ int skip(sd_bus_message* call, void* context, sd_bus_error* error) {
         check(sd_bus_message_read(call, "s", &prayer));
         const int code = alarmOfKey(prayer);
         const auto next = skipNext(contextOf(context).home->freshSession(), code);
-        contextOf(context).home->refuseTrouble();
+        contextOf(context).home->finishChange();
         check(sd_bus_reply_method_return(call, "x", next ? secondsOf(next->due) : std::int64_t(0)));
     });
 }
@@ -154,7 +154,7 @@ int muteUntil(sd_bus_message* call, void* context, sd_bus_error* error) {
         }
         mute(session,
              instant == 0 ? std::nullopt : std::optional(std::chrono::sys_seconds(std::chrono::seconds(instant))));
-        contextOf(context).home->refuseTrouble();
+        contextOf(context).home->finishChange();
         check(sd_bus_reply_method_return(call, ""));
     });
 }

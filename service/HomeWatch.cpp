@@ -112,6 +112,11 @@ void HomeWatch::refuseTrouble() const {
     if (trouble_.code != ExitCode::ok) throw Failure(trouble_.code, trouble_.message);
 }
 
+void HomeWatch::finishChange() {
+    refuseTrouble();
+    choicesChanged();
+}
+
 void HomeWatch::requireHome() const {
     if (!isKnown_) throw Failure(unknown_.code, unknown_.message);
 }

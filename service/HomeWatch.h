@@ -78,8 +78,9 @@ class HomeWatch {
         std::string message;
     };
 
-    /// Throws `Failure` for what the session reported since it was made: a change whose event could not be written.
-    void refuseTrouble() const;
+    /// To be called after a change with a fresh session, which ends then: what is shown next has the change. Throws `Failure`
+    /// for what the session reported, such as an event that could not be written.
+    void finishChange();
 
     /// Throws `Failure` when the home could not be computed so far.
     void requireHome() const;
@@ -98,6 +99,7 @@ class HomeWatch {
     using Source = std::unique_ptr<sd_event_source, Unref>;
 
     void compute();
+    void refuseTrouble() const;
     void tryAgain(const Trouble& trouble);
     void publish();
     void arm(std::int64_t instant);

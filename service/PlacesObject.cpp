@@ -71,7 +71,7 @@ int add(sd_bus_message* call, void* context, sd_bus_error* error) {
         Session& session = contextOf(context).session();
         const int id = cityToAdd(session, text);
         changeCities(contextOf(context).home->freshSession(), [&](UserDatabase& database) { database.addCity(id); });
-        contextOf(context).home->refuseTrouble();
+        contextOf(context).home->finishChange();
         check(sd_bus_reply_method_return(call, "i", id));
     });
 }
@@ -87,7 +87,7 @@ int setHome(sd_bus_message* call, void* context, sd_bus_error* error) {
             if (std::ranges::find(cities, id, &UserCity::id) == cities.end()) database.addCity(id);
             database.chooseHome(id);
         });
-        contextOf(context).home->refuseTrouble();
+        contextOf(context).home->finishChange();
         check(sd_bus_reply_method_return(call, ""));
     });
 }
@@ -102,7 +102,7 @@ int removeCity(sd_bus_message* call, void* context, sd_bus_error* error) {
             if (!isThere) throw BusError(notFoundError, _("No city of yours has the id {}.", id));
             database.removeCity(id);
         });
-        contextOf(context).home->refuseTrouble();
+        contextOf(context).home->finishChange();
         check(sd_bus_reply_method_return(call, ""));
     });
 }

@@ -157,6 +157,19 @@ std::vector<Part> partsOf(std::string_view line) {
     return parts;
 }
 
+std::size_t countOf(std::string_view text, std::string_view mark) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(mark); at != std::string_view::npos; at = text.find(mark, at + mark.size()))
+        ++count;
+    return count;
+}
+
+std::string repeated(std::string_view mark, std::size_t times) {
+    std::string text;
+    for (std::size_t i = 0; i < times; ++i) text += mark;
+    return text;
+}
+
 std::string lineInOrder(std::string_view line) {
     if (!hasAny(line, isRightLetter)) return std::string(line);
     std::string ordered;
@@ -172,12 +185,21 @@ std::string lineInOrder(std::string_view line) {
 
 }  // namespace
 
+// A part that was wrapped is kept together on each of its lines.
 std::string inReadingOrder(std::string_view text) {
     if (!isRightToLeft(languageInUse())) return std::string(text);
-    const std::size_t end = text.find('\n');
-    std::string ordered = lineInOrder(text.substr(0, end));
-    if (end == std::string_view::npos) return ordered;
-    return ordered + '\n' + inReadingOrder(text.substr(end + 1));
+    std::string ordered;
+    std::size_t open = 0;
+    for (;;) {
+        const std::size_t end = text.find('\n');
+        std::string line = repeated(openingMark, open).append(text.substr(0, end));
+        const std::size_t begun = countOf(line, openingMark), ended = countOf(line, closingMark);
+        open = begun > ended ? begun - ended : 0;
+        ordered += lineInOrder(line += repeated(closingMark, open));
+        if (end == std::string_view::npos) return ordered;
+        ordered += '\n';
+        text.remove_prefix(end + 1);
+    }
 }
 
 std::string withPartsTogether(std::string_view text) {

@@ -66,6 +66,10 @@ TEST_F(ReadingOrder, WorksLineByLineAndLeavesEmphasisAlone) {
     EXPECT_EQ(ordered("\x1b[33m! شغّل quode-alarmd\x1b[0m"), "\x1b[33m! شغّل <quode-alarmd>\x1b[0m");
 }
 
+TEST_F(ReadingOrder, KeepsAWrappedPartTogetherOnEachLine) {
+    EXPECT_EQ(ordered("هي: <University\nof Sciences>. لاختيارها"), "هي: <University>\n<of Sciences>. لاختيارها");
+}
+
 TEST_F(ReadingOrder, ChangesNothingInOtherLanguages) {
     useLanguage("en", folder.path());
     EXPECT_EQ(inReadingOrder("مكة: quode city home NAME"), "مكة: quode city home NAME");

@@ -91,8 +91,8 @@ TEST(ImportOfJson, namesEveryEntryThatIsNotImported) {
 }
 
 TEST(ImportOfJson, refusesWhatIsNoTime) {
-    EXPECT_NE(problemOf(importedDay(R"("fajr": ["06:07", "06:10"])")).find("no time"), std::string::npos);
-    EXPECT_NE(problemOf(importedDay(R"("fajr": 6.1)")).find("no time"), std::string::npos);
+    EXPECT_NE(problemOf(importedDay(R"("fajr": ["06:07", "06:10"])")).find("not a time"), std::string::npos);
+    EXPECT_NE(problemOf(importedDay(R"("fajr": 6.1)")).find("not a time"), std::string::npos);
     EXPECT_NE(problemOf(importedDay(R"("fajr": null)")).find("empty"), std::string::npos);
 }
 
