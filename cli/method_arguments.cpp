@@ -42,10 +42,10 @@ void readAdjustments(std::string_view text, Method& method) {
         const auto prayer = conventions::prayerNamed(part.substr(0, equals));
         const auto minutes = equals == std::string_view::npos ? std::nullopt : numberOf<int>(part.substr(equals + 1));
         if (!prayer || !minutes) {
-            refuse(
-                _("\"{}\" is not an adjustment. Write prayers and minutes, such as --adjust fajr=+2,isha=-1; the prayers "
-                  "are fajr, sunrise, dhuhr, asr, maghrib and isha.",
-                  std::string(part)));
+            refuse(_(
+                "\"{}\" is not an adjustment. Write prayers and minutes, such as --adjust fajr=+2,isha=-1; the prayers "
+                "are fajr, sunrise, dhuhr, asr, maghrib and isha.",
+                std::string(part)));
         }
         method.adjust[indexOf(*prayer)] = *minutes;
     }
