@@ -193,8 +193,8 @@ std::string inReadingOrder(std::string_view text) {
     for (;;) {
         const std::size_t end = text.find('\n');
         std::string line = repeated(openingMark, open).append(text.substr(0, end));
-        const std::size_t begun = countOf(line, openingMark), ended = countOf(line, closingMark);
-        open = begun > ended ? begun - ended : 0;
+        const std::size_t opened = countOf(line, openingMark), closed = countOf(line, closingMark);
+        open = opened > closed ? opened - closed : 0;
         ordered += lineInOrder(line += repeated(closingMark, open));
         if (end == std::string_view::npos) return ordered;
         ordered += '\n';
