@@ -25,7 +25,8 @@ class Header {
   public:
     explicit Header(const std::filesystem::path& file) {
         std::ifstream stream(file, std::ios::binary);
-        isThere_ = bool(stream.read(reinterpret_cast<char*>(bytes_.data()), bytes_.size()));
+        isThere_ =
+            bool(stream.read(reinterpret_cast<char*>(bytes_.data()), static_cast<std::streamsize>(bytes_.size())));
     }
 
     // True when the file has the length that it says; otherwise a truncated file would be noticed only much later.
