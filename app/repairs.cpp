@@ -40,12 +40,12 @@ void letServiceStart(Session& session) {
     if (!start.message.empty()) session.report(start.message);
 }
 
-struct Remedy {
+struct Repair {
     std::string_view key;
     void (*apply)(Session&);
 };
 
-constexpr Remedy remedies[] = {
+constexpr Repair repairs[] = {
     {"calendar",
      [](Session& session) {
          removeStrayEvents(session);
@@ -55,8 +55,8 @@ constexpr Remedy remedies[] = {
     {"alarm_service", letServiceStart},
 };
 
-const Remedy* remedyOf(const Finding& finding) {
-    for (const Remedy& each : remedies) {
+const Repair* repairOf(const Finding& finding) {
+    for (const Repair& each : repairs) {
         if (each.key == finding.key && finding.state == State::problem) return &each;
     }
     return nullptr;
@@ -72,11 +72,11 @@ void removeStrayEvents(Session& session) {
 }
 
 bool canRepair(const Finding& finding) {
-    return remedyOf(finding) != nullptr;
+    return repairOf(finding) != nullptr;
 }
 
 void repair(Session& session, const Finding& finding) {
-    if (const Remedy* const remedy = remedyOf(finding)) remedy->apply(session);
+    if (const Repair* const found = repairOf(finding)) found->apply(session);
 }
 
 }  // namespace quode::app

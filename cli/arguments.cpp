@@ -4,6 +4,7 @@
 
 #include "app/dates.h"
 #include "app/failure.h"
+#include "app/prayer_names.h"
 #include "common/numbers.h"
 #include "companion/UserDatabase.h"
 #include "texts/translation.h"
@@ -25,6 +26,14 @@ std::optional<std::chrono::minutes> alarmMinutes(const terminal::Arguments& argu
                            _("--alarm is a number of minutes from 0 to {}, not \"{}\".", largestAlarmOffset, *text));
     }
     return std::chrono::minutes(*minutes);
+}
+
+terminal::Parameter prayerParameter(terminal::Parameter::Kind kind) {
+    return {kind, "PRAYER", "", _("A name such as fajr or imsak, a number 1 to 6, or all"), true};
+}
+
+std::vector<int> prayersOf(app::Session& session, const terminal::Arguments& arguments) {
+    return app::prayersNamed(session, arguments.text("PRAYER").value_or(""));
 }
 
 }  // namespace quode::cli

@@ -5,7 +5,9 @@
 
 #include <chrono>
 #include <optional>
+#include <vector>
 
+#include "app/session.h"
 #include "astro/VAKDate.h"
 #include "terminal/command.h"
 
@@ -16,5 +18,9 @@ std::optional<VAKDate> requestedDate(const terminal::Arguments& arguments);
 
 /// The minutes of --alarm, 0 to 720; nothing when it was not given. Throws `Failure` (usage).
 std::optional<std::chrono::minutes> alarmMinutes(const terminal::Arguments& arguments);
+
+/// PRAYER, one word or several, and the codes of the prayers that it names. Throws `Failure` (usage).
+terminal::Parameter prayerParameter(terminal::Parameter::Kind kind);
+std::vector<int> prayersOf(app::Session& session, const terminal::Arguments& arguments);
 
 }  // namespace quode::cli

@@ -8,7 +8,7 @@
 namespace quode {
 namespace {
 
-constexpr int patience = 5000;  // ms
+constexpr int answerPatience = 5000;  // ms
 
 }  // namespace
 
@@ -30,7 +30,7 @@ Instance::~Instance() {
 bool Instance::presentOther(const QString& page) const {
     QDBusMessage call = QDBusMessage::createMethodCall(name_, path_, name_, page.isEmpty() ? "Present" : "PresentPage");
     if (!page.isEmpty()) call.setArguments({page});
-    return QDBusConnection::sessionBus().call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, answerPatience).type() == QDBusMessage::ReplyMessage;
 }
 
 }  // namespace quode

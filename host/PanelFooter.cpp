@@ -15,7 +15,7 @@
 namespace quode::host {
 namespace {
 
-constexpr int sideMargin = 16, buttonMargin = 8, topMargin = 8, bottomMargin = 8;
+constexpr int footerSideMargin = 16, buttonMargin = 8, footerTopMargin = 8, footerBottomMargin = 8;
 constexpr int notesSize = 12;  // pixels of the font
 constexpr int buttonSide = 32;
 
@@ -66,7 +66,7 @@ PanelFooter::PanelFooter(QWidget* parent)
     button_->setObjectName("menuButton");
     button_->hide();
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(sideMargin, topMargin, buttonMargin, bottomMargin);
+    row->setContentsMargins(footerSideMargin, footerTopMargin, buttonMargin, footerBottomMargin);
     row->addWidget(notes_, 1);
     row->addWidget(button_, 0, Qt::AlignBottom);
     hide();

@@ -12,7 +12,7 @@
 namespace quode::host {
 namespace {
 
-constexpr int sideMargin = 16, topMargin = 12, bottomMargin = 10, lineGap = 2;
+constexpr int headerSideMargin = 16, headerTopMargin = 12, headerBottomMargin = 10, lineGap = 2;
 constexpr int nextSize = 17, datesSize = 13;  // pixels of the font
 
 }  // namespace
@@ -22,7 +22,7 @@ PanelHeader::PanelHeader(QWidget* parent)
     next_->setObjectName("nextPrayer");
     dates_->setObjectName("dates");
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(sideMargin, topMargin, sideMargin, bottomMargin);
+    column->setContentsMargins(headerSideMargin, headerTopMargin, headerSideMargin, headerBottomMargin);
     column->setSpacing(lineGap);
     column->addWidget(next_);
     column->addWidget(dates_);

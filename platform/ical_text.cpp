@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "common/numbers.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -21,12 +22,6 @@ std::string inCapitals(std::string_view text) {
     std::transform(result.begin(), result.end(), result.begin(),
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
     return result;
-}
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 /// The colon that ends name and parameters: the first one outside quotes.

@@ -4,16 +4,9 @@
 
 #include <algorithm>
 
+#include "common/numbers.h"
+
 namespace quode {
-namespace {
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
-}  // namespace
 
 std::optional<std::string> valueInKeyFile(std::string_view text, std::string_view group, std::string_view key) {
     bool isInGroup = false;

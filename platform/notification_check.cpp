@@ -2,28 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "platform/notification_check.h"
 
-#include <systemd/sd-bus.h>
-
 #include <cstdint>
 #include <memory>
 #include <string_view>
 #include <utility>
 
+#include "platform/sd_bus.h"
+
 namespace quode {
 namespace {
 
-constexpr const char* service = "org.freedesktop.Notifications";
-constexpr const char* object = "/org/freedesktop/Notifications";
 constexpr std::uint64_t patienceUs = 2'000'000;
-
-struct CloseBus {
-    void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-};
-struct UnrefMessage {
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-using Bus = std::unique_ptr<sd_bus, CloseBus>;
-using Message = std::unique_ptr<sd_bus_message, UnrefMessage>;
 
 Bus openBus() {
     sd_bus* opened = nullptr;
@@ -56,7 +45,9 @@ Message askBus(sd_bus* bus, const char* method, const char* name) {
 // The answer to a call of the service, without starting it; null after an error.
 Message askService(sd_bus* bus, const char* method) {
     sd_bus_message* made = nullptr;
-    if (sd_bus_message_new_method_call(bus, &made, service, object, service, method) < 0) return nullptr;
+    if (sd_bus_message_new_method_call(bus, &made, notificationService, notificationObject, notificationService,
+                                       method) < 0)
+        return nullptr;
     const Message call(made);
     sd_bus_message_set_auto_start(call.get(), 0);
     sd_bus_message* reply = nullptr;
@@ -84,9 +75,9 @@ NotificationCheck checkNotifications() {
     using State = NotificationCheck::State;
     const Bus bus = openBus();
     if (!bus) return {State::noBus, {}, false};
-    if (askBus(bus.get(), "GetNameOwner", service)) return describeRunning(bus.get());
+    if (askBus(bus.get(), "GetNameOwner", notificationService)) return describeRunning(bus.get());
     const Message startable = askBus(bus.get(), "ListActivatableNames", nullptr);
-    const bool isStartable = startable && holdsText(startable.get(), service);
+    const bool isStartable = startable && holdsText(startable.get(), notificationService);
     return {isStartable ? State::startable : State::none, {}, false};
 }
 

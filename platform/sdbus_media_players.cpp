@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sdbus_media_players.h"
 
-#include <systemd/sd-bus.h>
-
 #include <cstdint>
 #include <cstdlib>
 #include <set>
@@ -11,20 +9,17 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/sd_bus.h"
+
 namespace quode {
 namespace {
 
 constexpr std::string_view prefix = "org.mpris.MediaPlayer2.";
-constexpr const char* object = "/org/mpris/MediaPlayer2";
-constexpr const char* interface = "org.mpris.MediaPlayer2.Player";
-constexpr const char* properties = "org.freedesktop.DBus.Properties";
+constexpr const char* playerObject = "/org/mpris/MediaPlayer2";
+constexpr const char* playerInterface = "org.mpris.MediaPlayer2.Player";
+constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
 
-constexpr std::uint64_t patienceUs = 1'000'000;  // with a player
-
-struct CloseBus {
-    void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-};
-using Bus = std::unique_ptr<sd_bus, CloseBus>;
+constexpr std::uint64_t playerPatienceUs = 1'000'000;  // with a player
 
 struct FreeNames {
     void operator()(char** names) const {
@@ -77,31 +72,32 @@ class SdBusMediaPlayers : public MediaPlayers {
         bus_.reset(opened);
         sd_bus_set_exit_on_disconnect(opened, 0);
         sd_bus_set_close_on_exit(opened, 0);  // players go on when the loop has ended
-        sd_bus_set_method_call_timeout(opened, patienceUs);
+        sd_bus_set_method_call_timeout(opened, playerPatienceUs);
         sd_bus_attach_event(opened, loop_, SD_EVENT_PRIORITY_NORMAL);
         return true;
     }
 
     void askForState(const char* player, sd_bus_message_handler_t answered) {
-        sd_bus_call_method_async(bus_.get(), nullptr, player, object, properties, "Get", answered, this, "ss",
-                                 interface, "PlaybackStatus");
+        sd_bus_call_method_async(bus_.get(), nullptr, player, playerObject, propertiesInterface, "Get", answered, this,
+                                 "ss", playerInterface, "PlaybackStatus");
     }
 
     void tell(const std::string& player, const char* method) {
-        sd_bus_call_method_async(bus_.get(), nullptr, player.c_str(), object, interface, method, &ignore, nullptr, "");
+        sd_bus_call_method_async(bus_.get(), nullptr, player.c_str(), playerObject, playerInterface, method, &ignore,
+                                 nullptr, "");
     }
 
     // For the end of the process, when no loop takes answers any more.
     void resumeNow(const std::string& player) {
         char* state = nullptr;
-        if (sd_bus_get_property_string(bus_.get(), player.c_str(), object, interface, "PlaybackStatus", nullptr,
-                                       &state) < 0) {
+        if (sd_bus_get_property_string(bus_.get(), player.c_str(), playerObject, playerInterface, "PlaybackStatus",
+                                       nullptr, &state) < 0) {
             return;
         }
         const std::string present(state);
         std::free(state);
         if (present != "Paused") return;
-        sd_bus_call_method(bus_.get(), player.c_str(), object, interface, "Play", nullptr, nullptr, "");
+        sd_bus_call_method(bus_.get(), player.c_str(), playerObject, playerInterface, "Play", nullptr, nullptr, "");
     }
 
     static std::string stateIn(sd_bus_message* reply) {

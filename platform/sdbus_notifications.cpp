@@ -2,41 +2,25 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sdbus_notifications.h"
 
-#include <systemd/sd-bus.h>
-
 #include <algorithm>
 #include <array>
 #include <utility>
 
+#include "platform/sd_bus.h"
 #include "texts/markup.h"
 
 namespace quode {
 namespace {
 
-constexpr const char* service = "org.freedesktop.Notifications";
-constexpr const char* object = "/org/freedesktop/Notifications";
 constexpr const char* busName = "org.freedesktop.DBus";
 constexpr const char* busObject = "/org/freedesktop/DBus";
 constexpr const char* ownerMatch =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
     "member='NameOwnerChanged',arg0='org.freedesktop.Notifications'";
-constexpr std::uint64_t patienceUs = 2'000'000;          // for the bus itself
+constexpr std::uint64_t busPatienceUs = 2'000'000;       // for the bus itself
 constexpr std::uint64_t answerPatienceUs = 900'000'000;  // for a notification; the program does not wait for it
 constexpr unsigned char normal = 1, critical = 2;        // urgencies, which have to be bytes
 constexpr int untilClosed = 0;
-
-struct CloseBus {
-    void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-};
-struct UnrefMessage {
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-struct UnrefSlot {
-    void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
-};
-using Bus = std::unique_ptr<sd_bus, CloseBus>;
-using Message = std::unique_ptr<sd_bus_message, UnrefMessage>;
-using Slot = std::unique_ptr<sd_bus_slot, UnrefSlot>;
 
 int appendActions(sd_bus_message* call, const std::vector<NotificationAction>& actions) {
     int result = sd_bus_message_open_container(call, 'a', "s");
@@ -99,10 +83,10 @@ class SdBusNotifications : public NotificationService {
         if (sd_bus_open_user(&opened) < 0) return false;
         bus_.reset(opened);
         sd_bus_set_exit_on_disconnect(opened, 0);
-        sd_bus_match_signal(opened, nullptr, service, object, service, "ActionInvoked",
-                            &SdBusNotifications::actionInvoked, this);
-        sd_bus_match_signal(opened, nullptr, service, object, service, "NotificationClosed",
-                            &SdBusNotifications::notificationClosed, this);
+        sd_bus_match_signal(opened, nullptr, notificationService, notificationObject, notificationService,
+                            "ActionInvoked", &SdBusNotifications::actionInvoked, this);
+        sd_bus_match_signal(opened, nullptr, notificationService, notificationObject, notificationService,
+                            "NotificationClosed", &SdBusNotifications::notificationClosed, this);
         sd_bus_add_match(opened, nullptr, ownerMatch, &SdBusNotifications::ownerChanged, this);
         askForOwner();
         sd_bus_attach_event(opened, loop_, SD_EVENT_PRIORITY_NORMAL);
@@ -120,8 +104,8 @@ class SdBusNotifications : public NotificationService {
         if (sd_bus_message_new_method_call(bus_.get(), &made, busName, busObject, busName, "GetNameOwner") < 0) return;
         const Message call(made);
         sd_bus_message* reply = nullptr;
-        const bool succeeded = sd_bus_message_append(made, "s", service) >= 0 &&
-                               sd_bus_call(bus_.get(), made, patienceUs, nullptr, &reply) >= 0;
+        const bool succeeded = sd_bus_message_append(made, "s", notificationService) >= 0 &&
+                               sd_bus_call(bus_.get(), made, busPatienceUs, nullptr, &reply) >= 0;
         const Message answer(reply);
         const char* owner = nullptr;
         if (succeeded && sd_bus_message_read(reply, "s", &owner) >= 0) owner_ = owner;
@@ -137,7 +121,9 @@ class SdBusNotifications : public NotificationService {
 
     Message newCall(const char* method) {
         sd_bus_message* call = nullptr;
-        if (sd_bus_message_new_method_call(bus_.get(), &call, service, object, service, method) < 0) return nullptr;
+        if (sd_bus_message_new_method_call(bus_.get(), &call, notificationService, notificationObject,
+                                           notificationService, method) < 0)
+            return nullptr;
         return Message(call);
     }
 

@@ -28,19 +28,11 @@ using namespace app;
 constexpr const char* interfaceName = "org.quode.Quode1.Alarms";
 constexpr std::chrono::seconds longestMute = std::chrono::days(366);
 
-Context& contextOf(void* context) {
-    return *static_cast<Context*>(context);
-}
-
 int alarmOfKey(const std::string& key) {
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
         if (prayerKey(code) == key) return code;
     }
     throw BusError(invalidError, _("No alarm has the key \"{}\".", key));
-}
-
-std::int64_t secondsOf(std::chrono::sys_seconds instant) {
-    return instant.time_since_epoch().count();
 }
 
 // --- what is

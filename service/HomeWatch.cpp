@@ -33,10 +33,6 @@ constexpr const char* ringsName = "alarmd.rings";
 constexpr const char* zoneName = "localtime";
 constexpr std::uint32_t written = IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
 
-std::int64_t secondsOf(std::chrono::sys_seconds instant) {
-    return instant.time_since_epoch().count();
-}
-
 std::uint32_t flagsOf(const CityDay& day, int code) {
     const TimeMark& mark = day.method.mark(code);
     const Fallbacks fallbacks = fallbacksOf(day.times, code);

@@ -18,6 +18,11 @@
 
 namespace quode::service {
 
+/// An instant as the bus carries it: seconds since 1970, UTC.
+inline std::int64_t secondsOf(std::chrono::sys_seconds instant) {
+    return instant.time_since_epoch().count();
+}
+
 /// How a time came about, as bits.
 enum TimeFlag : std::uint32_t {
     fallbackTime = 1,  ///< by a rule for where the Sun does not reach the altitude

@@ -16,10 +16,6 @@ using namespace app;
 constexpr const char* interfaceName = "org.quode.Quode1.Places";
 constexpr std::uint32_t mostHits = 100;
 
-Context& contextOf(void* context) {
-    return *static_cast<Context*>(context);
-}
-
 int search(sd_bus_message* call, void* context, sd_bus_error* error) {
     return answering(error, [&] {
         const char* text = nullptr;

@@ -16,10 +16,6 @@ namespace {
 constexpr int exactMatch = 100, possibleMatch = 30;  // as KRunner counts
 constexpr double bestRelevance = 0.9, relevanceStep = 0.1;
 
-Context& contextOf(void* context) {
-    return *static_cast<Context*>(context);
-}
-
 /// The panel shows what was chosen; where it is not installed nothing happens.
 void showPanel() {
     std::string program = executablePath().parent_path() / "quode-panel";

@@ -20,10 +20,6 @@ using namespace app;
 
 constexpr std::uint32_t mostDays = 400;
 
-Context& contextOf(void* context) {
-    return *static_cast<Context*>(context);
-}
-
 /// The place that a text names; the home city for an empty one.
 ChosenPlace placeOf(HomeWatch& home, const char* text) {
     if (*text == '\0') return home.homePlace();

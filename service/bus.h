@@ -4,12 +4,12 @@
 #pragma once
 
 #include <sys/types.h>
-#include <systemd/sd-bus.h>
 
 #include <functional>
 #include <memory>
 #include <string>
 
+#include "platform/sd_bus.h"
 #include "service/HomeWatch.h"
 
 namespace quode::service {
@@ -25,11 +25,6 @@ inline constexpr const char* userDataError = "org.quode.Error.UserData";
 inline constexpr const char* notRingingError = "org.quode.Error.NotRinging";
 inline constexpr const char* busyError = "org.quode.Error.Busy";
 inline constexpr const char* internalError = "org.quode.Error.Internal";
-
-struct UnrefMessage {
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-using Message = std::unique_ptr<sd_bus_message, UnrefMessage>;
 
 /// An error with one of these names.
 class BusError : public std::runtime_error {
@@ -67,6 +62,11 @@ struct Context {
 
     app::Session& session() const { return home->session(); }
 };
+
+/// The context, from the pointer that sd-bus hands to each answer.
+inline Context& contextOf(void* pointer) {
+    return *static_cast<Context*>(pointer);
+}
 
 // Each adds its interface to the object, for the life of the bus. The context must outlive it.
 void addHome(Context& context);

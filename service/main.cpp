@@ -18,10 +18,10 @@
 namespace quode::service {
 namespace {
 
-struct CloseBus {
+struct FlushBus {
     void operator()(sd_bus* bus) const { sd_bus_flush_close_unref(bus); }
 };
-using Bus = std::unique_ptr<sd_bus, CloseBus>;
+using ServedBus = std::unique_ptr<sd_bus, FlushBus>;
 
 constexpr const char* ringerOption = "--ringer=";
 
@@ -47,7 +47,7 @@ app::ExitCode serve(std::optional<int> ringer) {
     if (sd_bus_open_user(&opened) < 0) {
         throw app::Failure(app::ExitCode::notFound, _("There is no session bus. Run quode in your desktop session."));
     }
-    const Bus bus(opened);
+    const ServedBus bus(opened);
     // The alarm service has made the folder; a missing one was deleted by the user and is not recreated.
     HomeWatch home(loop.get(), ringer ? HomeWatch::Folder::isThere : HomeWatch::Folder::made);
     Context context{bus.get(), &home, {}, 0};

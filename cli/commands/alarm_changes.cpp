@@ -3,9 +3,9 @@
 // quode alarm set, on, off: sets alarms up and switches them. Each shows the alarms afterwards.
 #include "app/alarm_changes.h"
 #include "app/alarm_sounds.h"
-#include "app/prayer_names.h"
 #include "app/user_alarms.h"
 #include "cli/alarm_table.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
 #include "terminal/Console.h"
@@ -13,14 +13,6 @@
 
 namespace quode::cli {
 namespace {
-
-Parameter prayerWords() {
-    return {Parameter::Kind::words, "PRAYER", "", _("A name such as fajr or imsak, a number 1 to 6, or all"), true};
-}
-
-std::vector<int> codesOf(Session& session, const Arguments& arguments) {
-    return prayersNamed(session, arguments.text("PRAYER").value_or(""));
-}
 
 std::optional<int> offsetOf(const Arguments& arguments) {
     const std::optional<std::string> text = arguments.text("offset");
@@ -32,26 +24,26 @@ std::optional<int> offsetOf(const Arguments& arguments) {
                                      trimmed(*text)));
 }
 
-void runSet(Console& console, const Arguments& arguments) {
+void runAlarmSet(Console& console, const Arguments& arguments) {
     Session& session = console.session();
     const std::optional<int> offset = offsetOf(arguments);
     std::optional<std::string> sound = arguments.text("sound");
     if (!offset && !sound)
         throw Failure(ExitCode::usage, _("Say what to set: --offset MINUTES, --sound NAME, or both."));
     if (sound) sound = soundNamedByUser(session, *sound);
-    setUpAlarms(session, codesOf(session, arguments), offset, sound);
+    setUpAlarms(session, prayersOf(session, arguments), offset, sound);
     showAlarms(console, readAlarms(session));
 }
 
 void runOn(Console& console, const Arguments& arguments) {
     Session& session = console.session();
-    switchAlarms(session, codesOf(session, arguments), true);
+    switchAlarms(session, prayersOf(session, arguments), true);
     showAlarms(console, readAlarms(session));
 }
 
 void runOff(Console& console, const Arguments& arguments) {
     Session& session = console.session();
-    switchAlarms(session, codesOf(session, arguments), false);
+    switchAlarms(session, prayersOf(session, arguments), false);
     showAlarms(console, readAlarms(session));
 }
 
@@ -61,18 +53,18 @@ Command alarmSetCommand() {
     return {
         "set",
         _("Set when an alarm rings, and its sound"),
-        {prayerWords(),
+        {prayerParameter(Parameter::Kind::words),
          {Parameter::Kind::option, "offset", "MINUTES", _("-15: a quarter of an hour before the time; 0: at the time")},
          {Parameter::Kind::option, "sound", "NAME|FILE", _("The sound, see quode settings sound")}},
-        runSet};
+        runAlarmSet};
 }
 
 Command alarmOnCommand() {
-    return {"on", _("Switch alarms on"), {prayerWords()}, runOn};
+    return {"on", _("Switch alarms on"), {prayerParameter(Parameter::Kind::words)}, runOn};
 }
 
 Command alarmOffCommand() {
-    return {"off", _("Switch alarms off"), {prayerWords()}, runOff};
+    return {"off", _("Switch alarms off"), {prayerParameter(Parameter::Kind::words)}, runOff};
 }
 
 }  // namespace quode::cli

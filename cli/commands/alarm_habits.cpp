@@ -4,9 +4,9 @@
 #include "app/alarm_habits.h"
 
 #include "app/dates.h"
-#include "app/prayer_names.h"
 #include "app/user_alarms.h"
 #include "cli/alarm_table.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "common/numbers.h"
 #include "terminal/Console.h"
@@ -15,17 +15,10 @@
 namespace quode::cli {
 namespace {
 
-Parameter prayerWord() {
-    return {Parameter::Kind::word, "PRAYER", "", _("A name such as fajr or imsak, a number 1 to 6, or all"), true};
-}
-
-std::vector<int> codesOf(Session& session, const Arguments& arguments) {
-    return prayersNamed(session, arguments.text("PRAYER").value_or(""));
-}
-
 void runDays(Console& console, const Arguments& arguments) {
     Session& session = console.session();
-    app::chooseDays(session, codesOf(session, arguments), app::daysNamed(session, arguments.text("DAYS").value_or("")));
+    app::chooseDays(session, prayersOf(session, arguments),
+                    app::daysNamed(session, arguments.text("DAYS").value_or("")));
     showAlarms(console, readAlarms(session));
 }
 
@@ -38,13 +31,13 @@ void runRemind(Console& console, const Arguments& arguments) {
             ExitCode::usage,
             _("The second ring is given in minutes, such as -20 for before the time, or off; not \"{}\".", text));
     }
-    app::chooseReminder(session, codesOf(session, arguments), minutes);
+    app::chooseReminder(session, prayersOf(session, arguments), minutes);
     showAlarms(console, readAlarms(session));
 }
 
 void runSkip(Console& console, const Arguments& arguments) {
     Session& session = console.session();
-    for (const int code : codesOf(session, arguments)) {
+    for (const int code : prayersOf(session, arguments)) {
         if (arguments.has("undo")) {
             app::unskip(session, code);
         } else {
@@ -71,22 +64,23 @@ void runMute(Console& console, const Arguments& arguments) {
 Command alarmDaysCommand() {
     return {"days",
             _("Let an alarm ring on some days of the week"),
-            {prayerWord(), {Parameter::Kind::words, "DAYS", "", _("Such as mon,wed,fri, or all"), true}},
+            {prayerParameter(Parameter::Kind::word),
+             {Parameter::Kind::words, "DAYS", "", _("Such as mon,wed,fri, or all"), true}},
             runDays};
 }
 
 Command alarmRemindCommand() {
-    return {
-        "remind",
-        _("Let an alarm ring a second time, before or after"),
-        {prayerWord(), {Parameter::Kind::word, "MINUTES", "", _("After the time, negative for before; or off"), true}},
-        runRemind};
+    return {"remind",
+            _("Let an alarm ring a second time, before or after"),
+            {prayerParameter(Parameter::Kind::word),
+             {Parameter::Kind::word, "MINUTES", "", _("After the time, negative for before; or off"), true}},
+            runRemind};
 }
 
 Command alarmSkipCommand() {
     return {"skip",
             _("Leave out the next ring of an alarm"),
-            {prayerWord(), {Parameter::Kind::toggle, "undo", "", _("Cancel the skip")}},
+            {prayerParameter(Parameter::Kind::word), {Parameter::Kind::toggle, "undo", "", _("Cancel the skip")}},
             runSkip};
 }
 

@@ -15,7 +15,7 @@
 namespace quode::cli {
 namespace {
 
-Json ruleJson(const ZoneRule& rule, std::optional<ClockChange> change) {
+Json clockRuleJson(const ZoneRule& rule, std::optional<ClockChange> change) {
     Json next;
     if (change) next = object({{"date", isoDate(change->date)}, {"to_summer_time", change->toSummerTime}});
     return object({{"standard_offset_hours", rule.gmt},
@@ -43,7 +43,7 @@ void printCity(Console& console, const ChosenPlace& place, std::optional<ClockCh
     console.print(table, 2);
 }
 
-void runShow(Console& console, const Arguments& arguments) {
+void runCityShow(Console& console, const Arguments& arguments) {
     Session& session = console.session();
     const ChosenPlace place = choosePlace(session, arguments.text("CITY").value_or(""));
     const VAKDate present = today(session, siteOf(place.city));
@@ -51,7 +51,7 @@ void runShow(Console& console, const Arguments& arguments) {
     const std::vector<ZoneDisagreement> warnings = zoneProblems(session, place.city, present, present, present);
     if (console.wantsJson()) {
         return console.printJson(object({{"place", placeJson(place)},
-                                         {"clock", ruleJson(place.city.rule, change)},
+                                         {"clock", clockRuleJson(place.city.rule, change)},
                                          {"zone_data", zoneDataJson(place.city)},
                                          {"warnings", warningsJson(warnings)}}));
     }
@@ -66,7 +66,7 @@ Command cityShowCommand() {
     return {"show",
             _("Show what is known of a city"),
             {{Parameter::Kind::words, "CITY", "", _("NAME, ID or LAT,LON"), true}},
-            runShow};
+            runCityShow};
 }
 
 }  // namespace quode::cli

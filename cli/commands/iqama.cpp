@@ -50,7 +50,7 @@ std::string ruleText(Session& session, const Iqama& iqama) {
     return _n("{} minute after", "{} minutes after", iqama.minutes);
 }
 
-Json ruleJson(const Iqama& iqama) {
+Json iqamaJson(const Iqama& iqama) {
     return object({{"minutes_after", iqama.isFixed ? Json() : Json(iqama.minutes)},
                    {"clock", iqama.isFixed ? Json(clock24(std::chrono::minutes(iqama.minutes))) : Json()}});
 }
@@ -68,7 +68,7 @@ void show(Console& console, const ChosenPlace& place) {
         const auto hours = minute ? std::optional(double(*minute) / minutesPerHour) : std::nullopt;
         prayers.push_back(object({{"key", prayerKey(code)},
                                   {"name", session.prayerName(code)},
-                                  {"rule", rule ? ruleJson(*rule) : Json()},
+                                  {"rule", rule ? iqamaJson(*rule) : Json()},
                                   {"today", timeJson(hours)}}));
         table.add({session.prayerName(code), clockText(session, timeOfPrayer(day, code)),
                    minute ? clockText(session, hours) : "-", rule ? ruleText(session, *rule) : ""});
@@ -89,22 +89,22 @@ void change(Console& console, const Arguments& arguments, const std::optional<Iq
     show(console, place);
 }
 
-void runShow(Console& console, const Arguments& arguments) {
+void runIqama(Console& console, const Arguments& arguments) {
     show(console, choosePlace(console.session(), arguments.text("city")));
 }
 
-void runSet(Console& console, const Arguments& arguments) {
+void runIqamaSet(Console& console, const Arguments& arguments) {
     change(console, arguments, iqamaOf(arguments.text("at").value_or("")));
 }
 
-void runRemove(Console& console, const Arguments& arguments) {
+void runIqamaRemove(Console& console, const Arguments& arguments) {
     change(console, arguments, std::nullopt);
 }
 
 }  // namespace
 
 Command iqamaCommand() {
-    return {"iqama", _("When the congregation begins, for timetables"), {cityParameter()}, runShow};
+    return {"iqama", _("When the congregation begins, for timetables"), {cityParameter()}, runIqama};
 }
 
 Command iqamaSetCommand() {
@@ -113,7 +113,7 @@ Command iqamaSetCommand() {
             {{Parameter::Kind::option, "at", "WHEN", _("+MINUTES after the prayer time, or a clock time"), true},
              {Parameter::Kind::words, "PRAYERS", "", _("The prayers, such as fajr isha; all when none is named")},
              cityParameter()},
-            runSet};
+            runIqamaSet};
 }
 
 Command iqamaRemoveCommand() {
@@ -121,7 +121,7 @@ Command iqamaRemoveCommand() {
             _("Remove it"),
             {{Parameter::Kind::words, "PRAYERS", "", _("The prayers, such as fajr isha; all when none is named")},
              cityParameter()},
-            runRemove};
+            runIqamaRemove};
 }
 
 }  // namespace quode::cli

@@ -14,7 +14,7 @@
 namespace quode::cli {
 namespace {
 
-void runSet(Console& console, const Arguments& arguments) {
+void runMethodSet(Console& console, const Arguments& arguments) {
     Session& session = console.session();
     const ChosenPlace place = choosePlaceForMethod(session, arguments.text("city"));
     const CityRecord& city = place.city;
@@ -48,7 +48,7 @@ Command methodSetCommand() {
         {Parameter::Kind::word, "KEY", "", _("Its key: quode method list; \"quode\" is the default"), true},
         cityParameter()};
     for (Parameter& parameter : methodChangeParameters()) parameters.push_back(std::move(parameter));
-    return {"set", _("Choose the method of a city"), std::move(parameters), runSet};
+    return {"set", _("Choose the method of a city"), std::move(parameters), runMethodSet};
 }
 
 }  // namespace quode::cli

@@ -23,7 +23,7 @@ using conventions::PrayerRule;
 constexpr std::array prayers = {Prayer::fajr, Prayer::sunrise, Prayer::dhuhr,
                                 Prayer::asr,  Prayer::maghrib, Prayer::isha};
 
-Json ruleJson(const PrayerRule& rule) {
+Json prayerRuleJson(const PrayerRule& rule) {
     constexpr std::array<const char*, 5> bases = {"horizon", "depression", "transit", "shadow", "after_maghrib"};
     constexpr std::array<const char*, 3> roundings = {"nearest", "up", "down"};
     return object({{"basis", bases.at(static_cast<std::size_t>(rule.basis))},
@@ -56,7 +56,7 @@ std::string countriesOf(const Convention& convention) {
 Json conventionJson(const Convention& convention) {
     Json::Object rules;
     for (const Prayer prayer : prayers) {
-        rules.emplace_back(std::string(conventions::nameOf(prayer)), ruleJson(convention.rule(prayer)));
+        rules.emplace_back(std::string(conventions::nameOf(prayer)), prayerRuleJson(convention.rule(prayer)));
     }
     const auto text = [](std::string_view value) { return value.empty() ? Json() : Json(std::string(value)); };
     return object({{"key", std::string(convention.key)},
@@ -101,7 +101,7 @@ void printZones(Console& console) {
     console.print(table, 0);
 }
 
-void runShow(Console& console, const Arguments& arguments) {
+void runMethodShow(Console& console, const Arguments& arguments) {
     const Convention& convention = conventionNamed(arguments.text("KEY").value_or(""));
     if (console.wantsJson()) return console.printJson(conventionJson(convention));
     console.print(console.style().strong(nameText(convention)) + "  " + std::string(convention.key));
@@ -172,7 +172,7 @@ Command methodShowCommand() {
     return {"show",
             _("Explain a method: rules, source, agreement"),
             {{Parameter::Kind::word, "KEY", "", _("Its key, such as diyanet"), true}},
-            runShow};
+            runMethodShow};
 }
 
 Command methodSuggestCommand() {

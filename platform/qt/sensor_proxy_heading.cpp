@@ -19,7 +19,7 @@
 namespace quode {
 namespace {
 
-const QString service = QStringLiteral("net.hadess.SensorProxy");
+const QString sensorService = QStringLiteral("net.hadess.SensorProxy");
 const QString compassPath = QStringLiteral("/net/hadess/SensorProxy/Compass");
 const QString compassInterface = QStringLiteral("net.hadess.SensorProxy.Compass");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
@@ -53,7 +53,7 @@ class SensorProxyHeading : public QObject, public HeadingSource {
     SensorProxyHeading(QDBusConnection bus, int answerTimeoutMs)
         : bus_(std::move(bus)), answerTimeoutMs_(answerTimeoutMs) {
         watcher_.setConnection(bus_);
-        watcher_.addWatchedService(service);
+        watcher_.addWatchedService(sensorService);
         watcher_.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
         connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, &SensorProxyHeading::onServiceGone);
         connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &SensorProxyHeading::lookForCompass);
@@ -66,7 +66,7 @@ class SensorProxyHeading : public QObject, public HeadingSource {
         callbacks_ = std::move(callbacks);
         filter_ = HeadingFilter(headingFilter);
         started_ = true;
-        bus_.connect(service, compassPath, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
+        bus_.connect(sensorService, compassPath, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
                      SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
         lookForCompass();
     }
@@ -78,7 +78,7 @@ class SensorProxyHeading : public QObject, public HeadingSource {
             pending->disconnect(this);
             pending->deleteLater();
         }
-        bus_.disconnect(service, compassPath, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
+        bus_.disconnect(sensorService, compassPath, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
                         SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
         if (claimed_) bus_.send(call(compassInterface, QStringLiteral("ReleaseCompass")));
         claimed_ = false;
@@ -96,7 +96,7 @@ class SensorProxyHeading : public QObject, public HeadingSource {
 
   private:
     static QDBusMessage call(const QString& interface, const QString& method, const QVariantList& arguments = {}) {
-        QDBusMessage message = QDBusMessage::createMethodCall(service, compassPath, interface, method);
+        QDBusMessage message = QDBusMessage::createMethodCall(sensorService, compassPath, interface, method);
         message.setArguments(arguments);
         return message;
     }
@@ -182,7 +182,8 @@ std::unique_ptr<HeadingSource> sensorProxyHeading(const QDBusConnection& bus, st
 
 bool hasCompassSensor(const QDBusConnection& bus, std::chrono::milliseconds patience) {
     if (!bus.isConnected()) return false;
-    QDBusMessage get = QDBusMessage::createMethodCall(service, compassPath, propertiesInterface, QStringLiteral("Get"));
+    QDBusMessage get =
+        QDBusMessage::createMethodCall(sensorService, compassPath, propertiesInterface, QStringLiteral("Get"));
     get.setArguments({compassInterface, hasCompass});
     get.setAutoStartService(false);
     const QDBusMessage reply = bus.call(get, QDBus::Block, static_cast<int>(patience.count()));

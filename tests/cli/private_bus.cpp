@@ -12,17 +12,12 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
+#include "program.h"
+
 namespace quode::test {
 namespace {
 
 constexpr int patienceMs = 10'000;
-
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (std::string& text : texts) pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
 
 }  // namespace
 

@@ -12,6 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "support/file_content.h"
 #include "terminal/text_layout.h"
 
 namespace quode::test {
@@ -19,22 +20,10 @@ namespace {
 
 constexpr unsigned nobody = 65534;
 
-std::string contentOf(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
-
 // In memory where there is such a folder: the program flushes what it keeps, which takes its time on a disk.
 std::filesystem::path scratchFolder() {
     const std::filesystem::path inMemory = "/dev/shm";
     return access(inMemory.c_str(), W_OK | X_OK) == 0 ? inMemory : std::filesystem::temp_directory_path();
-}
-
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (std::string& text : texts) pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
 }
 
 void redirect(int stream, const std::filesystem::path& path) {
@@ -44,6 +33,13 @@ void redirect(int stream, const std::filesystem::path& path) {
 }
 
 }  // namespace
+
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts) pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
 
 std::vector<std::string> Outcome::lines() const {
     std::istringstream stream(out);

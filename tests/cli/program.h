@@ -60,6 +60,9 @@ class Program {
     bool isSomebodyElse_ = false;
 };
 
+/// The texts as execve takes them.
+std::vector<char*> pointersTo(std::vector<std::string>& texts);
+
 /// The columns that a line of the output takes in a terminal.
 int widthOf(const std::string& line);
 

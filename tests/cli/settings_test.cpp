@@ -21,7 +21,7 @@ std::size_t filesIn(const fs::path& folder) {
     return count;
 }
 
-void expectRefusal(const std::vector<std::string>& words, int code, const std::string& message) {
+void expectRefusedSetting(const std::vector<std::string>& words, int code, const std::string& message) {
     const Program program;
     const Outcome run = program.run(words);
     EXPECT_EQ(run.code, code) << run.err;
@@ -88,23 +88,24 @@ TEST(Settings, OfTheMannersOfAlarmsAreKept) {
     for (const auto& [key, value] : wanted) EXPECT_EQ(program.run({"settings", key, value}).code, 0) << key;
     const auto settings = program.run({"settings", "--json"}).json()["settings"];
     for (const auto& [key, value] : wanted) EXPECT_EQ(settings[key], value) << key;
-    expectRefusal({"settings", "volume", "5"}, 2, "volume is a number from 10 to 100, not \"5\".");
-    expectRefusal({"settings", "fade", "61"}, 2, "fade is a number from 0 to 60, not \"61\".");
-    expectRefusal({"settings", "media", "stop"}, 2, "media is keep or pause, not \"stop\".");
-    expectRefusal({"settings", "urgency", "low"}, 2, "urgency is normal or urgent, not \"low\".");
+    expectRefusedSetting({"settings", "volume", "5"}, 2, "volume is a number from 10 to 100, not \"5\".");
+    expectRefusedSetting({"settings", "fade", "61"}, 2, "fade is a number from 0 to 60, not \"61\".");
+    expectRefusedSetting({"settings", "media", "stop"}, 2, "media is keep or pause, not \"stop\".");
+    expectRefusedSetting({"settings", "urgency", "low"}, 2, "urgency is normal or urgent, not \"low\".");
 }
 
 TEST(Settings, AreRefusedWhenUnknown) {
-    expectRefusal({"settings", "colour"}, 2,
-                  "There is no setting \"colour\". Use one of sound, calendar, ringer, language, panel, colors, text, "
-                  "tray, volume, "
-                  "fade, media, urgency.");
-    expectRefusal({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
-    expectRefusal({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
-    expectRefusal({"settings", "panel", "huge"}, 2, "panel is auto, phone or tablet, not \"huge\".");
-    expectRefusal({"settings", "colors", "7"}, 2, "colors is a number from 1 to 6, not \"7\".");
-    expectRefusal({"settings", "sound", "nosuch"}, 1, "There is no sound \"nosuch\"");
-    expectRefusal({"settings", "ringer", "evolution"}, 2, "quode calendar connect evolution --ring");
+    expectRefusedSetting(
+        {"settings", "colour"}, 2,
+        "There is no setting \"colour\". Use one of sound, calendar, ringer, language, panel, colors, text, "
+        "tray, volume, "
+        "fade, media, urgency.");
+    expectRefusedSetting({"settings", "calendar", "caldav"}, 2, "calendar is ics or vdir, not \"caldav\".");
+    expectRefusedSetting({"settings", "ringer", "cron"}, 2, "ringer is quode or evolution, not \"cron\".");
+    expectRefusedSetting({"settings", "panel", "huge"}, 2, "panel is auto, phone or tablet, not \"huge\".");
+    expectRefusedSetting({"settings", "colors", "7"}, 2, "colors is a number from 1 to 6, not \"7\".");
+    expectRefusedSetting({"settings", "sound", "nosuch"}, 1, "There is no sound \"nosuch\"");
+    expectRefusedSetting({"settings", "ringer", "evolution"}, 2, "quode calendar connect evolution --ring");
 }
 
 TEST(Settings, TheLayoutOfTheCalendarTakesTheEventsAlong) {
@@ -208,8 +209,8 @@ TEST(CalendarConnection, NeedsTheLayoutOfOneFile) {
 }
 
 TEST(CalendarConnection, IsOfEvolutionOnly) {
-    expectRefusal({"calendar", "connect", "kmail"}, 2, "Only evolution can be connected");
-    expectRefusal({"calendar", "connect"}, 2, "quode calendar connect needs PROGRAM.");
+    expectRefusedSetting({"calendar", "connect", "kmail"}, 2, "Only evolution can be connected");
+    expectRefusedSetting({"calendar", "connect"}, 2, "quode calendar connect needs PROGRAM.");
 }
 
 }  // namespace

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 
 #include "program.h"
+#include "support/file_content.h"
 
 namespace quode::test {
 namespace {
@@ -129,11 +129,6 @@ TEST(Timetable, OfAllNineTimesHoldsEachDayTwiceWhereItIsBroken) {
 TEST(Timetable, IsThatOfThePresentWhenNothingElseIsAsked) {
     EXPECT_EQ(Program().run({"month", "--json"}).json().at("days")[0].at("date"), "2026-11-01");
     EXPECT_EQ(Program().run({"year", "--json"}).json().at("days")[0].at("date"), "2026-01-01");
-}
-
-std::string contentOf(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 TEST(TimetableInAFile, IsWhatIsPrintedOtherwise) {

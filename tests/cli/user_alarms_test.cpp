@@ -74,7 +74,7 @@ std::string compact(std::string moment) {
     return moment;
 }
 
-void expectRefusal(const Words& words, int code, const std::string& message) {
+void expectRefusedAlarm(const Words& words, int code, const std::string& message) {
     const Program program;
     const Outcome run = program.run(words);
     EXPECT_EQ(run.code, code) << run.err;
@@ -224,25 +224,26 @@ TEST(UserAlarms, AreNamedByNameKeyOrNumberInAnyLanguage) {
 
 TEST(UserAlarms, AreRefusedForWhatIsNoPrayer) {
     for (const char* command : {"on", "off"}) {
-        expectRefusal({"alarm", command, "foo"}, 2, "There is no prayer \"foo\". Use one of Fajr, Sunrise");
-        expectRefusal({"alarm", command}, 2, "needs PRAYER.");
+        expectRefusedAlarm({"alarm", command, "foo"}, 2, "There is no prayer \"foo\". Use one of Fajr, Sunrise");
+        expectRefusedAlarm({"alarm", command}, 2, "needs PRAYER.");
     }
-    expectRefusal({"alarm", "set", "7", "--offset", "2"}, 2, "There is no prayer \"7\"");
-    expectRefusal({"alarm", "set", "israk", "--offset", "2"}, 2, "There is no prayer \"israk\"");
-    expectRefusal({"alarm", "test", "foo"}, 2, "There is no prayer \"foo\"");
+    expectRefusedAlarm({"alarm", "set", "7", "--offset", "2"}, 2, "There is no prayer \"7\"");
+    expectRefusedAlarm({"alarm", "set", "israk", "--offset", "2"}, 2, "There is no prayer \"israk\"");
+    expectRefusedAlarm({"alarm", "test", "foo"}, 2, "There is no prayer \"foo\"");
 }
 
 TEST(UserAlarms, AreRefusedWithAnImpossibleOffsetOrSound) {
-    expectRefusal({"alarm", "set", "fajr", "--offset", "x"}, 2, "--offset is a number of minutes, such as -15");
-    expectRefusal({"alarm", "set", "fajr", "--offset", "1.5"}, 2, "not \"1.5\"");
-    expectRefusal({"alarm", "set", "fajr", "--offset", ""}, 2, "--offset is a number");
-    expectRefusal({"alarm", "set", "fajr", "--offset", "99999999999"}, 2, "--offset is a number");
-    expectRefusal({"alarm", "set", "fajr", "--offset", "721"}, 2, "at most 720 minutes before or after");
-    expectRefusal({"alarm", "set", "fajr", "--offset", "-721"}, 2, "at most 720 minutes");
-    expectRefusal({"alarm", "set", "fajr"}, 2, "--offset MINUTES, --sound NAME, or both");
-    expectRefusal({"alarm", "set", "fajr", "--sound", "nosuch"}, 1, "There is no sound \"nosuch\". Use one of bell");
-    expectRefusal({"alarm", "set", "fajr", "--sound", "/etc/passwd"}, 1, "neither a WAV nor an Ogg Vorbis file");
-    expectRefusal({"alarm", "test", "--seconds", "61"}, 2, "from 1 to 60");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--offset", "x"}, 2, "--offset is a number of minutes, such as -15");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--offset", "1.5"}, 2, "not \"1.5\"");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--offset", ""}, 2, "--offset is a number");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--offset", "99999999999"}, 2, "--offset is a number");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--offset", "721"}, 2, "at most 720 minutes before or after");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--offset", "-721"}, 2, "at most 720 minutes");
+    expectRefusedAlarm({"alarm", "set", "fajr"}, 2, "--offset MINUTES, --sound NAME, or both");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--sound", "nosuch"}, 1,
+                       "There is no sound \"nosuch\". Use one of bell");
+    expectRefusedAlarm({"alarm", "set", "fajr", "--sound", "/etc/passwd"}, 1, "neither a WAV nor an Ogg Vorbis file");
+    expectRefusedAlarm({"alarm", "test", "--seconds", "61"}, 2, "from 1 to 60");
 }
 
 TEST(UserAlarms, AreThoseOfTheFallbackCityInAZoneWithoutCities) {

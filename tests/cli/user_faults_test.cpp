@@ -6,21 +6,16 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 
 #include "program.h"
+#include "support/file_content.h"
 
 namespace quode::test {
 namespace {
 
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
-
-std::string contentOf(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
 
 void expectMessage(const Outcome& run, int code, const std::string& message) {
     EXPECT_EQ(run.code, code) << run.err;

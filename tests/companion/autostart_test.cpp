@@ -7,11 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 
 #include "companion/ringer.h"
 #include "platform/evolution_source.h"
 #include "support/environment_of.h"
+#include "support/file_content.h"
 #include "support/temporary_folder.h"
 
 namespace quode::test {
@@ -37,11 +37,6 @@ class AutostartTest : public testing::Test {
         fs::create_directories(file.parent_path());
         std::ofstream(file) << "[Desktop Entry]\nType=Application\n" << text;
     }
-    std::string contentOf(const fs::path& file) const {
-        std::ifstream stream(file);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-
     TemporaryFolder folder;
 };
 

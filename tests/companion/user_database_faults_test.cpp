@@ -14,6 +14,7 @@
 #include "companion/user_connection.h"
 #include "fixture.h"
 #include "support/faulty_disk.h"
+#include "support/file_content.h"
 
 namespace quode::test {
 namespace {
@@ -24,11 +25,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using Reason = UserDatabaseError::Reason;
-
-std::string contentOf(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 void write(const std::filesystem::path& file, const std::string& content) {
     std::ofstream(file, std::ios::binary | std::ios::trunc) << content;

@@ -6,23 +6,19 @@
 #include <sqlite3.h>
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
 
 #include "data/write_file.h"
+#include "support/file_content.h"
 
 namespace quode {
 namespace {
+
+using test::contentOf;
 
 using Reason = CityDatabaseError::Reason;
 using test::TemporaryFolder;
 
 const std::filesystem::path shipped = QUODE_CITY_DATABASE;
-
-std::string contents(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
 
 // The reason of a failure to open a file; its message must contain the name of the file.
 Reason reasonOfRefusal(const std::filesystem::path& file) {
@@ -179,7 +175,7 @@ TEST(CityDatabase, DamagedFilesAreReported) {
     const TemporaryFolder folder;
     EXPECT_EQ(reasonOfRefusal(test::writeFile(folder, "empty", "")), Reason::damaged);
     EXPECT_EQ(reasonOfRefusal(test::writeFile(folder, "text", std::string(100000, 'x'))), Reason::damaged);
-    const std::string good = contents(shipped);
+    const std::string good = contentOf(shipped);
     EXPECT_EQ(reasonOfRefusal(test::writeFile(folder, "short", std::string_view(good).substr(0, good.size() / 2))),
               Reason::damaged);
     EXPECT_EQ(reasonOfRefusal(test::writeFile(folder, "first page", std::string_view(good).substr(0, 4096))),
@@ -191,7 +187,7 @@ TEST(CityDatabase, DamagedFilesAreReported) {
 
 TEST(CityDatabase, DamageFurtherInsideIsReportedWhenItIsMet) {
     const TemporaryFolder folder;
-    std::string inside = contents(shipped);
+    std::string inside = contentOf(shipped);
     std::fill(inside.begin() + 8192, inside.end(), '\x7F');
     const CityDatabase database(test::writeFile(folder, "inside", inside));
     EXPECT_THROW(database.city(745044), CityDatabaseError);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "companion/UserDatabase.h"
+#include "host/places.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
 #include "support/temporary_folder.h"
@@ -17,8 +18,6 @@ using namespace std::chrono_literals;
 using app::Session;
 using host::boundOf;
 using host::comingPrayer;
-
-constexpr int istanbul = 745044;
 
 class ComingPrayerTest : public testing::Test {
   protected:

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include "host/fake_widget.h"
+#include "host/places.h"
 
 namespace quode::test {
 namespace {
@@ -14,7 +15,6 @@ namespace {
 using host::HomeWatch;
 
 constexpr int ankara = 323786;
-constexpr int istanbul = 745044;
 
 class HomeWatchTest : public testing::Test {
   protected:

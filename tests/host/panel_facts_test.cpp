@@ -9,14 +9,13 @@
 #include "app/user_data.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
+#include "host/places.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
 #include "support/temporary_folder.h"
 
 namespace quode::test {
 namespace {
-
-constexpr int istanbul = 745044;
 
 class PanelFactsTest : public testing::Test {
   protected:

@@ -15,6 +15,7 @@
 #include "companion/UserDatabase.h"
 #include "companion/UserEventStore.h"
 #include "data/user_places.h"
+#include "host/places.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
 #include "support/temporary_folder.h"
@@ -24,7 +25,6 @@
 namespace quode::test {
 namespace {
 
-constexpr int istanbul = 745044;
 constexpr int asr = 203;
 constexpr int patience = 10000;  // ms
 

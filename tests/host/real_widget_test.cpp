@@ -21,6 +21,7 @@
 #include "host/RowMarks.h"
 #include "host/WidgetBundle.h"
 #include "host/fake_widget.h"
+#include "host/places.h"
 #include "host/user_choices.h"
 #include "support/environment_of.h"
 #include "support/fake_platform.h"
@@ -34,7 +35,6 @@ namespace quode::test {
 namespace {
 
 constexpr int ankara = 323786;
-constexpr int istanbul = 745044;
 constexpr int ikindi = 203;
 
 class RealWidget : public testing::Test {

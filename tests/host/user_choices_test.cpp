@@ -13,6 +13,7 @@
 #include "companion/UserDatabase.h"
 #include "companion/UserSettings.h"
 #include "data/user_places.h"
+#include "host/places.h"
 #include "support/environment_of.h"
 #include "support/temporary_folder.h"
 
@@ -20,8 +21,6 @@ namespace quode::test {
 namespace {
 
 using app::Session;
-
-constexpr int istanbul = 745044;
 
 class UserChoicesTest : public testing::Test {
   protected:

@@ -23,6 +23,11 @@ struct Vector {
     std::string describe() const;
 };
 
+/// A number of a vector that is an integer.
+inline int whole(double number) {
+    return static_cast<int>(number);
+}
+
 /// All vectors of tests/fixtures/vectors/FILE.json whose operation is `op`. Never empty: a missing operation throws.
 std::vector<Vector> vectorsOf(std::string_view file, std::string_view op);
 

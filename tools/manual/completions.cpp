@@ -15,7 +15,7 @@ bool isDashed(const Parameter& parameter) {
 }
 
 // A text between single quotes of a shell.
-std::string quoted(const std::string& text) {
+std::string singleQuoted(const std::string& text) {
     std::string result = "'";
     for (const char c : text) {
         if (c == '\'') result += "'\\'";
@@ -63,7 +63,7 @@ std::vector<std::pair<std::string, std::vector<std::string>>> choicesOf(const Su
 }
 
 std::string bashCase(const std::string& pattern, const std::vector<std::string>& words) {
-    return "        " + quoted(pattern) + ") words=" + quoted(joined(words, " ")) + " ;;\n";
+    return "        " + singleQuoted(pattern) + ") words=" + singleQuoted(joined(words, " ")) + " ;;\n";
 }
 
 std::string zshArguments(const std::vector<Parameter>& parameters) {
@@ -78,15 +78,15 @@ std::string zshArguments(const std::vector<Parameter>& parameters) {
                 specification.append("(").append(joined(parameter.choices, " ")).append(")");
             }
         }
-        text.append("            ").append(quoted(specification)).append(" \\\n");
+        text.append("            ").append(singleQuoted(specification)).append(" \\\n");
     }
     return text;
 }
 
 std::string fishOption(const std::string& head, const Parameter& parameter) {
-    std::string line = head + " -l " + parameter.name + " -d " + quoted(parameter.help);
+    std::string line = head + " -l " + parameter.name + " -d " + singleQuoted(parameter.help);
     if (parameter.kind == Parameter::Kind::option) line += " -x";
-    if (!parameter.choices.empty()) line += " -a " + quoted(joined(parameter.choices, " "));
+    if (!parameter.choices.empty()) line += " -a " + singleQuoted(joined(parameter.choices, " "));
     return line + "\n";
 }
 
@@ -100,7 +100,7 @@ std::string bashCompletion(const Subject& subject) {
     text += "        case $word in -*) ;; *) path+=\"${path:+ }$word\" ;; esac\n    done\n";
     text += "    case \"$path $previous\" in\n";
     for (const auto& [option, values] : choicesOf(subject)) {
-        text += "        " + option + ") COMPREPLY=($(compgen -W " + quoted(joined(values, " ")) +
+        text += "        " + option + ") COMPREPLY=($(compgen -W " + singleQuoted(joined(values, " ")) +
                 " -- \"$cur\")); return ;;\n";
     }
     text += "    esac\n    case $path in\n";
@@ -125,8 +125,8 @@ std::string zshCompletion(const Subject& subject) {
     text += "    case $path in\n";
     const auto entry = [&](const std::string& path, const std::vector<Command>& children,
                            const std::vector<Parameter>& parameters) {
-        text += "        " + quoted(path) + ")\n            commands=(";
-        for (const Command& child : children) text += quoted(child.name + ":" + child.summary) + " ";
+        text += "        " + singleQuoted(path) + ")\n            commands=(";
+        for (const Command& child : children) text += singleQuoted(child.name + ":" + child.summary) + " ";
         text += ")\n            (( $#commands )) && _describe command commands\n            _arguments -S \\\n";
         text += zshArguments(parameters) + zshArguments(subject.program->parameters);
         text += "            '--help[Explain the command]' ;;\n";
@@ -148,7 +148,7 @@ std::string fishCompletion(const Subject& subject) {
     };
     const auto children = [&](const std::string& path, const std::vector<Command>& commands) {
         for (const Command& child : commands) {
-            text += at(path) + " -a " + child.name + " -d " + quoted(child.summary) + "\n";
+            text += at(path) + " -a " + child.name + " -d " + singleQuoted(child.summary) + "\n";
         }
     };
     for (const Parameter& parameter : subject.program->parameters) text += fishOption("complete -c " + name, parameter);

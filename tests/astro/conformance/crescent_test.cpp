@@ -16,11 +16,8 @@ namespace {
 
 using test::Vector;
 using test::vectorsOf;
+using test::whole;
 using Numbers = std::vector<double>;
-
-int whole(double x) {
-    return static_cast<int>(x);
-}
 
 FastAstro engineInZone(double zone) {
     FastAstro engine;

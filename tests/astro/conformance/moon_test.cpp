@@ -16,11 +16,8 @@ namespace {
 
 using test::Vector;
 using test::vectorsOf;
+using test::whole;
 using Numbers = std::vector<double>;
-
-int whole(double x) {
-    return static_cast<int>(x);
-}
 
 /// Runs an operation on the arguments of every vector; each result must be within its tolerance. The last tolerance
 /// applies to all further results.

@@ -14,11 +14,8 @@ namespace {
 
 using test::Vector;
 using test::vectorsOf;
+using test::whole;
 using Numbers = std::vector<double>;
-
-int whole(double x) {
-    return static_cast<int>(x);
-}
 
 VAKDate dateFrom(const Numbers& in, std::size_t at) {
     return VAKDateMake(whole(in[at + 2]), whole(in[at + 1]), whole(in[at]), whole(in[at + 3]), whole(in[at + 4]),

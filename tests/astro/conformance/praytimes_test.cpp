@@ -13,10 +13,7 @@ namespace {
 
 using test::Vector;
 using test::vectorsOf;
-
-int whole(double x) {
-    return static_cast<int>(x);
-}
+using test::whole;
 
 PrayTimes timesFrom(const std::vector<double>& numbers) {
     PrayTimes times;

@@ -13,10 +13,7 @@ namespace {
 using test::relative;
 using test::Vector;
 using test::vectorsOf;
-
-int whole(double x) {
-    return static_cast<int>(x);
-}
+using test::whole;
 
 TEST(Qibla, AgreesWithTheReference) {
     for (const Vector& v : vectorsOf("qibla", "KibleAcisi")) {

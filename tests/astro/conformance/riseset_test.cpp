@@ -12,10 +12,7 @@ namespace {
 using test::relative;
 using test::Vector;
 using test::vectorsOf;
-
-int whole(double x) {
-    return static_cast<int>(x);
-}
+using test::whole;
 
 FastAstro engineAt(double latitude, double longitude, double zone) {
     FastAstro engine;

@@ -13,10 +13,7 @@ namespace {
 using test::relative;
 using test::Vector;
 using test::vectorsOf;
-
-int whole(double x) {
-    return static_cast<int>(x);
-}
+using test::whole;
 
 VAKDate dateFrom(const std::vector<double>& numbers, std::size_t at) {
     return {whole(numbers[at]),

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -20,6 +19,7 @@
 #include "platform/EventStore.h"
 #include "platform/calendar_file.h"
 #include "platform/file_calls.h"
+#include "support/file_content.h"
 
 namespace quode::test {
 
@@ -43,11 +43,6 @@ class TemporaryFolder {
   private:
     std::filesystem::path path_;
 };
-
-inline std::string contentOf(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 inline void write(const std::filesystem::path& file, std::string_view content) {
     std::ofstream(file, std::ios::binary) << content;

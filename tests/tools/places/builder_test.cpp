@@ -3,11 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <set>
 
 #include "data/write_file.h"
+#include "support/file_content.h"
 #include "tools/places/place_id.h"
 #include "tools/places/source_data.h"
 #include "tools/places/tsv.h"
@@ -15,12 +14,9 @@
 namespace quode::places {
 namespace {
 
-using test::TemporaryFolder;
+using test::contentOf;
 
-std::string contents(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
+using test::TemporaryFolder;
 
 int run(const std::string& command) {
     return std::system((command + " 2>/dev/null").c_str());
@@ -69,7 +65,7 @@ TEST(Builder, GivesTheSameBytesEachTime) {
     const std::string again = (folder.path() / "again.sqlite").string();
     ASSERT_EQ(run(std::string(QUODE_BUILD_CITIES) + " " + QUODE_PLACE_DATA + " " + again), 0);
     EXPECT_GT(std::filesystem::file_size(again), 1'000'000U);
-    EXPECT_TRUE(contents(again) == contents(QUODE_CITY_DATABASE));
+    EXPECT_TRUE(contentOf(again) == contentOf(QUODE_CITY_DATABASE));
 }
 
 // A folder with one place, for data that is not as it must be.
