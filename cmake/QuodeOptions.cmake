@@ -6,11 +6,15 @@ option(QUODE_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(QUODE_BENCH "Build the benchmarks" OFF)
 option(QUODE_WERROR "Treat warnings as errors" OFF)
 option(QUODE_HARDENING "Compile optimised programs and libraries with stack protectors and checked library calls" ON)
-option(QUODE_PCH "Compile the tests with precompiled headers: faster from scratch, slower with ccache" OFF)
+option(QUODE_UNITY "Compile several sources of a target together: faster from scratch, slower after a change" OFF)
 set(QUODE_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
 if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release)
+endif()
+if(QUODE_UNITY)
+  set(CMAKE_UNITY_BUILD ON)
+  set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
 endif()
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -31,9 +35,12 @@ set(QUODE_BUNDLE_DIR ${PROJECT_BINARY_DIR}/${QUODE_BUNDLE_INSTALL_DIR})
 
 # Warnings. Results must not depend on the compiler: no contraction of a*b+c into one rounding step.
 add_library(quode_flags INTERFACE)
-# g++ 12 takes "text" + std::string for overlapping copies (its bug 105651), hence -Wno-restrict.
-target_compile_options(quode_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
+# g++ 12 takes "text" + std::string for overlapping copies (its bug 105651), hence -Wno-restrict. Sources that are compiled
+# together look to it like one header, whose types must not use an anonymous namespace, and shadow each other's names.
+target_compile_options(quode_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -ffp-contract=off
+  $<$<NOT:$<BOOL:${QUODE_UNITY}>>:-Wshadow>
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:${QUODE_UNITY}>>:-Wno-subobject-linkage>
   $<$<BOOL:${QUODE_WERROR}>:-Werror>)
 if(QUODE_SANITIZE)
   target_compile_options(quode_flags INTERFACE
@@ -48,6 +55,15 @@ if(QUODE_HARDENING AND NOT QUODE_SANITIZE)
   target_compile_options(quode_flags INTERFACE $<${is_hardened}:-fstack-protector-strong>
     $<${is_hardened}:-U_FORTIFY_SOURCE> $<${is_hardened}:-D_FORTIFY_SOURCE=2>)
 endif()
+
+# Most code runs once in the life of a program: small code starts faster, for each page of it has to be mapped. What computes
+# asks for speed: quode_computes(NAME).
+set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
+target_compile_options(quode_flags INTERFACE -ffunction-sections -fdata-sections)
+target_link_options(quode_flags INTERFACE -Wl,--gc-sections)
+function(quode_computes name)
+  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O3>)
+endfunction()
 
 # quode_library(NAME ...) and quode_executable(NAME ...): add_library and add_executable, with these flags.
 function(quode_library name)

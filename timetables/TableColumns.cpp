@@ -17,14 +17,15 @@ TableColumns::TableColumns(const RawTable& raw) : raw_(raw) {
     for (const std::string& heading : raw.headings) columns.push_back(columnOf(heading));
     const auto isNamed = [&](Column column) { return std::ranges::find(columns, column) != columns.end(); };
     const bool hasFajr = isNamed(Column::fajr), hasImsak = isNamed(Column::imsak);
+    // Imsak is Fajr in Turkish tables, and minutes before it where Fajr has a column of its own.
+    const auto isLeftOut = [&](Column column) {
+        return (column == Column::imsak && hasFajr) || (column == Column::sabah && (hasFajr || hasImsak)) ||
+               (column == Column::day && isNamed(Column::date));
+    };
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        std::optional<Column> column = columns[i];
-        // Imsak is Fajr in Turkish tables, and minutes before it where Fajr has a column of its own.
-        if (column == Column::imsak) column = hasFajr ? std::nullopt : std::optional(Column::fajr);
-        if (column == Column::sabah) column = hasFajr || hasImsak ? std::nullopt : std::optional(Column::fajr);
-        if (column == Column::day && isNamed(Column::date)) column.reset();
-        if (column) {
-            take(*column, i);
+        if (columns[i] && !isLeftOut(*columns[i])) {
+            const bool isFajr = columns[i] == Column::imsak || columns[i] == Column::sabah;
+            take(isFajr ? Column::fajr : *columns[i], i);
             continue;
         }
         checkUnnamed(i);
