@@ -331,6 +331,45 @@ TEST_F(UserDatabaseFaults, ALockOfAnotherProgramIsReported) {
     EXPECT_EQ(listOf(database), "Istanbul Ankara*");
 }
 
+TEST_F(UserDatabaseFaults, AFileThatAnotherProgramLocksIsReadAsItWasBefore) {
+    prepare();
+    const auto listBehindLock = [&](const std::function<void()>& meanwhile) -> std::optional<std::string> {
+        std::string list;
+        const bool isKnown = UserDatabase::readBehindLock(folder.path(), cities, clock, [&](UserDatabase& database) {
+            list = listOf(database);
+            meanwhile();
+        });
+        return isKnown ? std::optional(list) : std::nullopt;
+    };
+    sqlite3* opened = nullptr;
+    ASSERT_EQ(sqlite3_open(file().c_str(), &opened), SQLITE_OK);
+    const sqlite::Database other(opened);
+    const auto run = [&](const char* sql) {
+        ASSERT_EQ(sqlite3_exec(opened, sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    };
+    const auto nothing = [] {};
+
+    run("BEGIN EXCLUSIVE");
+    EXPECT_EQ(listBehindLock(nothing), "Istanbul* Ankara");
+    run("UPDATE USER_ALARMS SET MELODYNAME = 'gong'");
+    EXPECT_EQ(listBehindLock(nothing), "Istanbul* Ankara") << "the change is still in the other program's memory";
+    EXPECT_EQ(listBehindLock([&] { run("COMMIT"); }), std::nullopt) << "what was read may be half of the change";
+    EXPECT_EQ(listBehindLock(nothing), "Istanbul* Ankara");
+}
+
+TEST_F(UserDatabaseFaults, AFileInTheMiddleOfAChangeIsNotReadBehindALock) {
+    prepare();
+    const auto isKnown = [&] {
+        return UserDatabase::readBehindLock(folder.path(), cities, clock, [](UserDatabase&) {});
+    };
+    write(file().string() + "-journal", std::string(1, '\xD9'));  // with this byte the journal is in force
+    EXPECT_FALSE(isKnown());
+    write(file().string() + "-journal", std::string(1, '\0'));
+    EXPECT_TRUE(isKnown());
+    std::filesystem::remove(file());
+    EXPECT_FALSE(isKnown());
+}
+
 /// Opens the file in several processes at once. Returned: what each of them found, or why it could not.
 std::vector<std::string> openAtOnce(const std::function<UserDatabase()>& open, const std::filesystem::path& folder) {
     std::vector<pid_t> children;
