@@ -14,6 +14,7 @@
 #include "companion/user_connection.h"
 #include "fixture.h"
 #include "support/faulty_disk.h"
+#include "support/odd_files.h"
 
 namespace quode::test {
 namespace {
@@ -168,17 +169,25 @@ TEST_F(UserDatabaseFaults, AFolderThatMayNotBeWrittenIsReported) {
     EXPECT_EQ(contentOf(file()), before);
 }
 
-TEST_F(UserDatabaseFaults, APipeInThePlaceOfAFileIsReportedAtOnce) {
-    for (const char* suffix : {"-journal", ""}) {
-        std::filesystem::remove_all(folder.path());
-        std::filesystem::create_directory(folder.path());
-        ASSERT_EQ(::mkfifo((file().string() + suffix).c_str(), 0600), 0);
-        try {
-            open();
-            ADD_FAILURE() << "a pipe was opened";
-        } catch (const UserDatabaseError& error) {
-            EXPECT_THAT(error.what(), testing::HasSubstr("is not a regular file. Move it away."));
+TEST_F(UserDatabaseFaults, WhatIsInThePlaceOfAFileIsReportedAtOnce) {
+    for (const char* suffix : {"-journal", "-wal", "-shm", ""}) {
+        for (const OddFile kind : oddFiles) {
+            const std::filesystem::path odd = file().string() + suffix;
+            if (!placeOddFile(kind, odd)) continue;
+            EXPECT_EQ(failureOf([&] { open(); }),
+                      std::pair(Reason::failed, odd.string() + " is not a regular file. Move it away."));
+            std::filesystem::remove(odd);
         }
+    }
+}
+
+TEST_F(UserDatabaseFaults, WhatIsInThePlaceOfTheFolderIsNamed) {
+    const std::filesystem::path odd = folder.path() / "share";
+    for (const OddFile kind : {OddFile::pipe, OddFile::socket}) {
+        ASSERT_TRUE(placeOddFile(kind, odd));
+        const auto [reason, message] = failureOf([&] { UserDatabase(odd / "Quode", cities, clock); });
+        EXPECT_THAT(message, HasSubstr(odd.string() + " is not a folder. Move it away"));
+        std::filesystem::remove(odd);
     }
 }
 
