@@ -63,10 +63,7 @@ sys_seconds AlarmKeeper::wake() {
     }
     if (database) succeeded = renew(*database, next, now) && succeeded;
     if (!rings_.records().problem().empty()) {
-        tellOnce(
-            _("The rings cannot be noted in {}: {}. They are kept in memory. Make room, and give yourself the right "
-              "to write there.",
-              with_.dataFolder.string(), rings_.records().problem()));
+        tellOnce(rings_.records().problem());
         succeeded = false;
     }
     if (!succeeded) return std::min(next, now + retryAfter);

@@ -9,7 +9,6 @@
 #include "companion/AlarmHabits.h"
 #include "companion/SiteChoices.h"
 #include "companion/user_connection.h"
-#include "data/user_places.h"
 
 namespace quode {
 namespace {
@@ -66,12 +65,10 @@ Choices readChoices(UserDatabase& database) {
 
 std::optional<Choices> readChoicesBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
                                              const Clock& device) {
-    const std::optional<std::string> before = UserConnection::committedState(userDatabaseFile(dataFolder));
-    if (!before) return std::nullopt;
-    UserDatabase database = UserDatabase::openBehindLock(dataFolder, cities, device);
-    Choices choices = readChoices(database);
-    const bool isWhole = UserConnection::committedState(userDatabaseFile(dataFolder)) == before;
-    return isWhole ? std::optional(choices) : std::nullopt;
+    Choices choices;
+    const bool isKnown = UserDatabase::readBehindLock(dataFolder, cities, device,
+                                                      [&](UserDatabase& database) { choices = readChoices(database); });
+    return isKnown ? std::optional(choices) : std::nullopt;
 }
 
 void restoreChoices(UserDatabase& database, const Choices& choices) {

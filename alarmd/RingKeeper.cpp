@@ -250,15 +250,17 @@ void RingKeeper::offerUnseen(const Choices& choices, const Present& present) {
 // --- answers
 
 bool RingKeeper::stop(const NotificationId& notification) {
-    return finish(notification, Unknown::counts, RingState::finished, {});
+    return finish(notification, RingState::finished, {});
 }
 
 bool RingKeeper::closed(const NotificationId& notification) {
-    return finish(notification, Unknown::isOther, RingState::finished, {});
+    const std::optional<RingRecord> record = shownAs(notification);
+    if (record) finish(*record, RingState::finished, {});
+    return record.has_value();
 }
 
 bool RingKeeper::snooze(const NotificationId& notification, sys_seconds ringAt) {
-    return finish(notification, Unknown::counts, RingState::snoozed, ringAt);
+    return finish(notification, RingState::snoozed, ringAt);
 }
 
 // The newest ring that is shown under a number: a service may give a number again.
@@ -283,29 +285,30 @@ bool RingKeeper::finishAll(RingState state, sys_seconds ringAt) {
     bool isAny = false;
     for (RingRecord record : records_.unfinished()) {
         if (record.state == RingState::snoozed) continue;
-        desk_->silence(record.alarm);
         if (record.notification.number != 0) desk_->close(record.notification);
-        record.notification.number = 0;
-        if (state == RingState::snoozed) record.ringAt = ringAt;
-        keepState(record, state);
+        finish(record, state, ringAt);
         isAny = true;
     }
     return isAny;
 }
 
-bool RingKeeper::finish(const NotificationId& notification, Unknown unknown, RingState state, sys_seconds ringAt) {
+bool RingKeeper::finish(const NotificationId& notification, RingState state, sys_seconds ringAt) {
     if (notification.number == 0) return finishAll(state, ringAt);
     std::optional<RingRecord> record = shownAs(notification);
-    if (!record && unknown == Unknown::counts) record = perhapsShownAs(notification);
+    if (!record) record = perhapsShownAs(notification);
     if (!record) return false;
-    desk_->silence(record->alarm);
     desk_->close(notification);
     const bool isShownTwice = record->notification.number != 0 && record->notification != notification;
     if (isShownTwice) desk_->close(record->notification);
-    record->notification.number = 0;
-    if (state == RingState::snoozed) record->ringAt = ringAt;
-    keepState(*record, state);
+    finish(*record, state, ringAt);
     return true;
+}
+
+void RingKeeper::finish(RingRecord record, RingState state, sys_seconds ringAt) {
+    desk_->silence(record.alarm);
+    record.notification.number = 0;
+    if (state == RingState::snoozed) record.ringAt = ringAt;
+    keepState(record, state);
 }
 
 void RingKeeper::keepState(RingRecord record, RingState state) {

@@ -44,7 +44,7 @@ class RingKeeper {
     /// As `stop`, but the ring comes again at a moment.
     bool snooze(const NotificationId& notification, std::chrono::sys_seconds ringAt);
 
-    /// A notification was closed.
+    /// A notification was closed: there is nothing left to take away.
     bool closed(const NotificationId& notification);
 
     /// Notes how far all is decided; to be called before the process ends.
@@ -59,8 +59,6 @@ class RingKeeper {
   private:
     using Key = std::pair<int, std::chrono::sys_seconds>;
     enum class Sound { yes, no };
-    /// Whether an answer under an unknown number is for a ring whose number this process never learned.
-    enum class Unknown { counts, isOther };
 
     void followService();
     void takeBack(const DecidedTime::Span& span, const Present& present);
@@ -78,7 +76,8 @@ class RingKeeper {
     void answered(const Key& key, const std::optional<NotificationId>& shown);
     std::optional<RingRecord> shownAs(const NotificationId& notification) const;
     std::optional<RingRecord> perhapsShownAs(const NotificationId& notification) const;
-    bool finish(const NotificationId& notification, Unknown unknown, RingState state, std::chrono::sys_seconds ringAt);
+    bool finish(const NotificationId& notification, RingState state, std::chrono::sys_seconds ringAt);
+    void finish(RingRecord record, RingState state, std::chrono::sys_seconds ringAt);
     bool finishAll(RingState state, std::chrono::sys_seconds ringAt);
     void keepState(RingRecord record, RingState state);
     void noteDecided(const Choices& choices, const Present& present, bool isUrgent);

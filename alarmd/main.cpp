@@ -121,10 +121,9 @@ int serve() {
     AlarmKeeper keeper(std::move(surroundings));
     AlarmService service(loop.get(), keeper, *notifications, services.dataFolder(), systemZoneFile,
                          [&] { return mayServe(lock, services.dataFolder(), tell); });
-    // An answer that comes over the bus counts as one that the notification gave, which is taken away.
+    // An answer that comes over the bus counts as one that the notification gave.
     const auto answered = [&notifications](const NotificationId& shown, const std::string& action) {
         if (notifications->onAction) notifications->onAction(shown, action);
-        if (shown.number != 0) notifications->close(shown);
     };
     // Not into the log: that would make a data folder again which the user deleted.
     const auto say = [](std::string_view message) { fmt::print(stderr, "quode-alarmd: {}\n", message); };

@@ -11,6 +11,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/file_kind.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -50,11 +51,12 @@ std::string reason() {
 
 AlarmJournal::AlarmJournal(const std::filesystem::path& folder, std::chrono::milliseconds patience)
     : file_(folder / fileName), locked_(LockedFile::file(file_)) {
-    if (!locked_.isOpen()) {
-        problem_ = _("The alarms cannot be changed: {} cannot be opened ({}). Give yourself write permission there.",
-                     file_.string(), reason());
-    } else if (!locked_.isRegularFile()) {
+    const std::string cause = locked_.isOpen() ? "" : reason();
+    if (locked_.isOpen() ? !locked_.isRegularFile() : isNoRegularFile(file_, Links::kept)) {
         problem_ = _("The alarms cannot be changed: {} is not a regular file. Move it away.", file_.string());
+    } else if (!locked_.isOpen()) {
+        problem_ = _("The alarms cannot be changed: {} cannot be opened ({}). Give yourself write permission there.",
+                     file_.string(), cause);
     } else {
         lock(patience);
     }

@@ -122,6 +122,14 @@ bool DatabaseFunctions::openUserDB() {
     return userDB_ != nullptr;
 }
 
+void DatabaseFunctions::requireUserDB() {
+    if (openUserDB()) return;
+    if (const auto unsafe = sqlite::unsafeFile(userDBPath_)) {
+        throw std::runtime_error(_("{} is not a regular file. Move it away.", unsafe->string()));
+    }
+    throw std::runtime_error(_("the user database cannot be opened"));
+}
+
 bool DatabaseFunctions::runOnOpenDB(const std::string& sql) {
     char* message = nullptr;
     sqlite3_exec(userDB_.get(), sql.c_str(), nullptr, nullptr, &message);
@@ -144,7 +152,7 @@ AlarmInfo DatabaseFunctions::readAlarmInfo(int code) {
 }
 
 bool DatabaseFunctions::isOn(int timeId) {
-    if (!openUserDB()) throw std::runtime_error(_("the user database cannot be opened"));
+    requireUserDB();
     const bool active = readAlarmInfo(prayerOfAlarm(timeId)).active;
     userDB_.reset();
     return active;
@@ -152,7 +160,7 @@ bool DatabaseFunctions::isOn(int timeId) {
 
 // Throws when the row cannot be read, so that neither the calendar nor the database is changed.
 DatabaseFunctions::AlarmRow DatabaseFunctions::readAlarmRow(int timeId) {
-    if (!openUserDB()) throw std::runtime_error(_("the user database cannot be opened"));
+    requireUserDB();
     const auto read = [this, timeId] {
         const sqlite::Statement row = firstRow(userDB_.get(), fmt::format(alarmRowQuery, timeId));
         if (!row) throw std::runtime_error(_("there is no alarm with TIMEID {}", timeId));

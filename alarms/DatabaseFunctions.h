@@ -125,6 +125,7 @@ class DatabaseFunctions {
     };
 
     bool openUserDB();
+    void requireUserDB();
     bool runOnOpenDB(const std::string& sql);
     AlarmInfo readAlarmInfo(int code);
     AlarmRow readAlarmRow(int timeId);

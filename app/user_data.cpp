@@ -11,7 +11,6 @@
 #include "common/numbers.h"
 #include "companion/AlarmBook.h"
 #include "companion/UserEventStore.h"
-#include "companion/user_connection.h"
 #include "data/name_folding.h"
 #include "data/user_places.h"
 #include "texts/translation.h"
@@ -64,13 +63,12 @@ void finishPending(Session& session) {
 
 // What the database holds while another program keeps it locked; nothing while that is unknown.
 std::optional<UserCity> homeBehindLock(Session& session) {
-    const std::filesystem::path file = userDatabaseFile(session.dataFolder());
-    const std::optional<std::string> before = UserConnection::committedState(file);
-    if (!before) return std::nullopt;
     try {
-        const std::optional<UserCity> home =
-            UserDatabase::openBehindLock(session.dataFolder(), session.cities(), session.deviceClock()).home();
-        return UserConnection::committedState(file) == before ? home : std::nullopt;
+        std::optional<UserCity> home;
+        const bool isKnown =
+            UserDatabase::readBehindLock(session.dataFolder(), session.cities(), session.deviceClock(),
+                                         [&](const UserDatabase& database) { home = database.home(); });
+        return isKnown ? home : std::nullopt;
     } catch (const UserDatabaseError&) {
         return std::nullopt;
     }

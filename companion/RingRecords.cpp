@@ -12,6 +12,8 @@
 #include <set>
 
 #include "companion/ring_lines.h"
+#include "platform/file_kind.h"
+#include "texts/translation.h"
 
 namespace quode {
 namespace {
@@ -173,10 +175,7 @@ void RingRecords::save() {
         for (auto& [key, entry] : entries_) entry.isWritten = false;
     }
     problem_.clear();
-    if (!reserve(file_.parent_path())) {
-        problem_ = std::strerror(errno);
-        return;
-    }
+    if (!reserve(file_.parent_path())) return noteProblem();
     if (decided_ && !isDecidedWritten_) isDecidedWritten_ = write(0, decidedLine(*decided_));
     for (auto& [key, entry] : entries_) {
         if (!entry.isWritten) entry.isWritten = write(entry.line, ringLine({entry.serial, entry.record}));
@@ -187,8 +186,18 @@ void RingRecords::save() {
 
 bool RingRecords::write(int line, const std::string& text) {
     const bool isWritten = writeLine(file_, line, text);
-    if (!isWritten) problem_ = std::strerror(errno);
+    if (!isWritten) noteProblem();
     return isWritten;
+}
+
+void RingRecords::noteProblem() {
+    const std::string cause = std::strerror(errno);
+    problem_ = isNoRegularFile(file_, Links::kept)
+                   ? _("The rings cannot be noted: {} is not a regular file. They are kept in memory. Move it away.",
+                       file_.string())
+                   : _("The rings cannot be noted in {}: {}. They are kept in memory. Make room, and give yourself the "
+                       "right to write there.",
+                       file_.parent_path().string(), cause);
 }
 
 }  // namespace quode

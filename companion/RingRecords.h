@@ -99,7 +99,7 @@ class RingRecords {
     /// Writes what could not be written so far, and everything when the file was taken away.
     void save();
 
-    /// Why the last note could not be written; empty when all are.
+    /// Why the last note could not be written, and what to do; empty when all are.
     const std::string& problem() const { return problem_; }
 
   private:
@@ -114,6 +114,7 @@ class RingRecords {
     int freeLine();
     void read();
     bool write(int line, const std::string& text);
+    void noteProblem();
 
     std::filesystem::path file_;
     std::map<Key, Entry> entries_;

@@ -72,12 +72,6 @@ std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path
     return UserDatabase(std::move(connection), cities, device);
 }
 
-UserDatabase UserDatabase::openBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
-                                          const Clock& device) {
-    return {std::make_unique<UserConnection>(userDatabaseFile(dataFolder), UserConnection::BehindLock{}), cities,
-            device};
-}
-
 UserDatabase::~UserDatabase() = default;
 UserDatabase::UserDatabase(UserDatabase&&) noexcept = default;
 

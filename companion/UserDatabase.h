@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -98,11 +99,6 @@ class UserDatabase {
     /// how long to wait for another program that keeps the file locked
     UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
                  std::chrono::milliseconds patience = std::chrono::seconds(3));
-    /// Opens the file only to read from it, although another program keeps it locked. See
-    /// `UserConnection::committedState` for whether what is read is whole. Throws `UserDatabaseError`.
-    static UserDatabase openBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities,
-                                       const Clock& device);
-
     ~UserDatabase();
     UserDatabase(UserDatabase&&) noexcept;
 
@@ -111,6 +107,12 @@ class UserDatabase {
     /// @return nothing when there is no file, or one without any table
     static std::optional<UserDatabase> openToRead(const std::filesystem::path& dataFolder, const CityDatabase& cities,
                                                   const Clock& device, std::chrono::milliseconds patience);
+
+    /// Reads from a file that another program keeps locked what it held before that program began to change anything.
+    /// Waits for nobody, creates and repairs nothing. Throws `UserDatabaseError`.
+    /// @return false when that is unknown, because a change is being written or was cut off; what was read is void then
+    static bool readBehindLock(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
+                               const std::function<void(UserDatabase&)>& reading);
 
     /// What to report to the user about opening the file: a damaged one kept aside, no city found for the zone.
     const std::vector<std::string>& notices() const { return notices_; }

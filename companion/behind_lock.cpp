@@ -6,7 +6,9 @@
 
 #include <fstream>
 
+#include "companion/UserDatabase.h"
 #include "companion/user_connection.h"
+#include "data/user_places.h"
 
 namespace quode {
 
@@ -38,6 +40,16 @@ std::optional<std::string> UserConnection::committedState(const fs::path& file) 
     std::ifstream journal(file.string() + "-journal", std::ios::binary);
     if (journal && journal.peek() != 0 && !journal.eof()) return std::nullopt;
     return fmt::format("{} {} {} {}", facts.st_ino, facts.st_size, facts.st_mtim.tv_sec, facts.st_mtim.tv_nsec);
+}
+
+bool UserDatabase::readBehindLock(const fs::path& dataFolder, const CityDatabase& cities, const Clock& device,
+                                  const std::function<void(UserDatabase&)>& reading) {
+    const fs::path file = userDatabaseFile(dataFolder);
+    const std::optional<std::string> before = UserConnection::committedState(file);
+    if (!before) return false;
+    UserDatabase database(std::make_unique<UserConnection>(file, UserConnection::BehindLock{}), cities, device);
+    reading(database);
+    return UserConnection::committedState(file) == before;
 }
 
 }  // namespace quode

@@ -12,6 +12,7 @@
 #include "companion/SiteChoices.h"
 #include "companion/UserDatabase.h"
 #include "platform/LockedFile.h"
+#include "platform/file_kind.h"
 #include "platform/private_folder.h"
 #include "texts/translation.h"
 
@@ -42,6 +43,11 @@ LockedFile lockedFolder(const fs::path& folder) {
 void createFolder(const fs::path& folder) {
     const std::error_code error = createPrivateFolders(folder);
     if (!error) return;
+    if (error == std::errc::not_a_directory) {
+        throw UserDatabaseError(Reason::unwritable, _("The folder {} cannot be created: {} is not a folder. Move it "
+                                                      "away, or set QUODE_DATA_DIR to another folder.",
+                                                      folder.string(), obstacleOn(folder).string()));
+    }
     throw UserDatabaseError(Reason::unwritable, _("The folder {} cannot be created: {}. Give yourself write "
                                                   "permission, or set QUODE_DATA_DIR to another folder.",
                                                   folder.string(), error.message()));
@@ -81,9 +87,8 @@ UserConnection::UserConnection(const fs::path& file, std::chrono::milliseconds p
 }
 
 void UserConnection::open(int flags) {
-    if (!sqlite::isSafeToOpen(file_)) {
-        throw UserDatabaseError(Reason::failed, _("{} or the file {}-journal is not a regular file. Move it away.",
-                                                  file_.string(), file_.filename().string()));
+    if (const std::optional<fs::path> unsafe = sqlite::unsafeFile(file_)) {
+        throw UserDatabaseError(Reason::failed, _("{} is not a regular file. Move it away.", unsafe->string()));
     }
     if ((flags & SQLITE_OPEN_CREATE) != 0) createPrivately(file_);
     sqlite3* opened = nullptr;

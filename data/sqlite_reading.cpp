@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "data/sqlite_reading.h"
 
-#include <sys/stat.h>
-
 #include <string_view>
+
+#include "platform/file_kind.h"
 
 namespace quode::sqlite {
 namespace {
@@ -38,12 +38,15 @@ Database openUnchanging(const std::filesystem::path& file, const std::string& fi
 }
 
 bool isSafeToOpen(const std::filesystem::path& file) {
+    return !unsafeFile(file);
+}
+
+std::optional<std::filesystem::path> unsafeFile(const std::filesystem::path& file) {
     for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-        struct stat facts {};
-        const bool isThere = ::stat((file.string() + suffix).c_str(), &facts) == 0;
-        if (isThere && !S_ISREG(facts.st_mode)) return false;
+        std::filesystem::path each = file.string() + suffix;
+        if (isNoRegularFile(each)) return each;
     }
-    return true;
+    return std::nullopt;
 }
 
 Statement prepare(sqlite3* database, const std::string& sql) {

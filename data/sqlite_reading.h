@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace quode::sqlite {
@@ -29,6 +30,9 @@ Database openUnchanging(const std::filesystem::path& file, const std::string& fi
 /// True when a database and the helper files of SQLite, as far as they exist, are regular files. SQLite would wait forever
 /// for a pipe in their place.
 bool isSafeToOpen(const std::filesystem::path& file);
+
+/// The first of these files that is there and no regular file; nothing when all are safe.
+std::optional<std::filesystem::path> unsafeFile(const std::filesystem::path& file);
 
 /// Prepares a query; null when that fails.
 Statement prepare(sqlite3* database, const std::string& sql);

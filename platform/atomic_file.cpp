@@ -11,6 +11,7 @@
 #include <ctime>
 #include <system_error>
 
+#include "platform/file_kind.h"
 #include "platform/private_folder.h"
 #include "texts/translation.h"
 
@@ -20,7 +21,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string adviceFor(int error) {
+std::string adviceFor(const fs::path& path, int error) {
     switch (error) {
         case ENOSPC:
             return _("Free some space on the disk.");
@@ -35,9 +36,12 @@ std::string adviceFor(int error) {
             return _("Check the disk.");
         case EFBIG:
             return _("It is larger than any calendar; move it away.");
-        case EISDIR:
         case ENOTDIR:
+            return _("{} is not a folder. Move it away.", obstacleOn(path).string());
+        case EISDIR:
             return _("Move away what is in its place.");
+        case ENXIO:
+            return _("Start the program that reads from it, or name another file.");
         case EMFILE:
         case ENFILE:
             return _("Close some programs.");
@@ -49,7 +53,11 @@ std::string adviceFor(int error) {
 /// @param what  a translated text, before the path
 FileOutcome failure(std::string_view what, const fs::path& path, int error) {
     return {false, fmt::format("{} {}: {}. {}", what, isolated(path.string()),
-                               isolated(std::system_category().message(error)), adviceFor(error))};
+                               isolated(std::system_category().message(error)), adviceFor(path, error))};
+}
+
+FileOutcome noRegularFile(const fs::path& path) {
+    return {false, _("{} is not a regular file. Move it away.", path.string())};
 }
 
 /// A file descriptor that closes itself.
@@ -189,14 +197,16 @@ fs::path withLinksFollowed(const fs::path& path) {
 FileContent readWholeFile(const fs::path& path, std::size_t limit) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // a pipe would wait for its writer
     if (file < 0) {
-        if (errno == ENOENT) return {};
-        return {failure(_("Cannot read"), path, errno), std::nullopt};
+        const int cause = errno;
+        if (cause == ENOENT) return {};
+        if (isNoRegularFile(path)) return {noRegularFile(path), std::nullopt};  // a socket cannot even be opened
+        return {failure(_("Cannot read"), path, cause), std::nullopt};
     }
     FileCalls calls;
     const OpenFile closeAtEnd(calls, file);
     struct stat facts {};
     if (::fstat(file, &facts) != 0) return {failure(_("Cannot read"), path, errno), std::nullopt};
-    if (!S_ISREG(facts.st_mode)) return {failure(_("This is not a file:"), path, EISDIR), std::nullopt};
+    if (!S_ISREG(facts.st_mode)) return {noRegularFile(path), std::nullopt};
     if (static_cast<std::size_t>(facts.st_size) > limit) return {failure(_("Cannot read"), path, EFBIG), std::nullopt};
 
     std::string bytes(static_cast<std::size_t>(facts.st_size), '\0');
@@ -223,7 +233,9 @@ FileOutcome replaceFile(FileCalls& calls, const fs::path& path, std::string_view
         calls.unlink(temporary);
         return failure(_("Cannot save"), path, error);
     };
-    if (calls.unlink(temporary) < 0 && errno != ENOENT) return failure(_("Cannot save"), path, errno);
+    if (calls.unlink(temporary) < 0 && errno != ENOENT) {
+        return failure(_("Cannot save"), errno == EISDIR ? temporary : path, errno);
+    }
     if (!writeTemporary(calls, temporary, content, hasOld ? &facts : nullptr)) return giveUp(errno);
     const bool keeps = hasOld && keepOldAs;  // then nothing can be lost, and its stamp changes
     const bool isOutdated = keeps && readAs && !isStill(target, *readAs);
@@ -275,12 +287,13 @@ FileOutcome makeFolder(const fs::path& folder) {
 }
 
 FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds patience) : file_(LockedFile::file(lockFile)) {
-    if (!file_.isOpen()) {
-        outcome_ = failure(_("Cannot write beside"), lockFile, errno);
+    const int cause = errno;
+    if (file_.isOpen() ? !file_.isRegularFile() : isNoRegularFile(lockFile, Links::kept)) {
+        outcome_ = noRegularFile(lockFile);
         return;
     }
-    if (!file_.isRegularFile()) {
-        outcome_ = {false, _("{} is not a regular file. Move it away.", lockFile.string())};
+    if (!file_.isOpen()) {
+        outcome_ = failure(_("Cannot write beside"), lockFile, cause);
         return;
     }
     switch (file_.lock(patience)) {

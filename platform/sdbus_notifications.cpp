@@ -21,6 +21,7 @@ constexpr std::uint64_t busPatienceUs = 2'000'000;       // for the bus itself
 constexpr std::uint64_t answerPatienceUs = 900'000'000;  // for a notification; the program does not wait for it
 constexpr unsigned char normal = 1, critical = 2;        // urgencies, which have to be bytes
 constexpr int untilClosed = 0;
+constexpr std::size_t mostEarly = 64;
 
 int appendActions(sd_bus_message* call, const std::vector<NotificationAction>& actions) {
     int result = sd_bus_message_open_container(call, 'a', "s");
@@ -75,6 +76,12 @@ class SdBusNotifications : public NotificationService {
         Slot slot;
     };
 
+    /// What the user has done with a notification.
+    struct UserAnswer {
+        NotificationId notification;
+        std::optional<std::string> action;  ///< nothing: he, or the service, has closed it
+    };
+
     // True when there is a connection; makes a new one if necessary.
     bool connect() {
         if (bus_ && sd_bus_is_open(bus_.get()) > 0) return true;
@@ -96,6 +103,7 @@ class SdBusNotifications : public NotificationService {
     void loseConnection() {
         bus_.reset();
         owner_.clear();
+        early_.clear();
         for (const auto& request : std::exchange(pending_, {})) request->answered(std::nullopt);
     }
 
@@ -149,7 +157,27 @@ class SdBusNotifications : public NotificationService {
         const bool isShown =
             !sd_bus_message_is_method_error(reply, nullptr) && sd_bus_message_read(reply, "u", &number) >= 0;
         request->answered(isShown ? std::optional(self->idOf(reply, number)) : std::nullopt);
+        if (isShown) self->repeatEarly(self->idOf(reply, number));
+        if (self->pending_.empty()) self->early_.clear();
         return 0;
+    }
+
+    void receive(const UserAnswer& answer) {
+        if (!pending_.empty() && early_.size() < mostEarly) early_.push_back(answer);
+        tell(answer);
+    }
+
+    // The number of the notification was not known before.
+    void repeatEarly(const NotificationId& shown) {
+        const std::vector<UserAnswer> all = early_;
+        for (const UserAnswer& answer : all) {
+            if (answer.notification == shown) tell(answer);
+        }
+    }
+
+    void tell(const UserAnswer& answer) const {
+        if (answer.action && onAction) onAction(answer.notification, *answer.action);
+        if (!answer.action && onClosed) onClosed(answer.notification);
     }
 
     NotificationId idOf(sd_bus_message* message, std::uint32_t number) const {
@@ -159,18 +187,18 @@ class SdBusNotifications : public NotificationService {
     static int actionInvoked(sd_bus_message* signal, void* self, sd_bus_error*) {
         std::uint32_t number = 0;
         const char* key = nullptr;
-        const auto* const notifications = static_cast<SdBusNotifications*>(self);
-        if (sd_bus_message_read(signal, "us", &number, &key) >= 0 && notifications->onAction) {
-            notifications->onAction(notifications->idOf(signal, number), key);
+        auto* const notifications = static_cast<SdBusNotifications*>(self);
+        if (sd_bus_message_read(signal, "us", &number, &key) >= 0) {
+            notifications->receive({notifications->idOf(signal, number), key});
         }
         return 0;
     }
 
     static int notificationClosed(sd_bus_message* signal, void* self, sd_bus_error*) {
         std::uint32_t number = 0;
-        const auto* const notifications = static_cast<SdBusNotifications*>(self);
-        if (sd_bus_message_read(signal, "u", &number) >= 0 && notifications->onClosed) {
-            notifications->onClosed(notifications->idOf(signal, number));
+        auto* const notifications = static_cast<SdBusNotifications*>(self);
+        if (sd_bus_message_read(signal, "u", &number) >= 0) {
+            notifications->receive({notifications->idOf(signal, number), std::nullopt});
         }
         return 0;
     }
@@ -187,6 +215,7 @@ class SdBusNotifications : public NotificationService {
     Bus bus_;
     std::string owner_;  // the unique name of the service; empty without one
     std::vector<std::unique_ptr<Request>> pending_;
+    std::vector<UserAnswer> early_;  // since there are pending requests: a slow service may show first and answer later
 };
 
 }  // namespace

@@ -34,8 +34,10 @@ FolderListing eventFiles(const fs::path& folder) {
         if (isEventFile(entry->path())) listing.files.push_back(entry->path());
     }
     if (error && error != std::errc::no_such_file_or_directory) {
-        listing.status = {false,
-                          _("Cannot read the folder {}: {}. Check its permissions.", folder.string(), error.message())};
+        listing.status = {
+            false, error == std::errc::not_a_directory
+                       ? _("{} is not a folder. Move it away.", folder.string())
+                       : _("Cannot read the folder {}: {}. Check its permissions.", folder.string(), error.message())};
     }
     std::ranges::sort(listing.files);
     return listing;

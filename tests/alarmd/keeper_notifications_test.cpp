@@ -61,6 +61,32 @@ TEST_F(KeeperNotificationsTest, TakesAnAnswerOfASlowServiceForTheRingItBelongsTo
     EXPECT_EQ(desk.silenced, std::vector<int>{202});
 }
 
+TEST_F(KeeperNotificationsTest, ClosesOnceWhatTheUserAnswers) {
+    const auto closedBy = [this](const std::function<void(const NotificationId&)>& answer) {
+        clock->present = plannedRing(202);
+        keeper->wake();
+        const NotificationId shown = shownAs(desk.lastNumber);
+        answer(shown);
+        keeper->closed(shown);  // the service says that it is
+        keeper->stop(shown);
+        clock->present += hours(1);
+        keeper->wake();
+        return std::exchange(desk.closed, {}) == std::vector<std::uint32_t>{shown.number};
+    };
+    EXPECT_TRUE(closedBy([this](const NotificationId& shown) { keeper->stop(shown); }));
+    EXPECT_TRUE(closedBy([this](const NotificationId& shown) { keeper->snooze(shown); }));
+    EXPECT_TRUE(closedBy([this](const NotificationId& shown) { keeper->stop({shown.run, 0}); }));
+    EXPECT_TRUE(closedBy([this](const NotificationId& shown) { keeper->mute(shown); }));
+}
+
+TEST_F(KeeperNotificationsTest, ClosesNothingThatIsClosed) {
+    clock->present = plannedRing(202);
+    keeper->wake();
+    keeper->closed(shownAs(1));
+    EXPECT_EQ(desk.silenced, std::vector<int>{202});
+    EXPECT_THAT(desk.closed, IsEmpty());
+}
+
 TEST_F(KeeperNotificationsTest, DoesNotRepeatARingThatWasAskedForBeforeAKill) {
     switchOn(202);
     keeper->wake();

@@ -10,12 +10,16 @@
 #include <iterator>
 #include <memory>
 
+#include "support/odd_files.h"
 #include "support/temporary_folder.h"
 
 namespace quode {
 namespace {
 
 using std::chrono::milliseconds;
+using test::OddFile;
+using test::oddFiles;
+using test::placeOddFile;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -81,12 +85,15 @@ TEST_F(AlarmJournalTest, IsForTheUserAlone) {
     EXPECT_EQ(facts.st_mode & 0777U, 0600U);
 }
 
-TEST_F(AlarmJournalTest, RefusesAPipeInItsPlaceAtOnce) {
-    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
-    const auto journal = open();
-    EXPECT_FALSE(journal->isHeld());
-    EXPECT_THAT(journal->problem(), HasSubstr("is not a regular file. Move it away."));
-    EXPECT_FALSE(AlarmJournal::isPending(folder.path()));
+TEST_F(AlarmJournalTest, RefusesAtOnceWhatIsNoRegularFile) {
+    for (const OddFile kind : oddFiles) {
+        if (!placeOddFile(kind, file)) continue;
+        const auto journal = open();
+        EXPECT_FALSE(journal->isHeld());
+        EXPECT_THAT(journal->problem(), HasSubstr(file.string() + " is not a regular file. Move it away."));
+        EXPECT_FALSE(AlarmJournal::isPending(folder.path()));
+        std::filesystem::remove(file);
+    }
 }
 
 }  // namespace

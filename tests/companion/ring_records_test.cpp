@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "companion/ring_lines.h"
+#include "support/odd_files.h"
 #include "support/temporary_folder.h"
 #include "support/zoned_clock.h"
 
@@ -144,11 +145,30 @@ TEST_F(RingRecordsTest, NeedNoRoomOnceTheFileIsThere) {
     setrlimit(RLIMIT_FSIZE, &free);
 }
 
-TEST_F(RingRecordsTest, RefuseAPipeInThePlaceOfTheFile) {
-    ASSERT_EQ(mkfifo(file().c_str(), 0600), 0);
+TEST_F(RingRecordsTest, SayWhatIsInThePlaceOfTheFile) {
+    const RingRecord ring = record(203, "2026-10-17 13:05", RingState::shown);
+    for (const OddFile kind : oddFiles) {
+        if (!placeOddFile(kind, file())) continue;
+        RingRecords records = open();
+        records.keep(ring);
+        EXPECT_EQ(records.problem(), "The rings cannot be noted: " + file().string() +
+                                         " is not a regular file. They are kept in memory. Move it away.");
+        std::filesystem::remove(file());
+        records.save();
+        EXPECT_EQ(records.problem(), "") << "the advice helps";
+        EXPECT_EQ(open().find(203, ring.alarm.due), ring);
+        std::filesystem::remove(file());
+    }
+    std::filesystem::create_symlink("nowhere", file());
     RingRecords records = open();
+    records.keep(ring);
+    EXPECT_THAT(records.problem(), testing::HasSubstr("is not a regular file"));
+}
+
+TEST_F(RingRecordsTest, SayWhyTheFileCannotBeWritten) {
+    RingRecords records{folder.path() / "nowhere"};
     records.keep(record(203, "2026-10-17 13:05", RingState::shown));
-    EXPECT_NE(records.problem(), "");
+    EXPECT_THAT(records.problem(), testing::HasSubstr("nowhere: No such file or directory."));
 }
 
 TEST_F(RingRecordsTest, HoldALongNameWithoutBreakingACharacter) {

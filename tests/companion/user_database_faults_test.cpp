@@ -15,6 +15,7 @@
 #include "fixture.h"
 #include "support/faulty_disk.h"
 #include "support/file_content.h"
+#include "support/odd_files.h"
 
 namespace quode::test {
 namespace {
@@ -164,17 +165,25 @@ TEST_F(UserDatabaseFaults, AFolderThatMayNotBeWrittenIsReported) {
     EXPECT_EQ(contentOf(file()), before);
 }
 
-TEST_F(UserDatabaseFaults, APipeInThePlaceOfAFileIsReportedAtOnce) {
-    for (const char* suffix : {"-journal", ""}) {
-        std::filesystem::remove_all(folder.path());
-        std::filesystem::create_directory(folder.path());
-        ASSERT_EQ(::mkfifo((file().string() + suffix).c_str(), 0600), 0);
-        try {
-            open();
-            ADD_FAILURE() << "a pipe was opened";
-        } catch (const UserDatabaseError& error) {
-            EXPECT_THAT(error.what(), testing::HasSubstr("is not a regular file. Move it away."));
+TEST_F(UserDatabaseFaults, WhatIsInThePlaceOfAFileIsReportedAtOnce) {
+    for (const char* suffix : {"-journal", "-wal", "-shm", ""}) {
+        for (const OddFile kind : oddFiles) {
+            const std::filesystem::path odd = file().string() + suffix;
+            if (!placeOddFile(kind, odd)) continue;
+            EXPECT_EQ(failureOf([&] { open(); }),
+                      std::pair(Reason::failed, odd.string() + " is not a regular file. Move it away."));
+            std::filesystem::remove(odd);
         }
+    }
+}
+
+TEST_F(UserDatabaseFaults, WhatIsInThePlaceOfTheFolderIsNamed) {
+    const std::filesystem::path odd = folder.path() / "share";
+    for (const OddFile kind : {OddFile::pipe, OddFile::socket}) {
+        ASSERT_TRUE(placeOddFile(kind, odd));
+        const auto [reason, message] = failureOf([&] { UserDatabase(odd / "Quode", cities, clock); });
+        EXPECT_THAT(message, HasSubstr(odd.string() + " is not a folder. Move it away"));
+        std::filesystem::remove(odd);
     }
 }
 
@@ -325,6 +334,45 @@ TEST_F(UserDatabaseFaults, ALockOfAnotherProgramIsReported) {
     ASSERT_EQ(sqlite3_exec(opened, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
     database.chooseHome(cityNamed("Ankara"));
     EXPECT_EQ(listOf(database), "Istanbul Ankara*");
+}
+
+TEST_F(UserDatabaseFaults, AFileThatAnotherProgramLocksIsReadAsItWasBefore) {
+    prepare();
+    const auto listBehindLock = [&](const std::function<void()>& meanwhile) -> std::optional<std::string> {
+        std::string list;
+        const bool isKnown = UserDatabase::readBehindLock(folder.path(), cities, clock, [&](UserDatabase& database) {
+            list = listOf(database);
+            meanwhile();
+        });
+        return isKnown ? std::optional(list) : std::nullopt;
+    };
+    sqlite3* opened = nullptr;
+    ASSERT_EQ(sqlite3_open(file().c_str(), &opened), SQLITE_OK);
+    const sqlite::Database other(opened);
+    const auto run = [&](const char* sql) {
+        ASSERT_EQ(sqlite3_exec(opened, sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    };
+    const auto nothing = [] {};
+
+    run("BEGIN EXCLUSIVE");
+    EXPECT_EQ(listBehindLock(nothing), "Istanbul* Ankara");
+    run("UPDATE USER_ALARMS SET MELODYNAME = 'gong'");
+    EXPECT_EQ(listBehindLock(nothing), "Istanbul* Ankara") << "the change is still in the other program's memory";
+    EXPECT_EQ(listBehindLock([&] { run("COMMIT"); }), std::nullopt) << "what was read may be half of the change";
+    EXPECT_EQ(listBehindLock(nothing), "Istanbul* Ankara");
+}
+
+TEST_F(UserDatabaseFaults, AFileInTheMiddleOfAChangeIsNotReadBehindALock) {
+    prepare();
+    const auto isKnown = [&] {
+        return UserDatabase::readBehindLock(folder.path(), cities, clock, [](UserDatabase&) {});
+    };
+    write(file().string() + "-journal", std::string(1, '\xD9'));  // with this byte the journal is in force
+    EXPECT_FALSE(isKnown());
+    write(file().string() + "-journal", std::string(1, '\0'));
+    EXPECT_TRUE(isKnown());
+    std::filesystem::remove(file());
+    EXPECT_FALSE(isKnown());
 }
 
 /// Opens the file in several processes at once. Returned: what each of them found, or why it could not.

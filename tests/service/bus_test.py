@@ -449,6 +449,10 @@ class Rings(ServiceTest):
         self.assertEqual(rings[0][0], key)
         self.assertEqual(signals.wait(NAME + ".Alarms.Stopped")[0][0], key)
         self.assertEqual(self.bus.call(NAME + ".Alarms.Ringing")[0], [])
+        time.sleep(0.5)
+        self.mock.terminate()
+        calls = [json.loads(line)["call"] for line in self.mock.stdout]
+        self.assertEqual(calls, ["Notify", "CloseNotification"])
 
     def test_a_ring_can_be_snoozed(self):
         self.start("quode-alarmd")

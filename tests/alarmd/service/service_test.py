@@ -211,6 +211,7 @@ class ServiceTest(unittest.TestCase):
         self.expect_ring(due)
         self.answer("closed 1")
         self.assertTrue(self.wait_for(lambda: self.states() == [3]))
+        self.expect_silence(0.5)
 
     def test_answers_to_a_slow_notification_service_count(self):
         self.start_mock("slow")
@@ -223,6 +224,23 @@ class ServiceTest(unittest.TestCase):
         self.assertEqual(self.shown.next(2), {"call": "CloseNotification", "number": 1})
         self.assertTrue(self.wait_for(lambda: self.states() == [2]))
         self.expect_silence()
+
+    def expect_an_early_answer_to_count(self, key, state):
+        self.start_mock("slow")
+        due = self.set_alarm()
+        self.start()
+        self.expect_ring(due)
+        self.assertTrue(self.wait_for(lambda: self.states() == [5]))
+        self.answer(f"action 1 {key}")
+        self.assertEqual(self.shown.next(8), {"call": "CloseNotification", "number": 1})
+        self.assertTrue(self.wait_for(lambda: self.states() == [state]))
+        self.expect_silence()
+
+    def test_a_stop_before_the_answer_of_a_slow_notification_service_counts(self):
+        self.expect_an_early_answer_to_count("stop", 3)
+
+    def test_a_snooze_before_the_answer_of_a_slow_notification_service_counts(self):
+        self.expect_an_early_answer_to_count("snooze", 2)
 
     def test_a_ring_that_nobody_saw_is_shown_when_a_service_appears(self):
         due = self.set_alarm()

@@ -8,6 +8,7 @@
 #include "calendar_test_support.h"
 #include "platform/ical_event_store.h"
 #include "platform/vdir_event_store.h"
+#include "support/odd_files.h"
 
 namespace quode::test {
 namespace {
@@ -20,22 +21,46 @@ unsigned modeOf(const std::filesystem::path& path) {
     return facts.st_mode & 0777U;
 }
 
-TEST(GuardedCalendar, IsNotWaitedForWhenItIsAPipe) {
+class CalendarInWhosePlaceIs : public testing::TestWithParam<OddFile> {};
+
+TEST_P(CalendarInWhosePlaceIs, IsNotWaitedForAndCalledWhatItIs) {
     const TemporaryFolder folder;
-    ASSERT_EQ(::mkfifo((folder.path() / "Quode.ics").c_str(), 0600), 0);
+    const std::filesystem::path file = folder.path() / "Quode.ics";
+    if (!placeOddFile(GetParam(), file)) GTEST_SKIP() << "this user may not make it";
     IcalEventStore store(folder.path(), quickSurroundings());
-    EXPECT_FALSE(store.findEvent("a").status.ok);
-    const SavedEvent saved = store.saveEvent(alarmOnDay(1));
-    EXPECT_FALSE(saved.status.ok);
-    EXPECT_THAT(saved.status.message, HasSubstr("This is not a file"));
+    EXPECT_EQ(store.findEvent("a").status.message, file.string() + " is not a regular file. Move it away.");
+    EXPECT_EQ(store.saveEvent(alarmOnDay(1)).status.message, file.string() + " is not a regular file. Move it away.");
+    std::filesystem::remove(file);
+    EXPECT_TRUE(store.saveEvent(alarmOnDay(1)).status.ok) << "the advice helps";
 }
 
-TEST(GuardedCalendar, IsNotWaitedForWhenItsLockIsAPipe) {
+TEST_P(CalendarInWhosePlaceIs, HasALockThatIsNotWaitedForEither) {
     const TemporaryFolder folder;
-    ASSERT_EQ(::mkfifo((folder.path() / ".Quode.ics.lock").c_str(), 0600), 0);
+    const std::filesystem::path lock = folder.path() / ".Quode.ics.lock";
+    if (!placeOddFile(GetParam(), lock)) GTEST_SKIP() << "this user may not make it";
+    const SavedEvent saved = IcalEventStore(folder.path(), quickSurroundings()).saveEvent(alarmOnDay(1));
+    EXPECT_EQ(saved.status.message, lock.string() + " is not a regular file. Move it away.");
+}
+
+TEST_P(CalendarInWhosePlaceIs, IsAFolderOfFiles) {
+    const TemporaryFolder folder;
+    const std::filesystem::path calendar = folder.path() / "calendar";
+    if (GetParam() == OddFile::folder || !placeOddFile(GetParam(), calendar)) GTEST_SKIP() << "a folder is right here";
+    VdirEventStore store(calendar, quickSurroundings());
+    const std::string advice = calendar.string() + " is not a folder. Move it away.";
+    EXPECT_THAT(store.ownEvents().status.message, HasSubstr(advice));
+    EXPECT_THAT(store.findEvent("a").status.message, HasSubstr(advice));
+    EXPECT_THAT(store.saveEvent(alarmOnDay(1)).status.message, HasSubstr(advice));
+}
+
+INSTANTIATE_TEST_SUITE_P(OddFiles, CalendarInWhosePlaceIs, testing::ValuesIn(oddFiles));
+
+TEST(GuardedCalendar, NamesAFolderInThePlaceOfItsTemporaryFile) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder.path() / ".Quode.ics.tmp/x");
     const SavedEvent saved = IcalEventStore(folder.path(), quickSurroundings()).saveEvent(alarmOnDay(1));
     EXPECT_FALSE(saved.status.ok);
-    EXPECT_THAT(saved.status.message, HasSubstr("is not a regular file. Move it away."));
+    EXPECT_THAT(saved.status.message, HasSubstr(".Quode.ics.tmp"));
 }
 
 TEST(GuardedCalendar, IsRefusedWhenItIsLargerThanAnyCalendar) {
