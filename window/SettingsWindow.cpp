@@ -20,6 +20,7 @@
 #include "desktop/WindowStyle.h"
 #include "desktop/help.h"
 #include "desktop/icon.h"
+#include "desktop/window_role.h"
 #include "texts/translation.h"
 #include "window/AboutPage.h"
 #include "window/AlarmsPage.h"
@@ -75,6 +76,7 @@ QScrollArea* scrolling(QWidget* page) {
 }  // namespace
 
 SettingsWindow::SettingsWindow(Context& context) : context_(context), list_(new QListWidget(this)) {
+    announceAsWindow<SettingsWindow>();
     setWindowTitle(_("Quode settings"));
     setAccessibleName(_("Quode settings"));
     setWindowIcon(quodeIcon());

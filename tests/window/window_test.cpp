@@ -39,6 +39,11 @@ TEST_F(Window, NamesAllControls) {
     }
 }
 
+TEST_F(Window, HasTheRoleOfAWindow) {
+    open("cities");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(shown.get())->role(), QAccessible::Window);
+}
+
 // The desktop may tell what it prefers before the window is shown, and at any time after it.
 TEST_F(Window, BecomesDarkAndLightAsAWhole) {
     shown = std::make_unique<window::SettingsWindow>(context);
