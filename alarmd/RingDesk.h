@@ -19,6 +19,7 @@ struct Ring {
     std::string sound;             ///< its name, see "companion/sounds.h"
     std::chrono::minutes late{0};  ///< how much later than meant it rings
     RingManner manner = {};
+    bool isAdjusted = false;  ///< the prayer's time has minutes of the user's own
 };
 
 /// Where alarms ring.

@@ -23,6 +23,14 @@ bool rangWithin(const RingRecord& record, const Present& present, seconds time) 
     return areComparable(record.rangAt, present.uptime) && present.uptime.time - record.rangAt.time < time;
 }
 
+// Whether the time that is shown with a ring has minutes of the user's own.
+bool isAdjusted(const Choices& choices, const RingRecord& record) {
+    const bool isOfHome = choices.home && choices.home->city && choices.home->city->name == record.city;
+    if (!isOfHome) return false;
+    const CityDay day = computeCityDay(siteOf(*choices.home->city), record.alarm.date);
+    return day.method.mark(record.alarm.code).adjusted != 0;
+}
+
 }  // namespace
 
 RingKeeper::RingKeeper(const std::filesystem::path& dataFolder, RingDesk& desk,
@@ -179,8 +187,12 @@ void RingKeeper::decide(const Choices& choices, RingRecord record, const Present
 void RingKeeper::ring(const Choices& choices, RingRecord record, const Present& present, Sound sound) {
     const Key key{record.alarm.code, record.alarm.due};
     const UserAlarm* const alarm = choices.alarm(record.alarm.code);
-    const Ring ring{record.alarm, record.city, alarm->sound.empty() ? choices.settings.defaultSound : alarm->sound,
-                    floor<minutes>(present.clock - record.ringAt), choices.settings.manner};
+    const Ring ring{record.alarm,
+                    record.city,
+                    alarm->sound.empty() ? choices.settings.defaultSound : alarm->sound,
+                    floor<minutes>(present.clock - record.ringAt),
+                    choices.settings.manner,
+                    isAdjusted(choices, record)};
     const std::string run = desk_->run();
     const bool isSameRun = !run.empty() && record.notification.run == run;
     record.isRepeated = isSameRun && (record.isRepeated || record.state == RingState::begun);

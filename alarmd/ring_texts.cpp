@@ -13,6 +13,7 @@ Notification notificationOf(const Ring& ring, const GlobalFuncs& services) {
     Notification notification;
     notification.title = prayerLabel(services, ring.alarm.code);
     notification.body = isolated(ring.city) + ", " + isolated(services.timeLeadingZero(ring.alarm.hours));
+    if (ring.isAdjusted) notification.body += std::string(" (") + _("adjusted by you") + ")";
     const auto offset = std::chrono::duration_cast<std::chrono::minutes>(ring.alarm.due - ring.alarm.prayer);
     if (offset.count() != 0) {
         notification.body += '\n';

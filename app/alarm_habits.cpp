@@ -154,6 +154,25 @@ std::string leftText(Session& session, sys_seconds instant) {
     return _("in {}", durationText(instant - session.now()));
 }
 
+std::string nextRingText(Session& session, const UserAlarms& all) {
+    if (!all.anyIsOn()) return _("No alarm is on.");
+    std::optional<AlarmOccurrence> next;
+    for (const UserAlarm& alarm : all.alarms) {
+        if (!alarm.isOn || !all.city) continue;
+        const auto ring = nextRing(*all.city, alarm, session.now(), true);
+        if (ring && (!next || ring->due < next->due)) next = ring;
+    }
+    if (!next) return _("No alarm rings soon.");
+    return _("{} rings next: {}, {}", session.prayerName(next->code), ringMoment(session, *all.city, next->due),
+             leftText(session, next->due));
+}
+
+std::string muteText(Session& session, const UserAlarms& all) {
+    const sys_seconds until = all.alarms.empty() ? sys_seconds{} : all.alarms.front().mutedUntil;
+    if (until <= session.now() || !all.city) return "";
+    return _("All alarms are muted until {}.", ringMoment(session, *all.city, until));
+}
+
 std::vector<std::string> habitTexts(Session& session, const UserAlarms& all, const UserAlarm& alarm) {
     std::vector<std::string> texts;
     const auto until = [&](sys_seconds moment) {
@@ -161,9 +180,8 @@ std::vector<std::string> habitTexts(Session& session, const UserAlarms& all, con
     };
     if (alarm.days != everyDay) texts.push_back(daysText(session, alarm.days));
     if (alarm.reminder) texts.push_back(_("also {}", offsetText(*alarm.reminder)));
-    if (alarm.mutedUntil > session.now()) {
-        texts.push_back(_("muted until {}", until(alarm.mutedUntil)));
-    } else if (alarm.skippedUntil > session.now()) {
+    if (alarm.mutedUntil > session.now()) texts.push_back(_("muted until {}", until(alarm.mutedUntil)));
+    if (alarm.skippedUntil > std::max(session.now(), alarm.mutedUntil)) {
         texts.push_back(_("skipped until {}", until(alarm.skippedUntil)));
     }
     return texts;

@@ -56,6 +56,12 @@ std::string daysText(Session& session, unsigned days);
 /// "05:28", with the day of the week where that is not today.
 std::string ringMoment(Session& session, const CityRecord& city, std::chrono::sys_seconds instant);
 
+/// "Fajr rings next: Mon 05:17, in 16 h 57 min", of the alarms that are on; that none is, or rings soon.
+std::string nextRingText(Session& session, const UserAlarms& all);
+
+/// "All alarms are muted until 20:19."; empty when they are not.
+std::string muteText(Session& session, const UserAlarms& all);
+
 /// "in 2 h 13 min".
 std::string leftText(Session& session, std::chrono::sys_seconds instant);
 

@@ -37,9 +37,14 @@ const std::string& countryOf(Session& session, const ChosenPlace& place) {
 
 }  // namespace
 
+std::string adjustmentMark(const CityDay& day, int code) {
+    const bool isAdjusted = timeOfPrayer(day, code) && day.method.mark(code).adjusted != 0;
+    return isAdjusted ? std::string(_("adjusted by you")) : "";
+}
+
 std::string shortMark(const CityDay& day, int code) {
     if (!timeOfPrayer(day, code)) return "";
-    if (day.method.mark(code).adjusted != 0) return _("adjusted by you");
+    if (const std::string mark = adjustmentMark(day, code); !mark.empty()) return mark;
     if (isFallback(day, code)) return _("by a fallback rule");
     const bool isOutOfOrder = day.method.mark(code).caution == conventions::Caution::outOfOrder;
     return isOutOfOrder ? std::string(_("out of order")) : "";

@@ -16,6 +16,9 @@ namespace quode::app {
 
 class Session;
 
+/// "adjusted by you" where a time has minutes of the user's own; else empty.
+std::string adjustmentMark(const CityDay& day, int code);
+
 /// Why a time is not plainly that of the method, in a few words for a line with one prayer: "adjusted by you",
 /// "by a fallback rule", "out of order". Empty when it is.
 std::string shortMark(const CityDay& day, int code);

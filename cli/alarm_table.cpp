@@ -9,6 +9,7 @@
 #include "app/day_view.h"
 #include "app/place.h"
 #include "app/ringer.h"
+#include "app/time_notes.h"
 #include "app/user_data.h"
 #include "cli/page_parts.h"
 #include "common/calendar.h"
@@ -52,14 +53,17 @@ std::vector<std::string> rowOf(Session& session, const UserAlarms& all, const Us
                                  clockText(session, comes ? std::optional(prayer->hours) : std::nullopt),
                                  comes ? dayText(session, *all.city, prayer->date) : "",
                                  std::string(alarm.isOn ? _c("alarm", "on") : _c("alarm", "off"))};
+    const std::string mark = comes ? adjustmentMark(*all.city, *prayer) : "";
     const bool isSetUp = alarm.isOn || !alarm.sound.empty();
-    if (!isSetUp) return row;
-    row.push_back(nextRingText(session, all, alarm));
-    row.push_back(offsetText(alarm.offset));
-    row.push_back(soundText(all, alarm));
-    std::string habits;
-    for (const std::string& each : habitTexts(session, all, alarm)) habits += (habits.empty() ? "" : "; ") + each;
-    row.push_back(habits);
+    if (!isSetUp && mark.empty()) return row;
+    row.push_back(isSetUp ? nextRingText(session, all, alarm) : "");
+    row.push_back(isSetUp ? offsetText(alarm.offset) : "");
+    row.push_back(isSetUp ? soundText(all, alarm) : "");
+    std::string remarks = mark;
+    if (isSetUp) {
+        for (const std::string& each : habitTexts(session, all, alarm)) remarks += (remarks.empty() ? "" : "; ") + each;
+    }
+    row.push_back(remarks);
     return row;
 }
 
@@ -109,6 +113,10 @@ Json alarmsJson(Session& session, const UserAlarms& all) {
 }
 
 }  // namespace
+
+std::string adjustmentMark(const CityRecord& city, const AlarmOccurrence& ring) {
+    return app::adjustmentMark(computeCityDay(siteOf(city), ring.date), ring.code);
+}
 
 void printAlarmCity(Console& console, const UserAlarms& all) {
     console.print(console.style().strong(all.city->name) + "  " + regionAndCountry(console.session(), *all.city));

@@ -8,6 +8,9 @@
 
 namespace quode::cli {
 
+/// "adjusted by you" where the time of the prayer of a ring has minutes of the user's own; else empty.
+std::string adjustmentMark(const CityRecord& city, const AlarmOccurrence& ring);
+
 /// Prints the city whose times ring, and a blank line.
 void printAlarmCity(terminal::Console& console, const app::UserAlarms& all);
 

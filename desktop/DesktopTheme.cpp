@@ -26,6 +26,7 @@ constexpr int prefersDark = 1, prefersLight = 2;
 DesktopTheme::DesktopTheme() : hasDarkPalette_(isDarkPalette(QGuiApplication::palette())) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
+    qRegisterMetaType<QDBusVariant>();  // else the bus does not know the type of the slot, and calls it never
     bus.connect(portal, portalPath, settings, "SettingChanged", this,
                 SLOT(onPortalSetting(QString, QString, QDBusVariant)));
     QDBusMessage read = QDBusMessage::createMethodCall(portal, portalPath, settings, "Read");

@@ -74,7 +74,7 @@ void Panel::showWidget() {
     window_.setContent(widget_.view());
     refreshFacts();
     isAttached_ = true;
-    invalidatePreferredViewSize();
+    fitWindow();
     Q_EMIT built();
 }
 
@@ -155,9 +155,18 @@ void Panel::showAlarms(const std::map<int, bool>& alarmsOn) {
     }
 }
 
+void Panel::fitWindow() {
+    window_.setContentSize(wholePoints(widget_.preferredViewSize()));
+}
+
 // While the widget builds itself its view is not in the window yet; the size is requested afterwards.
 void Panel::invalidatePreferredViewSize() {
-    if (isAttached_) window_.setContentSize(wholePoints(widget_.preferredViewSize()));
+    if (!isAttached_) return;
+    fitWindow();
+    if (const OpenRows rows = openRows(); rows != openRows_) {
+        openRows_ = rows;
+        Q_EMIT rowsToggled();
+    }
 }
 
 }  // namespace quode::host

@@ -67,10 +67,13 @@ class Panel : public QObject, private WidgetHost {
   Q_SIGNALS:
     /// The widget is built, with what is shown around it; it may be so many times while the panel is presented.
     void built();
+    /// The user has opened or closed rows of the widget.
+    void rowsToggled();
     void dismissed();
 
   private:
     void invalidatePreferredViewSize() override;
+    void fitWindow();
     void showWidget();
     void hideWidget();
     void dismissByUser();

@@ -117,6 +117,7 @@ void PanelProgram::connectPanel() {
     panel_.setFacts([this] { return panelFacts(session_); });
     panel_.setOpenRows(storedRows_);
     connect(&panel_, &Panel::built, this, &PanelProgram::onBuilt);
+    connect(&panel_, &Panel::rowsToggled, this, &PanelProgram::storeRows);
     connect(&panel_, &Panel::dismissed, this, &PanelProgram::onDismissed);
     connect(&watch_, &HomeWatch::otherChoicesWritten, this, [this] {
         showAlarms();
@@ -154,11 +155,15 @@ void PanelProgram::showTray() {
     connect(tray_.get(), &PanelTray::clicked, this, [this] { panel_.toggle(QCursor::pos()); });
 }
 
+// At once: the program may end while the panel is open, by its menu or with the session.
+void PanelProgram::storeRows() {
+    const OpenRows rows = panel_.openRows();
+    if (rows != storedRows_ && rememberRows(session_, rows).isEmpty()) storedRows_ = rows;
+}
+
+// What could not be stored when the rows were opened is tried again.
 void PanelProgram::onDismissed() {
-    if (const OpenRows rows = panel_.openRows(); rows != storedRows_) {
-        storedRows_ = rows;
-        rememberRows(session_, rows);
-    }
+    storeRows();
     if (!tray_) return end();
     window_.setPanelStyle(PanelStyle::popover);
 }

@@ -51,6 +51,7 @@ class PanelProgram : public QObject {
     void connectPanel();
     void showTray();
     void onBuilt();
+    void storeRows();
     void onDismissed();
     void lookAgainForWhatCannotBeRead();
     MenuState menuState();

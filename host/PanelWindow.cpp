@@ -21,6 +21,7 @@
 
 #include "desktop/icon.h"
 #include "desktop/theme.h"
+#include "desktop/window_role.h"
 #include "host/PanelFooter.h"
 #include "host/PanelHeader.h"
 #include "host/RowMarks.h"
@@ -110,6 +111,7 @@ PanelWindow::PanelWindow(PanelStyle style, bool translucent)
       notice_(newTextLabel(this, noticeSize, false)),
       scroll_(newScrollArea(this)),
       footer_(new PanelFooter(this)) {
+    announceAsWindow<PanelWindow>();
     setWindowTitle("Quode");
     setAccessibleName("Quode");
     QTimer::singleShot(timeOfFirstFrame, this, [this] { setWindowIcon(quodeIcon()); });

@@ -16,6 +16,7 @@
 #include "companion/sounds.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
+#include "window/ButtonRow.h"
 #include "window/OffsetEdit.h"
 #include "window/TrialRinging.h"
 
@@ -115,18 +116,16 @@ void AlarmCard::addSound(QFormLayout& form) {
 }
 
 void AlarmCard::addDays(QFormLayout& form) {
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(2);
+    auto* const row = new ButtonRow(details_);
     for (const int day : week) {
         QToolButton* const button = newSignButton(toQt(context_.session().shortWeekdayName(day)),
-                                                  toQt(context_.session().weekdayName(day)), details_);
+                                                  toQt(context_.session().weekdayName(day)), row);
         button->setAccessibleName(named(button->accessibleName().toUtf8().constData()));
         button->setCheckable(true);
         button->setAutoRaise(false);
-        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         button->setMinimumWidth(std::max(28, button->fontMetrics().horizontalAdvance(button->text()) + 6));
         days_.at(std::size_t(day)) = button;
-        row->addWidget(button);
+        row->add(button);
         connect(button, &QToolButton::toggled, this, &AlarmCard::chooseDays);
     }
     form.addRow(_("On these days"), row);

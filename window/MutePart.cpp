@@ -94,21 +94,8 @@ void MutePart::refresh(const app::UserAlarms& all) {
 
 void MutePart::showNext(const app::UserAlarms& all) {
     app::Session& session = context_.session();
-    std::optional<AlarmOccurrence> next;
-    for (const UserAlarm& alarm : all.alarms) {
-        if (!alarm.isOn || !all.city) continue;
-        const auto ring = app::nextRing(*all.city, alarm, session.now(), true);
-        if (ring && (!next || ring->due < next->due)) next = ring;
-    }
-    if (!all.anyIsOn()) return next_->setText(_("No alarm is on."));
-    if (!next) return next_->setText(_("No alarm rings soon."));
-    QString text = toQt(_("{} rings next: {}, {}", session.prayerName(next->code),
-                          app::ringMoment(session, *all.city, next->due), app::leftText(session, next->due)));
-    const auto muted = all.alarms.front().mutedUntil;
-    if (muted > session.now()) {
-        text = toQt(_("All alarms are muted until {}.", app::ringMoment(session, *all.city, muted))) + "\n" + text;
-    }
-    next_->setText(text);
+    const std::string muted = all.anyIsOn() ? app::muteText(session, all) : "";
+    next_->setText(toQt((muted.empty() ? "" : muted + "\n") + app::nextRingText(session, all)));
 }
 
 void MutePart::showRinger(const app::UserAlarms& all) {

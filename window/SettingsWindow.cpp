@@ -7,17 +7,20 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "desktop/WindowStyle.h"
 #include "desktop/help.h"
 #include "desktop/icon.h"
+#include "desktop/window_role.h"
 #include "texts/translation.h"
 #include "window/AboutPage.h"
 #include "window/AlarmsPage.h"
@@ -34,6 +37,23 @@ namespace {
 constexpr QSize usualSize{820, 640};
 constexpr int narrowBelow = 620;  // points at the usual size of texts
 constexpr int listWidth = 180, widestPage = 640, pageMargin = 12;
+
+/// The name of a page in the list, with room at both ends. A style sheet would keep the colours of its first theme.
+class PageName : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const bool isOpen = (option.state & QStyle::State_Selected) != 0;
+        const QPalette& colors = option.palette;
+        if (isOpen) painter->fillRect(option.rect, colors.color(QPalette::Active, QPalette::Highlight));
+        painter->setPen(colors.color(QPalette::Active, isOpen ? QPalette::HighlightedText : QPalette::Text));
+        painter->setFont(option.font);
+        const auto align = QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter);
+        painter->drawText(option.rect.adjusted(pageMargin, 0, -pageMargin, 0), int(align | Qt::AlignAbsolute),
+                          index.data().toString());
+    }
+};
 
 /// A page that scrolls, in a column that does not get too wide to read.
 QScrollArea* scrolling(QWidget* page) {
@@ -56,15 +76,14 @@ QScrollArea* scrolling(QWidget* page) {
 }  // namespace
 
 SettingsWindow::SettingsWindow(Context& context) : context_(context), list_(new QListWidget(this)) {
+    announceAsWindow<SettingsWindow>();
     setWindowTitle(_("Quode settings"));
     setAccessibleName(_("Quode settings"));
     setWindowIcon(quodeIcon());
     resize(usualSize.boundedTo(screen()->availableSize()));
     list_->setAccessibleName(_("Pages"));
     list_->setFrameShape(QFrame::NoFrame);
-    list_->setStyleSheet(
-        "QListView::item { border: none; padding-left: 12px; padding-right: 12px }"
-        "QListView::item:selected { background: palette(highlight); color: palette(highlighted-text) }");
+    list_->setItemDelegate(new PageName(list_));
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->setSpacing(0);

@@ -3,6 +3,7 @@
 // quode alarm upcoming: what will ring, when, and which program will ring it.
 #include <fmt/format.h>
 
+#include "app/alarm_habits.h"
 #include "app/place.h"
 #include "app/ringer.h"
 #include "app/user_alarms.h"
@@ -18,15 +19,18 @@ namespace {
 void printRings(Console& console, const UserAlarms& all) {
     Session& session = console.session();
     using Align = TextTable::Align;
-    TextTable table({Align::right, Align::left, Align::left, Align::left, Align::left});
+    TextTable table({Align::right, Align::left, Align::left, Align::left, Align::left, Align::left});
     for (const AlarmOccurrence& ring : all.rings()) {
         const bool isSnoozed = all.isSnoozed(ring);
         table.add({clockAt(session, *all.city, ring.due), session.prayerName(ring.code),
                    isSnoozed ? std::string(_("snoozed")) : offsetText(all.alarm(ring.code).offset),
-                   timeUntil(session, *all.city, ring.due), soundText(all, all.alarm(ring.code))});
+                   timeUntil(session, *all.city, ring.due), soundText(all, all.alarm(ring.code)),
+                   adjustmentMark(*all.city, ring)});
     }
     const std::vector<std::string> lines = table.lines(console.rowWidth());
     for (std::size_t i = 0; i < lines.size(); ++i) console.print(i == 0 ? console.style().strong(lines[i]) : lines[i]);
+    if (const std::string muted = muteText(session, all); !muted.empty()) console.print(console.wrapped(muted));
+    if (lines.empty() && all.anyIsOn()) console.print(console.wrapped(nextRingText(session, all)));
 }
 
 void runUpcoming(Console& console, const Arguments&) {

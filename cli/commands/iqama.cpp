@@ -9,6 +9,7 @@
 #include "app/dates.h"
 #include "app/day_view.h"
 #include "app/prayer_names.h"
+#include "app/time_notes.h"
 #include "cli/commands.h"
 #include "cli/page_parts.h"
 #include "common/numbers.h"
@@ -60,7 +61,8 @@ void show(Console& console, const ChosenPlace& place) {
     const Site site = siteOf(place.city);
     const CityDay day = computeCityDay(site, today(session, site));
     Json::Array prayers;
-    TextTable table({TextTable::Align::left, TextTable::Align::right, TextTable::Align::right, TextTable::Align::left});
+    TextTable table({TextTable::Align::left, TextTable::Align::right, TextTable::Align::right, TextTable::Align::left,
+                     TextTable::Align::left});
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
         if (code == sunrise) continue;
         const auto& rule = day.method.iqama.at(static_cast<std::size_t>(code - firstPrayer));
@@ -71,7 +73,8 @@ void show(Console& console, const ChosenPlace& place) {
                                   {"rule", rule ? iqamaJson(*rule) : Json()},
                                   {"today", timeJson(hours)}}));
         table.add({session.prayerName(code), clockText(session, timeOfPrayer(day, code)),
-                   minute ? clockText(session, hours) : "-", rule ? ruleText(session, *rule) : ""});
+                   minute ? clockText(session, hours) : "-", rule ? ruleText(session, *rule) : "",
+                   adjustmentMark(day, code)});
     }
     if (console.wantsJson()) {
         return console.printJson(object({{"place", placeJson(place)}, {"iqama", Json(std::move(prayers))}}));

@@ -8,6 +8,7 @@
 #include "app/day_view.h"
 #include "app/method_choice.h"
 #include "app/next_prayer.h"
+#include "app/time_notes.h"
 #include "cli/commands.h"
 #include "cli/method_arguments.h"
 #include "cli/page_parts.h"
@@ -67,6 +68,11 @@ std::string filled(Session& session, const ComingPrayer& coming, std::string_vie
     return text;
 }
 
+std::string adjustedInBrackets(const CityDay& day, int code) {
+    const std::string mark = adjustmentMark(day, code);
+    return mark.empty() ? "" : " (" + mark + ")";
+}
+
 /// What Waybar's module "custom" reads with "return-type": "json". Others, such as Quickshell, read the same.
 Json waybarJson(Session& session, const ComingPrayer& coming) {
     const NextPrayer& prayer = coming.prayer;
@@ -75,7 +81,8 @@ Json waybarJson(Session& session, const ComingPrayer& coming) {
     std::string tooltip = escapedMarkup(coming.place.city.name) + ", " + escapedMarkup(longDate(session, day.date));
     for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
         const std::string line =
-            escapedMarkup(session.prayerName(code)) + " " + escapedMarkup(clockText(session, timeOfPrayer(day, code)));
+            escapedMarkup(session.prayerName(code) + " " + clockText(session, timeOfPrayer(day, code)) +
+                          adjustedInBrackets(day, code));
         const bool isNext = code == prayer.code && sameDay(prayer.date, day.date);
         tooltip += "\n" + (isNext ? "<b>" + line + "</b>" : line);
     }
@@ -106,8 +113,9 @@ void runNext(Console& console, const Arguments& arguments) {
     } else if (const auto format = arguments.text("format")) {
         console.printData(filled(session, coming, *format));
     } else {
-        console.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) + ", " +
-                      timeLeftText(session, coming.site, *prayer));
+        const CityDay day = computeCityDay(coming.site, prayer->date);
+        console.print(session.prayerName(prayer->code) + " " + clockText(session, prayer->hours) +
+                      adjustedInBrackets(day, prayer->code) + ", " + timeLeftText(session, coming.site, *prayer));
         reportFallbackPlace(console, coming.place);
     }
 }

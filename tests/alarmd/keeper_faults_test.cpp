@@ -191,6 +191,17 @@ TEST_F(KeeperFaultsTest, RingsByTheMethodThatItKnowsWhenTheStoredOneCannotBeRead
     EXPECT_EQ(desk.rings.size(), 1U);
 }
 
+TEST_F(KeeperFaultsTest, TellsWhichTimesHaveTheUsersOwnMinutes) {
+    UserDatabase database = open();
+    storeMethod(database.connection(), database.home()->id, *conventions::methodOf("quode adjust=0,0,-20,0,0,0"), 0.0);
+    switchOn(202);
+    switchOn(203);
+    runUntil(dueOf(203));
+    ASSERT_EQ(desk.rings.size(), 2U);
+    EXPECT_TRUE(desk.rings[0].isAdjusted);
+    EXPECT_FALSE(desk.rings[1].isAdjusted);
+}
+
 TEST_F(KeeperFaultsTest, SeesThatTheMethodOfTheHomeCityWasChanged) {
     switchOn(202);
     keeper->wake();

@@ -49,6 +49,13 @@ TEST_F(RingTexts, TellTheOffsetAndTheDelay) {
     EXPECT_EQ(textOf(languageEnglish, 120, 0).body, "Istanbul, 18:26\n2 h after the time");
 }
 
+TEST_F(RingTexts, MarkATimeWithTheUsersOwnMinutes) {
+    textOf(languageEnglish, 0, 0);
+    Ring ring{{204, {}, {}, 18.0 + 26.0 / 60.0, {}}, "Istanbul", "bell"};
+    ring.isAdjusted = true;
+    EXPECT_EQ(notificationOf(ring, *services).body, "Istanbul, 18:26 (adjusted by you)");
+}
+
 TEST_F(RingTexts, SpeakALanguageWithoutAPack) {
     const Notification text = textOf(languageEnglish, 0, 0, "ar");
     EXPECT_EQ(text.title, "المغرب");

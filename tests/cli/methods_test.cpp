@@ -108,6 +108,25 @@ TEST(Method, OfTheHomeCityIsThatOfTheComingPrayerAndTheAlarms) {
     EXPECT_NE(program.run({"alarm", "upcoming"}).out.find(timeOf(page, "sunrise")), std::string::npos);
 }
 
+TEST(Method, MarksATimeWithTheUsersOwnMinutesWhereverItIsShown) {
+    const Program program;
+    const std::string mark = "adjusted by you";
+    ASSERT_EQ(program.run({"city", "home", "Istanbul"}).code, 0);
+    ASSERT_EQ(program.run({"method", "set", "quode", "--adjust", "sunrise=+3,isha=-2"}).code, 0);
+    program.run({"alarm", "on", "isha", "asr"});
+    EXPECT_EQ(program.run({"next"}).out, "Sunrise 07:55 (" + mark + "), in 55 min\n");
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"alarm", "list"}, {"alarm", "upcoming"}, {"iqama"}}) {
+        const Outcome shown = program.run(words);
+        EXPECT_NE(shown.lineWith("Isha").find(mark), std::string::npos) << shown.out;
+        EXPECT_EQ(shown.lineWith("Asr").find(mark), std::string::npos) << shown.out;
+    }
+    EXPECT_NE(program.run({"alarm", "list"}).lineWith("Sunrise").find(mark), std::string::npos);
+    const std::string toolTip = program.run({"next", "--format", "waybar"}).json().at("tooltip");
+    EXPECT_NE(toolTip.find("Isha 19:21 (" + mark + ")"), std::string::npos) << toolTip;
+    EXPECT_EQ(program.run({"next", "--format", "{name} {time}"}).out, "Sunrise 07:55\n");
+}
+
 TEST(Method, IsSuggestedAndNotSwitched) {
     const Program program;
     const Outcome suggestion = program.run({"method", "suggest", "--city", "Singapore", "--json"});

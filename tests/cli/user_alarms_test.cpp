@@ -169,6 +169,20 @@ TEST(UserAlarms, UpcomingAreReportedWithTheTimeLeftAndWhoRings) {
     EXPECT_EQ(ringer["remedy"], "quode-alarmd");
 }
 
+TEST(UserAlarms, UpcomingAreExplainedWhenNoneRingsWithinADay) {
+    const Program program;
+    program.run({"city", "home", "Istanbul"});
+    program.run({"alarm", "on", "fajr"});
+    program.run({"alarm", "skip", "fajr"});
+    const Outcome skipped = program.run({"alarm", "upcoming"});
+    EXPECT_EQ(skipped.lineWith("Fajr"), "Fajr rings next: Mon 06:08, in 47 h 8 min");
+    EXPECT_EQ(skipped.out.find("muted"), std::string::npos) << skipped.out;
+    program.run({"alarm", "mute"});
+    EXPECT_EQ(program.run({"alarm", "upcoming"}).lineWith("muted"), "All alarms are muted until Sun 00:00.");
+    const std::string fajr = program.run({"alarm", "list"}).lineWith("Fajr");
+    EXPECT_NE(fajr.find("muted until Sun 00:00; skipped until Sun 06:07"), std::string::npos) << fajr;
+}
+
 TEST(UserAlarms, SwitchedOffLeaveTheCalendarAndKeepTheirSetting) {
     const Program program;
     program.run({"alarm", "set", "fajr", "--offset", "-15"});

@@ -57,6 +57,13 @@ class WholePanel : public testing::Test {
         throw std::logic_error("The panel has no such row.");
     }
 
+    UIButtonX& button(int tag) const {
+        for (UIButtonX* const each : window().findChildren<UIButtonX*>()) {
+            if (each->tag() == tag) return *each;
+        }
+        throw std::logic_error("The panel has no such button.");
+    }
+
     TemporaryFolder folder;
     std::shared_ptr<host::PanelDevice> device = std::make_shared<host::PanelDevice>(Idiom::phone, QSize(360, 640), 1.0);
     app::Session session{environmentOf({{"HOME", folder.path().string()},
@@ -113,6 +120,17 @@ TEST_F(WholePanel, TakesBackTheNoticeOfALockThatKeptOnlyItsOwnChangesOut) {
     ASSERT_TRUE(lock.release());
     EXPECT_TRUE(QTest::qWaitFor([&] { return notice().isEmpty(); }, patience)) << notice().toStdString();
     EXPECT_EQ(cityShown(), "Istanbul");
+}
+
+// As it ends by "Quit" in the menu, and with the session.
+TEST_F(WholePanel, RemembersOpenRowsWhenTheProgramEndsWithThePanelOpen) {
+    start();
+    button(tagShowAll).tap();
+    program.reset();
+    start();
+    EXPECT_TRUE(button(tagShowAll).selected());
+    button(tagShowAll).tap();
+    EXPECT_EQ(host::rememberedRows(session), host::OpenRows{});
 }
 
 TEST_F(WholePanel, SaysThatTheServiceStartsWithEachLoginWhenAnAlarmIsSwitchedOn) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QScreen>
@@ -61,6 +62,7 @@ TEST_F(PanelTest, ShowsTheWholeWidgetBesideThePointer) {
     const QRect available = window.screen()->availableGeometry();
     EXPECT_EQ(window.geometry(), host::popoverFrame({340, 400 + padding}, pointer, available));
     EXPECT_EQ(window.accessibleName(), "Quode");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
 }
 
 TEST_F(PanelTest, IsReadyBeforeTheWidgetReads) {

@@ -92,6 +92,21 @@ TEST_P(Phone, CutsNoText) {
     }
 }
 
+TEST_P(Phone, LeavesRoomBetweenButtons) {
+    for (const char* const page : pages) {
+        openOnPhone(page);
+        for (const auto* const each : shown->findChildren<QAbstractButton*>()) {
+            const QRect around = each->geometry().adjusted(-1, -1, 1, 1);
+            for (const auto* const other :
+                 each->parentWidget()->findChildren<QAbstractButton*>(Qt::FindDirectChildrenOnly)) {
+                const bool isApart =
+                    other == each || !each->isVisible() || !other->isVisible() || !around.intersects(other->geometry());
+                EXPECT_TRUE(isApart) << page << ": " << describe(*each) << " and " << describe(*other);
+            }
+        }
+    }
+}
+
 class Narrow : public Phone {};
 
 TEST_P(Narrow, ShowsOnePageAtATime) {

@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <set>
 
+#include "desktop/WindowStyle.h"
 #include "desktop/theme.h"
 #include "fixture.h"
 #include "views/contrast.h"
@@ -35,6 +36,25 @@ TEST_F(Window, NamesAllControls) {
             EXPECT_NE(spoken->text(QAccessible::Name), "") << page << " " << each->metaObject()->className();
             EXPECT_NE(spoken->role(), QAccessible::NoRole) << page;
         }
+    }
+}
+
+TEST_F(Window, HasTheRoleOfAWindow) {
+    open("cities");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(shown.get())->role(), QAccessible::Window);
+}
+
+// The desktop may tell what it prefers before the window is shown, and at any time after it.
+TEST_F(Window, BecomesDarkAndLightAsAWhole) {
+    shown = std::make_unique<window::SettingsWindow>(context);
+    wearTheme(true);
+    open("cities");
+    const auto* const list = shown->findChild<QListWidget*>();
+    const QPoint belowTheList = list->mapTo(shown.get(), QPoint(list->width() / 2, list->height() - 5));
+    for (const bool isDark : {true, false}) {
+        wearTheme(isDark);
+        settle();
+        EXPECT_EQ(shown->grab().toImage().pixelColor(belowTheList), windowPalette(isDark).color(QPalette::Base));
     }
 }
 
