@@ -196,7 +196,7 @@ void AlarmKeeper::mute(const NotificationId& notification) {
     if (!rings_.stop(notification) || !choices_ || !choices_->home || !choices_->home->city) return;
     attempt([this] {
         UserDatabase database = openDatabase();
-        muteUntil(database, startOfNextDay(siteOf(*choices_->home->city), present().clock));
+        muteUntil(database, nextMidnight(siteOf(*choices_->home->city).clock(), present().clock));
     });
 }
 

@@ -17,6 +17,7 @@
 #include "common/numbers.h"
 #include "companion/AlarmHabits.h"
 #include "data/name_folding.h"
+#include "data/next_midnight.h"
 #include "texts/translation.h"
 
 namespace quode::app {
@@ -110,7 +111,7 @@ void mute(Session& session, std::optional<sys_seconds> until) {
 
 sys_seconds startOfTomorrow(Session& session) {
     const std::optional<CityRecord> city = homeCity(session);
-    if (city) return startOfNextDay(siteOf(*city), session.now());
+    if (city) return nextMidnight(siteOf(*city).clock(), session.now());
     return std::chrono::floor<std::chrono::days>(session.now()) + std::chrono::days(1);
 }
 

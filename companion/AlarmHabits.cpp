@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "common/civil_date.h"
 #include "common/numbers.h"
 #include "companion/UserDatabase.h"
 #include "companion/user_connection.h"
@@ -72,12 +71,6 @@ void storeHabits(UserConnection& connection, const UserAlarm& alarm) {
 std::optional<sys_seconds> mutedUntil(const UserDatabase& database) {
     const auto seconds = numberOf<long long>(database.setting(mutedName).value_or(""));
     return seconds ? std::optional(momentOf(*seconds)) : std::nullopt;
-}
-
-sys_seconds startOfNextDay(const Site& site, sys_seconds now) {
-    const ZoneClock clock = site.clock();
-    const auto tomorrow = dayOf(wallClock(clock, now)) + std::chrono::days(1);
-    return tomorrow - std::chrono::seconds(clock.offsetOn(std::chrono::year_month_day(tomorrow)));
 }
 
 void muteUntil(UserDatabase& database, sys_seconds moment) {

@@ -29,9 +29,6 @@ void storeHabits(UserConnection& connection, const UserAlarm& alarm);
 /// Until when all alarms are silent; nothing where they are not, or never were.
 std::optional<std::chrono::sys_seconds> mutedUntil(const UserDatabase& database);
 
-/// The first moment of the day after that of an instant, at a place.
-std::chrono::sys_seconds startOfNextDay(const Site& site, std::chrono::sys_seconds now);
-
 /// Mutes all alarms up to a moment, and with it; a moment that has passed ends that.
 void muteUntil(UserDatabase& database, std::chrono::sys_seconds moment);
 

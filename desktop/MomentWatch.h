@@ -23,7 +23,7 @@ class MomentWatch : public QObject {
 
   Q_SIGNALS:
     /// The moment has come, or what it was found from has changed. It goes on watching for changes.
-    void stirred();
+    void happened();
 };
 
 /// By this machine's clock. Also tells of files that were written, such as the one that names the zone.

@@ -75,7 +75,7 @@ class SystemMomentWatch : public MomentWatch {
     void readTimer() {
         std::uint64_t count = 0;
         if (::read(timer_, &count, sizeof count) < 0 && errno != ECANCELED) return;
-        Q_EMIT stirred();
+        Q_EMIT happened();
     }
 
     void readFileEvents() {
@@ -92,7 +92,7 @@ class SystemMomentWatch : public MomentWatch {
                 at += sizeof(inotify_event) + event->len;
             }
         }
-        if (isTouched) Q_EMIT stirred();
+        if (isTouched) Q_EMIT happened();
     }
 
     const Clock& clock_;

@@ -18,8 +18,8 @@ HomeWatch::HomeWatch(std::unique_ptr<MomentWatch> days, std::unique_ptr<MomentWa
     : days_(std::move(days)), choices_(std::move(choices)), shownNow_(std::move(shown)) {
     settling_.setSingleShot(true);
     settling_.setInterval(settle);
-    connect(days_.get(), &MomentWatch::stirred, this, &MomentWatch::stirred);
-    connect(choices_.get(), &MomentWatch::stirred, this, &HomeWatch::onChoicesWritten);
+    connect(days_.get(), &MomentWatch::happened, this, &MomentWatch::happened);
+    connect(choices_.get(), &MomentWatch::happened, this, &HomeWatch::onChoicesWritten);
     secondLook_.setSingleShot(true);
     connect(&settling_, &QTimer::timeout, this, &HomeWatch::compare);
     connect(&secondLook_, &QTimer::timeout, this, &HomeWatch::compare);
@@ -58,7 +58,7 @@ void HomeWatch::compare() {
     if (!isWhole_ && now.empty()) return secondLook_.start(secondLook);
     const bool wasWhole = std::exchange(isWhole_, true);
     if (!wasWhole || std::exchange(shown_, std::move(now)) != shown_) {
-        Q_EMIT stirred();
+        Q_EMIT happened();
     } else {
         Q_EMIT otherChoicesWritten();
     }

@@ -31,7 +31,7 @@ class HomeWatch : public MomentWatch {
     /// Looks once more after a while, for what could not be read; nothing happens where nothing is watched.
     void lookAgain();
 
-    /// Tells whether all that is shown could be read. If not, `stirred` comes as soon as it can be read, also when that
+    /// Tells whether all that is shown could be read. If not, `happened` comes as soon as it can be read, also when that
     /// is what was read before. The looks become rarer while each new presentation fails in the same way.
     void setShownWhole(bool isWhole);
 

@@ -26,7 +26,7 @@ Panel::Panel(WidgetViewController& widget, PanelWindow& window, const Clock& clo
              std::function<void()> prepare)
     : widget_(widget), window_(window), clock_(clock), watch_(watch), prepare_(std::move(prepare)) {
     widget_.setWidgetHost(this);
-    connect(&watch_, &MomentWatch::stirred, this, &Panel::presentAgain);
+    connect(&watch_, &MomentWatch::happened, this, &Panel::presentAgain);
     minute_.setSingleShot(true);
     connect(&minute_, &QTimer::timeout, this, &Panel::refreshFacts);
     connect(&window_, &PanelWindow::dismissAsked, this, &Panel::dismissByUser);

@@ -11,7 +11,7 @@ namespace quode::host {
 PanelTray::PanelTray(std::function<ComingPrayer()> coming, MomentWatch& watch, PanelMenu& menu)
     : coming_(std::move(coming)), watch_(watch), menu_(menu), icon_(quodeIcon()) {
     connect(&icon_, &QSystemTrayIcon::activated, this, &PanelTray::onActivated);
-    connect(&watch_, &MomentWatch::stirred, this, &PanelTray::refresh);
+    connect(&watch_, &MomentWatch::happened, this, &PanelTray::refresh);
     icon_.setContextMenu(&menu_);
     refresh();
     icon_.show();

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "common/civil_date.h"
 #include "common/formatting.h"
 #include "common/numbers.h"
 #include "texts/translation.h"
@@ -18,11 +19,11 @@
 namespace quode::timetables {
 namespace {
 
-constexpr int minutesPerDay = 1440, minutesPerHour = 60, noon = 720;
+constexpr int noon = minutesPerDay / 2;
 constexpr std::size_t mostRows = 5000;
 
 std::string clock(int minute) {
-    const int ofDay = ((minute % minutesPerDay) + minutesPerDay) % minutesPerDay;
+    const int ofDay = minuteOfDay(minute);
     return fmt::format("{:02}:{:02}", ofDay / minutesPerHour, ofDay % minutesPerHour);
 }
 

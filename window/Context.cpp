@@ -34,7 +34,7 @@ bool Context::change(const std::function<void()>& action) {
 }
 
 void Context::tell(const QString& message, std::function<void()> undo) {
-    Q_EMIT told(message, undo);
+    Q_EMIT messageGiven(message, undo);
 }
 
 }  // namespace quode::window

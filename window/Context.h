@@ -34,7 +34,7 @@ class Context : public QObject {
   Q_SIGNALS:
     /// The user's choices were written by this window.
     void changed();
-    void told(const QString& message, const std::function<void()>& undo);
+    void messageGiven(const QString& message, const std::function<void()>& undo);
     void pageAsked(const QString& key);
 
   private:

@@ -12,6 +12,7 @@
 #include "app/day_view.h"
 #include "astro/prayer.h"
 #include "common/GlobalFuncs.h"
+#include "common/civil_date.h"
 #include "data/iqama.h"
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
@@ -22,7 +23,6 @@ namespace {
 enum Kind { none, after, fixed };
 
 constexpr std::array congregations{Prayer::fajr, Prayer::dhuhr, Prayer::asr, Prayer::maghrib, Prayer::isha};
-constexpr int minutesPerHour = 60, minutesPerDay = 1440;
 constexpr int usualWait = 10, clockStep = 5;  // minutes
 
 const std::optional<Iqama>& ruleOf(const CityRecord& city, int code) {

@@ -147,7 +147,7 @@ void SettingsWindow::connectAll() {
     refreshing_.setSingleShot(true);
     connect(&refreshing_, &QTimer::timeout, this, &SettingsWindow::refresh);
     connect(&context_, &Context::changed, this, &SettingsWindow::refreshSoon);
-    connect(&context_, &Context::told, this, &SettingsWindow::showMessage);
+    connect(&context_, &Context::messageGiven, this, &SettingsWindow::showMessage);
     connect(&context_, &Context::pageAsked, this, &SettingsWindow::openPage);
     connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
         stack_->setCurrentIndex(row);

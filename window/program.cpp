@@ -62,7 +62,7 @@ class Watch {
         watch_ = systemMomentWatch(session.deviceClock(), {file, systemZoneFile});
         settling_.setSingleShot(true);
         settling_.setInterval(settle);
-        QObject::connect(watch_.get(), &MomentWatch::stirred, &window, [this] {
+        QObject::connect(watch_.get(), &MomentWatch::happened, &window, [this] {
             if (!settling_.isActive()) settling_.start();
         });
         QObject::connect(&settling_, &QTimer::timeout, &window, [this, &window] {

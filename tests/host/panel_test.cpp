@@ -241,7 +241,7 @@ TEST_F(PanelTest, PresentsTheWidgetAgainWhenTheDayChanges) {
     present();
     ASSERT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-22 00:00")));
     clock.show(2026, 11, 22, 0, 0, 0);
-    Q_EMIT watch.stirred();
+    Q_EMIT watch.happened();
     EXPECT_EQ(widget.presented, 2);
     EXPECT_EQ(widget.dismissed, 1);
     EXPECT_EQ(preparations, 2);
@@ -253,7 +253,7 @@ TEST_F(PanelTest, PresentsTheWidgetAgainWhenTheDayChanges) {
 TEST_F(PanelTest, PresentsTheWidgetAgainWhenTheZoneChanges) {
     present();
     clock.offset = std::chrono::hours(9);
-    Q_EMIT watch.stirred();
+    Q_EMIT watch.happened();
     EXPECT_EQ(widget.presented, 2);
     EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-21 15:00")));
 }
@@ -263,7 +263,7 @@ TEST_F(PanelTest, WatchesNothingWhileItIsDismissed) {
     present();
     panel.dismiss();
     EXPECT_EQ(watch.moment, std::nullopt);
-    Q_EMIT watch.stirred();
+    Q_EMIT watch.happened();
     EXPECT_EQ(widget.presented, 1);
     EXPECT_EQ(preparations, 1);
 }

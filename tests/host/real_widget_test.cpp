@@ -149,7 +149,7 @@ TEST_F(RealWidget, IsPresentedWithTheRowsThatWereOpen) {
     panel->present({400, 10});
     EXPECT_TRUE(buttonTagged(tagCityInfo)->selected());
     EXPECT_TRUE(buttonTagged(tagShowAll)->selected());
-    Q_EMIT watch.stirred();  // the day changes
+    Q_EMIT watch.happened();  // the day changes
     EXPECT_TRUE(buttonTagged(tagCityInfo)->selected());
     EXPECT_TRUE(buttonTagged(tagShowAll)->selected());
 }
@@ -249,7 +249,7 @@ TEST_F(RealWidget, ShowsTheTimesOfTheNewDayAfterMidnight) {
     EXPECT_EQ(timeShown(*widget->view(), 200), "06:06");
     ASSERT_EQ(watch.moment, clock->now() + std::chrono::seconds(1));
     clock->show(2026, 11, 22, 0, 0, 0);
-    Q_EMIT watch.stirred();
+    Q_EMIT watch.happened();
     EXPECT_EQ(timeShown(*widget->view(), 200), "06:07");
 }
 

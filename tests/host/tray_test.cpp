@@ -56,7 +56,7 @@ TEST_F(TrayTest, FindsTheTimeLeftWhenTheMenuOpens) {
 TEST_F(TrayTest, RenewsTheToolTipWhenItsTruthEnds) {
     coming = {"Dhuhr 13:01, in 1 h", "Istanbul: Dhuhr 13:01, within 1 h", utc("2026-11-21 09:31")};
     state.next = coming.exact;
-    Q_EMIT watch.stirred();
+    Q_EMIT watch.happened();
     EXPECT_EQ(tray.toolTip(), "Istanbul: Dhuhr 13:01, within 1 h");
     EXPECT_EQ(menu.next(), "Dhuhr 13:01, in 1 h");
     EXPECT_EQ(watch.moment, Clock::TimePoint(utc("2026-11-21 09:31")));

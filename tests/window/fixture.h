@@ -35,7 +35,7 @@ class WindowTest : public testing::Test {
                   app::Session::Options{LanguageChoice{language, true}}) {
         session.setCalendar(std::make_shared<UserEventStore>(folder.path(), CalendarLayout::ics));
         session.services();
-        QObject::connect(&context, &window::Context::told, [this](const QString& message) { told << message; });
+        QObject::connect(&context, &window::Context::messageGiven, [this](const QString& message) { told << message; });
         context.change([&] { app::userDatabaseToChange(session); });
     }
 
