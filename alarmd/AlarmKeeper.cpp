@@ -159,11 +159,17 @@ std::optional<Choices> AlarmKeeper::notedChoices() const {
     Choices choices;
     choices.home = UserCity{note->city, true, city};
     choices.cities = {*choices.home};
+    // All are silent for as long as each of them is.
+    const auto firstToRing = std::ranges::min_element(note->rules, {}, &AlarmRule::silentUntil);
     for (const AlarmRule& rule : note->rules) {
         UserAlarm& alarm = choices.alarms.emplace_back();
         alarm.code = rule.code;
         alarm.offset = rule.offset;
         alarm.isOn = true;
+        alarm.days = rule.days;
+        alarm.reminder = rule.reminder;
+        alarm.mutedUntil = firstToRing->silentUntil;
+        if (rule.silentUntil > alarm.mutedUntil) alarm.skippedUntil = rule.silentUntil;
     }
     return choices;
 }

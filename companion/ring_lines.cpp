@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 #include "common/numbers.h"
@@ -89,9 +90,14 @@ constexpr std::string_view ringMark = "ring";
 constexpr std::string_view repeatedMark = "repeated";
 constexpr std::string_view decidedMark = "decided";
 
+// Versions without habits read the first two numbers of a rule and pass over the others.
 std::string rulesText(const std::vector<AlarmRule>& rules) {
     std::string text;
-    for (const AlarmRule& rule : rules) text += fmt::format("{}:{};", rule.code, rule.offset);
+    for (const AlarmRule& rule : rules) {
+        text += fmt::format("{}:{}:{}:{}:", rule.code, rule.offset, rule.days, countOf(rule.silentUntil));
+        if (rule.reminder) text += fmt::format("{}", *rule.reminder);
+        text += ';';
+    }
     return text;
 }
 
@@ -101,30 +107,42 @@ std::string leftText(const std::vector<LeftClock>& left) {
     return text;
 }
 
-/// Calls `take` with both numbers of each "1:2;" in a text.
-template <typename Number, typename Take>
-void eachPair(std::string_view text, Take take) {
+/// Calls `take` with the numbers of each "1:2:3;" in a text; one that is missing is nothing.
+template <typename Take>
+void eachGroup(std::string_view text, Take take) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(';'), text.size());
         std::string_view each = text.substr(0, end);
-        const std::optional<Number> first = takeNumber<Number>(each);
-        if (!each.empty()) each.remove_prefix(1);  // the colon
-        const std::optional<Number> second = takeNumber<Number>(each);
-        if (first && second) take(*first, *second);
+        std::array<std::optional<long long>, 5> numbers;
+        for (std::optional<long long>& number : numbers) {
+            number = takeNumber<long long>(each);
+            if (!each.empty()) each.remove_prefix(1);  // the colon
+        }
+        take(numbers);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
 }
 
 std::vector<LeftClock> leftFrom(std::string_view text) {
     std::vector<LeftClock> left;
-    eachPair<long long>(text, [&](long long zero, long long at) { left.push_back({seconds(zero), milliseconds(at)}); });
+    eachGroup(text, [&](const auto& numbers) {
+        if (numbers[0] && numbers[1]) left.push_back({seconds(*numbers[0]), milliseconds(*numbers[1])});
+    });
     if (left.size() > mostLeft) left.resize(mostLeft);
     return left;
 }
 
 std::vector<AlarmRule> rulesFrom(std::string_view text) {
     std::vector<AlarmRule> rules;
-    eachPair<int>(text, [&](int code, int offset) { rules.push_back({code, offset}); });
+    eachGroup(text, [&](const auto& numbers) {
+        if (!numbers[0] || !numbers[1]) return;
+        AlarmRule& rule = rules.emplace_back();
+        rule.code = static_cast<int>(*numbers[0]);
+        rule.offset = static_cast<int>(*numbers[1]);
+        rule.days = static_cast<unsigned>(numbers[2].value_or(everyDay)) & everyDay;
+        rule.silentUntil = sys_seconds(seconds(numbers[3].value_or(0)));
+        if (numbers[4]) rule.reminder = static_cast<int>(*numbers[4]);
+    });
     return rules;
 }
 

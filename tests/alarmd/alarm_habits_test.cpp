@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 // What the service makes of days of the week, second rings and silence. The clock begins on Saturday, 17 October 2026.
 #include "companion/AlarmHabits.h"
+
+#include <fstream>
+
 #include "companion/user_connection.h"
 #include "keeper_fixture.h"
 
@@ -113,6 +116,29 @@ TEST_F(AlarmHabitsTest, AreUnderstoodAfterARestart) {
     keeper->wake();
     restart();
     EXPECT_EQ(weekdaysOfAFortnight(), (std::vector<unsigned>{0, 0, 0, 0}));
+}
+
+// What the service knew last is all that is left.
+TEST_F(AlarmHabitsTest, OutliveADatabaseThatIsDamagedWhileNoServiceRuns) {
+    const sys_seconds due = dueOf(dhuhr);
+    change([due](UserAlarm& alarm) {
+        alarm.reminder = -20;
+        alarm.days = everyDay & ~(1U << 1);
+        alarm.skippedUntil = due;
+    });
+    keeper->wake();
+    keeper.reset();
+    std::fstream(folder.path() / "user.sqlite", std::ios::in | std::ios::out) << std::string(100, '\0');
+    restart();
+    keeper->wake();
+    const UserAlarm kept = open().alarm(dhuhr);
+    EXPECT_TRUE(kept.isOn);
+    EXPECT_EQ(kept.reminder, -20);
+    EXPECT_EQ(kept.days, everyDay & ~(1U << 1));
+    EXPECT_EQ(kept.silentUntil(), due);
+    runUntil(due + days(1) + hours(1));
+    ASSERT_EQ(desk.rings.size(), 2U) << "the first day is skipped";
+    EXPECT_EQ(desk.rings[1].alarm.due - desk.rings[0].alarm.due, minutes(20));
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ TEST_F(RingRecordsTest, TellHowFarAllIsDecided) {
                            utc("2026-10-17 09:01"),
                            {"boot", std::chrono::milliseconds(7)},
                            745044,
-                           {{200, -15}, {205, 0}},
+                           {{200, -15}, {203, 0, 0x21, -20, utc("2026-10-18 09:00")}, {205, 0, everyDay, 30}},
                            {}};
     open().setDecided(note);
     EXPECT_EQ(open().decided(), note);

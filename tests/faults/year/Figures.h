@@ -21,6 +21,8 @@ struct Figures {
     long wrong = 0;         ///< at a time, or with a text, that the timetable does not have
     long hangs = 0;         ///< the service did not come to rest
     long faults = 0;        ///< incidents
+    long reminders = 0;     ///< of the rings, those before or after that of their prayer
+    long muted = 0;         ///< that the user had muted or skipped; no rings
     std::vector<std::string> findings;  ///< the first failures, for people
 
     void add(const Figures& other);
@@ -33,7 +35,8 @@ struct Figures {
 inline void Figures::add(const Figures& other) {
     for (long Figures::*each :
          {&Figures::rings, &Figures::rung, &Figures::late, &Figures::excused, &Figures::byWrongClock, &Figures::lost,
-          &Figures::repeated, &Figures::doubled, &Figures::wrong, &Figures::hangs, &Figures::faults}) {
+          &Figures::repeated, &Figures::doubled, &Figures::wrong, &Figures::hangs, &Figures::faults,
+          &Figures::reminders, &Figures::muted}) {
         this->*each += other.*each;
     }
     for (const std::string& text : other.findings) find(text);

@@ -35,34 +35,45 @@ std::string momentText(sys_seconds moment) {
 
 }  // namespace
 
-void Ledger::demand(int code, Moment prayer, Moment due, const std::string& text, const std::string& city) {
-    demands_.push_back({code, prayer, due, text, city});
+void Ledger::demand(const Planned& ring) {
+    const auto silence = silentUntil_.find(ring.code);
+    if (silence != silentUntil_.end() && ring.due <= silence->second) {
+        muted_.insert(keyOf(ring));
+    } else {
+        demands_.push_back({ring, ring.due});
+    }
+}
+
+void Ledger::silence(int code, Moment now, Moment until) {
+    silentUntil_[code] = until;
+    std::erase_if(demands_, [&](const Demand& each) {
+        return each.ring.code == code && each.isSnooze && each.due > now && each.due <= until && each.shown.empty();
+    });
 }
 
 void Ledger::withdraw(Moment after) {
     std::erase_if(demands_,
                   [&](const Demand& each) { return each.due > after && each.shown.empty() && !each.isSnooze; });
+    std::erase_if(muted_, [&](const Key& each) { return each.second > after; });
 }
 
 void Ledger::withdraw(int code, Moment after) {
     std::erase_if(demands_,
-                  [&](const Demand& each) { return each.code == code && each.due > after && each.shown.empty(); });
+                  [&](const Demand& each) { return each.ring.code == code && each.due > after && each.shown.empty(); });
+    std::erase_if(muted_, [&](const Key& each) { return each.first == code && each.second > after; });
 }
 
-void Ledger::snooze(int code, Moment prayer, Moment due) {
+void Ledger::snooze(int code, Moment alarm, Moment due) {
     const auto first =
-        std::ranges::find_if(demands_, [&](const Demand& each) { return each.code == code && each.prayer == prayer; });
-    if (first == demands_.end() || first->due > due + noRing) return;  // a wrong clock brought it
-    Demand again = *first;
-    again.due = due;
-    again.isSnooze = true;
-    again.shown.clear();
-    demands_.push_back(again);
+        std::ranges::find_if(demands_, [&](const Demand& each) { return keyOf(each.ring) == Key(code, alarm); });
+    // One that a wrong clock brought was not shown as far as the demand goes; it is still to come.
+    if (first == demands_.end() || first->shown.empty()) return;
+    demands_.push_back({first->ring, due, true});
 }
 
-void Ledger::stop(int code, Moment prayer, Moment now) {
+void Ledger::stop(int code, Moment alarm, Moment now) {
     std::erase_if(demands_, [&](const Demand& each) {
-        return each.code == code && each.prayer == prayer && each.isSnooze && each.due > now;
+        return keyOf(each.ring) == Key(code, alarm) && each.isSnooze && each.due > now;
     });
 }
 
@@ -73,13 +84,17 @@ void Ledger::shown(const Ring& ring, const Showing& showing) {
                                          momentText(ring.alarm.due), momentText(now), clockError.count());
     Demand* demand = nullptr;
     for (Demand& each : demands_) {
-        const bool isIt = each.code == ring.alarm.code && each.prayer == ring.alarm.prayer && each.due <= now + noRing;
+        const bool isIt = keyOf(each.ring) == Key(ring.alarm.code, ring.alarm.due) && each.due <= now + noRing;
         if (isIt) demand = &each;  // the last one: snoozes come after what was snoozed
     }
     // A snooze is so many minutes long, whatever the clock shows.
     const seconds error = demand && demand->isSnooze ? seconds(0) : clockError;
     const seconds lateByClock = demand ? now + error - demand->due : seconds(0);
-    if (!demand) {
+    const Key key(ring.alarm.code, ring.alarm.due);
+    if (muted_.contains(key) && ring.alarm.due <= silentUntil_[ring.alarm.code]) {
+        ++figures_.wrong;
+        figures_.find("wrong: muted: " + what);
+    } else if (!demand) {
         const bool isByClock = isByWrongClock(ring, now, clockError);
         ++(isByClock ? figures_.byWrongClock : figures_.wrong);
         if (!isByClock) figures_.find("wrong: not in the timetable: " + what);
@@ -88,7 +103,7 @@ void Ledger::shown(const Ring& ring, const Showing& showing) {
     } else if (lateByClock < -tolerance || lateByClock > latest + tolerance) {
         ++figures_.wrong;
         figures_.find("wrong: not its moment: " + what + ", due at " + momentText(demand->due));
-    } else if (demand->text != clockText(ring.alarm.hours) || demand->city != ring.city) {
+    } else if (demand->ring.text != clockText(ring.alarm.hours) || demand->ring.city != ring.city) {
         ++figures_.wrong;
         figures_.find("wrong: text: " + what);
     }
@@ -98,7 +113,7 @@ void Ledger::shown(const Ring& ring, const Showing& showing) {
 // A clock that is far ahead brings what is still to come; one that is far back, what was over when the user chose another
 // city. Either can be snoozed.
 bool Ledger::isByWrongClock(const Ring& ring, Moment now, seconds clockError) {
-    const std::pair key{ring.alarm.code, ring.alarm.prayer};
+    const Key key{ring.alarm.code, ring.alarm.due};
     if (byWrongClock_.contains(key)) return true;
     const seconds lateByClock = now + clockError - ring.alarm.due;
     const bool isByClock = abs(clockError) > noRing && lateByClock >= -tolerance && lateByClock <= latest + tolerance;
@@ -126,7 +141,8 @@ bool Ledger::hadAChance(Moment due) const {
 
 void Ledger::count(const Demand& demand) {
     ++figures_.rings;
-    const std::string what = fmt::format("{} of {} at {}", demand.code, demand.city, momentText(demand.due));
+    if (demand.ring.isReminder && !demand.isSnooze) ++figures_.reminders;
+    const std::string what = fmt::format("{} of {} at {}", demand.ring.code, demand.ring.city, momentText(demand.due));
     if (demand.shown.empty()) {
         const bool isLost = hadAChance(demand.due);
         ++(isLost ? figures_.lost : figures_.excused);
@@ -147,6 +163,9 @@ void Ledger::count(const Demand& demand) {
 Figures Ledger::evaluate(Moment end) {
     for (const Demand& demand : demands_) {
         if (demand.due + latest < end) count(demand);
+    }
+    for (const auto& [code, due] : muted_) {
+        if (due + latest < end) ++figures_.muted;
     }
     return figures_;
 }

@@ -20,18 +20,31 @@ class Ledger {
   public:
     using Moment = std::chrono::sys_seconds;
 
-    /// A ring is demanded at a moment, for a prayer of the timetable.
-    void demand(int code, Moment prayer, Moment due, const std::string& text, const std::string& city);
+    /// A ring of an alarm by the timetable.
+    struct Planned {
+        int code = 0;
+        Moment due{};
+        bool isReminder = false;  ///< before or after that of the prayer
+        std::string text;
+        std::string city;
+    };
+
+    /// A ring is demanded; or its silence, where the user wants that.
+    void demand(const Planned& ring);
+
+    /// The rings of an alarm up to a moment, and at it, are to be left out, also those that are snoozed.
+    void silence(int code, Moment now, Moment until);
 
     /// What was demanded for later than a moment is so no longer: alarms, or the home city, were changed.
     void withdraw(Moment after);
     void withdraw(int code, Moment after);
 
     /// The user sleeps on: the ring is demanded once more.
-    void snooze(int code, Moment prayer, Moment due);
+    /// @param alarm  when it was due at first
+    void snooze(int code, Moment alarm, Moment due);
 
     /// The user has answered a ring. It may be shown twice, then the last answer counts: a snooze that is to come is over.
-    void stop(int code, Moment prayer, Moment now);
+    void stop(int code, Moment alarm, Moment now);
 
     /// How the desktop shows a ring.
     struct Showing {
@@ -50,23 +63,24 @@ class Ledger {
     Figures evaluate(Moment end);
 
   private:
+    using Key = std::pair<int, Moment>;
     struct Demand {
-        int code = 0;
-        Moment prayer{};
+        Planned ring;
         Moment due{};
-        std::string text;
-        std::string city;
         bool isSnooze = false;
         std::vector<Showing> shown = {};
     };
 
+    static Key keyOf(const Planned& ring) { return {ring.code, ring.due}; }
     bool isByWrongClock(const Ring& ring, Moment now, std::chrono::seconds clockError);
     bool hadAChance(Moment due) const;
     void count(const Demand& demand);
 
     std::vector<Demand> demands_;
     std::map<Moment, bool> chances_;
-    std::set<std::pair<int, Moment>> byWrongClock_;
+    std::set<Key> byWrongClock_;
+    std::map<int, Moment> silentUntil_;
+    std::set<Key> muted_;
     Figures figures_;
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "alarms/DatabaseFunctions.h"
+#include "companion/AlarmHabits.h"
 #include "companion/RingRecords.h"
 #include "support/shared_services.h"
 
@@ -17,6 +18,16 @@ namespace {
 constexpr sys_days start = year(2027) / January / 1;
 constexpr int wakesTooMany = 600;  // within an hour
 const std::map<int, int> offsets{{200, -15}, {201, 0}, {202, 0}, {203, 5}, {204, 0}, {205, 0}};
+const std::map<int, int> reminders{{200, 10}, {202, -20}, {203, -30}, {205, 25}};
+
+// The moments at which an alarm rings for a prayer, the later last.
+std::vector<sys_seconds> ringsOf(const TableEntry& entry) {
+    std::vector<sys_seconds> rings{entry.instant + minutes(offsets.at(entry.code))};
+    const auto reminder = reminders.find(entry.code);
+    if (reminder != reminders.end()) rings.push_back(entry.instant + minutes(reminder->second));
+    std::ranges::sort(rings);
+    return rings;
+}
 
 }  // namespace
 
@@ -37,13 +48,18 @@ Simulation::Simulation(const Plan& plan)
     table_ = yearTable(home, start - days(1), start + days(plan.days + 2));
     otherTable_ = yearTable(other, start - days(1), start + days(plan.days + 2));
     for (const auto* table : {&table_, &otherTable_}) {
-        for (const TableEntry& entry : *table) moments_.insert(entry.instant + minutes(offsets.at(entry.code)));
+        for (const TableEntry& entry : *table) {
+            for (const Moment ring : ringsOf(entry)) moments_.insert(ring);
+        }
     }
     UserDatabase database = open();
     for (const CityRecord& city : {home, other}) database.addCity(city.id);
     database.chooseHome(home.id);
     for (const auto& [code, offset] : offsets) {
         database.setUpAlarm(code, offset, "bell");
+        UserAlarm alarm = database.alarm(code);
+        if (reminders.contains(code)) alarm.reminder = reminders.at(code);
+        storeHabits(database.connection(), alarm);
         DatabaseFunctions().reCalculateAlarm(code);
     }
     desk_.onShown = [this](std::uint32_t number, const Desktop::Shown& shown) { userAnswers(number, shown); };
@@ -125,16 +141,52 @@ void Simulation::setClock(seconds error) {
 
 // --- the user
 
-int Simulation::alarmOffset(int code) {
-    return offsets.at(code);
+void Simulation::demandFrom(Moment from) {
+    for (const TableEntry& entry : isAtOther_ ? otherTable_ : table_) demand(entry, from);
 }
 
-void Simulation::demandFrom(Moment from) {
+void Simulation::demandFrom(Moment from, int code) {
     for (const TableEntry& entry : isAtOther_ ? otherTable_ : table_) {
-        const Moment due = entry.instant + minutes(offsets.at(entry.code));
-        if (due <= from || due >= end_ || off_.contains(entry.code)) continue;
-        ledger_.demand(entry.code, entry.instant, due, entry.text, entry.city);
+        if (entry.code == code) demand(entry, from);
     }
+}
+
+void Simulation::demand(const TableEntry& entry, Moment from) {
+    if (off_.contains(entry.code)) return;
+    for (const Moment due : ringsOf(entry)) {
+        const bool isReminder = due != entry.instant + minutes(offsets.at(entry.code));
+        if (due > from && due < end_) ledger_.demand({entry.code, due, isReminder, entry.text, entry.city});
+    }
+}
+
+Simulation::Moment Simulation::silentUntil(int code) const {
+    const auto skipped = skippedUntil_.find(code);
+    return skipped == skippedUntil_.end() ? mutedUntil_ : std::max(mutedUntil_, skipped->second);
+}
+
+void Simulation::mute(Moment until) {
+    const Moment now = agenda_.now();
+    UserDatabase database = open();
+    muteUntil(database, until);
+    mutedUntil_ = until;
+    for (const auto& [code, offset] : offsets) ledger_.silence(code, now, silentUntil(code));
+    ledger_.withdraw(now);
+    demandFrom(now);
+}
+
+void Simulation::skipNext(int code) {
+    const Moment now = agenda_.now();
+    const auto& table = isAtOther_ ? otherTable_ : table_;
+    const auto next = std::ranges::find_if(
+        table, [&](const TableEntry& entry) { return entry.code == code && ringsOf(entry).back() > now; });
+    if (next == table.end()) return;
+    UserDatabase database = open();
+    UserAlarm alarm = database.alarm(code);
+    alarm.skippedUntil = skippedUntil_[code] = ringsOf(*next).back();
+    storeHabits(database.connection(), alarm);
+    ledger_.silence(code, now, silentUntil(code));
+    ledger_.withdraw(code, now);
+    demandFrom(now, code);
 }
 
 void Simulation::userAnswers(std::uint32_t number, const Desktop::Shown& shown) {
@@ -144,11 +196,11 @@ void Simulation::userAnswers(std::uint32_t number, const Desktop::Shown& shown) 
     const auto answer = [this, id, kind, alarm = shown.alarm] {
         if (id.run != desk_.run() || !desk_.isShown(id.number) || !keeper_ || isAsleep_) return;
         if (kind < 6) {
-            ledger_.stop(alarm.code, alarm.prayer, agenda_.now());
+            ledger_.stop(alarm.code, alarm.due, agenda_.now());
             return guarded([&] { keeper_->stop(id); });
         }
-        ledger_.stop(alarm.code, alarm.prayer, agenda_.now());
-        ledger_.snooze(alarm.code, alarm.prayer, agenda_.now() + minutes(5));
+        ledger_.stop(alarm.code, alarm.due, agenda_.now());
+        ledger_.snooze(alarm.code, alarm.due, agenda_.now() + minutes(5));
         guarded([&] { keeper_->snooze(id); });
         wake();
     };

@@ -33,6 +33,7 @@ enum class Fault {
     notifications,  ///< the notification service is slow, ends, and is missing
     foreignEdits,   ///< another program deletes and moves the events
     choices,        ///< the user moves home, and switches alarms off and on
+    silence,        ///< the user mutes all alarms for a while, and skips the next ring of one
 };
 
 const char* nameOf(Fault fault);
@@ -67,6 +68,12 @@ class Simulation {
     Uptime uptime() const;
     void noteChance();
     void demandFrom(Moment from);
+    void demandFrom(Moment from, int code);
+    void demand(const TableEntry& entry, Moment from);
+    void mute(Moment until);
+    void skipNext(int code);
+    void silence();
+    Moment silentUntil(int code) const;
     void userAnswers(std::uint32_t number, const Desktop::Shown& shown);
     void planIncident();
     void happen(Fault fault);
@@ -79,7 +86,6 @@ class Simulation {
     void editEvents();
     void choose();
     void switchOnAgain();
-    static int alarmOffset(int code);
     bool isQuiet(Moment moment) const;
     std::chrono::seconds between(std::chrono::seconds least, std::chrono::seconds most);
     int pick(int count) { return int(random_() % unsigned(count)); }
@@ -98,6 +104,8 @@ class Simulation {
     std::set<Moment> moments_;  // of all prayers of both cities
     bool isAtOther_ = false;
     std::set<int> off_;
+    Moment mutedUntil_{};
+    std::map<int, Moment> skippedUntil_;
     Moment end_;
     Moment booted_;
     int boot_ = 1;

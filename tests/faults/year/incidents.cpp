@@ -53,6 +53,8 @@ const char* nameOf(Fault fault) {
             return "events edited by others";
         case Fault::choices:
             return "home moved, alarms switched";
+        case Fault::silence:
+            return "alarms muted, rings skipped";
     }
     return "";
 }
@@ -61,7 +63,7 @@ const std::vector<Fault>& allFaults() {
     static const std::vector<Fault> all{Fault::kill,       Fault::suspend, Fault::clockAhead,    Fault::clockBack,
                                         Fault::epochStart, Fault::zone,    Fault::fullDisk,      Fault::failingWrites,
                                         Fault::lock,       Fault::damage,  Fault::notifications, Fault::foreignEdits,
-                                        Fault::choices};
+                                        Fault::choices,    Fault::silence};
     return all;
 }
 
@@ -103,6 +105,8 @@ void Simulation::happen(Fault fault) {
             return editEvents();
         case Fault::choices:
             return choose();
+        case Fault::silence:
+            return silence();
         case Fault::fullDisk:
         case Fault::failingWrites:
         case Fault::lock:
@@ -276,18 +280,37 @@ void Simulation::choose() {
     if (isUp && keeper_->choicesChanged()) wake();
 }
 
+// Up to any moment, or to that of a ring, which is left out; an earlier mute may still last, and is replaced or ended.
+void Simulation::silence() {
+    if (isDiskBusy_ || isClockWrong_) return;
+    if (!isQuiet(agenda_.now())) return agenda_.in(minutes(9), [this] { silence(); });
+    const bool isUp = keeper_ && !isAsleep_;
+    const Moment now = agenda_.now();
+    switch (pick(4)) {
+        case 0:
+            mute(now + between(minutes(30), hours(30)));
+            break;
+        case 1: {
+            const auto ring = moments_.lower_bound(now + between(minutes(30), hours(30)));
+            mute(ring == moments_.end() ? now + hours(1) : *ring);
+            break;
+        }
+        case 2:
+            mute({});
+            break;
+        default:
+            skipNext(firstPrayer + pick(6));
+    }
+    if (isUp && keeper_->choicesChanged()) wake();
+}
+
 void Simulation::switchOnAgain() {
     if (isDiskBusy_ || isClockWrong_ || !isQuiet(agenda_.now())) {
         return agenda_.in(minutes(9), [this] { switchOnAgain(); });
     }
     for (const int code : std::exchange(off_, {})) {
         DatabaseFunctions().reCalculateAlarm(code);
-        for (const TableEntry& entry : isAtOther_ ? otherTable_ : table_) {
-            const Moment due = entry.instant + minutes(alarmOffset(code));
-            if (entry.code == code && due > agenda_.now() && due < end_) {
-                ledger_.demand(code, entry.instant, due, entry.text, entry.city);
-            }
-        }
+        demandFrom(agenda_.now(), code);
     }
     if (keeper_ && !isAsleep_ && keeper_->choicesChanged()) wake();
 }

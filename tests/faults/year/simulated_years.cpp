@@ -48,9 +48,10 @@ Figures simulate(const Row& row) {
     return sum;
 }
 
-constexpr long Figures::*members[]{&Figures::faults,  &Figures::rings,        &Figures::rung, &Figures::late,
-                                   &Figures::excused, &Figures::byWrongClock, &Figures::lost, &Figures::repeated,
-                                   &Figures::doubled, &Figures::wrong,        &Figures::hangs};
+constexpr long Figures::*members[]{&Figures::faults,  &Figures::rings,        &Figures::rung,  &Figures::late,
+                                   &Figures::excused, &Figures::byWrongClock, &Figures::lost,  &Figures::repeated,
+                                   &Figures::doubled, &Figures::wrong,        &Figures::hangs, &Figures::reminders,
+                                   &Figures::muted};
 
 // A simulation has a process to itself: the shared services, the disk and the environment are those of a process.
 void start(Row& row) {
@@ -107,7 +108,7 @@ int run(std::vector<Row> rows, std::size_t processes) {
         "| fault | city-years | incidents | rings | in time | late | excused | by a wrong clock | lost | repeated | "
         "doubled "
         "| "
-        "wrong | hangs |\n|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n");
+        "wrong | hangs | second rings | muted |\n|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n");
     std::fflush(stdout);
     Figures all;
     int allYears = 0;

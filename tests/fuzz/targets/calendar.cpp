@@ -5,7 +5,10 @@
 #include "platform/ical_component.h"
 #include "platform/ical_text.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     const ScannedCalendar scanned = scanCalendar(std::string(bytes));
     if (!scanned.calendar) return;
     for (const CalendarComponent& component : scanned.calendar->components) {
@@ -13,3 +16,8 @@ void quode::fuzz::consume(std::string_view bytes) {
         withEventText(*scanned.calendar, component.uid, "BEGIN:VEVENT\r\nEND:VEVENT\r\n");
     }
 }
+
+const Target target("calendar", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

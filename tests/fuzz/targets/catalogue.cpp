@@ -7,7 +7,10 @@
 #include "fuzz/target.h"
 #include "texts/MessageCatalogue.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     try {
         const MessageCatalogue catalogue{std::string(bytes)};
         catalogue.find("Stop", "alarm");
@@ -18,3 +21,8 @@ void quode::fuzz::consume(std::string_view bytes) {
         // says what is wrong with the file
     }
 }
+
+const Target target("catalogue", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

@@ -18,7 +18,10 @@ void attempt(Parse parse) {
 
 }  // namespace
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     using namespace app;
     attempt([&] { require(sameDay(parseDate(isoDate(parseDate(bytes))), parseDate(bytes))); });
     attempt([&] { daysOf(parseMonth(bytes)); });
@@ -26,3 +29,8 @@ void quode::fuzz::consume(std::string_view bytes) {
     attempt([&] { parseHijriDate(bytes); });
     attempt([&] { require(parseMoment(isoMoment(parseMoment(bytes))) == parseMoment(bytes)); });
 }
+
+const Target target("dates", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

@@ -3,6 +3,14 @@
 #include "fuzz/target.h"
 #include "platform/event_identifier.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     if (isOwnIdentifier(bytes)) require(!problemOfIdentifier(bytes));
 }
+
+const Target target("identifiers", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

@@ -5,10 +5,18 @@
 #include "common/LanguagePack.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     try {
         parseLanguagePack(bytes);
     } catch (const std::runtime_error&) {
         // says what is wrong with the file
     }
 }
+
+const Target target("language_pack", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

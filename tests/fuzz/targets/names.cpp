@@ -6,10 +6,18 @@
 #include "data/name_folding.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     const std::string folded = foldedName(bytes);
     require(foldedName(folded) == folded || !isUtf8(bytes));
     const std::size_t half = bytes.size() / 2;
     typingMistakes(bytes.substr(0, half), bytes.substr(half), 2);
     require(!hasControls(printable(bytes)) || !isUtf8(bytes));
 }
+
+const Target target("names", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

@@ -6,10 +6,18 @@
 #include "data/coordinates.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     const std::string text(bytes);
     leadingNumber<double>(formatting::getFloatStr(decipheredCoordinate(text)));
     leadingNumber<int>(text);
     numberOf<double>(text);
     numberOf<int>(text);
 }
+
+const Target target("numbers", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

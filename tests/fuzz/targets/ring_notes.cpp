@@ -9,7 +9,10 @@
 #include "companion/ring_lines.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     constexpr std::size_t contentLength = ringLineLength - 9;
     std::string line(bytes.substr(0, contentLength));
     line.resize(contentLength, ' ');
@@ -19,3 +22,8 @@ void quode::fuzz::consume(std::string_view bytes) {
     if (const auto ring = ringFrom(line)) require(ringFrom(ringLine(*ring)).has_value());
     if (const auto note = decidedFrom(line)) require(decidedFrom(decidedLine(*note)).has_value());
 }
+
+const Target target("ring_notes", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

@@ -4,9 +4,17 @@
 #include "data/CityDatabase.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     static const CityDatabase cities(CityDatabase::fileIn(QUODE_BUNDLE));
     for (const CityHit& hit : cities.search(bytes, 3)) require(!hit.city.name.empty());
     cities.named(bytes, 1);
     cities.largestCityOfZone(bytes);
 }
+
+const Target target("search", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

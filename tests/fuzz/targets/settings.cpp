@@ -5,10 +5,18 @@
 #include "data/Timetable.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     if (const auto method = conventions::methodOf(bytes)) {
         conventions::problemOf(*method);
         require(conventions::methodOf(conventions::textOf(*method)) == method);
     }
     if (const auto row = timetableRowOf(bytes)) require(timetableRowOf(textOf(*row)) == row);
 }
+
+const Target target("settings", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

@@ -6,7 +6,10 @@
 #include "common/text_format.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     try {
         placeholdersOf(bytes);
         filledFormat(bytes, {7, std::string_view("text")});
@@ -14,3 +17,8 @@ void quode::fuzz::consume(std::string_view bytes) {
         // names the format
     }
 }
+
+const Target target("templates", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

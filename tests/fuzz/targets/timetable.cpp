@@ -16,7 +16,10 @@ quode::Site istanbul() {
 
 }  // namespace
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     using namespace timetables;
     try {
         const RawTable raw = readRawTable(bytes, ZoneRule{});
@@ -28,3 +31,8 @@ void quode::fuzz::consume(std::string_view bytes) {
         require(*error.what() != '\0');
     }
 }
+
+const Target target("timetable", consume);
+
+}  // namespace
+}  // namespace quode::fuzz

@@ -3,10 +3,18 @@
 #include "data/posix_zone.h"
 #include "fuzz/target.h"
 
-void quode::fuzz::consume(std::string_view bytes) {
+namespace quode::fuzz {
+namespace {
+
+void consume(std::string_view bytes) {
     const auto zone = parsePosixZone(bytes);
     if (!zone) return;
     for (const int year : {1, 1970, 2026, 9999}) {
         zone->offsetAt(std::chrono::sys_days(std::chrono::year(year) / 7 / 1));
     }
 }
+
+const Target target("zone_text", consume);
+
+}  // namespace
+}  // namespace quode::fuzz
