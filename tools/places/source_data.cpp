@@ -167,6 +167,10 @@ void addOtherNames(const std::filesystem::path& folder, SourceData& data) {
     for (const auto& row : readTable(folder / "former_names.tsv", 3)) {
         data.otherNames.push_back({static_cast<std::int32_t>(wholeNumber(row[0], "former_names.tsv")), row[1], row[2]});
     }
+    for (const auto& row : readTable(folder / "alternate_names.tsv.gz", 2)) {
+        data.otherNames.push_back(
+            {static_cast<std::int32_t>(wholeNumber(row[0], "alternate_names.tsv.gz")), row[1], row[1]});
+    }
     const LargestPlaces largest(data);
     for (const char* const file : {"other_names.tsv", "native_names.tsv"}) {
         for (const auto& row : readTable(folder / file, 3)) {

@@ -84,6 +84,7 @@ class SmallData : public testing::Test {
         test::writeFile(folder, "former_names.tsv", "id\tname\tascii\n7\tZ\tZ\n");
         test::writeFile(folder, "other_names.tsv", "country\tplace\tother\nTR\tX\tW\n");
         test::writeFile(folder, "native_names.tsv", "country\tplace\tother\nTR\tX\tЖ\n");
+        test::writeFile(folder, "alternate_names.tsv.gz", "id\tname\n7\tЖ\n7\tЩ\n");
         test::writeFile(folder, "zone_aliases.tsv", "alias\tzone\nTurkey\tEurope/Istanbul\n");
         test::writeFile(folder, "edition.tsv", "key\tvalue\nplaces\ttest\n");
     }
@@ -113,10 +114,11 @@ TEST_F(SmallData, IsRead) {
     EXPECT_EQ(data.places[1].id, derivedId("TR", "Y", "1", "2"));
     EXPECT_EQ(data.places[1].population, 0);
     EXPECT_FALSE(data.places[1].elevation);
-    ASSERT_EQ(data.otherNames.size(), 3U);
+    ASSERT_EQ(data.otherNames.size(), 4U);
     EXPECT_EQ(data.otherNames[0].name, "W");
     EXPECT_EQ(data.otherNames[1].name, "Z");
     EXPECT_EQ(data.otherNames[2].name, "Ж");
+    EXPECT_EQ(data.otherNames[3].name, "Щ");
     EXPECT_EQ(data.zoneClocks.at("Europe/Istanbul"), "1767225600 7200 0;<+03>-3");
 }
 
