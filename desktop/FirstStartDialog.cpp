@@ -4,14 +4,18 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QEventLoop>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
+#include <chrono>
 
 #include "app/method_choice.h"
 #include "app/session.h"
@@ -33,6 +37,21 @@ QLabel* newText(QWidget* parent) {
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+// Until the window manager has placed a window nobody knows where its middle is, on which a dialog is to stand.
+void waitForPlace(const QWidget* parent) {
+    constexpr std::chrono::milliseconds patience{1000}, interval{10};
+    const QWindow* const window = parent != nullptr ? parent->windowHandle() : nullptr;
+    if (window == nullptr || window->isExposed()) return;
+    QEventLoop loop;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (window->isExposed()) loop.quit();
+    });
+    look.start(interval);
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 }  // namespace
@@ -149,6 +168,7 @@ QString askOnFirstStart(app::Session& session, QWidget* parent) {
     try {
         const std::optional<CityRecord> guess = app::cityToAskAbout(session);
         if (!guess) return {};
+        waitForPlace(parent);
         FirstStartDialog dialog(session, *guess, parent);
         if (dialog.exec() == QDialog::Accepted) {
             app::takeAnswer(session, dialog.answer());

@@ -125,6 +125,12 @@ def windows(title):
     return xdotool("search", "--onlyvisible", "--name", title)
 
 
+def middle_of(window):
+    """Where the middle of a window is on the screen, (x, y)."""
+    facts = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window))
+    return tuple(int(facts[place]) + int(facts[size]) / 2 for place, size in (("X", "WIDTH"), ("Y", "HEIGHT")))
+
+
 def sleeps(pid):
     """How often each thread of a process has gone to sleep; each time something had woken it."""
     counts = {}
@@ -187,7 +193,10 @@ class Desktop(unittest.TestCase):
 
     def test_a_first_start_asks_once(self):
         first = self.start(PROGRAM)
-        wait_for(lambda: windows("^Welcome to Quode$"), "the question")
+        question = wait_for(lambda: windows("^Welcome to Quode$"), "the question")[0]
+        panel = next(each for each in windows("^Quode$") if middle_of(each) != middle_of(question))
+        for of_question, of_panel in zip(middle_of(question), middle_of(panel)):
+            self.assertAlmostEqual(of_question, of_panel, delta=60, msg="the question stands on the panel")
         xdotool("key", "Escape")
         wait_for(lambda: not windows("^Welcome to Quode$"), "the question goes")
         first.kill()

@@ -207,9 +207,13 @@ class Rings(OnDesktop):
         return [key for key, _, _ in self.ask("org.quode.Quode1", "/org/quode/Quode1", "org.quode.Quode1.Alarms", "Ringing")[0]]
 
     def bubble(self):
-        """The nodes of what the daemon shows, by name."""
-        return {node.get_name(): node for node in nodes(application_of(self.daemon))
-                if node.get_role_name() in ("label", "push button") and node.get_state_set().contains(Atspi.StateType.SHOWING)}
+        """The nodes of what the daemon shows, by name; None while it does not answer."""
+        try:
+            return {node.get_name(): node for node in nodes(application_of(self.daemon))
+                    if node.get_role_name() in ("label", "push button")
+                    and node.get_state_set().contains(Atspi.StateType.SHOWING)}
+        except GLib.Error:
+            return None
 
     def begin_shortly_before_maghrib(self):
         """Moves the real clock there; times differ by minutes from day to day."""
@@ -226,7 +230,8 @@ class Rings(OnDesktop):
         self.start("--page", "alarms")
         self.press("Accept")
         self.press("Maghrib")
-        shown = wait_for(lambda: "Maghrib" in self.bubble() and self.bubble(), "the notification", AHEAD + PATIENCE)
+        shown = wait_for(lambda: (bubble := self.bubble()) and "Maghrib" in bubble and bubble, "the notification",
+                         AHEAD + PATIENCE)
         body = [name for name in shown if name.startswith("Kathmandu, ")]
         self.assertEqual(len(body), 1, list(shown))
         self.assertIn("Mute today", shown)
@@ -235,7 +240,7 @@ class Rings(OnDesktop):
         subprocess.run(["xdotool", "mousemove", str(area.x + area.width // 2), str(area.y + area.height // 2), "click", "1"],
                        check=True)
         wait_for(lambda: not self.rings(), "the end of the ring")
-        wait_for(lambda: "Maghrib" not in self.bubble(), "the end of the notification")
+        wait_for(lambda: (bubble := self.bubble()) is not None and "Maghrib" not in bubble, "the end of the notification")
 
 
 class Kills(OnDesktop):

@@ -31,6 +31,7 @@ bool draw(window::SettingsWindow& window, const QString& page, const QString& fi
     QTest::qWait(drawn);
     openFirstDetails(window);
     QTest::qWait(drawn);
+    QTest::qWait(drawn);  // what was filled in at the end of the first wait is laid out in the second
     return window.grab().save(file, "PNG");
 }
 
