@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-FileCopyrightText: the Quode authors
 # SPDX-License-Identifier: MIT
-# completions_test.sh FOLDER QUODE: what bash completes, and that the page and every completion name each command of the help.
+# completions_test.sh FOLDER QUODE: what bash, fish and zsh complete, and that the page and every completion name each command of the help.
 set -euo pipefail
 folder=$1
 quode=$2
@@ -23,6 +23,24 @@ completed() {
 [ "$(completed quode month --format "")" = "table csv json pdf html ics" ] || fail "the choices of --format are not offered"
 [[ " $(completed quode next --) " = *" --format "* ]] || fail "the options of a command are not offered"
 [[ " $(completed quode sky --) " != *" --format "* ]] || fail "an option of another command is offered"
+
+[[ " $(completed quode today --city London --) " = *" --seconds "* ]] || fail "the value of an option hides the command"
+
+if command -v fish >/dev/null; then
+    offered() { fish --no-config -c "source '$folder/quode.fish'; complete -C '$1'" 2>&1 | cut -f 1 | tr '\n' ' '; }
+    [ "$(offered 'quode ci')" = "city " ] || fail "fish, quode ci: $(offered 'quode ci')"
+    [ "$(offered 'quode city --json se')" = "search " ] || fail "fish: $(offered 'quode city --json se')"
+    [ "$(offered 'quode month --format p')" = "pdf " ] || fail "fish: $(offered 'quode month --format p')"
+    [[ $(offered 'quode today --city London --') = *"--seconds "* ]] || fail "fish: the value of an option hides the command"
+    [[ $(offered 'quode sky --') != *"--format "* ]] || fail "fish offers an option of another command"
+fi
+if command -v zsh >/dev/null; then
+    shown=$(zsh -f "$(dirname "${BASH_SOURCE[0]}")/zsh_completes" "$folder" 'quode today --city London --se' 'quode city --json se' \
+        'quode month --format p' 'quode ') || fail "$shown"
+    for text in "--seconds" "search" "--format pdf" "The direction of the Kaaba"; do
+        [[ $shown = *"$text"* ]] || fail "zsh does not complete $text: $shown"
+    done
+fi
 
 commands=$("$quode" --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
 [ "$(wc -w <<<"$commands")" -gt 10 ] || fail "the help lists no commands"

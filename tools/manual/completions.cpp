@@ -62,6 +62,14 @@ std::vector<std::pair<std::string, std::vector<std::string>>> choicesOf(const Su
     return choices;
 }
 
+// The words that lead to each command, quoted: what is typed so far is followed as long as it leads to one, so that the values
+// of options and other words do not count.
+std::string knownPaths(const Subject& subject, const char* separator) {
+    std::vector<std::string> known;
+    for (const CommandPath& path : allPaths(subject.commands)) known.push_back(singleQuoted(joined(path.words, " ")));
+    return joined(known, separator);
+}
+
 std::string bashCase(const std::string& pattern, const std::vector<std::string>& words) {
     return "        " + singleQuoted(pattern) + ") words=" + singleQuoted(joined(words, " ")) + " ;;\n";
 }
@@ -97,7 +105,8 @@ std::string bashCompletion(const Subject& subject) {
     std::string text = "# bash completion for " + name + "\n_" + name + "() {\n";
     text += "    local cur=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} path= word words=\n";
     text += "    COMPREPLY=()\n    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n";
-    text += "        case $word in -*) ;; *) path+=\"${path:+ }$word\" ;; esac\n    done\n";
+    text += "        case \"${path:+$path }$word\" in\n        " + knownPaths(subject, "|") +
+            ") path+=\"${path:+ }$word\" ;;\n        esac\n    done\n";
     text += "    case \"$path $previous\" in\n";
     for (const auto& [option, values] : choicesOf(subject)) {
         text += "        " + option + ") COMPREPLY=($(compgen -W " + singleQuoted(joined(values, " ")) +
@@ -119,17 +128,20 @@ std::string bashCompletion(const Subject& subject) {
 std::string zshCompletion(const Subject& subject) {
     const std::string& name = subject.program->name;
     std::string text = "#compdef " + name + "\n";
-    text += "_" + name + "() {\n    local path= word\n    local -a commands\n";
-    text +=
-        "    for word in ${words[2,CURRENT-1]}; do\n        [[ $word == -* ]] || path+=\"${path:+ }$word\"\n    done\n";
-    text += "    case $path in\n";
+    text += "_" + name + "() {\n    local route= word\n    local -a commands rest\n";
+    text += "    for word in ${words[2,CURRENT-1]}; do\n        case ${route:+$route }$word in\n        " +
+            knownPaths(subject, "|") +
+            ") route+=${route:+ }$word ;;\n        *) rest+=($word) ;;\n        esac\n    done\n";
+    // _arguments takes the words that lead to the command for arguments of it.
+    text += "    words=($words[1] $rest \"${(@)words[CURRENT,-1]}\")\n    (( CURRENT = $#rest + 2 ))\n";
+    text += "    case $route in\n";
     const auto entry = [&](const std::string& path, const std::vector<Command>& children,
                            const std::vector<Parameter>& parameters) {
         text += "        " + singleQuoted(path) + ")\n            commands=(";
         for (const Command& child : children) text += singleQuoted(child.name + ":" + child.summary) + " ";
-        text += ")\n            (( $#commands )) && _describe command commands\n            _arguments -S \\\n";
+        text += ")\n            (( $#commands )) && _describe command commands\n            _arguments \\\n";
         text += zshArguments(parameters) + zshArguments(subject.program->parameters);
-        text += "            '--help[Explain the command]' ;;\n";
+        text += "            '--help[Explain the command]' '*: : ' ;;\n";
     };
     entry("", subject.commands, {});
     for (const CommandPath& path : allPaths(subject.commands)) {
@@ -141,10 +153,12 @@ std::string zshCompletion(const Subject& subject) {
 std::string fishCompletion(const Subject& subject) {
     const std::string& name = subject.program->name;
     std::string text = "# fish completion for " + name + "\n";
-    text += "function __" + name + "_path\n    set -l words (commandline -opc)\n";
-    text += "    string join ' ' (string match -v -- '-*' $words[2..])\nend\ncomplete -c " + name + " -f\n";
+    text += "function __" + name + "_at\n    set -l path ''\n    for word in (commandline -opc)[2..]\n";
+    text += "        set -l longer (string trim \"$path $word\")\n        if contains -- \"$longer\" " +
+            knownPaths(subject, " ") + "\n            set path \"$longer\"\n        end\n    end\n";
+    text += "    test \"$path\" = \"$argv[1]\"\nend\ncomplete -c " + name + " -f\n";
     const auto at = [&](const std::string& path) {
-        return "complete -c " + name + " -n \"test (__" + name + "_path) = '" + path + "'\"";
+        return "complete -c " + name + " -n \"__" + name + "_at '" + path + "'\"";
     };
     const auto children = [&](const std::string& path, const std::vector<Command>& commands) {
         for (const Command& child : commands) {
