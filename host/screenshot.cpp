@@ -36,6 +36,7 @@ using app::Session;
 
 constexpr QSize screenSize{360, 640};  // points
 constexpr int compassAppears = 1500;   // ms, until its animations have ended
+constexpr int quickCompression = 80;   // of 0 (smallest file) to 100 (quickest)
 
 /// The environment with another value for one variable.
 Environment with(Environment environment, std::string name, std::string value) {
@@ -118,7 +119,7 @@ QImage picture(const ScreenshotOptions& options, Session& session) {
 
 void save(const QImage& image, const std::string& name) {
     QSaveFile file(QString::fromStdString(name));
-    const bool isSaved = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
+    const bool isSaved = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG", quickCompression) && file.commit();
     if (isSaved) return;
     throw Failure(ExitCode::outputFailed,
                   _("The picture \"{}\" cannot be written: {}.", name, file.errorString().toStdString()));
