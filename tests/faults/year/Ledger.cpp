@@ -46,9 +46,21 @@ void Ledger::demand(const Planned& ring) {
 
 void Ledger::silence(int code, Moment now, Moment until) {
     silentUntil_[code] = until;
-    std::erase_if(demands_, [&](const Demand& each) {
-        return each.ring.code == code && each.isSnooze && each.due > now && each.due <= until && each.shown.empty();
-    });
+    for (const Demand& each : held_) {
+        if (each.ring.code == code && each.due > now) demands_.push_back(each);
+    }
+    std::erase_if(held_, [&](const Demand& each) { return each.ring.code == code; });
+    holdSilentSnoozes(code, now);
+}
+
+// Snoozes within a silence that may still end early.
+void Ledger::holdSilentSnoozes(int code, Moment now) {
+    const auto isSilent = [&](const Demand& each) {
+        return each.ring.code == code && each.isSnooze && each.due > now && each.due <= silentUntil_[code] &&
+               each.shown.empty();
+    };
+    std::ranges::copy_if(demands_, std::back_inserter(held_), isSilent);
+    std::erase_if(demands_, isSilent);
 }
 
 void Ledger::withdraw(Moment after) {
@@ -61,6 +73,7 @@ void Ledger::withdraw(int code, Moment after) {
     std::erase_if(demands_,
                   [&](const Demand& each) { return each.ring.code == code && each.due > after && each.shown.empty(); });
     std::erase_if(muted_, [&](const Key& each) { return each.first == code && each.second > after; });
+    std::erase_if(held_, [&](const Demand& each) { return each.ring.code == code && each.due > after; });
 }
 
 void Ledger::snooze(int code, Moment alarm, Moment due) {
@@ -69,12 +82,15 @@ void Ledger::snooze(int code, Moment alarm, Moment due) {
     // One that a wrong clock brought was not shown as far as the demand goes; it is still to come.
     if (first == demands_.end() || first->shown.empty()) return;
     demands_.push_back({first->ring, due, true});
+    holdSilentSnoozes(code, due - seconds(1));
 }
 
 void Ledger::stop(int code, Moment alarm, Moment now) {
-    std::erase_if(demands_, [&](const Demand& each) {
+    const auto isStopped = [&](const Demand& each) {
         return keyOf(each.ring) == Key(code, alarm) && each.isSnooze && each.due > now;
-    });
+    };
+    std::erase_if(demands_, isStopped);
+    std::erase_if(held_, isStopped);
 }
 
 void Ledger::shown(const Ring& ring, const Showing& showing) {

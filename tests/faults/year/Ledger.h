@@ -75,11 +75,13 @@ class Ledger {
     bool isByWrongClock(const Ring& ring, Moment now, std::chrono::seconds clockError);
     bool hadAChance(Moment due) const;
     void count(const Demand& demand);
+    void holdSilentSnoozes(int code, Moment now);
 
     std::vector<Demand> demands_;
     std::map<Moment, bool> chances_;
     std::set<Key> byWrongClock_;
     std::map<int, Moment> silentUntil_;
+    std::vector<Demand> held_;  // snoozes that are silent while the silence lasts
     std::set<Key> muted_;
     Figures figures_;
 };
