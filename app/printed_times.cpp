@@ -248,6 +248,15 @@ std::string printedPdf(const printing::Timetable& timetable, const printing::Pdf
     return bytesOf(std::move(file));
 }
 
+printing::Picture printedPage(const printing::Timetable& timetable, const printing::PdfOptions& options,
+                              std::size_t page, int width) {
+    auto* const draw = operation<printing::DrawPage>("quode-print.so", printing::drawPageSymbol);
+    printing::DrawnPage drawn;
+    draw(drawn, timetable, options, page, width);
+    if (drawn.problem.empty()) return std::move(drawn.picture);
+    throw Failure(ExitCode::internalError, _("The page could not be drawn: {}.", drawn.problem));
+}
+
 std::string printedCalendar(const printing::PrayerCalendar& calendar) {
     auto* const print = operation<printing::PrintCalendar>("quode-publish.so", printing::printCalendarSymbol);
     printing::PrintedFile file;

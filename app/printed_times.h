@@ -33,6 +33,10 @@ printing::Timetable printedTimes(Session& session, const PrintRequest& request);
 /// missing, internalError when it fails.
 std::string printedPdf(const printing::Timetable& timetable, const printing::PdfOptions& options);
 
+/// A page of that file, counted from 0, as a picture so many pixels wide; the same holds for it.
+printing::Picture printedPage(const printing::Timetable& timetable, const printing::PdfOptions& options,
+                              std::size_t page, int width);
+
 /// The text of an iCalendar file; the same holds for it.
 std::string printedCalendar(const printing::PrayerCalendar& calendar);
 

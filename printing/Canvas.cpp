@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
-// Cairo writes the file and Pango the texts: it joins the letters of Arabic and finds a font for every script.
+// Cairo writes the file or the picture and Pango the texts: it joins the letters of Arabic and finds a font for every script.
 #include "printing/Canvas.h"
 
 #include <cairo-pdf.h>
@@ -19,6 +19,9 @@ struct DestroySurface {
 };
 struct DestroyContext {
     void operator()(cairo_t* context) const { cairo_destroy(context); }
+};
+struct FreeOptions {
+    void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
 };
 struct Unref {
     void operator()(void* object) const { g_object_unref(object); }
@@ -52,6 +55,30 @@ Canvas::Canvas(double width, double height, const Timetable& timetable)
     cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_CREATOR, "Quode");
     cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_CREATE_DATE, timetable.made.c_str());
     parts.context.reset(cairo_create(surface));
+    prepareTexts(timetable);
+}
+
+Canvas::Canvas(double width, double height, const Timetable& timetable, Picture& picture)
+    : width_(width), height_(height), isRightToLeft_(timetable.isRightToLeft), parts_(std::make_unique<Parts>()) {
+    constexpr std::uint32_t paper = 0xffffff;
+    Parts& parts = *parts_;
+    picture.pixels.assign(std::size_t(picture.width) * std::size_t(picture.height), paper);
+    parts.surface.reset(cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(picture.pixels.data()), CAIRO_FORMAT_RGB24, picture.width, picture.height,
+        cairo_format_stride_for_width(CAIRO_FORMAT_RGB24, picture.width)));
+    parts.context.reset(cairo_create(parts.surface.get()));
+    cairo_scale(parts.context.get(), picture.width / width, picture.height / height);
+    prepareTexts(timetable);
+    // Letters as wide as in the file, and grey at their edges: nothing is fitted to the pixels.
+    const std::unique_ptr<cairo_font_options_t, FreeOptions> options(cairo_font_options_create());
+    cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
+    cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
+    cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
+    pango_cairo_context_set_font_options(pango_layout_get_context(parts.layout.get()), options.get());
+}
+
+void Canvas::prepareTexts(const Timetable& timetable) {
+    Parts& parts = *parts_;
     parts.layout.reset(pango_cairo_create_layout(parts.context.get()));
     parts.font.reset(pango_font_description_new());
     PangoContext* const texts = pango_layout_get_context(parts.layout.get());

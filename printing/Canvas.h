@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "printing/Picture.h"
 #include "printing/Timetable.h"
 
 namespace quode::printing {
@@ -27,11 +28,14 @@ struct Font {
     bool isItalic = false;
 };
 
-/// The pages of a PDF file, drawn one after another. Lengths are points, 1/72 inch. In a document that is read from
+/// The pages of a PDF file, drawn one after another, or a picture of one page. Lengths are points, 1/72 inch. In a document that is read from
 /// right to left all positions are mirrored.
 class Canvas {
   public:
+    /// A file.
     Canvas(double width, double height, const Timetable& timetable);
+    /// A picture of the page in the size of `picture`, which is filled by `finished`, and must live until then.
+    Canvas(double width, double height, const Timetable& timetable, Picture& picture);
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
@@ -51,11 +55,13 @@ class Canvas {
     Font fitted(const std::string& text, Font font, double width);
 
     void nextPage();
-    /// Ends the file. Throws std::runtime_error when it could not be made.
+    /// Ends the file or the picture. Throws std::runtime_error when it could not be made.
+    /// @return the bytes of the file; of a picture none
     std::string finished();
 
   private:
     struct Parts;
+    void prepareTexts(const Timetable& timetable);
     double left(const Box& box) const;
     void prepare(const std::string& text, const Font& font);
 

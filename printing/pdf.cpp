@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "printing/pdf.h"
 
+#include <cmath>
+
 #include "printing/pages.h"
 
 namespace quode::printing {
@@ -31,6 +33,14 @@ void drawTexts(Canvas& canvas, double& y, const std::vector<std::string>& texts,
     for (const std::string& text : texts) {
         canvas.paragraph({margin, y, width, 0.0}, text, font, ink);
         y += canvas.heightOf(text, width, font) + paragraphGap;
+    }
+}
+
+void drawPage(Canvas& canvas, const Timetable& timetable, const PdfOptions& options, std::size_t page) {
+    if (options.isSheet) {
+        drawYear(canvas, timetable);
+    } else {
+        drawMonth(canvas, timetable, timetable.pages.at(page));
     }
 }
 
@@ -74,16 +84,20 @@ double drawFooter(Canvas& canvas, const std::vector<std::string>& remarks, const
 std::string pdfOf(const Timetable& timetable, const PdfOptions& options) {
     const Size size = sizeOf(options.paper);
     Canvas canvas(size.width, size.height, timetable);
-    if (options.isSheet) {
-        drawYear(canvas, timetable);
-        canvas.nextPage();
-        return canvas.finished();
-    }
-    for (const Page& page : timetable.pages) {
-        drawMonth(canvas, timetable, page);
+    for (std::size_t page = 0; page < pageCount(timetable, options); ++page) {
+        drawPage(canvas, timetable, options, page);
         canvas.nextPage();
     }
     return canvas.finished();
+}
+
+Picture pictureOf(const Timetable& timetable, const PdfOptions& options, std::size_t page, int width) {
+    const Size size = sizeOf(options.paper);
+    Picture picture{width, int(std::lround(width * size.height / size.width)), {}};
+    Canvas canvas(size.width, size.height, timetable, picture);
+    drawPage(canvas, timetable, options, page);
+    canvas.finished();
+    return picture;
 }
 
 }  // namespace quode::printing

@@ -18,6 +18,7 @@
 #include "texts/translation.h"
 #include "views/qt_conversions.h"
 #include "window/IqamaPart.h"
+#include "window/PagePreview.h"
 #include "window/parts.h"
 
 namespace quode::window {
@@ -47,6 +48,7 @@ TimetablePage::TimetablePage(Context& context, QWidget* parent)
       sheet_(new QCheckBox(_("The whole year on one page"), this)),
       all_(new QCheckBox(_("All nine times"), this)),
       night_(new QCheckBox(_("Thirds of the night and midnight"), this)),
+      preview_(new PagePreview([this] { return pages(); }, this)),
       iqama_(new IqamaPart(context, this)) {
     paper_->addItem("A4", int(printing::Paper::a4));
     paper_->addItem("Letter", int(printing::Paper::letter));
@@ -69,10 +71,17 @@ TimetablePage::TimetablePage(Context& context, QWidget* parent)
     QVBoxLayout* const column = newColumn();
     column->addWidget(place_);
     column->addWidget(card);
+    column->addWidget(preview_);
     column->addWidget(iqama_);
     column->addStretch(1);
     connect(span_, &QComboBox::currentIndexChanged, this,
             [this] { sheet_->setEnabled(!span_->currentData().toString().contains('-')); });
+    for (QComboBox* const box : {span_, paper_}) {
+        connect(box, &QComboBox::currentIndexChanged, preview_, &PagePreview::updateSoon);
+    }
+    for (QCheckBox* const box : {sheet_, all_, night_}) {
+        connect(box, &QCheckBox::toggled, preview_, &PagePreview::updateSoon);
+    }
     connect(look, &QPushButton::clicked, this, &TimetablePage::open);
     connect(store, &QPushButton::clicked, this, &TimetablePage::save);
 }
@@ -94,9 +103,10 @@ void TimetablePage::refresh() {
     fillMonths();
     const std::optional<UserCity> home = app::storedHome(session());
     iqama_->refresh(home ? home->city : std::nullopt);
+    preview_->updateSoon();
 }
 
-std::string TimetablePage::bytes(TimetableFormat format) {
+app::PrintRequest TimetablePage::request() {
     app::PrintRequest request{app::chooseHomePlace(session()), {}};
     const QString span = span_->currentData().toString();
     const int year = span.section('-', 0, 0).toInt(), month = span.section('-', 1, 1).toInt();
@@ -105,9 +115,20 @@ std::string TimetablePage::bytes(TimetableFormat format) {
     }
     request.allTimes = all_->isChecked();
     request.withNight = night_->isChecked();
-    request.isSheet = sheet_->isEnabled() && sheet_->isChecked();
-    return app::timetableFile(session(), request, format,
-                              {printing::Paper(paper_->currentData().toInt()), request.isSheet});
+    request.isSheet = pdfOptions().isSheet;
+    return request;
+}
+
+printing::PdfOptions TimetablePage::pdfOptions() const {
+    return {printing::Paper(paper_->currentData().toInt()), sheet_->isEnabled() && sheet_->isChecked()};
+}
+
+std::string TimetablePage::bytes(TimetableFormat format) {
+    return app::timetableFile(session(), request(), format, pdfOptions());
+}
+
+PrintedPages TimetablePage::pages() {
+    return {app::printedTimes(session(), request()), pdfOptions()};
 }
 
 // The desktop's own program shows the pages, and prints them.

@@ -14,6 +14,8 @@ class QLabel;
 namespace quode::window {
 
 class IqamaPart;
+class PagePreview;
+struct PrintedPages;
 
 /// A timetable to hang up or to take into a calendar, and the begin of the congregations, which it shows.
 class TimetablePage : public Page {
@@ -29,6 +31,9 @@ class TimetablePage : public Page {
 
   private:
     void fillMonths();
+    app::PrintRequest request();
+    printing::PdfOptions pdfOptions() const;
+    PrintedPages pages();
     void open();
     void save();
     QString proposedName() const;
@@ -37,6 +42,7 @@ class TimetablePage : public Page {
     QLabel* place_;
     QComboBox *span_, *paper_;
     QCheckBox *sheet_, *all_, *night_;
+    PagePreview* preview_;
     IqamaPart* iqama_;
 };
 

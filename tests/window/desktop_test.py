@@ -10,6 +10,8 @@ import json
 import os
 import pathlib
 import random
+import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -170,6 +172,20 @@ class Window(OnDesktop):
         wait_for(lambda: self.quode("iqama")["iqama"][0]["rule"] == rule, "the command line follows")
         self.kill()
         self.assertEqual(self.quode("iqama")["iqama"][0]["rule"], rule)
+
+    def test_the_timetable_page_says_what_its_preview_lacks(self):
+        copy = pathlib.Path(self.home.name, "copy")
+        for folder in ("bin", "lib/quode"):
+            (copy / folder).mkdir(parents=True)
+        shutil.copy2(WINDOW, copy / "bin")
+        for library in pathlib.Path(WINDOW).parent.parent.glob("lib/quode/libquode-*.so.*"):
+            shutil.copy2(library, copy / "lib/quode")
+        self.environment["QUODE_BUNDLE_DIR"] = str(pathlib.Path(WINDOW).parent.parent / "lib/quode/Quode.bundle")
+        self.program = subprocess.Popen([copy / "bin" / pathlib.Path(WINDOW).name, "--page", "timetable"],
+                                        env=self.environment)
+        message = re.compile("The printing part of Quode cannot be loaded: .*quode-print.so.* Install Quode again.")
+        wait_for(lambda: any(message.match(node.get_name() or "") for node in nodes(self.application())), "the message")
+        self.find("Save…")
 
     def test_every_control_has_a_name(self):
         subprocess.run([COMMAND, "city", "home", "Istanbul"], env=self.environment, check=True, capture_output=True)
