@@ -127,20 +127,15 @@ class CitySearch {
         if (qualifiers.size() > mostQualifiers) return std::vector<bool>();
         const std::uint32_t all = (std::uint32_t{1} << qualifiers.size()) - 1;
         const std::map<int, std::uint32_t> countries = countriesThatSatisfy(qualifiers);
-        const sqlite::Statement row = connection_.query(
-            "SELECT F.PARENT, lower(F.CODE), F.FOLDED, P.CID FROM PARENT_FACT F JOIN CITY_PARENT P ON P.PARENT = "
-            "F.PARENT "
-            "ORDER BY F.PARENT DESC");
         std::vector<bool> allowed;
-        while (connection_.next(row)) {
-            const auto parent = static_cast<std::size_t>(sqlite3_column_int(row.get(), 0));
-            if (parent >= allowed.size()) allowed.resize(parent + 1);
-            const auto country = countries.find(sqlite3_column_int(row.get(), 3));
+        for (const RegionNames& region : connection_.regions()) {
+            const auto country = countries.find(region.country);
             std::uint32_t satisfied = country == countries.end() ? 0 : country->second;
-            if (satisfied != all) {
-                satisfied |= satisfiedBy(sqlite::text(row.get(), 1), {sqlite::text(row.get(), 2)}, qualifiers, false);
-            }
-            allowed[parent] = satisfied == all;
+            if (satisfied != all) satisfied |= satisfiedBy(region.code, {region.name}, qualifiers, false);
+            if (satisfied != all) continue;
+            const auto parent = static_cast<std::size_t>(region.region);
+            if (parent >= allowed.size()) allowed.resize(parent + 1);
+            allowed[parent] = true;
         }
         return allowed;
     }
@@ -158,7 +153,7 @@ class CitySearch {
         return countries;
     }
 
-    static std::uint32_t satisfiedBy(const std::string& code, std::initializer_list<std::string> names,
+    static std::uint32_t satisfiedBy(const std::string& code, std::initializer_list<std::string_view> names,
                                      const std::vector<std::string>& qualifiers, bool isCountry) {
         std::uint32_t satisfied = 0;
         for (std::size_t i = 0; i < qualifiers.size(); ++i) {
@@ -192,6 +187,7 @@ class CitySearch {
     // The names from the wanted one up to, not including, the end.
     void collectNames(const Wanted& wanted, const std::string& end) {
         const auto allowed = allowedParents(wanted.qualifiers);
+        if (allowed && allowed->empty()) return;
         const sqlite::Statement row = connection_.query(
             "SELECT FOLDED, ID, KIND, POPULATION, PARENT FROM CITY_NAME WHERE FOLDED >= ?1 AND FOLDED < ?2");
         sqlite3_bind_text(row.get(), 1, wanted.name.c_str(), -1, SQLITE_STATIC);

@@ -97,6 +97,21 @@ sqlite::Statement CityConnection::query(const std::string& sql) const {
     return statement;
 }
 
+const std::vector<RegionNames>& CityConnection::regions() {
+    if (!regions_.empty()) return regions_;
+    const sqlite::Statement row = query(
+        "SELECT F.PARENT, P.CID, lower(F.CODE), F.FOLDED FROM PARENT_FACT F JOIN CITY_PARENT P ON P.PARENT = F.PARENT "
+        "ORDER "
+        "BY F.PARENT DESC");
+    std::vector<RegionNames> regions;
+    while (next(row)) {
+        regions.push_back({sqlite3_column_int(row.get(), 0), sqlite3_column_int(row.get(), 1),
+                           sqlite::text(row.get(), 2), sqlite::text(row.get(), 3)});
+    }
+    regions_ = std::move(regions);
+    return regions_;
+}
+
 bool CityConnection::next(const sqlite::Statement& statement) const {
     const int result = sqlite3_step(statement.get());
     if (result != SQLITE_ROW && result != SQLITE_DONE) failReading();

@@ -7,12 +7,21 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/CityDatabase.h"
 #include "data/ZoneSource.h"
 #include "data/sqlite_reading.h"
 
 namespace quode {
+
+/// What a region can be searched by: the names are folded, the code in small letters.
+struct RegionNames {
+    int region = 0;
+    int country = 0;
+    std::string code;
+    std::string name;
+};
 
 /// The open database behind `CityDatabase`. Every failure is a `CityDatabaseError`.
 class CityConnection {
@@ -39,6 +48,9 @@ class CityConnection {
     /// The most populous place of a zone, which may have an older name; nothing without one.
     std::optional<CityRecord> largestCityOfZone(std::string_view zone);
 
+    /// All regions, from the highest number on. They are read once: a search that names one looks at all of them.
+    const std::vector<RegionNames>& regions();
+
     ZoneSource& zones() { return *zones_; }
 
     /// Reads the whole file and fails when any part of it is damaged.
@@ -54,6 +66,7 @@ class CityConnection {
     sqlite::Database database_;
     sqlite::Statement recordQuery_;  // kept, because a search reads many records
     mutable std::optional<ZoneSource> zones_;
+    std::vector<RegionNames> regions_;
 };
 
 }  // namespace quode
