@@ -23,6 +23,26 @@ bool rangWithin(const RingRecord& record, const Present& present, seconds time) 
     return areComparable(record.rangAt, present.uptime) && present.uptime.time - record.rangAt.time < time;
 }
 
+// Whether a ring is still to be shown.
+bool isPending(const RingRecord& record) {
+    return record.state != RingState::shown && record.state != RingState::finished &&
+           record.state != RingState::dropped;
+}
+
+// When a ring has begun to be due, by the present clock.
+sys_seconds dueSince(const RingRecord& record, const Present& present) {
+    if (record.state == RingState::snoozed || !areComparable(record.rangAt, present.uptime)) return record.ringAt;
+    const sys_seconds rang = present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
+    // By this clock another one brought it too early, and nobody saw it: it waits for its time.
+    return rang < record.alarm.due ? record.alarm.due : record.ringAt;
+}
+
+// Whether the user wants none of the rings up to a moment. A clock that is back moves the moment of a snooze, but not
+// that of the alarm, whose mute had ended by then.
+bool isSilenced(const UserAlarm& alarm, const RingRecord& record) {
+    return std::max(record.ringAt, record.alarm.due) <= alarm.silentUntil();
+}
+
 // Whether the time that is shown with a ring has minutes of the user's own.
 bool isAdjusted(const Choices& choices, const RingRecord& record) {
     const bool isOfHome = choices.home && choices.home->city && choices.home->city->name == record.city;
@@ -149,8 +169,9 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
             desk_->silence(record.alarm);
             desk_->close(record.notification);
             records_.forget(record.alarm.code, due);
-        } else if (record.state == RingState::snoozed && areComparable(record.rangAt, present.uptime)) {
-            record.ringAt += span.shift;  // it is so many minutes that the user sleeps on, whatever the clock shows
+        } else if (isPending(record) && areComparable(record.rangAt, present.uptime)) {
+            // So many minutes the user sleeps on, or the ring has not been visible, whatever the clock shows.
+            record.ringAt += span.shift;
             records_.keep(record);
         }
     }
@@ -168,12 +189,13 @@ bool RingKeeper::rangTooEarly(const RingRecord& record, milliseconds wrongSince,
 // --- ringing
 
 void RingKeeper::decide(const Choices& choices, RingRecord record, const Present& present) {
+    record.ringAt = dueSince(record, present);
     const RingDecision decision = decideRing(record.ringAt, present.clock);
     if (decision == RingDecision::wait) return;
     const UserAlarm* const alarm = choices.alarm(record.alarm.code);
     // It may have been switched off while it was snoozed.
     if (!alarm || !alarm->isOn) return keepState(record, RingState::finished);
-    if (record.ringAt <= alarm->silentUntil()) return keepState(record, RingState::finished);
+    if (isSilenced(*alarm, record)) return keepState(record, RingState::finished);
     const bool otherRings = choices.ringer == Ringer::evolution;
     if (decision == RingDecision::drop || otherRings) {
         const auto late = floor<minutes>(present.clock - record.ringAt);
@@ -241,12 +263,13 @@ void RingKeeper::followService() {
 
 void RingKeeper::offerUnseen(const Choices& choices, const Present& present) {
     const std::string run = desk_->run();
-    for (const RingRecord& record : records_.unfinished()) {
+    for (RingRecord record : records_.unfinished()) {
         const bool isAwaited = awaited_.contains({record.alarm.code, record.alarm.due});
         if (record.state != RingState::unseen || isAwaited) continue;
+        record.ringAt = dueSince(record, present);
         const UserAlarm* const alarm = choices.alarm(record.alarm.code);
         const RingDecision decision = decideRing(record.ringAt, present.clock);
-        if (!alarm || !alarm->isOn) {
+        if (!alarm || !alarm->isOn || isSilenced(*alarm, record)) {
             keepState(record, RingState::finished);
         } else if (decision == RingDecision::drop) {
             tell_(_("An alarm rang, but for 15 min no notification service was there to show it."));

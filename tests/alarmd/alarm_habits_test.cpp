@@ -91,6 +91,19 @@ TEST_F(AlarmHabitsTest, EndsASnoozedRingThatIsMutedMeanwhile) {
     EXPECT_EQ(desk.rings.size(), 1U);
 }
 
+TEST_F(AlarmHabitsTest, ShowsNoRingThatIsMutedBeforeItIsVisible) {
+    const sys_seconds due = dueOf(dhuhr);
+    desk.hasService = false;
+    runUntil(due + minutes(1));
+    ASSERT_EQ(desk.sounds.size(), 1U);
+    UserDatabase database = open();
+    muteUntil(database, due + hours(5));
+    desk.hasService = true;
+    runUntil(due + minutes(14));
+    EXPECT_TRUE(desk.rings.empty());
+    EXPECT_EQ(desk.sounds.size(), 1U);
+}
+
 TEST_F(AlarmHabitsTest, MutesTheRestOfTheDayOnAnAnswer) {
     switchOn(203);
     const sys_seconds due = dueOf(dhuhr), asr = dueOf(203);

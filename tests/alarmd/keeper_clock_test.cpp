@@ -107,5 +107,48 @@ TEST_F(KeeperClockTest, SleepsOnForFiveMinutesWhateverTheClockShows) {
     EXPECT_EQ(keeper->wake(), due - hours(1) + minutes(5));
 }
 
+TEST_F(KeeperClockTest, RingsAfterASnoozeAlthoughAClockThatIsBackShowsAMuteThatHasEnded) {
+    switchOn(202);
+    const sys_seconds due = dueOf(202);
+    UserDatabase database = open();
+    muteUntil(database, due - hours(1));
+    runUntil(due);
+    keeper->wake();
+    keeper->snooze(shownAs(1));
+    keeper->wake();
+    wakeWithClockSetTo(due - hours(6));
+    runUntil(due - hours(6) + minutes(6));
+    EXPECT_EQ(desk.rings.size(), 2U);
+}
+
+TEST_F(KeeperClockTest, OffersARingForAQuarterOfAnHourWhateverTheClockShows) {
+    const sys_seconds due = plannedRing(202);
+    desk.hasService = false;
+    runUntil(due + minutes(5));
+    wakeWithClockSetTo(due + hours(8));
+    runUntil(due + hours(8) + minutes(1));
+    wakeWithClockSetTo(due + minutes(6));
+    clock->present = due + minutes(11);
+    desk.hasService = true;
+    keeper->wake();
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(11));
+}
+
+TEST_F(KeeperClockTest, OffersAtItsTimeWhatAWrongClockBroughtTooEarlyForNobodyToSee) {
+    const sys_seconds due = plannedRing(202);
+    desk.hasService = false;
+    wakeAt(due - minutes(40));
+    wakeWithClockSetTo(due - minutes(1));
+    runUntil(due + minutes(1));
+    wakeWithClockSetTo(due - minutes(38));
+    desk.hasService = true;
+    runUntil(due - minutes(1));
+    EXPECT_THAT(desk.rings, IsEmpty());
+    runUntil(due + minutes(1));
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(0));
+}
+
 }  // namespace
 }  // namespace quode::test

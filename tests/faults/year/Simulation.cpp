@@ -207,10 +207,11 @@ void Simulation::userAnswers(std::uint32_t number, const Desktop::Shown& shown) 
     agenda_.in(desk_.slowness + between(seconds(3), minutes(3)), answer);
 }
 
-// Whether no alarm is near, so that what the user chooses is before or after it for everybody.
-bool Simulation::isQuiet(Moment moment) const {
-    const auto next = moments_.lower_bound(moment - minutes(17));
-    return next == moments_.end() || *next > moment + minutes(17);
+// Whether the user can use the device, and no alarm is near, so that what he chooses is before or after it for everybody.
+bool Simulation::canChoose() const {
+    const auto next = moments_.lower_bound(agenda_.now() - minutes(17));
+    const bool isQuiet = next == moments_.end() || *next > agenda_.now() + minutes(17);
+    return isQuiet && !isAsleep_;
 }
 
 // --- incidents

@@ -86,7 +86,7 @@ class Simulation {
     void editEvents();
     void choose();
     void switchOnAgain();
-    bool isQuiet(Moment moment) const;
+    bool canChoose() const;
     std::chrono::seconds between(std::chrono::seconds least, std::chrono::seconds most);
     int pick(int count) { return int(random_() % unsigned(count)); }
     UserDatabase open() { return {folder_.path(), cities_, *clock_}; }

@@ -254,11 +254,7 @@ void Simulation::editEvents() {
 
 void Simulation::choose() {
     if (isDiskBusy_ || isClockWrong_) return;
-    if (!isQuiet(agenda_.now())) {
-        agenda_.in(minutes(9), [this] { choose(); });
-        return;
-    }
-    const bool isUp = keeper_ && !isAsleep_;
+    if (!canChoose()) return agenda_.in(minutes(9), [this] { choose(); });
     if (pick(2) == 0) {
         isAtOther_ = !isAtOther_;
         UserDatabase database = open();
@@ -277,14 +273,13 @@ void Simulation::choose() {
         ledger_.withdraw(code, agenda_.now());
         agenda_.in(between(hours(1), hours(30)), [this] { switchOnAgain(); });
     }
-    if (isUp && keeper_->choicesChanged()) wake();
+    if (keeper_ && keeper_->choicesChanged()) wake();
 }
 
 // Up to any moment, or to that of a ring, which is left out; an earlier mute may still last, and is replaced or ended.
 void Simulation::silence() {
     if (isDiskBusy_ || isClockWrong_) return;
-    if (!isQuiet(agenda_.now())) return agenda_.in(minutes(9), [this] { silence(); });
-    const bool isUp = keeper_ && !isAsleep_;
+    if (!canChoose()) return agenda_.in(minutes(9), [this] { silence(); });
     const Moment now = agenda_.now();
     switch (pick(4)) {
         case 0:
@@ -301,18 +296,18 @@ void Simulation::silence() {
         default:
             skipNext(firstPrayer + pick(6));
     }
-    if (isUp && keeper_->choicesChanged()) wake();
+    if (keeper_ && keeper_->choicesChanged()) wake();
 }
 
 void Simulation::switchOnAgain() {
-    if (isDiskBusy_ || isClockWrong_ || !isQuiet(agenda_.now())) {
+    if (isDiskBusy_ || isClockWrong_ || !canChoose()) {
         return agenda_.in(minutes(9), [this] { switchOnAgain(); });
     }
     for (const int code : std::exchange(off_, {})) {
         DatabaseFunctions().reCalculateAlarm(code);
         demandFrom(agenda_.now(), code);
     }
-    if (keeper_ && !isAsleep_ && keeper_->choicesChanged()) wake();
+    if (keeper_ && keeper_->choicesChanged()) wake();
 }
 
 }  // namespace quode::test
