@@ -142,17 +142,19 @@ def sleeps(pid):
 
 def alarm_services(folder):
     """The numbers of the alarm services that run for a data folder."""
-    found = []
+    found = {}
     for number in filter(str.isdigit, os.listdir("/proc")):
         try:
             with open("/proc/%s/environ" % number, "rb") as variables:
                 is_of_folder = ("QUODE_DATA_DIR=" + folder).encode() in variables.read().split(b"\0")
-            with open("/proc/%s/comm" % number) as name:
-                if is_of_folder and name.read().strip() == "quode-alarmd":
-                    found.append(int(number))
+            with open("/proc/%s/stat" % number) as facts:
+                name, rest_of_line = facts.read().split("(", 1)[1].rsplit(")", 1)
+            if is_of_folder and name == "quode-alarmd":
+                found[int(number)] = int(rest_of_line.split()[1])
         except OSError:  # it has ended, or is somebody else's
             pass
-    return found
+    # A child of one is about to become another program.
+    return sorted(number for number, parent in found.items() if parent not in found)
 
 
 class Desktop(unittest.TestCase):
