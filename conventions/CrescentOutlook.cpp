@@ -13,7 +13,7 @@
 namespace quode::conventions {
 namespace {
 
-constexpr double earthRadius = 6378.14;         // km
+constexpr double equatorialRadius = 6378.14;    // km
 constexpr double moonRadiusPerEarth = 0.27245;  // sine of the semi-diameter over sine of the parallax
 constexpr double horizonDepression = 50.0 / 60.0;
 
@@ -37,7 +37,7 @@ class Sky {
         FastAstro engine;
         engine.MoonDecRAAccurate(julianDay + deltaT(julianDay) / 86400.0);
         moon = bodyAt(sidereal, 15.0 * engine.MoonRA(), engine.MoonDec());
-        parallax = asinDeg(earthRadius / engine.MoonDist());
+        parallax = asinDeg(equatorialRadius / engine.MoonDist());
     }
 
     double arcOfLight() const { return arc(moon.declination, moon.rightAscension); }

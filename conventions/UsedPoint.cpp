@@ -11,10 +11,10 @@
 namespace quode::conventions {
 namespace {
 
-constexpr double earthRadius = 6371.0;     // km
-constexpr double farFromMalaysia = 120.0;  // km from every seat
-constexpr double atThePoint = 0.006;       // degrees
-constexpr double clearlyNearer = 2.0;      // how many times nearer than the seat of any other zone
+constexpr double meanEarthRadius = 6371.0;  // km
+constexpr double farFromMalaysia = 120.0;   // km from every seat
+constexpr double atThePoint = 0.006;        // degrees
+constexpr double clearlyNearer = 2.0;       // how many times nearer than the seat of any other zone
 
 /// The seats nearest to a place: of the nearest zone and of any other.
 struct Nearest {
@@ -76,7 +76,7 @@ UsedPoint zonePoint(double latitude, double longitude, std::string_view key, boo
 double distanceKm(double latitude1, double longitude1, double latitude2, double longitude2) {
     const double a = sinDeg((latitude2 - latitude1) / 2.0), b = sinDeg((longitude2 - longitude1) / 2.0);
     const double h = a * a + cosDeg(latitude1) * cosDeg(latitude2) * b * b;
-    return 2.0 * earthRadius * asinDeg(std::sqrt(h)) * radiansPerDegree;
+    return 2.0 * meanEarthRadius * asinDeg(std::sqrt(h)) * radiansPerDegree;
 }
 
 UsedPoint usedPoint(const Convention& convention, double latitude, double longitude, std::string_view zone,

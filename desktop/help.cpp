@@ -18,7 +18,7 @@
 namespace quode {
 namespace {
 
-constexpr QSize usualSize{420, 520};  // points
+constexpr QSize helpSize{420, 520};  // points
 
 struct Section {
     const char* title;
@@ -82,7 +82,7 @@ void showPage(const QString& title, const QString& html, QWidget* parent) {
     auto* const window = new QDialog(parent);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowTitle(title);
-    window->resize(usualSize);
+    window->resize(helpSize);
     auto* const page = new QTextBrowser(window);
     page->setAccessibleName(title);
     page->setHtml(html);

@@ -18,7 +18,7 @@ namespace {
 constexpr int sunrise = codeOf(Prayer::sunrise);
 
 // A label takes its alignment from the first letter outside the parts that are kept together.
-QString qt(const std::string& text) {
+QString labelText(const std::string& text) {
     const QString ordered = QString::fromStdString(inReadingOrder(text));
     return isRightToLeft(languageInUse()) ? QChar(0x200F) + ordered : ordered;
 }
@@ -38,19 +38,19 @@ std::optional<int> currentPrayer(const CityDay& day, std::chrono::sys_seconds no
 }
 
 QString nextText(app::Session& session, const Site& site, const NextPrayer& next) {
-    return qt(session.prayerName(next.code) + " " + app::timeLeftText(session, site, next));
+    return labelText(session.prayerName(next.code) + " " + app::timeLeftText(session, site, next));
 }
 
 QString datesText(app::Session& session, const VAKDate& date) {
     const std::string civil = app::longDate(session, date);
     const auto hijri = app::hijriByTable(date);
-    return qt(hijri ? civil + "\n" + app::hijriText(session, *hijri) : civil);
+    return labelText(hijri ? civil + "\n" + app::hijriText(session, *hijri) : civil);
 }
 
 QStringList notesOf(app::Session& session, const CityDay& day) {
     QStringList lines;
     for (const std::string& note : app::dayNotes(session, app::chooseHomePlace(session), day, app::Remedy::settings)) {
-        lines << qt(note);
+        lines << labelText(note);
     }
     return lines;
 }
@@ -82,9 +82,9 @@ QString timesAsText(app::Session& session) {
         if (!city) return {};
         const Site site = siteOf(*city);
         const CityDay day = computeCityDay(site, app::today(session, site));
-        QStringList lines{qt(city->name), datesText(session, day.date)};
+        QStringList lines{labelText(city->name), datesText(session, day.date)};
         for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
-            lines << qt(session.prayerName(code) + " " + app::clockText(session, timeOfPrayer(day, code)));
+            lines << labelText(session.prayerName(code) + " " + app::clockText(session, timeOfPrayer(day, code)));
         }
         return lines.join('\n') + '\n';
     } catch (const std::runtime_error&) {

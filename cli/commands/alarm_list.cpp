@@ -12,14 +12,14 @@
 namespace quode::cli {
 namespace {
 
-void runList(Console& console, const Arguments&) {
+void listAlarms(Console& console, const Arguments&) {
     showAlarms(console, readAlarms(console.session()));
 }
 
 }  // namespace
 
 Command alarmListCommand() {
-    return {"list", _("Show the alarms of the six prayers"), {}, runList};
+    return {"list", _("Show the alarms of the six prayers"), {}, listAlarms};
 }
 
 }  // namespace quode::cli

@@ -10,7 +10,7 @@
 namespace quode::cli {
 namespace {
 
-void runList(Console& console, const Arguments&) {
+void listCities(Console& console, const Arguments&) {
     const std::optional<UserDatabase> database = userDatabaseToRead(console.session());
     showCities(console, database ? database->cities() : std::vector<UserCity>{});
 }
@@ -18,7 +18,7 @@ void runList(Console& console, const Arguments&) {
 }  // namespace
 
 Command cityListCommand() {
-    return {"list", _("Show your cities"), {}, runList};
+    return {"list", _("Show your cities"), {}, listCities};
 }
 
 }  // namespace quode::cli

@@ -46,12 +46,12 @@ Iqama iqamaOf(const std::string& text) {
                                      text, longestIqama));
 }
 
-std::string ruleText(Session& session, const Iqama& iqama) {
+std::string iqamaRuleText(Session& session, const Iqama& iqama) {
     if (iqama.isFixed) return clockText(session, std::chrono::minutes(iqama.minutes));
     return _n("{} minute after", "{} minutes after", iqama.minutes);
 }
 
-Json iqamaJson(const Iqama& iqama) {
+Json iqamaRuleJson(const Iqama& iqama) {
     return object({{"minutes_after", iqama.isFixed ? Json() : Json(iqama.minutes)},
                    {"clock", iqama.isFixed ? Json(clock24(std::chrono::minutes(iqama.minutes))) : Json()}});
 }
@@ -70,10 +70,10 @@ void show(Console& console, const ChosenPlace& place) {
         const auto hours = minute ? std::optional(double(*minute) / minutesPerHour) : std::nullopt;
         prayers.push_back(object({{"key", prayerKey(code)},
                                   {"name", session.prayerName(code)},
-                                  {"rule", rule ? iqamaJson(*rule) : Json()},
+                                  {"rule", rule ? iqamaRuleJson(*rule) : Json()},
                                   {"today", timeJson(hours)}}));
         table.add({session.prayerName(code), clockText(session, timeOfPrayer(day, code)),
-                   minute ? clockText(session, hours) : "-", rule ? ruleText(session, *rule) : "",
+                   minute ? clockText(session, hours) : "-", rule ? iqamaRuleText(session, *rule) : "",
                    adjustmentMark(day, code)});
     }
     if (console.wantsJson()) {

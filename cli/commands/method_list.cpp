@@ -74,7 +74,7 @@ Json conventionJson(const Convention& convention) {
                    {"agreement", agreementJson(convention)}});
 }
 
-void runList(Console& console, const Arguments&) {
+void listMethods(Console& console, const Arguments&) {
     if (console.wantsJson()) {
         Json::Array all;
         for (const Convention& convention : conventions::allConventions()) all.push_back(conventionJson(convention));
@@ -165,7 +165,7 @@ void runSuggest(Console& console, const Arguments& arguments) {
 }  // namespace
 
 Command methodListCommand() {
-    return {"list", _("Show all methods"), {}, runList};
+    return {"list", _("Show all methods"), {}, listMethods};
 }
 
 Command methodShowCommand() {

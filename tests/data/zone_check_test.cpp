@@ -16,19 +16,19 @@ namespace {
 using namespace std::chrono;
 using test::tzif;
 
-const StoredZone berlin{"Europe/Berlin", {1.0, true, 2, 35, 9, 35, 1}};
-const StoredZone vancouver{"America/Vancouver", {-7.0, false, 0, 0, 0, 0, 0}};
+const StoredZone berlinZone{"Europe/Berlin", {1.0, true, 2, 35, 9, 35, 1}};
+const StoredZone vancouverZone{"America/Vancouver", {-7.0, false, 0, 0, 0, 0, 0}};
 
 TEST(ZoneCheck, AgreesWithAnEqualRule) {
     const test::TemporaryFolder folder;
     test::writeFile(folder, "Europe/Berlin", tzif(3600, {}, "CET-1CEST,M3.5.0,M10.5.0/3"));
-    EXPECT_FALSE(checkZone(berlin, twoYearsFrom(2026y / November / 21), folder.path()));
+    EXPECT_FALSE(checkZone(berlinZone, twoYearsFrom(2026y / November / 21), folder.path()));
 }
 
 TEST(ZoneCheck, ReportsTheDaysOnWhichAnOlderSystemDisagrees) {
     const test::TemporaryFolder folder;
     test::writeFile(folder, "America/Vancouver", tzif(-28800, {}, "PST8PDT,M3.2.0,M11.1.0"));
-    const auto found = checkZone(vancouver, twoYearsFrom(2026y / November / 21), folder.path());
+    const auto found = checkZone(vancouverZone, twoYearsFrom(2026y / November / 21), folder.path());
     ASSERT_TRUE(found);
     EXPECT_FALSE(found->unknownToSystem);
     EXPECT_EQ(found->first, 2026y / November / 21);
@@ -47,7 +47,7 @@ TEST(ZoneCheck, ASingleDayIsNamedAlone) {
     test::writeFile(folder, "Europe/Berlin",
                     tzif(3600, {{noon(2027y / January / 5), 3600 + 1800}, {noon(2027y / January / 6), 3600}},
                          "CET-1CEST,M3.5.0,M10.5.0/3"));
-    const auto found = checkZone(berlin, twoYearsFrom(2026y / November / 21), folder.path());
+    const auto found = checkZone(berlinZone, twoYearsFrom(2026y / November / 21), folder.path());
     ASSERT_TRUE(found);
     EXPECT_EQ(found->days, 1);
     EXPECT_EQ(describe(*found), "Europe/Berlin: stored UTC+1, this system says UTC+1:30 on 2027-01-05");
@@ -65,16 +65,16 @@ TEST(ZoneCheck, LooksOnlyAtTheRange) {
     const test::TemporaryFolder folder;
     test::writeFile(folder, "America/Vancouver", tzif(-28800, {}, "PST8PDT,M3.2.0,M11.1.0"));
     const DayRange summer{sys_days(2027y / April / 1), sys_days(2027y / October / 1)};
-    EXPECT_FALSE(checkZone(vancouver, summer, folder.path()));
+    EXPECT_FALSE(checkZone(vancouverZone, summer, folder.path()));
     const DayRange oneDay{sys_days(2027y / November / 7), sys_days(2027y / November / 7)};
-    ASSERT_TRUE(checkZone(vancouver, oneDay, folder.path()));
-    EXPECT_EQ(checkZone(vancouver, oneDay, folder.path())->days, 1);
+    ASSERT_TRUE(checkZone(vancouverZone, oneDay, folder.path()));
+    EXPECT_EQ(checkZone(vancouverZone, oneDay, folder.path())->days, 1);
 }
 
 TEST(ZoneCheck, ZonesUnknownToTheSystemAreReportedAsSuch) {
     const test::TemporaryFolder folder;
     test::writeFile(folder, "Europe/Berlin", "not a zone file");
-    for (const StoredZone& zone : {vancouver, berlin}) {
+    for (const StoredZone& zone : {vancouverZone, berlinZone}) {
         const auto found = checkZone(zone, twoYearsFrom(2026y / November / 21), folder.path());
         ASSERT_TRUE(found);
         EXPECT_TRUE(found->unknownToSystem);
@@ -86,7 +86,7 @@ TEST(ZoneCheck, OfManyZonesListsOnlyThoseThatDisagree) {
     const test::TemporaryFolder folder;
     test::writeFile(folder, "Europe/Berlin", tzif(3600, {}, "CET-1CEST,M3.5.0,M10.5.0/3"));
     test::writeFile(folder, "America/Vancouver", tzif(-28800, {}, "PST8PDT,M3.2.0,M11.1.0"));
-    const std::vector<StoredZone> zones = {berlin, vancouver, {"Mars/Olympus", {}}};
+    const std::vector<StoredZone> zones = {berlinZone, vancouverZone, {"Mars/Olympus", {}}};
     const auto found = checkZones(zones, twoYearsFrom(2026y / November / 21), folder.path());
     ASSERT_EQ(found.size(), 2U);
     EXPECT_EQ(found[0].zone, "America/Vancouver");

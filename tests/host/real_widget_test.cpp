@@ -34,7 +34,7 @@
 namespace quode::test {
 namespace {
 
-constexpr int ankara = 323786;
+constexpr int ankaraId = 323786;
 constexpr int ikindi = 203;
 
 class RealWidget : public testing::Test {
@@ -264,8 +264,8 @@ TEST_F(RealWidget, ShowsTheCityThatIsMadeHomeElsewhereAndStaysAsItIsOtherwise) {
     QTest::qWait(100);
     EXPECT_EQ(widget->view(), before);
 
-    open().addCity(ankara);
-    open().chooseHome(ankara);
+    open().addCity(ankaraId);
+    open().chooseHome(ankaraId);
     EXPECT_TRUE(QTest::qWaitFor([&] { return timeShown(*widget->view(), 200) == "05:50"; }, 3000))
         << timeShown(*widget->view(), 200);
     panel.reset();

@@ -13,7 +13,7 @@ namespace {
 
 using Entries = std::vector<std::string>;
 
-constexpr Rect rowFrame{0.0, 7.0, 320.0, 40.0};
+constexpr Rect religiousFrame{0.0, 7.0, 320.0, 40.0};
 
 // ---- expected entries, from the table of months alone
 
@@ -123,7 +123,7 @@ class ReligiousDays : public ViewsTest {
         return file == device.files->contents.end() ? "" : file->second;
     }
 
-    UIReligiousView view{rowFrame};
+    UIReligiousView view{religiousFrame};
 };
 
 TEST_F(ReligiousDays, AreFoundOnEveryDayOf41YearsInTheirOrder) {

@@ -224,7 +224,7 @@ TEST(ConstantTransit, LeavesTheFieldsOfItsLastMoment) {
 
 TEST(CrescentSearch, FindsTheMonthThatThePlainSearchFinds) {
     for (double today = 2440000.5; today < 2480000.5; today += 13.0) {
-        FastAstro engine, expected = engineFor({21.43000030517578, 39.83000183105469, 0.0});
+        FastAstro engine, expected = engineFor(Day{21.43000030517578, 39.83000183105469, 0.0});
         const VAKDate day = plain::calendarDate(today);
         VAKDate hijri;
         engine.RealGregJulToHicri(day.Days, day.Months, day.Years, hijri);
