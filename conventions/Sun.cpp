@@ -70,10 +70,10 @@ SunPlace sunAt(double julianDay) {
     const double T = (terrestrial - j2000) / daysPerCentury;
     const auto [psi, epsilon] = nutation(T);
     const double fundamental = -0.09033 / 3600.0;  // from the dynamical ecliptic to the FK5 system
-    const double aberration = -20.4898 / 3600.0 / EarthCompute::EarthR(terrestrial);
-    const double longitude =
-        EarthCompute::EarthL(terrestrial) / radiansPerDegree + 180.0 + fundamental + psi + aberration;
-    const double latitude = -EarthCompute::EarthB(terrestrial) / radiansPerDegree;
+    const EarthCompute::Place earth = EarthCompute::place(terrestrial);
+    const double aberration = -20.4898 / 3600.0 / earth.R;
+    const double longitude = earth.L / radiansPerDegree + 180.0 + fundamental + psi + aberration;
+    const double latitude = -earth.B / radiansPerDegree;
     const double obliquity = 23.4392911 - (46.8150 * T + 0.00059 * T * T - 0.001813 * T * T * T) / 3600.0 + epsilon;
 
     SunPlace sun;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "timetables/columns.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <span>
@@ -183,14 +181,17 @@ std::string withoutArabicMarks(std::string_view text) {
     return plain;
 }
 
-/// Takes a word, with the blank after or before it, out of a text.
+/// Takes a word out of a plain text.
 /// @return whether it was there
 bool takeWord(std::string& text, std::string_view word) {
-    const std::string framed = fmt::format(" {} ", text), wanted = fmt::format(" {} ", word);
-    const std::size_t found = framed.find(wanted);
-    if (found == std::string::npos) return false;
-    text = plainText(framed.substr(0, found + 1) + framed.substr(found + wanted.size()));
-    return true;
+    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        const bool begins = at == 0 || text[at - 1] == ' ', ends = end == text.size() || text[end] == ' ';
+        if (!begins || !ends) continue;
+        text = plainText(text.substr(0, at) + text.substr(end));
+        return true;
+    }
+    return false;
 }
 
 bool hasWord(std::string_view text, std::span<const std::string_view> words) {

@@ -7,6 +7,7 @@
 #include <atomic>
 #include <exception>
 #include <map>
+#include <optional>
 #include <thread>
 
 #include "app/dates.h"
@@ -94,13 +95,39 @@ struct Work {
     std::vector<VAKDate> days;
 };
 
-std::vector<CityRecord> citiesOf(Session& session, const Arguments& arguments) {
-    Selection selection(arguments.text("cities").value_or("all"));
+std::vector<VAKDate> daysWanted(const VAKDate& from, const VAKDate& to) {
+    const std::vector<VAKDate> days = daysBetween(from, to);
+    if (days.empty()) throw Failure(ExitCode::usage, _("The last day, --to, lies before the first one."));
+    return days;
+}
+
+/// What is asked for; it is understood before the places are read, which takes most of a second.
+struct Request {
+    Selection places;
+    std::optional<std::size_t> largest;
+    std::optional<VAKDate> from, to;
+};
+
+Request requestOf(const Arguments& arguments) {
+    Request request{Selection(arguments.text("cities").value_or("all")), {}, {}, {}};
+    if (const auto text = arguments.text("largest")) {
+        const auto count = numberOf<int>(*text);
+        if (!count || *count < 1)
+            throw Failure(ExitCode::usage, _("--largest takes a number of places, such as 1000."));
+        request.largest = static_cast<std::size_t>(*count);
+    }
+    if (const auto from = arguments.text("date")) request.from = parseDate(*from);
+    if (const auto to = arguments.text("to")) request.to = parseDate(*to);
+    if (request.from && request.to) daysWanted(*request.from, *request.to);
+    return request;
+}
+
+std::vector<CityRecord> citiesOf(Session& session, Request& request) {
     std::vector<CityRecord> cities;
     session.cities().forEach([&](const CityRecord& city) {
-        if (selection.take(city)) cities.push_back(city);
+        if (request.places.take(city)) cities.push_back(city);
     });
-    if (const std::string unknown = selection.unknown(); !unknown.empty()) {
+    if (const std::string unknown = request.places.unknown(); !unknown.empty()) {
         throw Failure(ExitCode::notFound,
                       _("No place has the country code or id {}. \"quode city search NAME\" shows the id "
                         "of a place.",
@@ -108,22 +135,11 @@ std::vector<CityRecord> citiesOf(Session& session, const Arguments& arguments) {
     }
     if (cities.empty())
         throw Failure(ExitCode::notFound, _("No place is selected. Try --cities all, or a country code."));
-    if (const auto request = arguments.text("largest")) {
-        const auto count = numberOf<int>(*request);
-        if (!count || *count < 1)
-            throw Failure(ExitCode::usage, _("--largest takes a number of places, such as 1000."));
+    if (request.largest) {
         std::ranges::stable_sort(cities, std::ranges::greater(), &CityRecord::population);
-        cities.resize(std::min(cities.size(), static_cast<std::size_t>(*count)));
+        cities.resize(std::min(cities.size(), *request.largest));
     }
     return cities;
-}
-
-std::vector<VAKDate> daysWanted(Session& session, const Arguments& arguments, const Site& first) {
-    const auto from = arguments.text("date"), to = arguments.text("to");
-    const VAKDate begin = from ? parseDate(*from) : today(session, first);
-    const std::vector<VAKDate> days = daysBetween(begin, to ? parseDate(*to) : begin);
-    if (days.empty()) throw Failure(ExitCode::usage, _("The last day, --to, lies before the first one."));
-    return days;
 }
 
 /// The lines of some places, one per day.
@@ -185,9 +201,11 @@ void runBulk(Console& console, const Arguments& arguments) {
     if (console.wantsJson()) throw Failure(ExitCode::usage, _("\"quode bulk\" writes CSV only. Leave --json out."));
     Work work;
     const conventions::Method method = methodOfCall({}, arguments);
-    work.cities = citiesOf(session, arguments);
+    Request request = requestOf(arguments);
+    work.cities = citiesOf(session, request);
     for (CityRecord& city : work.cities) city.choice.method = method;
-    work.days = daysWanted(session, arguments, siteOf(work.cities.front()));
+    const VAKDate from = request.from ? *request.from : today(session, siteOf(work.cities.front()));
+    work.days = daysWanted(from, request.to.value_or(from));
     if (work.cities.size() * work.days.size() > mostLines) {
         throw Failure(ExitCode::usage,
                       _("{} places on {} days are more than {} lines. Take fewer places or days, in several runs.",

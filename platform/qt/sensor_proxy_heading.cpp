@@ -74,10 +74,7 @@ class SensorProxyHeading : public QObject, public HeadingSource {
     void stopUpdatingHeading() override {
         if (!started_) return;
         started_ = false;
-        for (auto* pending : findChildren<QDBusPendingCallWatcher*>()) {
-            pending->disconnect(this);
-            pending->deleteLater();
-        }
+        forgetCalls();
         bus_.disconnect(sensorService, compassPath, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
                         SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
         if (claimed_) bus_.send(call(compassInterface, QStringLiteral("ReleaseCompass")));
@@ -113,6 +110,14 @@ class SensorProxyHeading : public QObject, public HeadingSource {
                         answer(finished->reply());
                     }
                 });
+    }
+
+    // Their answers no longer count.
+    void forgetCalls() {
+        for (auto* pending : findChildren<QDBusPendingCallWatcher*>()) {
+            pending->disconnect(this);
+            pending->deleteLater();
+        }
     }
 
     void readProperty(const QString& name, std::function<void(const QVariant&)> onValue) {
@@ -154,8 +159,10 @@ class SensorProxyHeading : public QObject, public HeadingSource {
         callback(reading);
     }
 
+    // A call that is still under way may be answered after this, by a service that has given its name up.
     void onServiceGone() {
         claimed_ = false;
+        forgetCalls();
         if (started_) report(HeadingProblem::noSensor);
     }
 

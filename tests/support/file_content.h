@@ -4,15 +4,18 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
+#include <utility>
 
 namespace quode::test {
 
 /// The bytes of a file; empty when it cannot be read.
 inline std::string contentOf(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ostringstream content;
+    content << stream.rdbuf();
+    return std::move(content).str();
 }
 
 }  // namespace quode::test

@@ -8,7 +8,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeCalendar(std::string_view bytes) {
     const ScannedCalendar scanned = scanCalendar(std::string(bytes));
     if (!scanned.calendar) return;
     for (const CalendarComponent& component : scanned.calendar->components) {
@@ -17,7 +17,7 @@ void consume(std::string_view bytes) {
     }
 }
 
-const Target target("calendar", consume);
+const Target ofCalendar("calendar", consumeCalendar);
 
 }  // namespace
 }  // namespace quode::fuzz

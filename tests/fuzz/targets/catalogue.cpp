@@ -10,7 +10,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeCatalogue(std::string_view bytes) {
     try {
         const MessageCatalogue catalogue{std::string(bytes)};
         catalogue.find("Stop", "alarm");
@@ -22,7 +22,7 @@ void consume(std::string_view bytes) {
     }
 }
 
-const Target target("catalogue", consume);
+const Target ofCatalogue("catalogue", consumeCatalogue);
 
 }  // namespace
 }  // namespace quode::fuzz

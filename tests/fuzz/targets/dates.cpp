@@ -21,7 +21,7 @@ void attempt(Parse parse) {
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeDates(std::string_view bytes) {
     using namespace app;
     attempt([&] { require(sameDay(parseDate(isoDate(parseDate(bytes))), parseDate(bytes))); });
     attempt([&] { daysOf(parseMonth(bytes)); });
@@ -30,7 +30,7 @@ void consume(std::string_view bytes) {
     attempt([&] { require(parseMoment(isoMoment(parseMoment(bytes))) == parseMoment(bytes)); });
 }
 
-const Target target("dates", consume);
+const Target ofDates("dates", consumeDates);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -6,11 +6,11 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeIdentifiers(std::string_view bytes) {
     if (isOwnIdentifier(bytes)) require(!problemOfIdentifier(bytes));
 }
 
-const Target target("identifiers", consume);
+const Target ofIdentifiers("identifiers", consumeIdentifiers);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -8,7 +8,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeLanguagePack(std::string_view bytes) {
     try {
         parseLanguagePack(bytes);
     } catch (const std::runtime_error&) {
@@ -16,7 +16,7 @@ void consume(std::string_view bytes) {
     }
 }
 
-const Target target("language_pack", consume);
+const Target ofLanguagePack("language_pack", consumeLanguagePack);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -9,7 +9,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeNames(std::string_view bytes) {
     const std::string folded = foldedName(bytes);
     require(foldedName(folded) == folded || !isUtf8(bytes));
     const std::size_t half = bytes.size() / 2;
@@ -17,7 +17,7 @@ void consume(std::string_view bytes) {
     require(!hasControls(printable(bytes)) || !isUtf8(bytes));
 }
 
-const Target target("names", consume);
+const Target ofNames("names", consumeNames);
 
 }  // namespace
 }  // namespace quode::fuzz

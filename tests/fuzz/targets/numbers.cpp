@@ -9,7 +9,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeNumbers(std::string_view bytes) {
     const std::string text(bytes);
     leadingNumber<double>(formatting::getFloatStr(decipheredCoordinate(text)));
     leadingNumber<int>(text);
@@ -17,7 +17,7 @@ void consume(std::string_view bytes) {
     numberOf<int>(text);
 }
 
-const Target target("numbers", consume);
+const Target ofNumbers("numbers", consumeNumbers);
 
 }  // namespace
 }  // namespace quode::fuzz

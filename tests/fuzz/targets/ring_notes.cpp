@@ -12,7 +12,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeRingNotes(std::string_view bytes) {
     constexpr std::size_t contentLength = ringLineLength - 9;
     std::string line(bytes.substr(0, contentLength));
     line.resize(contentLength, ' ');
@@ -23,7 +23,7 @@ void consume(std::string_view bytes) {
     if (const auto note = decidedFrom(line)) require(decidedFrom(decidedLine(*note)).has_value());
 }
 
-const Target target("ring_notes", consume);
+const Target ofRingNotes("ring_notes", consumeRingNotes);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -7,14 +7,14 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeSearch(std::string_view bytes) {
     static const CityDatabase cities(CityDatabase::fileIn(QUODE_BUNDLE));
     for (const CityHit& hit : cities.search(bytes, 3)) require(!hit.city.name.empty());
     cities.named(bytes, 1);
     cities.largestCityOfZone(bytes);
 }
 
-const Target target("search", consume);
+const Target ofSearch("search", consumeSearch);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -8,7 +8,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeSettings(std::string_view bytes) {
     if (const auto method = conventions::methodOf(bytes)) {
         conventions::problemOf(*method);
         require(conventions::methodOf(conventions::textOf(*method)) == method);
@@ -16,7 +16,7 @@ void consume(std::string_view bytes) {
     if (const auto row = timetableRowOf(bytes)) require(timetableRowOf(textOf(*row)) == row);
 }
 
-const Target target("settings", consume);
+const Target ofSettings("settings", consumeSettings);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -9,7 +9,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeTemplates(std::string_view bytes) {
     try {
         placeholdersOf(bytes);
         filledFormat(bytes, {7, std::string_view("text")});
@@ -18,7 +18,7 @@ void consume(std::string_view bytes) {
     }
 }
 
-const Target target("templates", consume);
+const Target ofTemplates("templates", consumeTemplates);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -19,7 +19,7 @@ quode::Site istanbul() {
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeTimetable(std::string_view bytes) {
     using namespace timetables;
     try {
         const RawTable raw = readRawTable(bytes, ZoneRule{});
@@ -32,7 +32,7 @@ void consume(std::string_view bytes) {
     }
 }
 
-const Target target("timetable", consume);
+const Target ofTimetable("timetable", consumeTimetable);
 
 }  // namespace
 }  // namespace quode::fuzz

@@ -6,7 +6,7 @@
 namespace quode::fuzz {
 namespace {
 
-void consume(std::string_view bytes) {
+void consumeZoneText(std::string_view bytes) {
     const auto zone = parsePosixZone(bytes);
     if (!zone) return;
     for (const int year : {1, 1970, 2026, 9999}) {
@@ -14,7 +14,7 @@ void consume(std::string_view bytes) {
     }
 }
 
-const Target target("zone_text", consume);
+const Target ofZoneText("zone_text", consumeZoneText);
 
 }  // namespace
 }  // namespace quode::fuzz
