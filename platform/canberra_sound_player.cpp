@@ -6,9 +6,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -138,15 +136,6 @@ class CanberraSoundPlayer : public SoundPlayer {
 };
 
 }  // namespace
-
-// Sliders of desktops count the third root of the amplitude. The first sound is soft, but heard.
-double gainOf(const Loudness& loudness, std::chrono::milliseconds since) {
-    constexpr double first = 0.3, decibelsOfTenfold = 60.0;
-    const double part =
-        loudness.fadeIn.count() > 0 ? double(since.count()) / (1000.0 * double(loudness.fadeIn.count())) : 1.0;
-    const double percent = loudness.percent * std::clamp(part, first, 1.0);
-    return std::min(0.0, decibelsOfTenfold * std::log10(percent / 100.0));
-}
 
 std::unique_ptr<SoundPlayer> canberraSoundPlayer(sd_event* loop) {
     return std::make_unique<CanberraSoundPlayer>(loop);
