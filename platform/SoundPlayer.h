@@ -18,10 +18,10 @@ using Sound = std::variant<std::filesystem::path, std::string>;
 /// How loud a sound is.
 struct Loudness {
     int percent = 100;               ///< of the desktop's volume, as its sliders count
-    std::chrono::seconds fadeIn{0};  ///< the repetitions of the sound become louder until then
+    std::chrono::seconds fadeIn{0};  ///< the sound becomes louder until then
 };
 
-/// The gain of a repetition that begins so long after the first one, decibels; not above 0.
+/// The gain so long after the sound began, decibels; not above 0.
 double gainOf(const Loudness& loudness, std::chrono::milliseconds since);
 
 /// Plays one sound at a time.

@@ -7,10 +7,12 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <memory>
 #include <optional>
 #include <utility>
 
 #include "common/numbers.h"
+#include "platform/FadedSound.h"
 #include "texts/translation.h"
 
 namespace quode {
@@ -66,6 +68,8 @@ class CanberraSoundPlayer : public SoundPlayer {
         loudness_ = loudness;
         begin_ = steady_clock::now();
         end_ = begin_ + atMost;
+        const auto* const file = std::get_if<std::filesystem::path>(&sound);
+        if (file && loudness.fadeIn.count() > 0) faded_ = fadedSound(*file, loudness.fadeIn, atMost);
         playOnce();
     }
 
@@ -73,9 +77,12 @@ class CanberraSoundPlayer : public SoundPlayer {
         sound_.reset();
         fallback_.reset();
         if (context_) ca_context_cancel(context_.get(), soundNumber);
+        faded_.reset();
+        takeEnds();
     }
 
   private:
+    // Plays the sound, or its faded copy while there is one.
     void playOnce() {
         if (!context_) {
             ca_context* made = nullptr;
@@ -84,16 +91,24 @@ class CanberraSoundPlayer : public SoundPlayer {
             ca_context_change_props(made, CA_PROP_APPLICATION_NAME, "Quode", CA_PROP_APPLICATION_ICON_NAME, "quode",
                                     nullptr);
         }
-        const double gain =
-            gainOf(loudness_, std::chrono::floor<std::chrono::milliseconds>(steady_clock::now() - begin_));
-        const int result = ca_context_play_full(context_.get(), soundNumber, propertiesOf(*sound_, gain).get(),
+        const int result = ca_context_play_full(context_.get(), soundNumber, nextProperties().get(),
                                                 &CanberraSoundPlayer::finished, this);
         if (result != CA_SUCCESS) giveUp(result);
     }
 
-    // After a failure the sound is not tried again before the next ring, with a new connection.
+    Properties nextProperties() const {
+        const auto since = std::chrono::floor<std::chrono::milliseconds>(steady_clock::now() - begin_);
+        if (!faded_) return propertiesOf(*sound_, gainOf(loudness_, since));
+        Properties properties = propertiesOf(faded_->path(), gainOf({loudness_.percent}, since));
+        // Mixers show this name.
+        ca_proplist_sets(properties.get(), CA_PROP_MEDIA_NAME, std::get<std::filesystem::path>(*sound_).c_str());
+        return properties;
+    }
+
+    // After a failure the sound is not tried again before the next ring, with a new connection; only instead of its copy.
     void giveUp(int result) {
         context_.reset();
+        if (std::exchange(faded_, nullptr)) return playOnce();
         sound_ = std::exchange(fallback_, std::nullopt);
         if (sound_) return playOnce();
         if (onFailure) onFailure(_("The sound cannot be played: {}.", ca_strerror(result)));
@@ -108,15 +123,20 @@ class CanberraSoundPlayer : public SoundPlayer {
         [[maybe_unused]] const auto written = ::write(player->wakeUp_, &one, sizeof one);
     }
 
-    static int ended(sd_event_source*, int descriptor, std::uint32_t, void* self) {
+    void takeEnds() const {
         std::uint64_t count = 0;
-        [[maybe_unused]] const auto taken = ::read(descriptor, &count, sizeof count);
+        [[maybe_unused]] const auto taken = ::read(wakeUp_, &count, sizeof count);
+    }
+
+    static int ended(sd_event_source*, int, std::uint32_t, void* self) {
         auto* const player = static_cast<CanberraSoundPlayer*>(self);
+        player->takeEnds();
         const int result = player->lastResult_;
         if (!player->sound_ || result == CA_ERROR_CANCELED) return 0;
         if (result != CA_SUCCESS) {
             player->giveUp(result);
         } else if (steady_clock::now() < player->end_) {
+            player->faded_.reset();
             player->playOnce();
         } else {
             player->stop();
@@ -130,6 +150,7 @@ class CanberraSoundPlayer : public SoundPlayer {
     Context context_;
     std::optional<Sound> sound_;     // while playing
     std::optional<Sound> fallback_;  // until it is needed
+    std::unique_ptr<FadedSound> faded_;
     Loudness loudness_;
     steady_clock::time_point begin_, end_;
     std::atomic<int> lastResult_ = CA_SUCCESS;
