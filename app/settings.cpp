@@ -180,7 +180,7 @@ const std::array<Setting, 12> settings{{
      [](Session&) { return std::string(_("10 to 100")); }, changeVolume},
     {"fade", N_("seconds until an alarm has its volume"),
      [](const UserSettings& all) { return std::to_string(all.manner.fadeIn); },
-     [](Session&) { return std::string(_("0 to 60; each repetition of the sound is louder")); }, changeFadeIn},
+     [](Session&) { return std::string(_("0 to 60; the sound becomes louder until then")); }, changeFadeIn},
     {"media", N_("what media players do while an alarm sounds"),
      [](const UserSettings& all) { return std::string(all.manner.pausesMedia ? "pause" : "keep"); },
      [](Session&) { return std::string(_("keep (they play on) and pause")); }, changeMedia},
