@@ -171,10 +171,9 @@ TEST_F(HeardSound, StopsAtOnceAndCanBeginAgain) {
         EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
     }
     EXPECT_FALSE(hasEnded);
-    const Samples original = tone(1.0, 8000, 1);
-    player->play(soundOf("sound", original), std::string("none"), 0s);
+    player->play(soundOf("sound", tone(1.0, 8000, 1)), std::string("none"), 0s, {100, 2s});
     playToTheEnd();
-    EXPECT_EQ(heard(8000, 1).values, original.values);
+    EXPECT_EQ(problem, "");
 }
 
 TEST_F(HeardSound, EndsWithThePlayer) {
