@@ -19,11 +19,6 @@ constexpr hours farBack{24};      // rings from before are not even looked for
 
 constexpr seconds sameClock{120};
 
-// What a clock showed when the device started.
-seconds zeroOf(sys_seconds clock, const Uptime& uptime) {
-    return clock.time_since_epoch() - floor<seconds>(uptime.time);
-}
-
 }  // namespace
 
 DecidedTime::DecidedTime(std::optional<DecidedNote> note) : note_(std::move(note)) {}
@@ -52,7 +47,7 @@ void DecidedTime::followClock(const Present& present, Span& span) {
     const seconds shift = now - (note_->clock + passed);
     if (abs(shift) > inaccuracy) span.shift = shift;
     std::optional<milliseconds> leftAt;
-    const seconds zero = zeroOf(present.clock, present.uptime);
+    const seconds zero = zeroOf(present);
     if (abs(shift) >= sameClock) leftAt = followJump(zero - shift, zero, present.uptime.time);
     if (shift < -inaccuracy) {
         span.isTakenBack = true;

@@ -16,6 +16,11 @@ struct Present {
     Uptime uptime;
 };
 
+/// What the clock showed when the device started, in seconds since 1970.
+inline std::chrono::seconds zeroOf(const Present& present) {
+    return present.clock.time_since_epoch() - std::chrono::floor<std::chrono::seconds>(present.uptime.time);
+}
+
 /// A clock that shows an earlier moment has not been set yet, as on a device whose battery is empty.
 inline constexpr std::chrono::sys_seconds earliestClock =
     std::chrono::sys_days(std::chrono::year(2020) / std::chrono::January / 1);

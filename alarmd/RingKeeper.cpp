@@ -162,6 +162,7 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
                 records_.forget(record.alarm.code, due);
             } else {
                 record.ringAt = due;
+                record.clockZero = zeroOf(present);
                 record.notification = {};
                 keepState(record, RingState::begun);
             }
@@ -170,8 +171,10 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
             desk_->close(record.notification);
             records_.forget(record.alarm.code, due);
         } else if (isPending(record) && areComparable(record.rangAt, present.uptime)) {
-            // So many minutes the user sleeps on, or the ring has not been visible, whatever the clock shows.
-            record.ringAt += span.shift;
+            // So many minutes the user sleeps on, or the ring has not been visible, whatever the clock shows. A process
+            // that was killed after this may have left it to be done again.
+            record.ringAt += zeroOf(present) - record.clockZero.value_or(zeroOf(present) - span.shift);
+            record.clockZero = zeroOf(present);
             records_.keep(record);
         }
     }
@@ -219,6 +222,7 @@ void RingKeeper::ring(const Choices& choices, RingRecord record, const Present& 
     const bool isSameRun = !run.empty() && record.notification.run == run;
     record.isRepeated = isSameRun && (record.isRepeated || record.state == RingState::begun);
     record.rangAt = present.uptime;
+    record.clockZero = zeroOf(present);
     record.notification = {run, 0};
     if (sound == Sound::yes) keepState(record, RingState::begun);
     awaited_.insert(key);
@@ -342,7 +346,11 @@ bool RingKeeper::finish(const NotificationId& notification, RingState state, sys
 void RingKeeper::finish(RingRecord record, RingState state, sys_seconds ringAt) {
     desk_->silence(record.alarm);
     record.notification.number = 0;
-    if (state == RingState::snoozed) record.ringAt = ringAt;
+    if (state == RingState::snoozed) {
+        record.ringAt = ringAt;
+        const std::optional<DecidedNote>& note = decided_.note();
+        record.clockZero = note ? std::optional(zeroOf({note->clock, note->uptime})) : std::nullopt;
+    }
     keepState(record, state);
 }
 

@@ -39,6 +39,8 @@ struct RingRecord {
     NotificationId notification;        ///< under which it is shown; the number 0: not known
     std::string city;                   ///< for which it rings
     Uptime rangAt;                      ///< when it rang
+    /// What the clock by which `ringAt` is showed when the device started, in seconds since 1970.
+    std::optional<std::chrono::seconds> clockZero = {};
     bool isRepeated = false;  ///< the same notification service may show it once more, under an unknown number
 
     friend bool operator==(const RingRecord&, const RingRecord&) = default;

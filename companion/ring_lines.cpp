@@ -151,12 +151,12 @@ std::vector<AlarmRule> rulesFrom(std::string_view text) {
 std::string ringLine(const NumberedRing& ring) {
     const RingRecord& record = ring.record;
     const AlarmOccurrence& alarm = record.alarm;
-    return lineOf(fmt::format("{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", ringMark,
-                              ring.serial, alarm.code, countOf(alarm.due), countOf(alarm.prayer), alarm.hours,
-                              alarm.date.Years, alarm.date.Months, alarm.date.Days, static_cast<int>(record.state),
-                              countOf(record.ringAt), record.notification.number, field(record.notification.run),
-                              field(record.rangAt.boot), record.rangAt.time.count(), field(record.city),
-                              record.isRepeated ? repeatedMark : ""));
+    return lineOf(fmt::format(
+        "{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}\t{}", ringMark, ring.serial, alarm.code,
+        countOf(alarm.due), countOf(alarm.prayer), alarm.hours, alarm.date.Years, alarm.date.Months, alarm.date.Days,
+        static_cast<int>(record.state), countOf(record.ringAt), record.notification.number,
+        field(record.notification.run), field(record.rangAt.boot), record.rangAt.time.count(), field(record.city),
+        record.isRepeated ? repeatedMark : "", record.clockZero ? std::to_string(record.clockZero->count()) : ""));
 }
 
 std::string decidedLine(const DecidedNote& note) {
@@ -190,6 +190,8 @@ std::optional<NumberedRing> ringFrom(std::string_view line) {
     record.rangAt = fields.uptime();
     record.city = fields.text();
     record.isRepeated = fields.text() == repeatedMark;
+    // Older versions do not write it, and pass over it.
+    if (const auto zero = numberOf<long long>(fields.text())) record.clockZero = seconds(*zero);
     const bool isState = state >= 0 && state <= static_cast<int>(RingState::unseen);
     return fields.isGood() && isState ? std::optional(ring) : std::nullopt;
 }

@@ -135,6 +135,21 @@ TEST_F(KeeperClockTest, OffersARingForAQuarterOfAnHourWhateverTheClockShows) {
     EXPECT_EQ(desk.rings[0].late, minutes(11));
 }
 
+TEST_F(KeeperClockTest, RingsLateAlthoughItIsKilledWhenTheClockIsPutRight) {
+    const sys_seconds due = plannedRing(202);
+    wakeAt(due - hours(2));
+    wakeWithClockSetTo(due + hours(8));
+    wakeAt(due + hours(10) + minutes(2));  // while it is wrong, more than two hours pass
+    desk.beforeRing = [] { throw std::runtime_error("killed"); };
+    wakeWithClockSetTo(due + minutes(2));
+    EXPECT_THAT(desk.rings, IsEmpty());
+    desk.beforeRing = nullptr;
+    restart();
+    wakeAt(due + minutes(5));
+    ASSERT_EQ(desk.rings.size(), 1U);
+    EXPECT_EQ(desk.rings[0].late, minutes(5));
+}
+
 TEST_F(KeeperClockTest, OffersAtItsTimeWhatAWrongClockBroughtTooEarlyForNobodyToSee) {
     const sys_seconds due = plannedRing(202);
     desk.hasService = false;

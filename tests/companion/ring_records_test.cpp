@@ -42,6 +42,17 @@ TEST_F(RingRecordsTest, KeepARing) {
     EXPECT_FALSE(open().find(203, ring.alarm.due + std::chrono::minutes(1)));
 }
 
+TEST_F(RingRecordsTest, KeepTheClockByWhichARingComesAgain) {
+    RingRecord ring = record(203, "2026-10-17 13:05", RingState::snoozed);
+    ring.clockZero = std::chrono::seconds(1'800'000'000);
+    ring.isRepeated = true;
+    open().keep(ring);
+    EXPECT_EQ(open().find(203, ring.alarm.due), ring);
+    ring.isRepeated = false;
+    open().keep(ring);
+    EXPECT_EQ(open().find(203, ring.alarm.due), ring);
+}
+
 TEST_F(RingRecordsTest, ReplaceWhatWasKept) {
     open().keep(record(203, "2026-10-17 13:05", RingState::begun));
     open().keep(record(203, "2026-10-17 13:05", RingState::finished));
