@@ -9,7 +9,7 @@ namespace quode {
 namespace {
 
 constexpr std::uint32_t magic = 0x950412de;
-constexpr std::size_t headerSize = 20;
+constexpr std::size_t catalogueHeaderSize = 20;
 constexpr char contextMark = '\4';
 
 std::string keyOf(std::string_view english, std::string_view context) {
@@ -36,7 +36,8 @@ std::optional<std::string_view> part(std::string_view text, unsigned long index)
 }  // namespace
 
 MessageCatalogue::MessageCatalogue(std::string bytes) : bytes_(std::move(bytes)) {
-    if (bytes_.size() < headerSize || number(0) != magic) throw std::runtime_error("it is not a compiled catalogue");
+    if (bytes_.size() < catalogueHeaderSize || number(0) != magic)
+        throw std::runtime_error("it is not a compiled catalogue");
     count_ = number(8);
     originals_ = number(12);
     translations_ = number(16);
