@@ -10,6 +10,7 @@
 
 #include "app/session.h"
 #include "companion/sounds.h"
+#include "platform/file_kind.h"
 #include "texts/translation.h"
 
 namespace quode::app {
@@ -77,7 +78,8 @@ std::string soundNamedByUser(Session& session, const std::string& request) {
     // A file of the present folder is meant only where no sound has that name.
     const bool isFile = isPath(request) || (!soundExists(session, request) && fs::is_regular_file(request, error));
     const std::string name = isFile ? fs::absolute(request, error).lexically_normal().string() : request;
-    if (isFile && fs::is_regular_file(name, error) && !isPlayable(name)) {
+    // Nothing is read of a pipe or a device.
+    if (isFile && fs::exists(name, error) && (isNoRegularFile(name) || !isPlayable(name))) {
         throw Failure(ExitCode::notFound, _("{} cannot be played: it is neither a WAV nor an Ogg Vorbis file.", name));
     }
     if (!name.empty() && soundExists(session, name)) return name;

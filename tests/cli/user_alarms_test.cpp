@@ -3,6 +3,7 @@
 // quode alarm: set up, switched, shown, and written to the calendar.
 #include <gtest/gtest.h>
 #include <libical/ical.h>
+#include <sys/stat.h>
 
 #include <fstream>
 #include <iterator>
@@ -11,6 +12,7 @@
 #include <nlohmann/json.hpp>
 
 #include "program.h"
+#include "support/temporary_folder.h"
 
 namespace quode::test {
 namespace {
@@ -257,6 +259,12 @@ TEST(UserAlarms, AreRefusedWithAnImpossibleOffsetOrSound) {
     expectRefusedAlarm({"alarm", "set", "fajr", "--sound", "nosuch"}, 1,
                        "There is no sound \"nosuch\". Use one of bell");
     expectRefusedAlarm({"alarm", "set", "fajr", "--sound", "/etc/passwd"}, 1, "neither a WAV nor an Ogg Vorbis file");
+    const TemporaryFolder folder;
+    const std::string pipe = folder.path() / "sound.wav";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {pipe, folder.path().string()}) {
+        expectRefusedAlarm({"alarm", "set", "fajr", "--sound", path}, 1, "neither a WAV nor an Ogg Vorbis file");
+    }
     expectRefusedAlarm({"alarm", "test", "--seconds", "61"}, 2, "from 1 to 60");
 }
 
