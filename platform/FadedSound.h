@@ -6,10 +6,12 @@
 #include <filesystem>
 #include <memory>
 
+#include "platform/SoundPlayer.h"
+
 namespace quode {
 
-/// A sound file whose copy becomes louder while it plays. The copy is not stored anywhere: a thread writes it into a pipe just
-/// before it is played.
+/// A copy of a sound file that has a loudness in its samples, and so can become louder while it plays. It is not stored anywhere:
+/// a thread writes it into a pipe just before it is played.
 class FadedSound {
   public:
     virtual ~FadedSound() = default;
@@ -19,12 +21,11 @@ class FadedSound {
     virtual std::filesystem::path path() const = 0;
 };
 
-/// The faded copy of a sound.
-/// @param fadeIn  the time until the sound has its loudness, more than 0
+/// The copy of a sound with a loudness.
 /// @param atMost  after this time the sound is not repeated
 /// @return        nothing where the sound cannot be decoded, has more than two channels, or where its copy would be longer than
 ///                libcanberra plays: 64 MB, six minutes in the quality of a CD
-std::unique_ptr<FadedSound> fadedSound(const std::filesystem::path& sound, std::chrono::seconds fadeIn,
+std::unique_ptr<FadedSound> fadedSound(const std::filesystem::path& sound, const Loudness& loudness,
                                        std::chrono::seconds atMost);
 
 }  // namespace quode

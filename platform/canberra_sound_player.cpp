@@ -68,8 +68,8 @@ class CanberraSoundPlayer : public SoundPlayer {
         loudness_ = loudness;
         begin_ = steady_clock::now();
         end_ = begin_ + atMost;
-        const auto* const file = std::get_if<std::filesystem::path>(&sound);
-        if (file && loudness.fadeIn.count() > 0) faded_ = fadedSound(*file, loudness.fadeIn, atMost);
+        copyIsPlayable_ = true;
+        makeCopy();
         playOnce();
     }
 
@@ -82,7 +82,16 @@ class CanberraSoundPlayer : public SoundPlayer {
     }
 
   private:
-    // Plays the sound, or its faded copy while there is one.
+    // PipeWire and ALSA may ignore the gain of a stream: the copy of a file has its loudness in its samples.
+    void makeCopy() {
+        faded_.reset();
+        const auto* const file = std::get_if<std::filesystem::path>(&*sound_);
+        const bool isAsItIs = loudness_.percent >= 100 && loudness_.fadeIn.count() == 0;
+        if (!file || isAsItIs || !copyIsPlayable_) return;
+        faded_ = fadedSound(*file, loudness_, std::chrono::ceil<std::chrono::seconds>(end_ - begin_));
+    }
+
+    // Plays the sound, or its copy while there is one.
     void playOnce() {
         if (!context_) {
             ca_context* made = nullptr;
@@ -99,7 +108,7 @@ class CanberraSoundPlayer : public SoundPlayer {
     Properties nextProperties() const {
         const auto since = std::chrono::floor<std::chrono::milliseconds>(steady_clock::now() - begin_);
         if (!faded_) return propertiesOf(*sound_, gainOf(loudness_, since));
-        Properties properties = propertiesOf(faded_->path(), gainOf({loudness_.percent}, since));
+        Properties properties = propertiesOf(faded_->path(), 0.0);
         // Mixers show this name.
         ca_proplist_sets(properties.get(), CA_PROP_MEDIA_NAME, std::get<std::filesystem::path>(*sound_).c_str());
         return properties;
@@ -108,6 +117,7 @@ class CanberraSoundPlayer : public SoundPlayer {
     // After a failure the sound is not tried again before the next ring, with a new connection; only instead of its copy.
     void giveUp(int result) {
         context_.reset();
+        copyIsPlayable_ = false;
         if (std::exchange(faded_, nullptr)) return playOnce();
         sound_ = std::exchange(fallback_, std::nullopt);
         if (sound_) return playOnce();
@@ -136,7 +146,8 @@ class CanberraSoundPlayer : public SoundPlayer {
         if (result != CA_SUCCESS) {
             player->giveUp(result);
         } else if (steady_clock::now() < player->end_) {
-            player->faded_.reset();
+            if (player->faded_) player->loudness_.fadeIn = {};  // it is over with the copy
+            player->makeCopy();
             player->playOnce();
         } else {
             player->stop();
@@ -151,6 +162,7 @@ class CanberraSoundPlayer : public SoundPlayer {
     std::optional<Sound> sound_;     // while playing
     std::optional<Sound> fallback_;  // until it is needed
     std::unique_ptr<FadedSound> faded_;
+    bool copyIsPlayable_ = true;
     Loudness loudness_;
     steady_clock::time_point begin_, end_;
     std::atomic<int> lastResult_ = CA_SUCCESS;

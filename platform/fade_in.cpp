@@ -21,18 +21,20 @@ double amplitudeOf(double loudness) {
     return loudness * loudness * loudness;
 }
 
+double amplitudeAt(const Loudness& loudness, std::chrono::duration<double> since) {
+    return amplitudeOf(loudness.percent / 100.0 * fadedPart(loudness.fadeIn, since));
+}
+
 double gainOf(const Loudness& loudness, std::chrono::milliseconds since) {
     constexpr double decibelsOfTenfold = 20.0;
-    const double part = loudness.percent / 100.0 * fadedPart(loudness.fadeIn, since);
-    return std::min(0.0, decibelsOfTenfold * std::log10(amplitudeOf(part)));
+    return std::min(0.0, decibelsOfTenfold * std::log10(amplitudeAt(loudness, since)));
 }
 
 void FadeIn::apply(std::span<float> samples) {
     for (float& sample : samples) {
         const std::int64_t frame = sample_++ / channels_;
         const std::chrono::duration<double> since(static_cast<double>(frame) / rate_);
-        if (since >= fadeIn_) return;
-        sample *= static_cast<float>(amplitudeOf(fadedPart(fadeIn_, since)));
+        sample *= static_cast<float>(amplitudeAt(loudness_, since));
     }
 }
 

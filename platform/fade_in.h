@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <span>
 
+#include "platform/SoundPlayer.h"
+
 namespace quode {
 
 /// The part of its loudness that a sound has so long after it began, as the sliders of desktops count. It grows evenly, and is 1
@@ -16,17 +18,20 @@ double fadedPart(std::chrono::seconds fadeIn, std::chrono::duration<double> sinc
 /// The amplitude of a loudness between 0 and 1, as the sliders of desktops count.
 double amplitudeOf(double loudness);
 
-/// Lets the samples of a sound fade in, block by block.
+/// The amplitude of a loudness so long after the sound began, 1 at most.
+double amplitudeAt(const Loudness& loudness, std::chrono::duration<double> since);
+
+/// Gives the samples of a sound its loudness, block by block.
 class FadeIn {
   public:
     /// @param rate  samples per second, of each channel
-    FadeIn(std::chrono::seconds fadeIn, int rate, int channels) : fadeIn_(fadeIn), rate_(rate), channels_(channels) {}
+    FadeIn(const Loudness& loudness, int rate, int channels) : loudness_(loudness), rate_(rate), channels_(channels) {}
 
     /// @param samples  those after the block before: one of each channel, and so on
     void apply(std::span<float> samples);
 
   private:
-    std::chrono::seconds fadeIn_;
+    Loudness loudness_;
     int rate_;
     int channels_;
     std::int64_t sample_ = 0;  // of all channels, since the begin

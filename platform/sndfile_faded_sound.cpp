@@ -103,12 +103,12 @@ std::int64_t timesUntil(std::chrono::seconds time, const SF_INFO& format) {
 
 class SndfileFadedSound : public FadedSound {
   public:
-    SndfileFadedSound(SoundFile sound, const SF_INFO& format, std::chrono::seconds fadeIn, std::int64_t times,
+    SndfileFadedSound(SoundFile sound, const SF_INFO& format, const Loudness& loudness, std::int64_t times,
                       Descriptor in, Descriptor out)
         : sound_(std::move(sound)),
           format_(format),
           times_(times),
-          fadeIn_(fadeIn, format.samplerate, format.channels),
+          fadeIn_(loudness, format.samplerate, format.channels),
           samples_(blockFrames * static_cast<std::size_t>(format.channels)),
           bytes_(waveHeader(format, times * format.frames * format.channels * sampleBytes)),
           in_(std::move(in)),
@@ -175,19 +175,18 @@ class SndfileFadedSound : public FadedSound {
 
 }  // namespace
 
-std::unique_ptr<FadedSound> fadedSound(const fs::path& sound, std::chrono::seconds fadeIn,
-                                       std::chrono::seconds atMost) {
+std::unique_ptr<FadedSound> fadedSound(const fs::path& sound, const Loudness& loudness, std::chrono::seconds atMost) {
     SF_INFO format{};
     SoundFile file(sf_open(sound.c_str(), SFM_READ, &format));
     if (!file || format.frames <= 0 || !format.seekable || format.channels > mostChannels) return nullptr;
     if (format.frames > tooManyBytes) return nullptr;  // also where the length is not known
-    const std::int64_t times = timesUntil(std::min(fadeIn, atMost), format);
+    const std::int64_t times = timesUntil(std::min(loudness.fadeIn, atMost), format);
     if (headerBytes + times * format.frames * format.channels * sampleBytes >= tooManyBytes) return nullptr;
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) < 0) return nullptr;
     Descriptor in(ends[0]), out(ends[1]);
     try {
-        return std::make_unique<SndfileFadedSound>(std::move(file), format, fadeIn, times, std::move(in),
+        return std::make_unique<SndfileFadedSound>(std::move(file), format, loudness, times, std::move(in),
                                                    std::move(out));
     } catch (const std::system_error&) {
         return nullptr;  // no thread

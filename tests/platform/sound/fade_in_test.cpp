@@ -20,7 +20,7 @@ constexpr int rate = 1000;
 /// What becomes of samples that all are 1.
 std::vector<float> faded(std::size_t count, int channels, std::size_t block) {
     std::vector<float> samples(count, 1.0F);
-    FadeIn fadeIn(2s, rate, channels);
+    FadeIn fadeIn({100, 2s}, rate, channels);
     for (std::size_t begin = 0; begin < count; begin += block) {
         fadeIn.apply(std::span(samples).subspan(begin, std::min(block, count - begin)));
     }

@@ -118,7 +118,7 @@ TEST_F(HeardSound, IsTheSoundItselfWhereItCannotFade) {
     constexpr std::uint32_t bytes = 33U << 20U;  // the copy has two for each
     const fs::path recording = soundOf("recording", tone(1.0, 8000, 1), Format::wavOfBytes);
     resizeWave(recording, bytes);
-    ASSERT_FALSE(fadedSound(recording, 2s, 60s));
+    ASSERT_FALSE(fadedSound(recording, {100, 2s}, 60s));
     player->play(recording, std::string("none"), 0s, {100, 2s});
     playToTheEnd();
     EXPECT_EQ(problem, "");
@@ -159,6 +159,24 @@ TEST_F(HeardSound, RepeatsAtItsFullLoudnessAfterTheFadeIn) {
     player->play(soundOf("sound", original), std::string("none"), 1s, {100, 1s});
     playToTheEnd();
     EXPECT_EQ(heard(8000, 1).values, original.values) << "the file has what was played last";
+}
+
+// ALSA does not take the gain of a stream.
+TEST_F(HeardSound, HasItsVolumeInItsSamples) {
+    const Samples original = tone(0.5, 8000, 1);
+    const fs::path sound = soundOf("sound", original);
+    for (const std::chrono::seconds fadeIn : {0s, 1s}) {
+        hasEnded = false;
+        renewPlayer();
+        player->play(sound, std::string("none"), 1s, {50, fadeIn});
+        playToTheEnd();
+        EXPECT_EQ(problem, "");
+        const Samples last = heard(8000, 1);
+        ASSERT_EQ(last.values.size(), original.values.size()) << "the repetition that was played last";
+        for (std::size_t index = 0; index < last.values.size(); ++index) {
+            ASSERT_NEAR(last.values[index], 0.125 * original.values[index], 0.5) << index;
+        }
+    }
 }
 
 TEST_F(HeardSound, StopsAtOnceAndCanBeginAgain) {
