@@ -121,21 +121,18 @@ class CitySearch {
     }
 
   private:
-    // The regions that satisfy all qualifiers; nothing without qualifiers.
-    std::optional<std::vector<bool>> allowedParents(const std::vector<std::string>& qualifiers) const {
+    // The regions that satisfy all qualifiers, in order; nothing without qualifiers.
+    std::optional<std::vector<int>> allowedParents(const std::vector<std::string>& qualifiers) const {
         if (qualifiers.empty()) return std::nullopt;
-        if (qualifiers.size() > mostQualifiers) return std::vector<bool>();
+        std::vector<int> allowed;
+        if (qualifiers.size() > mostQualifiers) return allowed;
         const std::uint32_t all = (std::uint32_t{1} << qualifiers.size()) - 1;
         const std::map<int, std::uint32_t> countries = countriesThatSatisfy(qualifiers);
-        std::vector<bool> allowed;
         for (const RegionNames& region : connection_.regions()) {
             const auto country = countries.find(region.country);
             std::uint32_t satisfied = country == countries.end() ? 0 : country->second;
             if (satisfied != all) satisfied |= satisfiedBy(region.code, {region.name}, qualifiers, false);
-            if (satisfied != all) continue;
-            const auto parent = static_cast<std::size_t>(region.region);
-            if (parent >= allowed.size()) allowed.resize(parent + 1);
-            allowed[parent] = true;
+            if (satisfied == all) allowed.push_back(region.region);
         }
         return allowed;
     }
@@ -167,9 +164,16 @@ class CitySearch {
         return satisfied;
     }
 
-    static bool allows(const std::optional<std::vector<bool>>& allowed, int parent) {
-        const auto at = static_cast<std::size_t>(parent);
-        return !allowed || (at < allowed->size() && (*allowed)[at]);
+    static bool allows(const std::optional<std::vector<int>>& allowed, int parent) {
+        return !allowed || std::ranges::binary_search(*allowed, parent);
+    }
+
+    // The condition that a name is of these regions.
+    static std::string conditionFor(const std::optional<std::vector<int>>& allowed) {
+        if (!allowed) return {};
+        std::string numbers;
+        for (const int parent : *allowed) numbers += (numbers.empty() ? "" : ",") + std::to_string(parent);
+        return " AND PARENT IN (" + numbers + ")";
     }
 
     // The best names for a text with which very many names begin; nothing for other texts.
@@ -184,17 +188,17 @@ class CitySearch {
     // All names that begin with the name.
     void collectNames(const Wanted& wanted) { collectNames(wanted, wanted.name + "\xF4\x8F\xBF\xBF"); }
 
-    // The names from the wanted one up to, not including, the end.
+    // The names from the wanted one up to, not including, the end. SQLite passes over those of other regions, which may be
+    // nearly all of very many.
     void collectNames(const Wanted& wanted, const std::string& end) {
         const auto allowed = allowedParents(wanted.qualifiers);
         if (allowed && allowed->empty()) return;
-        const sqlite::Statement row = connection_.query(
-            "SELECT FOLDED, ID, KIND, POPULATION, PARENT FROM CITY_NAME WHERE FOLDED >= ?1 AND FOLDED < ?2");
+        const sqlite::Statement row =
+            connection_.query("SELECT FOLDED, ID, KIND, POPULATION FROM CITY_NAME WHERE FOLDED >= ?1 AND FOLDED < ?2" +
+                              conditionFor(allowed));
         sqlite3_bind_text(row.get(), 1, wanted.name.c_str(), -1, SQLITE_STATIC);
         sqlite3_bind_text(row.get(), 2, end.data(), static_cast<int>(end.size()), SQLITE_STATIC);
-        while (connection_.next(row)) {
-            if (allows(allowed, sqlite3_column_int(row.get(), 4))) addName(row.get(), wanted.name);
-        }
+        while (connection_.next(row)) addName(row.get(), wanted.name);
     }
 
     void addName(sqlite3_stmt* row, const std::string& wanted) {

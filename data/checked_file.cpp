@@ -37,13 +37,19 @@ Checks& checksOf(sqlite3_file* file) {
     return *reinterpret_cast<Checks*>(reinterpret_cast<std::byte*>(file) + offset);
 }
 
+// Reads a page, and verifies it the first time.
+int readPage(sqlite3_file* file, Checks& checks, Page page, std::size_t number) {
+    const sqlite3_int64 at = static_cast<sqlite3_int64>(number) * static_cast<sqlite3_int64>(pageSize);
+    const int result = checks.system->xRead(file, page.data(), static_cast<int>(page.size()), at);
+    if (checks.verified[number]) return result;
+    checks.verified[number] = result == SQLITE_OK && isSealed(page, number);
+    return checks.verified[number] ? SQLITE_OK : SQLITE_IOERR_DATA;
+}
+
 bool verify(sqlite3_file* file, Checks& checks, std::size_t number) {
-    if (number >= checks.verified.size()) return false;
     if (checks.verified[number]) return true;
     PageBuffer page;
-    const sqlite3_int64 at = static_cast<sqlite3_int64>(number) * static_cast<sqlite3_int64>(pageSize);
-    if (checks.system->xRead(file, page.data(), static_cast<int>(page.size()), at) != SQLITE_OK) return false;
-    return checks.verified[number] = isSealed(page, number);
+    return readPage(file, checks, page, number) == SQLITE_OK;
 }
 
 int readChecked(sqlite3_file* file, void* bytes, int size, sqlite3_int64 at) {
@@ -52,6 +58,9 @@ int readChecked(sqlite3_file* file, void* bytes, int size, sqlite3_int64 at) {
     if (at + size <= headerSize) return checks.system->xRead(file, bytes, size, at);
     const auto first = static_cast<std::size_t>(at) / pageSize;
     const auto end = (static_cast<std::size_t>(at) + static_cast<std::size_t>(size) + pageSize - 1) / pageSize;
+    if (end > checks.verified.size()) return SQLITE_IOERR_DATA;
+    const bool isOnePage = end == first + 1 && static_cast<std::size_t>(size) == pageSize;
+    if (isOnePage) return readPage(file, checks, Page(static_cast<unsigned char*>(bytes), pageSize), first);
     for (std::size_t number = first; number < end; ++number) {
         if (!verify(file, checks, number)) return SQLITE_IOERR_DATA;
     }

@@ -101,8 +101,7 @@ const std::vector<RegionNames>& CityConnection::regions() {
     if (!regions_.empty()) return regions_;
     const sqlite::Statement row = query(
         "SELECT F.PARENT, P.CID, lower(F.CODE), F.FOLDED FROM PARENT_FACT F JOIN CITY_PARENT P ON P.PARENT = F.PARENT "
-        "ORDER "
-        "BY F.PARENT DESC");
+        "ORDER BY F.PARENT");
     std::vector<RegionNames> regions;
     while (next(row)) {
         regions.push_back({sqlite3_column_int(row.get(), 0), sqlite3_column_int(row.get(), 1),

@@ -48,7 +48,7 @@ class CityConnection {
     /// The most populous place of a zone, which may have an older name; nothing without one.
     std::optional<CityRecord> largestCityOfZone(std::string_view zone);
 
-    /// All regions, from the highest number on. They are read once: a search that names one looks at all of them.
+    /// All regions, ordered by number. They are read once: a search that names one looks at all of them.
     const std::vector<RegionNames>& regions();
 
     ZoneSource& zones() { return *zones_; }

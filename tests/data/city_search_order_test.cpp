@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -57,17 +58,40 @@ class PlainSearch {
     }
 
     const std::vector<Name>& names() const { return names_; }
+
+    /// The regions whose name, or whose country's name, begins with a text.
+    std::set<int> regionsThatBegin(const std::string& text) const {
+        const auto rows = sqlite::prepare(database_.get(),
+                                          "SELECT F.PARENT, F.FOLDED, K.FOLDEDEN, K.FOLDEDTR FROM PARENT_FACT F JOIN "
+                                          "CITY_PARENT P ON P.PARENT = F.PARENT "
+                                          "JOIN COUNTRY_FACT K ON K.CID = P.CID");
+        std::set<int> regions;
+        while (sqlite3_step(rows.get()) == SQLITE_ROW) {
+            for (const int column : {1, 2, 3}) {
+                if (sqlite::text(rows.get(), column).starts_with(text))
+                    regions.insert(sqlite3_column_int(rows.get(), 0));
+            }
+        }
+        return regions;
+    }
+
     const std::string& countryOf(const Name& name) const { return countryOfParent_.at(name.parent); }
 
     /// country: two letters that are not a region's code, or empty.
     Order find(const std::string& text, const std::string& country, std::size_t limit) const {
+        return findWhere(
+            text, [&](const Name& name) { return country.empty() || countryOf(name) == country; }, limit);
+    }
+
+    /// isIn: whether a name is of the wanted regions.
+    Order findWhere(const std::string& text, const std::function<bool(const Name&)>& isIn, std::size_t limit) const {
         std::map<int, Found> found;
         bool words = false;
         const auto first = std::lower_bound(names_.begin(), names_.end(), text,
                                             [](const Name& name, const std::string& t) { return name.folded < t; });
         for (auto at = first; at != names_.end() && at->folded.starts_with(text); ++at) {
             const Name& name = *at;
-            if (!isIn(name, country)) continue;
+            if (!isIn(name)) continue;
             const bool later = name.kind == NameKind::ownWord || name.kind == NameKind::otherWord;
             const bool whole = name.folded == text, wholeWords = whole || name.folded[text.size()] == ' ';
             words = words || (!later && wholeWords);
@@ -77,19 +101,16 @@ class PlainSearch {
                 add(found, name, whole ? 3.0 : wholeWords ? 1.5 : 0.0, whole ? CityMatch::exact : CityMatch::prefix);
             }
         }
-        if (!words && found.size() < 5 && text.size() >= 4) addMistakes(found, text, country);
+        if (!words && found.size() < 5 && text.size() >= 4) addMistakes(found, text, isIn);
         return ranked(found, limit);
     }
 
   private:
-    bool isIn(const Name& name, const std::string& country) const {
-        return country.empty() || countryOf(name) == country;
-    }
-
-    void addMistakes(std::map<int, Found>& found, const std::string& text, const std::string& country) const {
+    void addMistakes(std::map<int, Found>& found, const std::string& text,
+                     const std::function<bool(const Name&)>& isIn) const {
         const int limit = text.size() >= 8 ? 2 : 1;
         for (const Name& name : names_) {
-            if ((name.kind != NameKind::own && name.kind != NameKind::other) || !isIn(name, country)) continue;
+            if ((name.kind != NameKind::own && name.kind != NameKind::other) || !isIn(name)) continue;
             const int mistakes = typingMistakes(text, name.folded, limit);
             if (mistakes > 0 && mistakes <= limit) add(found, name, mistakes * -2.0, CityMatch::typo);
         }
@@ -178,6 +199,27 @@ TEST_F(CitySearchOrder, OfRandomTextsIsThatOfTheWholeList) {
         // A code that is also a region's finds more places.
         if (i % 4 == 3 && plain().countryOf(name) == "tr") expectSame(text, "tr");
     }
+}
+
+/// The last word is the beginning of a region's or country's name, here of few and of many.
+TEST_F(CitySearchOrder, OfFirstLettersInARegionIsThatOfTheWholeList) {
+    int compared = 0;
+    for (const char* region : {"cal", "cou", "ont", "saint", "united"}) {
+        const std::set<int> regions = plain().regionsThatBegin(region);
+        ASSERT_FALSE(regions.empty()) << region;
+        const auto isIn = [&](const Name& name) { return regions.contains(name.parent); };
+        for (const char* letters : {"a", "s", "ma", "x"}) {
+            const std::string text = std::string(letters) + " " + region;
+            const Order expected = plain().findWhere(letters, isIn, 50);
+            // Names that begin with the whole text would come first, and names like it would join few others.
+            if (!plain().find(text, {}, 1).empty() || expected.size() < 5) continue;
+            Order order;
+            for (const CityHit& hit : database.search(text, 50)) order.emplace_back(hit.city.id, hit.match);
+            EXPECT_EQ(order, expected) << text;
+            ++compared;
+        }
+    }
+    EXPECT_GE(compared, 10);
 }
 
 TEST(NameGroup, GivesBackWhatWasWritten) {
