@@ -112,6 +112,20 @@ AlarmInfo DatabaseFunctions::getAlarmInfo(int code) noexcept {
     return info;
 }
 
+std::set<int> DatabaseFunctions::activeAlarms() noexcept {
+    if (!globalFuncs_->fileExists(userDBPath_) || !openUserDB()) return {};
+    std::set<int> active;
+    try {
+        for (int code = firstPrayer; code <= lastMainPrayer; ++code) {
+            if (readAlarmInfo(code).active) active.insert(code);
+        }
+    } catch (const std::exception& error) {
+        logFailure("activeAlarms", error.what());
+    }
+    userDB_.reset();
+    return active;
+}
+
 bool DatabaseFunctions::openUserDB() {
     sqlite3* opened = nullptr;
     if (!sqlite::isSafeToOpen(userDBPath_)) return false;

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 
@@ -87,6 +88,9 @@ class DatabaseFunctions {
 
     /// The alarm of a prayer; all zero and empty when it does not exist.
     AlarmInfo getAlarmInfo(int code) noexcept;
+
+    /// The prayers whose alarm is on, read together.
+    std::set<int> activeAlarms() noexcept;
 
     /// Switches the alarm of a prayer on and writes its event: for today, or for tomorrow when today's time has passed. An
     /// event that the alarm already has is reused. The alarm is on even when the calendar fails. Does nothing when the

@@ -21,6 +21,7 @@
 
 namespace quode::app {
 
+class OpenUserData;
 class TranslatedLocale;
 
 /// What the programs work with: the clock, the cities, the user's files and the words of the language. Each part is made
@@ -104,6 +105,10 @@ class Session {
     /// Reports a problem to `Options::onProblem`.
     void report(std::string_view message, ExitCode code = ExitCode::ok) const;
 
+    /// What keeps the user database open for all who read it; null when nothing does.
+    OpenUserData* openUserData() const { return openUserData_; }
+    void setOpenUserData(OpenUserData* open) { openUserData_ = open; }
+
     /// Reports to another receiver from now on.
     void reportTo(std::function<void(const Problem&)> onProblem) { options_.onProblem = std::move(onProblem); }
 
@@ -122,6 +127,7 @@ class Session {
     std::shared_ptr<Device> device_;
     std::optional<CityDatabase> cities_;
     GlobalFuncs* services_ = nullptr;
+    OpenUserData* openUserData_ = nullptr;
     bool textsAreLoaded_ = false;
 };
 

@@ -87,9 +87,30 @@ std::optional<UserCity> homeIn(Session& session) {
 
 }  // namespace
 
+OpenUserData::OpenUserData(Session& session) : session_(session), outer_(session.openUserData()) {
+    if (outer_ == nullptr) session_.setOpenUserData(this);
+}
+
+OpenUserData::~OpenUserData() {
+    if (outer_ == nullptr) session_.setOpenUserData(nullptr);
+}
+
+std::optional<UserDatabase> OpenUserData::database(const std::function<std::optional<UserDatabase>()>& open) {
+    if (database_) {
+        if (auto same = database_->again()) return same;
+    }
+    database_.reset();
+    std::optional<UserDatabase> opened = open();
+    if (!opened) return std::nullopt;
+    return database_.emplace(std::move(*opened)).again();
+}
+
 std::optional<UserDatabase> userDatabaseToRead(Session& session) {
     finishPending(session);
-    return UserDatabase::openToRead(session.dataFolder(), session.cities(), session.deviceClock(), readingPatience);
+    const auto open = [&session] {
+        return UserDatabase::openToRead(session.dataFolder(), session.cities(), session.deviceClock(), readingPatience);
+    };
+    return session.openUserData() == nullptr ? open() : session.openUserData()->database(open);
 }
 
 UserDatabase userDatabaseToChange(Session& session) {

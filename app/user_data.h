@@ -3,6 +3,7 @@
 // The user's own choices, as the commands read and change them.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,24 @@ class Session;
 
 /// The user database, to read from; nothing when there is none yet. Throws `UserDatabaseError`.
 std::optional<UserDatabase> userDatabaseToRead(Session& session);
+
+/// While such an object lives, `userDatabaseToRead` opens and checks the user database once for all who read it. For a
+/// short time in which much is read, such as the start of a program with windows: the file stays open.
+class OpenUserData {
+  public:
+    explicit OpenUserData(Session& session);
+    ~OpenUserData();
+    OpenUserData(const OpenUserData&) = delete;
+    OpenUserData& operator=(const OpenUserData&) = delete;
+
+    /// What is open, else what `open` opens.
+    std::optional<UserDatabase> database(const std::function<std::optional<UserDatabase>()>& open);
+
+  private:
+    Session& session_;
+    OpenUserData* const outer_;
+    std::optional<UserDatabase> database_;
+};
 
 /// The user database, to be changed; it is made when there is none. What the user should know about it is reported. Throws
 /// `UserDatabaseError`.

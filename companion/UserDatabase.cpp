@@ -58,7 +58,7 @@ UserDatabase::UserDatabase(const std::filesystem::path& dataFolder, const CityDa
     refreshPrayerTimes();
 }
 
-UserDatabase::UserDatabase(std::unique_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device)
+UserDatabase::UserDatabase(std::shared_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device)
     : cities_(&cities), device_(&device), connection_(std::move(connection)) {}
 
 std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path& dataFolder,
@@ -67,9 +67,14 @@ std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path
     const std::filesystem::path file = userDatabaseFile(dataFolder);
     std::error_code unreachable;  // such a file is reported when it is opened
     if (!std::filesystem::exists(file, unreachable) && !unreachable) return std::nullopt;
-    auto connection = std::make_unique<UserConnection>(file, patience);
+    auto connection = std::make_shared<UserConnection>(file, patience);
     if (connection->isEmpty()) return std::nullopt;
     return UserDatabase(std::move(connection), cities, device);
+}
+
+std::optional<UserDatabase> UserDatabase::again() const {
+    if (connection_->isOfAnotherFile()) return std::nullopt;
+    return UserDatabase(connection_, *cities_, *device_);
 }
 
 UserDatabase::~UserDatabase() = default;
@@ -317,6 +322,13 @@ std::optional<std::string> UserDatabase::setting(std::string_view name) const {
         connection_->query("SELECT VALUE FROM USER_SETTING WHERE NAME = ?", {std::string(name)});
     if (!connection_->next(row)) return std::nullopt;
     return sqlite::text(row.get(), 0);
+}
+
+std::map<std::string, std::string> UserDatabase::settings() const {
+    std::map<std::string, std::string> settings;
+    const sqlite::Statement row = connection_->query("SELECT NAME, VALUE FROM USER_SETTING");
+    while (connection_->next(row)) settings.emplace(sqlite::text(row.get(), 0), sqlite::text(row.get(), 1));
+    return settings;
 }
 
 void UserDatabase::setSetting(std::string_view name, std::string_view value) {

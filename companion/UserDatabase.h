@@ -8,6 +8,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -108,6 +109,9 @@ class UserDatabase {
     static std::optional<UserDatabase> openToRead(const std::filesystem::path& dataFolder, const CityDatabase& cities,
                                                   const Clock& device, std::chrono::milliseconds patience);
 
+    /// The same open file once more; nothing when another file has taken its place meanwhile.
+    std::optional<UserDatabase> again() const;
+
     /// Reads from a file that another program keeps locked what it held before that program began to change anything.
     /// Waits for nobody, creates and repairs nothing. Throws `UserDatabaseError`.
     /// @return false when that is unknown, because a change is being written or was cut off; what was read is void then
@@ -169,11 +173,14 @@ class UserDatabase {
     std::optional<std::string> setting(std::string_view name) const;
     void setSetting(std::string_view name, std::string_view value);
 
+    /// All settings by name.
+    std::map<std::string, std::string> settings() const;
+
     /// The connection, for the other records that are kept in the same file.
     UserConnection& connection() { return *connection_; }
 
   private:
-    UserDatabase(std::unique_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device);
+    UserDatabase(std::shared_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device);
 
     struct CityRow {
         int id = 0;
@@ -191,7 +198,7 @@ class UserDatabase {
     const CityDatabase* cities_;
     const Clock* device_;
     std::vector<std::string> notices_;
-    std::unique_ptr<UserConnection> connection_;
+    std::shared_ptr<UserConnection> connection_;
 };
 
 }  // namespace quode

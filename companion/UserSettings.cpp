@@ -3,6 +3,7 @@
 #include "companion/UserSettings.h"
 
 #include <algorithm>
+#include <map>
 
 #include "common/numbers.h"
 #include "companion/UserDatabase.h"
@@ -36,16 +37,31 @@ const char* valueOf(PanelLayout layout) {
     }
 }
 
-int numberIn(const UserDatabase& database, const char* name, int usual, int least, int most) {
-    return std::clamp(numberOf<int>(database.setting(name).value_or("")).value_or(usual), least, most);
-}
+/// What is stored, read at once.
+class StoredSettings {
+  public:
+    explicit StoredSettings(const UserDatabase& database) : values_(database.settings()) {}
 
-RingManner loadManner(const UserDatabase& database) {
+    /// A value; empty when it was never set.
+    std::string text(const char* name) const {
+        const auto found = values_.find(name);
+        return found == values_.end() ? std::string() : found->second;
+    }
+
+    int number(const char* name, int usual, int least, int most) const {
+        return std::clamp(numberOf<int>(text(name)).value_or(usual), least, most);
+    }
+
+  private:
+    std::map<std::string, std::string> values_;
+};
+
+RingManner loadManner(const StoredSettings& stored) {
     RingManner manner;
-    manner.volume = numberIn(database, volumeName, manner.volume, softestSound, loudestSound);
-    manner.fadeIn = numberIn(database, fadeName, manner.fadeIn, 0, longestFadeIn);
-    manner.pausesMedia = database.setting(mediaName) == "pause";
-    manner.isUrgent = database.setting(urgencyName) != "normal";
+    manner.volume = stored.number(volumeName, manner.volume, softestSound, loudestSound);
+    manner.fadeIn = stored.number(fadeName, manner.fadeIn, 0, longestFadeIn);
+    manner.pausesMedia = stored.text(mediaName) == "pause";
+    manner.isUrgent = stored.text(urgencyName) != "normal";
     return manner;
 }
 
@@ -63,22 +79,23 @@ const char* valueOf(CalendarLayout layout) {
 }
 
 UserSettings loadSettings(const UserDatabase& database) {
+    const StoredSettings stored(database);
     UserSettings settings;
-    const std::string sound = database.setting(soundName).value_or("");
+    const std::string sound = stored.text(soundName);
     if (!sound.empty()) settings.defaultSound = sound;
-    if (database.setting(layoutName) == valueOf(CalendarLayout::vdir)) settings.calendarLayout = CalendarLayout::vdir;
-    if (database.setting(ringerName) == "evolution") settings.ringer = Ringer::evolution;
-    const std::string language = database.setting(languageName).value_or("");
+    if (stored.text(layoutName) == valueOf(CalendarLayout::vdir)) settings.calendarLayout = CalendarLayout::vdir;
+    if (stored.text(ringerName) == "evolution") settings.ringer = Ringer::evolution;
+    const std::string language = stored.text(languageName);
     if (!language.empty()) settings.language = language;
     for (const PanelLayout layout : {PanelLayout::phone, PanelLayout::tablet}) {
-        if (database.setting(panelName) == valueOf(layout)) settings.panelLayout = layout;
+        if (stored.text(panelName) == valueOf(layout)) settings.panelLayout = layout;
     }
     for (int scheme = 0; scheme < colorSchemes; ++scheme) {
-        if (database.setting(colorsName) == std::to_string(scheme)) settings.colorScheme = scheme;
+        if (stored.text(colorsName) == std::to_string(scheme)) settings.colorScheme = scheme;
     }
-    settings.textSize = numberIn(database, textName, settings.textSize, smallestText, largestText);
-    settings.hasTrayIcon = database.setting(trayName) != "off";
-    settings.manner = loadManner(database);
+    settings.textSize = stored.number(textName, settings.textSize, smallestText, largestText);
+    settings.hasTrayIcon = stored.text(trayName) != "off";
+    settings.manner = loadManner(stored);
     return settings;
 }
 

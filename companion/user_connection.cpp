@@ -149,6 +149,12 @@ bool UserConnection::isEmpty() const {
     return readInteger("SELECT COUNT(*) FROM sqlite_schema") == 0;
 }
 
+bool UserConnection::isOfAnotherFile() const {
+    int hasMoved = 0;
+    const int result = sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    return result != SQLITE_OK || hasMoved != 0;
+}
+
 std::optional<std::string> UserConnection::fault() const {
     const sqlite::Statement row = sqlite::prepare(database_.get(), "PRAGMA integrity_check(1)");
     const int result = row ? sqlite3_step(row.get()) : sqlite3_extended_errcode(database_.get());

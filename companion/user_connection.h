@@ -50,6 +50,9 @@ class UserConnection {
     /// The first fault that a check of the whole file finds; nothing when it is whole.
     std::optional<std::string> fault() const;
 
+    /// Whether the file was removed or replaced since it was opened.
+    bool isOfAnotherFile() const;
+
     /// Whether the file was made just now.
     bool isNew() const { return isNew_; }
     const std::filesystem::path& file() const { return file_; }

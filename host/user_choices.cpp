@@ -65,7 +65,7 @@ Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar) 
     return {notices.join('\n'), isLocked};
 }
 
-// Within a transaction, what is read first takes a lock for reading, which lasts until the database is closed.
+// Within a transaction, what is read first takes a lock for reading, which lasts until the transaction ends.
 HeldChoices::HeldChoices(app::Session& session) {
     try {
         std::optional<UserDatabase> opened = app::userDatabaseToRead(session);
@@ -76,6 +76,14 @@ HeldChoices::HeldChoices(app::Session& session) {
     } catch (const UserDatabaseError& error) {
         isLocked_ = error.reason() == UserDatabaseError::Reason::locked;
     } catch (const std::runtime_error&) {  // of the city database
+    }
+}
+
+// Others may go on reading by the same connection.
+HeldChoices::~HeldChoices() {
+    try {
+        if (database_) database_->connection().run("ROLLBACK");
+    } catch (const UserDatabaseError&) {  // what was refused has begun nothing
     }
 }
 

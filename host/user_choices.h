@@ -31,6 +31,9 @@ Preparation prepareUserChoices(app::Session& session, UserEventStore& calendar);
 class HeldChoices {
   public:
     explicit HeldChoices(app::Session& session);
+    ~HeldChoices();
+    HeldChoices(const HeldChoices&) = delete;
+    HeldChoices& operator=(const HeldChoices&) = delete;
 
     /// True when another program had locked the database already, so that what is read now may fail.
     bool isLocked() const { return isLocked_; }

@@ -40,13 +40,16 @@ UITimesView::UITimesView(const Rect& frame, QWidget* parent) : View(frame, paren
 }
 
 void UITimesView::detectAlarmOnOff(int currentCityId) {
+    showAlarmOnOff(currentCityId, currentCityId >= 0 && DatabaseFunctions().getAlarmInfo(tag()).active);
+}
+
+void UITimesView::showAlarmOnOff(int currentCityId, bool isActive) {
     if (currentCityId < 0) {
         buttonAlarmOnOff_->setEnabled(false);
         return;
     }
-    const bool active = DatabaseFunctions().getAlarmInfo(tag()).active;
-    buttonAlarmOnOff_->setButtonShape(active ? shapeAlarmOn : shapeAlarmOff);
-    buttonAlarmOnOff_->setSelected(active);
+    buttonAlarmOnOff_->setButtonShape(isActive ? shapeAlarmOn : shapeAlarmOff);
+    buttonAlarmOnOff_->setSelected(isActive);
     buttonAlarmOnOff_->update();
 }
 

@@ -41,6 +41,9 @@ class UITimesView : public View, private UIButtonXDelegate {
     /// @param currentCityId  index of the city shown; a negative one, for no city, disables the button instead
     void detectAlarmOnOff(int currentCityId);
 
+    /// The same with what was read of the alarm before.
+    void showAlarmOnOff(int currentCityId, bool isActive);
+
   private:
     void delegateUIButtonXTapped(UIButtonX& button, bool selected) override;
 

@@ -3,8 +3,10 @@
 #include "widget/QuodeController.h"
 
 #include <chrono>
+#include <set>
 #include <utility>
 
+#include "alarms/DatabaseFunctions.h"
 #include "common/GlobalFuncs.h"
 #include "data/city_day.h"
 
@@ -101,6 +103,7 @@ void QuodeController::makeCityRows(double width) {
 }
 
 void QuodeController::makeTimesRows(double width) {
+    const std::set<int> alarms = currentCityId_ < 0 ? std::set<int>() : DatabaseFunctions().activeAlarms();
     for (int code = firstPrayer; code <= lastPrayer; ++code) {
         auto row = std::make_unique<UITimesView>(Rect{0.0, 0.0, width, rowHeight});
         row->setTag(code);
@@ -108,7 +111,7 @@ void QuodeController::makeTimesRows(double width) {
         if (code <= lastMainPrayer) {
             row->setAutoresizingMask(flexibleHeight);
             row->setDelegate(this);
-            row->detectAlarmOnOff(currentCityId_);
+            row->showAlarmOnOff(currentCityId_, alarms.contains(code));
         } else {
             row->buttonAlarmOnOff()->hide();  // these times have no alarms
         }
