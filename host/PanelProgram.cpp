@@ -6,11 +6,13 @@
 #include <QClipboard>
 #include <QCursor>
 #include <QShortcut>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
 
 #include "alarms/DatabaseFunctions.h"
 #include "app/session.h"
+#include "app/user_data.h"
 #include "companion/UserEventStore.h"
 #include "data/user_places.h"
 #include "desktop/CityDialog.h"
@@ -29,7 +31,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto settle = 150ms;  // until who writes the user's files has finished
+constexpr auto settle = 150ms;         // until who writes the user's files has finished
+constexpr auto latestFirstFrame = 1s;  // a window that nobody sees is not drawn
 
 std::vector<std::filesystem::path> userFiles(app::Session& session) {
     const std::filesystem::path database = userDatabaseFile(session.dataFolder());
@@ -49,11 +52,12 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
       calendar_(std::move(calendar)),
       device_(std::move(device)),
       languageOption_(std::move(languageOption)),
-      window_(trayWatch_.isTrayThere() && wantsTrayIcon(session_) ? PanelStyle::popover : PanelStyle::window,
+      window_(trayWatch_.wasTrayThere() && wantsTrayIcon(session_) ? PanelStyle::popover : PanelStyle::window,
               isComposited()),
       menu_([this] { return menuState(); }),
       // The widget reads the user's cities as soon as it is made. Notices of that moment are shown with the first panel.
-      told_(lastingNotice(prepareUserChoices(session_, *calendar_))),
+      first_(prepareUserChoices(session_, *calendar_)),
+      told_(lastingNotice(*first_)),
       bundle_(session_.bundle().string()),
       widget_(bundle_.makeWidget()),
       watch_(
@@ -65,9 +69,9 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
     MessageView::setKeepsNewestOnly(true);
     connectMenu();
     connectPanel();
-    if (!wantsTrayIcon(session_)) return;
-    if (trayWatch_.isTrayThere()) showTray();
-    connect(&trayWatch_, &TrayWatch::appeared, this, &PanelProgram::showTray);
+    QTimer::singleShot(0, this, [this] { first_.reset(); });
+    connect(&window_, &PanelWindow::firstFrameShown, this, &PanelProgram::finishStart);
+    QTimer::singleShot(latestFirstFrame, this, &PanelProgram::finishStart);
 }
 
 PanelProgram::~PanelProgram() {
@@ -75,7 +79,22 @@ PanelProgram::~PanelProgram() {
 }
 
 void PanelProgram::present() {
+    const app::OpenUserData reading(session_);
     panel_.present(QCursor::pos());
+}
+
+// The icon in the tray waits for the first frame, because its search through the themes of icons takes as long.
+void PanelProgram::finishStart() {
+    if (std::exchange(isStarted_, true)) return;
+    offerTray();
+    Q_EMIT started();
+}
+
+void PanelProgram::offerTray() {
+    if (std::exchange(isTrayOffered_, true) || !wantsTrayIcon(session_)) return;
+    if (trayWatch_.wasTrayThere()) return showTray();
+    connect(&trayWatch_, &TrayWatch::appeared, this, &PanelProgram::showTray);
+    trayWatch_.watch();
 }
 
 void PanelProgram::askOnFirstStart() {
@@ -93,7 +112,9 @@ void PanelProgram::prepare() {
     // Of the panel's own parts, menus and dialogs. The widget's rows have one order in every language.
     QGuiApplication::setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     window_.setMenu(&menu_, _("Menu"));
-    const Preparation present = prepareUserChoices(session_, *calendar_);
+    const bool isJustDone = first_ && !first_->isLocked;
+    const Preparation present = isJustDone ? *first_ : prepareUserChoices(session_, *calendar_);
+    first_.reset();
     window_.setNotice(told_.isEmpty() ? present.notice : std::exchange(told_, {}));
     isPrepared_ = !present.isLocked;
     held_.emplace(session_);
@@ -164,6 +185,7 @@ void PanelProgram::storeRows() {
 // What could not be stored when the rows were opened is tried again.
 void PanelProgram::onDismissed() {
     storeRows();
+    offerTray();
     if (!tray_) return end();
     window_.setPanelStyle(PanelStyle::popover);
 }

@@ -45,7 +45,14 @@ class PanelProgram : public QObject {
     /// Asks whether the guessed city is right, on a first start.
     void askOnFirstStart();
 
+  Q_SIGNALS:
+    /// The panel was drawn for the first time, or will not be soon: now is the time for what its first frame can do
+    /// without.
+    void started();
+
   private:
+    void finishStart();
+    void offerTray();
     void prepare();
     void connectMenu();
     void connectPanel();
@@ -74,10 +81,11 @@ class PanelProgram : public QObject {
     PanelWindow window_;
     DesktopTheme theme_;
     PanelMenu menu_;
-    QString told_;                     // messages for the next presentation
-    std::optional<HeldChoices> held_;  // while the widget is built
-    bool isPrepared_ = true;           // for the present presentation
-    std::map<int, bool> alarmsOn_;     // by the codes of the prayers
+    std::optional<Preparation> first_;  // until the first presentation, which follows at once
+    QString told_;                      // messages for the next presentation
+    std::optional<HeldChoices> held_;   // while the widget is built
+    bool isPrepared_ = true;            // for the present presentation
+    std::map<int, bool> alarmsOn_;      // by the codes of the prayers
     WidgetBundle bundle_;
     std::unique_ptr<WidgetViewController> widget_;
     HomeWatch watch_;
@@ -85,6 +93,7 @@ class PanelProgram : public QObject {
     OpenRows storedRows_;
     std::unique_ptr<MomentWatch> toolTipWatch_;
     std::unique_ptr<PanelTray> tray_;
+    bool isStarted_ = false, isTrayOffered_ = false;
 };
 
 }  // namespace quode::host

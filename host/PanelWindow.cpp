@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/icon.h"
 #include "desktop/theme.h"
@@ -320,6 +321,8 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void PanelWindow::paintEvent(QPaintEvent*) {
+    // What is drawn comes to the screen when all parts of the window are drawn.
+    if (!std::exchange(wasDrawn_, true)) QTimer::singleShot(0, this, &PanelWindow::firstFrameShown);
     QPainter painter(this);
     if (!isRounded()) return painter.fillRect(rect(), theme_->ground);
     painter.setRenderHint(QPainter::Antialiasing);

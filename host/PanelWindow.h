@@ -76,6 +76,9 @@ class PanelWindow : public QWidget {
     /// The user is done with the panel: by Escape, by turning to something else, or by the window's own button.
     void dismissAsked();
 
+    /// The window was drawn for the first time.
+    void firstFrameShown();
+
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -110,6 +113,7 @@ class PanelWindow : public QWidget {
     QPoint pointer_;
     QSize askedSize_;                // the last size that the panel gave itself
     bool isSizedElsewhere_ = false;  // the desktop or the user gave it another one since it opened
+    bool wasDrawn_ = false;
 };
 
 }  // namespace quode::host

@@ -102,19 +102,23 @@ TrayWatch::TrayWatch() {
         if (!selection_->isUsable()) selection_.reset();
     }
     wasThere_ = isTrayThere();
-    if (wasThere_) return;
+}
 
+void TrayWatch::watch() {
+    if (wasThere_) return;
     auto* const watcher = new QDBusServiceWatcher(watcherName, QDBusConnection::sessionBus(),
                                                   QDBusServiceWatcher::WatchForRegistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &TrayWatch::look);
     QDBusConnection::sessionBus().connect(watcherName, watcherPath, watcherName, "StatusNotifierHostRegistered", this,
                                           SLOT(look()));
-    if (!selection_) return;
-    auto* const notifier = new QSocketNotifier(selection_->descriptor(), QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
-        if (selection_->readEvents()) look();
-        if (selection_->isBroken()) notifier->setEnabled(false);
-    });
+    if (selection_) {
+        auto* const notifier = new QSocketNotifier(selection_->descriptor(), QSocketNotifier::Read, this);
+        connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
+            if (selection_->readEvents()) look();
+            if (selection_->isBroken()) notifier->setEnabled(false);
+        });
+    }
+    look();  // at what came since the first look
 }
 
 TrayWatch::~TrayWatch() = default;

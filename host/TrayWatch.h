@@ -13,10 +13,15 @@ class TrayWatch : public QObject {
     Q_OBJECT
 
   public:
+    /// Looks for a tray once.
     TrayWatch();
     ~TrayWatch() override;
 
-    bool isTrayThere() const;
+    /// Whether one was there when it was last looked for.
+    bool wasTrayThere() const { return wasThere_; }
+
+    /// Waits for a tray where none was there.
+    void watch();
 
   Q_SIGNALS:
     /// A tray has come that was not there before.
@@ -27,6 +32,8 @@ class TrayWatch : public QObject {
 
   private:
     class XSelection;
+
+    bool isTrayThere() const;
 
     std::unique_ptr<XSelection> selection_;  // of the older trays; null where no X display answers
     bool wasThere_ = false;

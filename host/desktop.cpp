@@ -3,9 +3,12 @@
 #include "host/desktop.h"
 
 #include <QApplication>
-#include <QTimer>
+#include <memory>
+#include <thread>
+#include <utility>
 
 #include "app/session.h"
+#include "app/user_data.h"
 #include "companion/UserEventStore.h"
 #include "desktop/Instance.h"
 #include "desktop/alarm_service.h"
@@ -13,6 +16,7 @@
 #include "host/PanelDevice.h"
 #include "host/PanelProgram.h"
 #include "host/user_choices.h"
+#include "host/widgets.h"
 #include "terminal/streams.h"
 #include "texts/translation.h"
 #include "views/accessibility.h"
@@ -30,7 +34,8 @@ ExitCode presentOther(const Instance& instance) {
                   _("The panel is already running but does not answer. End that program and try again."));
 }
 
-ExitCode serve(Session& session, const Instance& instance, const std::optional<std::string>& languageOption) {
+ExitCode serve(Session& session, const Instance& instance, const std::optional<std::string>& languageOption,
+               std::unique_ptr<app::OpenUserData> reading) {
     auto calendar = std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
     auto device = panelDevice(chosenLayout(session));
     session.setDevice(device);
@@ -39,8 +44,11 @@ ExitCode serve(Session& session, const Instance& instance, const std::optional<s
     PanelProgram program(session, std::move(calendar), std::move(device), languageOption);
     QObject::connect(&instance, &Instance::presentAsked, &program, &PanelProgram::present);
     program.present();
-    startAlarmService(session.dataFolder());
-    QTimer::singleShot(0, &program, &PanelProgram::askOnFirstStart);
+    reading.reset();
+    QObject::connect(&program, &PanelProgram::started, &program, [&] {
+        startAlarmService(session.dataFolder());
+        program.askOnFirstStart();
+    });
     QApplication::exec();
     return ExitCode::ok;
 }
@@ -52,6 +60,7 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
     chooseDisplay(environment,
                   _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
     Session session(environment, {.language = language, .onProblem = terminal::writeProblem});
+    auto reading = std::make_unique<app::OpenUserData>(session);  // until the panel is built
     enlarge(textSize(session));
     int count = 1;
     char name[] = "quode-panel";
@@ -61,9 +70,10 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
     QGuiApplication::setDesktopFileName("quode-panel");
     QApplication::setQuitOnLastWindowClosed(false);
     installAccessibility();
+    const std::jthread fonts(readListOfFonts);
     const Instance instance("Panel");
     if (!instance.isFirst()) return presentOther(instance);
-    return serve(session, instance, languageOption);
+    return serve(session, instance, languageOption, std::move(reading));
 }
 
 }  // namespace quode::host

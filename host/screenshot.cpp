@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
+#include <thread>
 
 #include "app/place.h"
 #include "app/session.h"
@@ -21,6 +22,7 @@
 #include "host/PanelMenu.h"
 #include "host/WidgetBundle.h"
 #include "host/user_choices.h"
+#include "host/widgets.h"
 #include "platform/system_platform.h"
 #include "terminal/streams.h"
 #include "texts/translation.h"
@@ -157,6 +159,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     char* arguments[] = {name, nullptr};
     const QApplication application(count, arguments);
     installAccessibility();
+    const std::jthread fonts(readListOfFonts);
 
     // The widget reads its cities from the user's files; another city is put into files of its own.
     const bool isHome = place.source == app::PlaceSource::home || isStoredGuess(user, place);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/widgets.h"
 
+#include <QFontDatabase>
 #include <QLabel>
 
 namespace quode::host {
@@ -21,6 +22,10 @@ void setTextColor(QLabel& label, const QColor& color) {
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, color);
     label.setPalette(palette);
+}
+
+void readListOfFonts() {
+    QFontDatabase::families();
 }
 
 }  // namespace quode::host
