@@ -97,6 +97,20 @@ class Lock {
     bool isHeld_ = false;
 };
 
+/// Notes when a widget is drawn.
+class FirstPaint : public QObject {
+  public:
+    FirstPaint(QWidget& watched, bool& isDrawn) : isDrawn_(isDrawn) { watched.installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) isDrawn_ = true;
+        return false;
+    }
+
+  private:
+    bool& isDrawn_;
+};
+
 TEST_F(WholePanel, ShowsTheCityOnceItsDatabaseIsNoLongerLocked) {
     Lock lock(userDatabaseFile(session.dataFolder()));
     ASSERT_TRUE(lock.isHeld());
@@ -120,6 +134,29 @@ TEST_F(WholePanel, TakesBackTheNoticeOfALockThatKeptOnlyItsOwnChangesOut) {
     ASSERT_TRUE(lock.release());
     EXPECT_TRUE(QTest::qWaitFor([&] { return notice().isEmpty(); }, patience)) << notice().toStdString();
     EXPECT_EQ(cityShown(), "Istanbul");
+}
+
+TEST_F(WholePanel, DrawsItsFirstFrameBeforeItCallsItselfStarted) {
+    program = std::make_unique<host::PanelProgram>(session, calendar, device);
+    bool isDrawn = false, wasDrawn = false;
+    int count = 0;
+    QObject::connect(program.get(), &host::PanelProgram::started, [&] {
+        wasDrawn = isDrawn;
+        ++count;
+    });
+    program->present();
+    const FirstPaint paint(window(), isDrawn);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count > 0; }, patience));
+    EXPECT_TRUE(wasDrawn);
+    QTest::qWait(1200);  // longer than it waits for a frame
+    EXPECT_EQ(count, 1);
+}
+
+TEST_F(WholePanel, CallsItselfStartedThoughNothingIsDrawn) {
+    program = std::make_unique<host::PanelProgram>(session, calendar, device);
+    int count = 0;
+    QObject::connect(program.get(), &host::PanelProgram::started, [&] { ++count; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count > 0; }, patience));
 }
 
 // As it ends by "Quit" in the menu, and with the session.

@@ -4,6 +4,7 @@
 
 namespace quode::test {
 
-inline constexpr int istanbul = 745044;  // in the city database
+// In the city database.
+inline constexpr int istanbul = 745044, paris = 2988507;
 
 }  // namespace quode::test

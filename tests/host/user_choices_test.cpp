@@ -8,8 +8,11 @@
 #include <chrono>
 #include <fstream>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "alarms/DatabaseFunctions.h"
+#include "app/user_data.h"
 #include "companion/UserDatabase.h"
 #include "companion/UserSettings.h"
 #include "data/user_places.h"
@@ -165,6 +168,38 @@ TEST_F(UserChoicesTest, CannotBeLockedOrChangedByOthersWhileTheyAreHeld) {
     EXPECT_TRUE(host::HeldChoices(fresh).isLocked());
     EXPECT_TRUE(host::prepareUserChoices(fresh, calendar).isLocked);
     EXPECT_EQ(host::shownChoices(fresh), "");
+}
+
+TEST_F(UserChoicesTest, AreReadAsTheyAreNowWhileTheFileStaysOpen) {
+    Session user = session();
+    host::makeUserDatabase(user, *user.cities().city(istanbul));
+    const app::OpenUserData reading(user);
+    EXPECT_EQ(host::homeName(user), "Istanbul");
+    {
+        UserDatabase database = open(user);
+        database.addCity(paris);
+        database.chooseHome(paris);
+    }
+    EXPECT_EQ(host::homeName(user), "Paris");
+    const std::filesystem::path file = userDatabaseFile(folder.path());
+    std::filesystem::rename(file, file.string() + ".old");
+    EXPECT_EQ(host::homeName(user), "");
+    host::makeUserDatabase(user, *user.cities().city(istanbul));
+    EXPECT_EQ(host::homeName(user), "Istanbul");
+}
+
+// The lock of those that are held ends with them, though others go on reading from the same open file.
+TEST_F(UserChoicesTest, CanBeChangedOnceTheyAreNoLongerHeldWhileTheFileStaysOpen) {
+    Session user = session();
+    host::makeUserDatabase(user, *user.cities().city(istanbul));
+    const app::OpenUserData reading(user);
+    std::optional<host::HeldChoices> held(std::in_place, user);
+    EXPECT_EQ(host::chooseColorScheme(user, 3),
+              "The user database " + QString::fromStdString(userDatabaseFile(folder.path()).string()) +
+                  " is locked by another program. Close that program, or try again in a moment.");
+    held.reset();
+    EXPECT_EQ(host::chooseColorScheme(user, 3), "");
+    EXPECT_EQ(host::chosenColorScheme(user), 3);
 }
 
 TEST_F(UserChoicesTest, FollowTheLanguageOfTheSettings) {

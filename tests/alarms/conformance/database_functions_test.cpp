@@ -144,6 +144,13 @@ TEST_F(DatabaseFunctionsTest, TakesEveryActiveValueButZeroAsOn) {
     EXPECT_FALSE(functions->getAlarmInfo(201).active);
 }
 
+TEST_F(DatabaseFunctionsTest, ReadsWhichAlarmsAreOn) {
+    EXPECT_EQ(functions->activeAlarms(), std::set<int>{});
+    sql(std::string(tables) +
+        "INSERT INTO USER_ALARMS VALUES (1, 0, 0, 0, '', -1, ''), (2, 0, 0, 0, '', 'x', ''), (6, 5, 22, 0, '', 2, '')");
+    EXPECT_EQ(functions->activeAlarms(), (std::set<int>{200, 205}));
+}
+
 TEST_F(DatabaseFunctionsTest, ReadsAnEmptyAlarmWithoutARowAndWithoutADatabase) {
     EXPECT_EQ(functions->getAlarmInfo(200), AlarmInfo{});
     sql(tables);
