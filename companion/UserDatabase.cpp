@@ -49,10 +49,14 @@ auto rowOf(Rows& rows, int id) {
 
 UserDatabase::UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
                            std::chrono::milliseconds patience)
+    : UserDatabase(dataFolder, cities, device, patience, true) {}
+
+UserDatabase::UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
+                           std::chrono::milliseconds patience, bool isToLast)
     : cities_(&cities),
       device_(&device),
-      connection_(std::make_unique<UserConnection>(
-          userDatabaseFile(dataFolder), patience, [this] { return firstCity(); }, notices_)) {
+      connection_(std::make_shared<UserConnection>(
+          userDatabaseFile(dataFolder), patience, [this] { return firstCity(); }, notices_, isToLast)) {
     if (!connection_->isNew()) return;
     RingRecords::reserve(dataFolder);  // the alarm service tries again, and reports a failure
     refreshPrayerTimes();
@@ -60,6 +64,11 @@ UserDatabase::UserDatabase(const std::filesystem::path& dataFolder, const CityDa
 
 UserDatabase::UserDatabase(std::shared_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device)
     : cities_(&cities), device_(&device), connection_(std::move(connection)) {}
+
+UserDatabase UserDatabase::makeTemporary(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                         const Clock& device) {
+    return UserDatabase(dataFolder, cities, device, usualPatience, false);
+}
 
 std::optional<UserDatabase> UserDatabase::openToRead(const std::filesystem::path& dataFolder,
                                                      const CityDatabase& cities, const Clock& device,

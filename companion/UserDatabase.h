@@ -94,14 +94,20 @@ inline constexpr int largestAlarmOffset = 720;  // minutes
 /// and changes nothing. One object is used by one thread; several programs may use the file at once.
 class UserDatabase {
   public:
+    static constexpr std::chrono::milliseconds usualPatience{3000};
+
     /// Opens the file, creating folder and file where there is none: with the largest city of the device's zone as
     /// home, marked as a guess, and six alarms that are off. A damaged file is kept aside as "user.sqlite.damaged-N"
     /// and a fresh one is made; `notices` tells it. The city database and the clock must outlive the object. patience
     /// how long to wait for another program that keeps the file locked
     UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
-                 std::chrono::milliseconds patience = std::chrono::seconds(3));
+                 std::chrono::milliseconds patience = usualPatience);
     ~UserDatabase();
     UserDatabase(UserDatabase&&) noexcept;
+
+    /// The same in a folder that is removed soon: no change waits until the disk has written it.
+    static UserDatabase makeTemporary(const std::filesystem::path& dataFolder, const CityDatabase& cities,
+                                      const Clock& device);
 
     /// Opens the file only to read from it: nothing is created, changed or repaired, and operations that change
     /// something fail. Throws `UserDatabaseError`, also for a damaged file.
@@ -180,6 +186,8 @@ class UserDatabase {
     UserConnection& connection() { return *connection_; }
 
   private:
+    UserDatabase(const std::filesystem::path& dataFolder, const CityDatabase& cities, const Clock& device,
+                 std::chrono::milliseconds patience, bool isToLast);
     UserDatabase(std::shared_ptr<UserConnection> connection, const CityDatabase& cities, const Clock& device);
 
     struct CityRow {

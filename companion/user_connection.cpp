@@ -71,8 +71,8 @@ void bind(sqlite3_stmt* statement, int index, const SqlValue& value) {
 }  // namespace
 
 UserConnection::UserConnection(const fs::path& file, std::chrono::milliseconds patience, const FirstCity& firstCity,
-                               std::vector<std::string>& notices)
-    : file_(file), patience_(patience) {
+                               std::vector<std::string>& notices, bool isToLast)
+    : file_(file), patience_(patience), isToLast_(isToLast) {
     createFolder(file.parent_path());
     open(toChange);
     if (check(firstCity) == Health::damaged) replaceDamaged(firstCity, notices);
@@ -96,6 +96,7 @@ void UserConnection::open(int flags) {
     database_.reset(opened);
     if (result != SQLITE_OK) fail(result);
     sqlite3_extended_result_codes(database_.get(), 1);
+    if (!isToLast_) run("PRAGMA synchronous = OFF");
     removeStaleJournal();
     setPatience(patience_);
 }

@@ -29,9 +29,10 @@ class UserConnection {
 
     /// Opens the file and makes sure that it is whole and has all tables; see `UserDatabase`. What the user should know
     /// is added to `notices`. `patience` is how long to wait for
-    /// another program that keeps the file locked; `firstCity` names the city with which a new file begins.
+    /// another program that keeps the file locked; `firstCity` names the city with which a new file begins. A file that
+    /// is not to last is written without waiting for the disk.
     UserConnection(const std::filesystem::path& file, std::chrono::milliseconds patience, const FirstCity& firstCity,
-                   std::vector<std::string>& notices);
+                   std::vector<std::string>& notices, bool isToLast = true);
 
     /// Opens a file that is there, to read from it: nothing is created, changed or repaired.
     UserConnection(const std::filesystem::path& file, std::chrono::milliseconds patience);
@@ -100,6 +101,7 @@ class UserConnection {
     sqlite::Database database_;
     bool isNew_ = false;
     bool onlyReads_ = false;
+    bool isToLast_ = true;
     bool isChanging_ = false;
 };
 

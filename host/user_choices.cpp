@@ -242,7 +242,7 @@ bool homeIsMissing(app::Session& session) {
 }
 
 void makeUserDatabase(app::Session& session, const CityRecord& city, bool isGuess) {
-    UserDatabase database(session.dataFolder(), session.cities(), session.deviceClock());
+    UserDatabase database = UserDatabase::makeTemporary(session.dataFolder(), session.cities(), session.deviceClock());
     const std::optional<UserCity> first = isGuess ? database.home() : std::nullopt;
     if (first && first->isGuess && first->id == city.id) return;
     const bool isKnown = city.id > 0;

@@ -90,7 +90,7 @@ QString muteAlarms(app::Session& session, bool isMuted);
 /// be read, or the city is no longer in the city database.
 bool homeIsMissing(app::Session& session);
 
-/// Makes a user database in an empty folder whose only city is this one.
+/// Makes a user database in an empty folder, which is removed soon, whose only city is this one.
 /// @param isGuess  the user has not chosen it: it stays marked so where a new database begins with it
 void makeUserDatabase(app::Session& session, const CityRecord& city, bool isGuess = false);
 
