@@ -32,21 +32,17 @@ struct Release {
 template <typename Reply>
 using Answer = std::unique_ptr<Reply, Release>;
 
-/// An X display, by a connection of our own: Qt's is not available on every platform.
+/// An X display, by a connection of our own: Qt's is not there yet.
 struct Display {
-    int screen = 0;
-    Connection connection{xcb_connect(nullptr, &screen)};
+    Connection connection{xcb_connect(nullptr, nullptr)};
 
     bool answers() const { return xcb_connection_has_error(connection.get()) == 0; }
 };
 
-// By convention the program that composes owns this selection.
-bool hasCompositor(const Display& display) {
-    xcb_connection_t* const server = display.connection.get();
-    const std::string name = "_NET_WM_CM_S" + std::to_string(display.screen);
-    const auto length = static_cast<std::uint16_t>(name.size());
+bool isOwned(xcb_connection_t* server, const std::string& selection) {
+    const auto length = static_cast<std::uint16_t>(selection.size());
     const Answer<xcb_intern_atom_reply_t> atom(
-        xcb_intern_atom_reply(server, xcb_intern_atom(server, 0, length, name.c_str()), nullptr));
+        xcb_intern_atom_reply(server, xcb_intern_atom(server, 0, length, selection.c_str()), nullptr));
     if (!atom) return false;
     const Answer<xcb_get_selection_owner_reply_t> owner(
         xcb_get_selection_owner_reply(server, xcb_get_selection_owner(server, atom->atom), nullptr));
@@ -105,10 +101,22 @@ void enlarge(int percent) {
     qputenv("QT_SCALE_FACTOR", QByteArray::number((isSet ? present : 1.0) * percent / 100.0));
 }
 
+bool isOwnedOnScreen(const std::string& selection) {
+    if (QGuiApplication::platformName() != "xcb") return false;
+#if QT_CONFIG(xcb)
+    char* host = nullptr;
+    int number = 0, screen = 0;
+    if (xcb_parse_display(nullptr, &host, &number, &screen) != 0) std::free(host);
+    auto* const qt = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return qt != nullptr && isOwned(qt->connection(), selection + std::to_string(screen));
+#else
+    return false;
+#endif
+}
+
+// By convention the program that composes owns this selection.
 bool isComposited() {
-    if (QGuiApplication::platformName() != "xcb") return true;
-    const Display display;
-    return display.answers() && hasCompositor(display);
+    return QGuiApplication::platformName() != "xcb" || isOwnedOnScreen("_NET_WM_CM_S");
 }
 
 }  // namespace quode

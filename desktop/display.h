@@ -24,6 +24,10 @@ void chooseDisplay(const Environment& environment, const std::string& remedy);
 /// Enlarges everything that Qt draws. To be called before the application is made.
 void enlarge(int percent);
 
+/// Whether a program owns a selection of the X screen. To be asked once the application object was made.
+/// @param selection  its name without the number of the screen, such as "_NET_WM_CM_S"
+bool isOwnedOnScreen(const std::string& selection);
+
 /// Whether windows may be translucent, for something composes them with what lies behind. To be asked once the
 /// application object was made.
 bool isComposited();

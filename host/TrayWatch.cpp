@@ -13,12 +13,15 @@
 #include <cstdlib>
 #include <string>
 
+#include "desktop/display.h"
+
 namespace quode::host {
 namespace {
 
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
-constexpr int patience = 500;  // ms
+constexpr const char* olderTray = "_NET_SYSTEM_TRAY_S";  // the selection that a tray of X owns
+constexpr int patience = 500;                            // ms
 
 struct Disconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
@@ -46,23 +49,19 @@ class TrayWatch::XSelection {
   public:
     XSelection() : connection_(xcb_connect(nullptr, &screen_)) {
         if (xcb_connection_has_error(connection_.get()) != 0) return;
-        selection_ = atom("_NET_SYSTEM_TRAY_S" + std::to_string(screen_));
+        selection_ = atom(olderTray + std::to_string(screen_));
         manager_ = atom("MANAGER");
         xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection_.get()));
         for (int skipped = 0; skipped < screen_ && screens.rem > 0; ++skipped) xcb_screen_next(&screens);
         if (screens.rem == 0) return;
         const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-        xcb_change_window_attributes(connection_.get(), screens.data->root, XCB_CW_EVENT_MASK, &events);
-        xcb_flush(connection_.get());
+        // Answered before the tray is looked for by another connection, so that none comes unnoticed in between.
+        const xcb_void_cookie_t request =
+            xcb_change_window_attributes_checked(connection_.get(), screens.data->root, XCB_CW_EVENT_MASK, &events);
+        const Answer<xcb_generic_error_t> error(xcb_request_check(connection_.get(), request));
     }
 
     bool isUsable() const { return selection_ != XCB_ATOM_NONE; }
-
-    bool hasOwner() const {
-        const Answer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-            connection_.get(), xcb_get_selection_owner(connection_.get(), selection_), nullptr));
-        return owner && owner->owner != XCB_NONE;
-    }
 
     int descriptor() const { return xcb_get_file_descriptor(connection_.get()); }
 
@@ -96,13 +95,7 @@ class TrayWatch::XSelection {
     xcb_atom_t selection_ = XCB_ATOM_NONE, manager_ = XCB_ATOM_NONE;
 };
 
-TrayWatch::TrayWatch() {
-    if (QGuiApplication::platformName() == "xcb") {
-        selection_ = std::make_unique<XSelection>();
-        if (!selection_->isUsable()) selection_.reset();
-    }
-    wasThere_ = isTrayThere();
-}
+TrayWatch::TrayWatch() : wasThere_(isTrayThere()) {}
 
 void TrayWatch::watch() {
     if (wasThere_) return;
@@ -111,7 +104,8 @@ void TrayWatch::watch() {
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &TrayWatch::look);
     QDBusConnection::sessionBus().connect(watcherName, watcherPath, watcherName, "StatusNotifierHostRegistered", this,
                                           SLOT(look()));
-    if (selection_) {
+    if (QGuiApplication::platformName() == "xcb") selection_ = std::make_unique<XSelection>();
+    if (selection_ && selection_->isUsable()) {
         auto* const notifier = new QSocketNotifier(selection_->descriptor(), QSocketNotifier::Read, this);
         connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
             if (selection_->readEvents()) look();
@@ -123,8 +117,8 @@ void TrayWatch::watch() {
 
 TrayWatch::~TrayWatch() = default;
 
-bool TrayWatch::isTrayThere() const {
-    return hasNotifierHost() || (selection_ && selection_->hasOwner());
+bool TrayWatch::isTrayThere() {
+    return hasNotifierHost() || isOwnedOnScreen(olderTray);
 }
 
 void TrayWatch::look() {

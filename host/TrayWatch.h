@@ -33,9 +33,9 @@ class TrayWatch : public QObject {
   private:
     class XSelection;
 
-    bool isTrayThere() const;
+    static bool isTrayThere();
 
-    std::unique_ptr<XSelection> selection_;  // of the older trays; null where no X display answers
+    std::unique_ptr<XSelection> selection_;  // of the older trays, while it is watched
     bool wasThere_ = false;
 };
 
