@@ -18,6 +18,11 @@ using std::chrono::steady_clock;
 
 constexpr std::size_t wanted = 200, ofEachLetter = 8, slowest = 10;
 
+/// Whether a byte of UTF-8 goes on with a letter.
+bool isInsideLetter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 /// Names of large cities: the first ones that are found for each letter. Every second one has two letters swapped.
 std::vector<std::string> searches(const CityDatabase& cities) {
     std::vector<std::string> texts;
@@ -41,6 +46,7 @@ int main() {
     std::vector<std::pair<long long, std::string>> times;
     for (const std::string& text : searches(cities)) {
         for (std::size_t keys = 1; keys <= text.size(); ++keys) {
+            if (keys < text.size() && isInsideLetter(text[keys])) continue;
             const std::string typed = text.substr(0, keys);
             const auto begin = steady_clock::now();
             const auto hits = cities.search(typed);
