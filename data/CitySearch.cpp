@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <map>
+#include <ranges>
 
 #include "data/CityDatabase.h"
 #include "data/city_connection.h"
@@ -19,6 +21,7 @@ constexpr std::size_t littleFound = 5;       // with fewer results, names with t
 constexpr std::size_t mostQualifiers = 31;   // one bit each; no place has as many
 constexpr std::size_t leastForMistakes = 4;  // shorter texts resemble too many names
 constexpr std::size_t leastForTwoMistakes = 8;
+constexpr const char* lastLetter = "\xF4\x8F\xBF\xBF";  // what begins with a text comes before the text with it
 
 struct Candidate {
     int id = 0;
@@ -127,14 +130,39 @@ class CitySearch {
         std::vector<int> allowed;
         if (qualifiers.size() > mostQualifiers) return allowed;
         const std::uint32_t all = (std::uint32_t{1} << qualifiers.size()) - 1;
-        const std::map<int, std::uint32_t> countries = countriesThatSatisfy(qualifiers);
-        for (const RegionNames& region : connection_.regions()) {
-            const auto country = countries.find(region.country);
-            std::uint32_t satisfied = country == countries.end() ? 0 : country->second;
-            if (satisfied != all) satisfied |= satisfiedBy(region.code, {region.name}, qualifiers, false);
-            if (satisfied == all) allowed.push_back(region.region);
+        std::map<int, std::uint32_t> satisfied = regionsOf(countriesThatSatisfy(qualifiers));
+        addRegionsThatSatisfy(qualifiers, satisfied);
+        for (const auto& [region, bits] : satisfied) {
+            if (bits == all) allowed.push_back(region);
         }
         return allowed;
+    }
+
+    // The regions of some countries, with what their countries satisfy.
+    std::map<int, std::uint32_t> regionsOf(const std::map<int, std::uint32_t>& countries) const {
+        std::map<int, std::uint32_t> regions;
+        if (countries.empty()) return regions;
+        const sqlite::Statement row = connection_.query("SELECT PARENT, CID FROM CITY_PARENT WHERE CID IN " +
+                                                        listOf(countries | std::views::keys));
+        while (connection_.next(row)) {
+            regions[sqlite3_column_int(row.get(), 0)] = countries.at(sqlite3_column_int(row.get(), 1));
+        }
+        return regions;
+    }
+
+    // The regions that satisfy some of the qualifiers by their own name or code.
+    void addRegionsThatSatisfy(const std::vector<std::string>& qualifiers,
+                               std::map<int, std::uint32_t>& regions) const {
+        for (std::size_t i = 0; i < qualifiers.size(); ++i) {
+            const std::string& qualifier = qualifiers[i];
+            const std::string end = qualifier + lastLetter;
+            const char* const byName = qualifier.size() > 2 ? " OR (FOLDED >= ?1 AND FOLDED < ?2)" : "";
+            const sqlite::Statement row = connection_.query(
+                std::string("SELECT PARENT FROM PARENT_FACT WHERE CODE = ?1 COLLATE NOCASE") + byName);
+            sqlite3_bind_text(row.get(), 1, qualifier.c_str(), -1, SQLITE_STATIC);
+            if (*byName != 0) sqlite3_bind_text(row.get(), 2, end.c_str(), -1, SQLITE_STATIC);
+            while (connection_.next(row)) regions[sqlite3_column_int(row.get(), 0)] |= std::uint32_t{1} << i;
+        }
     }
 
     // The countries that satisfy some of the qualifiers, one bit each.
@@ -144,22 +172,20 @@ class CitySearch {
             connection_.query("SELECT CID, lower(CODE), FOLDEDEN, FOLDEDTR FROM COUNTRY_FACT");
         while (connection_.next(row)) {
             const auto text = [&row](int column) { return sqlite::text(row.get(), column); };
-            const std::uint32_t satisfied = satisfiedBy(text(1), {text(2), text(3)}, qualifiers, true);
+            const std::uint32_t satisfied = satisfiedBy(text(1), {text(2), text(3)}, qualifiers);
             if (satisfied != 0) countries[sqlite3_column_int(row.get(), 0)] = satisfied;
         }
         return countries;
     }
 
-    static std::uint32_t satisfiedBy(const std::string& code, std::initializer_list<std::string_view> names,
-                                     const std::vector<std::string>& qualifiers, bool isCountry) {
+    static std::uint32_t satisfiedBy(const std::string& code, const std::array<std::string, 2>& names,
+                                     const std::vector<std::string>& qualifiers) {
         std::uint32_t satisfied = 0;
         for (std::size_t i = 0; i < qualifiers.size(); ++i) {
             const std::string& qualifier = qualifiers[i];
-            const bool byName = qualifier.size() > 2 && std::any_of(names.begin(), names.end(), [&](const auto& name) {
-                                    return name.starts_with(qualifier);
-                                });
-            if (byName || code == (isCountry ? countryCodeFor(qualifier) : qualifier))
-                satisfied |= std::uint32_t{1} << i;
+            const auto beginsSo = [&](const std::string& name) { return name.starts_with(qualifier); };
+            const bool byName = qualifier.size() > 2 && std::ranges::any_of(names, beginsSo);
+            if (byName || code == countryCodeFor(qualifier)) satisfied |= std::uint32_t{1} << i;
         }
         return satisfied;
     }
@@ -171,9 +197,15 @@ class CitySearch {
     // The condition that a name is of these regions.
     static std::string conditionFor(const std::optional<std::vector<int>>& allowed) {
         if (!allowed) return {};
-        std::string numbers;
-        for (const int parent : *allowed) numbers += (numbers.empty() ? "" : ",") + std::to_string(parent);
-        return " AND PARENT IN (" + numbers + ")";
+        return " AND PARENT IN " + listOf(*allowed);
+    }
+
+    // "(1,2,3)"
+    template <typename Numbers>
+    static std::string listOf(const Numbers& numbers) {
+        std::string list;
+        for (const int number : numbers) list += (list.empty() ? "(" : ",") + std::to_string(number);
+        return list + ")";
     }
 
     // The best names for a text with which very many names begin; nothing for other texts.
@@ -186,7 +218,7 @@ class CitySearch {
     }
 
     // All names that begin with the name.
-    void collectNames(const Wanted& wanted) { collectNames(wanted, wanted.name + "\xF4\x8F\xBF\xBF"); }
+    void collectNames(const Wanted& wanted) { collectNames(wanted, wanted.name + lastLetter); }
 
     // The names from the wanted one up to, not including, the end. SQLite passes over those of other regions, which may be
     // nearly all of very many.

@@ -97,24 +97,6 @@ sqlite::Statement CityConnection::query(const std::string& sql) const {
     return statement;
 }
 
-const std::vector<RegionNames>& CityConnection::regions() {
-    if (!regions_.empty()) return regions_;
-    // Two tables read in the same order take half the time of their join.
-    const sqlite::Statement country = query("SELECT PARENT, CID FROM CITY_PARENT ORDER BY PARENT");
-    const sqlite::Statement row = query("SELECT PARENT, lower(CODE), FOLDED FROM PARENT_FACT ORDER BY PARENT");
-    bool hasCountry = next(country);
-    std::vector<RegionNames> regions;
-    while (hasCountry && next(row)) {
-        const int region = sqlite3_column_int(row.get(), 0);
-        while (hasCountry && sqlite3_column_int(country.get(), 0) < region) hasCountry = next(country);
-        if (!hasCountry || sqlite3_column_int(country.get(), 0) != region) continue;
-        regions.push_back(
-            {region, sqlite3_column_int(country.get(), 1), sqlite::text(row.get(), 1), sqlite::text(row.get(), 2)});
-    }
-    regions_ = std::move(regions);
-    return regions_;
-}
-
 bool CityConnection::next(const sqlite::Statement& statement) const {
     const int result = sqlite3_step(statement.get());
     if (result != SQLITE_ROW && result != SQLITE_DONE) failReading();

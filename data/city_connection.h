@@ -15,14 +15,6 @@
 
 namespace quode {
 
-/// What a region can be searched by: the names are folded, the code in small letters.
-struct RegionNames {
-    int region = 0;
-    int country = 0;
-    std::string code;
-    std::string name;
-};
-
 /// The open database behind `CityDatabase`. Every failure is a `CityDatabaseError`.
 class CityConnection {
   public:
@@ -48,9 +40,6 @@ class CityConnection {
     /// The most populous place of a zone, which may have an older name; nothing without one.
     std::optional<CityRecord> largestCityOfZone(std::string_view zone);
 
-    /// All regions, ordered by number. They are read once: a search that names one looks at all of them.
-    const std::vector<RegionNames>& regions();
-
     ZoneSource& zones() { return *zones_; }
 
     /// Reads the whole file and fails when any part of it is damaged.
@@ -66,7 +55,6 @@ class CityConnection {
     sqlite::Database database_;
     sqlite::Statement recordQuery_;  // kept, because a search reads many records
     mutable std::optional<ZoneSource> zones_;
-    std::vector<RegionNames> regions_;
 };
 
 }  // namespace quode
