@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // A clock that is wrong for a while.
+#include "companion/AlarmHabits.h"
 #include "keeper_fixture.h"
 
 namespace quode::test {
