@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <map>
-#include <ranges>
 
 #include "data/CityDatabase.h"
 #include "data/city_connection.h"
@@ -142,8 +141,11 @@ class CitySearch {
     std::map<int, std::uint32_t> regionsOf(const std::map<int, std::uint32_t>& countries) const {
         std::map<int, std::uint32_t> regions;
         if (countries.empty()) return regions;
-        const sqlite::Statement row = connection_.query("SELECT PARENT, CID FROM CITY_PARENT WHERE CID IN " +
-                                                        listOf(countries | std::views::keys));
+        std::vector<int> numbers;
+        numbers.reserve(countries.size());
+        for (const auto& [country, bits] : countries) numbers.push_back(country);
+        const sqlite::Statement row =
+            connection_.query("SELECT PARENT, CID FROM CITY_PARENT WHERE CID IN " + listOf(numbers));
         while (connection_.next(row)) {
             regions[sqlite3_column_int(row.get(), 0)] = countries.at(sqlite3_column_int(row.get(), 1));
         }
@@ -201,8 +203,7 @@ class CitySearch {
     }
 
     // "(1,2,3)"
-    template <typename Numbers>
-    static std::string listOf(const Numbers& numbers) {
+    static std::string listOf(const std::vector<int>& numbers) {
         std::string list;
         for (const int number : numbers) list += (list.empty() ? "(" : ",") + std::to_string(number);
         return list + ")";
