@@ -24,17 +24,21 @@ bool rangWithin(const RingRecord& record, const Present& present, seconds time) 
 }
 
 // Whether a ring is still to be shown.
-bool isPending(const RingRecord& record) {
+bool isToBeShown(const RingRecord& record) {
     return record.state != RingState::shown && record.state != RingState::finished &&
            record.state != RingState::dropped;
+}
+
+// When it rang, by the present clock; only for what rang since the device started.
+sys_seconds rangBy(const RingRecord& record, const Present& present) {
+    return present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
 }
 
 // When a ring has begun to be due, by the present clock.
 sys_seconds dueSince(const RingRecord& record, const Present& present) {
     if (record.state == RingState::snoozed || !areComparable(record.rangAt, present.uptime)) return record.ringAt;
-    const sys_seconds rang = present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
     // By this clock another one brought it too early, and nobody saw it: it waits for its time.
-    return rang < record.alarm.due ? record.alarm.due : record.ringAt;
+    return rangBy(record, present) < record.alarm.due ? record.alarm.due : record.ringAt;
 }
 
 // Whether the user wants none of the rings up to a moment. A clock that is back moves the moment of a snooze, but not
@@ -170,7 +174,7 @@ void RingKeeper::takeBack(const DecidedTime::Span& span, const Present& present)
             desk_->silence(record.alarm);
             desk_->close(record.notification);
             records_.forget(record.alarm.code, due);
-        } else if (isPending(record) && areComparable(record.rangAt, present.uptime)) {
+        } else if (isToBeShown(record) && areComparable(record.rangAt, present.uptime)) {
             // So many minutes the user sleeps on, or the ring has not been visible, whatever the clock shows. A process
             // that was killed after this may have left it to be done again.
             record.ringAt += zeroOf(present) - record.clockZero.value_or(zeroOf(present) - span.shift);
@@ -185,8 +189,7 @@ bool RingKeeper::rangTooEarly(const RingRecord& record, milliseconds wrongSince,
     const bool isOver = record.alarm.due + latestRing < present.clock;
     if (isOver || !areComparable(record.rangAt, present.uptime)) return false;
     if (record.rangAt.time < wrongSince) return false;
-    const sys_seconds rang = present.clock - floor<seconds>(present.uptime.time - record.rangAt.time);
-    return record.alarm.due - rang > tooEarly;
+    return record.alarm.due - rangBy(record, present) > tooEarly;
 }
 
 // --- ringing
