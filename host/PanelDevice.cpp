@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/PanelDevice.h"
 
-#include <QFont>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QInputDevice>
@@ -11,6 +10,7 @@
 #include <cmath>
 
 #include "common/Settings.h"
+#include "views/fonts.h"
 
 namespace quode::host {
 namespace {
@@ -48,9 +48,7 @@ bool PanelDevice::setWantedWidth(int width) {
 // The name stands to the left of the two buttons, which take the rest of the row.
 int widthForCityName(const std::string& name) {
     const Settings settings;
-    QFont font;
-    font.setFamilies({QString::fromStdString(settings.fontName), "DejaVu Sans"});
-    font.setPixelSize(settings.fontSize);
+    const QFont font = fontNamed(settings.fontName, settings.fontSize);
     return int(std::ceil(QFontMetricsF(font).horizontalAdvance(QString::fromStdString(name)))) + besideCityName;
 }
 

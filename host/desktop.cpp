@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <memory>
-#include <thread>
 #include <utility>
 
 #include "app/session.h"
@@ -15,8 +14,8 @@
 #include "desktop/display.h"
 #include "host/PanelDevice.h"
 #include "host/PanelProgram.h"
+#include "host/font_reading.h"
 #include "host/user_choices.h"
-#include "host/widgets.h"
 #include "terminal/streams.h"
 #include "texts/translation.h"
 #include "views/accessibility.h"
@@ -59,6 +58,7 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
                       const std::optional<std::string>& languageOption) {
     chooseDisplay(environment,
                   _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
+    std::jthread fontConfiguration = readFontConfiguration();
     Session session(environment, {.language = language, .onProblem = terminal::writeProblem});
     auto reading = std::make_unique<app::OpenUserData>(session);  // until the panel is built
     enlarge(textSize(session));
@@ -70,7 +70,7 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
     QGuiApplication::setDesktopFileName("quode-panel");
     QApplication::setQuitOnLastWindowClosed(false);
     installAccessibility();
-    const std::jthread fonts(readListOfFonts);
+    const std::jthread fonts = readFonts(std::move(fontConfiguration), _("Menu"));
     const Instance instance("Panel");
     if (!instance.isFirst()) return presentOther(instance);
     return serve(session, instance, languageOption, std::move(reading));

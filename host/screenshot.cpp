@@ -9,7 +9,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
-#include <thread>
+#include <utility>
 
 #include "app/place.h"
 #include "app/session.h"
@@ -21,6 +21,7 @@
 #include "host/PanelDevice.h"
 #include "host/PanelMenu.h"
 #include "host/WidgetBundle.h"
+#include "host/font_reading.h"
 #include "host/user_choices.h"
 #include "host/widgets.h"
 #include "platform/system_platform.h"
@@ -146,6 +147,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
         terminal::writeProblem(problem);
         if (problem.code != ExitCode::ok) code = problem.code;
     };
+    std::jthread fontConfiguration = readFontConfiguration();
     Session user(environment, {.language = language, .onProblem = reportAndEnd});
     Session::Options sessionOptions{.language = language, .onProblem = terminal::writeProblem};
     const app::ChosenPlace place = app::choosePlace(user, options.city);
@@ -159,7 +161,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     char* arguments[] = {name, nullptr};
     const QApplication application(count, arguments);
     installAccessibility();
-    const std::jthread fonts(readListOfFonts);
+    const std::jthread fonts = readFonts(std::move(fontConfiguration), _("Menu"));
 
     // The widget reads its cities from the user's files; another city is put into files of its own.
     const bool isHome = place.source == app::PlaceSource::home || isStoredGuess(user, place);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/widgets.h"
 
-#include <QFontDatabase>
 #include <QLabel>
 
 namespace quode::host {
@@ -22,10 +21,6 @@ void setTextColor(QLabel& label, const QColor& color) {
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, color);
     label.setPalette(palette);
-}
-
-void readListOfFonts() {
-    QFontDatabase::families();
 }
 
 }  // namespace quode::host

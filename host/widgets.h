@@ -16,8 +16,4 @@ QLabel* newTextLabel(QWidget* parent, int pixelSize, bool isBold);
 
 void setTextColor(QLabel& label, const QColor& color);
 
-/// Makes Qt read the list of fonts, which takes a quarter of the time to the first frame: in a thread of its own it is done
-/// beside everything else that comes before the first text. The application must exist.
-void readListOfFonts();
-
 }  // namespace quode::host

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "texts/reading_order.h"
+#include "views/fonts.h"
 #include "views/qt_conversions.h"
 
 namespace quode {
@@ -16,7 +17,6 @@ namespace {
 
 constexpr double smallestScale = 0.5;
 constexpr Point shadowOffset{1.0, 1.0};
-constexpr const char* fallbackFont = "DejaVu Sans";
 
 // The first lines of a text that is wrapped between words, or within a word that is longer than a line.
 std::vector<std::string> wrappedLines(const QString& text, const QFont& font, double width, int count) {
@@ -85,10 +85,7 @@ void Label::setDrawsItself(bool value) {
 
 // A font has whole points; the scale of the layout makes up the difference.
 QFont Label::screenFont() const {
-    QFont font;
-    font.setFamilies({toQt(fontName_), QString::fromLatin1(fallbackFont)});
-    font.setPixelSize(std::max(1, static_cast<int>(std::ceil(fontSize_))));
-    return font;
+    return fontNamed(fontName_, std::max(1, static_cast<int>(std::ceil(fontSize_))));
 }
 
 Label::Layout Label::layout() const {

@@ -12,6 +12,7 @@
 #include <exception>
 
 #include "common/GlobalFuncs.h"
+#include "views/fonts.h"
 #include "views/glyphs.h"
 #include "views/qt_conversions.h"
 
@@ -19,7 +20,6 @@ namespace quode {
 namespace {
 
 constexpr double signScale = 1.3;
-constexpr const char* signFont = "AppleColorEmoji";
 
 Rect inset(const Rect& rect, double distance) {
     return {rect.x + distance, rect.y + distance, rect.width - 2.0 * distance, rect.height - 2.0 * distance};
