@@ -5,11 +5,22 @@
 #include <QLabel>
 
 namespace quode::host {
+namespace {
+
+// The panel gives a text its width. A QLabel would lay its text out a few times to find one.
+class FlowingLabel : public QLabel {
+  public:
+    explicit FlowingLabel(QWidget* parent) : QLabel(parent) { setWordWrap(true); }
+
+    QSize minimumSizeHint() const override { return {0, fontMetrics().lineSpacing()}; }
+    QSize sizeHint() const override { return minimumSizeHint(); }
+};
+
+}  // namespace
 
 QLabel* newTextLabel(QWidget* parent, int pixelSize, bool isBold) {
-    auto* const label = new QLabel(parent);
+    auto* const label = new FlowingLabel(parent);
     label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
     QFont font = label->font();
     font.setPixelSize(pixelSize);
     font.setBold(isBold);
