@@ -60,6 +60,16 @@ void City::changeTemkin() {
 void City::getAllCityInfo(City& city) const {
     const int id = leadingNumber<int>(city.cityId_);
     city.setChoice(readSiteChoice(userDatabaseFile(globalFuncs_->dataFolder()), id));
+    fill(city, id);
+}
+
+void City::getAllCityInfo(City& city, sqlite3* userDatabase) const {
+    const int id = leadingNumber<int>(city.cityId_);
+    city.setChoice(readSiteChoice(userDatabase, id));
+    fill(city, id);
+}
+
+void City::fill(City& city, int id) const {
     if (isUserPlace(id)) return fillWithUserPlace(city, id, *globalFuncs_);
     const sqlite::Database database = sqlite::openUnchanging(CityDatabase::fileIn(globalFuncs_->appBundlePath()));
     if (!database) return;

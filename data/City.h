@@ -61,6 +61,9 @@ class City {
     /// @param city  its `cityId` is read; a negative id is a place of the user, see "data/user_places.h"
     void getAllCityInfo(City& city) const;
 
+    /// The same with an open user database, for several cities in turn.
+    void getAllCityInfo(City& city, sqlite3* userDatabase) const;
+
     /// The method and the table that the user chose for the city, from `getAllCityInfo`.
     const SiteChoice& choice() const { return choice_; }
     void setChoice(SiteChoice choice) { choice_ = std::move(choice); }
@@ -118,6 +121,8 @@ class City {
     void setLongitudeStr(std::string value) { longitudeStr_ = std::move(value); }
 
   private:
+    void fill(City& city, int id) const;
+
     SiteChoice choice_;
     double qAngle_ = 0.0;
     double mVariation_ = 0.0;

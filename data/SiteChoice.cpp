@@ -11,6 +11,9 @@ constexpr const char* methodQuery = "SELECT METHOD, HEIGHT FROM USER_METHOD WHER
 constexpr const char* iqamaQuery = "SELECT TIMES FROM USER_IQAMA WHERE CITYID = ?1";
 constexpr const char* nameQuery = "SELECT NAME FROM USER_TIMETABLE WHERE CITYID = ?1";
 constexpr const char* rowsQuery = "SELECT DAY, TIMES FROM USER_TIMETABLE_ROW WHERE CITYID = ?1";
+constexpr const char* tablesQuery =
+    "SELECT COUNT(*) FROM sqlite_schema"
+    " WHERE type = 'table' AND name IN ('USER_METHOD', 'USER_TIMETABLE', 'USER_IQAMA')";
 constexpr int lockPatienceMs = 200;  // for programs that draw
 
 /// The rows of a table that belong to a city. A table that does not exist yet has none; one that cannot be read makes the
@@ -50,6 +53,12 @@ class RowsOfCity {
     sqlite::Statement statement_;
 };
 
+// True for most users: a table is created with the first choice. False when that cannot be read.
+bool hasNoChoices(sqlite3* database) {
+    const sqlite::Statement count = sqlite::prepare(database, tablesQuery);
+    return count && sqlite3_step(count.get()) == SQLITE_ROW && sqlite3_column_int(count.get(), 0) == 0;
+}
+
 void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
     RowsOfCity found(database, "USER_METHOD", methodQuery, cityId, choice);
     if (!found.next()) return;
@@ -87,6 +96,7 @@ void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {
 
 SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId) {
     SiteChoice choice;
+    if (hasNoChoices(userDatabase)) return choice;
     readMethod(userDatabase, cityId, choice);
     readTable(userDatabase, cityId, choice);
     readIqama(userDatabase, cityId, choice);

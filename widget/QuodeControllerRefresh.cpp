@@ -59,7 +59,7 @@ std::vector<City> readCities(sqlite3* userDB) {
         City city;
         city.setCityId(sqlite::text(row.get(), 0));
         city.setSetAsHome(sqlite::text(row.get(), 1));
-        city.getAllCityInfo(city);
+        city.getAllCityInfo(city, userDB);
         cities.push_back(std::move(city));
     }
     // Without coordinates the home city would get the times of latitude and longitude 0: show no city instead.
