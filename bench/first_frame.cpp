@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: the Quode authors
 // SPDX-License-Identifier: MIT
 // first_frame COUNT PROGRAM [ARGUMENT...]: starts a program some times on the X display of DISPLAY, waits until a window of it
-// shows its first picture, and ends it. Printed: the least time from the start to that picture, microseconds. It looks from
-// outside, at what the display shows, and does so with any program; nothing else should open windows there meanwhile.
+// shows its first picture, and ends it. Printed: the least time from the start to that picture in microseconds, and the most
+// memory until then in kilobytes. It looks from outside, at what the display shows, and does so with any program; nothing else
+// should open windows there meanwhile.
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -102,7 +104,12 @@ class Display {
     std::set<xcb_window_t> windows_;
 };
 
-std::optional<std::chrono::microseconds> timeToPicture(Display& display, char** arguments) {
+struct Start {
+    std::chrono::microseconds time{};
+    long kilobytes = 0;
+};
+
+std::optional<Start> startUntilPicture(Display& display, char** arguments) {
     display.forgetWindows();
     const auto start = steady_clock::now();
     pid_t child = 0;
@@ -116,9 +123,11 @@ std::optional<std::chrono::microseconds> timeToPicture(Display& display, char** 
             std::this_thread::sleep_for(pause);
         }
     }
-    kill(child, SIGTERM);
-    waitpid(child, nullptr, 0);
-    return time;
+    kill(child, SIGKILL);
+    rusage usage{};
+    wait4(child, nullptr, 0, &usage);
+    if (!time) return std::nullopt;
+    return Start{*time, usage.ru_maxrss};
 }
 
 }  // namespace
@@ -132,14 +141,16 @@ int main(int count, char** arguments) {
     int times = 1;
     std::from_chars(arguments[1], arguments[1] + std::strlen(arguments[1]), times);
     auto least = std::chrono::microseconds::max();
+    long most = 0;
     for (int i = 0; i < times; ++i) {
-        const auto time = timeToPicture(display, arguments + 2);
-        if (!time) {
+        const auto start = startUntilPicture(display, arguments + 2);
+        if (!start) {
             std::fprintf(stderr, "first_frame: %s showed nothing\n", arguments[2]);
             return 1;
         }
-        least = std::min(least, *time);
+        least = std::min(least, start->time);
+        most = std::max(most, start->kilobytes);
     }
-    std::printf("%lld\n", static_cast<long long>(least.count()));
+    std::printf("%lld %ld\n", static_cast<long long>(least.count()), most);
     return 0;
 }
