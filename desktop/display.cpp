@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QLibraryInfo>
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -51,7 +52,8 @@ bool isOwned(xcb_connection_t* server, const std::string& selection) {
 
 bool qtKnowsWayland() {
     const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
-    return !plugins.entryList({"libqwayland*.so"}, QDir::Files).isEmpty();
+    const QStringList files = plugins.entryList(QDir::Files);
+    return std::ranges::any_of(files, [](const QString& file) { return file.startsWith("libqwayland"); });
 }
 
 bool waylandAnswers(const Environment& environment) {
@@ -75,7 +77,7 @@ bool waylandAnswers(const Environment& environment) {
 Displays answeringDisplays(const Environment& environment) {
     Displays displays;
     displays.x = nonEmpty(environment, "DISPLAY") && Display().answers();
-    displays.wayland = qtKnowsWayland() && waylandAnswers(environment);
+    displays.wayland = waylandAnswers(environment) && qtKnowsWayland();
     return displays;
 }
 
