@@ -92,6 +92,7 @@ std::optional<ScreenshotOptions> screenshotOf(const Arguments& arguments) {
 
 std::variant<PanelOptions, terminal::HelpText, terminal::VersionRequest> readCommandLine(
     const std::vector<std::string>& arguments) {
+    if (arguments.empty()) return PanelOptions{};  // as the desktop starts it
     const terminal::Command command = panelCommand();
     terminal::ParsedLine line = terminal::parseCommandLine(panelProgram(), {}, command, arguments,
                                                            terminal::terminalColumns(processEnvironment()));
