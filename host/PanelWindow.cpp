@@ -26,6 +26,7 @@
 #include "host/PanelFooter.h"
 #include "host/PanelHeader.h"
 #include "host/RowMarks.h"
+#include "host/SlimBarStyle.h"
 #include "host/panel_facts.h"
 #include "host/placement.h"
 #include "host/widgets.h"
@@ -40,7 +41,6 @@ constexpr double cornerRadius = 14.0;
 constexpr int padding = 8;                                   // above and below the widget
 constexpr QMargins noticeMargins(16, padding, 16, padding);  // around the text of a message
 constexpr int noticeSize = 13;                               // pixels of the font
-constexpr int slimBar = 6;                                   // width of the scroll bar
 constexpr int fadeDuration = 150;                            // ms
 constexpr int secondRequest = 60;                            // ms after the first request for the focus
 constexpr int timeOfFirstFrame = 200;  // ms; searching the themes of icons takes longer than the frame
@@ -73,12 +73,9 @@ QScrollArea* newScrollArea(QWidget* parent) {
     scroll->setPalette(card);
     scroll->setAutoFillBackground(true);
     scroll->viewport()->setAutoFillBackground(true);
-    scroll->verticalScrollBar()->setStyleSheet(
-        QString("QScrollBar { background: transparent; width: %1px; margin: 0 }"
-                "QScrollBar::handle { background: #76787e; border-radius: %2px; min-height: 24px }"
-                "QScrollBar::add-line, QScrollBar::sub-line { height: 0 }")
-            .arg(slimBar)
-            .arg(slimBar / 2));
+    auto* const slim = new SlimBarStyle;
+    slim->setParent(scroll);
+    scroll->verticalScrollBar()->setStyle(slim);
     return scroll;
 }
 
@@ -224,13 +221,13 @@ void PanelWindow::place() {
     };
     const QSize wanted = wantedSize();
     const QRect frame = frameOf(wanted);
-    resizeTo(frame.height() < wanted.height() ? frameOf(wanted + QSize(slimBar, 0)) : frame);
+    resizeTo(frame.height() < wanted.height() ? frameOf(wanted + QSize(SlimBarStyle::width, 0)) : frame);
 }
 
 void PanelWindow::placeWindow(const QRect& available) {
     const QSize largest = largestWindow(available);
     QSize wanted = wantedSize();
-    if (wanted.height() > largest.height()) wanted += QSize(slimBar, 0);
+    if (wanted.height() > largest.height()) wanted += QSize(SlimBarStyle::width, 0);
     resizeTo(QRect(pos(), wanted.boundedTo(largest)));
 }
 

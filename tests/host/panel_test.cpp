@@ -226,6 +226,25 @@ TEST_F(PanelTest, ScrollsWhereTheScreenIsLower) {
     EXPECT_EQ(scroll->verticalScrollBar()->maximum(), 3000 - scroll->viewport()->height());
 }
 
+TEST_F(PanelTest, HasAScrollBarThatIsOnlyItsHandle) {
+    widget.size.height = 3000.0;
+    present();
+    auto* const bar = window.findChild<QScrollArea*>()->verticalScrollBar();
+    EXPECT_EQ(bar->width(), 6);
+    const QImage atTop = bar->grab().toImage();
+    const auto isHandle = [&](const QImage& picture, int y) {
+        return picture.pixelColor(3, y) == QColor(0x76, 0x78, 0x7e);
+    };
+    EXPECT_TRUE(isHandle(atTop, 12));
+    EXPECT_FALSE(isHandle(atTop, bar->height() - 2));
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {3, bar->height() - 2});
+    EXPECT_EQ(bar->value(), bar->pageStep()) << "a click below the handle shows the next page";
+    bar->setValue(bar->maximum());
+    const QImage atEnd = bar->grab().toImage();
+    EXPECT_FALSE(isHandle(atEnd, 1));
+    EXPECT_TRUE(isHandle(atEnd, bar->height() - 12));
+}
+
 TEST_F(PanelTest, ShowsAMessageAboveTheWidget) {
     window.setNotice("No city is known for the time zone of this device. Please add your city.");
     present();
