@@ -86,12 +86,12 @@ void PanelFooter::setMenu(QMenu* menu, const QString& name) {
     button_->setMenu(menu);
     button_->setAccessibleName(name);
     button_->setToolTip(name);
-    button_->setVisible(menu != nullptr);
+    button_->setVisible(!name.isEmpty());
     showWhatThereIs();
 }
 
 void PanelFooter::showWhatThereIs() {
-    setVisible(!notes_->text().isEmpty() || button_->menu() != nullptr);
+    setVisible(!notes_->text().isEmpty() || !button_->isHidden());
 }
 
 }  // namespace quode::host

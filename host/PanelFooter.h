@@ -26,8 +26,8 @@ class PanelFooter : public QWidget {
     void setFacts(const PanelFacts& facts);
     void setTheme(const Theme& theme);
 
-    /// Gives the button its menu, which stays with its owner. Without a menu there is no button.
-    /// @param name  what the button is called, and its tool tip
+    /// Gives the button its menu, which stays with its owner; without one yet, the button is drawn already.
+    /// @param name  what the button is called, and its tool tip; empty for no button
     void setMenu(QMenu* menu, const QString& name);
 
     QToolButton* menuButton() const { return button_; }

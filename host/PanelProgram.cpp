@@ -54,7 +54,6 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
       languageOption_(std::move(languageOption)),
       window_(trayWatch_.wasTrayThere() && wantsTrayIcon(session_) ? PanelStyle::popover : PanelStyle::window,
               isComposited()),
-      menu_([this] { return menuState(); }),
       // The widget reads the user's cities as soon as it is made. Notices of that moment are shown with the first panel.
       first_(prepareUserChoices(session_, *calendar_)),
       told_(lastingNotice(*first_)),
@@ -67,7 +66,6 @@ PanelProgram::PanelProgram(app::Session& session, std::shared_ptr<UserEventStore
       panel_(*widget_, window_, session_.homeClock(), watch_, [this] { prepare(); }),
       storedRows_(rememberedRows(session_)) {
     MessageView::setKeepsNewestOnly(true);
-    connectMenu();
     connectPanel();
     QTimer::singleShot(0, this, [this] { first_.reset(); });
     connect(&window_, &PanelWindow::firstFrameShown, this, &PanelProgram::finishStart);
@@ -83,9 +81,11 @@ void PanelProgram::present() {
     panel_.present(QCursor::pos());
 }
 
-// The icon in the tray waits for the first frame, because its search through the themes of icons takes as long.
+// The icon in the tray waits for the first frame, because its search through the themes of icons takes as long; and so does
+// the menu, which nobody opens before.
 void PanelProgram::finishStart() {
     if (std::exchange(isStarted_, true)) return;
+    menu();
     offerTray();
     Q_EMIT started();
 }
@@ -111,7 +111,7 @@ void PanelProgram::prepare() {
     const bool isRightToLeft = quode::isRightToLeft(languageInUse());
     // Of the panel's own parts, menus and dialogs. The widget's rows have one order in every language.
     QGuiApplication::setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    window_.setMenu(&menu_, _("Menu"));
+    window_.setMenu(menu_.get(), _("Menu"));
     const bool isJustDone = first_ && !first_->isLocked;
     const Preparation present = isJustDone ? *first_ : prepareUserChoices(session_, *calendar_);
     first_.reset();
@@ -147,21 +147,29 @@ void PanelProgram::connectPanel() {
     connect(&theme_, &DesktopTheme::changed, this, [this] { window_.setTheme(theme_.theme()); });
 }
 
+PanelMenu& PanelProgram::menu() {
+    if (menu_) return *menu_;
+    menu_ = std::make_unique<PanelMenu>([this] { return menuState(); });
+    connectMenu();
+    window_.setMenu(menu_.get(), _("Menu"));
+    return *menu_;
+}
+
 void PanelProgram::connectMenu() {
-    connect(&menu_, &PanelMenu::openAsked, this, &PanelProgram::present);
-    connect(&menu_, &PanelMenu::copyAsked, this, &PanelProgram::copyTimes);
-    connect(&menu_, &PanelMenu::cityAsked, this, &PanelProgram::chooseCity);
-    connect(&menu_, &PanelMenu::alarmSwitched, this, &PanelProgram::switchAlarm);
-    connect(&menu_, &PanelMenu::colorSchemeChosen, this, &PanelProgram::chooseColors);
-    connect(&menu_, &PanelMenu::muteAsked, this, [this](bool isMuted) { tell(muteAlarms(session_, isMuted)); });
-    connect(&menu_, &PanelMenu::settingsAsked, this, [this](const QString& page) {
+    connect(menu_.get(), &PanelMenu::openAsked, this, &PanelProgram::present);
+    connect(menu_.get(), &PanelMenu::copyAsked, this, &PanelProgram::copyTimes);
+    connect(menu_.get(), &PanelMenu::cityAsked, this, &PanelProgram::chooseCity);
+    connect(menu_.get(), &PanelMenu::alarmSwitched, this, &PanelProgram::switchAlarm);
+    connect(menu_.get(), &PanelMenu::colorSchemeChosen, this, &PanelProgram::chooseColors);
+    connect(menu_.get(), &PanelMenu::muteAsked, this, [this](bool isMuted) { tell(muteAlarms(session_, isMuted)); });
+    connect(menu_.get(), &PanelMenu::settingsAsked, this, [this](const QString& page) {
         if (!openSettings(page)) tell(_("The settings cannot be opened. Install Quode again."));
     });
-    connect(&menu_, &PanelMenu::helpAsked, this, [this] { showPage(_("Help"), helpPage(), dialogParent()); });
-    connect(&menu_, &PanelMenu::aboutAsked, this,
+    connect(menu_.get(), &PanelMenu::helpAsked, this, [this] { showPage(_("Help"), helpPage(), dialogParent()); });
+    connect(menu_.get(), &PanelMenu::aboutAsked, this,
             [this] { showPage(_("About Quode"), aboutPage(session_), dialogParent()); });
-    connect(&menu_, &PanelMenu::quitAsked, this, &PanelProgram::end);
-    window_.addActions(menu_.actions());  // for their keys
+    connect(menu_.get(), &PanelMenu::quitAsked, this, &PanelProgram::end);
+    window_.addActions(menu_->actions());  // for their keys
     auto* const openMenu = new QShortcut(Qt::Key_F10, &window_);
     connect(openMenu, &QShortcut::activated, &window_, &PanelWindow::openMenu);
 }
@@ -172,7 +180,7 @@ void PanelProgram::showTray() {
     auto files = userFiles(session_);
     files.emplace_back(systemZoneFile);
     toolTipWatch_ = systemMomentWatch(session_.deviceClock(), files);
-    tray_ = std::make_unique<PanelTray>([this] { return comingPrayerNow(); }, *toolTipWatch_, menu_);
+    tray_ = std::make_unique<PanelTray>([this] { return comingPrayerNow(); }, *toolTipWatch_, menu());
     connect(tray_.get(), &PanelTray::clicked, this, [this] { panel_.toggle(QCursor::pos()); });
 }
 

@@ -54,6 +54,7 @@ class PanelProgram : public QObject {
     void finishStart();
     void offerTray();
     void prepare();
+    PanelMenu& menu();
     void connectMenu();
     void connectPanel();
     void showTray();
@@ -80,7 +81,7 @@ class PanelProgram : public QObject {
     TrayWatch trayWatch_;
     PanelWindow window_;
     DesktopTheme theme_;
-    PanelMenu menu_;
+    std::unique_ptr<PanelMenu> menu_;   // from the first frame on
     std::optional<Preparation> first_;  // until the first presentation, which follows at once
     QString told_;                      // messages for the next presentation
     std::optional<HeldChoices> held_;   // while the widget is built

@@ -50,7 +50,8 @@ class PanelWindow : public QWidget {
     void setFacts(const PanelFacts& facts);
 
     /// The menu of the button below the widget, and of a click with the other button; it stays with its owner.
-    /// @param name  the name of the button
+    /// @param menu  null while there is none yet: the button is drawn already
+    /// @param name  the name of the button; empty for no button
     void setMenu(QMenu* menu, const QString& name);
     void openMenu();
 

@@ -19,7 +19,6 @@
 #include "data/city_day.h"
 #include "host/Panel.h"
 #include "host/PanelDevice.h"
-#include "host/PanelMenu.h"
 #include "host/WidgetBundle.h"
 #include "host/font_reading.h"
 #include "host/user_choices.h"
@@ -104,9 +103,8 @@ QImage pictureOfCompass() {
 QImage picture(const ScreenshotOptions& options, Session& session) {
     WidgetBundle bundle(session.bundle().string());
     const std::unique_ptr<WidgetViewController> widget = bundle.makeWidget();
-    PanelMenu menu([] { return MenuState{}; });
     PanelWindow window(PanelStyle::popover, true);
-    window.setMenu(&menu, _("Menu"));
+    window.setMenu(nullptr, _("Menu"));
     NeverWatch watch;
     Panel panel(*widget, window, session.homeClock(), watch, [] {});
     panel.setFacts([&session] { return panelFacts(session); });

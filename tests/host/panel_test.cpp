@@ -7,11 +7,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <algorithm>
 #include <cstdlib>
 
@@ -243,6 +245,18 @@ TEST_F(PanelTest, HasAScrollBarThatIsOnlyItsHandle) {
     const QImage atEnd = bar->grab().toImage();
     EXPECT_FALSE(isHandle(atEnd, 1));
     EXPECT_TRUE(isHandle(atEnd, bar->height() - 12));
+}
+
+TEST_F(PanelTest, DrawsTheButtonOfAMenuThatFollows) {
+    window.setMenu(nullptr, "Menu");
+    present();
+    auto* const button = window.findChild<QToolButton*>("menuButton");
+    EXPECT_TRUE(button->isVisible());
+    QMenu menu;
+    window.setMenu(&menu, "Menu");
+    EXPECT_EQ(button->menu(), &menu);
+    window.setMenu(nullptr, {});
+    EXPECT_FALSE(button->isVisible());
 }
 
 TEST_F(PanelTest, ShowsAMessageAboveTheWidget) {
