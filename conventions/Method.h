@@ -22,7 +22,10 @@ struct Method {
     std::optional<double> height;                  ///< metres, instead of the database's
 
     /// True when nothing differs from the engine's own method.
-    bool isDefault() const { return *this == Method{}; }
+    bool isDefault() const {
+        static const Method usual;  // made once: every day of a series asks
+        return *this == usual;
+    }
     /// The user's minutes for a prayer.
     int adjustment(Prayer prayer) const { return adjust[indexOf(prayer)]; }
 

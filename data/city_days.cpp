@@ -61,7 +61,6 @@ void CityDays::computeTimesAndSky(const Site& site, const VAKDate& day, CityDay&
 
 void CityDays::computeTimes(const Site& site, const VAKDate& day, CityDay& result) {
     setEngine(engine_, site, day);
-    result.method = {};
     quode::computeTimes(engine_, site, result);
 }
 
