@@ -16,6 +16,11 @@ constexpr const char* tablesQuery =
     " WHERE type = 'table' AND name IN ('USER_METHOD', 'USER_TIMETABLE', 'USER_IQAMA')";
 constexpr int lockPatienceMs = 200;  // for programs that draw
 
+void markUnreadable(SiteChoice& choice, int result) {
+    choice.isUnreadable = true;
+    choice.isLocked = result == SQLITE_BUSY || result == SQLITE_LOCKED;
+}
+
 /// The rows of a table that belong to a city. A table that does not exist yet has none; one that cannot be read makes the
 /// choice unreadable, for the times would silently be those of another method.
 class RowsOfCity {
@@ -23,12 +28,12 @@ class RowsOfCity {
     RowsOfCity(sqlite3* database, const char* table, const char* sql, int cityId, SiteChoice& choice)
         : choice_(choice), statement_(sqlite::prepare(database, sql)) {
         if (statement_) sqlite3_bind_int(statement_.get(), 1, cityId);
-        if (!statement_ && !isMissing(database, table)) fail(sqlite3_errcode(database));
+        if (!statement_ && !isMissing(database, table)) markUnreadable(choice_, sqlite3_errcode(database));
     }
 
     bool next() {
         const int result = statement_ ? sqlite3_step(statement_.get()) : SQLITE_DONE;
-        if (result != SQLITE_ROW && result != SQLITE_DONE) fail(result);
+        if (result != SQLITE_ROW && result != SQLITE_DONE) markUnreadable(choice_, result);
         return result == SQLITE_ROW;
     }
 
@@ -44,19 +49,17 @@ class RowsOfCity {
         return sqlite3_step(row.get()) == SQLITE_ROW && sqlite3_column_int(row.get(), 0) == 0;
     }
 
-    void fail(int result) {
-        choice_.isUnreadable = true;
-        choice_.isLocked = result == SQLITE_BUSY || result == SQLITE_LOCKED;
-    }
-
     SiteChoice& choice_;
     sqlite::Statement statement_;
 };
 
-// True for most users: a table is created with the first choice. False when that cannot be read.
-bool hasNoChoices(sqlite3* database) {
+/// Whether there is anything to read; for most users there is not, because a table is created with the first choice. Where that
+/// cannot be read, nothing can: another wait for the same lock is spared.
+bool holdsChoices(sqlite3* database, SiteChoice& choice) {
     const sqlite::Statement count = sqlite::prepare(database, tablesQuery);
-    return count && sqlite3_step(count.get()) == SQLITE_ROW && sqlite3_column_int(count.get(), 0) == 0;
+    const int result = count ? sqlite3_step(count.get()) : sqlite3_errcode(database);
+    if (result != SQLITE_ROW) markUnreadable(choice, result);
+    return result == SQLITE_ROW && sqlite3_column_int(count.get(), 0) > 0;
 }
 
 void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
@@ -96,7 +99,7 @@ void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {
 
 SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId) {
     SiteChoice choice;
-    if (hasNoChoices(userDatabase)) return choice;
+    if (!holdsChoices(userDatabase, choice)) return choice;
     readMethod(userDatabase, cityId, choice);
     readTable(userDatabase, cityId, choice);
     readIqama(userDatabase, cityId, choice);
