@@ -58,7 +58,6 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
                       const std::optional<std::string>& languageOption) {
     chooseDisplay(environment,
                   _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
-    std::jthread fontConfiguration = readFontConfiguration();
     Session session(environment, {.language = language, .onProblem = terminal::writeProblem});
     auto reading = std::make_unique<app::OpenUserData>(session);  // until the panel is built
     enlarge(textSize(session));
@@ -70,7 +69,7 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
     QGuiApplication::setDesktopFileName("quode-panel");
     QApplication::setQuitOnLastWindowClosed(false);
     installAccessibility();
-    const std::jthread fonts = readFonts(std::move(fontConfiguration), _("Menu"));
+    const std::jthread fonts = readFonts(_("Menu"));
     const Instance instance("Panel");
     if (!instance.isFirst()) return presentOther(instance);
     return serve(session, instance, languageOption, std::move(reading));

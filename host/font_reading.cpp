@@ -2,11 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/font_reading.h"
 
-#include <fontconfig/fontconfig.h>
-
 #include <QFontMetricsF>
 #include <QString>
-#include <utility>
 
 #include "common/Settings.h"
 #include "views/fonts.h"
@@ -27,15 +24,8 @@ void findFonts(const QString& sample) {
 
 }  // namespace
 
-std::jthread readFontConfiguration() {
-    return std::jthread([] { FcInit(); });
-}
-
-std::jthread readFonts(std::jthread configuration, const std::string& sample) {
-    return std::jthread([configuration = std::move(configuration), sample = QString::fromStdString(sample)]() mutable {
-        configuration.join();
-        findFonts(sample);
-    });
+std::jthread readFonts(const std::string& sample) {
+    return std::jthread([sample = QString::fromStdString(sample)] { findFonts(sample); });
 }
 
 }  // namespace quode::host

@@ -9,12 +9,9 @@
 
 namespace quode::host {
 
-/// Starts with the configuration of the fonts, which needs no application yet.
-std::jthread readFontConfiguration();
-
-/// Continues with the fonts of the panel's texts. The application must exist for as long as the thread does.
-/// @param configuration  the thread of `readFontConfiguration`
-/// @param sample         a text in the language of the panel
-std::jthread readFonts(std::jthread configuration, const std::string& sample);
+/// Reads the list of fonts and finds those of the panel's texts, in a thread of its own. The application must exist for as long as
+/// the thread does. Not before: while the program sets locale and environment, no other thread may ask for them.
+/// @param sample  a text in the language of the panel
+std::jthread readFonts(const std::string& sample);
 
 }  // namespace quode::host

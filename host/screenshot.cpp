@@ -145,7 +145,6 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
         terminal::writeProblem(problem);
         if (problem.code != ExitCode::ok) code = problem.code;
     };
-    std::jthread fontConfiguration = readFontConfiguration();
     Session user(environment, {.language = language, .onProblem = reportAndEnd});
     Session::Options sessionOptions{.language = language, .onProblem = terminal::writeProblem};
     const app::ChosenPlace place = app::choosePlace(user, options.city);
@@ -159,7 +158,7 @@ ExitCode takeScreenshot(const Environment& environment, const LanguageChoice& la
     char* arguments[] = {name, nullptr};
     const QApplication application(count, arguments);
     installAccessibility();
-    const std::jthread fonts = readFonts(std::move(fontConfiguration), _("Menu"));
+    const std::jthread fonts = readFonts(_("Menu"));
 
     // The widget reads its cities from the user's files; another city is put into files of its own.
     const bool isHome = place.source == app::PlaceSource::home || isStoredGuess(user, place);
