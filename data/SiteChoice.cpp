@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "data/SiteChoice.h"
 
+#include <optional>
+#include <set>
+#include <string>
+
 #include "data/sqlite_reading.h"
 
 namespace quode {
@@ -11,9 +15,7 @@ constexpr const char* methodQuery = "SELECT METHOD, HEIGHT FROM USER_METHOD WHER
 constexpr const char* iqamaQuery = "SELECT TIMES FROM USER_IQAMA WHERE CITYID = ?1";
 constexpr const char* nameQuery = "SELECT NAME FROM USER_TIMETABLE WHERE CITYID = ?1";
 constexpr const char* rowsQuery = "SELECT DAY, TIMES FROM USER_TIMETABLE_ROW WHERE CITYID = ?1";
-constexpr const char* tablesQuery =
-    "SELECT COUNT(*) FROM sqlite_schema"
-    " WHERE type = 'table' AND name IN ('USER_METHOD', 'USER_TIMETABLE', 'USER_IQAMA')";
+constexpr const char* tablesQuery = "SELECT UPPER(name) FROM sqlite_schema WHERE type = 'table'";
 constexpr int lockPatienceMs = 200;  // for programs that draw
 
 void markUnreadable(SiteChoice& choice, int result) {
@@ -21,14 +23,28 @@ void markUnreadable(SiteChoice& choice, int result) {
     choice.isLocked = result == SQLITE_BUSY || result == SQLITE_LOCKED;
 }
 
-/// The rows of a table that belong to a city. A table that does not exist yet has none; one that cannot be read makes the
-/// choice unreadable, for the times would silently be those of another method.
+using Tables = std::set<std::string>;
+
+/// The tables that there are, in capitals: each is created with its first choice. Where they cannot be read, nothing can.
+std::optional<Tables> tablesOf(sqlite3* database, SiteChoice& choice) {
+    const sqlite::Statement row = sqlite::prepare(database, tablesQuery);
+    int result = row ? sqlite3_step(row.get()) : sqlite3_errcode(database);
+    Tables tables;
+    for (; result == SQLITE_ROW; result = sqlite3_step(row.get())) tables.insert(sqlite::text(row.get(), 0));
+    if (result == SQLITE_DONE) return tables;
+    markUnreadable(choice, result);
+    return std::nullopt;
+}
+
+/// The rows of a table that belong to a city; none without the table. A table that cannot be read makes the choice unreadable, for
+/// the times would silently be those of another method.
 class RowsOfCity {
   public:
-    RowsOfCity(sqlite3* database, const char* table, const char* sql, int cityId, SiteChoice& choice)
-        : choice_(choice), statement_(sqlite::prepare(database, sql)) {
+    RowsOfCity(sqlite3* database, const Tables& tables, const char* table, const char* sql, int cityId,
+               SiteChoice& choice)
+        : choice_(choice), statement_(tables.contains(table) ? sqlite::prepare(database, sql) : nullptr) {
         if (statement_) sqlite3_bind_int(statement_.get(), 1, cityId);
-        if (!statement_ && !isMissing(database, table)) markUnreadable(choice_, sqlite3_errcode(database));
+        if (!statement_ && tables.contains(table)) markUnreadable(choice_, sqlite3_errcode(database));
     }
 
     bool next() {
@@ -40,30 +56,12 @@ class RowsOfCity {
     sqlite3_stmt* row() const { return statement_.get(); }
 
   private:
-    // A schema that cannot be read gives the same error as one without the table.
-    static bool isMissing(sqlite3* database, const char* table) {
-        const sqlite::Statement row =
-            sqlite::prepare(database, "SELECT COUNT(*) FROM sqlite_schema WHERE type = 'table' AND name = ?1");
-        if (!row) return false;
-        sqlite3_bind_text(row.get(), 1, table, -1, SQLITE_STATIC);
-        return sqlite3_step(row.get()) == SQLITE_ROW && sqlite3_column_int(row.get(), 0) == 0;
-    }
-
     SiteChoice& choice_;
     sqlite::Statement statement_;
 };
 
-/// Whether there is anything to read; for most users there is not, because a table is created with the first choice. Where that
-/// cannot be read, nothing can: another wait for the same lock is spared.
-bool holdsChoices(sqlite3* database, SiteChoice& choice) {
-    const sqlite::Statement count = sqlite::prepare(database, tablesQuery);
-    const int result = count ? sqlite3_step(count.get()) : sqlite3_errcode(database);
-    if (result != SQLITE_ROW) markUnreadable(choice, result);
-    return result == SQLITE_ROW && sqlite3_column_int(count.get(), 0) > 0;
-}
-
-void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
-    RowsOfCity found(database, "USER_METHOD", methodQuery, cityId, choice);
+void readMethod(sqlite3* database, const Tables& tables, int cityId, SiteChoice& choice) {
+    RowsOfCity found(database, tables, "USER_METHOD", methodQuery, cityId, choice);
     if (!found.next()) return;
     const auto method = conventions::methodOf(sqlite::text(found.row(), 0));
     if (!method) choice.isUnreadable = true;
@@ -72,12 +70,12 @@ void readMethod(sqlite3* database, int cityId, SiteChoice& choice) {
     choice.height = sqlite3_column_double(found.row(), 1);
 }
 
-void readTable(sqlite3* database, int cityId, SiteChoice& choice) {
-    RowsOfCity name(database, "USER_TIMETABLE", nameQuery, cityId, choice);
+void readTable(sqlite3* database, const Tables& tables, int cityId, SiteChoice& choice) {
+    RowsOfCity name(database, tables, "USER_TIMETABLE", nameQuery, cityId, choice);
     if (!name.next()) return;
     auto table = std::make_shared<Timetable>();
     table->name = sqlite::text(name.row(), 0);
-    RowsOfCity rows(database, "USER_TIMETABLE_ROW", rowsQuery, cityId, choice);
+    RowsOfCity rows(database, tables, "USER_TIMETABLE_ROW", rowsQuery, cityId, choice);
     while (rows.next()) {
         const auto row = timetableRowOf(sqlite::text(rows.row(), 1));
         if (!row) choice.isUnreadable = true;
@@ -87,8 +85,8 @@ void readTable(sqlite3* database, int cityId, SiteChoice& choice) {
     choice.isChosen = true;
 }
 
-void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {
-    RowsOfCity found(database, "USER_IQAMA", iqamaQuery, cityId, choice);
+void readIqama(sqlite3* database, const Tables& tables, int cityId, SiteChoice& choice) {
+    RowsOfCity found(database, tables, "USER_IQAMA", iqamaQuery, cityId, choice);
     if (!found.next()) return;
     const auto rules = iqamaRulesOf(sqlite::text(found.row(), 0));
     if (!rules) choice.isUnreadable = true;
@@ -99,10 +97,11 @@ void readIqama(sqlite3* database, int cityId, SiteChoice& choice) {
 
 SiteChoice readSiteChoice(sqlite3* userDatabase, int cityId) {
     SiteChoice choice;
-    if (!holdsChoices(userDatabase, choice)) return choice;
-    readMethod(userDatabase, cityId, choice);
-    readTable(userDatabase, cityId, choice);
-    readIqama(userDatabase, cityId, choice);
+    const std::optional<Tables> tables = tablesOf(userDatabase, choice);
+    if (!tables) return choice;
+    readMethod(userDatabase, *tables, cityId, choice);
+    readTable(userDatabase, *tables, cityId, choice);
+    readIqama(userDatabase, *tables, cityId, choice);
     return choice;
 }
 

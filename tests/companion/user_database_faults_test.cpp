@@ -260,6 +260,22 @@ TEST_F(UserDatabaseFaults, TheMethodsOfCitiesOutliveDamageElsewhereInTheFile) {
     EXPECT_TRUE(readSiteChoice(database.connection().handle(), -1).isDefault()) << "another place may get the number";
 }
 
+TEST_F(UserDatabaseFaults, OnlyTablesThatAreThereAreReadForAChoice) {
+    sqlite3* opened = nullptr;
+    sqlite3_open(":memory:", &opened);
+    const sqlite::Database database(opened);
+    const auto run = [&](const char* sql) { return sqlite3_exec(opened, sql, nullptr, nullptr, nullptr) == SQLITE_OK; };
+    EXPECT_EQ(readSiteChoice(opened, 1), SiteChoice{}) << "no table";
+    ASSERT_TRUE(
+        run("CREATE TABLE user_method (CITYID INTEGER, METHOD TEXT, HEIGHT REAL);"
+            "INSERT INTO user_method VALUES (1, 'mwl', 40.0)"));
+    const SiteChoice choice = readSiteChoice(opened, 1);
+    EXPECT_EQ(choice.method.key, "mwl") << "names in SQL have no case";
+    EXPECT_FALSE(choice.isUnreadable);
+    ASSERT_TRUE(run("CREATE TABLE USER_IQAMA (OTHER TEXT)"));
+    EXPECT_TRUE(readSiteChoice(opened, 1).isUnreadable) << "without its column";
+}
+
 TEST_F(UserDatabaseFaults, AFileWithOtherTablesIsKeptAside) {
     sqlite3* opened = nullptr;
     sqlite3_open(file().c_str(), &opened);
