@@ -4,8 +4,10 @@
 
 desktop_test.py PROGRAM OTHER_PROGRAM, on a display with a window manager and a session bus.
 """
+import contextlib
 import os
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -140,6 +142,11 @@ def sleeps(pid):
     return counts
 
 
+def setting(folder, name):
+    with contextlib.closing(sqlite3.connect("file:%s/user.sqlite?mode=ro" % folder, uri=True)) as database:
+        return database.execute("SELECT VALUE FROM USER_SETTING WHERE NAME = ?", (name,)).fetchall()
+
+
 def alarm_services(folder):
     """The numbers of the alarm services that run for a data folder."""
     found = {}
@@ -201,6 +208,7 @@ class Desktop(unittest.TestCase):
             self.assertAlmostEqual(of_question, of_panel, delta=60, msg="the question stands on the panel")
         xdotool("key", "Escape")
         wait_for(lambda: not windows("^Welcome to Quode$"), "the question goes")
+        wait_for(lambda: setting(self.data, "start.asked"), "the answer is stored")
         first.kill()
         first.wait()
         self.start(PROGRAM)
