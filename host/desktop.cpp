@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/desktop.h"
 
+#if __has_include(<malloc.h>)
+#include <malloc.h>
+#endif
+
 #include <QApplication>
 #include <memory>
 #include <utility>
@@ -33,6 +37,13 @@ ExitCode presentOther(const Instance& instance) {
                   _("The panel is already running but does not answer. End that program and try again."));
 }
 
+// The threads of a start live shortly. What they no longer need is used again only in a heap that all threads share.
+void keepOneHeap() {
+#ifdef M_ARENA_MAX
+    mallopt(M_ARENA_MAX, 1);
+#endif
+}
+
 ExitCode serve(Session& session, const Instance& instance, const std::optional<std::string>& languageOption,
                std::unique_ptr<app::OpenUserData> reading) {
     auto calendar = std::make_shared<UserEventStore>(session.dataFolder(), CalendarLayout::ics);
@@ -58,6 +69,7 @@ ExitCode runOnDesktop(const Environment& environment, const LanguageChoice& lang
                       const std::optional<std::string>& languageOption) {
     chooseDisplay(environment,
                   _("To draw it into a picture: quode-panel --screenshot FILE. To print the times: quode"));
+    keepOneHeap();
     Session session(environment, {.language = language, .onProblem = terminal::writeProblem});
     auto reading = std::make_unique<app::OpenUserData>(session);  // until the panel is built
     enlarge(textSize(session));
