@@ -7,6 +7,7 @@ option(QUODE_BENCH "Build the benchmarks" OFF)
 option(QUODE_WERROR "Treat warnings as errors" OFF)
 option(QUODE_HARDENING "Compile optimised programs and libraries with stack protectors and checked library calls" ON)
 option(QUODE_UNITY "Compile several sources of a target together: faster from scratch, slower after a change" OFF)
+option(QUODE_FUNCTION_ORDER "Put the functions that a start calls side by side in a library" ON)
 set(QUODE_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
 if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
@@ -21,6 +22,7 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckLinkerFlag)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
@@ -60,9 +62,27 @@ endif()
 # asks for speed: quode_computes(NAME). No program replaces a function of it, so its functions may be merged.
 set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
 target_compile_options(quode_flags INTERFACE -ffunction-sections -fdata-sections)
-target_link_options(quode_flags INTERFACE -Wl,--gc-sections)
+target_link_options(quode_flags INTERFACE -Wl,--gc-sections -Wl,--as-needed)
 function(quode_computes name)
   target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O3> $<$<CONFIG:Release>:-fno-semantic-interposition>)
+endfunction()
+
+# quode_order_functions(NAME LIST): the functions of a list, by their names for the linker, come first in an optimised library.
+# The kernel maps the pages around each one that is called, so a start takes less memory when they are neighbours.
+function(quode_order_functions name list)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
+  file(STRINGS ${list} functions REGEX "^_Z")
+  list(TRANSFORM functions REPLACE ".+" "    *(.text.\\0 .text.\\0.*)")
+  list(JOIN functions "\n" functions)
+  set(script ${CMAKE_CURRENT_BINARY_DIR}/${name}.ld)
+  # The compiler's library asks for the features of the processor before anything is called.
+  file(CONFIGURE OUTPUT ${script} @ONLY CONTENT
+    "SECTIONS {\n  .text.first : {\n@functions@\n    *libgcc.a:cpuinfo.o(.text)\n  }\n}\nINSERT BEFORE .text;\n")
+  check_linker_flag(CXX -Wl,-T,${script} QUODE_LINKER_ORDERS)
+  if(QUODE_FUNCTION_ORDER AND QUODE_LINKER_ORDERS)
+    target_link_options(${name} PRIVATE $<$<CONFIG:Release>:-Wl,-T,${script}>)
+    set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${script})
+  endif()
 endfunction()
 
 # quode_library(NAME ...) and quode_executable(NAME ...): add_library and add_executable, with these flags.
