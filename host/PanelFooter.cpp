@@ -16,7 +16,6 @@ namespace quode::host {
 namespace {
 
 constexpr int footerSideMargin = 16, buttonMargin = 8, footerTopMargin = 8, footerBottomMargin = 8;
-constexpr int notesSize = 12;  // pixels of the font
 constexpr int buttonSide = 32;
 
 /// A round button with three lines, drawn in the colours of the panel.
@@ -59,8 +58,7 @@ class MenuButton : public QToolButton {
 
 }  // namespace
 
-PanelFooter::PanelFooter(QWidget* parent)
-    : QWidget(parent), notes_(newTextLabel(this, notesSize, false)), button_(new MenuButton(this)) {
+PanelFooter::PanelFooter(QWidget* parent) : QWidget(parent), notes_(newTextLabel(this)), button_(new MenuButton(this)) {
     notes_->setObjectName("footnotes");
     notes_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     button_->setObjectName("menuButton");

@@ -13,12 +13,12 @@ namespace quode::host {
 namespace {
 
 constexpr int headerSideMargin = 16, headerTopMargin = 12, headerBottomMargin = 10, lineGap = 2;
-constexpr int nextSize = 17, datesSize = 13;  // pixels of the font
+constexpr int nextSize = 17;  // pixels of the font
 
 }  // namespace
 
 PanelHeader::PanelHeader(QWidget* parent)
-    : QWidget(parent), next_(newTextLabel(this, nextSize, true)), dates_(newTextLabel(this, datesSize, false)) {
+    : QWidget(parent), next_(newTextLabel(this, nextSize, true)), dates_(newTextLabel(this)) {
     next_->setObjectName("nextPrayer");
     dates_->setObjectName("dates");
     auto* const column = new QVBoxLayout(this);

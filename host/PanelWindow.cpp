@@ -20,6 +20,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "common/Settings.h"
 #include "desktop/icon.h"
 #include "desktop/theme.h"
 #include "desktop/window_role.h"
@@ -33,6 +34,7 @@
 #include "texts/reading_order.h"
 #include "views/MessageView.h"
 #include "views/contrast.h"
+#include "views/fonts.h"
 
 namespace quode::host {
 namespace {
@@ -40,7 +42,6 @@ namespace {
 constexpr double cornerRadius = 14.0;
 constexpr int padding = 8;                                   // above and below the widget
 constexpr QMargins noticeMargins(16, padding, 16, padding);  // around the text of a message
-constexpr int noticeSize = 13;                               // pixels of the font
 constexpr int fadeDuration = 150;                            // ms
 constexpr int secondRequest = 60;                            // ms after the first request for the focus
 constexpr int timeOfFirstFrame = 200;  // ms; searching the themes of icons takes longer than the frame
@@ -55,6 +56,11 @@ QPainterPath outlineOf(const QRectF& area) {
 Qt::WindowFlags flagsOf(PanelStyle style) {
     if (style == PanelStyle::window) return Qt::Window;
     return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+}
+
+QFont fontOfTexts() {
+    const Settings settings;
+    return fontNamed(settings.fontName, textPixels);
 }
 
 class CardArea : public QScrollArea {
@@ -106,10 +112,11 @@ PanelWindow::PanelWindow(PanelStyle style, bool translucent)
       canBeTranslucent_(translucent),
       theme_(&themeOf(isDarkPalette(palette()))),
       header_(new PanelHeader(this)),
-      notice_(newTextLabel(this, noticeSize, false)),
+      notice_(newTextLabel(this)),
       scroll_(newScrollArea(this)),
       footer_(new PanelFooter(this)) {
     announceAsWindow<PanelWindow>();
+    setFont(fontOfTexts());
     setWindowTitle("Quode");
     setAccessibleName("Quode");
     QTimer::singleShot(timeOfFirstFrame, this, [this] { setWindowIcon(quodeIcon()); });

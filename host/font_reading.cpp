@@ -12,13 +12,12 @@ namespace quode::host {
 namespace {
 
 // Qt keeps for the whole process which fonts stand in for one, by its name and by the script of the text: Latin letters,
-// digits, and the letters of the language.
+// digits, and the letters of the language. Single letters are measured without the font's rules for their sequence.
 void findFonts(const QString& sample) {
     const Settings settings;
-    for (const QFont& font :
-         {fontNamed(settings.fontName, settings.fontSize), fontNamed(signFont, settings.fontSize), QFont()}) {
-        const QFontMetricsF metrics(font);
-        for (const QString& text : {QString("A"), QString("1"), sample}) metrics.horizontalAdvance(text);
+    for (const auto& name : {settings.fontName, std::string(signFont)}) {
+        const QFontMetricsF metrics(fontNamed(name, settings.fontSize));
+        for (const QChar letter : "A1" + sample) metrics.horizontalAdvance(letter);
     }
 }
 

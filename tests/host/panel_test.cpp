@@ -17,10 +17,12 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "common/Settings.h"
 #include "host/fake_widget.h"
 #include "host/placement.h"
 #include "support/fake_platform.h"
 #include "support/zoned_clock.h"
+#include "views/fonts.h"
 
 namespace quode::test {
 namespace {
@@ -196,6 +198,14 @@ TEST_F(PanelTest, TellsFactsAroundTheWidget) {
     facts.next = "Asr in 1 h 11 min";
     panel.refreshFacts();
     EXPECT_EQ(textOf("nextPrayer"), "Asr in 1 h 11 min");
+}
+
+TEST_F(PanelTest, HasOneFontWithTheWidget) {
+    const QFont wanted = fontNamed(Settings().fontName, 15);
+    EXPECT_EQ(window.font().families(), wanted.families());
+    for (const char* name : {"nextPrayer", "dates", "footnotes", "notice"}) {
+        EXPECT_EQ(window.findChild<QLabel*>(name)->font().families(), wanted.families()) << name;
+    }
 }
 
 TEST_F(PanelTest, LooksForFactsOnlyWhileItIsPresented) {
