@@ -64,7 +64,8 @@ PanelFooter::PanelFooter(QWidget* parent) : QWidget(parent), notes_(newTextLabel
     button_->setObjectName("menuButton");
     button_->hide();
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(footerSideMargin, footerTopMargin, buttonMargin, footerBottomMargin);
+    row->setContentsMargins(buttonMargin, footerTopMargin, buttonMargin, footerBottomMargin);
+    row->addSpacing(footerSideMargin - buttonMargin);  // changes the side with the language, as margins do not
     row->addWidget(notes_, 1);
     row->addWidget(button_, 0, Qt::AlignBottom);
     hide();

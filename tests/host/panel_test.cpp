@@ -200,6 +200,22 @@ TEST_F(PanelTest, TellsFactsAroundTheWidget) {
     EXPECT_EQ(textOf("nextPrayer"), "Asr in 1 h 11 min");
 }
 
+TEST_F(PanelTest, BeginsItsTextsAtTheSameDistanceFromTheEdgeInEveryLanguage) {
+    host::PanelFacts facts;
+    facts.next = "Asr";
+    facts.notes = {"A note of the day."};
+    panel.setFacts([&] { return facts; });
+    present();
+    const auto placeOf = [&](const char* name) {
+        const auto* const label = window.findChild<QLabel*>(name);
+        return QRect(label->mapTo(&window, QPoint()), label->size());
+    };
+    EXPECT_EQ(placeOf("footnotes").left(), placeOf("nextPrayer").left());
+    window.setLayoutDirection(Qt::RightToLeft);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(placeOf("footnotes").right(), placeOf("nextPrayer").right());
+}
+
 TEST_F(PanelTest, HasOneFontWithTheWidget) {
     const QFont wanted = fontNamed(Settings().fontName, 15);
     EXPECT_EQ(window.font().families(), wanted.families());
