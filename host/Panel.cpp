@@ -69,6 +69,7 @@ void Panel::showWidget() {
     prepare_();
     watch_.watchFor(nextMidnight(clock_, std::chrono::floor<std::chrono::seconds>(clock_.now())));
     widget_.hostDidPresent();
+    if (fit_ && fit_()) widget_.hostDidPresent();
     openRememberedRows();
     dressWidget();
     window_.setContent(widget_.view());

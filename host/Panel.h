@@ -39,6 +39,10 @@ class Panel : public QObject, private WidgetHost {
 
     bool isPresented() const { return isPresented_; }
 
+    /// Called when the widget was built. It is built again when the device then has another width, as for the long name of a city.
+    /// @param fit  whether the device has another width
+    void setFit(std::function<bool()> fit) { fit_ = std::move(fit); }
+
     /// What is shown around the widget, found at each presentation and each full minute while it is presented.
     void setFacts(std::function<PanelFacts()> facts) { facts_ = std::move(facts); }
 
@@ -86,6 +90,7 @@ class Panel : public QObject, private WidgetHost {
     const Clock& clock_;
     MomentWatch& watch_;
     std::function<void()> prepare_;
+    std::function<bool()> fit_;
     std::function<PanelFacts()> facts_;
     OpenRows openRows_;
     QTimer minute_;

@@ -111,18 +111,25 @@ void PanelProgram::prepare() {
     const bool isRightToLeft = quode::isRightToLeft(languageInUse());
     // Of the panel's own parts, menus and dialogs. The widget's rows have one order in every language.
     QGuiApplication::setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    window_.setMenu(menu_.get(), _("Menu"));
     const bool isJustDone = first_ && !first_->isLocked;
     const Preparation present = isJustDone ? *first_ : prepareUserChoices(session_, *calendar_);
     first_.reset();
-    window_.setNotice(told_.isEmpty() ? present.notice : std::exchange(told_, {}));
     isPrepared_ = !present.isLocked;
+    notice_ = told_.isEmpty() ? present.notice : std::exchange(told_, {});
     held_.emplace(session_);
     window_.setTheme(theme_.theme());
     GlobalFuncs& services = session_.services();
     services.getSettings().uiControlColorId = chosenColorScheme(session_);
     services.updateUIColors();
-    if (device_->setWantedWidth(widthForCityName(homeName(session_)))) services.measureScreen();
+}
+
+// What needs fonts, which a thread reads until here.
+bool PanelProgram::fit() {
+    window_.setMenu(menu_.get(), _("Menu"));
+    window_.setNotice(notice_);
+    if (!device_->setWantedWidth(widthForCityName(homeName(session_)))) return false;
+    session_.services().measureScreen();
+    return true;
 }
 
 // What is shown while something was locked does not stay.
@@ -135,6 +142,7 @@ void PanelProgram::onBuilt() {
 }
 
 void PanelProgram::connectPanel() {
+    panel_.setFit([this] { return fit(); });
     panel_.setFacts([this] { return panelFacts(session_); });
     panel_.setOpenRows(storedRows_);
     connect(&panel_, &Panel::built, this, &PanelProgram::onBuilt);

@@ -54,6 +54,7 @@ class PanelProgram : public QObject {
     void finishStart();
     void offerTray();
     void prepare();
+    bool fit();
     PanelMenu& menu();
     void connectMenu();
     void connectPanel();
@@ -84,6 +85,7 @@ class PanelProgram : public QObject {
     std::unique_ptr<PanelMenu> menu_;   // from the first frame on
     std::optional<Preparation> first_;  // until the first presentation, which follows at once
     QString told_;                      // messages for the next presentation
+    QString notice_;                    // of the present one
     std::optional<HeldChoices> held_;   // while the widget is built
     bool isPrepared_ = true;            // for the present presentation
     std::map<int, bool> alarmsOn_;      // by the codes of the prayers

@@ -58,11 +58,6 @@ Qt::WindowFlags flagsOf(PanelStyle style) {
     return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 }
 
-QFont fontOfTexts() {
-    const Settings settings;
-    return fontNamed(settings.fontName, textPixels);
-}
-
 class CardArea : public QScrollArea {
   public:
     explicit CardArea(QWidget* parent) : QScrollArea(parent) { setViewportMargins(0, padding, 0, padding); }
@@ -116,7 +111,6 @@ PanelWindow::PanelWindow(PanelStyle style, bool translucent)
       scroll_(newScrollArea(this)),
       footer_(new PanelFooter(this)) {
     announceAsWindow<PanelWindow>();
-    setFont(fontOfTexts());
     setWindowTitle("Quode");
     setAccessibleName("Quode");
     QTimer::singleShot(timeOfFirstFrame, this, [this] { setWindowIcon(quodeIcon()); });
@@ -157,7 +151,13 @@ void PanelWindow::setTheme(const Theme& theme) {
     update();
 }
 
+// Late, for the list of fonts is still being read when the window is made.
+void PanelWindow::takeFont() {
+    if (!std::exchange(hasFont_, true)) setFont(fontNamed(Settings().fontName, textPixels));
+}
+
 void PanelWindow::setFacts(const PanelFacts& facts) {
+    takeFont();
     header_->setFacts(facts);
     footer_->setFacts(facts);
     if (marks_) marks_->setRows(facts.currentCode, facts.nextCode);
@@ -165,6 +165,7 @@ void PanelWindow::setFacts(const PanelFacts& facts) {
 }
 
 void PanelWindow::setMenu(QMenu* menu, const QString& name) {
+    takeFont();
     menu_ = menu;
     footer_->setMenu(menu, name);
 }
@@ -174,6 +175,7 @@ void PanelWindow::openMenu() {
 }
 
 void PanelWindow::setContent(QWidget* content) {
+    takeFont();
     releaseContent();
     scroll_->setWidget(content);
     if (content == nullptr) return;
@@ -197,6 +199,7 @@ void PanelWindow::setContentSize(QSize size) {
 }
 
 void PanelWindow::setNotice(const QString& text) {
+    takeFont();
     notice_->setText(QString::fromStdString(inReadingOrder(text.toStdString())));
     notice_->setVisible(!text.isEmpty());
     if (isVisible()) place();

@@ -93,6 +93,7 @@ class PanelWindow : public QWidget {
   private:
     bool isRounded() const { return style_ == PanelStyle::popover && !isSizedElsewhere_; }
     int heightAround(int width) const;
+    void takeFont();
     void place();
     void placeWindow(const QRect& available);
     void resizeTo(const QRect& frame);
@@ -115,6 +116,7 @@ class PanelWindow : public QWidget {
     QSize askedSize_;                // the last size that the panel gave itself
     bool isSizedElsewhere_ = false;  // the desktop or the user gave it another one since it opened
     bool wasDrawn_ = false;
+    bool hasFont_ = false;
 };
 
 }  // namespace quode::host

@@ -16,6 +16,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "common/Settings.h"
 #include "host/fake_widget.h"
@@ -216,7 +217,22 @@ TEST_F(PanelTest, BeginsItsTextsAtTheSameDistanceFromTheEdgeInEveryLanguage) {
     EXPECT_EQ(placeOf("footnotes").right(), placeOf("nextPrayer").right());
 }
 
+TEST_F(PanelTest, BuildsTheWidgetAgainWhenTheDeviceGetsAnotherWidth) {
+    bool isWider = true;
+    panel.setFit([&] {
+        EXPECT_NE(widget.view(), nullptr);
+        widget.size.width = 400.0;
+        return std::exchange(isWider, false);
+    });
+    present();
+    EXPECT_EQ(widget.presented, 2);
+    EXPECT_EQ(widget.view()->width(), 400);
+    panel.presentAgain();
+    EXPECT_EQ(widget.presented, 3);
+}
+
 TEST_F(PanelTest, HasOneFontWithTheWidget) {
+    present();
     const QFont wanted = fontNamed(Settings().fontName, 15);
     EXPECT_EQ(window.font().families(), wanted.families());
     for (const char* name : {"nextPrayer", "dates", "footnotes", "notice"}) {
