@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/formatting.h"
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
 #include <cmath>
@@ -47,7 +48,7 @@ std::string timeLeadingZero(double hours, const ClockConvention& convention) {
 }
 
 std::string timeLeadingZero(int hour, int minute, const ClockConvention& convention) {
-    if (convention.is24Hour) return fmt::format("{:02d}:{:02d}", hour, minute);
+    if (convention.is24Hour) return fmt::format(FMT_COMPILE("{:02d}:{:02d}"), hour, minute);  // millions in a table
     if (hour <= 11) return fmt::format("{:02d}:{:02d} {}", hour, minute, convention.amSym);
     const int afternoonHour = hour == 12 ? 12 : hour - 12;
     return fmt::format("{:02d}:{:02d} {}", afternoonHour, minute, convention.pmSym);

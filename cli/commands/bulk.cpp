@@ -7,8 +7,10 @@
 #include <atomic>
 #include <exception>
 #include <map>
+#include <numeric>
 #include <optional>
 #include <thread>
+#include <utility>
 
 #include "app/dates.h"
 #include "app/day_view.h"
@@ -122,6 +124,19 @@ Request requestOf(const Arguments& arguments) {
     return request;
 }
 
+/// The most populous places, the largest first; those of the same size stay in their order.
+std::vector<CityRecord> largestOf(std::vector<CityRecord> cities, std::size_t count) {
+    std::vector<std::size_t> order(cities.size());  // records are large to move
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    const auto end = order.begin() + static_cast<std::ptrdiff_t>(std::min(count, order.size()));
+    std::ranges::partial_sort(order, end, [&](std::size_t a, std::size_t b) {
+        return std::pair(cities[b].population, a) < std::pair(cities[a].population, b);
+    });
+    std::vector<CityRecord> largest;
+    for (auto place = order.begin(); place != end; ++place) largest.push_back(std::move(cities[*place]));
+    return largest;
+}
+
 std::vector<CityRecord> citiesOf(Session& session, Request& request) {
     std::vector<CityRecord> cities;
     session.cities().forEach([&](const CityRecord& city) {
@@ -135,10 +150,7 @@ std::vector<CityRecord> citiesOf(Session& session, Request& request) {
     }
     if (cities.empty())
         throw Failure(ExitCode::notFound, _("No place is selected. Try --cities all, or a country code."));
-    if (request.largest) {
-        std::ranges::stable_sort(cities, std::ranges::greater(), &CityRecord::population);
-        cities.resize(std::min(cities.size(), *request.largest));
-    }
+    if (request.largest) return largestOf(std::move(cities), *request.largest);
     return cities;
 }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 
 #include "program.h"
 
@@ -61,6 +62,18 @@ TEST(Bulk, TakesCountriesAndIdsAndTheLargest) {
     ASSERT_EQ(two.size(), 3U);
     EXPECT_TRUE(two[1].starts_with("745044,Istanbul,")) << two[1];
     EXPECT_TRUE(two[2].starts_with("921772,Moroni,")) << two[2];
+}
+
+TEST(Bulk, HasPlacesOfTheSameSizeInTheOrderOfTheirNumbers) {
+    const auto all = Program().run({"bulk", "--cities", "KM", "--largest", "100000"}).lines();
+    const auto some = Program().run({"bulk", "--cities", "KM", "--largest", "40"}).lines();
+    ASSERT_EQ(some.size(), 41U);
+    ASSERT_GT(all.size(), 90U);
+    EXPECT_TRUE(std::equal(some.begin(), some.end(), all.begin()));
+    // Of the last places no size is known.
+    const auto id = [](const std::string& line) { return std::stol(line.substr(0, line.find(','))); };
+    const auto last = std::span(all).last(4);
+    EXPECT_TRUE(std::ranges::is_sorted(last, {}, id));
 }
 
 TEST(Bulk, OfAllPlacesHasEachOnce) {
