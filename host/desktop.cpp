@@ -37,7 +37,7 @@ ExitCode presentOther(const Instance& instance) {
                   _("The panel is already running but does not answer. End that program and try again."));
 }
 
-// The threads of a start live shortly. What they no longer need is used again only in a heap that all threads share.
+// The threads of a start end soon. What they free is used again only in a heap that all threads share.
 void keepOneHeap() {
 #ifdef M_ARENA_MAX
     mallopt(M_ARENA_MAX, 1);
